@@ -1,0 +1,66 @@
+# How every folder of the house is built: one small library a folder, its sources listed, its links telling who may know whom.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
+
+find_program(CCACHE ccache)
+if(CCACHE)
+    set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE}")
+endif()
+
+# Every target of the project takes these; an installed one passes none of them on.
+add_library(orvo_flags INTERFACE)
+target_compile_options(orvo_flags INTERFACE -Wall -Wextra -Wpedantic -Werror -Wshadow
+                                            -Wnon-virtual-dtor -Wold-style-cast -Wcast-qual
+                                            -Wformat=2 -Wimplicit-fallthrough)
+if(ORVO_SANITIZE)
+    target_compile_options(orvo_flags INTERFACE -O1 -fsanitize=address,undefined
+                                                -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(orvo_flags INTERFACE -fsanitize=address,undefined)
+endif()
+
+# orvo_library(<name> SOURCES <file>... [PUBLIC <target>...] [PRIVATE <target>...])
+function(orvo_library name)
+    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "SOURCES;PUBLIC;PRIVATE")
+    add_library(${name} STATIC ${ARG_SOURCES})
+    target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}/src")
+    target_link_libraries(${name} PUBLIC ${ARG_PUBLIC} PRIVATE $<BUILD_INTERFACE:orvo_flags>
+                                                               ${ARG_PRIVATE})
+    set_property(GLOBAL APPEND PROPERTY ORVO_LIBRARIES ${name})
+endfunction()
+
+# orvo_headers(<name> [LINK <target>...]): a folder that holds headers only.
+function(orvo_headers name)
+    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "LINK")
+    add_library(${name} INTERFACE)
+    target_include_directories(${name} INTERFACE "${PROJECT_SOURCE_DIR}/src")
+    target_link_libraries(${name} INTERFACE ${ARG_LINK})
+endfunction()
+
+# orvo_program(<name> SOURCES <file>... LINK <target>...)
+function(orvo_program name)
+    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "SOURCES;LINK")
+    add_executable(${name} ${ARG_SOURCES})
+    target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/src")
+    target_link_libraries(${name} PRIVATE orvo_flags ${ARG_LINK})
+endfunction()
+
+# orvo_test(<library> SOURCES <file>... [LINK <target>...]): one test program a folder; it links that folder's
+# library and what the library itself may know, so that a leak between floors does not link.
+function(orvo_test library)
+    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "SOURCES;LINK")
+    set(name ${library}_test)
+    add_executable(${name} ${ARG_SOURCES})
+    target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/src"
+                                               "${PROJECT_SOURCE_DIR}/tests")
+    target_link_libraries(${name} PRIVATE orvo_flags ${library} ${ARG_LINK} GTest::gmock
+                                          GTest::gtest_main)
+    include(GoogleTest)
+    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+endfunction()

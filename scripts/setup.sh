@@ -1,0 +1,38 @@
+# Shared by run, test and .ci/run: says what is being done, and installs packages that are missing.
+# SPDX-License-Identifier: MIT
+
+say() { printf '==> %s\n' "$*" >&2; }
+
+build_packages="g++ cmake ninja-build ccache pkg-config libicu-dev libsqlite3-dev libical-dev libfmt-dev libcli11-dev nlohmann-json3-dev"
+test_packages="libgtest-dev libgmock-dev clang-format python3"
+check_packages="clang clang-tidy libclang-rt-14-dev libbenchmark-dev"
+
+# need_packages PACKAGE...: installs those that aren't there, and asks nothing where all are.
+need_packages() {
+    local missing="" package
+    for package in "$@"; do
+        dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing="$missing $package"
+    done
+    [ -n "$missing" ] || return 0
+    local as_root=""
+    [ "$(id -u)" = 0 ] || as_root=sudo
+    say "installing:$missing"
+    if ! { $as_root apt-get update -q && DEBIAN_FRONTEND=noninteractive \
+           $as_root apt-get install -q -y --no-install-recommends $missing; } >&2; then
+        say "these packages could not be installed:$missing"
+        return 2
+    fi
+}
+
+# build PRESET [CMAKE-OPTION...] [-- TARGET...]: configures and builds a preset, with ninja's own progress.
+build() {
+    local preset=$1
+    shift
+    local options=()
+    while [ $# -gt 0 ] && [ "$1" != -- ]; do options+=("$1"); shift; done
+    [ $# -eq 0 ] || shift
+    say "configuring build/$preset"
+    cmake --preset "$preset" "${options[@]}" >&2 || return 2
+    say "building build/$preset (the first time takes some minutes)"
+    cmake --build --preset "$preset" --parallel "$(nproc)" ${1:+--target "$@"} >&2 || return 2
+}

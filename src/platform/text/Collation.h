@@ -1,0 +1,56 @@
+// Comparing text in the order of the system's locale.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <platform/Export.h>
+
+namespace orvo {
+
+constexpr unsigned NORM_IGNORECASE = 0x0001;
+constexpr unsigned NORM_IGNORENONSPACE = 0x0002;
+constexpr unsigned SORT_STRINGSORT = 0x1000;
+
+constexpr int CSTR_LESS_THAN = 1;
+constexpr int CSTR_EQUAL = 2;
+constexpr int CSTR_GREATER_THAN = 3;
+
+// Compares two texts of the system's code page by the rules of the system's locale. Hyphen and
+// apostrophe are symbols with a place of their own. A length of -1 stands for text that ends in a
+// zero byte. Requires: SORT_STRINGSORT, alone or with NORM_IGNORECASE, or with NORM_IGNORECASE and
+// NORM_IGNORENONSPACE. Gives:    CSTR_LESS_THAN, CSTR_EQUAL or CSTR_GREATER_THAN; 0 for another
+// locale than LOCALE_SYSTEM_DEFAULT and
+//           LOCALE_USER_DEFAULT, for other flags, and for a null pointer.
+// The collator is made once for each locale and thread.
+ORVO_API int CompareStringA(unsigned locale, unsigned flags, const char* left, int leftLength,
+                            const char* right, int rightLength);
+
+// Appends the sort key of a UTF-8 text: compared byte by byte, keys stand in the order that
+// CompareStringA with these flags gives. A key ends in a zero byte and holds no other, so that keys
+// written one after the other compare position by position, and a row of keys that is the start of
+// another one comes first.
+ORVO_API void AppendSortKey(unsigned flags, std::string_view utf8, std::string& key);
+
+// Makes the sort keys of many texts with the same flags. Texts of people repeat themselves, so it
+// remembers keys that it has made; for one sort, while the system's locale stays as it is.
+class ORVO_API SortKeyMaker {
+public:
+    explicit SortKeyMaker(unsigned flags);
+
+    // As AppendSortKey.
+    void Append(std::string_view utf8, std::string& key);
+
+private:
+    struct Memory {
+        std::string text;
+        std::string key;
+    };
+
+    unsigned m_flags;
+    std::vector<Memory> m_memory;  // each text has one place, by its hash
+};
+
+}  // namespace orvo

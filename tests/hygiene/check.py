@@ -1,0 +1,121 @@
+#!/usr/bin/env python3
+# Checks what the compiler doesn't: the floors of the house, the licence lines, and that headers compile alone.
+# SPDX-License-Identifier: MIT
+import argparse
+import concurrent.futures
+import os
+import pathlib
+import re
+import subprocess
+import sys
+
+# The folders from the ground up. A file may include its own folder, and folders of lower floors.
+FLOORS = {
+    "platform": 2,
+    "contracts": 3,
+    "orvoshare": 4,
+    "libraries": 4,
+    "exchange": 4,
+    "cli": 5,
+    "desktop": 5,
+}
+INCLUDE = re.compile(r'^\s*#\s*include\s*[<"]([^>"]+)[>"]')
+
+
+def sources():
+    for pattern in ("*.h", "*.cpp"):
+        yield from sorted(pathlib.Path("src").rglob(pattern))
+
+
+def top_folder(path):
+    return path.split("/")[0]
+
+
+def check_floors():
+    for source in sources():
+        own = top_folder(str(source.relative_to("src")))
+        may_qt = own == "desktop" or "platform/qt" in str(source)
+        for number, line in enumerate(source.read_text().splitlines(), 1):
+            match = INCLUDE.match(line)
+            if not match:
+                continue
+            target = match.group(1)
+            other = top_folder(target)
+            where = f"{source}:{number}"
+            if re.match(r"Q[A-Z]|Qt", target) and not may_qt:
+                yield f"{where}: Qt ({target}) belongs to platform/qt and desktop alone"
+            if target.startswith("platform/qt/") and not may_qt:
+                yield f"{where}: platform/qt is known to desktop alone"
+            if other not in FLOORS or other == own:
+                continue
+            if FLOORS[other] > FLOORS[own]:
+                yield f"{where}: floor {FLOORS[own]} includes floor {FLOORS[other]} ({target}); ask through contracts/"
+            elif FLOORS[other] == FLOORS[own]:
+                yield f"{where}: {own}/ knows nothing of {other}/ ({target}); ask through contracts/"
+    yield from check_circles()
+
+
+def check_circles():
+    edges = {}
+    for source in pathlib.Path("src").rglob("*.h"):
+        name = str(source.relative_to("src"))
+        edges[name] = [m.group(1) for m in map(INCLUDE.match, source.read_text().splitlines()) if m]
+
+    done, path = set(), []
+
+    def visit(name):
+        if name in path:
+            yield f"src/{name}: includes itself by way of {' -> '.join(path[path.index(name):] + [name])}"
+            return
+        if name in done or name not in edges:
+            return
+        path.append(name)
+        for target in edges[name]:
+            yield from visit(target)
+        path.pop()
+        done.add(name)
+
+    for name in sorted(edges):
+        yield from visit(name)
+
+
+def check_licence():
+    files = subprocess.run(
+        ["git", "ls-files", "-co", "--exclude-standard", "src", "tests", "bench", "fuzz", "scripts", "run", "test"],
+        capture_output=True, text=True, check=True).stdout.splitlines()
+    for name in files:
+        path = pathlib.Path(name)
+        is_code = path.suffix in (".h", ".cpp", ".py") or (path.suffix in ("", ".sh") and os.access(path, os.X_OK))
+        head = path.read_text(errors="replace").splitlines()[:4] if is_code else []
+        if is_code and not any(re.fullmatch(r"(//|#) SPDX-License-Identifier: MIT", line) for line in head):
+            yield f"{name}: has no line \"SPDX-License-Identifier: MIT\" at its head"
+
+
+def check_headers(compiler):
+    def compile_alone(header):
+        command = [compiler, "-std=c++20", "-Isrc", "-fsyntax-only", "-x", "c++", "-w", str(header)]
+        result = subprocess.run(command, capture_output=True, text=True)
+        first = result.stderr.splitlines()[0] if result.stderr else ""
+        return None if result.returncode == 0 else f"{header}: doesn't compile alone: {first}"
+
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        for fault in pool.map(compile_alone, sorted(pathlib.Path("src").rglob("*.h"))):
+            if fault:
+                yield fault
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("check", choices=["floors", "licence", "headers"])
+    parser.add_argument("--compiler", default="c++")
+    arguments = parser.parse_args()
+    if arguments.check == "headers":
+        faults = list(check_headers(arguments.compiler))
+    else:
+        faults = list({"floors": check_floors, "licence": check_licence}[arguments.check]())
+    print("\n".join(faults))
+    return 1 if faults else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,143 @@
+// Character sets of files: strict decoding, the guess, and byte order marks.
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <platform/text/Charset.h>
+#include <support/LocaleInForce.h>
+
+namespace orvo {
+
+namespace {
+
+struct SetRow {
+    const char* why;
+    std::string_view name;
+    std::string_view bytes;
+    std::string_view utf8;
+};
+constexpr SetRow kSetRows[] = {
+    {"case does not count", "ISO-8859-1", "a\xE4", "aä"},
+    {"nor does another way of writing", "iso8859-1", "a\xE4", "aä"},
+    {"Japanese", "Shift_JIS", "\x95\x5C\x87\x40", "表①"},
+    {"an alias, and controls that stay", "x-sjis", "\x1A\x1C\x7F", "\x1A\x1C\x7F"},
+    {"one more", "windows-31j", "\xF0\x40", "\uE000"},
+    {"escapes", "iso-2022-jp", "\x1B$B;3\x1B(B", "山"},
+    {"more than ASCII of Chinese", "gb18030", "\xD6\xD0", "中"},
+    {"nothing", "windows-1252", "", ""},
+    {"a soft hyphen has a place here", "windows-1252", "\xAD", "\u00AD"},
+};
+
+TEST(Charset, ANamedSetIsReadAndWritten) {
+    for (const SetRow& row : kSetRows) {
+        std::string utf8 = "former";
+        std::string bytes = "former";
+        EXPECT_TRUE(DecodeCharset(row.name, row.bytes, utf8)) << row.why;
+        EXPECT_EQ(utf8, row.utf8) << row.why;
+        EXPECT_TRUE(EncodeCharset(row.name, row.utf8, bytes)) << row.why;
+        EXPECT_EQ(bytes, row.bytes) << row.why;
+    }
+}
+
+constexpr SetRow kRefusedRows[] = {
+    {"an unknown set", "no-such-set", "a", "a"},
+    {"no name", "", "a", "a"},
+    {"bytes of another set", "us-ascii", "\xE4", "ä"},
+    {"cut short", "Shift_JIS", "a\x95", "é"},
+    {"broken UTF-8", "utf-8", "\xC3(", "\xC3("},
+    {"a joiner has no place", "Shift_JIS", "\x81", "a\u200Db"},
+    {"a soft hyphen has no place", "us-ascii", "\x80", "a\u00ADb"},
+};
+
+TEST(Charset, WhatDoesNotFitIsRefusedAndNothingChanges) {
+    for (const SetRow& row : kRefusedRows) {
+        std::string utf8 = "former";
+        std::string bytes = "former";
+        EXPECT_FALSE(DecodeCharset(row.name, row.bytes, utf8)) << row.why;
+        EXPECT_FALSE(EncodeCharset(row.name, row.utf8, bytes)) << row.why;
+        EXPECT_EQ(utf8, "former") << row.why;
+        EXPECT_EQ(bytes, "former") << row.why;
+    }
+}
+
+struct GuessRow {
+    const char* why;
+    const char* tag;
+    std::string_view bytes;
+    std::string_view name;
+    std::string_view utf8;
+};
+constexpr GuessRow kGuessRows[] = {
+    {"kanji and kana", "en-US", "N:\x8E\x52\x93\x63", "Shift_JIS", "N:山田"},
+    {"a single kanji", "en-US", "N:\x97\xD1;", "Shift_JIS", "N:林;"},
+    {"an umlaut", "en-US", "M\xFCller", "windows-1252", "Müller"},
+    {"a curly apostrophe", "en-US", "It\x92s", "windows-1252", "It’s"},
+    {"an apostrophe apart", "nl-NL", "\x92s avonds", "windows-1252", "’s avonds"},
+    {"quotes and accents", "fr-FR", "\x93\xE9l\xE9ments\x94 l\x92\xE9tat", "windows-1252",
+     "“éléments” l’état"},
+    {"half-width katakana at home", "ja-JP", "\xB1\xB2", "Shift_JIS", "ｱｲ"},
+    {"half-width katakana abroad", "de-DE", "\xC4\xD6", "windows-1252", "ÄÖ"},
+    {"not Japanese at home either", "ja-JP", "M\xFC-", "windows-1252", "Mü-"},
+    {"Cyrillic", "ru-RU", "\xCC\xE8\xF0", "windows-1251", "Мир"},
+    {"Central European", "pl-PL", "\xB3", "windows-1250", "ł"},
+    {"Greek with a byte of no meaning", "el-GR", "\xC1\xD2", "windows-1253", "Α\u00D2"},
+    {"Korean", "ko-KR", "\xB1\xE8", "windows-949", "김"},
+    {"not Korean", "ko-KR", "\xE9 ", "windows-1252", "é "},
+    {"simplified Chinese", "zh-CN", "\xD6\xD0", "gb18030", "中"},
+    {"traditional Chinese", "zh-TW", "\xA4\xA4", "big5", "中"},
+    {"traditional by its script", "zh-Hant", "\xA4\xA4", "big5", "中"},
+};
+
+TEST(Charset, TheGuessFollowsBytesAndLanguage) {
+    for (const GuessRow& row : kGuessRows) {
+        const LocaleInForce locale(row.tag);
+        EXPECT_EQ(GuessLegacyCharset(row.bytes), row.name) << row.why;
+        EXPECT_EQ(DecodeLegacy(row.bytes), row.utf8) << row.why;
+    }
+}
+
+TEST(Charset, NoByteOfAWesternTextGoesMissing) {
+    const LocaleInForce english("en-US");
+    for (int byte = 1; byte < 256; ++byte)
+        EXPECT_NE(DecodeLegacy("a" + std::string(1, static_cast<char>(byte)) + " "), "a ") << byte;
+}
+
+struct MarkRow {
+    const char* why;
+    std::string_view bytes;
+    std::string_view utf8;
+};
+constexpr MarkRow kMarkRows[] = {
+    {"UTF-8", "\xEF\xBB\xBFé", "é"},
+    {"only a mark", "\xEF\xBB\xBF", ""},
+    {"UTF-16, low byte first", {"\xFF\xFE\xE9\0", 4}, "é"},
+    {"UTF-16, high byte first", {"\xFE\xFF\0\xE9", 4}, "é"},
+    {"UTF-32, low byte first", {"\xFF\xFE\0\0\0\xF6\x01\0", 8}, "😀"},
+    {"UTF-32, high byte first", {"\0\0\xFE\xFF\0\x01\xF6\0", 8}, "😀"},
+    {"a surrogate pair", {"\xFE\xFF\xD8\x3D\xDE\0", 6}, "😀"},
+    {"a surrogate alone", {"\xFE\xFF\xD8\x3D\0a", 6}, "\uFFFDa"},
+    {"cut short", {"\xFE\xFF\0ab", 5}, "a\uFFFD"},
+    {"no mark, low byte first", {"B\0E\0\x71\x5C", 6}, "BE山"},
+    {"no mark, high byte first", {"\0B\0E\x5C\x71", 6}, "BE山"},
+};
+
+TEST(Charset, AMarkTellsTheFormOfUnicode) {
+    for (const MarkRow& row : kMarkRows) {
+        std::string utf8;
+        EXPECT_TRUE(DecodeMarked(row.bytes, utf8)) << row.why;
+        EXPECT_EQ(utf8, row.utf8) << row.why;
+    }
+}
+
+TEST(Charset, OtherBytesHaveNoMark) {
+    for (const std::string_view bytes :
+         {std::string_view(), std::string_view("a"), std::string_view("BEGIN"),
+          std::string_view("\0\0\0\0", 4), std::string_view("ab\0cdefgh", 9)}) {
+        std::string utf8 = "former";
+        EXPECT_FALSE(DecodeMarked(bytes, utf8));
+        EXPECT_EQ(utf8, "former");
+    }
+}
+
+}  // namespace
+
+}  // namespace orvo

@@ -1,0 +1,165 @@
+// Code pages: the table of 932, private codes, 8-bit pages, and cuts.
+// SPDX-License-Identifier: MIT
+#include <thread>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include <platform/text/CodePage.h>
+#include <platform/text/CodePage932.h>
+#include <platform/text/Utf8.h>
+
+namespace orvo {
+
+namespace {
+
+std::string Utf8Of(const CodePage& page, std::string_view text) {
+    std::string utf8;
+    page.ToUtf8(text, utf8);
+    return utf8;
+}
+
+std::string BytesOf(const CodePage& page, std::string_view utf8) {
+    std::string text;
+    page.FromUtf8(utf8, text);
+    return text;
+}
+
+struct PageRow {
+    const char* why;
+    std::string_view bytes;
+    std::string_view utf8;
+};
+constexpr PageRow k932Rows[] = {
+    {"kanji", "\x95\xBD\x90\xAC", "平成"},
+    {"half-width katakana", "\xB1\xDE", "ｱﾞ"},
+    {"a vendor's circled digit", "\x87\x40", "①"},
+    {"a vendor's kanji", "\xFB\xFC\xFA\xB1", "髙﨑"},
+    {"the wave of the vendor's table", "\x81\x60", "～"},
+    {"backslash and tilde are ASCII", "\\~", "\\~"},
+    {"a trail byte is part of its character", "\x95\x5C", "表"},
+    {"control characters stay", "\x1A\x1C\x7F", "\x1A\x1C\x7F"},
+    {"single bytes of no character", "\x80\xA0\xFD\xFE\xFF", "\u0080\uF8F0\uF8F1\uF8F2\uF8F3"},
+};
+
+TEST(CodePage932, FollowsTheVendorsTableBothWays) {
+    const CodePage932 page;
+    for (const PageRow& row : k932Rows) {
+        EXPECT_EQ(Utf8Of(page, row.bytes), row.utf8) << row.why;
+        EXPECT_EQ(BytesOf(page, row.utf8), row.bytes) << row.why;
+    }
+}
+
+TEST(CodePage932, ACharacterOfSeveralCodesIsReadFromEach) {
+    const CodePage932 page;
+    EXPECT_EQ(Utf8Of(page, "\xED\x40"), Utf8Of(page, "\xFA\x5C"));
+    EXPECT_EQ(BytesOf(page, Utf8Of(page, "\xED\x40")), "\xFA\x5C");
+}
+
+TEST(CodePage932, BytesOfNoCharacterAreReplacedOneByOne) {
+    const CodePage932 page;
+    EXPECT_EQ(Utf8Of(page, "\x81"), "\uFFFD");
+    EXPECT_EQ(Utf8Of(page, "a\x81\x31z"), "a\uFFFD1z");
+    EXPECT_EQ(Utf8Of(page, "\x85\x9Fz"), "\uFFFD\uFFFDz");
+    EXPECT_EQ(Utf8Of(page, "\xF0\x40z"), "\uFFFD\uFFFDz");
+}
+
+TEST(CodePage932, ALackingCharacterComesBackAsItself) {
+    const CodePage932 page;
+    const std::string text = "é¥‾〜−‖—😀𠮷\uE000\uE757\uFFFDé";
+
+    const std::string bytes = BytesOf(page, text);
+
+    EXPECT_EQ(bytes.substr(0, 4), "\xF0\x40\xF0\x41");
+    EXPECT_EQ(bytes.substr(bytes.size() - 2), "\xF0\x40");
+    EXPECT_EQ(bytes.size(), 13u * 2);
+    EXPECT_EQ(Utf8Of(page, bytes), text);
+}
+
+// As many characters as there are private codes, none of which 932 holds.
+std::string LackingCharacters(std::size_t count) {
+    constexpr char32_t kFirstEmoji = 0x1F300;
+    std::string utf8;
+    for (std::size_t i = 0; i < count; ++i)
+        AppendCodePoint(kFirstEmoji + static_cast<char32_t>(i), utf8);
+    return utf8;
+}
+
+TEST(CodePage932, LosesNothingUntilThePrivateCodesAreUsedUp) {
+    const CodePage932 page;
+    const std::string all = LackingCharacters(1880);
+    EXPECT_TRUE(page.IsLossless());
+
+    const std::string bytes = BytesOf(page, all);
+
+    EXPECT_EQ(bytes.substr(bytes.size() - 2), "\xF9\xFC");
+    EXPECT_EQ(Utf8Of(page, bytes), all);
+    EXPECT_FALSE(page.IsLossless());
+    EXPECT_EQ(BytesOf(page, "aé"), "a?");
+    EXPECT_EQ(Utf8Of(page, bytes), all);
+}
+
+TEST(CodePage932, ThreadsAgreeOnPrivateCodes) {
+    const CodePage932 page;
+    const std::string all = LackingCharacters(500);
+    std::vector<std::string> bytes(4);
+    std::vector<std::thread> threads;
+
+    for (std::string& each : bytes) threads.emplace_back([&] { each = BytesOf(page, all); });
+    for (std::thread& thread : threads) thread.join();
+
+    for (const std::string& each : bytes) EXPECT_EQ(Utf8Of(page, each), all);
+    EXPECT_TRUE(page.IsLossless());
+}
+
+TEST(CodePage, EveryByteOfAnEightBitPageComesBack) {
+    std::string all;
+    for (int byte = 0; byte < 256; ++byte) all += static_cast<char>(byte);
+    for (const unsigned number : {437u, 874u, 1250u, 1252u, 1253u, 28591u, 28605u}) {
+        const CodePage* page = CodePage::Find(number);
+        ASSERT_NE(page, nullptr) << number;
+        EXPECT_EQ(BytesOf(*page, Utf8Of(*page, all)), all) << number;
+        EXPECT_EQ(Utf8Of(*page, all.substr(0, 128)), all.substr(0, 128)) << number;
+    }
+    EXPECT_EQ(Utf8Of(*CodePage::Find(1252), "\x80\xE4"), "€ä");
+    EXPECT_EQ(BytesOf(*CodePage::Find(1252), "a山😀"), "a??");
+}
+
+TEST(CodePage, OtherKindsOfPagesAreUnknown) {
+    for (const unsigned number : {0u, 5u, 37u, 936u, 949u, 1200u, 65000u, 54936u})
+        EXPECT_EQ(CodePage::Find(number), nullptr) << number;
+    EXPECT_EQ(CodePage::Find(1252), CodePage::Find(1252));
+}
+
+struct CutRow {
+    const char* why;
+    unsigned page;
+    std::string_view text;
+    std::size_t limit;
+    std::size_t without;
+    std::size_t with;
+};
+constexpr CutRow kCutRows[] = {
+    {"the text is short enough", 65001, "aあ", 4, 4, 4},
+    {"the cut falls between characters", 65001, "aあ", 1, 1, 1},
+    {"the cut splits a character", 65001, "aあ", 2, 1, 4},
+    {"a limit of zero splits nothing", 65001, "あ", 0, 0, 0},
+    {"four bytes", 65001, "😀b", 3, 0, 4},
+    {"broken bytes stand alone", 65001, "\xE3\x81z", 1, 1, 1},
+    {"a pair of bytes", 932, "a\x82\xA0", 2, 1, 3},
+    {"a row of lead bytes", 932, "\x82\x9F\x82\x9F", 3, 2, 4},
+    {"a lead byte alone", 932, "\x82 x", 1, 1, 1},
+    {"single bytes", 1252, "\x82\xA0", 1, 1, 1},
+};
+
+TEST(CodePage, ACutSplitsNoCharacter) {
+    for (const CutRow& row : kCutRows) {
+        const CodePage& page = *CodePage::Find(row.page);
+        EXPECT_EQ(CutLength(page, row.text, row.limit, false), row.without) << row.why;
+        EXPECT_EQ(CutLength(page, row.text, row.limit, true), row.with) << row.why;
+    }
+}
+
+}  // namespace
+
+}  // namespace orvo

@@ -1,0 +1,120 @@
+// The locale of the system: environment, tags, code page and calendar.
+// SPDX-License-Identifier: MIT
+#include <cstdlib>
+#include <optional>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include <support/LocaleInForce.h>
+
+namespace orvo {
+
+namespace {
+
+// An environment variable for the time of a test.
+class Environment {
+public:
+    Environment(const char* name, const char* value) : m_name(name) {
+        if (const char* former = std::getenv(name)) m_former = former;
+        setenv(name, value, 1);
+    }
+    ~Environment() {
+        if (m_former)
+            setenv(m_name, m_former->c_str(), 1);
+        else
+            unsetenv(m_name);
+    }
+    Environment(const Environment&) = delete;
+    Environment& operator=(const Environment&) = delete;
+
+private:
+    const char* m_name;
+    std::optional<std::string> m_former;
+};
+
+struct EnvironmentRow {
+    const char* why;
+    const char* all;
+    const char* type;
+    const char* lang;
+    const char* tag;
+    unsigned page;
+};
+constexpr EnvironmentRow kEnvironmentRows[] = {
+    {"LC_ALL comes first", "de_DE.UTF-8@euro", "fr_FR", "it_IT", "de-DE", 65001},
+    {"then LC_CTYPE", "", "fr_FR", "it_IT", "fr-FR", 65001},
+    {"then LANG", "", "", "ja_JP.UTF-8", "ja-JP", 932},
+    {"C is English", "C.UTF-8", "", "de_DE", "en-US", 65001},
+    {"so is POSIX", "", "", "POSIX", "en-US", 65001},
+    {"so is nothing", "", "", "", "en-US", 65001},
+    {"so is nonsense", "", "", "!?", "en-US", 65001},
+};
+
+TEST(SystemLocale, ComesFromTheEnvironment) {
+    const LocaleInForce former("en-US");
+    for (const EnvironmentRow& row : kEnvironmentRows) {
+        const Environment all("LC_ALL", row.all);
+        const Environment type("LC_CTYPE", row.type);
+        const Environment lang("LANG", row.lang);
+        SystemLocale::Reset();
+        EXPECT_EQ(SystemLocale::Tag(), row.tag) << row.why;
+        EXPECT_EQ(GetACP(), row.page) << row.why;
+    }
+}
+
+TEST(SystemLocale, AMalformedTagOrAnUnknownPageChangesNothing) {
+    const LocaleInForce german("de-DE", 1252);
+    const unsigned generation = SystemLocale::Generation();
+
+    for (const char* tag : {"", "de_DE", "de-", "und", "x-private", "de-DE-toolongasubtag"})
+        EXPECT_FALSE(SystemLocale::Set(tag)) << tag;
+    EXPECT_FALSE(SystemLocale::Set("fr-FR", 936));
+
+    EXPECT_EQ(SystemLocale::Tag(), "de-DE");
+    EXPECT_EQ(SystemLocale::Language(), "de");
+    EXPECT_EQ(GetACP(), 1252u);
+    EXPECT_EQ(SystemLocale::Generation(), generation);
+}
+
+TEST(SystemLocale, EachChangeIsANewGeneration) {
+    const LocaleInForce former("en-US");
+    const unsigned first = SystemLocale::Generation();
+    SystemLocale::Set("de-DE");
+    const unsigned second = SystemLocale::Generation();
+    SystemLocale::Reset();
+
+    EXPECT_NE(first, second);
+    EXPECT_NE(second, SystemLocale::Generation());
+}
+
+struct CalendarRow {
+    const char* tag;
+    const char* number;
+};
+constexpr CalendarRow kCalendarRows[] = {
+    {"en-US", "1"}, {"ja-JP", "1"}, {"ja-JP-u-ca-japanese", "3"}, {"zh-TW-u-ca-roc", "4"},
+    {"th-TH", "7"}, {"ar-SA", "6"}, {"ko-KR-u-ca-dangi", "5"},    {"he-IL-u-ca-hebrew", "8"},
+};
+
+TEST(SystemLocale, TheCalendarTypeFollowsTheTag) {
+    for (const CalendarRow& row : kCalendarRows) {
+        const LocaleInForce locale(row.tag);
+        char buffer[] = "~~~";
+        EXPECT_EQ(GetLocaleInfoA(LOCALE_USER_DEFAULT, LOCALE_ICALENDARTYPE, buffer, 2), 2);
+        EXPECT_STREQ(buffer, row.number) << row.tag;
+    }
+}
+
+TEST(SystemLocale, AFailedQuestionLeavesTheBufferUntouched) {
+    char buffer[] = "~~";
+    EXPECT_EQ(GetLocaleInfoA(LOCALE_SYSTEM_DEFAULT, LOCALE_ICALENDARTYPE, nullptr, 0), 2);
+    EXPECT_EQ(GetLocaleInfoA(LOCALE_SYSTEM_DEFAULT, LOCALE_ICALENDARTYPE, buffer, 1), 0);
+    EXPECT_EQ(GetLocaleInfoA(1, LOCALE_ICALENDARTYPE, buffer, 2), 0);
+    EXPECT_EQ(GetLocaleInfoA(LOCALE_SYSTEM_DEFAULT, 1, buffer, 2), 0);
+    EXPECT_STREQ(buffer, "~~");
+}
+
+}  // namespace
+
+}  // namespace orvo

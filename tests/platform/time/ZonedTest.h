@@ -1,0 +1,27 @@
+// A test that sets the time zone and leaves the one of the environment behind.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdlib>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include <platform/time/TimeZone.h>
+
+namespace orvo {
+
+class ZonedTest : public testing::Test {
+protected:
+    ~ZonedTest() override { SetSystemTimeZone(m_zone); }
+
+private:
+    static std::string FromEnvironment() {
+        const char* zone = std::getenv("TZ");
+        return zone == nullptr ? "" : zone;
+    }
+
+    std::string m_zone = FromEnvironment();
+};
+
+}  // namespace orvo
