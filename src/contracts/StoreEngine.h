@@ -1,0 +1,158 @@
+// What a record store is made of: an engine keeps rows; tables and records read and write them.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <platform/Export.h>
+#include <platform/time/TimeZone.h>
+
+namespace orvo {
+
+enum class TableKind { Address, ToDo };
+
+// Why an operation failed; the values are what the records' `long` results give.
+enum class StoreStatus : long {
+    Ok = 0,
+    End = 1,      // a walk is over
+    Gone = 2,     // the store holds no such row
+    Refused = 3,  // the value can't be stored: out of range, no text of the code page, or a record
+                  // in no table
+    Busy = 4,     // another process is writing
+    Failed = 5,   // disk, file or format
+};
+
+// The bits of `StoredRow::flags`.
+namespace RowFlag {
+constexpr std::uint32_t Private = 1;
+constexpr std::uint32_t Archived = 2;
+constexpr std::uint32_t Deleted = 4;
+constexpr std::uint32_t Note = 8;  // the row has a note
+constexpr std::uint32_t Completed = 16;
+}  // namespace RowFlag
+
+// One row as the engine keeps it. Text is UTF-8. `fields` is the packed form of RecordFields.h.
+struct StoredRow {
+    std::int64_t id = 0;
+    std::int32_t placement = 0;
+    std::int32_t category = 0;
+    std::uint32_t flags = 0;
+    std::int32_t priority = 0;           // to-dos
+    std::optional<CivilTime> due;        // to-dos; nothing for no date
+    std::optional<CivilTime> completed;  // to-dos: when it was completed, where that was recorded
+    std::string_view fields;             // from a cursor: valid until its next step
+};
+
+// What a row has beside its fields and a walk doesn't read.
+struct RowExtra {
+    std::string note;    // UTF-8
+    std::string source;  // what the record was imported from, byte for byte; else empty
+    bool operator==(const RowExtra&) const = default;
+};
+
+// Walks over the rows of one table and holds nothing of the store between its steps: it sees each
+// change of its own engine at once, and one by another process within some hundred rows. The engine
+// outlives it.
+class StoreCursor {
+public:
+    virtual ~StoreCursor() = default;
+
+    // Gives:  Ok when `row` holds the next row; End after the last one and at each call from then
+    //         on.
+    // Fails:  for a row that is damaged; the next call goes on behind it.
+    virtual StoreStatus Next(StoredRow& row) = 0;
+};
+
+// Keeps the rows of one store. Not for use from several threads at once. A new store holds the
+// texts of kDefaultTexts.
+//
+// Every operation that changes something takes effect at once and is safe on disk when it returns,
+// unless a transaction is open: then all changes since Begin are kept by Commit and dropped by
+// Rollback. After a result other than Ok and End, LastError says what went wrong, where and why in
+// one line, and nothing was changed. After a failure of the disk the rest of an open transaction
+// may fail too; Commit then fails and keeps nothing.
+class ORVO_API StoreEngine {
+public:
+    virtual ~StoreEngine() = default;
+
+    // A walk by rising id, over all rows that aren't deleted; null on failure.
+    virtual std::unique_ptr<StoreCursor> Walk(TableKind kind) = 0;
+    // The same by category, then id, beginning with the first row of `category`; rows of later
+    // categories follow.
+    virtual std::unique_ptr<StoreCursor> WalkFromCategory(TableKind kind, int category) = 0;
+
+    // `row.fields` then points into `fields`. Deleted rows are read too.
+    virtual StoreStatus Read(TableKind kind, std::int64_t id, StoredRow& row,
+                             std::string& fields) = 0;
+    virtual StoreStatus ReadExtra(TableKind kind, std::int64_t id, RowExtra& extra) = 0;
+
+    // Gives the row an id above all that the table ever gave, also in a transaction that was
+    // dropped since, and, where `row.placement` is 0, the id as its placement. A due or completion
+    // date that isn't a time of a clock in the years 0 to 9999 is refused, here and by Update.
+    virtual StoreStatus Insert(TableKind kind, StoredRow& row, const RowExtra& extra) = 0;
+    // Replaces the row of that id; with an `extra`, its note and source too.
+    virtual StoreStatus Update(TableKind kind, const StoredRow& row, const RowExtra* extra) = 0;
+    // Removes the row for good.
+    virtual StoreStatus Remove(TableKind kind, std::int64_t id) = 0;
+    virtual std::int64_t Count(TableKind kind) = 0;
+
+    // Named texts of a table, such as category names and labels, in the order of their numbers.
+    enum class TextKind { Category, PhoneLabel, CustomLabel };
+    struct NumberedText {
+        int number;
+        std::string text;  // UTF-8
+    };
+    virtual StoreStatus ReadTexts(TableKind kind, TextKind texts,
+                                  std::vector<NumberedText>& result) = 0;
+    virtual StoreStatus WriteText(TableKind kind, TextKind texts, int number,
+                                  std::string_view text) = 0;
+
+    // Transactions don't nest: Begin fails inside one. It waits a short while for another writer,
+    // then fails with Busy. A Commit that fails has dropped the changes; Rollback and Commit
+    // outside a transaction do nothing, and Commit then fails.
+    virtual StoreStatus Begin() = 0;
+    virtual StoreStatus Commit() = 0;
+    virtual void Rollback() = 0;
+    virtual bool InTransaction() const = 0;
+
+    // Changes whenever another process or another engine has changed this store. The number means
+    // nothing beyond that.
+    virtual std::int64_t ForeignVersion() = 0;
+
+    const std::string& LastError() const { return m_lastError; }
+
+    // Notes why an operation failed, and gives `status`.
+    StoreStatus Fail(StoreStatus status, std::string message) {
+        m_lastError = std::move(message);
+        return status;
+    }
+
+private:
+    std::string m_lastError;
+};
+
+// Rolls back at the end of the scope what wasn't committed. Inside an open transaction it does
+// nothing of its own: the outer one decides.
+class ORVO_API StoreTransaction {
+public:
+    explicit StoreTransaction(StoreEngine& engine);
+    StoreTransaction(const StoreTransaction&) = delete;
+    StoreTransaction& operator=(const StoreTransaction&) = delete;
+    ~StoreTransaction();
+
+    // How the transaction began: Ok, Busy or Failed.
+    StoreStatus Status() const { return m_status; }
+    StoreStatus Commit();
+
+private:
+    StoreEngine& m_engine;
+    bool m_own;
+    StoreStatus m_status = StoreStatus::Ok;
+};
+
+}  // namespace orvo

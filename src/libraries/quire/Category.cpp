@@ -1,0 +1,136 @@
+// The categories of a table.
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <string>
+
+#include <unicode/uchar.h>
+#include <unicode/ustring.h>
+
+#include <contracts/Category.h>
+#include <platform/io/CArchive.h>
+#include <platform/io/CFile.h>
+#include <platform/text/CodePage.h>
+
+namespace orvo {
+
+namespace {
+
+constexpr CatError kFound = 0;
+constexpr CatError kFailed = 1;
+
+std::u16string Folded(const CString& name) {
+    std::u16string utf16;
+    CodePage::System().ToUtf16(name.View(), utf16);
+    UErrorCode status = U_ZERO_ERROR;
+    const auto length = static_cast<std::int32_t>(utf16.size());
+    std::u16string folded(3 * utf16.size(), u'\0');  // no character folds to more than three
+    folded.resize(static_cast<std::size_t>(
+        u_strFoldCase(folded.data(), static_cast<std::int32_t>(folded.size()), utf16.data(), length,
+                      U_FOLD_CASE_DEFAULT, &status)));
+    return folded;
+}
+
+CatError Give(const std::unique_ptr<CCategory>& found, CCategory*& category) {
+    category = found.get();
+    return category != nullptr ? kFound : kFailed;
+}
+
+}  // namespace
+
+const CRuntimeClass CCategory::classCCategory(
+    "CCategory", 1, [] { return std::unique_ptr<CObject>(std::make_unique<CCategory>()); },
+    &CObject::classCObject);
+
+const CRuntimeClass* CCategory::GetRuntimeClass() const {
+    return &classCCategory;
+}
+
+void CCategory::Serialize(CArchive& archive) {
+    CObject::Serialize(archive);
+    if (archive.IsStoring()) {
+        archive << m_name << m_index;
+        return;
+    }
+    CString name;
+    int index = -1;
+    archive >> name >> index;
+    if (index < -1 || index >= kCategoryCount) {
+        throw CArchiveException(
+            CArchiveException::badValue,
+            "a category's index is " + std::to_string(index) + ", not a number from -1 to 15");
+    }
+    m_name = name;
+    m_index = index;
+}
+
+int CCategoryMgr::GetCount() const {
+    return static_cast<int>(
+        std::count_if(m_categories.begin(), m_categories.end(),
+                      [](const auto& category) { return category != nullptr; }));
+}
+
+CatError CCategoryMgr::FindIndex(int index, CCategory*& category) {
+    if (index < 0 || index >= kCategoryCount) {
+        category = nullptr;
+        return kFailed;
+    }
+    return Give(m_categories[static_cast<std::size_t>(index)], category);
+}
+
+CatError CCategoryMgr::FindName(const CString& name, CCategory*& category) {
+    category = nullptr;
+    const std::u16string wanted = Folded(name);
+    for (const auto& candidate : m_categories) {
+        if (candidate && Folded(candidate->GetName()) == wanted) {
+            return Give(candidate, category);
+        }
+    }
+    return kFailed;
+}
+
+CatError CCategoryMgr::FindFirst(CCategory*& category) {
+    m_walk = 0;
+    return FindNext(category);
+}
+
+CatError CCategoryMgr::FindNext(CCategory*& category) {
+    while (m_walk < kCategoryCount) {
+        if (FindIndex(m_walk++, category) == kFound) {
+            return kFound;
+        }
+    }
+    category = nullptr;
+    return kFailed;
+}
+
+CatError CCategoryMgr::Add(CCategory* category) {
+    CCategory* namesake = nullptr;
+    const auto free = std::find(m_categories.begin(), m_categories.end(), nullptr);
+    if (category == nullptr || free == m_categories.end() || category->GetName().IsEmpty() ||
+        FindName(category->GetName(), namesake) == kFound) {
+        return kFailed;
+    }
+    const int before = category->m_index;
+    category->m_index = static_cast<int>(free - m_categories.begin());
+    free->reset(category);
+    if (m_keeper && !m_keeper(category->m_index, category->GetName())) {
+        category->m_index = before;
+        static_cast<void>(free->release());
+        return kFailed;
+    }
+    return kFound;
+}
+
+void CCategoryMgr::Load(int index, const CString& name) {
+    if (index < 0 || index >= kCategoryCount) {
+        return;
+    }
+    auto& category = m_categories[static_cast<std::size_t>(index)];
+    if (!category) {
+        category = std::make_unique<CCategory>();
+        category->m_index = index;
+    }
+    category->SetName(name);
+}
+
+}  // namespace orvo

@@ -1,0 +1,64 @@
+// Walks over a table.
+// SPDX-License-Identifier: MIT
+#include <utility>
+
+#include <contracts/RecordStore.h>
+
+namespace orvo {
+
+namespace {
+
+constexpr long kEnd = static_cast<long>(StoreStatus::End);
+
+}  // namespace
+
+CBaseIterator::CBaseIterator(CBaseTable& table) : m_table(table) {}
+
+CBaseIterator::~CBaseIterator() = default;
+
+long CBaseIterator::FindFirst(CBaseRecord& record, int) {
+    return Begin(m_table.m_engine.Walk(m_table.m_kind), record);
+}
+
+long CBaseIterator::FindNext(CBaseRecord& record, int) {
+    return m_begun ? Step(record) : FindFirst(record);
+}
+
+long CBaseIterator::Begin(std::unique_ptr<StoreCursor> cursor, CBaseRecord& record) {
+    m_cursor = std::move(cursor);
+    m_begun = true;
+    return m_cursor ? Step(record) : static_cast<long>(StoreStatus::Failed);
+}
+
+void CBaseIterator::End() {
+    m_cursor.reset();
+}
+
+long CBaseIterator::Step(CBaseRecord& record) {
+    if (!m_cursor) {
+        return kEnd;
+    }
+    if (record.m_kind != m_table.m_kind || &record.m_table.m_engine != &m_table.m_engine) {
+        return m_table.RefuseRecord("the record is one of another table");
+    }
+    StoredRow row;
+    const StoreStatus status = m_cursor->Next(row);
+    return status == StoreStatus::Ok ? record.Load(row) : static_cast<long>(status);
+}
+
+CAddressIterator::CAddressIterator(CAddressTable& table) : CBaseIterator(table) {}
+
+CToDoIterator::CToDoIterator(CToDoTable& table) : CBaseIterator(table) {}
+
+long CToDoIterator::FindByCategoryId(int category, CToDoRecord& record, int) {
+    const long status =
+        Begin(m_table.GetEngine().WalkFromCategory(TableKind::ToDo, category), record);
+    int found = 0;
+    if (status == 0 && record.GetCategoryId(found) == 0 && found == category) {
+        return status;
+    }
+    End();
+    return status != 0 ? status : kEnd;
+}
+
+}  // namespace orvo

@@ -1,0 +1,22 @@
+// What every engine holds its rows to.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include <contracts/StoreEngine.h>
+
+namespace orvo {
+
+// The placement of a row that was given none.
+std::int32_t FirstPlacement(std::int64_t id);
+
+// True where each date that the row has is a time of a clock in the years 0 to 9999.
+bool HasStorableDates(const StoredRow& row);
+constexpr const char* kNoStorableDate = "a date isn't a time of a clock in the years 0 to 9999";
+
+// Reads the stored form of a date, "2026-12-24T17:30:00"; nothing for any other text.
+std::optional<CivilTime> ParseStoredDate(std::string_view text);
+
+}  // namespace orvo

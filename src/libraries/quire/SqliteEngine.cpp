@@ -1,0 +1,359 @@
+// The engine that keeps its rows in one SQLite file.
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <utility>
+
+#include <fmt/format.h>
+
+#include <libraries/quire/SqliteEngine.h>
+
+#include "RowRules.h"
+#include "SqliteOpen.h"
+#include "SqliteRow.h"
+#include "SqliteStatements.h"
+
+namespace orvo {
+
+namespace {
+
+const char* NameOf(TableKind kind) {
+    return kind == TableKind::Address ? "address" : "to-do";
+}
+
+}  // namespace
+
+// Makes several statements one: a transaction of its own, or a part of the open one.
+class SqliteEngine::Unit {
+public:
+    Unit(SqliteEngine& engine, bool isNeeded) : m_engine(engine) {
+        if (isNeeded) {
+            m_isPart = engine.m_inTransaction;
+            m_status = m_isPart ? Run(engine.m_statements->beginPart) : engine.Begin();
+            m_isOpen = m_status == StoreStatus::Ok;
+        }
+    }
+    Unit(const Unit&) = delete;
+    Unit& operator=(const Unit&) = delete;
+
+    ~Unit() {
+        if (m_isOpen && m_isPart) {
+            const std::string reason = m_engine.LastError();
+            Run(m_engine.m_statements->dropPart);
+            Run(m_engine.m_statements->keepPart);
+            m_engine.Fail(StoreStatus::Failed, reason);
+        } else if (m_isOpen) {
+            m_engine.Rollback();
+        }
+    }
+
+    StoreStatus Status() const { return m_status; }
+
+    StoreStatus Keep() {
+        if (!std::exchange(m_isOpen, false)) {
+            return m_status;
+        }
+        return m_isPart ? Run(m_engine.m_statements->keepPart) : m_engine.Commit();
+    }
+
+private:
+    StoreStatus Run(SqliteStatement& statement) { return m_engine.Run(statement); }
+
+    SqliteEngine& m_engine;
+    bool m_isPart = false;
+    bool m_isOpen = false;
+    StoreStatus m_status = StoreStatus::Ok;
+};
+
+SqliteEngine::SqliteEngine(std::string path) : m_path(std::move(path)) {}
+
+SqliteEngine::~SqliteEngine() = default;
+
+std::unique_ptr<SqliteEngine> SqliteEngine::Open(const std::string& path, std::string& error) {
+    std::unique_ptr<SqliteEngine> engine(new SqliteEngine(path));
+    engine->m_file = OpenStore(path, error);
+    if (!engine->m_file) {
+        return nullptr;
+    }
+    engine->m_statements = std::make_unique<SqliteStatements>();
+    if (engine->m_statements->Prepare(*engine->m_file) != SQLITE_OK) {
+        error = fmt::format("{}: can't be opened: {}", path, engine->m_file->Reason());
+        return nullptr;
+    }
+    return engine;
+}
+
+void SqliteEngine::SetBusyTimeout(int milliseconds) {
+    sqlite3_busy_timeout(m_file->Handle(), milliseconds);
+}
+
+StoreStatus SqliteEngine::Read(TableKind kind, std::int64_t id, StoredRow& row,
+                               std::string& fields) {
+    SqliteStatement& statement = m_statements->Of(kind).read;
+    const SqliteRun run(statement);
+    statement.Bind(1, id);
+    const int result = statement.Step();
+    if (result != SQLITE_ROW) {
+        return result == SQLITE_DONE ? Gone(kind, id) : Result(result);
+    }
+    StoredRow stored;
+    if (!ReadSqliteRow(statement, kind, stored)) {
+        return Damaged(kind, id);
+    }
+    fields = stored.fields;
+    row = stored;
+    row.fields = fields;
+    return StoreStatus::Ok;
+}
+
+StoreStatus SqliteEngine::ReadExtra(TableKind kind, std::int64_t id, RowExtra& extra) {
+    SqliteStatement& statement = m_statements->Of(kind).readExtra;
+    const SqliteRun run(statement);
+    statement.Bind(1, id);
+    const int result = statement.Step();
+    if (result != SQLITE_ROW) {
+        return result == SQLITE_DONE ? Gone(kind, id) : Result(result);
+    }
+    extra.note = statement.Bytes(0);
+    extra.source = statement.Bytes(1);
+    return StoreStatus::Ok;
+}
+
+StoreStatus SqliteEngine::Insert(TableKind kind, StoredRow& row, const RowExtra& extra) {
+    if (const StoreStatus status = CheckChange(row); status != StoreStatus::Ok) {
+        return status;
+    }
+    Ids& ids = IdsOf(kind);
+    const bool hasExtra = extra != RowExtra();
+    Unit unit(*this, hasExtra || ids.dropped);
+    StoreStatus status = unit.Status();
+    std::int64_t id = 0;
+    if (status == StoreStatus::Ok && ids.dropped) {
+        status = NewId(kind, id);
+    }
+    if (status == StoreStatus::Ok) {
+        status = InsertRow(kind, row, id);
+    }
+    if (status == StoreStatus::Ok && hasExtra) {
+        status = WriteExtra(kind, id, extra);
+    }
+    if (status == StoreStatus::Ok) {
+        status = unit.Keep();
+    }
+    if (status == StoreStatus::Ok) {
+        row.id = id;
+        row.placement = row.placement != 0 ? row.placement : FirstPlacement(id);
+        ids = {id, false};
+    }
+    return status;
+}
+
+StoreStatus SqliteEngine::Update(TableKind kind, const StoredRow& row, const RowExtra* extra) {
+    if (const StoreStatus status = CheckChange(row); status != StoreStatus::Ok) {
+        return status;
+    }
+    Unit unit(*this, extra != nullptr);
+    StoreStatus status = unit.Status();
+    if (status == StoreStatus::Ok) {
+        status = UpdateRow(kind, row);
+    }
+    if (status == StoreStatus::Ok && extra != nullptr) {
+        status = WriteExtra(kind, row.id, *extra);
+    }
+    return status == StoreStatus::Ok ? unit.Keep() : status;
+}
+
+StoreStatus SqliteEngine::Remove(TableKind kind, std::int64_t id) {
+    if (const StoreStatus status = CheckTransaction(); status != StoreStatus::Ok) {
+        return status;
+    }
+    SqliteStatement& statement = m_statements->Of(kind).remove;
+    const SqliteRun run(statement);
+    statement.Bind(1, id);
+    const StoreStatus status = Result(statement.Step());
+    return status == StoreStatus::Ok && ChangedNothing() ? Gone(kind, id) : status;
+}
+
+std::int64_t SqliteEngine::Count(TableKind kind) {
+    SqliteStatement& statement = m_statements->Of(kind).count;
+    const SqliteRun run(statement);
+    const StoreStatus status = Result(statement.Step());
+    return status == StoreStatus::Ok ? statement.Integer(0) : -1;
+}
+
+StoreStatus SqliteEngine::ReadTexts(TableKind kind, TextKind texts,
+                                    std::vector<NumberedText>& result) {
+    SqliteStatement& statement = m_statements->readTexts;
+    const SqliteRun run(statement);
+    statement.Bind(1, static_cast<std::int64_t>(kind));
+    statement.Bind(2, static_cast<std::int64_t>(texts));
+    result.clear();
+    int step = SQLITE_ROW;
+    while ((step = statement.Step()) == SQLITE_ROW) {
+        result.push_back({static_cast<int>(statement.Integer(0)), std::string(statement.Bytes(1))});
+    }
+    return Result(step);
+}
+
+StoreStatus SqliteEngine::WriteText(TableKind kind, TextKind texts, int number,
+                                    std::string_view text) {
+    if (const StoreStatus status = CheckTransaction(); status != StoreStatus::Ok) {
+        return status;
+    }
+    SqliteStatement& statement = m_statements->writeText;
+    const SqliteRun run(statement);
+    statement.Bind(1, static_cast<std::int64_t>(kind));
+    statement.Bind(2, static_cast<std::int64_t>(texts));
+    statement.Bind(3, number);
+    statement.BindText(4, text);
+    return Result(statement.Step());
+}
+
+StoreStatus SqliteEngine::Begin() {
+    if (m_inTransaction) {
+        return Fail(StoreStatus::Failed, m_path + ": a transaction is open already");
+    }
+    const StoreStatus status = Run(m_statements->begin);
+    m_inTransaction = status == StoreStatus::Ok;
+    return status;
+}
+
+StoreStatus SqliteEngine::Commit() {
+    if (!m_inTransaction) {
+        return Fail(StoreStatus::Failed, m_path + ": no transaction is open");
+    }
+    StoreStatus status = CheckTransaction();
+    if (status == StoreStatus::Ok) {
+        status = Run(m_statements->commit);
+    }
+    if (status != StoreStatus::Ok) {
+        const std::string reason = LastError();
+        Rollback();
+        return Fail(status, reason);
+    }
+    m_inTransaction = false;
+    return status;
+}
+
+void SqliteEngine::Rollback() {
+    if (!std::exchange(m_inTransaction, false)) {
+        return;
+    }
+    if (!std::exchange(m_lost, false)) {
+        const SqliteRun run(m_statements->rollback);
+        run->Step();
+    }
+    for (Ids& ids : m_ids) {
+        ids.dropped = true;
+    }
+    ++m_changes;
+}
+
+std::int64_t SqliteEngine::ForeignVersion() {
+    SqliteStatement& statement = m_statements->foreignVersion;
+    const SqliteRun run(statement);
+    if (statement.Step() == SQLITE_ROW) {
+        m_foreignVersion = statement.Integer(0);
+    }
+    return m_foreignVersion;
+}
+
+StoreStatus SqliteEngine::Result(int result) {
+    if (result == SQLITE_ROW || result == SQLITE_DONE) {
+        return StoreStatus::Ok;
+    }
+    std::string reason = StoreError(m_path, *m_file, result);
+    m_lost = m_inTransaction && sqlite3_get_autocommit(m_file->Handle()) != 0;
+    switch (result & 0xFF) {
+        case SQLITE_BUSY:
+            return Fail(StoreStatus::Busy, std::move(reason));
+        case SQLITE_TOOBIG:
+            return Fail(StoreStatus::Refused, m_path + ": a text is too long for the store");
+        default:
+            return Fail(StoreStatus::Failed, std::move(reason));
+    }
+}
+
+StoreStatus SqliteEngine::Run(SqliteStatement& statement) {
+    const SqliteRun run(statement);
+    return Result(statement.Step());
+}
+
+StoreStatus SqliteEngine::Damaged(TableKind kind, std::int64_t id) {
+    return Fail(StoreStatus::Failed, fmt::format("{}: {} {} is damaged", m_path, NameOf(kind), id));
+}
+
+StoreStatus SqliteEngine::Gone(TableKind kind, std::int64_t id) {
+    return Fail(StoreStatus::Gone, fmt::format("{}: holds no {} {}", m_path, NameOf(kind), id));
+}
+
+// Each change begins here, so that none slips out of a transaction that SQLite has dropped.
+StoreStatus SqliteEngine::CheckTransaction() {
+    ++m_changes;
+    return m_lost ? Fail(StoreStatus::Failed,
+                         m_path + ": the changes were dropped after an earlier failure")
+                  : StoreStatus::Ok;
+}
+
+StoreStatus SqliteEngine::CheckChange(const StoredRow& row) {
+    if (!HasStorableDates(row)) {
+        return Fail(StoreStatus::Refused, fmt::format("{}: {}", m_path, kNoStorableDate));
+    }
+    return CheckTransaction();
+}
+
+// SQLite gives an id again where the insertion was rolled back, but a record may still hold it.
+StoreStatus SqliteEngine::NewId(TableKind kind, std::int64_t& id) {
+    SqliteStatement& statement = m_statements->Of(kind).lastId;
+    const SqliteRun run(statement);
+    const int result = statement.Step();
+    const std::int64_t stored = result == SQLITE_ROW ? statement.Integer(0) : 0;
+    id = std::max(stored, IdsOf(kind).last) + 1;
+    return Result(result);
+}
+
+// With an id of 0 SQLite chooses one.
+StoreStatus SqliteEngine::InsertRow(TableKind kind, const StoredRow& row, std::int64_t& id) {
+    SqliteStatement& statement = m_statements->Of(kind).insert;
+    const SqliteRowParameters parameters(kind, row);
+    const SqliteRun run(statement);
+    parameters.Bind(statement);
+    if (id != 0) {
+        statement.Bind(kIdParameter, id);
+    }
+    if (row.placement != 0) {
+        statement.Bind(kPlacementParameter, row.placement);
+    }
+    const StoreStatus status = Result(statement.Step());
+    id = sqlite3_last_insert_rowid(m_file->Handle());
+    return status;
+}
+
+StoreStatus SqliteEngine::UpdateRow(TableKind kind, const StoredRow& row) {
+    SqliteStatement& statement = m_statements->Of(kind).update;
+    const SqliteRowParameters parameters(kind, row);
+    const SqliteRun run(statement);
+    parameters.Bind(statement);
+    statement.Bind(kIdParameter, row.id);
+    statement.Bind(kPlacementParameter, row.placement);
+    const StoreStatus status = Result(statement.Step());
+    return status == StoreStatus::Ok && ChangedNothing() ? Gone(kind, row.id) : status;
+}
+
+StoreStatus SqliteEngine::WriteExtra(TableKind kind, std::int64_t id, const RowExtra& extra) {
+    SqliteTableStatements& statements = m_statements->Of(kind);
+    const bool isEmpty = extra == RowExtra();
+    SqliteStatement& statement = isEmpty ? statements.removeExtra : statements.writeExtra;
+    const SqliteRun run(statement);
+    statement.Bind(1, id);
+    if (!isEmpty) {
+        statement.BindText(2, extra.note);
+        statement.BindBytes(3, extra.source);
+    }
+    return Result(statement.Step());
+}
+
+bool SqliteEngine::ChangedNothing() const {
+    return sqlite3_changes(m_file->Handle()) == 0;
+}
+
+}  // namespace orvo

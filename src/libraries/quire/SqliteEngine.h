@@ -1,0 +1,81 @@
+// A store engine that keeps its rows in one SQLite file (docs/store-format.md).
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <array>
+
+#include <contracts/StoreEngine.h>
+
+namespace orvo {
+
+class SqliteFile;
+class SqliteStatement;
+struct SqliteStatements;
+
+class ORVO_API SqliteEngine : public StoreEngine {
+public:
+    // Opens the store file, or makes it where there is none or an empty file; its folder must be
+    // there and be one to write in. A file that may not be written opens for reading.
+    // Fails:  with null and one line in `error`. A file that is no store, or was made by a newer
+    //         version, stays byte for byte as it was.
+    static std::unique_ptr<SqliteEngine> Open(const std::string& path, std::string& error);
+
+    ~SqliteEngine() override;
+
+    // How long a change waits for another writer; 3000 at first.
+    void SetBusyTimeout(int milliseconds);
+
+    std::unique_ptr<StoreCursor> Walk(TableKind kind) override;
+    std::unique_ptr<StoreCursor> WalkFromCategory(TableKind kind, int category) override;
+    StoreStatus Read(TableKind kind, std::int64_t id, StoredRow& row, std::string& fields) override;
+    StoreStatus ReadExtra(TableKind kind, std::int64_t id, RowExtra& extra) override;
+    StoreStatus Insert(TableKind kind, StoredRow& row, const RowExtra& extra) override;
+    StoreStatus Update(TableKind kind, const StoredRow& row, const RowExtra* extra) override;
+    StoreStatus Remove(TableKind kind, std::int64_t id) override;
+    std::int64_t Count(TableKind kind) override;
+    StoreStatus ReadTexts(TableKind kind, TextKind texts,
+                          std::vector<NumberedText>& result) override;
+    StoreStatus WriteText(TableKind kind, TextKind texts, int number,
+                          std::string_view text) override;
+    StoreStatus Begin() override;
+    StoreStatus Commit() override;
+    void Rollback() override;
+    bool InTransaction() const override { return m_inTransaction; }
+    std::int64_t ForeignVersion() override;
+
+private:
+    class Cursor;
+    class Unit;
+
+    struct Ids {
+        std::int64_t last = 0;  // the highest that this engine has given
+        bool dropped = false;   // a rollback may have taken rows with such ids away
+    };
+
+    explicit SqliteEngine(std::string path);
+
+    Ids& IdsOf(TableKind kind) { return m_ids[static_cast<std::size_t>(kind)]; }
+    // Ok for SQLite's results of success, else what Fail gives with SQLite's reason.
+    StoreStatus Result(int result);
+    StoreStatus Run(SqliteStatement& statement);
+    StoreStatus Damaged(TableKind kind, std::int64_t id);
+    StoreStatus Gone(TableKind kind, std::int64_t id);
+    StoreStatus CheckTransaction();
+    StoreStatus CheckChange(const StoredRow& row);
+    StoreStatus NewId(TableKind kind, std::int64_t& id);
+    StoreStatus InsertRow(TableKind kind, const StoredRow& row, std::int64_t& id);
+    StoreStatus UpdateRow(TableKind kind, const StoredRow& row);
+    StoreStatus WriteExtra(TableKind kind, std::int64_t id, const RowExtra& extra);
+    bool ChangedNothing() const;
+
+    std::string m_path;
+    std::unique_ptr<SqliteFile> m_file;
+    std::unique_ptr<SqliteStatements> m_statements;
+    std::array<Ids, 2> m_ids;
+    bool m_inTransaction = false;
+    bool m_lost = false;  // SQLite itself has dropped the open transaction
+    std::uint64_t m_changes = 0;
+    std::int64_t m_foreignVersion = 0;
+};
+
+}  // namespace orvo

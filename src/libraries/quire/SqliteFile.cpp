@@ -1,0 +1,102 @@
+// A thin layer over SQLite.
+// SPDX-License-Identifier: MIT
+#include "SqliteFile.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace orvo {
+
+namespace {
+
+// SQLite takes a null pointer for a null value, and a view of an empty text may have one.
+const char* NeverNull(std::string_view bytes) {
+    return bytes.data() != nullptr ? bytes.data() : "";
+}
+
+}  // namespace
+
+void SqliteStatement::Bind(int parameter, std::int64_t value) {
+    m_bindResult = std::max(m_bindResult, sqlite3_bind_int64(m_statement.get(), parameter, value));
+}
+
+void SqliteStatement::BindText(int parameter, std::string_view text) {
+    m_bindResult =
+        std::max(m_bindResult, sqlite3_bind_text64(m_statement.get(), parameter, NeverNull(text),
+                                                   text.size(), SQLITE_STATIC, SQLITE_UTF8));
+}
+
+void SqliteStatement::BindBytes(int parameter, std::string_view bytes) {
+    m_bindResult =
+        std::max(m_bindResult, sqlite3_bind_blob64(m_statement.get(), parameter, NeverNull(bytes),
+                                                   bytes.size(), SQLITE_STATIC));
+}
+
+int SqliteStatement::Step() {
+    return m_bindResult != SQLITE_OK ? m_bindResult : sqlite3_step(m_statement.get());
+}
+
+void SqliteStatement::Reset() {
+    sqlite3_reset(m_statement.get());
+    sqlite3_clear_bindings(m_statement.get());
+    m_bindResult = SQLITE_OK;
+}
+
+std::string_view SqliteStatement::Bytes(int column) const {
+    const void* bytes = sqlite3_column_blob(m_statement.get(), column);
+    const int size = sqlite3_column_bytes(m_statement.get(), column);
+    return bytes == nullptr
+               ? std::string_view()
+               : std::string_view(static_cast<const char*>(bytes), static_cast<std::size_t>(size));
+}
+
+int SqliteFile::Open(const std::string& path, int flags) {
+    sqlite3* database = nullptr;
+    const int result = sqlite3_open_v2(path.c_str(), &database, flags, nullptr);
+    m_database.reset(database);
+    return result;
+}
+
+int SqliteFile::Prepare(const std::string& sql, SqliteStatement& statement) {
+    sqlite3_stmt* prepared = nullptr;
+    const int result = sqlite3_prepare_v3(m_database.get(), sql.c_str(), -1,
+                                          SQLITE_PREPARE_PERSISTENT, &prepared, nullptr);
+    statement = SqliteStatement(prepared);
+    return result;
+}
+
+int SqliteFile::Run(const char* sql) {
+    return sqlite3_exec(m_database.get(), sql, nullptr, nullptr, nullptr);
+}
+
+int SqliteFile::ReadText(const char* sql, std::string& text) {
+    SqliteStatement statement;
+    int result = Prepare(sql, statement);
+    if (result == SQLITE_OK && (result = statement.Step()) == SQLITE_ROW) {
+        text = statement.Bytes(0);
+        return SQLITE_OK;
+    }
+    return result;
+}
+
+int SqliteFile::ReadStart(std::size_t count, std::string& bytes) {
+    sqlite3_file* file = nullptr;
+    sqlite3_int64 size = 0;
+    int result = sqlite3_file_control(Handle(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    if (result == SQLITE_OK) {
+        result = file->pMethods->xFileSize(file, &size);
+    }
+    if (result == SQLITE_OK) {
+        bytes.resize(std::min(count, static_cast<std::size_t>(size)));
+        result = file->pMethods->xRead(file, bytes.data(), static_cast<int>(bytes.size()), 0);
+    }
+    return result;
+}
+
+std::string SqliteFile::Reason() const {
+    const int error = sqlite3_system_errno(m_database.get());
+    const bool isSystem = sqlite3_errcode(m_database.get()) == SQLITE_CANTOPEN && error != 0;
+    return isSystem ? std::strerror(error) : sqlite3_errmsg(m_database.get());
+}
+
+}  // namespace orvo

@@ -1,0 +1,267 @@
+// Opening and making a store file.
+// SPDX-License-Identifier: MIT
+#include "SqliteOpen.h"
+
+#include <cerrno>
+#include <chrono>
+#include <cstring>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <fmt/format.h>
+
+#include <contracts/DefaultTexts.h>
+
+namespace orvo {
+
+namespace {
+
+constexpr std::int64_t kApplicationId = 0x4F52564F;  // "ORVO"
+constexpr std::int64_t kVersion = 1;
+
+constexpr std::string_view kMagic{"SQLite format 3\0", 16};
+constexpr std::size_t kHeaderSize = 100;
+constexpr std::size_t kVersionOffset = 60;
+constexpr std::size_t kApplicationIdOffset = 68;
+
+constexpr const char* kSettings =
+    "PRAGMA foreign_keys = ON; PRAGMA trusted_schema = OFF; PRAGMA synchronous = FULL;"
+    "PRAGMA journal_size_limit = 16777216;";
+
+constexpr const char* kSchema = R"(
+CREATE TABLE address (
+    id INTEGER PRIMARY KEY AUTOINCREMENT,
+    placement INTEGER,
+    category INTEGER NOT NULL,
+    flags INTEGER NOT NULL,
+    fields BLOB NOT NULL
+) STRICT;
+CREATE INDEX address_category ON address (category, id, flags);
+CREATE TABLE address_extra (
+    id INTEGER PRIMARY KEY REFERENCES address (id) ON DELETE CASCADE,
+    note TEXT NOT NULL,
+    source BLOB NOT NULL
+) STRICT;
+CREATE TABLE todo (
+    id INTEGER PRIMARY KEY AUTOINCREMENT,
+    placement INTEGER,
+    category INTEGER NOT NULL,
+    flags INTEGER NOT NULL,
+    fields BLOB NOT NULL,
+    priority INTEGER NOT NULL,
+    due TEXT,
+    completed TEXT
+) STRICT;
+CREATE INDEX todo_category ON todo (category, id, flags);
+CREATE TABLE todo_extra (
+    id INTEGER PRIMARY KEY REFERENCES todo (id) ON DELETE CASCADE,
+    note TEXT NOT NULL,
+    source BLOB NOT NULL
+) STRICT;
+CREATE TABLE text (
+    table_kind INTEGER NOT NULL,
+    text_kind INTEGER NOT NULL,
+    number INTEGER NOT NULL,
+    value TEXT NOT NULL,
+    PRIMARY KEY (table_kind, text_kind, number)
+) STRICT, WITHOUT ROWID;
+)";
+
+// What tells a store from other files.
+struct Marks {
+    std::int64_t applicationId = 0;
+    std::int64_t version = 0;
+};
+
+bool IsStore(const Marks& marks) {
+    return marks.applicationId == kApplicationId && marks.version == kVersion;
+}
+
+std::string Refusal(const std::string& path, const Marks& marks) {
+    if (marks.applicationId != kApplicationId || marks.version < kVersion) {
+        return path + ": is not an Orvo store";
+    }
+    return fmt::format(
+        "{}: was made by a newer version (store version {}, this program knows up to {})", path,
+        marks.version, kVersion);
+}
+
+std::string NotOpened(const std::string& path, const std::string& reason) {
+    return fmt::format("{}: can't be opened: {}", path, reason);
+}
+
+// SQLite takes names such as ":memory:" for something else than a file.
+std::string FileName(const std::string& path) {
+    std::error_code error;
+    const std::filesystem::path absolute = std::filesystem::absolute(path, error);
+    return error ? path : absolute.string();
+}
+
+// The system's number of why a file can't be made there; 0 where it can.
+int WhyNotMade(const std::string& path) {
+    const std::filesystem::path folder = std::filesystem::path(FileName(path)).parent_path();
+    return faccessat(AT_FDCWD, folder.c_str(), W_OK, AT_EACCESS) == 0 ? 0 : errno;
+}
+
+std::int32_t BigEndian(std::string_view bytes, std::size_t offset) {
+    std::uint32_t value = 0;
+    for (const char byte : bytes.substr(offset, 4)) {
+        value = value << 8 | static_cast<unsigned char>(byte);
+    }
+    return static_cast<std::int32_t>(value);
+}
+
+// Looks at the file before SQLite works with it, which can leave traces beside it.
+// Gives:  false, with `error`, where it is there and is no store to open.
+bool CheckHeader(const std::string& path, std::string& error) {
+    struct stat status {};
+    if (stat(path.c_str(), &status) != 0) {
+        const int reason = errno != ENOENT ? errno : WhyNotMade(path);
+        error = reason != 0 ? NotOpened(path, std::strerror(reason)) : "";
+        return reason == 0;
+    }
+    if (!S_ISREG(status.st_mode)) {
+        error = NotOpened(path, "it is no file");
+        return false;
+    }
+    if (status.st_size == 0) {
+        return true;
+    }
+    SqliteFile file;
+    std::string header;
+    if (file.Open(FileName(path), SQLITE_OPEN_READONLY) != SQLITE_OK ||
+        file.ReadStart(kHeaderSize, header) != SQLITE_OK) {
+        error = NotOpened(path, file.Reason());
+        return false;
+    }
+    Marks marks;
+    if (header.size() == kHeaderSize && header.substr(0, kMagic.size()) == kMagic) {
+        marks = {BigEndian(header, kApplicationIdOffset), BigEndian(header, kVersionOffset)};
+    }
+    if (!IsStore(marks)) {
+        error = Refusal(path, marks);
+    }
+    return IsStore(marks);
+}
+
+// Reads the marks of an open file, and whether it holds nothing at all yet: in one statement, as
+// another process may be making the store meanwhile.
+int Inspect(SqliteFile& file, Marks& marks, bool& isEmpty) {
+    SqliteStatement statement;
+    int result = file.Prepare(
+        "SELECT application_id, user_version, (SELECT count(*) FROM sqlite_schema) "
+        "FROM pragma_application_id, pragma_user_version",
+        statement);
+    if (result != SQLITE_OK || (result = statement.Step()) != SQLITE_ROW) {
+        return result;
+    }
+    marks = {statement.Integer(0), statement.Integer(1)};
+    isEmpty = marks.applicationId == 0 && marks.version == 0 && statement.Integer(2) == 0;
+    return SQLITE_OK;
+}
+
+int WriteDefaultTexts(SqliteFile& file) {
+    SqliteStatement statement;
+    int result = file.Prepare("INSERT INTO text VALUES (?1, ?2, ?3, ?4)", statement);
+    for (auto text = kDefaultTexts.begin(); text != kDefaultTexts.end() && result == SQLITE_OK;
+         ++text) {
+        const SqliteRun run(statement);
+        run->Bind(1, static_cast<std::int64_t>(text->table));
+        run->Bind(2, static_cast<std::int64_t>(text->kind));
+        run->Bind(3, text->number);
+        run->BindText(4, text->text);
+        const int step = run->Step();
+        result = step == SQLITE_DONE ? SQLITE_OK : step;
+    }
+    return result;
+}
+
+// Makes the store in one transaction, unless another process has just done so. The file isn't in
+// WAL mode yet, so that its header tells a store as soon as there is one.
+int CreateStore(SqliteFile& file, Marks& marks) {
+    bool isEmpty = false;
+    int result = file.Run("BEGIN IMMEDIATE");
+    if (result == SQLITE_OK) {
+        result = Inspect(file, marks, isEmpty);
+    }
+    if (result != SQLITE_OK || !isEmpty) {
+        file.Run("ROLLBACK");
+        return result;
+    }
+    marks = {kApplicationId, kVersion};
+    result = file.Run(fmt::format("{} PRAGMA application_id = {}; PRAGMA user_version = {};",
+                                  kSchema, kApplicationId, kVersion)
+                          .c_str());
+    if (result == SQLITE_OK) {
+        result = WriteDefaultTexts(file);
+    }
+    return result == SQLITE_OK ? file.Run("COMMIT") : result;
+}
+
+// SQLite doesn't always wait by itself for others who have the file open.
+int UseWal(SqliteFile& file) {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(kBusyTimeout);
+    std::string mode;
+    int result = file.ReadText("PRAGMA journal_mode = WAL", mode);
+    while ((result & 0xFF) == SQLITE_BUSY && std::chrono::steady_clock::now() < end) {
+        sqlite3_sleep(10);
+        result = file.ReadText("PRAGMA journal_mode = WAL", mode);
+    }
+    return result;
+}
+
+// Brings an open file to where it can be worked with; `marks` tell what it is.
+int SetUp(SqliteFile& file, Marks& marks) {
+    sqlite3_busy_timeout(file.Handle(), kBusyTimeout);
+    bool isEmpty = false;
+    int result = Inspect(file, marks, isEmpty);
+    if (result == SQLITE_OK && isEmpty) {
+        result = CreateStore(file, marks);
+    }
+    if (result != SQLITE_OK || !IsStore(marks)) {
+        return result;
+    }
+    result = file.Run(kSettings);
+    const bool isReadOnly = sqlite3_db_readonly(file.Handle(), "main") != 0;
+    return result == SQLITE_OK && !isReadOnly ? UseWal(file) : result;
+}
+
+}  // namespace
+
+std::unique_ptr<SqliteFile> OpenStore(const std::string& path, std::string& error) {
+    if (path.empty()) {
+        error = "a store needs the name of a file";
+        return nullptr;
+    }
+    if (!CheckHeader(path, error)) {
+        return nullptr;
+    }
+    auto file = std::make_unique<SqliteFile>();
+    Marks marks;
+    int result = file->Open(FileName(path), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE |
+                                                SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE);
+    if (result == SQLITE_OK) {
+        result = SetUp(*file, marks);
+    }
+    if (result != SQLITE_OK) {
+        error = (result & 0xFF) == SQLITE_BUSY ? StoreError(path, *file, result)
+                                               : NotOpened(path, file->Reason());
+        return nullptr;
+    }
+    if (!IsStore(marks)) {
+        error = Refusal(path, marks);
+        return nullptr;
+    }
+    return file;
+}
+
+std::string StoreError(const std::string& path, const SqliteFile& file, int result) {
+    if ((result & 0xFF) == SQLITE_BUSY) {
+        return path + ": another program is writing to this store";
+    }
+    return fmt::format("{}: {}", path, file.Reason());
+}
+
+}  // namespace orvo

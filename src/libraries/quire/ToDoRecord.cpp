@@ -1,0 +1,132 @@
+// To-do records.
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+
+#include <fmt/format.h>
+
+#include <contracts/Dates.h>
+#include <contracts/RecordStore.h>
+#include <platform/time/CTime.h>
+
+namespace orvo {
+
+namespace {
+
+constexpr int kFirstPriority = 1;
+constexpr int kLastPriority = 5;
+constexpr auto kDescription = static_cast<std::uint8_t>(ToDoField::Description);
+
+long DateOf(const std::optional<CivilTime>& civil) {
+    return civil ? static_cast<long>(std::clamp<std::int64_t>(MomentOfCivil(*civil), 0, kMaxDate))
+                 : kMaxDate;
+}
+
+std::optional<CivilTime> CivilOf(long date) {
+    return date == kMaxDate ? std::nullopt : CivilOfMoment(date);
+}
+
+// A date that reads the same is left alone: it may be one that lies outside a record's range.
+void Replace(std::optional<CivilTime>& civil, long date) {
+    if (DateOf(civil) != date) {
+        civil = CivilOf(date);
+    }
+}
+
+bool IsDate(long date) {
+    return date >= 0 && date <= kMaxDate;
+}
+
+std::string NoDate(long date) {
+    return fmt::format("a date is 0 to {} seconds, not {}", kMaxDate, date);
+}
+
+}  // namespace
+
+long maxDate() {
+    return kMaxDate;
+}
+
+CToDoRecord::CToDoRecord(CToDoTable& table, unsigned short)
+    : CBaseRecord(table, TableKind::ToDo), m_due(kMaxDate), m_completed(kMaxDate) {}
+
+long CToDoRecord::GetDescription(CString& text) const {
+    return GetText(kDescription, text);
+}
+
+long CToDoRecord::SetDescription(const CString& text) {
+    return ChangeText(kDescription, text);
+}
+
+std::string_view CToDoRecord::DescriptionUtf8() const {
+    return m_fields.Get(kDescription);
+}
+
+long CToDoRecord::SetDescriptionUtf8(std::string_view utf8) {
+    return ChangeUtf8(kDescription, utf8);
+}
+
+long CToDoRecord::GetPriority(int& priority) const {
+    priority = m_priority;
+    return 0;
+}
+
+long CToDoRecord::SetPriority(int priority) {
+    if (priority < kFirstPriority || priority > kLastPriority) {
+        return Refuse(fmt::format("a priority is 1 to 5, not {}", priority));
+    }
+    return Change([=](Draft& draft) { draft.row.priority = priority; });
+}
+
+long CToDoRecord::GetDueDate(long& date) const {
+    date = m_due;
+    return 0;
+}
+
+long CToDoRecord::SetDueDate(long date) {
+    if (!IsDate(date)) {
+        return Refuse(NoDate(date));
+    }
+    return Change([=](Draft& draft) { Replace(draft.row.due, date); });
+}
+
+long CToDoRecord::SetCompleted(int state, int markDate) {
+    return Change([=](Draft& draft) {
+        if (state == 0) {
+            draft.row.flags &= ~RowFlag::Completed;
+            draft.row.completed.reset();
+            return;
+        }
+        draft.row.flags |= RowFlag::Completed;
+        if (markDate != 0) {
+            draft.row.completed = CivilOfMoment(CTime::GetCurrentTime().GetTime());
+        }
+    });
+}
+
+long CToDoRecord::GetCompletionDate(long& date) const {
+    date = m_completed;
+    return 0;
+}
+
+long CToDoRecord::SetCompletionDate(long date) {
+    if (!IsDate(date)) {
+        return Refuse(NoDate(date));
+    }
+    return Change([=](Draft& draft) { Replace(draft.row.completed, date); });
+}
+
+void CToDoRecord::ToRow(StoredRow& row) const {
+    CBaseRecord::ToRow(row);
+    row.priority = m_priority;
+    row.due = CivilOf(m_due);
+    row.completed = CivilOf(m_completed);
+}
+
+void CToDoRecord::FromRow(const StoredRow& row) {
+    CBaseRecord::FromRow(row);
+    m_priority = std::clamp(row.priority, kFirstPriority, kLastPriority);
+    m_due = static_cast<std::uint32_t>(DateOf(row.due));
+    m_completed = static_cast<std::uint32_t>(DateOf(row.completed));
+}
+
+}  // namespace orvo

@@ -1,0 +1,169 @@
+// Tests of dates as text by locale and by picture.
+// SPDX-License-Identifier: MIT
+#include <contracts/IntlTime.h>
+
+#include "LocaleTest.h"
+
+namespace orvo {
+namespace {
+
+struct LocaleRow {
+    const char* tag;
+    const char* picture;
+    const char* separator;
+    const char* shortDate;
+    const char* longDate;
+};
+
+// 2026-05-03
+constexpr LocaleRow kLocales[] = {
+    {"en-US", "M/d/yy", "/", "5/3/26", "May 3, 2026"},
+    {"en-GB", "dd/MM/yyyy", "/", "03/05/2026", "3 May 2026"},
+    {"de-DE", "dd.MM.yy", ".", "03.05.26", "3. Mai 2026"},
+    {"sv-SE", "yyyy-MM-dd", "-", "2026-05-03", "3 maj 2026"},
+    {"hr-HR", "dd. MM. yyyy.", ". ", "03. 05. 2026.", "3. svibnja 2026."},
+    {"ko-KR", "yy. M. d.", ". ", "26. 5. 3.", "2026년 5월 3일"},
+    {"es-ES", "d/M/yy", "/", "3/5/26", "3 de mayo de 2026"},
+    {"ar-SA", "d/M/yyyy", "/", "3/5/2026", "3 مايو 2026"},
+    {"th-TH", "d/M/yy", "/", "3/5/26", "3 พฤษภาคม 2026"},
+    {"fa-IR", "yyyy/M/d", "/", "2026/5/3", "3 مهٔ 2026"},
+    {"ja-JP", "yyyy/MM/dd", "/", "2026/05/03", "2026年5月3日"},
+    {"ja-JP-u-ca-japanese", "gg y/M/d", "/", "令和 8/5/3", "令和 8年5月3日"},
+};
+
+class IntlTime : public LocaleTest {};
+
+TEST_F(IntlTime, PicturesSeparatorAndTextAreThoseOfTheLocale) {
+    for (const LocaleRow& row : kLocales) {
+        ASSERT_TRUE(SystemLocale::Set(row.tag, 0));
+        CIntlTime today(CTime::GetCurrentTime());
+
+        EXPECT_EQ(Utf8(today.GetDateFormatA(eShortDate)), row.picture) << row.tag;
+        EXPECT_EQ(Utf8(today.GetDateSeperator()), row.separator) << row.tag;
+        EXPECT_EQ(Utf8(today.FormatDate(eShortDate)), row.shortDate) << row.tag;
+        EXPECT_EQ(Utf8(today.FormatDate(eLongDate)), row.longDate) << row.tag;
+    }
+}
+
+struct PictureRow {
+    const char* why;
+    const char* picture;
+    CivilTime date;
+    const char* text;
+};
+
+constexpr PictureRow kPictures[] = {
+    {"one letter, no padding", "d/M", {2026, 5, 3}, "3/5"},
+    {"two letters, two digits", "MM-dd", {2026, 5, 3}, "05-03"},
+    {"two digits of a year", "yy", {2003, 5, 3}, "03"},
+    {"names of months", "MMM, MMMM", {2026, 9, 3}, "Sep, September"},
+    {"text in quotes", "d'd' M''M", {2026, 5, 3}, "3d 5'5"},
+    {"the last day of an era", "gg y/M/d", {1989, 1, 7}, "昭和 64/1/7"},
+    {"and the first of the next", "gg y/M/d", {1989, 1, 8}, "平成 1/1/8"},
+    {"before all eras", "gg y/M/d", {1868, 9, 7}, " 1868/9/7"},
+    {"an era in another place", "d.M.yy gg", {2019, 5, 1}, "1.5.01 令和"},
+    {"a trail byte is no letter", "ソdゲM", {2026, 5, 3}, "ソ3ゲ5"},
+    {"no field at all", "-", {2026, 5, 3}, "-"},
+    {"empty", "", {2026, 5, 3}, ""},
+};
+
+class PictureOnPage : public LocaleTest, public testing::WithParamInterface<unsigned> {};
+
+TEST_P(PictureOnPage, ItsLettersBecomeTheFieldsOfTheDate) {
+    ASSERT_TRUE(SystemLocale::Set("en-US", GetParam()));
+    for (const PictureRow& row : kPictures) {
+        CIntlTime time(CTime(MomentOfCivil(row.date)));
+        EXPECT_EQ(Utf8(time.FormatDate(FromUtf8(row.picture))), row.text) << row.why;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Pages, PictureOnPage, testing::Values(kUtf8CodePage, kJapaneseCodePage));
+
+TEST_F(IntlTime, AMomentWithoutLocalTimeHasNoText) {
+    CIntlTime beyond(CTime(std::numeric_limits<std::time_t>::max()));
+    EXPECT_EQ(Utf8(beyond.FormatDate(eShortDate)), "");
+}
+
+constexpr const char* kRoundTripLocales[] = {
+    "en-US",
+    "en-GB",
+    "en-CA",
+    "en-ZA",
+    "de",
+    "fr",
+    "fr-CA",
+    "it",
+    "es",
+    "pt-BR",
+    "nl",
+    "da",
+    "nb",
+    "sv",
+    "fi",
+    "is",
+    "pl",
+    "cs",
+    "sk",
+    "sl",
+    "hr",
+    "sr",
+    "bg",
+    "mk",
+    "uk",
+    "ru",
+    "hu",
+    "ro",
+    "el",
+    "tr",
+    "he",
+    "ar",
+    "ar-SA",
+    "fa",
+    "ur",
+    "hi",
+    "bn",
+    "th",
+    "vi",
+    "id",
+    "zh",
+    "zh-TW",
+    "ko",
+    "ja",
+    "kk",
+    "mn",
+    "my",
+    "ja-JP-u-ca-japanese",
+    "eu",
+    "lt",
+    "lv",
+    "et",
+    "en-US-u-ca-japanese",
+    "zh-u-ca-japanese",
+};
+
+TEST_F(IntlTime, AShortDateIsReadAsTheDayItShows) {
+    for (const char* tag : kRoundTripLocales) {
+        ASSERT_TRUE(SystemLocale::Set(tag, 0)) << tag;
+        for (std::int64_t days = DaysOfCivil(1970, 1, 1); days < DaysOfCivil(2038, 1, 1);
+             days += 97) {
+            const CivilTime date = CivilOfDays(days);
+            CIntlTime time(CTime(MomentOfCivil(date)));
+            const CString& picture = time.GetDateFormatA(eShortDate, 0);
+            const CString text = time.FormatDate(picture);
+            int year = -1;
+            int month = -1;
+            int day = -1;
+
+            ASSERT_TRUE(time.ParseDateFromFormat(picture, text, time.GetDateSeperator()[0], year,
+                                                 month, day))
+                << tag << ": " << Utf8(text);
+            ASSERT_EQ(month, date.month) << tag << ": " << Utf8(text);
+            ASSERT_EQ(day, date.day) << tag << ": " << Utf8(text);
+            ASSERT_EQ(year % 100, date.year % 100) << tag << ": " << Utf8(text);
+            ASSERT_TRUE(year < 100 || year == date.year) << tag << ": " << Utf8(text);
+        }
+    }
+}
+
+}  // namespace
+}  // namespace orvo

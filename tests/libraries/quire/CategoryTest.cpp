@@ -1,0 +1,167 @@
+// Tests of the category manager.
+// SPDX-License-Identifier: MIT
+#include <contract/StoreFolder.h>
+#include <memory>
+#include <string>
+#include <support/CodePages.h>
+#include <support/LocaleInForce.h>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <contracts/Category.h>
+#include <platform/io/CArchive.h>
+#include <platform/io/CFile.h>
+#include <platform/text/CodePage.h>
+
+namespace orvo {
+
+using testing::ElementsAre;
+
+namespace {
+
+CString FromUtf8(const char* utf8) {
+    CString text;
+    CodePage::System().FromUtf8(utf8, text.Bytes());
+    return text;
+}
+
+std::unique_ptr<CCategory> Named(const char* utf8) {
+    auto category = std::make_unique<CCategory>();
+    category->SetName(FromUtf8(utf8));
+    return category;
+}
+
+CatError AddTo(CCategoryMgr& manager, const char* name) {
+    auto category = Named(name);
+    const CatError error = manager.Add(category.get());
+    if (error == 0) static_cast<void>(category.release());
+    return error;
+}
+
+}  // namespace
+
+TEST(CategoryMgr, TakesSixteenAndGivesEachTheLowestFreeIndex) {
+    CCategoryMgr manager;
+    manager.Load(1, "stored");
+    manager.Load(16, "nowhere");
+    manager.Load(-1, "nowhere");
+    for (int i = 0; i < 15; ++i) EXPECT_EQ(AddTo(manager, std::to_string(i).c_str()), 0);
+
+    EXPECT_NE(AddTo(manager, "one too many"), 0);
+    EXPECT_EQ(manager.GetCount(), 16);
+    CCategory* found = nullptr;
+    EXPECT_EQ(manager.FindName("0", found), 0);
+    EXPECT_EQ(found->GetIndex(), 0);
+    EXPECT_EQ(manager.FindName("1", found), 0);
+    EXPECT_EQ(found->GetIndex(), 2);
+}
+
+TEST(CategoryMgr, RefusesNothingAnEmptyNameAndATakenOne) {
+    CCategoryMgr manager;
+    ASSERT_EQ(AddTo(manager, "Friends"), 0);
+
+    EXPECT_NE(manager.Add(nullptr), 0);
+    EXPECT_NE(AddTo(manager, ""), 0);
+    EXPECT_NE(AddTo(manager, "fRIENDS"), 0);
+    EXPECT_EQ(AddTo(manager, " "), 0);
+}
+
+TEST(CategoryMgr, LeavesACategoryThatCantBeStoredToTheCaller) {
+    CCategoryMgr manager([](int, const CString&) { return false; });
+    const auto category = Named("Friends");
+
+    EXPECT_NE(manager.Add(category.get()), 0);
+
+    EXPECT_EQ(category->GetIndex(), -1);
+    EXPECT_EQ(manager.GetCount(), 0);
+    CCategory* found = category.get();
+    EXPECT_NE(manager.FindIndex(0, found), 0);
+    EXPECT_EQ(found, nullptr);
+}
+
+TEST(CategoryMgr, NamesMatchByTheirCaseFolding) {
+    struct Row {
+        const char* why;
+        const char* name;
+        const char* asked;
+        bool matches;
+    };
+    const Row rows[] = {
+        {"case doesn't count", "Ärzte", "äRZTE", true},
+        {"a letter that folds to two", "Straße", "STRASSE", true},
+        {"width counts", "Ａ", "A", false},
+        {"full-width case doesn't", "Ａ", "ａ", true},
+        {"accents count", "resume", "résumé", false},
+        {"blanks count", "a", "a ", false},
+    };
+    for (const LocaleCase& locale : kBothCodePages) {
+        const LocaleInForce scoped(locale.tag, locale.codePage);
+        for (const Row& row : rows) {
+            CCategoryMgr manager;
+            CCategory* found = nullptr;
+            ASSERT_EQ(AddTo(manager, row.name), 0);
+            EXPECT_EQ(manager.FindName(FromUtf8(row.asked), found) == 0, row.matches) << row.why;
+            EXPECT_EQ(found != nullptr, row.matches) << row.why;
+        }
+    }
+}
+
+TEST(CategoryMgr, WalksByRisingIndexOverGaps) {
+    CCategoryMgr manager;
+    for (const int index : {9, 2, 15}) manager.Load(index, std::to_string(index).c_str());
+    std::vector<int> walked;
+    CCategory* category = nullptr;
+
+    for (manager.FindFirst(category); category != nullptr; manager.FindNext(category)) {
+        walked.push_back(category->GetIndex());
+    }
+
+    EXPECT_THAT(walked, ElementsAre(2, 9, 15));
+    EXPECT_NE(manager.FindNext(category), 0);
+}
+
+TEST(CategoryMgr, ALoadedNameReplacesTheOldOneAndKeepsTheObject) {
+    CCategoryMgr manager;
+    manager.Load(3, "old");
+    CCategory* before = nullptr;
+    CCategory* after = nullptr;
+    manager.FindIndex(3, before);
+
+    manager.Load(3, "new");
+
+    EXPECT_EQ(manager.FindName("new", after), 0);
+    EXPECT_EQ(after, before);
+    EXPECT_NE(manager.FindName("old", after), 0);
+}
+
+TEST(Category, ComesBackFromAnArchiveAndRefusesAnIndexThatCantBe) {
+    const StoreFolder folder;
+    CCategoryMgr manager;
+    manager.Load(5, "Friends");
+    CCategory* category = nullptr;
+    ASSERT_EQ(manager.FindIndex(5, category), 0);
+    CFile file;
+    ASSERT_NE(file.Open(folder.Path("a").c_str(), CFile::modeCreate | CFile::modeReadWrite), 0);
+    {
+        CArchive archive(&file, CArchive::store);
+        category->Serialize(archive);
+        archive << CString("Family") << 16;
+        archive.Close();
+    }
+    file.Seek(0, CFile::begin);
+    CArchive archive(&file, CArchive::load);
+    CCategory read;
+
+    read.Serialize(archive);
+
+    EXPECT_EQ(read.GetName(), "Friends");
+    EXPECT_EQ(read.GetIndex(), 5);
+    EXPECT_THROW(read.Serialize(archive), CArchiveException);
+    EXPECT_EQ(read.GetName(), "Friends");
+    EXPECT_TRUE(read.IsKindOf(CObject::classCObject));
+    EXPECT_NE(CCategory::classCCategory.CreateObject(), nullptr);
+}
+
+}  // namespace orvo

@@ -1,0 +1,179 @@
+// Tests of what is left after a program dies or the disk is full.
+// SPDX-License-Identifier: MIT
+#include <contract/StoreFolder.h>
+#include <optional>
+#include <signal.h>
+#include <sys/resource.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <contracts/RecordStore.h>
+
+#include "ChildProcess.h"
+#include "RawStore.h"
+
+namespace orvo {
+
+using testing::AnyOf;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+namespace {
+
+// No file of this process may grow beyond `bytes` while it lives.
+class FileSizeLimit {
+public:
+    explicit FileSizeLimit(rlim_t bytes) : m_handler(signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit limit{bytes, m_before.rlim_max};
+        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+    }
+    FileSizeLimit(const FileSizeLimit&) = delete;
+    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+    ~FileSizeLimit() {
+        setrlimit(RLIMIT_FSIZE, &m_before);
+        signal(SIGXFSZ, m_handler);
+    }
+
+private:
+    rlimit m_before{};
+    void (*m_handler)(int);
+};
+
+void ExpectSound(const StoreFolder& folder) {
+    EXPECT_EQ(RawStore(folder.Path()).Run("PRAGMA integrity_check"), "ok");
+    EXPECT_EQ(RawStore(folder.Path()).Run("SELECT count(*) FROM pragma_foreign_key_check"), "0");
+}
+
+}  // namespace
+
+TEST(SqliteCrash, AKilledImportIsThereAsAWholeOrNotAtAll) {
+    constexpr int kRows = 4000;
+    constexpr int kRowsAStep = 500;
+    for (int killedAfter = 1; killedAfter <= 9; ++killedAfter) {
+        const StoreFolder folder;
+        folder.Open().reset();
+        ChildProcess import([&](const Line& parent) {
+            const auto engine = folder.Open();
+            StoreTransaction transaction(*engine);
+            for (int i = 0; i < kRows; ++i) {
+                StoredRow row;
+                if (engine->Insert(TableKind::Address, row, {std::string(2000, 'n'), "source"}) !=
+                    StoreStatus::Ok) {
+                    return 1;
+                }
+                if ((i + 1) % kRowsAStep == 0) parent.Tell();
+            }
+            if (transaction.Commit() != StoreStatus::Ok) return 2;
+            parent.Tell();
+            pause();
+            return 0;
+        });
+        for (int i = 0; i < killedAfter; ++i) ASSERT_TRUE(import.Await());
+        import.Kill();
+        EXPECT_EQ(import.Wait(), -1);
+
+        ExpectSound(folder);
+        const std::int64_t count = folder.Open()->Count(TableKind::Address);
+        if (killedAfter == 9) {
+            EXPECT_EQ(count, kRows) << "the commit was acknowledged";
+        } else {
+            EXPECT_THAT(count, AnyOf(0, kRows));
+        }
+    }
+}
+
+TEST(SqliteCrash, AcknowledgedEditsOutliveAKill) {
+    const StoreFolder folder;
+    std::int64_t id = 0;
+    {
+        const auto engine = folder.Open();
+        CAddressTable table(*engine);
+        CAddressRecord record(table);
+        record.SetUtf8(AddressField::Name, "0");
+        ASSERT_EQ(table.Add(record), 0);
+        id = record.GetId();
+    }
+    int edits = 0;
+    for (const int killedAfter : {1, 2, 5, 17, 40, 150}) {
+        ChildProcess editor([&](const Line& parent) {
+            const auto engine = folder.Open();
+            CAddressTable table(*engine);
+            CAddressRecord record(table);
+            if (table.Find(id, record) != 0) return 1;
+            for (int i = edits + 1;; ++i) {
+                if (record.SetUtf8(AddressField::Name, std::to_string(i)) != 0) return 2;
+                parent.Tell();
+            }
+        });
+        for (int i = 0; i < killedAfter; ++i) ASSERT_TRUE(editor.Await());
+        editor.Kill();
+        int acknowledged = edits + killedAfter;
+        while (editor.Await()) ++acknowledged;
+        EXPECT_EQ(editor.Wait(), -1);
+
+        ExpectSound(folder);
+        const auto engine = folder.Open();
+        CAddressTable table(*engine);
+        CAddressRecord record(table);
+        ASSERT_EQ(table.Find(id, record), 0);
+        edits = std::stoi(std::string(record.Utf8(AddressField::Name)));
+        EXPECT_THAT(edits, AnyOf(acknowledged, acknowledged + 1));
+    }
+}
+
+TEST(SqliteCrash, AFullDiskGetsAClearErrorAndChangesNothing) {
+    const StoreFolder folder;
+    const auto engine = folder.Open();
+    CAddressTable table(*engine);
+    CAddressRecord record(table);
+    CAddressRecord fresh(table);
+    record.SetUtf8(AddressField::Name, "Ito");
+    ASSERT_EQ(table.Add(record), 0);
+    fresh.SetNoteUtf8(std::string(3'000'000, 'n'));
+    {
+        const FileSizeLimit limit(400'000);
+
+        EXPECT_EQ(record.SetUtf8(AddressField::Name, std::string(3'000'000, 'x')),
+                  static_cast<long>(StoreStatus::Failed));
+        EXPECT_EQ(table.Add(fresh), static_cast<long>(StoreStatus::Failed));
+    }
+    EXPECT_THAT(table.LastError(), StartsWith(folder.Path() + ": d"));
+    EXPECT_THAT(table.LastError(), AnyOf(HasSubstr("disk I/O error"), HasSubstr("disk is full")));
+    EXPECT_EQ(record.Utf8(AddressField::Name), "Ito");
+    EXPECT_EQ(fresh.GetId(), 0);
+    EXPECT_FALSE(engine->InTransaction());
+    EXPECT_EQ(table.GetCount(), 1);
+    ExpectSound(folder);
+    EXPECT_EQ(record.SetUtf8(AddressField::City, "Kyoto"), 0) << "with room again it goes on";
+    EXPECT_EQ(table.Add(fresh), 0);
+}
+
+TEST(SqliteCrash, ATransactionThatMeetsAFullDiskKeepsNothing) {
+    const StoreFolder folder;
+    const auto engine = folder.Open();
+    CAddressTable table(*engine);
+    {
+        StoreTransaction transaction(*engine);
+        std::optional<FileSizeLimit> limit(400'000);
+        StoreStatus status = StoreStatus::Ok;
+        for (int i = 0; i < 3000 && status == StoreStatus::Ok; ++i) {
+            StoredRow row;
+            status = engine->Insert(TableKind::Address, row, {std::string(3000, 'n'), ""});
+        }
+        EXPECT_EQ(status, StoreStatus::Failed);
+        limit.reset();
+        StoredRow row;
+        EXPECT_EQ(engine->Insert(TableKind::Address, row, {}), StoreStatus::Failed)
+            << "nothing slips out of a transaction that was dropped";
+        EXPECT_EQ(transaction.Commit(), StoreStatus::Failed);
+    }
+    EXPECT_FALSE(engine->InTransaction());
+    EXPECT_EQ(table.GetCount(), 0);
+    ExpectSound(folder);
+    CAddressRecord record(table);
+    EXPECT_EQ(table.Add(record), 0);
+}
+
+}  // namespace orvo

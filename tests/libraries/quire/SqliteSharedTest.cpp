@@ -1,0 +1,158 @@
+// Tests of a store file that several programs have open.
+// SPDX-License-Identifier: MIT
+#include <contract/StoreFolder.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <contracts/RecordStore.h>
+
+#include "RawStore.h"
+
+namespace orvo {
+
+namespace {
+
+class SqliteShared : public testing::Test {
+protected:
+    StoreFolder folder;
+    std::unique_ptr<SqliteEngine> engine = folder.Open();
+    std::unique_ptr<SqliteEngine> other = folder.Open();
+    CAddressTable table{*engine};
+    CAddressTable otherTable{*other};
+};
+
+}  // namespace
+
+TEST_F(SqliteShared, AWriteWhileAnotherWritesIsBusyAndChangesNothing) {
+    CAddressRecord record(table);
+    CAddressRecord fresh(table);
+    record.SetUtf8(AddressField::Name, "Ito");
+    ASSERT_EQ(table.Add(record), 0);
+    engine->SetBusyTimeout(0);
+    ASSERT_EQ(other->Begin(), StoreStatus::Ok);
+    constexpr long kBusy = static_cast<long>(StoreStatus::Busy);
+
+    EXPECT_EQ(record.SetUtf8(AddressField::Name, "Sato"), kBusy);
+    EXPECT_EQ(table.LastError(), folder.Path() + ": another program is writing to this store");
+    EXPECT_EQ(table.Add(fresh), kBusy);
+    EXPECT_EQ(table.Remove(record), kBusy);
+    EXPECT_EQ(table.SetPhoneLabel(0, "Cell"), kBusy);
+    EXPECT_EQ(engine->Begin(), StoreStatus::Busy);
+    EXPECT_FALSE(engine->InTransaction());
+
+    EXPECT_EQ(record.Utf8(AddressField::Name), "Ito");
+    EXPECT_EQ(fresh.GetId(), 0);
+    EXPECT_EQ(table.GetPhoneLabel(0), "Mobile");
+    EXPECT_EQ(table.GetCount(), 1) << "reading goes on";
+    other->Rollback();
+    EXPECT_EQ(record.SetUtf8(AddressField::Name, "Sato"), 0);
+}
+
+TEST_F(SqliteShared, AWalkLeftStandingIsNoObstacleToAnyWriter) {
+    CAddressRecord record(table);
+    ASSERT_EQ(engine->Begin(), StoreStatus::Ok);
+    for (int i = 0; i < 1000; ++i) {
+        StoredRow row;
+        ASSERT_EQ(engine->Insert(TableKind::Address, row, {}), StoreStatus::Ok);
+    }
+    ASSERT_EQ(engine->Commit(), StoreStatus::Ok);
+    CAddressIterator iterator(table);
+    ASSERT_EQ(iterator.FindFirst(record), 0);
+
+    StoredRow row;
+    EXPECT_EQ(other->Insert(TableKind::Address, row, {}), StoreStatus::Ok);
+    EXPECT_EQ(record.SetPrivate(1), 0) << table.LastError();
+    EXPECT_EQ(RawStore(folder.Path()).Run("PRAGMA wal_checkpoint(TRUNCATE)"), "0");
+    int count = 1;
+    while (iterator.FindNext(record) == 0) ++count;
+    EXPECT_EQ(count, 1001);
+}
+
+TEST_F(SqliteShared, AForeignChangeIsTakenOnceAndBringsTheTexts) {
+    EXPECT_FALSE(table.TakeForeignChange());
+    ASSERT_EQ(table.SetPhoneLabel(0, "Cell"), 0);
+    EXPECT_FALSE(table.TakeForeignChange()) << "an own change is not foreign";
+
+    auto* category = new CCategory;
+    category->SetName("Friends");
+    ASSERT_EQ(otherTable.GetCategoryManager()->Add(category), 0);
+    ASSERT_EQ(otherTable.SetCustomLabel(1, "Birthday"), 0);
+
+    EXPECT_TRUE(table.TakeForeignChange());
+    EXPECT_FALSE(table.TakeForeignChange());
+    EXPECT_EQ(table.GetCustomLabel(1), "Birthday");
+    CCategory* found = nullptr;
+    EXPECT_EQ(table.GetCategoryManager()->FindName("Friends", found), 0);
+    EXPECT_TRUE(otherTable.TakeForeignChange());
+    EXPECT_EQ(otherTable.GetPhoneLabel(0), "Cell");
+}
+
+TEST_F(SqliteShared, FieldsChangedByTwoProgramsAreBothKept) {
+    CAddressRecord mine(table);
+    ASSERT_EQ(table.Add(mine), 0);
+    CAddressRecord theirs(otherTable);
+    ASSERT_EQ(otherTable.Find(mine.GetId(), theirs), 0);
+
+    EXPECT_EQ(theirs.SetUtf8(AddressField::City, "Kyoto"), 0);
+    EXPECT_EQ(mine.SetUtf8(AddressField::Name, "Ito"), 0);
+
+    EXPECT_EQ(mine.Utf8(AddressField::City), "Kyoto");
+}
+
+TEST_F(SqliteShared, ADamagedDateIsToldAndStaysInTheStore) {
+    CToDoTable todos(*engine);
+    CToDoRecord todo(todos);
+    ASSERT_EQ(todos.Add(todo), 0);
+    RawStore(folder.Path()).Run("UPDATE todo SET due = 'soon'");
+    CToDoRecord found(todos);
+
+    EXPECT_EQ(todos.Find(todo.GetId(), found), static_cast<long>(StoreStatus::Failed));
+    EXPECT_EQ(todos.LastError(), folder.Path() + ": to-do 1 is damaged");
+    EXPECT_EQ(todo.SetPriority(5), static_cast<long>(StoreStatus::Failed));
+    EXPECT_EQ(RawStore(folder.Path()).Run("SELECT due FROM todo"), "soon");
+}
+
+TEST_F(SqliteShared, ARowWhoseNoteCantBeWrittenIsNotWrittenEither) {
+    CAddressRecord before(table);
+    before.SetUtf8(AddressField::Name, "Ito");
+    ASSERT_EQ(table.Add(before), 0);
+    RawStore(folder.Path())
+        .Run(
+            "CREATE TRIGGER no_notes BEFORE INSERT ON address_extra "
+            "BEGIN SELECT RAISE(ABORT, 'no notes today'); END");
+    constexpr long kFailed = static_cast<long>(StoreStatus::Failed);
+    for (const bool inTransaction : {false, true}) {
+        EXPECT_EQ(inTransaction ? engine->Begin() : StoreStatus::Ok, StoreStatus::Ok);
+        CAddressRecord record(table);
+        record.SetNoteUtf8("a note");
+
+        EXPECT_EQ(table.Add(record), kFailed);
+        EXPECT_EQ(table.LastError(), folder.Path() + ": no notes today");
+        EXPECT_EQ(before.SetNoteUtf8("a note"), kFailed);
+
+        EXPECT_FALSE(before.IsNote());
+        CAddressRecord stored(table);
+        EXPECT_EQ(table.Find(before.GetId(), stored), 0);
+        EXPECT_FALSE(stored.IsNote());
+        EXPECT_EQ(table.GetCount(), 1);
+    }
+    EXPECT_EQ(before.SetPrivate(1), 0);
+    EXPECT_EQ(engine->Commit(), StoreStatus::Ok) << "the rest of the transaction is kept";
+    EXPECT_EQ(otherTable.GetCount(), 1);
+}
+
+TEST_F(SqliteShared, NotesGoWithTheirRecordAndEmptyOnesTakeNoRow) {
+    CAddressRecord record(table);
+    record.SetNoteUtf8("a note");
+    ASSERT_EQ(table.Add(record), 0);
+    RawStore raw(folder.Path());
+    EXPECT_EQ(raw.Run("SELECT count(*) FROM address_extra"), "1");
+    EXPECT_EQ(record.SetNoteUtf8(""), 0);
+    EXPECT_EQ(raw.Run("SELECT count(*) FROM address_extra"), "0");
+    EXPECT_EQ(record.SetSource("a source"), 0);
+    EXPECT_EQ(table.Remove(record), 0);
+    EXPECT_EQ(raw.Run("SELECT count(*) FROM address_extra"), "0");
+}
+
+}  // namespace orvo

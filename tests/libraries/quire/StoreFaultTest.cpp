@@ -1,0 +1,132 @@
+// Tests of what a fault of the engine leaves behind.
+// SPDX-License-Identifier: MIT
+#include <contract/FaultyEngine.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <contracts/RecordStore.h>
+#include <libraries/quire/MemoryEngine.h>
+
+namespace orvo {
+
+using testing::ElementsAre;
+using Op = FaultyEngine::Op;
+
+namespace {
+
+constexpr long kFailed = static_cast<long>(StoreStatus::Failed);
+
+class StoreFault : public testing::Test {
+protected:
+    StoreFault() {
+        record.SetUtf8(AddressField::Name, "Ito");
+        record.SetNoteUtf8("a note");
+        EXPECT_EQ(table.Add(record), 0);
+        table.SetListener([this](const RecordChange&) { ++told; });
+    }
+
+    void ExpectAsItWas() {
+        CAddressRecord stored(table);
+        ASSERT_EQ(table.Find(record.GetId(), stored), 0);
+        for (const CAddressRecord* each : {&record, &stored}) {
+            std::string note;
+            int category = -1;
+            EXPECT_EQ(each->Utf8(AddressField::Name), "Ito");
+            EXPECT_EQ(each->GetNoteUtf8(note), 0);
+            EXPECT_EQ(note, "a note");
+            EXPECT_TRUE(each->IsNote());
+            EXPECT_FALSE(each->IsDeleted());
+            EXPECT_EQ(each->GetCategoryId(category), 0);
+            EXPECT_EQ(category, 0);
+        }
+        EXPECT_EQ(told, 0);
+        EXPECT_FALSE(memory.InTransaction());
+    }
+
+    MemoryEngine memory;
+    FaultyEngine engine{memory};
+    CAddressTable table{engine};
+    CAddressRecord record{table};
+    int told = 0;
+};
+
+}  // namespace
+
+TEST_F(StoreFault, AnySetterThatFailsLeavesRecordAndStore) {
+    for (const Op op : {Op::Begin, Op::Read, Op::Update, Op::Commit}) {
+        const auto expectFailure = [&](auto&& change) {
+            engine.FailNext(op, "disk is full");
+            EXPECT_EQ(change(), kFailed) << static_cast<int>(op);
+            EXPECT_EQ(table.LastError(), "disk is full");
+            ExpectAsItWas();
+        };
+        expectFailure([&] { return record.SetUtf8(AddressField::Name, "Sato"); });
+        expectFailure([&] { return record.SetCategoryId(4); });
+        expectFailure([&] { return record.SetNoteUtf8(""); });
+        expectFailure([&] { return record.SetSource("x"); });
+        expectFailure([&] { return table.Delete(record); });
+    }
+}
+
+TEST_F(StoreFault, ANoteThatCantBeReadIsNotGivenAsEmpty) {
+    engine.FailNext(Op::ReadExtra, "bad sector");
+    CString note("as it was");
+    EXPECT_EQ(record.GetNote(note), kFailed);
+    EXPECT_EQ(note, "as it was");
+    engine.FailNext(Op::ReadExtra, "bad sector");
+    EXPECT_EQ(record.SetSource("x"), kFailed);
+    engine.FailNext(Op::ReadExtra, "bad sector");
+    EXPECT_EQ(table.Remove(record), kFailed);
+    ExpectAsItWas();
+}
+
+TEST_F(StoreFault, ARecordThatCantBeAddedStaysNew) {
+    CAddressRecord fresh(table);
+    fresh.SetNoteUtf8("to keep");
+    engine.FailNext(Op::Insert, "disk is full");
+
+    EXPECT_EQ(table.Add(fresh), kFailed);
+
+    std::string note;
+    EXPECT_EQ(fresh.GetId(), 0);
+    EXPECT_EQ(fresh.GetNoteUtf8(note), 0);
+    EXPECT_EQ(note, "to keep");
+    EXPECT_EQ(table.GetCount(), 1);
+    EXPECT_EQ(table.Add(fresh), 0);
+    EXPECT_EQ(fresh.GetNoteUtf8(note), 0);
+    EXPECT_EQ(note, "to keep");
+}
+
+TEST_F(StoreFault, ARecordThatCantBeRemovedKeepsItsId) {
+    engine.FailNext(Op::Remove, "disk is full");
+    EXPECT_EQ(table.Remove(record), kFailed);
+    EXPECT_NE(record.GetId(), 0);
+    ExpectAsItWas();
+}
+
+TEST_F(StoreFault, ALabelOrCategoryThatCantBeWrittenIsNotShown) {
+    engine.FailNext(Op::WriteText, "disk is full");
+    EXPECT_EQ(table.SetPhoneLabel(0, "Cell"), kFailed);
+    EXPECT_EQ(table.GetPhoneLabel(0), "Mobile");
+    engine.FailNext(Op::WriteText, "disk is full");
+    EXPECT_EQ(table.SetPhoneLabel(8, "Boat"), kFailed);
+    EXPECT_EQ(table.GetPhoneLabelCount(), 8);
+    engine.FailNext(Op::WriteText, "disk is full");
+    CCategory category;
+    category.SetName("Friends");
+    EXPECT_NE(table.GetCategoryManager()->Add(&category), 0);
+    EXPECT_EQ(table.GetCategoryManager()->GetCount(), 1);
+    EXPECT_EQ(told, 0);
+}
+
+TEST_F(StoreFault, AWalkThatCantBeginIsOver) {
+    CAddressRecord other(table);
+    CAddressIterator iterator(table);
+    engine.FailNext(Op::Walk, "bad sector");
+    EXPECT_EQ(iterator.FindFirst(other), kFailed);
+    EXPECT_NE(iterator.FindNext(other), 0);
+    EXPECT_EQ(iterator.FindFirst(other), 0);
+}
+
+}  // namespace orvo
