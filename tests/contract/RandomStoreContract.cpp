@@ -1,8 +1,9 @@
 // Random operations on every engine against a plain model.
 // SPDX-License-Identifier: MIT
-#include <contract/RecordStoreContract.h>
 #include <map>
 #include <random>
+
+#include <contract/RecordStoreContract.h>
 
 namespace orvo {
 

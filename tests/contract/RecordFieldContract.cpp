@@ -1,12 +1,11 @@
 // What every record store keeps to: the fields of records.
 // SPDX-License-Identifier: MIT
-#include <contract/RecordStoreContract.h>
-#include <support/CodePages.h>
-#include <support/LocaleInForce.h>
-
 #include <gmock/gmock.h>
 
+#include <contract/RecordStoreContract.h>
 #include <platform/time/CTime.h>
+#include <support/CodePages.h>
+#include <support/LocaleInForce.h>
 
 namespace orvo {
 

@@ -1,8 +1,8 @@
 // What every record store keeps to: records, tables and iterators.
 // SPDX-License-Identifier: MIT
-#include <contract/RecordStoreContract.h>
-
 #include <gmock/gmock.h>
+
+#include <contract/RecordStoreContract.h>
 
 namespace orvo {
 

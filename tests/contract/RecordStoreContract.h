@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <contract/StoreFolder.h>
 #include <cstdlib>
 #include <memory>
 #include <string>
@@ -10,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <contract/StoreFolder.h>
 #include <contracts/RecordStore.h>
 #include <libraries/quire/MemoryEngine.h>
 #include <libraries/quire/SqliteEngine.h>

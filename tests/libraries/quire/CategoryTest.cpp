@@ -1,19 +1,19 @@
 // Tests of the category manager.
 // SPDX-License-Identifier: MIT
-#include <contract/StoreFolder.h>
 #include <memory>
 #include <string>
-#include <support/CodePages.h>
-#include <support/LocaleInForce.h>
 #include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <contract/StoreFolder.h>
 #include <contracts/Category.h>
 #include <platform/io/CArchive.h>
 #include <platform/io/CFile.h>
 #include <platform/text/CodePage.h>
+#include <support/CodePages.h>
+#include <support/LocaleInForce.h>
 
 namespace orvo {
 

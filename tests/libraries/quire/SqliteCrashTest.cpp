@@ -1,6 +1,5 @@
 // Tests of what is left after a program dies or the disk is full.
 // SPDX-License-Identifier: MIT
-#include <contract/StoreFolder.h>
 #include <optional>
 #include <signal.h>
 #include <sys/resource.h>
@@ -8,6 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <contract/StoreFolder.h>
 #include <contracts/RecordStore.h>
 
 #include "ChildProcess.h"

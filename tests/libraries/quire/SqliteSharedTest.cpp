@@ -1,10 +1,9 @@
 // Tests of a store file that several programs have open.
 // SPDX-License-Identifier: MIT
-#include <contract/StoreFolder.h>
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <contract/StoreFolder.h>
 #include <contracts/RecordStore.h>
 
 #include "RawStore.h"

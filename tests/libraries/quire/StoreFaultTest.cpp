@@ -1,10 +1,9 @@
 // Tests of what a fault of the engine leaves behind.
 // SPDX-License-Identifier: MIT
-#include <contract/FaultyEngine.h>
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <contract/FaultyEngine.h>
 #include <contracts/RecordStore.h>
 #include <libraries/quire/MemoryEngine.h>
 

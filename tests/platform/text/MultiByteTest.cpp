@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
-#include <support/LocaleInForce.h>
 #include <platform/text/MultiByte.h>
+#include <support/LocaleInForce.h>
 
 namespace orvo {
 
