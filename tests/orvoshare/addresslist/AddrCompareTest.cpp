@@ -1,0 +1,204 @@
+// The one ordering of addresses.
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <array>
+#include <random>
+
+#include <gtest/gtest.h>
+
+#include <orvoshare/addresslist/AddrCompare.h>
+#include <orvoshare/addresslist/AddressOrder.h>
+#include <support/AddressFixture.h>
+#include <support/CodePages.h>
+#include <support/LocaleInForce.h>
+
+namespace orvo {
+namespace {
+
+using enum AddressField;
+using Record = std::unique_ptr<CAddressRecord>;
+using Compare = int (*)(long, long, long);
+
+long Pointer(const Record& record) {
+    return reinterpret_cast<long>(record.get());
+}
+int Sign(int value) {
+    return (value > 0) - (value < 0);
+}
+
+// Both ways round: swapping the records must turn the result.
+int CompareBothWays(Compare compare, const Record& a, const Record& b, long listBy) {
+    const int result = compare(Pointer(a), Pointer(b), listBy);
+    EXPECT_EQ(compare(Pointer(b), Pointer(a), listBy), -result);
+    EXPECT_EQ(compare(Pointer(a), Pointer(a), listBy), 0);
+    return Sign(result);
+}
+
+class AddressOrdering : public testing::TestWithParam<LocaleCase> {
+protected:
+    LocaleInForce locale{GetParam().tag, GetParam().codePage};
+    AddressFixture addresses;
+};
+INSTANTIATE_TEST_SUITE_P(BothCodePages, AddressOrdering, testing::ValuesIn(kBothCodePages));
+
+TEST_P(AddressOrdering, TheEnglishFormComparesFilledFieldsByPosition) {
+    struct Person {
+        const char* name;
+        const char* first;
+        const char* company;
+    };
+    struct Row {
+        const char* why;
+        Person a;
+        Person b;
+        long listBy;
+        int want;
+    };
+    constexpr Row kRows[] = {
+        {"Ann meets Acme", {"Smith", "Ann", ""}, {"Smith", "", "Acme"}, 1, 1},
+        {"Zeta meets Adams", {"", "", "Zeta"}, {"Adams", "", ""}, 1, 1},
+        {"no keys go first", {"", "", ""}, {"Adams", "", ""}, 1, -1},
+        {"two without keys are equal", {"", "", ""}, {"", "", ""}, 1, 0},
+        {"fewer keys go first", {"Smith", "", ""}, {"Smith", "Ann", ""}, 1, -1},
+        {"all equal", {"Smith", "Ann", "Acme"}, {"Smith", "Ann", "Acme"}, 1, 0},
+        {"the company decides last", {"Smith", "Ann", ""}, {"Smith", "Ann", "Acme"}, 1, -1},
+        {"one key each, and it is equal", {"Ann", "", ""}, {"", "Ann", ""}, 1, 0},
+        {"by company", {"Brown", "", "Acme"}, {"Adams", "", "Zeta"}, 0, -1},
+        {"a name among the companies", {"Brown", "", ""}, {"Adams", "", "Acme"}, 0, 1},
+        {"-1 lists by name", {"Brown", "", "Acme"}, {"Adams", "", "Zeta"}, -1, 1},
+        {"blanks are a key, and a low one", {"  ", "Bob", ""}, {"", "Ann", ""}, 1, -1},
+        {"leading blanks don't count", {" \tAnn", "", ""}, {"Ann", "", ""}, 1, 0},
+        {"trailing blanks do", {"Ann ", "", ""}, {"Ann", "", ""}, 1, 1},
+        {"case counts", {"ann", "", ""}, {"Ann", "", ""}, 1, -1},
+        {"a hyphen is a symbol", {"co-op", "", ""}, {"coop", "", ""}, 1, -1},
+        {"an apostrophe is a symbol", {"O'Neil", "", ""}, {"ONeil", "", ""}, 1, -1},
+    };
+    for (const Row& row : kRows) {
+        const auto make = [&](const Person& person) {
+            return addresses.Make(
+                {{Name, person.name}, {First, person.first}, {Company, person.company}});
+        };
+        EXPECT_EQ(CompareBothWays(AddrCompareFuncEnglish, make(row.a), make(row.b), row.listBy),
+                  row.want)
+            << row.why;
+    }
+}
+
+TEST_P(AddressOrdering, TheJapaneseFormPutsTheReadingBeforeTheText) {
+    struct Person {
+        const char* nameYomi;
+        const char* name;
+        const char* firstYomi;
+        const char* first;
+    };
+    struct Row {
+        const char* why;
+        Person a;
+        Person b;
+        int want;
+    };
+    constexpr Row kRows[] = {
+        {"all equal", {"か", "加", "", ""}, {"か", "加", "", ""}, 0},
+        {"equal readings: the text decides", {"ka", "K", "", ""}, {"ka", "L", "", ""}, -1},
+        {"a reading meets a text", {"ka", "K", "mi", "M"}, {"ka", "K", "", "Z"}, -1},
+        {"a text meets a reading", {"", "Z", "", ""}, {"ka", "K", "", ""}, 1},
+        {"a first name moves up", {"", "", "mi", "M"}, {"ka", "K", "mi", "M"}, 1},
+        {"kana go by their order", {"あべ", "阿部", "", ""}, {"わだ", "和田", "", ""}, -1},
+    };
+    for (const Row& row : kRows) {
+        const auto make = [&](const Person& person) {
+            return addresses.Make({{NameYomi, person.nameYomi},
+                                   {Name, person.name},
+                                   {FirstYomi, person.firstYomi},
+                                   {First, person.first}});
+        };
+        EXPECT_EQ(CompareBothWays(AddrCompareFuncJapanese, make(row.a), make(row.b), 1), row.want)
+            << row.why;
+    }
+}
+
+TEST_P(AddressOrdering, TheCodePageChoosesTheForm) {
+    const auto a = addresses.Make({{Name, "Z"}, {NameYomi, "a"}});
+    const auto b = addresses.Make({{Name, "K"}, {NameYomi, "k"}});
+    EXPECT_EQ(Sign(AddrCompareFunc(Pointer(a), Pointer(b), 1)), GetACP() == 932 ? -1 : 1);
+}
+
+// Texts that meet every rule: empty, blank, long, tabbed, accented, kana, kanji and characters that
+// no code page of one or two bytes has.
+std::string RandomText(std::mt19937& random) {
+    constexpr std::array<const char*, 26> kPieces{"a", "A",  "b",  "é",  "e", "ß",  "ss", "-",  "'",
+                                                  " ", "か", "が", "カ", "ｶ", "ー", "山", "田", "Ł",
+                                                  "😀", "\t", "\r", "ö",  "o", "Ａ", "っ", "つ"};
+    std::uniform_int_distribution<std::size_t> piece(0, kPieces.size() - 1);
+    std::uniform_int_distribution<int> length(0, 4);
+    std::string text;
+    for (int i = length(random); i > 0; --i) text += kPieces[piece(random)];
+    if (!text.empty() && random() % 50 == 0) text.insert(0, 254, 'x');
+    return text;
+}
+
+AddressRecords RandomRecords(AddressFixture& addresses, std::mt19937& random, int count) {
+    AddressRecords records;
+    for (int i = 0; i < count; ++i) {
+        records.push_back(addresses.Make({{Name, RandomText(random)},
+                                          {First, RandomText(random)},
+                                          {Company, RandomText(random)},
+                                          {NameYomi, RandomText(random)},
+                                          {FirstYomi, RandomText(random)},
+                                          {CompanyYomi, RandomText(random)}}));
+    }
+    return records;
+}
+
+constexpr LocaleCase kKeyLocales[] = {
+    {"en-US", 65001}, {"ja-JP", 932}, {"ja-JP", 65001}, {"de-DE", 1252}, {"en-US", 932}};
+
+TEST(AddressSortKey, GivesTheOrderOfTheCompareFunction) {
+    struct Form {
+        Compare compare;
+        AddrSortKeys::Form keys;
+    };
+    constexpr Form kForms[] = {{AddrCompareFuncEnglish, AddrSortKeys::Form::English},
+                               {AddrCompareFuncJapanese, AddrSortKeys::Form::Japanese}};
+    std::mt19937 random(7);
+    for (const LocaleCase& locale : kKeyLocales) {
+        const LocaleInForce scope(locale.tag, locale.codePage);
+        AddressFixture addresses;
+        const AddressRecords records = RandomRecords(addresses, random, 120);
+        for (const Form& form : kForms) {
+            for (const long listBy : {kListByCompany, kListByName}) {
+                AddrSortKeys maker(form.keys, listBy);
+                std::vector<std::string> keys(records.size());
+                for (std::size_t i = 0; i < records.size(); ++i) {
+                    maker.AppendPart(*records[i], 0, keys[i]);
+                    maker.AppendPart(*records[i], 1, keys[i]);
+                }
+                for (std::size_t i = 0; i < records.size(); ++i) {
+                    for (std::size_t j = 0; j < i; ++j) {
+                        ASSERT_EQ(
+                            Sign(keys[i].compare(keys[j])),
+                            Sign(form.compare(Pointer(records[i]), Pointer(records[j]), listBy)))
+                            << locale.tag << ' ' << locale.codePage << " rows " << i << ", " << j;
+                    }
+                }
+            }
+        }
+    }
+}
+
+TEST_P(AddressOrdering, SortingManyAtOnceIsTheStableSortByTheCompareFunction) {
+    std::mt19937 random(11);
+    AddressRecords records = RandomRecords(addresses, random, 500);
+    std::vector<CAddressRecord*> want;
+    for (const auto& record : records) want.push_back(record.get());
+    std::stable_sort(want.begin(), want.end(), [](CAddressRecord* a, CAddressRecord* b) {
+        return AddrCompareFunc(reinterpret_cast<long>(a), reinterpret_cast<long>(b), 1) < 0;
+    });
+
+    SortAddresses(records, kListByName);
+
+    for (std::size_t row = 0; row < want.size(); ++row) ASSERT_EQ(records[row].get(), want[row]);
+}
+
+}  // namespace
+}  // namespace orvo

@@ -1,0 +1,130 @@
+// The one-line texts that name a person.
+// SPDX-License-Identifier: MIT
+#include <gmock/gmock.h>
+
+#include <orvoshare/text/NameText.h>
+#include <platform/text/CodePage.h>
+#include <support/AddressFixture.h>
+#include <support/CodePages.h>
+#include <support/LocaleInForce.h>
+
+namespace orvo {
+namespace {
+
+using enum AddressField;
+
+CString FromUtf8(std::string_view utf8) {
+    CString text;
+    CodePage::System().FromUtf8(utf8, text.Bytes());
+    return text;
+}
+
+class NameText : public testing::TestWithParam<LocaleCase> {
+protected:
+    LocaleInForce locale{GetParam().tag, GetParam().codePage};
+    AddressFixture addresses;
+};
+INSTANTIATE_TEST_SUITE_P(BothCodePages, NameText, testing::ValuesIn(kBothCodePages));
+
+TEST_P(NameText, LeadingSpacesGoAndTheFirstReturnOrTabCuts) {
+    struct Row {
+        const char* why;
+        const char* in;
+        const char* want;
+    };
+    constexpr Row kRows[] = {
+        {"blank, return, feed and tab go from the start", "  \r\n\tone\ttwo", "one"},
+        {"a line feed doesn't cut", "one\ntwo", "one\ntwo"},
+        {"a return cuts", "one\r\ntwo", "one"},
+        {"nothing but white space is empty", " \t\r\n ", ""},
+        {"blanks inside stay", "one two ", "one two "},
+        {"a wide blank is a character", "　一", "　一"},
+    };
+    for (const Row& row : kRows) {
+        const CString source = FromUtf8(row.in);
+        EXPECT_EQ(RemoveLeadingSpaces(source), FromUtf8(row.want)) << row.why;
+    }
+}
+
+TEST_P(NameText, ALongTextIsCutAt256BytesWithoutSplittingACharacter) {
+    EXPECT_EQ(RemoveLeadingSpaces(CString('x', 300)).GetLength(), 256);
+
+    const CString wide = FromUtf8("漢");
+    const CString split = CString('x', 255) + wide + "tail";
+    EXPECT_EQ(RemoveLeadingSpaces(split).GetLength(), 255);
+
+    const CString whole = CString('x', 256 - wide.GetLength()) + wide + "tail";
+    EXPECT_EQ(RemoveLeadingSpaces(whole).GetLength(), 256);
+}
+
+TEST_P(NameText, EachTabBecomesFourBlanks) {
+    CString text("abc\td\t");
+    RemoveTabs(text);
+    EXPECT_EQ(text, "abc    d    ");
+}
+
+TEST_P(NameText, LinesAreAddedInOrderAndAnEmptyOneBetweenTwoCounts) {
+    CStringArray lines;
+    lines.Add("before");
+    AppendLines("", lines);
+    AppendLines("one\r\n\r\ntwo\n", lines);
+
+    ASSERT_EQ(lines.GetSize(), 4);
+    EXPECT_EQ(lines[1], "one");
+    EXPECT_EQ(lines[2], "");
+    EXPECT_EQ(lines[3], "two");
+}
+
+struct NameRow {
+    const char* why;
+    const char* name;
+    const char* first;
+    const char* company;
+    const char* english;  // FormatName where the given name stands first
+    const char* japanese;
+    const char* englishColumn;  // GetFormattedName
+};
+constexpr NameRow kNames[] = {
+    {"both names", "Lee", "Ann", "Acme", "Lee, Ann", "Lee Ann", "Lee, Ann"},
+    {"no separator for an empty part", "", "Ann", "Acme", "Ann", "Ann", "Ann"},
+    {"the company stands in for a missing name", "", "", "Acme\nInc", "Acme", "Acme", ""},
+    {"nothing at all", "", "", "", "", "", ""},
+    {"only the first line counts", "Lee\r\nMiller", "Ann\nMary", "", "Lee, Ann", "Lee Ann",
+     "Lee, Ann\nMary"},
+    {"tabs become blanks in a row, and cut in the column", "Lee\tX", "", "", "Lee    X", "Lee    X",
+     "Lee"},
+    {"kanji", "山田", "太郎", "", "山田, 太郎", "山田 太郎", "山田, 太郎"},
+};
+
+TEST_P(NameText, ARowIsNamedByThePersonElseByTheCompany) {
+    for (const NameRow& row : kNames) {
+        const auto record =
+            addresses.Make({{Name, row.name}, {First, row.first}, {Company, row.company}});
+        CString result("old");
+        FormatName(record.get(), result);
+        EXPECT_EQ(result, FromUtf8(GetACP() == 932 ? row.japanese : row.english)) << row.why;
+    }
+}
+
+TEST(NameColumn, NamesThePersonAloneAndSaysUnnamedOnlyWhenAsked) {
+    const LocaleInForce locale("en-US");
+    AddressFixture addresses;
+    for (const NameRow& row : kNames) {
+        const auto record =
+            addresses.Make({{Name, row.name}, {First, row.first}, {Company, row.company}});
+        CString result("old");
+        GetFormattedName(record.get(), result, 0);
+        EXPECT_EQ(result, row.englishColumn) << row.why;
+
+        const bool named = !result.IsEmpty();
+        GetFormattedName(record.get(), result, 1);
+        EXPECT_EQ(result, named ? row.englishColumn : "-Unnamed-") << row.why;
+    }
+    const auto blanks = addresses.Make({{Name, "  "}, {First, " Ann"}});
+    CString result;
+    GetFormattedName(blanks.get(), result, 1);
+    EXPECT_EQ(result, "Ann") << "a name of blanks counts as empty";
+}
+
+}  // namespace
+}  // namespace orvo
