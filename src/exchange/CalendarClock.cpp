@@ -1,0 +1,206 @@
+// The dates of calendar files.
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <array>
+#include <vector>
+
+#include <libical/ical.h>
+
+#include <exchange/CalendarClock.h>
+#include <exchange/EntryReader.h>
+#include <platform/time/TimeZone.h>
+
+namespace orvo {
+namespace {
+
+constexpr std::size_t kLongestDate = 40;
+constexpr std::size_t kLongestZoneName = 255;
+constexpr std::size_t kLargestZone = 1u << 16;
+constexpr std::size_t kKnownCalendars = 500;
+// Beyond them no record takes a date, whatever the zone.
+constexpr int kFirstYear = 1969;
+constexpr int kLastYear = 2039;
+
+struct FreeComponent {
+    void operator()(icalcomponent* component) const { icalcomponent_free(component); }
+};
+using Component = std::unique_ptr<icalcomponent, FreeComponent>;
+
+// Rules of other kinds can stand for millions of changes a year, all of which would be worked out.
+bool IsYearlyRule(std::string_view rule) {
+    constexpr std::array<std::string_view, 5> keys{"COUNT", "UNTIL", "BYMONTH", "BYDAY",
+                                                   "BYMONTHDAY"};
+    ParameterWalk walk(rule);
+    Parameter part;
+    while (walk.Next(part)) {
+        if (EqualsIgnoringCase(part.name, "FREQ")) {
+            if (!EqualsIgnoringCase(part.value, "YEARLY")) return false;
+        } else if (EqualsIgnoringCase(part.name, "INTERVAL")) {
+            if (part.value != "1") return false;
+        } else if (EqualsIgnoringCase(part.name, "WKST")) {
+            continue;
+        } else if (std::none_of(keys.begin(), keys.end(), [&](std::string_view key) {
+                       return EqualsIgnoringCase(part.name, key);
+                   })) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// True for a zone as calendars have them: a list of standard and summer times that change yearly.
+bool IsUsualZone(std::string_view source) {
+    if (source.size() > kLargestZone || source.find('\0') != std::string_view::npos) return false;
+    ContentLineReader reader(source);
+    ContentLine line;
+    std::vector<std::string> open;
+    while (reader.Next(line)) {
+        const std::string_view value = Trimmed(line.value);
+        if (EqualsIgnoringCase(line.name, "BEGIN")) {
+            const bool isUsual =
+                open.empty() || (open.size() == 1 && (EqualsIgnoringCase(value, "STANDARD") ||
+                                                      EqualsIgnoringCase(value, "DAYLIGHT")));
+            if (!isUsual) return false;
+            open.emplace_back(value);
+        } else if (EqualsIgnoringCase(line.name, "END")) {
+            if (open.empty() || !EqualsIgnoringCase(open.back(), value)) return false;
+            open.pop_back();
+        } else if (EqualsIgnoringCase(line.name, "RRULE") && !IsYearlyRule(value)) {
+            return false;
+        }
+    }
+    return open.empty();
+}
+
+bool IsThere(const icaltimetype& time) {
+    return time.year >= kFirstYear && time.year <= kLastYear && time.month >= 1 &&
+           time.month <= 12 && time.day >= 1 &&
+           time.day <= icaltime_days_in_month(time.month, time.year) && time.hour >= 0 &&
+           time.hour <= 23 && time.minute >= 0 && time.minute <= 59 && time.second >= 0 &&
+           time.second <= 60;
+}
+
+// vCalendar also writes "1996-04-15T08:30:00".
+icaltimetype ParseTime(std::string_view value) {
+    std::string text(Trimmed(value));
+    if (text.size() > kLongestDate || text.find('\0') != std::string::npos) {
+        return icaltime_null_time();
+    }
+    std::erase_if(text, [](char c) { return c == '-' || c == ':'; });
+    return icaltime_from_string(text.c_str());
+}
+
+}  // namespace
+
+struct CalendarClock::Zones {
+    explicit Zones(std::string_view timeZones);
+
+    Component calendar{icalcomponent_new(ICAL_VCALENDAR_COMPONENT)};
+
+    icaltimezone* Find(const std::string& name) const {
+        if (name.empty() || name.size() > kLongestZoneName) return nullptr;
+        icaltimezone* zone = icalcomponent_get_timezone(calendar.get(), name.c_str());
+        if (!zone) zone = icaltimezone_get_builtin_timezone(name.c_str());
+        return zone ? zone : icaltimezone_get_builtin_timezone_from_tzid(name.c_str());
+    }
+
+    CalendarDate DateOf(const icaltimetype& time, const std::string& zoneName) const {
+        CalendarDate date;
+        const CivilTime civil{time.year, time.month, time.day, time.hour, time.minute, time.second};
+        icaltimezone* const zone = time.is_date ? nullptr : Find(zoneName);
+        if (time.is_date) {
+            date.form = CalendarDate::Form::Day;
+            date.moment = MomentOfCivil({time.year, time.month, time.day, 23, 59, 59});
+        } else if (icaltime_is_utc(time)) {
+            date.form = CalendarDate::Form::Utc;
+            date.moment = icaltime_as_timet(time);
+        } else if (zone) {
+            date.form = CalendarDate::Form::Zoned;
+            date.moment = icaltime_as_timet_with_zone(time, zone);
+            date.zone = zoneName;
+        } else {
+            date.moment = MomentOfCivil(civil);
+        }
+        return date;
+    }
+};
+
+CalendarClock::CalendarClock() {
+    icalerror_set_errors_are_fatal(false);
+    SetZones({});
+}
+
+CalendarClock::~CalendarClock() = default;
+
+// Working a zone out takes hundreds of times as long as reading a to-do.
+void CalendarClock::SetZones(std::string_view timeZones) {
+    if (m_known.size() > kKnownCalendars) m_known.clear();
+    std::unique_ptr<Zones>& known = m_known[std::string(timeZones)];
+    if (!known) known = std::make_unique<Zones>(timeZones);
+    m_zones = known.get();
+}
+
+CalendarClock::Zones::Zones(std::string_view timeZones) {
+    EntryReader reader(timeZones);
+    Entry entry;
+    while (reader.Next(entry)) {
+        if (entry.kind != EntryKind::TimeZone || !entry.complete || !IsUsualZone(entry.source)) {
+            continue;
+        }
+        Component zone(icalparser_parse_string(std::string(entry.source).c_str()));
+        if (zone && icalcomponent_isa(zone.get()) == ICAL_VTIMEZONE_COMPONENT) {
+            icalcomponent_add_component(calendar.get(), zone.release());
+        }
+    }
+}
+
+std::optional<CalendarDate> CalendarClock::Read(const ContentLine& line) {
+    const icaltimetype time = ParseTime(line.value);
+    if (icaltime_is_null_time(time) || !IsThere(time)) return std::nullopt;
+    return m_zones->DateOf(time, std::string(FindParameter(line.parameters, "TZID")));
+}
+
+std::optional<CalendarDate> CalendarClock::ReadEnd(const ContentLine& start,
+                                                   const ContentLine& duration) {
+    const std::string length(Trimmed(duration.value));
+    icaltimetype time = ParseTime(start.value);
+    if (icaltime_is_null_time(time) || !IsThere(time) || length.size() > kLongestDate ||
+        length.find('\0') != std::string::npos) {
+        return std::nullopt;
+    }
+    const icaldurationtype span = icaldurationtype_from_string(length.c_str());
+    constexpr unsigned longest = 100u * 366u;  // days
+    if (icaldurationtype_is_bad_duration(span) || span.weeks > longest || span.days > longest ||
+        span.hours > longest || span.minutes > longest || span.seconds > longest * 24 * 60) {
+        return std::nullopt;
+    }
+    time = icaltime_add(time, span);
+    if (!IsThere(time)) return std::nullopt;
+    return m_zones->DateOf(time, std::string(FindParameter(start.parameters, "TZID")));
+}
+
+std::string CalendarClock::Format(std::int64_t moment, const CalendarDate& date) {
+    icaltimezone* const zone = date.form == CalendarDate::Form::Utc
+                                   ? icaltimezone_get_utc_timezone()
+                               : date.form == CalendarDate::Form::Zoned ? m_zones->Find(date.zone)
+                                                                        : nullptr;
+    icaltimetype time = icaltime_null_time();
+    if (zone) {
+        time = icaltime_from_timet_with_zone(moment, 0, zone);
+        icaltime_set_timezone(&time, zone);
+    } else {
+        const CivilTime civil = CivilOfMoment(moment).value_or(CivilTime{});
+        time.year = civil.year;
+        time.month = civil.month;
+        time.day = civil.day;
+        time.hour = civil.hour;
+        time.minute = civil.minute;
+        time.second = civil.second;
+        time.is_date = date.form == CalendarDate::Form::Day ? 1 : 0;
+    }
+    const std::unique_ptr<char, decltype(&icalmemory_free_buffer)> text(
+        icaltime_as_ical_string_r(time), &icalmemory_free_buffer);
+    return text.get();
+}
+
+}  // namespace orvo

@@ -1,0 +1,53 @@
+// Storing the to-dos of a calendar as records.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <contracts/RecordStore.h>
+#include <exchange/CalendarClock.h>
+#include <exchange/EntryReader.h>
+#include <exchange/ImportFile.h>
+#include <exchange/TableTexts.h>
+
+namespace orvo {
+
+// Takes the entries of a calendar one after the other. To-dos wait until the calendar is over, as
+// its version and its zones may stand after them. The text that was read must outlive it.
+class CalendarReader {
+public:
+    CalendarReader(CToDoTable& table, ImportReport& report);
+
+    void Take(const Entry& entry);
+    // Stores the to-dos that wait.
+    // Fails:  ExchangeError where the store refuses to write.
+    void Finish();
+
+private:
+    struct WaitingToDo {
+        std::string_view source;
+        std::size_t number;
+    };
+
+    void Store(const Entry& toDo, Dialect dialect);
+    std::string ZonesOf(const Entry& toDo) const;
+    void Skip(const Entry& entry);
+
+    CToDoTable& m_table;
+    ImportReport& m_report;
+    CategoryNames m_categories;
+    CalendarClock m_clock;
+    std::string m_version;
+    std::vector<WaitingToDo> m_waiting;
+    std::map<std::string, std::string_view, std::less<>> m_zones;  // by TZID
+};
+
+// The zones of a text of VTIMEZONE components, by TZID; of several for one TZID the first.
+std::map<std::string, std::string_view, std::less<>> ListZones(std::string_view timeZones);
+// The TZID of one of them.
+std::string_view ZoneNameOf(const Entry& timeZone);
+
+}  // namespace orvo

@@ -1,0 +1,84 @@
+// What must change on the lines of a card so that it says what a record says.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+#include <contracts/RecordStore.h>
+#include <exchange/CardFields.h>
+#include <exchange/LineEdits.h>
+#include <exchange/TableTexts.h>
+
+namespace orvo {
+
+// The fields of a record as UTF-8.
+struct AddressValues {
+    std::array<std::string_view, kTextFields> text;  // valid until the record changes
+    std::array<long, kPhoneSlots> label{};
+    long displayPhone = 1;
+    std::string note;
+    int category = kNoCategory;
+    bool isPrivate = false;
+    bool isArchived = false;
+
+    // Gives:  false where the store can't be read.
+    bool Read(const CAddressRecord& record);
+
+    std::string_view Text(AddressField field) const { return text[IndexOf(field)]; }
+};
+
+// All of them must outlive it.
+class CardEdits {
+public:
+    // `isFresh`: the card has nothing but its version yet.
+    CardEdits(const CardFields& was, const AddressValues& now, Dialect dialect, bool isFresh,
+              LineEdits& edits)
+        : m_was(was), m_now(now), m_dialect(dialect), m_isFresh(isFresh), m_edits(edits) {}
+
+    void Run(const PhoneLabels& labels, CategoryNames& categories);
+
+private:
+    bool IsSame(AddressField field) const {
+        return IsSameText(m_was.Text(field), m_now.Text(field));
+    }
+    std::string Escaped(std::string_view text) const { return Escape(text, m_dialect); }
+
+    void EditNames();
+    void EditFormattedName(bool namesAreSame);
+    void SetNameParts();
+    void EditPart(AddressField field, Property property, std::size_t part);
+    void EditValue(std::string_view was, std::string_view now, Property property);
+    void SetPart(std::ptrdiff_t line, std::size_t part, std::string_view text);
+    void EditAddress();
+
+    void EditReading(std::size_t number, AddressField field);
+    void SetReading(const ReadingRule& rule, std::string_view text);
+    void SetSortAs(std::ptrdiff_t line, std::size_t part, std::string_view text);
+
+    void EditPhone(int slot, const PhoneLabels& labels);
+    void AddPhone(int slot, const PhoneLabels& labels);
+    void SetLabel(EditedLine& line, long label, const PhoneLabels& labels) const;
+    void SetPreferred(EditedLine& line, bool isPreferred) const;
+    bool IsFirstFreeSlot(int slot) const;
+
+    void EditCategory(CategoryNames& categories);
+
+    const CardFields& m_was;
+    const AddressValues& m_now;
+    Dialect m_dialect;
+    bool m_isFresh;
+    LineEdits& m_edits;
+    unsigned m_addedSlots = 0;  // one bit each
+};
+
+// Write the marks that cards and to-dos share: CLASS and X-ORVO-ARCHIVED.
+void EditPrivate(LineEdits& edits, std::ptrdiff_t line, bool was, bool now);
+void EditArchived(LineEdits& edits, std::ptrdiff_t line, bool was, bool now);
+
+// Writes the name, which may be empty, in the place of the one at that place of the list.
+void EditCategories(LineEdits& edits, const std::vector<ListedCategory>& listed, std::size_t place,
+                    std::string_view name, Dialect dialect);
+
+}  // namespace orvo

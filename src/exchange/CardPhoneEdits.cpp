@@ -1,0 +1,211 @@
+// What must change on the lines of a card: phones and readings.
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+
+#include <fmt/core.h>
+
+#include <exchange/CardEdits.h>
+
+namespace orvo {
+namespace {
+
+constexpr std::array<std::string_view, kPhoneKinds> kTypeOfKind{"CELL", "HOME", "WORK",  "FAX",
+                                                                "",     "",     "PAGER", ""};
+constexpr std::array<std::string_view, 5> kKindTypes{"CELL", "HOME", "WORK", "FAX", "PAGER"};
+
+std::string_view PropertyNameOf(PhoneKind kind) {
+    if (kind == PhoneKind::Email) return "EMAIL";
+    return kind == PhoneKind::Web ? "URL" : "TEL";
+}
+
+// The parameter split at its "=".
+Parameter TakeApart(const std::string& source) {
+    ParameterWalk walk(source);
+    Parameter parameter;
+    walk.Next(parameter);
+    return parameter;
+}
+
+// Takes the words out of the parameters that list types.
+template <class Words>
+void RemoveTypes(std::vector<std::string>& parameters, const Words& words) {
+    const auto isOne = [&](std::string_view item) {
+        return std::any_of(words.begin(), words.end(),
+                           [&](std::string_view word) { return EqualsIgnoringCase(word, item); });
+    };
+    for (std::string& source : parameters) {
+        const Parameter parameter = TakeApart(source);
+        if (!parameter.name.empty() && !EqualsIgnoringCase(parameter.name, "TYPE")) continue;
+        std::string_view list = Unquoted(parameter.value);
+        const bool isQuoted = list.size() != parameter.value.size();
+        std::string left;
+        std::string_view item;
+        bool found = false;
+        while (NextListItem(list, item)) {
+            found = found || isOne(item);
+            if (!isOne(item)) left.append(left.empty() ? "" : ",").append(item);
+        }
+        if (!found) continue;
+        if (left.empty()) {
+            source.clear();
+        } else {
+            const std::string_view quote = isQuoted ? "\"" : "";
+            source = fmt::format("{}{}{}{}{}", parameter.name, parameter.name.empty() ? "" : "=",
+                                 quote, left, quote);
+        }
+    }
+    std::erase(parameters, std::string());
+}
+
+void RemoveParameter(std::vector<std::string>& parameters, std::string_view name) {
+    std::erase_if(parameters, [&](const std::string& source) {
+        return EqualsIgnoringCase(TakeApart(source).name, name);
+    });
+}
+
+}  // namespace
+
+void CardEdits::SetPreferred(EditedLine& line, bool isPreferred) const {
+    constexpr std::array<std::string_view, 1> words{"PREF"};
+    RemoveParameter(line.parameters, "PREF");
+    RemoveTypes(line.parameters, words);
+    if (!isPreferred) return;
+    line.parameters.emplace_back(m_dialect == Dialect::Card21   ? "PREF"
+                                 : m_dialect == Dialect::Card40 ? "PREF=1"
+                                                                : "TYPE=pref");
+}
+
+void CardEdits::SetLabel(EditedLine& line, long label, const PhoneLabels& labels) const {
+    const PhoneKind kind = labels.KindOf(label).value_or(PhoneKind::Other);
+    const std::string_view old = line.name;
+    const std::size_t dot = old.find('.');
+    const std::string group(dot == std::string_view::npos ? "" : old.substr(0, dot + 1));
+    line.name = group + std::string(PropertyNameOf(kind));
+    RemoveTypes(line.parameters, kKindTypes);
+    RemoveParameter(line.parameters, "X-ORVO-LABEL");
+    const std::string_view type = kTypeOfKind[static_cast<std::size_t>(kind)];
+    if (!type.empty()) {
+        line.parameters.push_back((m_dialect == Dialect::Card21 ? "" : "TYPE=") +
+                                  std::string(type));
+    }
+    if (!labels.IsStandard(label) && !labels.TextOf(label).empty()) {
+        line.parameters.push_back("X-ORVO-LABEL=" + QuoteParameter(labels.TextOf(label)));
+    }
+}
+
+bool CardEdits::IsFirstFreeSlot(int slot) const {
+    for (int i = 0; i < slot - 1; ++i) {
+        const std::ptrdiff_t line = m_was.phoneLine[static_cast<std::size_t>(i)];
+        const bool stays = line != kNoLine && !m_edits.IsRemoved(line);
+        if (!stays && (m_addedSlots & 1u << i) == 0) return false;
+    }
+    return true;
+}
+
+void CardEdits::AddPhone(int slot, const PhoneLabels& labels) {
+    const auto index = static_cast<std::size_t>(slot) - 1;
+    EditedLine& added = m_edits.Add("TEL");
+    SetLabel(added, m_now.label[index], labels);
+    if (m_now.displayPhone == slot && (m_isFresh || m_was.displayPhone != slot)) {
+        SetPreferred(added, true);
+    }
+    if (!IsFirstFreeSlot(slot)) added.parameters.push_back(fmt::format("X-ORVO-SLOT={}", slot));
+    added.value = Escaped(m_now.Text(PhoneField(slot)));
+    m_addedSlots |= 1u << index;
+}
+
+void CardEdits::EditPhone(int slot, const PhoneLabels& labels) {
+    const auto index = static_cast<std::size_t>(slot) - 1;
+    const std::ptrdiff_t line = m_was.phoneLine[index];
+    const std::string_view text = m_now.Text(PhoneField(slot));
+    if (line == kNoLine) {
+        if (!text.empty()) AddPhone(slot, labels);
+        return;
+    }
+    if (text.empty()) {
+        // A line without a text, such as "tel:" alone, stays as it came.
+        if (!IsSame(PhoneField(slot))) m_edits.At(line).isRemoved = true;
+        return;
+    }
+    const PhoneKind kind = m_was.phoneKind[index];
+    const std::string& own = m_was.ownLabel[index];
+    const long label = m_now.label[index];
+    const bool isSameLabel =
+        label == labels.IdOf(kind, own) || (own.empty() && labels.KindOf(label) == kind);
+    const PhoneKind newKind = isSameLabel ? kind : labels.KindOf(label).value_or(PhoneKind::Other);
+    if (!IsSame(PhoneField(slot)) || PropertyNameOf(kind) != PropertyNameOf(newKind)) {
+        EditedLine& edited = m_edits.At(line);
+        RemoveParameter(edited.parameters, "VALUE");
+        edited.value = Escaped(text);
+    }
+    if (!isSameLabel) SetLabel(m_edits.At(line), label, labels);
+
+    const bool displayChanged = m_now.displayPhone != m_was.displayPhone &&
+                                !m_now.Text(PhoneField(m_now.displayPhone)).empty();
+    if (displayChanged) SetPreferred(m_edits.At(line), m_now.displayPhone == slot);
+}
+
+void CardEdits::EditReading(std::size_t number, AddressField field) {
+    if (IsSame(field)) return;
+    struct Lines {
+        Property phonetic;
+        Property own;
+    };
+    constexpr std::array<Lines, 3> lines{
+        {{Property::PhoneticLast, Property::OwnNameReading},
+         {Property::PhoneticFirst, Property::OwnFirstReading},
+         {Property::PhoneticOrganization, Property::OwnCompanyReading}}};
+    const std::string_view text = m_now.Text(field);
+    const ReadingRule* const rule = m_was.reading[number];
+    const bool isUsual = HoldsKanaOrLatin(text);
+    const bool fits = rule && (text.empty() || isUsual || rule->anyScript) &&
+                      !(rule->form == ReadingRule::Form::SortAs &&
+                        text.find_first_of(",\r\n") != std::string_view::npos);
+    if (fits) {
+        SetReading(*rule, text);
+        return;
+    }
+    const bool isFree = m_was.Line(lines[number].phonetic) == kNoLine;
+    const Property property =
+        isUsual && isFree && !rule ? lines[number].phonetic : lines[number].own;
+    m_edits.Add(NameOf(property)).value = Escaped(text);
+}
+
+void CardEdits::SetReading(const ReadingRule& rule, std::string_view text) {
+    const std::ptrdiff_t line = m_was.Line(rule.property);
+    EditedLine& edited = m_edits.At(line);
+    switch (rule.form) {
+        case ReadingRule::Form::SortAs:
+            SetSortAs(line, rule.part, text);
+            return;
+        case ReadingRule::Form::Part:
+            SetPart(line, rule.part, text);
+            edited.isRemoved = edited.value.find_first_not_of("; \t") == std::string::npos;
+            return;
+        case ReadingRule::Form::Value:
+            edited.value = Escaped(text);
+            edited.isRemoved = text.empty();
+            return;
+    }
+}
+
+void CardEdits::SetSortAs(std::ptrdiff_t line, std::size_t part, std::string_view text) {
+    std::vector<std::string>& parameters = m_edits.At(line).parameters;
+    for (std::string& source : parameters) {
+        const Parameter parameter = TakeApart(source);
+        if (!EqualsIgnoringCase(parameter.name, "SORT-AS")) continue;
+        std::string_view list = Unquoted(parameter.value);
+        std::string names;
+        std::string_view item;
+        for (std::size_t i = 0; NextListItem(list, item) || i <= part; ++i) {
+            if (i > 0) names += ',';
+            names += i == part ? std::string(text) : DecodeParameter(item);
+            item = {};
+        }
+        const bool isEmpty = names.find_first_not_of(',') == std::string::npos;
+        source = isEmpty ? std::string() : "SORT-AS=" + QuoteParameter(names);
+    }
+    std::erase(parameters, std::string());
+}
+
+}  // namespace orvo

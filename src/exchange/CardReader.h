@@ -1,0 +1,29 @@
+// Storing a card as an address record.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string_view>
+
+#include <contracts/RecordStore.h>
+#include <exchange/CardFields.h>
+#include <exchange/EntryReader.h>
+#include <exchange/TableTexts.h>
+
+namespace orvo {
+
+class CardReader {
+public:
+    explicit CardReader(CAddressTable& table);
+
+    // Puts the card into the table. Gives:  why it was left out; empty where it is in.
+    // Fails:  ExchangeError where the store refuses to write.
+    std::string_view Store(const Entry& card);
+
+private:
+    CAddressTable& m_table;
+    PhoneLabels m_labels;
+    CategoryNames m_categories;
+    CardFields m_fields;  // kept for its memory
+};
+
+}  // namespace orvo

@@ -1,0 +1,26 @@
+// Writing an address record as a card.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+#include <contracts/RecordStore.h>
+#include <exchange/TableTexts.h>
+
+namespace orvo {
+
+class CardWriter {
+public:
+    explicit CardWriter(CAddressTable& table);
+
+    // The card that the record was imported from, with the lines of edited fields written anew, or
+    // a fresh vCard 3.0 card. Throws ExchangeError where the store can't be read.
+    std::string Write(const CAddressRecord& record);
+
+private:
+    CAddressTable& m_table;
+    PhoneLabels m_labels;
+    CategoryNames m_categories;
+};
+
+}  // namespace orvo

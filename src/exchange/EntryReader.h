@@ -1,0 +1,58 @@
+// The entries of a file: cards, to-dos and the other components that stand in it.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include <exchange/ContentLine.h>
+
+namespace orvo {
+
+enum class EntryKind {
+    Card,              // VCARD
+    ToDo,              // VTODO
+    TimeZone,          // VTIMEZONE
+    OtherComponent,    // what is neither, such as VEVENT
+    CalendarBegin,     // the line that opens a calendar
+    CalendarProperty,  // a line of the calendar itself
+    CalendarEnd,
+    Stray,  // lines outside of everything, other than empty ones
+};
+
+struct Entry {
+    EntryKind kind;
+    std::string_view component;  // its name as written, such as "VEVENT"
+    std::string_view source;     // all of its lines as they came
+    std::size_t number;          // of its first line, from 1
+    bool complete;               // false where its END is missing
+    // Valid until the next entry is read. Lines of components inside it have no name.
+    std::span<const ContentLine> lines;
+};
+
+// Reads the entries of a text one after the other. A component inside another one, such as the
+// card of an AGENT or an alarm, is part of the outer one. An entry that has no END ends where the
+// next one begins.
+class EntryReader {
+public:
+    explicit EntryReader(std::string_view text, std::size_t firstNumber = 1)
+        : m_text(text), m_reader(text, firstNumber) {}
+
+    // Gives:  false at the end of the text.
+    bool Next(Entry& entry);
+
+private:
+    bool ReadComponent(Entry& entry);
+    void ReadStray(Entry& entry);
+    void Close(Entry& entry, bool complete);
+
+    std::string_view m_text;
+    ContentLineReader m_reader;
+    std::vector<ContentLine> m_lines;
+    std::vector<std::string_view> m_open;  // the names of the components that are open
+    bool m_inCalendar = false;
+};
+
+}  // namespace orvo

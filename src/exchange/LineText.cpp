@@ -1,0 +1,216 @@
+// The text of content lines: decoding.
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <array>
+
+#include <exchange/LineText.h>
+#include <platform/text/Charset.h>
+
+namespace orvo {
+namespace {
+
+constexpr auto npos = std::string_view::npos;
+
+int HexDigit(char c) {
+    if (c >= '0' && c <= '9') return c - '0';
+    if (c >= 'A' && c <= 'F') return c - 'A' + 10;
+    if (c >= 'a' && c <= 'f') return c - 'a' + 10;
+    return -1;
+}
+
+int Base64Digit(char c) {
+    if (c >= 'A' && c <= 'Z') return c - 'A';
+    if (c >= 'a' && c <= 'z') return c - 'a' + 26;
+    if (c >= '0' && c <= '9') return c - '0' + 52;
+    if (c == '+') return 62;
+    return c == '/' ? 63 : -1;
+}
+
+struct ValueForm {
+    TransferEncoding encoding;
+    std::string_view charset;
+};
+
+ValueForm FormOf(std::string_view parameters) {
+    return {EncodingOf(parameters), FindParameter(parameters, "CHARSET")};
+}
+
+std::string_view Bytes(const ContentLine& line, const ValueForm& form, std::string& storage) {
+    if (form.encoding == TransferEncoding::None) return line.value;
+    storage.clear();
+    if (form.encoding == TransferEncoding::QuotedPrintable) {
+        AppendQuotedPrintable(line.value, storage);
+    } else {
+        AppendBase64(line.value, storage);
+    }
+    return storage;
+}
+
+bool IsUtf8Name(std::string_view charset) {
+    return EqualsIgnoringCase(charset, "UTF-8") || EqualsIgnoringCase(charset, "UTF8");
+}
+
+bool HasBareParameter(std::string_view parameters) {
+    ParameterWalk walk(parameters);
+    Parameter parameter;
+    while (walk.Next(parameter)) {
+        if (parameter.name.empty() && !parameter.value.empty()) return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+Dialect DialectOfCard(std::span<const ContentLine> lines) {
+    for (const ContentLine& line : lines) {
+        if (!EqualsIgnoringCase(line.name, "VERSION")) continue;
+        const std::string_view version = Trimmed(line.value);
+        if (version.starts_with('2')) return Dialect::Card21;
+        return version.starts_with('4') ? Dialect::Card40 : Dialect::Card30;
+    }
+    const bool isOld = std::any_of(lines.begin(), lines.end(), [](const ContentLine& line) {
+        return HasBareParameter(line.parameters) ||
+               EncodingOf(line.parameters) == TransferEncoding::QuotedPrintable;
+    });
+    return isOld ? Dialect::Card21 : Dialect::Card30;
+}
+
+std::string_view ValueDecoder::LegacyCharset() {
+    if (!m_legacyCharset.empty()) return m_legacyCharset;
+    std::string sample;
+    std::string storage;
+    std::string_view named;
+    for (const ContentLine& line : m_lines) {
+        if (line.name.empty()) continue;
+        const ValueForm form = FormOf(line.parameters);
+        if (named.empty() && !IsUtf8Name(form.charset)) named = form.charset;
+        if (form.encoding == TransferEncoding::Base64) continue;
+        const std::string_view bytes = Bytes(line, form, storage);
+        if (!IsValidUtf8(bytes)) sample.append(bytes);
+    }
+    // Some programs name the set on one line only.
+    const bool fits = !named.empty() && DecodeCharset(named, sample, storage);
+    m_legacyCharset = fits ? named : GuessLegacyCharset(sample);
+    return m_legacyCharset;
+}
+
+std::string_view ValueDecoder::Decode(const ContentLine& line, std::string& storage) {
+    std::string_view bytes = line.value;
+    std::string decoded;
+    if (!line.parameters.empty()) {
+        const ValueForm form = FormOf(line.parameters);
+        bytes = Bytes(line, form, storage);
+        if (!form.charset.empty() && !IsUtf8Name(form.charset) &&
+            DecodeCharset(form.charset, bytes, decoded)) {
+            storage = std::move(decoded);
+            return storage;
+        }
+    }
+    if (IsValidUtf8(bytes)) return bytes;
+    if (!DecodeCharset(LegacyCharset(), bytes, decoded)) decoded = DecodeLegacy(bytes);
+    storage = std::move(decoded);
+    return storage;
+}
+
+void AppendQuotedPrintable(std::string_view text, std::string& bytes) {
+    bytes.reserve(bytes.size() + text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const int high = text[i] == '=' && i + 2 < text.size() ? HexDigit(text[i + 1]) : -1;
+        const int low = high < 0 ? -1 : HexDigit(text[i + 2]);
+        if (low >= 0) {
+            bytes += static_cast<char>(high * 16 + low);
+            i += 2;
+        } else if (text[i] != '=' || i + 1 != text.size()) {
+            bytes += text[i];
+        }
+    }
+}
+
+void AppendBase64(std::string_view text, std::string& bytes) {
+    bytes.reserve(bytes.size() + text.size() / 4 * 3);
+    unsigned held = 0;
+    int bits = 0;
+    for (const char character : text) {
+        const int digit = Base64Digit(character);
+        if (digit < 0) continue;
+        held = (held << 6 | static_cast<unsigned>(digit)) & 0xFFFFu;
+        bits += 6;
+        if (bits >= 8) {
+            bits -= 8;
+            bytes += static_cast<char>(held >> bits & 0xFFu);
+        }
+    }
+}
+
+bool PartWalk::Next(std::string_view& part) {
+    if (m_over) return false;
+    std::size_t end = 0;
+    while (end < m_rest.size() && m_dividers.find(m_rest[end]) == npos) {
+        end += m_rest[end] == '\\' ? 2 : 1;
+    }
+    m_over = end >= m_rest.size();
+    part = m_rest.substr(0, end);
+    m_rest.remove_prefix(std::min(end + 1, m_rest.size()));
+    return true;
+}
+
+std::string_view PartOf(std::string_view value, std::size_t number, char divider) {
+    PartWalk walk(value, std::string_view(&divider, 1));
+    std::string_view part;
+    for (std::size_t i = 0; i <= number; ++i) {
+        if (!walk.Next(part)) return {};
+    }
+    return part;
+}
+
+void Unescape(std::string_view part, Dialect dialect, std::string& text) {
+    text.clear();
+    if (part.find_first_of("\\\r") == npos) {
+        text = part;
+        return;
+    }
+    const std::string_view escaped = IsQuotedDialect(dialect) ? "\\;" : "\\;,:\"";
+    for (std::size_t i = 0; i < part.size(); ++i) {
+        const char next = i + 1 < part.size() ? part[i + 1] : '\0';
+        if (part[i] == '\\' && (next == 'n' || next == 'N')) {
+            text += '\n';
+            ++i;
+        } else if (part[i] == '\\' && escaped.find(next) != npos) {
+            text += next;
+            ++i;
+        } else if (part[i] == '\r') {
+            text += '\n';
+            if (next == '\n') ++i;
+        } else {
+            text += part[i];
+        }
+    }
+}
+
+std::string DecodeParameter(std::string_view value) {
+    std::string text;
+    for (std::size_t i = 0; i < value.size(); ++i) {
+        const char next = value[i] == '^' && i + 1 < value.size() ? value[i + 1] : '\0';
+        const bool escaped = next == 'n' || next == '^' || next == '\'';
+        text += !escaped ? value[i] : next == 'n' ? '\n' : next == '^' ? '^' : '"';
+        if (escaped) ++i;
+    }
+    return text;
+}
+
+bool IsSameText(std::string_view left, std::string_view right) {
+    if (left == right) return true;
+    std::string leftText;
+    std::string rightText;
+    const auto normalise = [](std::string_view text, std::string& result) {
+        for (std::size_t i = 0; i < text.size(); ++i) {
+            if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') continue;
+            result += text[i] == '\r' ? '\n' : text[i];
+        }
+    };
+    normalise(left, leftText);
+    normalise(right, rightText);
+    return leftText == rightText;
+}
+
+}  // namespace orvo

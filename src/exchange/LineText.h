@@ -1,0 +1,97 @@
+// The text of content lines: decoding what other programs wrote, and encoding our own.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <exchange/ContentLine.h>
+
+namespace orvo {
+
+// The formats of cards and calendars, each with its own ways to write text.
+enum class Dialect : std::uint8_t { Card21, Card30, Card40, Calendar10, Calendar20 };
+
+// True for the formats that have quoted-printable and character sets in place of escapes.
+constexpr bool IsQuotedDialect(Dialect dialect) {
+    return dialect == Dialect::Card21 || dialect == Dialect::Calendar10;
+}
+
+// The format of a card, by its VERSION; without one, by how its parameters are written.
+Dialect DialectOfCard(std::span<const ContentLine> lines);
+
+// Gives the values of the lines of one entry as UTF-8. Transfer encoding and CHARSET are undone;
+// where no usable set is named, bytes that aren't UTF-8 are read as the set that another line
+// names, else as the legacy set that all of the entry's bytes together point to.
+class ValueDecoder {
+public:
+    explicit ValueDecoder(std::span<const ContentLine> lines) : m_lines(lines) {}
+
+    // The value with its escapes and dividers as they are. Valid as long as the line and `storage`.
+    std::string_view Decode(const ContentLine& line, std::string& storage);
+
+private:
+    std::string_view LegacyCharset();
+
+    std::span<const ContentLine> m_lines;
+    std::string m_legacyCharset;
+};
+
+// Undoes quoted-printable; what isn't of its form stays. Undoes base64; what isn't of it is passed
+// over.
+void AppendQuotedPrintable(std::string_view text, std::string& bytes);
+void AppendBase64(std::string_view text, std::string& bytes);
+
+// Takes the part of a value before its next divider, which doesn't stand behind a backslash, and
+// cuts it and the divider off.
+// Gives:  false once all parts are taken.
+class PartWalk {
+public:
+    PartWalk(std::string_view value, std::string_view dividers)
+        : m_rest(value), m_dividers(dividers) {}
+    bool Next(std::string_view& part);
+
+private:
+    std::string_view m_rest;
+    std::string_view m_dividers;
+    bool m_over = false;
+};
+
+// The part of that number, from 0, between dividers; empty where there are fewer.
+std::string_view PartOf(std::string_view value, std::size_t number, char divider);
+
+// Undoes the escapes of a part; its line ends become "\n".
+void Unescape(std::string_view part, Dialect dialect, std::string& text);
+
+// Escapes text so that Unescape gives it back.
+std::string Escape(std::string_view text, Dialect dialect);
+
+// The value with the parts of those numbers replaced by escaped text; it grows as needed.
+struct NewPart {
+    std::size_t number;
+    std::string_view text;
+};
+std::string ReplaceParts(std::string_view value, std::initializer_list<NewPart> parts, char divider,
+                         Dialect dialect);
+
+// One line for a value that is escaped already, folded where the dialect folds. The head is group,
+// name and parameters; those that tell an encoding are added here.
+std::string FormatLine(std::string_view head, std::string_view value, Dialect dialect,
+                       std::string_view lineEnd);
+
+// True for a parameter that tells how the value is encoded.
+bool TellsEncoding(const Parameter& parameter);
+
+// The text of a parameter value, with the escapes by '^', and back, in quotes.
+std::string DecodeParameter(std::string_view value);
+std::string QuoteParameter(std::string_view text);
+
+// Equal but for the way their lines end.
+bool IsSameText(std::string_view left, std::string_view right);
+
+}  // namespace orvo

@@ -1,0 +1,33 @@
+// A file that takes the place of another one as a whole or not at all.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace orvo {
+
+// Written beside the file that it is to replace; gone without a trace unless Replace succeeds. All
+// operations fail with ExchangeError.
+class NewFile {
+public:
+    explicit NewFile(const std::string& path);
+    NewFile(const NewFile&) = delete;
+    NewFile& operator=(const NewFile&) = delete;
+    ~NewFile();
+
+    void Write(std::string_view bytes);
+
+    // Makes the bytes safe on disk and puts them in the place of the file, with the permissions
+    // that it had. Through a symbolic link, what it points to is replaced.
+    void Replace();
+
+private:
+    [[noreturn]] static void Fail(std::string_view what);
+
+    std::string m_target;
+    std::string m_temporary;
+    int m_descriptor = -1;
+};
+
+}  // namespace orvo

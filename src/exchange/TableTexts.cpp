@@ -1,0 +1,104 @@
+// The phone labels and categories of a table.
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <memory>
+
+#include <exchange/TableTexts.h>
+#include <platform/text/CodePage.h>
+
+namespace orvo {
+namespace {
+
+std::optional<PhoneKind> KindNamed(std::string_view text) {
+    for (std::size_t i = 0; i < kPhoneKindLabels.size(); ++i) {
+        if (EqualsIgnoringCase(kPhoneKindLabels[i], text)) return static_cast<PhoneKind>(i);
+    }
+    return std::nullopt;
+}
+
+std::string_view LabelOf(PhoneKind kind) {
+    return kPhoneKindLabels[static_cast<std::size_t>(kind)];
+}
+
+}  // namespace
+
+std::string ToUtf8(const CString& text) {
+    std::string utf8;
+    CodePage::System().ToUtf8(text.View(), utf8);
+    return utf8;
+}
+
+PhoneLabels::PhoneLabels(const CAddressTable& table) {
+    const int count = table.GetPhoneLabelCount();
+    for (long id = 0; id < count; ++id) m_texts.push_back(ToUtf8(table.GetPhoneLabel(id)));
+    if (m_texts.empty()) m_texts.emplace_back();
+}
+
+std::optional<long> PhoneLabels::Find(std::string_view text) const {
+    const auto found = std::find_if(m_texts.begin(), m_texts.end(), [&](const std::string& label) {
+        return EqualsIgnoringCase(label, text);
+    });
+    if (found == m_texts.end()) return std::nullopt;
+    return found - m_texts.begin();
+}
+
+long PhoneLabels::IdOf(PhoneKind kind, std::string_view own) const {
+    if (!own.empty()) {
+        if (const auto id = Find(own)) return *id;
+    }
+    if (const auto id = Find(LabelOf(kind))) return *id;
+    if (const auto id = Find(LabelOf(PhoneKind::Other))) return *id;
+    return static_cast<long>(m_texts.size()) - 1;
+}
+
+std::optional<PhoneKind> PhoneLabels::KindOf(long id) const {
+    if (const auto kind = KindNamed(TextOf(id))) return kind;
+    if (id < 0 || id >= kPhoneKinds) return std::nullopt;
+    return static_cast<PhoneKind>(id);
+}
+
+bool PhoneLabels::IsStandard(long id) const {
+    return KindNamed(TextOf(id)).has_value();
+}
+
+const std::string& PhoneLabels::TextOf(long id) const {
+    static const std::string none;
+    return id < 0 || id >= static_cast<long>(m_texts.size())
+               ? none
+               : m_texts[static_cast<std::size_t>(id)];
+}
+
+std::optional<int> CategoryNames::Find(const std::string& name, bool add) {
+    const auto known = m_known.find(name);
+    if (known != m_known.end()) return known->second;
+    const CodePage& page = CodePage::System();
+    std::string text;
+    page.FromUtf8(name, text);
+    text.resize(CutLength(page, text, kCategoryNameLength, false));
+    if (text.empty()) return std::nullopt;
+    CCategory* category = nullptr;
+    if (m_manager.FindName(CString(text), category) != 0 || !category) {
+        if (!add) return std::nullopt;
+        auto fresh = std::make_unique<CCategory>();
+        fresh->SetName(CString(text));
+        if (m_manager.Add(fresh.get()) != 0) return std::nullopt;
+        category = fresh.release();
+    }
+    m_known.emplace(name, category->GetIndex());
+    return category->GetIndex();
+}
+
+int CategoryNames::IndexOf(const std::vector<ListedCategory>& names, bool add, std::size_t& place) {
+    for (place = 0; place < names.size(); ++place) {
+        if (const auto index = Find(names[place].name, add)) return *index;
+    }
+    return kNoCategory;
+}
+
+std::string CategoryNames::NameOf(int index) {
+    CCategory* category = nullptr;
+    if (index == kNoCategory || m_manager.FindIndex(index, category) != 0 || !category) return {};
+    return ToUtf8(category->GetName());
+}
+
+}  // namespace orvo

@@ -1,0 +1,80 @@
+// What a to-do of a calendar file says in the terms of a to-do record, and which lines say it.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include <contracts/Dates.h>
+#include <contracts/RecordStore.h>
+#include <exchange/CalendarClock.h>
+#include <exchange/CardFields.h>
+#include <exchange/EntryReader.h>
+
+namespace orvo {
+
+// The properties of a VTODO that fill fields, and those that writing needs. The first line of each
+// counts.
+enum class ToDoProperty : std::uint8_t {
+    Summary,
+    Description,
+    Priority,
+    Status,
+    PercentComplete,
+    Completed,
+    Due,
+    Start,
+    Duration,
+    Class,
+    Archived,
+    Uid,
+};
+constexpr std::size_t kToDoProperties = static_cast<std::size_t>(ToDoProperty::Uid) + 1;
+
+std::string_view NameOf(ToDoProperty property);
+
+struct ToDoFields {
+    std::string description;
+    std::string note;
+    int priority = 3;
+    bool isCompleted = false;
+    long completionDate = kMaxDate;
+    long dueDate = kMaxDate;
+    std::vector<ListedCategory> categories;
+    bool isPrivate = false;
+    bool isArchived = false;
+
+    std::array<std::ptrdiff_t, kToDoProperties> lineOf{};
+    CalendarDate due;  // the form of DUE
+
+    std::ptrdiff_t Line(ToDoProperty property) const {
+        return lineOf[static_cast<std::size_t>(property)];
+    }
+};
+
+// `clock` has the zones of the to-do.
+ToDoFields DeriveToDo(std::span<const ContentLine> lines, Dialect dialect, CalendarClock& clock);
+
+// The text up to its first line end.
+std::string_view FirstLineOf(std::string_view text);
+
+// Calendar priorities 0 to 9 stand for a record's 1 to 5.
+int PriorityOfCalendar(std::string_view value);
+std::string_view CalendarPriority(int priority);
+
+// The source of a to-do record: the VTODO behind the zones that it names; where it came from
+// vCalendar, both inside a calendar of that version.
+struct ToDoSource {
+    Dialect dialect = Dialect::Calendar20;
+    std::string_view timeZones;
+    Entry toDo;
+};
+std::string MakeToDoSource(const Entry& toDo, Dialect dialect, std::string_view timeZones);
+// Gives:  false where the source holds no to-do. The entry is valid as long as the reader.
+bool ReadToDoSource(std::string_view source, EntryReader& reader, ToDoSource& result);
+
+}  // namespace orvo
