@@ -1,0 +1,30 @@
+// The commands of orvo: each adds itself to the command line and then works on the open store.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include <cli/Store.h>
+
+namespace CLI {
+class App;
+}
+
+namespace orvo::cli {
+
+// What the command line asked for.
+struct Invocation {
+    std::string store;
+    std::string locale;
+    unsigned codePage = 0;
+    bool json = false;
+    std::function<int(Store&)> command;  // gives the exit code
+};
+
+void AddExchangeCommands(CLI::App& app, Invocation& invocation);   // import, export
+void AddAddressesCommands(CLI::App& app, Invocation& invocation);  // addresses, compare
+void AddTextsCommands(CLI::App& app, Invocation& invocation);      // categories, labels
+void AddRecordCommands(CLI::App& app, Invocation& invocation);     // show, add, edit, delete
+
+}  // namespace orvo::cli

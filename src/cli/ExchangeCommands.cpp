@@ -1,0 +1,88 @@
+// import and export.
+// SPDX-License-Identifier: MIT
+#include <memory>
+#include <vector>
+
+#include <fmt/format.h>
+
+#include <CLI/CLI.hpp>
+#include <cli/AddressFields.h>
+#include <cli/Commands.h>
+#include <cli/Output.h>
+#include <exchange/ExportFile.h>
+#include <exchange/ImportFile.h>
+
+namespace orvo::cli {
+namespace {
+
+int Import(Store& store, const std::vector<std::string>& files, bool json) {
+    StoreTransaction transaction(store.Engine());
+    store.Check(static_cast<long>(transaction.Status()));
+    ImportReport total;
+    std::vector<std::string> told;
+    for (const std::string& file : files) {
+        ImportReport report = ImportFile(file, store.Addresses(), store.ToDos());
+        total.addresses += report.addresses;
+        total.toDos += report.toDos;
+        for (const SkippedEntry& entry : report.skipped) {
+            told.push_back(fmt::format("{}:{}: {}", file, entry.line, entry.reason));
+        }
+    }
+    store.Check(static_cast<long>(transaction.Commit()));
+
+    if (json) {
+        PrintJson(
+            {{"addresses", total.addresses}, {"todos", total.toDos}, {"skipped", told.size()}});
+    } else {
+        PrintLine(fmt::format("imported {} addresses, {} to-dos, {} skipped", total.addresses,
+                              total.toDos, told.size()));
+    }
+    for (const std::string& line : told) PrintError(line);
+    return told.empty() ? kDone : kSomeSkipped;
+}
+
+// The table whose records a file of that name holds.
+CBaseTable& TableOf(Store& store, const std::string& file) {
+    if (IsCardFile(file)) return store.Addresses();
+    return store.ToDos();
+}
+
+int Export(Store& store, const std::string& file, const std::string& category, bool json) {
+    const int index =
+        category.empty() ? kAllCategories : CategoryIndex(TableOf(store, file), category);
+    const std::size_t count = ExportFile(file, store.Addresses(), store.ToDos(), index);
+    if (json) {
+        PrintJson({{"exported", count}});
+    } else {
+        PrintLine(fmt::format("exported {} records to {}", count, file));
+    }
+    return count == 0 ? kNothingFound : kDone;
+}
+
+}  // namespace
+
+void AddExchangeCommands(CLI::App& app, Invocation& invocation) {
+    auto files = std::make_shared<std::vector<std::string>>();
+    CLI::App* importing = app.add_subcommand(
+        "import", "Take in vcf, vcs and ics files: all of them, or none where one can't be read");
+    importing->add_option("FILE", *files, "Card and calendar files")->required();
+    importing->callback([files, &invocation] {
+        invocation.command = [files, &invocation](Store& store) {
+            return Import(store, *files, invocation.json);
+        };
+    });
+
+    auto file = std::make_shared<std::string>();
+    auto category = std::make_shared<std::string>();
+    CLI::App* exporting = app.add_subcommand(
+        "export", "Write the addresses to a .vcf file, or the to-dos to an .ics or .vcs file");
+    exporting->add_option("FILE", *file, "The file to write")->required();
+    exporting->add_option("--category", *category, "Only the records of this category");
+    exporting->callback([file, category, &invocation] {
+        invocation.command = [file, category, &invocation](Store& store) {
+            return Export(store, *file, *category, invocation.json);
+        };
+    });
+}
+
+}  // namespace orvo::cli

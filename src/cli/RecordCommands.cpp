@@ -1,0 +1,243 @@
+// show, add, edit and delete.
+// SPDX-License-Identifier: MIT
+#include <map>
+#include <memory>
+#include <optional>
+
+#include <fmt/format.h>
+
+#include <CLI/CLI.hpp>
+#include <cli/AddressFields.h>
+#include <cli/Commands.h>
+#include <cli/Output.h>
+
+namespace orvo::cli {
+namespace {
+
+// What the options of add and edit give; what isn't given stays as it is.
+struct Changes {
+    std::map<AddressField, std::string> texts;
+    std::map<long, std::string> labels;  // by phone slot: a label's text or number
+    std::optional<long> displayPhone;
+    std::optional<std::string> note;
+    std::optional<std::string> category;
+    std::optional<bool> isPrivate;
+    std::optional<bool> isArchived;
+};
+
+long LabelId(const CAddressTable& table, const std::string& label) {
+    for (long id = 0; id < table.GetPhoneLabelCount(); ++id) {
+        if (ToUtf8(table.GetPhoneLabel(id)) == label || fmt::format("{}", id) == label) return id;
+    }
+    throw CommandError(kWrongUse,
+                       fmt::format("there is no phone label \"{}\": see `orvo labels`", label));
+}
+
+void Apply(Store& store, CAddressRecord& record, const Changes& changes) {
+    for (const auto& [field, text] : changes.texts) store.Check(record.SetUtf8(field, text));
+    for (const auto& [slot, label] : changes.labels) {
+        store.Check(record.SetPhoneLabelID(slot, LabelId(store.Addresses(), label)));
+    }
+    if (changes.displayPhone) store.Check(record.SetDisplayPhone(*changes.displayPhone));
+    if (changes.note) store.Check(record.SetNoteUtf8(*changes.note));
+    if (changes.category) {
+        store.Check(record.SetCategoryId(CategoryIndexOrNew(store.Addresses(), *changes.category)));
+    }
+    if (changes.isPrivate) store.Check(record.SetPrivate(*changes.isPrivate));
+    if (changes.isArchived) store.Check(record.SetArchived(*changes.isArchived));
+}
+
+std::unique_ptr<CAddressRecord> FindAddress(Store& store, std::int64_t id) {
+    auto record = std::make_unique<CAddressRecord>(store.Addresses(), 1);
+    const long status = store.Addresses().Find(id, *record);
+    if (status == static_cast<long>(StoreStatus::Gone) || (status == 0 && record->IsDeleted())) {
+        throw CommandError(kNothingFound, fmt::format("there is no address with the id {}", id));
+    }
+    store.Check(status);
+    return record;
+}
+
+Json AsJson(Store& store, const CAddressRecord& record) {
+    Json json{{"id", record.GetId()}};
+    for (const FieldName& field : kFieldNames)
+        json[field.key] = std::string(record.Utf8(field.field));
+    json["phones"] = Json::array();
+    for (long slot = 1; slot <= kPhoneSlots; ++slot) {
+        const std::string text(record.Utf8(PhoneField(slot)));
+        if (text.empty()) continue;
+        long label = 0;
+        record.GetPhoneLabelID(slot, label);
+        json["phones"].push_back({{"slot", slot},
+                                  {"labelId", label},
+                                  {"label", ToUtf8(store.Addresses().GetPhoneLabel(label))},
+                                  {"text", text}});
+    }
+    long displayPhone = 1;
+    record.GetDisplayPhone(displayPhone);
+    json["displayPhone"] = displayPhone;
+    json["custom"] = Json::array();
+    for (int number = 1; number <= kCustomFields; ++number) {
+        json["custom"].push_back(std::string(record.Utf8(CustomField(number))));
+    }
+    std::string note;
+    store.Check(record.GetNoteUtf8(note));
+    json["note"] = note;
+    json["category"] = CategoryName(store.Addresses(), record);
+    json["private"] = record.IsPrivate() != 0;
+    json["archived"] = record.IsArchived() != 0;
+    return json;
+}
+
+// A field in a line of its own; the further lines of its text stand below the first.
+void PrintField(const std::string& title, std::string text) {
+    if (text.empty()) return;
+    std::string head = title + ":";
+    while (!text.empty()) {
+        const std::size_t end = text.find_first_of("\r\n");
+        PrintLine(fmt::format("{:<20} {}", head, text.substr(0, end)));
+        head.clear();
+        if (end == std::string::npos) break;
+        text.erase(0, text.compare(end, 2, "\r\n") == 0 ? end + 2 : end + 1);
+    }
+}
+
+void PrintAsText(Store& store, const CAddressRecord& record) {
+    const Json json = AsJson(store, record);
+    PrintField("ID", fmt::format("{}", record.GetId()));
+    for (const FieldName& field : kFieldNames) PrintField(field.title, json[field.key]);
+    for (const Json& phone : json["phones"]) {
+        const bool display = phone["slot"] == json["displayPhone"];
+        PrintField(phone["label"],
+                   phone["text"].get<std::string>() + (display ? "  (shown in lists)" : ""));
+    }
+    for (int number = 1; number <= kCustomFields; ++number) {
+        PrintField(ToUtf8(store.Addresses().GetCustomLabel(number)), json["custom"][number - 1]);
+    }
+    PrintField("Note", json["note"]);
+    PrintField("Category", json["category"]);
+    if (record.IsPrivate()) PrintField("Private", "yes");
+    if (record.IsArchived()) PrintField("Archived", "yes");
+}
+
+int Show(Store& store, std::int64_t id, bool json) {
+    const auto record = FindAddress(store, id);
+    if (json) {
+        PrintJson(AsJson(store, *record));
+    } else {
+        PrintAsText(store, *record);
+    }
+    return kDone;
+}
+
+int Tell(const char* verb, std::int64_t id, bool json) {
+    if (json) {
+        PrintJson({{"id", id}});
+    } else {
+        PrintLine(fmt::format("{} {}", verb, id));
+    }
+    return kDone;
+}
+
+int Add(Store& store, const Changes& changes, bool json) {
+    StoreTransaction transaction(store.Engine());
+    store.Check(static_cast<long>(transaction.Status()));
+    CAddressRecord record(store.Addresses(), 1);
+    Apply(store, record, changes);
+    store.Check(store.Addresses().Add(record));
+    store.Check(static_cast<long>(transaction.Commit()));
+    return Tell("added", record.GetId(), json);
+}
+
+int Edit(Store& store, std::int64_t id, const Changes& changes, bool json) {
+    StoreTransaction transaction(store.Engine());
+    store.Check(static_cast<long>(transaction.Status()));
+    const auto record = FindAddress(store, id);
+    Apply(store, *record, changes);
+    store.Check(static_cast<long>(transaction.Commit()));
+    return Tell("edited", id, json);
+}
+
+int Delete(Store& store, std::int64_t id, bool json) {
+    const auto record = FindAddress(store, id);
+    store.Check(store.Addresses().Delete(*record));
+    return Tell("deleted", id, json);
+}
+
+void AddTextOption(CLI::App& command, Changes& changes, AddressField field,
+                   const std::string& option, const std::string& title) {
+    command.add_option_function<std::string>(
+        option, [&changes, field](const std::string& text) { changes.texts[field] = text; }, title);
+}
+
+void AddYesNoOption(CLI::App& command, const char* option, std::optional<bool>& value,
+                    const char* description) {
+    command
+        .add_option_function<std::string>(
+            option, [&value](const std::string& text) { value = text == "yes"; }, description)
+        ->check(CLI::IsMember({"yes", "no"}));
+}
+
+void AddFieldOptions(CLI::App& command, Changes& changes) {
+    for (const FieldName& field : kFieldNames) {
+        AddTextOption(command, changes, field.field, field.option, field.title);
+    }
+    for (long slot = 1; slot <= kPhoneSlots; ++slot) {
+        AddTextOption(command, changes, PhoneField(slot), fmt::format("--phone{}", slot),
+                      "Number, mail or web address");
+        command.add_option_function<std::string>(
+            fmt::format("--label{}", slot),
+            [&changes, slot](const std::string& label) { changes.labels[slot] = label; },
+            "Its label, by text or number");
+    }
+    command
+        .add_option("--display-phone", changes.displayPhone, "The phone that lists show, 1 to 5")
+        ->check(CLI::Range(1, kPhoneSlots));
+    for (int number = 1; number <= kCustomFields; ++number) {
+        AddTextOption(command, changes, CustomField(number), fmt::format("--custom{}", number),
+                      "Custom field");
+    }
+    command.add_option("--note", changes.note, "Note");
+    command.add_option("--category", changes.category, "Category; a new name adds one");
+    AddYesNoOption(command, "--private", changes.isPrivate, "Private: yes or no");
+    AddYesNoOption(command, "--archived", changes.isArchived, "Archived: yes or no");
+}
+
+}  // namespace
+
+void AddRecordCommands(CLI::App& app, Invocation& invocation) {
+    auto id = std::make_shared<std::int64_t>(0);
+    auto changes = std::make_shared<Changes>();
+    const auto addIdCommand = [&](const char* name, const char* description) {
+        CLI::App* command = app.add_subcommand(name, description);
+        command->add_option("ID", *id, "The id that `addresses` shows")->required();
+        return command;
+    };
+
+    addIdCommand("show", "Show one address with all its fields")->callback([id, &invocation] {
+        invocation.command = [id, &invocation](Store& store) {
+            return Show(store, *id, invocation.json);
+        };
+    });
+    CLI::App* add = app.add_subcommand("add", "Add an address");
+    AddFieldOptions(*add, *changes);
+    add->callback([changes, &invocation] {
+        invocation.command = [changes, &invocation](Store& store) {
+            return Add(store, *changes, invocation.json);
+        };
+    });
+    CLI::App* edit =
+        addIdCommand("edit", "Change fields of one address; an empty text clears a field");
+    AddFieldOptions(*edit, *changes);
+    edit->callback([id, changes, &invocation] {
+        invocation.command = [id, changes, &invocation](Store& store) {
+            return Edit(store, *id, *changes, invocation.json);
+        };
+    });
+    addIdCommand("delete", "Delete one address")->callback([id, &invocation] {
+        invocation.command = [id, &invocation](Store& store) {
+            return Delete(store, *id, invocation.json);
+        };
+    });
+}
+
+}  // namespace orvo::cli

@@ -1,0 +1,48 @@
+// The store that a command works on.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+#include <contracts/RecordStore.h>
+#include <libraries/quire/SqliteEngine.h>
+
+namespace orvo::cli {
+
+// The exit codes of the program.
+enum ExitCode { kDone = 0, kNothingFound = 1, kWrongUse = 2, kSomeSkipped = 3 };
+
+// Ends a command with one line on standard error.
+class CommandError : public std::runtime_error {
+public:
+    CommandError(ExitCode code, const std::string& message)
+        : std::runtime_error(message), m_code(code) {}
+    ExitCode Code() const { return m_code; }
+
+private:
+    ExitCode m_code;
+};
+
+// An open store with its tables.
+class Store {
+public:
+    // Opens or creates the store; an empty path stands for the user's own store, whose folder is
+    // then made. Fails:  CommandError.
+    explicit Store(const std::string& path);
+
+    CAddressTable& Addresses() { return m_addresses; }
+    CToDoTable& ToDos() { return m_toDos; }
+    StoreEngine& Engine() { return *m_engine; }
+
+    // Fails:  CommandError where `status` isn't 0.
+    void Check(long status);
+
+private:
+    std::unique_ptr<SqliteEngine> m_engine;
+    CAddressTable m_addresses;
+    CToDoTable m_toDos;
+};
+
+}  // namespace orvo::cli

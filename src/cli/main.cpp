@@ -1,0 +1,94 @@
+// orvo: people's addresses and duties, in a terminal or a script.
+// SPDX-License-Identifier: MIT
+
+#include <csignal>
+#include <exception>
+
+#include <fmt/format.h>
+
+#include <CLI/CLI.hpp>
+#include <cli/Commands.h>
+#include <cli/Output.h>
+#include <platform/text/Charset.h>
+#include <platform/text/SystemLocale.h>
+
+namespace orvo::cli {
+namespace {
+
+void AddGlobalOptions(CLI::App& app, Invocation& invocation) {
+    app.add_option("--store", invocation.store,
+                   "The store file (default: orvo/orvo.db in the user's data folder)");
+    app.add_option("--locale", invocation.locale,
+                   "The locale for this call, such as de-DE or ja-JP");
+    app.add_option("--code-page", invocation.codePage,
+                   "The code page of text in memory: 65001, 932 or an 8-bit page");
+    app.add_flag("--json", invocation.json, "Print JSON, one object a line");
+    app.set_version_flag("--version", "orvo " ORVO_VERSION);
+}
+
+void ApplyLocale(const Invocation& invocation) {
+    if (invocation.locale.empty() && invocation.codePage == 0) return;
+    const std::string tag = invocation.locale.empty() ? SystemLocale::Tag() : invocation.locale;
+    if (!SystemLocale::Set(tag, invocation.codePage)) {
+        throw CommandError(
+            kWrongUse, fmt::format("--locale {} --code-page {}: no such locale or code page", tag,
+                                   invocation.codePage));
+    }
+}
+
+void CheckArguments(int count, char** arguments) {
+    for (int i = 1; i < count; ++i) {
+        if (!IsValidUtf8(arguments[i])) {
+            throw CommandError(kWrongUse, fmt::format("argument {} is not UTF-8 text", i));
+        }
+    }
+}
+
+int Run(int count, char** arguments) {
+    CheckArguments(count, arguments);
+    CLI::App app("Addresses and to-dos in one store.", "orvo");
+    Invocation invocation;
+    app.fallthrough();
+    app.require_subcommand(1);
+    AddGlobalOptions(app, invocation);
+    AddExchangeCommands(app, invocation);
+    AddAddressesCommands(app, invocation);
+    AddTextsCommands(app, invocation);
+    AddRecordCommands(app, invocation);
+    app.footer(
+        "Exit codes: 0 done; 1 nothing found; 2 wrong use or a file that can't be read;\n"
+        "3 done, with some entries skipped, each told on standard error.");
+    try {
+        app.parse(count, arguments);
+    } catch (const CLI::Success& help) {
+        return app.exit(help);
+    } catch (const CLI::ParseError& error) {
+        throw CommandError(kWrongUse, fmt::format("{} (see orvo --help)", error.what()));
+    }
+    ApplyLocale(invocation);
+    Store store(invocation.store);
+    return invocation.command(store);
+}
+
+}  // namespace
+}  // namespace orvo::cli
+
+int main(int count, char** arguments) {
+    using namespace orvo::cli;
+    // A reader that has seen enough, such as `head`, ends the program without a word.
+    std::signal(SIGPIPE, SIG_DFL);
+    int code = kWrongUse;
+    try {
+        code = Run(count, arguments);
+    } catch (const CommandError& error) {
+        PrintError(fmt::format("orvo: {}", error.what()));
+        code = error.Code();
+    } catch (const std::exception& error) {
+        PrintError(fmt::format("orvo: {}", error.what()));
+    }
+    if (!FlushOutput()) {
+        PrintError("orvo: standard output can't take the result");
+        code = kWrongUse;
+    }
+    return code;
+}

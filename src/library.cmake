@@ -1,0 +1,22 @@
+# liborvoshare: the module with the libraries that fulfil its contracts, in one shared library.
+set(parts orvo_text orvo_addresslist orvo_quire orvo_lingo orvo_odcmn orvo_orvoui orvo_resources
+          orvo_platform_text orvo_platform_time orvo_platform_io)
+list(TRANSFORM parts REPLACE "(.+)" "$<TARGET_FILE:\\1>" OUTPUT_VARIABLE archives)
+
+add_library(orvoshare SHARED orvoshare/module/Version.cpp)
+add_dependencies(orvoshare ${parts})
+set_target_properties(orvoshare PROPERTIES VERSION ${PROJECT_VERSION}
+                                           SOVERSION ${PROJECT_VERSION_MAJOR}
+                                           LINK_DEPENDS "${archives}")
+target_compile_definitions(orvoshare PRIVATE ORVO_VERSION="${PROJECT_VERSION}")
+target_compile_features(orvoshare PUBLIC cxx_std_20)
+target_include_directories(orvoshare
+    PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src>
+           $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/OrvoShare>)
+# All of each archive, as nothing inside the library calls what it is there to export; by file name, so that CMake
+# doesn't link the archives a second time for each other's sake.
+target_link_options(orvoshare PRIVATE
+    "LINKER:--whole-archive" ${archives} "LINKER:--no-whole-archive")
+target_link_libraries(orvoshare
+    PRIVATE $<BUILD_INTERFACE:orvo_flags> $<BUILD_INTERFACE:ICU::i18n> $<BUILD_INTERFACE:ICU::uc>
+            $<BUILD_INTERFACE:SQLite::SQLite3> $<BUILD_INTERFACE:fmt::fmt>)

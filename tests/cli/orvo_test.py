@@ -1,0 +1,214 @@
+#!/usr/bin/env python3
+# Runs orvo as a user does: commands, what they print, and their exit codes.
+# SPDX-License-Identifier: MIT
+import json
+import os
+import pathlib
+import signal
+import sqlite3
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+
+ORVO = sys.argv[1]
+SAMPLES = sorted(str(path) for path in pathlib.Path(sys.argv[2]).iterdir())
+
+
+def card(name, first="", extra=""):
+    return f"BEGIN:VCARD\r\nVERSION:3.0\r\nN:{name};{first};;;\r\n{extra}END:VCARD\r\n"
+
+
+class OrvoTest(unittest.TestCase):
+    def setUp(self):
+        self.scratch = tempfile.TemporaryDirectory()
+        self.folder = pathlib.Path(self.scratch.name)
+        self.store = self.folder / "orvo.db"
+
+    def tearDown(self):
+        self.scratch.cleanup()
+
+    def run_orvo(self, *arguments, environment=None):
+        return subprocess.run([ORVO, *map(str, arguments)], capture_output=True, timeout=120,
+                              env={"PATH": os.environ["PATH"], "LC_ALL": "en_US.UTF-8", **(environment or {})})
+
+    def orvo(self, *arguments, code=0):
+        result = self.run_orvo("--store", self.store, *arguments)
+        self.assertEqual(result.returncode, code, (arguments, result.stdout, result.stderr))
+        self.errors = result.stderr.decode()
+        return result.stdout.decode()
+
+    def rows(self, *arguments, code=0):
+        return [json.loads(line) for line in self.orvo("--json", *arguments, code=code).splitlines()]
+
+    def file(self, name, content):
+        path = self.folder / name
+        path.write_bytes(content if isinstance(content, bytes) else content.encode())
+        return path
+
+    def test_samples_become_a_sorted_list(self):
+        self.assertIn("imported 13 addresses, 5 to-dos, 0 skipped", self.orvo("import", *SAMPLES))
+        formatted = [row["formatted"] for row in self.rows("addresses")]
+        self.assertEqual(formatted[:5], ["Cher", "Corner Pharmacy", "Dupont, Élodie",
+                                         "Featherstonehaugh-Cholmondeley, Maximilian Bartholomew Algernon", "Lee, Ann"])
+        japanese = self.rows("--locale", "ja-JP", "addresses")
+        self.assertEqual([row["formatted"] for row in japanese if row["nameYomi"]],
+                         ["阿部 花子", "佐藤 由美", "山田 太郎", "渡辺 健"])
+        self.assertEqual(self.rows("addresses", "--category", "Health")[0]["company"], "Corner Pharmacy")
+
+    def test_json_rows_have_the_promised_keys(self):
+        self.orvo("import", self.file("a.vcf", card("Lee", "Ann", "ORG:Acme\r\nCATEGORIES:Friends\r\n")))
+        self.assertEqual(self.rows("addresses"), [
+            {"row": 0, "id": 1, "name": "Lee", "first": "Ann", "company": "Acme", "nameYomi": "", "firstYomi": "",
+             "companyYomi": "", "formatted": "Lee, Ann", "category": "Friends", "private": False}])
+
+    def test_private_rows_are_hidden_or_masked(self):
+        self.orvo("import", self.file("a.vcf", card("Open") + card("Secret", "", "CLASS:PRIVATE\r\n")))
+        self.assertEqual(len(self.rows("addresses", "--hide-private")), 1)
+        masked = self.rows("addresses", "--mask-private")
+        self.assertEqual(masked[1], {"row": 1, "id": 2, "private": True, "masked": True})
+        self.assertNotIn("Secret", self.orvo("addresses", "--mask-private"))
+
+    def test_compare_tells_the_order_of_two_rows(self):
+        self.orvo("add", "--name", "Zeta", "--name-yomi", "a")
+        self.orvo("add", "--name", "Kappa", "--name-yomi", "k")
+        self.assertEqual(self.orvo("compare", 0, 1), "-1\n")
+        self.assertEqual(self.orvo("compare", 1, 0), "1\n")
+        self.assertEqual(self.orvo("compare", 1, 1), "0\n")
+        self.assertEqual(self.orvo("compare", 0, 1, "--japanese"), "1\n")
+        self.orvo("compare", 0, 2, code=1)
+        self.orvo("compare", 0, 1, "--english", "--japanese", code=2)
+
+    def test_add_edit_show_and_delete(self):
+        everything = {"--name": "Łęcki", "--first": "Jan", "--company": "Acme", "--name-yomi": "a", "--first-yomi": "b",
+                      "--company-yomi": "c", "--title": "Dr.", "--address": "Street 1\nYard", "--city": "X", "--state": "Y",
+                      "--zip": "Z", "--country": "PL", "--phone2": "123", "--label2": "Fax", "--display-phone": "2",
+                      "--custom4": "four", "--note": "a note", "--category": "Friends", "--private": "yes"}
+        options = [part for pair in everything.items() for part in pair]
+        self.assertEqual(self.orvo("--code-page", 1252, "add", *options), "added 1\n")
+        shown = self.rows("show", 1)[0]
+        self.assertEqual(shown["name"], "Łęcki")
+        self.assertEqual(shown["address"], "Street 1\nYard")
+        self.assertEqual(shown["phones"], [{"slot": 2, "labelId": 3, "label": "Fax", "text": "123"}])
+        self.assertEqual((shown["displayPhone"], shown["custom"][3], shown["note"], shown["category"], shown["private"]),
+                         (2, "four", "a note", "Friends", True))
+
+        self.orvo("edit", 1, "--city", "", "--private", "no")
+        after = self.rows("show", 1)[0]
+        self.assertEqual({key: (shown[key], after[key]) for key in shown if shown[key] != after[key]},
+                         {"city": ("X", ""), "private": (True, False)})
+        self.orvo("edit", 1, "--label1", "no such label", code=2)
+        self.orvo("delete", 1)
+        self.orvo("show", 1, code=1)
+        self.orvo("edit", 1, "--city", "X", code=1)
+
+    def test_labels_and_categories(self):
+        labels = self.rows("labels")
+        self.assertEqual([row["label"] for row in labels if row["kind"] == "phone"],
+                         ["Mobile", "Home", "Work", "Fax", "E-mail", "Web", "Pager", "Other"])
+        self.orvo("labels", "--set", "phone", 8, "Boat")
+        self.orvo("labels", "--set", "custom", 4, "Birthday")
+        labels = {(row["kind"], row["number"]): row["label"] for row in self.rows("labels")}
+        self.assertEqual((labels["phone", 8], labels["custom", 4]), ("Boat", "Birthday"))
+        for bad in (("phone", 10, "x"), ("custom", 0, "x"), ("custom", 5, "x"), ("fax", 1, "x"), ("phone", "two", "x")):
+            self.orvo("labels", "--set", *bad, code=2)
+
+        self.orvo("import", self.file("a.vcf", "".join(card(f"P{i}", "", f"CATEGORIES:C{i}\r\n") for i in range(20))))
+        names = [row["name"] for row in self.rows("categories") if row["table"] == "addresses"]
+        self.assertEqual(len(names), 16)
+
+    def test_what_nobody_edited_comes_back_as_it_came(self):
+        for sample in SAMPLES:
+            self.store = self.folder / (pathlib.Path(sample).name + ".db")
+            self.orvo("import", sample)
+            out = self.folder / ("out" + pathlib.Path(sample).suffix)
+            self.orvo("export", out)
+            if sample.endswith(".vcf"):
+                self.assertEqual(out.read_bytes(), pathlib.Path(sample).read_bytes(), sample)
+
+    def test_an_import_with_skipped_entries_tells_each(self):
+        path = self.file("a.vcf", card("Good") + "BEGIN:VCARD\r\nVERSION:3.0\r\nN:Cut\r\n" + card("Fine"))
+        self.assertIn("imported 2 addresses, 0 to-dos, 1 skipped", self.orvo("import", path, code=3))
+        self.assertRegex(self.errors, rf"^{path}:5: .+\n$")
+
+    def test_bad_input_is_told_in_one_line_and_changes_nothing(self):
+        good = self.file("good.vcf", card("Good"))
+        self.orvo("import", good)
+        before = self.rows("addresses")
+        for bad in (self.file("x.vcf", "no card at all"), self.file("empty.vcf", ""), self.folder / "missing.vcf", self.folder):
+            self.orvo("import", good, bad, code=2)
+            self.assertEqual(self.errors.count("\n"), 1, self.errors)
+            self.assertEqual(self.rows("addresses"), before)
+
+        for content in (b"not a store", b"SQLite format 3\0" + bytes(84), bytes(5000)):
+            path = self.file("foreign.db", content)
+            result = self.run_orvo("--store", path, "addresses")
+            self.assertEqual((result.returncode, result.stderr.count(b"\n")), (2, 1), result.stderr)
+            self.assertEqual(path.read_bytes(), content)
+
+        for wrong in (["frobnicate"], ["addresses", "--by", "shoe size"], ["--locale", "not a tag", "addresses"],
+                      ["--code-page", "1", "addresses"], ["show"], ["show", "x"], ["export", self.folder / "a.txt"]):
+            self.orvo(*wrong, code=2)
+            self.assertEqual(self.errors.count("\n"), 1, self.errors)
+
+    def test_a_newer_store_is_refused_and_left_alone(self):
+        self.orvo("add", "--name", "Lee")
+        database = sqlite3.connect(self.store)
+        database.execute("PRAGMA user_version = 99")
+        database.execute("PRAGMA wal_checkpoint(TRUNCATE)")
+        database.close()
+        content = self.store.read_bytes()
+        self.orvo("addresses", code=2)
+        self.assertIn("newer", self.errors)
+        self.assertEqual(self.store.read_bytes(), content)
+
+    def test_a_store_that_another_process_writes_is_told(self):
+        self.orvo("add", "--name", "Lee")
+        database = sqlite3.connect(self.store, isolation_level=None)
+        database.execute("BEGIN IMMEDIATE")
+        self.orvo("import", self.file("a.vcf", card("New")), code=2)
+        self.assertEqual(self.errors.count("\n"), 1, self.errors)
+        database.execute("ROLLBACK")
+        database.close()
+        self.assertEqual(len(self.rows("addresses")), 1)
+
+    def test_a_kill_during_an_import_leaves_all_or_none(self):
+        count = 20000
+        path = self.file("many.vcf", "".join(card(f"Person{i}") for i in range(count)))
+        self.orvo("add", "--name", "First")
+        seen = set()
+        for delay in (0.05, 0.1, 0.2, 0.4, 0.8, 1.6):
+            process = subprocess.Popen([ORVO, "--store", self.store, "import", path], stdout=subprocess.DEVNULL)
+            time.sleep(delay)
+            process.send_signal(signal.SIGKILL)
+            process.wait()
+            rows = len(self.rows("addresses"))
+            self.assertIn((rows - 1) % count, (0,), rows)
+            seen.add(rows)
+        self.assertIn(1, seen, "no kill came before the commit")
+
+    def test_names_cannot_steer_a_terminal(self):
+        self.orvo("import", self.file("a.vcf", card("Evil\x1b[2J\x07\u009b31m")))
+        self.assertNotRegex(self.orvo("addresses"), r"[\x00-\x09\x0b-\x1f\x7f-\x9f]")
+
+    def test_the_default_store_lies_in_the_data_folder(self):
+        home = self.folder / "home"
+        home.mkdir()
+        self.assertEqual(self.run_orvo("add", "--name", "Lee", environment={"HOME": str(home)}).returncode, 0)
+        self.assertTrue((home / ".local/share/orvo/orvo.db").exists())
+        data = self.folder / "data"
+        self.run_orvo("add", "--name", "Lee", environment={"HOME": str(home), "XDG_DATA_HOME": str(data)})
+        self.assertTrue((data / "orvo/orvo.db").exists())
+
+    def test_nothing_found_is_told_by_exit_code_1(self):
+        self.orvo("addresses", code=1)
+        self.orvo("addresses", "--category", "none such", code=1)
+        self.orvo("show", 1, code=1)
+        existing = self.file("keep.vcf", card("Keep"))
+        self.orvo("export", existing, code=1)
+        self.assertEqual(existing.read_bytes(), card("Keep").encode())
+
+
+if __name__ == "__main__":
+    unittest.main(argv=[sys.argv[0]])
