@@ -62,6 +62,12 @@ int Run(int count, char** arguments) {
         app.parse(count, arguments);
     } catch (const CLI::Success& help) {
         return app.exit(help);
+    } catch (const CLI::RequiredError& error) {
+        const std::vector<std::string> unknown = app.remaining();
+        throw CommandError(
+            kWrongUse, unknown.empty() ? fmt::format("{} (see orvo --help)", error.what())
+                                       : fmt::format("there is no command \"{}\" (see orvo --help)",
+                                                     unknown.front()));
     } catch (const CLI::ParseError& error) {
         throw CommandError(kWrongUse, fmt::format("{} (see orvo --help)", error.what()));
     }
