@@ -29,7 +29,8 @@ private:
 class Store {
 public:
     // Opens or creates the store; an empty path stands for the user's own store, whose folder is
-    // then made. Fails:  CommandError.
+    // then made.
+    // Fails: CommandError.
     explicit Store(const std::string& path);
 
     CAddressTable& Addresses() { return m_addresses; }

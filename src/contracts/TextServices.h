@@ -43,8 +43,9 @@ ORVO_API void GetFirstLine(CString& text, CString& line);
 ORVO_API int IsMultiline(const CString& text);
 
 // Moves a date of the record form by whole calendar days; the local time of day stays, also across
-// a clock change. Gives:  non-zero on success; 0, with the date untouched, where it or the result
-// isn't a date: negative, kMaxDate (no date) or above.
+// a clock change.
+// Gives: non-zero on success; 0, with the date untouched, where it or the result isn't a date:
+//        negative, kMaxDate (no date) or above.
 ORVO_API int IncrDate(long& date, int days);
 
 // Widgets (libraries/orvoui).

@@ -15,8 +15,9 @@ class CardReader {
 public:
     explicit CardReader(CAddressTable& table);
 
-    // Puts the card into the table. Gives:  why it was left out; empty where it is in.
-    // Fails:  ExchangeError where the store refuses to write.
+    // Puts the card into the table.
+    // Gives: why it was left out; empty where it is in.
+    // Fails: ExchangeError where the store refuses to write.
     std::string_view Store(const Entry& card);
 
 private:

@@ -32,9 +32,10 @@ struct ImportReport {
 };
 
 // Reads a vCard (2.1, 3.0, 4.0), vCalendar 1.0 or iCalendar file; the content decides, not the
-// name. Records get rising ids and placement positions in the file's order. Requires: the caller
-// has a transaction open if the import must be all or nothing. Fails:    ExchangeError where the
-// file can't be read, is no card or calendar file, or the store refuses to write.
+// name. Records get rising ids and placement positions in the file's order.
+// Requires: the caller has a transaction open if the import must be all or nothing.
+// Fails:    ExchangeError where the file can't be read, is no card or calendar file, or the store
+//           refuses to write.
 ImportReport ImportFile(const std::string& path, CAddressTable& addresses, CToDoTable& toDos);
 
 // The same for bytes that the caller has read.

@@ -11,8 +11,8 @@ namespace orvo {
 using RowCompare = int (*)(long row, long key, long context);
 
 // The row at which to insert `key` into the sorted rows `first` to `last`, both inclusive. Among
-// equal elements the new one goes before the one that the halving meets first. Requires: at least
-// one row.
+// equal elements the new one goes before the one that the halving meets first.
+// Requires: at least one row.
 ORVO_API unsigned long GetSortedIndexToInsert(unsigned long first, unsigned long last, long key,
                                               RowCompare compare, long context);
 

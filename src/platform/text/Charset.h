@@ -14,8 +14,9 @@ namespace orvo {
 ORVO_API bool IsValidUtf8(std::string_view bytes);
 
 // Decodes bytes of a character set that is named as in MIME ("SHIFT_JIS", "iso-8859-1"; case does
-// not count). Gives:  false, with `utf8` untouched, for an unknown name, or where the bytes are not
-// all of that set.
+// not count).
+// Gives: false, with `utf8` untouched, for an unknown name, or where the bytes are not all of that
+//        set.
 ORVO_API bool DecodeCharset(std::string_view name, std::string_view bytes, std::string& utf8);
 
 // Encodes UTF-8 text; false, with `bytes` untouched, for an unknown name, for text that is no

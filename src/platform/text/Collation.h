@@ -20,11 +20,12 @@ constexpr int CSTR_GREATER_THAN = 3;
 
 // Compares two texts of the system's code page by the rules of the system's locale. Hyphen and
 // apostrophe are symbols with a place of their own. A length of -1 stands for text that ends in a
-// zero byte. Requires: SORT_STRINGSORT, alone or with NORM_IGNORECASE, or with NORM_IGNORECASE and
-// NORM_IGNORENONSPACE. Gives:    CSTR_LESS_THAN, CSTR_EQUAL or CSTR_GREATER_THAN; 0 for another
-// locale than LOCALE_SYSTEM_DEFAULT and
-//           LOCALE_USER_DEFAULT, for other flags, and for a null pointer.
-// The collator is made once for each locale and thread.
+// zero byte.
+// Requires: SORT_STRINGSORT, alone or with NORM_IGNORECASE, or with NORM_IGNORECASE and
+//           NORM_IGNORENONSPACE.
+// Gives:    CSTR_LESS_THAN, CSTR_EQUAL or CSTR_GREATER_THAN; 0 for another locale than
+//           LOCALE_SYSTEM_DEFAULT and LOCALE_USER_DEFAULT, for other flags, and for a null pointer.
+//           The collator is made once for each locale and thread.
 ORVO_API int CompareStringA(unsigned locale, unsigned flags, const char* left, int leftLength,
                             const char* right, int rightLength);
 
