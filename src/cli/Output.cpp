@@ -14,13 +14,21 @@ namespace {
 // A cell wider than this is cut in a table; the JSON form has all of it.
 constexpr std::size_t kWidestCell = 40;
 
+// Characters that end a line or turn the direction of the text behind them, though they aren't
+// control characters.
+constexpr bool Steers(char32_t character) {
+    return (character >= 0x202A && character <= 0x202E) ||
+           (character >= 0x2066 && character <= 0x2069) || character == 0x2028 ||
+           character == 0x2029;
+}
+
 void AppendPrintable(char32_t character, std::string& text) {
     constexpr char32_t kPictures = 0x2400;
     if (character < 0x20) {
         AppendCodePoint(kPictures + character, text);
     } else if (character == 0x7F) {
         AppendCodePoint(0x2421, text);
-    } else if (character >= 0x80 && character < 0xA0) {
+    } else if ((character >= 0x80 && character < 0xA0) || Steers(character)) {
         AppendCodePoint(0xFFFD, text);
     } else {
         AppendCodePoint(character, text);

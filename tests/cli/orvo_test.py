@@ -12,8 +12,8 @@ import tempfile
 import time
 import unittest
 
-ORVO = sys.argv[1]
-SAMPLES = sorted(str(path) for path in pathlib.Path(sys.argv[2]).iterdir())
+ORVO = str(pathlib.Path(sys.argv[1]).resolve())
+SAMPLES = sorted(str(path) for path in pathlib.Path(sys.argv[2]).resolve().iterdir())
 
 
 def card(name, first="", extra=""):
@@ -69,6 +69,23 @@ class OrvoTest(unittest.TestCase):
         masked = self.rows("addresses", "--mask-private")
         self.assertEqual(masked[1], {"row": 1, "id": 2, "private": True, "masked": True})
         self.assertNotIn("Secret", self.orvo("addresses", "--mask-private"))
+
+    def test_texts_of_the_table_come_in_the_language_of_the_locale(self):
+        self.orvo("add", "--name", "Secret", "--private", "yes")
+        self.orvo("add", "--name", "Open")
+        self.orvo("add", "--name", "Filed", "--category", "Friends")
+        for locale, private, category in (("en-US", "(Private)", "Uncategorized"), ("de-DE", "(Privat)", "Ohne Kategorie"),
+                                          ("fr-CA", "(Privé)", "Sans catégorie"), ("ja-JP", "(非公開)", "未分類"),
+                                          ("es-ES", "(Private)", "Uncategorized")):
+            table = self.orvo("--locale", locale, "addresses", "--mask-private")
+            for text in (private, category, "Friends"):
+                self.assertEqual(table.count(text), 1, (locale, table))
+        self.assertEqual([row["category"] for row in self.rows("--locale", "de-DE", "addresses")],
+                         ["Friends", "Uncategorized", "Uncategorized"])
+        without = self.run_orvo("--store", self.store, "--locale", "de-DE", "addresses", "--mask-private",
+                                environment={"ORVO_LANGUAGE_DIR": str(self.folder)})
+        self.assertIn(b"(Private)", without.stdout)
+        self.assertEqual(without.stderr, b"")
 
     def test_compare_tells_the_order_of_two_rows(self):
         self.orvo("add", "--name", "Zeta", "--name-yomi", "a")
@@ -189,8 +206,18 @@ class OrvoTest(unittest.TestCase):
         self.assertIn(1, seen, "no kill came before the commit")
 
     def test_names_cannot_steer_a_terminal(self):
-        self.orvo("import", self.file("a.vcf", card("Evil\x1b[2J\x07\u009b31m")))
-        self.assertNotRegex(self.orvo("addresses"), r"[\x00-\x09\x0b-\x1f\x7f-\x9f]")
+        self.orvo("import", self.file("a.vcf", card("Evil\x1b[2J\x07\u009b31m\u202e\u2028")))
+        self.assertNotRegex(self.orvo("addresses"), r"[\x00-\x09\x0b-\x1f\x7f-\x9f\u2028-\u202e]")
+
+    def test_completing_a_category_runs_nothing(self):
+        self.orvo("import", self.file("a.vcf", card("P", "", "CATEGORIES:$(>pwn)\r\n")))
+        script = pathlib.Path(sys.argv[2]).resolve().parent / "src/cli/completion/orvo"
+        complete = (f"cd {self.folder}; PATH={pathlib.Path(ORVO).parent}:$PATH; source {script}; "
+                    f"COMP_WORDS=(orvo --store {self.store} addresses --category ''); COMP_CWORD=5; _orvo; "
+                    "printf '%s\\n' \"${COMPREPLY[@]}\"")
+        completed = subprocess.run(["bash", "-c", complete], capture_output=True, text=True).stdout.splitlines()
+        self.assertEqual(completed, [r"\$\(\>pwn\)", "Uncategorized"])
+        self.assertFalse((self.folder / "pwn").exists())
 
     def test_the_default_store_lies_in_the_data_folder(self):
         home = self.folder / "home"
