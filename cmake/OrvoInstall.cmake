@@ -7,6 +7,7 @@ foreach(folder platform contracts orvoshare libraries)
             DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/OrvoShare" FILES_MATCHING PATTERN "*.h")
 endforeach()
 install(TARGETS orvo)
+install(DIRECTORY "${PROJECT_BINARY_DIR}/share/orvoshare" DESTINATION "${CMAKE_INSTALL_DATADIR}")
 install(FILES "${PROJECT_SOURCE_DIR}/docs/orvo.1" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
 install(FILES "${PROJECT_SOURCE_DIR}/src/cli/completion/orvo"
         DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions")

@@ -3,7 +3,7 @@
 
 say() { printf '==> %s\n' "$*" >&2; }
 
-build_packages="g++ cmake ninja-build ccache pkg-config libicu-dev libsqlite3-dev libical-dev libfmt-dev libcli11-dev nlohmann-json3-dev"
+build_packages="g++ cmake ninja-build ccache pkg-config libicu-dev libsqlite3-dev libical-dev libfmt-dev libcli11-dev nlohmann-json3-dev gettext"
 test_packages="libgtest-dev libgmock-dev clang-format python3"
 check_packages="clang clang-tidy libclang-rt-14-dev libbenchmark-dev"
 

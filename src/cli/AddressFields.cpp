@@ -10,10 +10,10 @@
 namespace orvo::cli {
 namespace {
 
-CString FromUtf8(const std::string& utf8) {
-    CString text;
-    CodePage::System().FromUtf8(utf8, text.Bytes());
-    return text;
+CCategory* FindCategory(CBaseTable& table, const std::string& name) {
+    CCategory* category = nullptr;
+    table.GetCategoryManager()->FindUtf8Name(name, category);
+    return category;
 }
 
 }  // namespace
@@ -25,8 +25,7 @@ std::string ToUtf8(const CString& text) {
 }
 
 int CategoryIndex(CBaseTable& table, const std::string& name) {
-    CCategory* category = nullptr;
-    table.GetCategoryManager()->FindName(FromUtf8(name), category);
+    const CCategory* category = FindCategory(table, name);
     if (category == nullptr) {
         throw CommandError(kNothingFound, fmt::format("there is no category \"{}\"", name));
     }
@@ -34,23 +33,16 @@ int CategoryIndex(CBaseTable& table, const std::string& name) {
 }
 
 int CategoryIndexOrNew(CBaseTable& table, const std::string& name) {
-    CCategoryMgr& manager = *table.GetCategoryManager();
-    const CString text = FromUtf8(name);
-    CCategory* category = nullptr;
-    manager.FindName(text, category);
-    if (category != nullptr) return category->GetIndex();
-
-    if (text.IsEmpty() || text.GetLength() > kCategoryNameLength) {
+    if (const CCategory* known = FindCategory(table, name)) return known->GetIndex();
+    if (name.empty() || name.size() > kCategoryNameLength) {
         throw CommandError(kWrongUse, fmt::format("category \"{}\": a name has 1 to {} bytes", name,
                                                   kCategoryNameLength));
     }
     auto added = std::make_unique<CCategory>();
-    added->SetName(text);
-    if (manager.Add(added.get()) != 0) {
-        throw CommandError(kWrongUse,
-                           fmt::format("category \"{}\" can't be added: {}", name,
-                                       manager.GetCount() == kCategoryCount ? "there are 16 already"
-                                                                            : table.LastError()));
+    added->SetNameUtf8(name);
+    if (table.GetCategoryManager()->Add(added.get()) != 0) {
+        throw CommandError(
+            kWrongUse, fmt::format("category \"{}\" can't be added: {}", name, table.LastError()));
     }
     return added.release()->GetIndex();  // the manager has taken it
 }
@@ -60,7 +52,7 @@ std::string CategoryName(CBaseTable& table, const CBaseRecord& record) {
     record.GetCategoryId(index);
     CCategory* category = nullptr;
     table.GetCategoryManager()->FindIndex(index, category);
-    return category == nullptr ? std::string() : ToUtf8(category->GetName());
+    return category == nullptr ? std::string() : category->Utf8();
 }
 
 std::string FormattedName(CAddressRecord& record) {

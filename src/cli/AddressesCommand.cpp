@@ -8,8 +8,11 @@
 #include <cli/AddressFields.h>
 #include <cli/Commands.h>
 #include <cli/Output.h>
+#include <contracts/ResourceScope.h>
 #include <orvoshare/addresslist/AddrCompare.h>
 #include <orvoshare/addresslist/AddressOrder.h>
+#include <orvoshare/module/OrvoShareModule.h>
+#include <orvoshare/resources/StringTable.h>
 
 namespace orvo::cli {
 namespace {
@@ -23,29 +26,40 @@ struct ListOptions {
     long ListBy() const { return by == "company" ? kListByCompany : kListByName; }
 };
 
+struct AddressListing {
+    AddressRecords records;
+    ExitCode code = kDone;  // kSomeSkipped where damaged records were told and left out
+};
+
 // The records that a list of these options shows, in its order.
-AddressRecords ListAddresses(Store& store, const ListOptions& options) {
+AddressListing ListAddresses(Store& store, const ListOptions& options) {
     CAddressTable& table = store.Addresses();
     const int shown =
         options.category.empty() ? kAllCategories : CategoryIndex(table, options.category);
 
-    AddressRecords records;
+    constexpr long kEnd = static_cast<long>(StoreStatus::End);
+    AddressListing listing;
     CAddressIterator iterator(table);
     auto record = std::make_unique<CAddressRecord>(table, 1);
     long status = iterator.FindFirst(*record, 1);
-    for (; status == 0; status = iterator.FindNext(*record, 1)) {
+    for (; status != kEnd; status = iterator.FindNext(*record, 1)) {
+        if (iterator.IsAtDamage()) {
+            PrintError(table.LastError());
+            listing.code = kSomeSkipped;
+            continue;
+        }
+        store.Check(status);
         int category = kNoCategory;
         record->GetCategoryId(category);
         if (record->IsArchived() || (shown != kAllCategories && category != shown) ||
             (options.hidePrivate && record->IsPrivate())) {
             continue;
         }
-        records.push_back(std::move(record));
+        listing.records.push_back(std::move(record));
         record = std::make_unique<CAddressRecord>(table, 1);
     }
-    if (status != static_cast<long>(StoreStatus::End)) store.Check(status);
-    SortAddresses(records, options.ListBy());
-    return records;
+    SortAddresses(listing.records, options.ListBy());
+    return listing;
 }
 
 std::string Utf8Of(const CAddressRecord& record, AddressField field) {
@@ -71,11 +85,27 @@ Json RowAsJson(Store& store, std::size_t row, CAddressRecord& record, bool maske
     return json;
 }
 
+std::string ModuleText(unsigned number) {
+    const CDllResourceHandler resources(OrvoShareRecord());
+    CString text;
+    text.LoadString(number);
+    return ToUtf8(text);
+}
+
+// The first category of a new store goes by the name of the user's language until it is renamed.
+std::string ShownCategory(CBaseTable& table, const CBaseRecord& record) {
+    int index = kNoCategory;
+    record.GetCategoryId(index);
+    std::string name = CategoryName(table, record);
+    const bool isUnnamed = index == kNoCategory && name == kNoCategoryName;
+    return isUnnamed ? ModuleText(kStringUncategorized) : name;
+}
+
 std::vector<std::string> RowAsCells(Store& store, std::size_t row, CAddressRecord& record,
                                     bool masked) {
     const std::string number = fmt::format("{}", row);
     const std::string id = fmt::format("{}", record.GetId());
-    if (masked) return {number, id, "(Private)", "", "", ""};
+    if (masked) return {number, id, ModuleText(kStringPrivate), "", "", ""};
     long slot = 1;
     record.GetDisplayPhone(slot);
     return {number,
@@ -83,11 +113,11 @@ std::vector<std::string> RowAsCells(Store& store, std::size_t row, CAddressRecor
             FormattedName(record),
             Utf8Of(record, AddressField::Company),
             Utf8Of(record, PhoneField(slot)),
-            CategoryName(store.Addresses(), record)};
+            ShownCategory(store.Addresses(), record)};
 }
 
 int PrintAddresses(Store& store, const ListOptions& options, bool json) {
-    const AddressRecords records = ListAddresses(store, options);
+    const auto [records, code] = ListAddresses(store, options);
     TextTable table({"Row", "ID", "Name", "Company", "Phone", "Category"});
     for (std::size_t row = 0; row < records.size(); ++row) {
         CAddressRecord& record = *records[row];
@@ -98,9 +128,10 @@ int PrintAddresses(Store& store, const ListOptions& options, bool json) {
             table.Add(RowAsCells(store, row, record, masked));
         }
     }
-    if (records.empty()) throw CommandError(kNothingFound, "there are no addresses to list");
+    if (records.empty() && code == kDone)
+        throw CommandError(kNothingFound, "there are no addresses to list");
     if (!json) table.Print();
-    return kDone;
+    return code;
 }
 
 struct CompareOptions {
@@ -112,7 +143,8 @@ struct CompareOptions {
 };
 
 int PrintComparison(Store& store, const CompareOptions& options, bool json) {
-    const AddressRecords records = ListAddresses(store, options.list);
+    const AddressListing listing = ListAddresses(store, options.list);
+    const AddressRecords& records = listing.records;
     const auto recordAt = [&](std::size_t row) {
         if (row >= records.size()) {
             throw CommandError(
@@ -131,7 +163,7 @@ int PrintComparison(Store& store, const CompareOptions& options, bool json) {
     } else {
         PrintLine(fmt::format("{}", result));
     }
-    return kDone;
+    return listing.code;
 }
 
 void AddListOptions(CLI::App& command, ListOptions& options) {

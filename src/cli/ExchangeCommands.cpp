@@ -16,8 +16,7 @@ namespace orvo::cli {
 namespace {
 
 int Import(Store& store, const std::vector<std::string>& files, bool json) {
-    StoreTransaction transaction(store.Engine());
-    store.Check(static_cast<long>(transaction.Status()));
+    Transaction transaction(store);
     ImportReport total;
     std::vector<std::string> told;
     for (const std::string& file : files) {
@@ -28,7 +27,7 @@ int Import(Store& store, const std::vector<std::string>& files, bool json) {
             told.push_back(fmt::format("{}:{}: {}", file, entry.line, entry.reason));
         }
     }
-    store.Check(static_cast<long>(transaction.Commit()));
+    transaction.Commit();
 
     if (json) {
         PrintJson(
@@ -50,13 +49,16 @@ CBaseTable& TableOf(Store& store, const std::string& file) {
 int Export(Store& store, const std::string& file, const std::string& category, bool json) {
     const int index =
         category.empty() ? kAllCategories : CategoryIndex(TableOf(store, file), category);
-    const std::size_t count = ExportFile(file, store.Addresses(), store.ToDos(), index);
+    const ExportReport report = ExportFile(file, store.Addresses(), store.ToDos(), index);
     if (json) {
-        PrintJson({{"exported", count}});
+        PrintJson({{"exported", report.written}, {"leftOut", report.leftOut.size()}});
     } else {
-        PrintLine(fmt::format("exported {} records to {}", count, file));
+        PrintLine(fmt::format("exported {} records to {}, {} left out", report.written, file,
+                              report.leftOut.size()));
     }
-    return count == 0 ? kNothingFound : kDone;
+    for (const std::string& line : report.leftOut) PrintError(line);
+    if (!report.leftOut.empty()) return kSomeSkipped;
+    return report.written == 0 ? kNothingFound : kDone;
 }
 
 }  // namespace

@@ -139,21 +139,19 @@ int Tell(const char* verb, std::int64_t id, bool json) {
 }
 
 int Add(Store& store, const Changes& changes, bool json) {
-    StoreTransaction transaction(store.Engine());
-    store.Check(static_cast<long>(transaction.Status()));
+    Transaction transaction(store);
     CAddressRecord record(store.Addresses(), 1);
     Apply(store, record, changes);
     store.Check(store.Addresses().Add(record));
-    store.Check(static_cast<long>(transaction.Commit()));
+    transaction.Commit();
     return Tell("added", record.GetId(), json);
 }
 
 int Edit(Store& store, std::int64_t id, const Changes& changes, bool json) {
-    StoreTransaction transaction(store.Engine());
-    store.Check(static_cast<long>(transaction.Status()));
+    Transaction transaction(store);
     const auto record = FindAddress(store, id);
     Apply(store, *record, changes);
-    store.Check(static_cast<long>(transaction.Commit()));
+    transaction.Commit();
     return Tell("edited", id, json);
 }
 

@@ -56,4 +56,14 @@ void Store::Check(long status) {
     throw CommandError(kWrongUse, m_engine->LastError());
 }
 
+Transaction::Transaction(Store& store) : m_store(store), m_transaction(store.Engine()) {
+    store.Check(static_cast<long>(m_transaction.Status()));
+    store.Check(store.Addresses().RefreshTexts());
+    store.Check(store.ToDos().RefreshTexts());
+}
+
+void Transaction::Commit() {
+    m_store.Check(static_cast<long>(m_transaction.Commit()));
+}
+
 }  // namespace orvo::cli

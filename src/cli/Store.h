@@ -46,4 +46,17 @@ private:
     CToDoTable m_toDos;
 };
 
+// One change of the store, from the categories and labels on as they are at its beginning. Without
+// Commit nothing of it stays.
+class Transaction {
+public:
+    // Fails:  CommandError, here and in Commit.
+    explicit Transaction(Store& store);
+    void Commit();
+
+private:
+    Store& m_store;
+    StoreTransaction m_transaction;
+};
+
 }  // namespace orvo::cli

@@ -19,7 +19,7 @@ void PrintCategories(CBaseTable& table, const char* key, const char* title, bool
     if (!json) PrintLine(fmt::format("{}:", title));
     CCategory* category = nullptr;
     for (manager.FindFirst(category); category != nullptr; manager.FindNext(category)) {
-        const std::string name = ToUtf8(category->GetName());
+        const std::string& name = category->Utf8();
         if (json) {
             PrintJson({{"table", key}, {"index", category->GetIndex()}, {"name", name}});
         } else {
@@ -54,6 +54,7 @@ int PrintLabels(Store& store, bool json) {
 }
 
 void SetLabel(Store& store, const std::vector<std::string>& arguments) {
+    Transaction transaction(store);
     const std::string& kind = arguments[0];
     const std::string& digits = arguments[1];
     int number = -1;
@@ -72,6 +73,7 @@ void SetLabel(Store& store, const std::vector<std::string>& arguments) {
     CodePage::System().FromUtf8(arguments[2], label.Bytes());
     store.Check(isPhone ? store.Addresses().SetPhoneLabel(number, label)
                         : store.Addresses().SetCustomLabel(number, label));
+    transaction.Commit();
 }
 
 }  // namespace

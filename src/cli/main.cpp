@@ -9,6 +9,8 @@
 #include <CLI/CLI.hpp>
 #include <cli/Commands.h>
 #include <cli/Output.h>
+#include <orvoshare/module/OrvoShareModule.h>
+#include <orvoshare/resources/StringTable.h>
 #include <platform/text/Charset.h>
 #include <platform/text/SystemLocale.h>
 
@@ -72,6 +74,7 @@ int Run(int count, char** arguments) {
         throw CommandError(kWrongUse, fmt::format("{} (see orvo --help)", error.what()));
     }
     ApplyLocale(invocation);
+    OrvoShareMain(OwnModule(), DLL_PROCESS_ATTACH);
     Store store(invocation.store);
     return invocation.command(store);
 }
@@ -83,6 +86,8 @@ int main(int count, char** arguments) {
     using namespace orvo::cli;
     // A reader that has seen enough, such as `head`, ends the program without a word.
     std::signal(SIGPIPE, SIG_DFL);
+    // A limit on the size of files fails the write that meets it, so that the reason can be told.
+    std::signal(SIGXFSZ, SIG_IGN);
     int code = kWrongUse;
     try {
         code = Run(count, arguments);

@@ -5,6 +5,8 @@
 #include <array>
 #include <functional>
 #include <memory>
+#include <string>
+#include <string_view>
 
 #include <platform/Export.h>
 #include <platform/io/CObject.h>
@@ -17,7 +19,7 @@ using CatError = int;
 
 constexpr int kCategoryCount = 16;       // indexes 0 to 15
 constexpr int kAllCategories = 16;       // a filter's value, never stored in a record
-constexpr int kCategoryNameLength = 15;  // bytes in the system's code page
+constexpr int kCategoryNameLength = 15;  // bytes of UTF-8, under every code page
 
 // The index of a record that nobody has put into a category. A new table holds it as its first
 // category.
@@ -29,28 +31,38 @@ public:
     static const CRuntimeClass classCCategory;
 
     const CRuntimeClass* GetRuntimeClass() const override;
-    // The name, then the index as an int.
+    // The name in the system's code page, then the index as an int.
     void Serialize(CArchive& archive) override;
 
-    CString& GetName() { return m_name; }
-    void SetName(const CString& name) { m_name = name; }
+    // The name in the system's code page, made anew at each call. A category is renamed by SetName.
+    CString& GetName();
+    // The text that GetName gives changes nothing, whatever the page lacks of the name.
+    void SetName(const CString& name);
+    const std::string& Utf8() const { return m_utf8; }
+    void SetNameUtf8(std::string_view name) { m_utf8 = name; }
     int GetIndex() const { return m_index; }
 
 private:
     friend class CCategoryMgr;
 
-    CString m_name;
+    std::string m_utf8;
+    CString m_name;    // what GetName gave last
     int m_index = -1;  // -1 until a manager has taken it
 };
 
 // Holds at most 16 categories, each at an index that a record stores. Owned by its table.
 class ORVO_API CCategoryMgr {
 public:
-    // Called after Add with the index and the name, so that the table can store it. A false result
-    // undoes the Add.
-    using Keeper = std::function<bool(int index, const CString& name)>;
+    // The lowest free index where the manager can take the name now; else -1.
+    using Choose = std::function<int()>;
+    // Called by Add: stores the name at the index that `choose` gives once all that others have
+    // stored is loaded. A false result ends the Add.
+    using Keeper = std::function<bool(const std::string& utf8, const Choose& choose)>;
+    // Called when the manager has taken a category.
+    using Listener = std::function<void()>;
 
-    explicit CCategoryMgr(Keeper keeper = nullptr) : m_keeper(std::move(keeper)) {}
+    explicit CCategoryMgr(Keeper keeper = nullptr, Listener taken = nullptr)
+        : m_keeper(std::move(keeper)), m_taken(std::move(taken)) {}
 
     int GetCount() const;
 
@@ -60,21 +72,27 @@ public:
     // Gives:  0 when found.
     CatError FindIndex(int index, CCategory*& category);
     CatError FindName(const CString& name, CCategory*& category);
+    CatError FindUtf8Name(std::string_view name, CCategory*& category);
     CatError FindFirst(CCategory*& category);
     CatError FindNext(CCategory*& category);
 
     // Gives:  0: the manager has taken the category and given it the lowest free index. Else the
     //         caller still owns it.
     // Fails:  for null, where 16 categories stand, where the name is empty or taken, and where it
-    //         can't be stored.
+    //         can't be stored. A name that another process has taken since is found then.
     CatError Add(CCategory* category);
 
     // Puts a category that is stored already at its index. One that stands there keeps its object
     // and takes the name. An index outside 0 to 15 is passed over.
-    void Load(int index, const CString& name);
+    void Load(int index, std::string_view utf8);
+    // Drops the category of that index, which isn't stored any more; pointers to it end with it.
+    void Unload(int index);
 
 private:
+    int ChooseIndex(std::string_view utf8);
+
     Keeper m_keeper;
+    Listener m_taken;
     std::array<std::unique_ptr<CCategory>, kCategoryCount> m_categories;
     int m_walk = 0;  // the index from which FindNext goes on
 };

@@ -49,8 +49,8 @@ struct RecordChange {
 // A private copy of one stored record, bound to its table, which must outlive it. A setter takes
 // effect at once: in this copy and, once the record is in its table, in the store, where it changes
 // that one field only; what others have changed there since comes into this copy with it. After a
-// Rollback the copies that were changed in the transaction are to be read again, and tables whose
-// categories or labels were changed in it to be made again.
+// Rollback the copies that were changed in the transaction are to be read again, and the categories
+// and labels of its tables too (RefreshTexts).
 class ORVO_API CBaseRecord {
 public:
     virtual ~CBaseRecord() = default;
@@ -77,7 +77,10 @@ public:
     // What the record was imported from, byte for byte; empty where it wasn't. Read from the store
     // at each call.
     long GetSource(std::string& source) const;
-    long SetSource(std::string_view source);
+    // What the importer noted beside the source; empty where it noted nothing.
+    long GetOrigin(std::string& origin) const;
+    // Replaces both of them.
+    long SetSource(std::string_view source, std::string_view origin = {});
 
     // The number under which the store knows the record for ever; 0 for one that isn't in its table
     // yet.
@@ -98,7 +101,7 @@ protected:
 
     // Runs `change` on the row as the store has it now, writes it back, takes it over into this
     // copy and tells the table; on a record that isn't in its table, on this copy alone. With
-    // Parts::All the note and the source are read before and written after.
+    // Parts::All the note, the source and its origin are read before and written after.
     struct Draft {
         StoredRow row;  // all but `fields`
         PackedFields fields;
@@ -253,6 +256,12 @@ public:
     using Listener = std::function<void(const RecordChange&)>;
     void SetListener(Listener listener) { m_listener = std::move(listener); }
 
+    // Reads categories and labels again as the store has them now, and forgets what a Rollback has
+    // taken back. To be called when a transaction has begun and after its Rollback; adding a
+    // category and setting a label do it by themselves.
+    // Fails:  where they can't be read.
+    long RefreshTexts();
+
     // True, once, after another process or engine has changed the store. Categories and labels have
     // been read again then.
     bool TakeForeignChange();
@@ -264,10 +273,12 @@ public:
 protected:
     CBaseTable(StoreEngine& engine, TableKind kind);
 
-    // False where they can't be read; what was there stays.
-    virtual bool LoadTexts();
-    bool ReadTexts(StoreEngine::TextKind texts, std::vector<StoreEngine::NumberedText>& result);
+    // What was there stays where they can't be read.
+    virtual StoreStatus LoadTexts();
+    // Begins a change of a category or label: reads all texts again in the transaction.
+    StoreStatus BeginTexts(const StoreTransaction& transaction);
     void Tell(RecordChange::Kind kind, std::int64_t id);
+    long RefuseRecord(const char* reason);
 
     StoreEngine& m_engine;
     TableKind m_kind;
@@ -277,8 +288,7 @@ protected:
 
 private:
     long Mark(CBaseRecord& record, bool deleted);
-    bool KeepCategory(int index, const CString& name);
-    long RefuseRecord(const char* reason);
+    bool KeepCategory(const std::string& utf8, const CCategoryMgr::Choose& choose);
 
     friend class CBaseRecord;
     friend class CBaseIterator;
@@ -292,16 +302,19 @@ public:
     int GetPhoneLabelCount() const;
     CString GetPhoneLabel(long id) const;      // empty for an id that isn't there
     CString GetCustomLabel(int number) const;  // 1 to 4
-    // An id from 0 to the count; the count itself adds a label, up to 256.
+    // An id from 0 to the count; the count itself adds a label, up to 256, unless another process
+    // has just added a different one there.
     long SetPhoneLabel(long id, const CString& label);
     long SetCustomLabel(int number, const CString& label);
 
 protected:
-    bool LoadTexts() override;
+    StoreStatus LoadTexts() override;
 
 private:
-    long ChangeLabel(StoreEngine::TextKind texts, int number, const CString& label,
-                     std::vector<std::string>& labels, std::size_t index);
+    long ChangeLabel(StoreTransaction& transaction, StoreEngine::TextKind texts, int number,
+                     const CString& label);
+    bool IsPhoneLabel(long id, const CString& label) const;
+    long RefusePhoneLabel(long id);
 
     std::vector<std::string> m_phoneLabels;  // UTF-8
     std::vector<std::string> m_customLabels;
@@ -330,6 +343,9 @@ public:
     long FindFirst(CBaseRecord& record, int = 1);
     long FindNext(CBaseRecord& record, int = 1);
 
+    // True where the last find failed for a damaged record alone.
+    bool IsAtDamage() const { return m_isAtDamage; }
+
 protected:
     explicit CBaseIterator(CBaseTable& table);
 
@@ -343,6 +359,7 @@ private:
 
     std::unique_ptr<StoreCursor> m_cursor;
     bool m_begun = false;
+    bool m_isAtDamage = false;
 };
 
 class ORVO_API CAddressIterator : public CBaseIterator {

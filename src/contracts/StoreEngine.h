@@ -52,6 +52,7 @@ struct StoredRow {
 struct RowExtra {
     std::string note;    // UTF-8
     std::string source;  // what the record was imported from, byte for byte; else empty
+    std::string origin;  // UTF-8: what the import took from its surroundings; means nothing here
     bool operator==(const RowExtra&) const = default;
 };
 
@@ -64,7 +65,8 @@ public:
 
     // Gives:  Ok when `row` holds the next row; End after the last one and at each call from then
     //         on.
-    // Fails:  for a row that is damaged; the next call goes on behind it.
+    // Fails:  for a row that is damaged, whose id is in `row` then; the next call goes on behind
+    //         it. Where the walk itself fails `row` stays as it was, and the walk is over.
     virtual StoreStatus Next(StoredRow& row) = 0;
 };
 
@@ -95,7 +97,7 @@ public:
     // dropped since, and, where `row.placement` is 0, the id as its placement. A due or completion
     // date that isn't a time of a clock in the years 0 to 9999 is refused, here and by Update.
     virtual StoreStatus Insert(TableKind kind, StoredRow& row, const RowExtra& extra) = 0;
-    // Replaces the row of that id; with an `extra`, its note and source too.
+    // Replaces the row of that id; with an `extra`, all of that too.
     virtual StoreStatus Update(TableKind kind, const StoredRow& row, const RowExtra* extra) = 0;
     // Removes the row for good.
     virtual StoreStatus Remove(TableKind kind, std::int64_t id) = 0;
@@ -123,6 +125,9 @@ public:
     // Changes whenever another process or another engine has changed this store. The number means
     // nothing beyond that.
     virtual std::int64_t ForeignVersion() = 0;
+
+    // What messages call the store: its file; empty where it has none.
+    virtual std::string Name() const { return {}; }
 
     const std::string& LastError() const { return m_lastError; }
 

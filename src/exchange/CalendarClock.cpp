@@ -80,6 +80,24 @@ bool IsThere(const icaltimetype& time) {
            time.second <= 60;
 }
 
+// "+09:00", "-0330" or "9", in seconds.
+std::optional<int> ParseOffset(std::string_view value) {
+    constexpr int longest = 14 * 3600;
+    value = Trimmed(value);
+    const bool isWest = value.starts_with('-');
+    if (isWest || value.starts_with('+')) value.remove_prefix(1);
+    std::string digits(value);
+    std::erase(digits, ':');
+    const bool isNumber =
+        !digits.empty() && digits.size() <= 4 &&
+        std::all_of(digits.begin(), digits.end(), [](char c) { return c >= '0' && c <= '9'; });
+    if (!isNumber) return std::nullopt;
+    const int number = std::stoi(digits);
+    const int offset = digits.size() <= 2 ? number * 3600 : number / 100 * 3600 + number % 100 * 60;
+    if (offset > longest) return std::nullopt;
+    return isWest ? -offset : offset;
+}
+
 // vCalendar also writes "1996-04-15T08:30:00".
 icaltimetype ParseTime(std::string_view value) {
     std::string text(Trimmed(value));
@@ -96,6 +114,7 @@ struct CalendarClock::Zones {
     explicit Zones(std::string_view timeZones);
 
     Component calendar{icalcomponent_new(ICAL_VCALENDAR_COMPONENT)};
+    std::optional<int> offset;  // seconds east of UTC, of times that name no zone
 
     icaltimezone* Find(const std::string& name) const {
         if (name.empty() || name.size() > kLongestZoneName) return nullptr;
@@ -118,6 +137,8 @@ struct CalendarClock::Zones {
             date.form = CalendarDate::Form::Zoned;
             date.moment = icaltime_as_timet_with_zone(time, zone);
             date.zone = zoneName;
+        } else if (offset) {
+            date.moment = icaltime_as_timet(time) - *offset;
         } else {
             date.moment = MomentOfCivil(civil);
         }
@@ -144,6 +165,11 @@ CalendarClock::Zones::Zones(std::string_view timeZones) {
     EntryReader reader(timeZones);
     Entry entry;
     while (reader.Next(entry)) {
+        for (const ContentLine& line : entry.lines) {
+            const bool isOffset =
+                entry.kind == EntryKind::Stray && EqualsIgnoringCase(line.name, "TZ");
+            if (isOffset && !offset) offset = ParseOffset(line.value);
+        }
         if (entry.kind != EntryKind::TimeZone || !entry.complete || !IsUsualZone(entry.source)) {
             continue;
         }
@@ -188,6 +214,8 @@ std::string CalendarClock::Format(std::int64_t moment, const CalendarDate& date)
     if (zone) {
         time = icaltime_from_timet_with_zone(moment, 0, zone);
         icaltime_set_timezone(&time, zone);
+    } else if (date.form == CalendarDate::Form::Floating && m_zones->offset) {
+        time = icaltime_from_timet_with_zone(moment + *m_zones->offset, 0, nullptr);
     } else {
         const CivilTime civil = CivilOfMoment(moment).value_or(CivilTime{});
         time.year = civil.year;

@@ -27,7 +27,8 @@ public:
     CalendarClock();
     ~CalendarClock();
 
-    // Sets the calendar's own zones: the text of its VTIMEZONE components.
+    // Sets the calendar's own zones: the text of its VTIMEZONE components, before which a TZ line
+    // of vCalendar may stand, which tells the zone of the times that name none.
     void SetZones(std::string_view timeZones);
 
     // Nothing where the line isn't a date that is there, or where its year is far outside of the

@@ -30,8 +30,12 @@ std::string Printable(std::string_view text) {
 
 }  // namespace
 
-CalendarReader::CalendarReader(CToDoTable& table, ImportReport& report)
-    : m_table(table), m_report(report), m_categories(*table.GetCategoryManager()) {}
+CalendarReader::CalendarReader(CToDoTable& table, ImportReport& report,
+                               std::string_view fileCharset)
+    : m_table(table),
+      m_report(report),
+      m_categories(*table.GetCategoryManager()),
+      m_fileCharset(fileCharset) {}
 
 std::string_view ZoneNameOf(const Entry& timeZone) {
     for (const ContentLine& line : timeZone.lines) {
@@ -58,8 +62,11 @@ void CalendarReader::Take(const Entry& entry) {
             Finish();
             break;
         case EntryKind::CalendarProperty:
-            if (EqualsIgnoringCase(entry.lines.front().name, "VERSION"))
+            if (EqualsIgnoringCase(entry.lines.front().name, "VERSION")) {
                 m_version = entry.component;
+            } else if (EqualsIgnoringCase(entry.lines.front().name, "TZ") && m_zoneLine.empty()) {
+                m_zoneLine = FormatLine("TZ", entry.component, Dialect::Calendar20, "\r\n");
+            }
             break;
         case EntryKind::TimeZone:
             if (entry.complete) {
@@ -109,6 +116,7 @@ void CalendarReader::Finish() {
     m_waiting.clear();
     m_zones.clear();
     m_version.clear();
+    m_zoneLine.clear();
 }
 
 std::string CalendarReader::ZonesOf(const Entry& toDo) const {
@@ -132,9 +140,12 @@ void CalendarReader::Store(const Entry& toDo, Dialect dialect) {
         m_report.skipped.push_back({toDo.number, "the to-do holds nothing"});
         return;
     }
-    const std::string zones = ZonesOf(toDo);
+    const std::string zones =
+        (dialect == Dialect::Calendar10 ? m_zoneLine : std::string()) + ZonesOf(toDo);
     m_clock.SetZones(zones);
-    const ToDoFields fields = DeriveToDo(toDo.lines, dialect, m_clock);
+    Origin origin;
+    if (!m_fileCharset.empty()) origin.charset = LegacyCharsetOf(toDo.lines, m_fileCharset);
+    const ToDoFields fields = DeriveToDo(toDo.lines, dialect, origin.charset, m_clock);
     CToDoRecord record(m_table);
     long status = record.SetDescriptionUtf8(fields.description);
     status |= record.SetPriority(fields.priority);
@@ -143,11 +154,13 @@ void CalendarReader::Store(const Entry& toDo, Dialect dialect) {
     if (fields.isCompleted) status |= record.SetCompleted(1, 0);
     if (fields.completionDate != kMaxDate)
         status |= record.SetCompletionDate(fields.completionDate);
-    std::size_t place = 0;
-    status |= record.SetCategoryId(m_categories.IndexOf(fields.categories, true, place));
+    m_categories.Choose(fields.categories, origin);
+    status |= record.SetCategoryId(origin.category);
+    origin.due = CivilOfRecordDate(fields.dueDate);
+    origin.completed = CivilOfRecordDate(fields.completionDate);
     if (fields.isPrivate) status |= record.SetPrivate(1);
     if (fields.isArchived) status |= record.SetArchived(1);
-    status |= record.SetSource(MakeToDoSource(toDo, dialect, zones));
+    status |= record.SetSource(MakeToDoSource(toDo, dialect, zones), FormatOrigin(origin));
     if (status != 0 || m_table.Add(record) != 0) {
         throw ExchangeError(fmt::format("line {}: the to-do can't be stored: {}", toDo.number,
                                         m_table.LastError()));

@@ -19,7 +19,8 @@ namespace orvo {
 // its version and its zones may stand after them. The text that was read must outlive it.
 class CalendarReader {
 public:
-    CalendarReader(CToDoTable& table, ImportReport& report);
+    // `fileCharset` is the legacy set of the file, empty where it has none.
+    CalendarReader(CToDoTable& table, ImportReport& report, std::string_view fileCharset);
 
     void Take(const Entry& entry);
     // Stores the to-dos that wait.
@@ -39,8 +40,10 @@ private:
     CToDoTable& m_table;
     ImportReport& m_report;
     CategoryNames m_categories;
+    std::string m_fileCharset;
     CalendarClock m_clock;
     std::string m_version;
+    std::string m_zoneLine;  // the TZ of the calendar
     std::vector<WaitingToDo> m_waiting;
     std::map<std::string, std::string_view, std::less<>> m_zones;  // by TZID
 };

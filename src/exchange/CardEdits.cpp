@@ -50,6 +50,59 @@ bool IsFamilyFirst(std::string_view name) {
            script == USCRIPT_HANGUL;
 }
 
+// Whole words only, as "Lee" is no part of "Leeds"; but the scripts that put the family name first
+// have no blanks between the names.
+std::size_t FindName(std::string_view text, std::string_view name, bool isLast) {
+    const auto isLetter = [](unsigned char c) {
+        return c >= 0x80 || (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') ||
+               (c >= 'a' && c <= 'z');
+    };
+    std::size_t found = std::string_view::npos;
+    const bool anywhere = IsFamilyFirst(name);
+    for (std::size_t at = 0; !name.empty(); ++at) {
+        at = text.find(name, at);
+        if (at == std::string_view::npos) break;
+        const std::size_t end = at + name.size();
+        const bool isWord =
+            (at == 0 || !isLetter(static_cast<unsigned char>(text[at - 1]))) &&
+            (end == text.size() || !isLetter(static_cast<unsigned char>(text[end])));
+        if (!anywhere && !isWord) continue;
+        found = at;
+        if (!isLast) break;
+    }
+    return found;
+}
+
+// Puts the new family and given name in the place of the old ones.
+// Gives:  false where the text holds none that has changed.
+bool ReplaceNames(std::string& text, const NameParts& old, const NameParts& parts) {
+    struct Place {
+        std::size_t at;
+        NamePart part;
+    };
+    std::vector<Place> places;
+    const bool familyFirst = IsFamilyFirst(text);
+    for (const NamePart part : {kFamily, kGiven}) {
+        const std::size_t at = FindName(text, old[part], (part == kFamily) != familyFirst);
+        if (at != std::string::npos) places.push_back({at, part});
+    }
+    if (places.size() == 2) {
+        if (places[0].at < places[1].at) std::swap(places[0], places[1]);
+        if (places[1].at + old[places[1].part].size() > places[0].at) return false;
+    }
+    bool replaced = false;
+    for (const Place& place : places) {  // from the last one on
+        if (old[place.part] == parts[place.part]) continue;
+        std::size_t length = old[place.part].size();
+        const bool takesBlank = parts[place.part].empty() && place.at + length < text.size() &&
+                                text[place.at + length] == ' ';
+        text.replace(place.at, length + (takesBlank ? 1 : 0), parts[place.part]);
+        replaced = true;
+    }
+    text = Trimmed(text);
+    return replaced;
+}
+
 bool HoldsNothing(std::string_view value) {
     return value.find_first_not_of("; \t") == std::string_view::npos;
 }
@@ -99,7 +152,8 @@ void CardEdits::EditPart(AddressField field, Property property, std::size_t part
     if (IsSame(field)) return;
     const std::ptrdiff_t line = m_was.Line(property);
     if (line == kNoLine) {
-        m_edits.Add(NameOf(property)).value = Escaped(m_now.Text(field));
+        m_edits.Add(NameOf(property)).value =
+            Escape(m_now.Text(field), m_dialect, ValueKind::Parts);
         return;
     }
     SetPart(line, part, m_now.Text(field));
@@ -115,14 +169,16 @@ void CardEdits::EditValue(std::string_view was, std::string_view now, Property p
     edited.isRemoved = now.empty();
 }
 
-void CardEdits::SetNameParts() {
+void CardEdits::SetNameParts(bool onlyChanged) {
     const std::ptrdiff_t line = m_was.Line(Property::Name);
     EditedLine& edited = line == kNoLine ? m_edits.Add("N") : m_edits.At(line);
     if (line == kNoLine) edited.value = ";;;;";
-    edited.value = ReplaceParts(
-        edited.value,
-        {{kFamily, m_now.Text(AddressField::Name)}, {kGiven, m_now.Text(AddressField::First)}}, ';',
-        m_dialect);
+    constexpr std::array<std::pair<NamePart, AddressField>, 2> rules{
+        {{kFamily, AddressField::Name}, {kGiven, AddressField::First}}};
+    for (const auto& [part, field] : rules) {
+        if (onlyChanged && IsSame(field)) continue;
+        edited.value = ReplaceParts(edited.value, {{part, m_now.Text(field)}}, ';', m_dialect);
+    }
 }
 
 void CardEdits::EditNames() {
@@ -136,18 +192,24 @@ void CardEdits::EditNames() {
     const bool hasLine = m_was.Line(Property::Name) != kNoLine;
     const bool needsParts = areSame ? m_was.nameIsFormatted && isCompany
                                     : !formattedWillDo && (hasFirst || !name.empty() || hasLine);
-    if (needsParts || m_isFresh) SetNameParts();
+    if (needsParts || m_isFresh) SetNameParts(hasLine && !m_was.nameIsFormatted);
     EditFormattedName(areSame);
 }
 
 void CardEdits::EditFormattedName(bool namesAreSame) {
     const std::ptrdiff_t line = m_was.Line(Property::FormattedName);
-    if (!m_isFresh && (line == kNoLine || (namesAreSame && IsSame(AddressField::Company)))) return;
+    const bool isOptional = m_dialect == Dialect::Card21;
+    if (!m_isFresh) {
+        if (namesAreSame && (line == kNoLine || IsSame(AddressField::Company))) return;
+        if (line == kNoLine && isOptional) return;
+    }
 
     NameParts old;
     const std::ptrdiff_t nameLine = m_was.Line(Property::Name);
     const std::string value = nameLine == kNoLine ? std::string() : m_edits.ValueOf(nameLine);
-    for (std::size_t i = 0; i < old.size(); ++i) Unescape(PartOf(value, i, ';'), m_dialect, old[i]);
+    for (std::size_t i = 0; i < old.size(); ++i) {
+        Unescape(PartOf(value, i, ';'), m_dialect, old[i], ValueKind::Parts);
+    }
     NameParts parts = old;
     parts[kFamily] = m_now.Text(AddressField::Name);
     parts[kGiven] = m_now.Text(AddressField::First);
@@ -157,19 +219,39 @@ void CardEdits::EditFormattedName(bool namesAreSame) {
     if (hadNames && namesAreSame && !m_isFresh) return;
 
     const Composition* composition = &kCompositions[IsFamilyFirst(parts[kFamily]) ? 1 : 0];
-    if (hadNames && hasNames && !m_was.nameIsFormatted) {
+    std::string text;
+    if (hadNames && hasNames && !m_was.nameIsFormatted && line != kNoLine) {
         std::string formatted;
         Unescape(m_edits.ValueOf(line), m_dialect, formatted);
         composition = std::find_if(
             kCompositions.begin(), kCompositions.end(),
             [&](const Composition& c) { return Compose(c, old) == Trimmed(formatted); });
-        if (composition == kCompositions.end()) return;
+        if (composition == kCompositions.end()) {
+            if (!ReplaceNames(formatted, old, parts)) return;
+            text = formatted;
+        }
     }
-    const std::string text =
-        hasNames ? Compose(*composition, parts) : std::string(m_now.Text(AddressField::Company));
-    EditedLine& edited = m_isFresh ? m_edits.Add("FN") : m_edits.At(line);
+    if (text.empty() && hasNames) text = Compose(*composition, parts);
+    const bool isName = !Trimmed(text).empty();
+    if (!isName) text = FormattedStandIn();
+    EditedLine& edited = line == kNoLine ? m_edits.Add("FN") : m_edits.At(line);
+    std::erase_if(edited.parameters, [](const std::string& source) {
+        return StartsIgnoringCase(source, kNoNameParameter);
+    });
+    const bool isMark = !isName && !text.empty() && text != m_now.Text(AddressField::Company);
+    if (isMark) edited.parameters.push_back(std::string(kNoNameParameter) + "=1");
     edited.value = Escaped(text);
-    edited.isRemoved = text.empty() && !m_isFresh;
+    edited.isRemoved = text.empty() && isOptional && !m_isFresh;
+}
+
+// What stands in FN where there is no name: the company, else a mail address.
+std::string CardEdits::FormattedStandIn() const {
+    std::string text(m_now.Text(AddressField::Company));
+    for (int slot = 1; slot <= kPhoneSlots && Trimmed(text).empty(); ++slot) {
+        const std::string_view number = m_now.Text(PhoneField(slot));
+        if (number.find('@') != std::string_view::npos) text = number;
+    }
+    return text;
 }
 
 void CardEdits::EditAddress() {
@@ -218,31 +300,57 @@ void CardEdits::EditAddress() {
 }
 
 void CardEdits::EditCategory(CategoryNames& categories) {
-    std::size_t place = 0;
-    if (categories.IndexOf(m_was.categories, false, place) == m_now.category) return;
-    EditCategories(m_edits, m_was.categories, place, categories.NameOf(m_now.category), m_dialect);
+    if (m_origin.category == m_now.category) return;
+    EditCategories(m_edits, m_was.categories, PlaceOf(m_origin, m_was.categories),
+                   categories.NameOf(m_now.category), m_dialect);
 }
 
-void EditCategories(LineEdits& edits, const std::vector<ListedCategory>& listed, std::size_t place,
-                    std::string_view name, Dialect dialect) {
-    const std::string escaped = Escape(name, Dialect::Card30);
-    if (place == listed.size()) {
-        if (!name.empty()) edits.Add("CATEGORIES").value = escaped;
-        return;
-    }
-    EditedLine& edited = edits.At(static_cast<std::ptrdiff_t>(listed[place].line));
+namespace {
+
+// Writes the names that stay of one CATEGORIES line anew, behind `first`, which may be empty.
+template <class IsTaken>
+void SetCategories(LineEdits& edits, const std::vector<ListedCategory>& listed, std::size_t line,
+                   std::string_view first, Dialect dialect, const IsTaken& isTaken) {
+    const auto isHere = [&](const ListedCategory& category) {
+        return category.line == line && isTaken(category);
+    };
+    if (first.empty() && std::none_of(listed.begin(), listed.end(), isHere)) return;
+    EditedLine& edited = edits.At(static_cast<std::ptrdiff_t>(line));
     const std::string_view dividers = CategoryDividers(dialect);
-    std::string value;
+    std::string value = Escape(first, Dialect::Card30);
     PartWalk walk(edited.value, dividers);
     std::string_view part;
     for (std::size_t number = 0; walk.Next(part); ++number) {
-        if (number == listed[place].part) part = escaped;
-        if (part.empty()) continue;
+        const bool goes = std::any_of(listed.begin(), listed.end(), [&](const auto& category) {
+            return category.part == number && isHere(category);
+        });
+        if (goes || part.empty()) continue;
         if (!value.empty()) value += dividers.front();
         value += part;
     }
     edited.value = value;
     edited.isRemoved = value.empty();
+}
+
+}  // namespace
+
+void EditCategories(LineEdits& edits, const std::vector<ListedCategory>& listed, std::size_t place,
+                    std::string_view name, Dialect dialect) {
+    if (name.empty() && place == listed.size()) return;
+    if (listed.empty()) {
+        edits.Add("CATEGORIES").value = Escape(name, Dialect::Card30);
+        return;
+    }
+    const auto isTaken = [&](const ListedCategory& category) {
+        return name.empty() ? &category == &listed[place] : category.name == name;
+    };
+    for (const ListedCategory& category : listed) {
+        const bool isFirst = &category == &listed.front() && !name.empty();
+        const bool isNewLine =
+            &category == &listed.front() || category.line != (&category)[-1].line;
+        if (isNewLine)
+            SetCategories(edits, listed, category.line, isFirst ? name : "", dialect, isTaken);
+    }
 }
 
 void EditPrivate(LineEdits& edits, std::ptrdiff_t line, bool was, bool now) {

@@ -33,9 +33,14 @@ struct AddressValues {
 class CardEdits {
 public:
     // `isFresh`: the card has nothing but its version yet.
-    CardEdits(const CardFields& was, const AddressValues& now, Dialect dialect, bool isFresh,
-              LineEdits& edits)
-        : m_was(was), m_now(now), m_dialect(dialect), m_isFresh(isFresh), m_edits(edits) {}
+    CardEdits(const CardFields& was, const Origin& origin, const AddressValues& now,
+              Dialect dialect, bool isFresh, LineEdits& edits)
+        : m_was(was),
+          m_origin(origin),
+          m_now(now),
+          m_dialect(dialect),
+          m_isFresh(isFresh),
+          m_edits(edits) {}
 
     void Run(const PhoneLabels& labels, CategoryNames& categories);
 
@@ -44,10 +49,11 @@ private:
         return IsSameText(m_was.Text(field), m_now.Text(field));
     }
     std::string Escaped(std::string_view text) const { return Escape(text, m_dialect); }
+    std::string FormattedStandIn() const;
 
     void EditNames();
     void EditFormattedName(bool namesAreSame);
-    void SetNameParts();
+    void SetNameParts(bool onlyChanged);
     void EditPart(AddressField field, Property property, std::size_t part);
     void EditValue(std::string_view was, std::string_view now, Property property);
     void SetPart(std::ptrdiff_t line, std::size_t part, std::string_view text);
@@ -59,6 +65,7 @@ private:
 
     void EditPhone(int slot, const PhoneLabels& labels);
     void AddPhone(int slot, const PhoneLabels& labels);
+    void SetPhone(EditedLine& line, std::string_view text) const;
     void SetLabel(EditedLine& line, long label, const PhoneLabels& labels) const;
     void SetPreferred(EditedLine& line, bool isPreferred) const;
     bool IsFirstFreeSlot(int slot) const;
@@ -66,6 +73,7 @@ private:
     void EditCategory(CategoryNames& categories);
 
     const CardFields& m_was;
+    const Origin& m_origin;  // what the record got with them
     const AddressValues& m_now;
     Dialect m_dialect;
     bool m_isFresh;
@@ -77,7 +85,8 @@ private:
 void EditPrivate(LineEdits& edits, std::ptrdiff_t line, bool was, bool now);
 void EditArchived(LineEdits& edits, std::ptrdiff_t line, bool was, bool now);
 
-// Writes the name, which may be empty, in the place of the one at that place of the list.
+// Puts the name before all others of the list, which stay but for one of the same text; with an
+// empty name only takes the one at that place of the list away.
 void EditCategories(LineEdits& edits, const std::vector<ListedCategory>& listed, std::size_t place,
                     std::string_view name, Dialect dialect);
 

@@ -48,8 +48,9 @@ bool IsBlank(std::string_view text) {
 // Derives the fields of one card; the members are what all steps need.
 class Deriver {
 public:
-    Deriver(std::span<const ContentLine> lines, Dialect dialect, CardFields& fields)
-        : m_lines(lines), m_dialect(dialect), m_fields(fields), m_decoder(lines) {}
+    Deriver(std::span<const ContentLine> lines, Dialect dialect, std::string_view charset,
+            CardFields& fields)
+        : m_lines(lines), m_dialect(dialect), m_fields(fields), m_decoder(lines, charset) {}
 
     void Run() {
         Clear();
@@ -64,6 +65,7 @@ public:
         SetAddress();
         for (std::size_t i = 0; i < kReadings.size(); ++i) SetReading(i);
         SetDisplayPhone();
+        for (std::size_t slot = 0; slot < kPhoneSlots; ++slot) SetGroupLabel(slot);
         m_fields.isPrivate = IsPrivateClass(Raw(Property::Class));
         m_fields.isArchived = IsTrue(Raw(Property::Archived));
     }
@@ -72,6 +74,8 @@ private:
     void Clear() {
         for (std::string& text : m_fields.text) text.clear();
         for (std::string& label : m_fields.ownLabel) label.clear();
+        m_fields.labelIsOurs.fill(false);
+        m_fields.labelLine.fill(kNoLine);
         m_fields.phoneKind.fill(PhoneKind::Other);
         m_fields.displayPhone = 1;
         m_fields.note.clear();
@@ -118,6 +122,10 @@ private:
         std::string& text = m_fields.Text(PhoneField(static_cast<long>(slot) + 1));
         m_fields.phoneLine[slot] = static_cast<std::ptrdiff_t>(number);
         Unescape(m_decoder.Decode(line, m_storage), m_dialect, text);
+        if (property == Property::Url &&
+            !FindParameter(line.parameters, kPercentParameter).empty()) {
+            text = DecodePercents(text);
+        }
         PhoneKind& kind = m_fields.phoneKind[slot];
         if (property == Property::Email) {
             kind = PhoneKind::Email;
@@ -129,6 +137,31 @@ private:
         if (property == Property::Phone) StripScheme(line, text);
         if (line.parameters.empty()) return;
         m_fields.ownLabel[slot] = DecodeParameter(FindParameter(line.parameters, "X-ORVO-LABEL"));
+        m_fields.labelIsOurs[slot] = !m_fields.ownLabel[slot].empty();
+    }
+
+    // A line of the same group may name the label of a number whose own line doesn't.
+    void SetGroupLabel(std::size_t slot) {
+        if (m_fields.phoneLine[slot] == kNoLine || m_fields.labelIsOurs[slot]) return;
+        const ContentLine& phone = LineAt(m_fields.phoneLine[slot]);
+        PhoneKind& kind = m_fields.phoneKind[slot];
+        const bool isTold =
+            !phone.parameters.empty() && PhoneKindOf(phone.parameters) != PhoneKind::Other;
+        if (phone.group.empty() || isTold) return;
+        const auto label =
+            std::find_if(m_lines.begin(), m_lines.end(), [&](const ContentLine& line) {
+                return EqualsIgnoringCase(line.name, "X-ABLabel") &&
+                       EqualsIgnoringCase(line.group, phone.group);
+            });
+        if (label == m_lines.end()) return;
+        m_fields.labelLine[slot] = label - m_lines.begin();
+        Unescape(m_decoder.Decode(*label, m_storage), m_dialect, m_text);
+        const std::optional<PhoneKind> known = KindOfGroupLabel(Trimmed(m_text));
+        if (!known) {
+            m_fields.ownLabel[slot] = Trimmed(m_text);
+        } else if (kind == PhoneKind::Other) {
+            kind = *known;  // of a mail address or a page the property has told it
+        }
     }
 
     // The slot from 0 that our own line asks for, else the first one that is free.
@@ -157,7 +190,7 @@ private:
     }
     void SetPart(Property property, std::size_t part, std::string& text) {
         if (m_fields.Line(property) == kNoLine) return;
-        Unescape(PartOf(Raw(property), part, ';'), m_dialect, text);
+        Unescape(PartOf(Raw(property), part, ';'), m_dialect, text, ValueKind::Parts);
     }
 
     void SetFormattedName() {
@@ -165,7 +198,11 @@ private:
         const std::string_view first = m_fields.Text(AddressField::First);
         if (!Trimmed(name).empty() || !Trimmed(first).empty()) return;
         SetValue(Property::FormattedName, m_text);
-        if (m_fields.Line(Property::FormattedName) == kNoLine || Trimmed(m_text).empty()) return;
+        const std::ptrdiff_t line = m_fields.Line(Property::FormattedName);
+        const bool isStandIn =
+            line != kNoLine && !FindParameter(LineAt(line).parameters, kNoNameParameter).empty();
+        if (isStandIn) return;
+        if (line == kNoLine || Trimmed(m_text).empty()) return;
         if (Trimmed(m_text) == Trimmed(m_fields.Text(AddressField::Company))) return;
         name = m_text;
         m_fields.Text(AddressField::First).clear();
@@ -212,8 +249,7 @@ private:
         for (std::size_t i = 0; i <= part; ++i) {
             if (!NextListItem(list, item)) return;
         }
-        m_text = DecodeParameter(item);
-        if (!IsValidUtf8(m_text)) m_text = DecodeLegacy(m_text);
+        m_text = DecodeParameter(m_decoder.DecodeText(item));
     }
 
     void SetDisplayPhone() {
@@ -240,8 +276,9 @@ private:
 
 }  // namespace
 
-void DeriveFields(std::span<const ContentLine> lines, Dialect dialect, CardFields& fields) {
-    Deriver(lines, dialect, fields).Run();
+void DeriveFields(std::span<const ContentLine> lines, Dialect dialect, std::string_view charset,
+                  CardFields& fields) {
+    Deriver(lines, dialect, charset, fields).Run();
 }
 
 bool HoldsAnything(std::span<const ContentLine> lines) {

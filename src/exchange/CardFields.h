@@ -12,6 +12,7 @@
 #include <contracts/RecordFields.h>
 #include <exchange/CardProperties.h>
 #include <exchange/LineText.h>
+#include <exchange/ValueDecoder.h>
 
 namespace orvo {
 
@@ -32,8 +33,10 @@ constexpr std::size_t IndexOf(AddressField field) {
 struct CardFields {
     std::array<std::string, kTextFields> text;  // by AddressField
     std::array<PhoneKind, kPhoneSlots> phoneKind;
-    std::array<std::string, kPhoneSlots> ownLabel;  // of our own cards: the label's text
-    int displayPhone = 1;                           // 1 to 5
+    std::array<std::string, kPhoneSlots> ownLabel;      // the text of a label that the card names
+    std::array<bool, kPhoneSlots> labelIsOurs;          // one that our own line names
+    std::array<std::ptrdiff_t, kPhoneSlots> labelLine;  // the X-ABLabel line that names the label
+    int displayPhone = 1;                               // 1 to 5
     std::string note;
     std::vector<ListedCategory> categories;
     bool isPrivate = false;
@@ -51,8 +54,10 @@ struct CardFields {
     }
 };
 
-// Fills `fields` from the lines of one card.
-void DeriveFields(std::span<const ContentLine> lines, Dialect dialect, CardFields& fields);
+// Fills `fields` from the lines of one card, whose legacy set is `charset`; where it is empty, the
+// lines are asked.
+void DeriveFields(std::span<const ContentLine> lines, Dialect dialect, std::string_view charset,
+                  CardFields& fields);
 
 // True where anything but the version is filled in.
 bool HoldsAnything(std::span<const ContentLine> lines);

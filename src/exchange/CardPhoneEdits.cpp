@@ -13,9 +13,13 @@ constexpr std::array<std::string_view, kPhoneKinds> kTypeOfKind{"CELL", "HOME", 
                                                                 "",     "",     "PAGER", ""};
 constexpr std::array<std::string_view, 5> kKindTypes{"CELL", "HOME", "WORK", "FAX", "PAGER"};
 
-std::string_view PropertyNameOf(PhoneKind kind) {
-    if (kind == PhoneKind::Email) return "EMAIL";
-    return kind == PhoneKind::Web ? "URL" : "TEL";
+// The property that a kind needs; none for one that numbers, addresses and pages may have alike.
+constexpr std::array<std::string_view, kPhoneKinds> kPropertyOfKind{"TEL",   "",    "",    "TEL",
+                                                                    "EMAIL", "URL", "TEL", ""};
+
+// Without its group.
+std::string_view PropertyNameOf(const EditedLine& line) {
+    return std::string_view(line.name).substr(line.name.find('.') + 1);
 }
 
 // The parameter split at its "=".
@@ -77,10 +81,9 @@ void CardEdits::SetPreferred(EditedLine& line, bool isPreferred) const {
 
 void CardEdits::SetLabel(EditedLine& line, long label, const PhoneLabels& labels) const {
     const PhoneKind kind = labels.KindOf(label).value_or(PhoneKind::Other);
-    const std::string_view old = line.name;
-    const std::size_t dot = old.find('.');
-    const std::string group(dot == std::string_view::npos ? "" : old.substr(0, dot + 1));
-    line.name = group + std::string(PropertyNameOf(kind));
+    const std::string_view wanted = kPropertyOfKind[static_cast<std::size_t>(kind)];
+    if (!wanted.empty()) line.name.replace(line.name.find('.') + 1, std::string::npos, wanted);
+    const bool tellsItself = wanted.empty() && !EqualsIgnoringCase(PropertyNameOf(line), "TEL");
     RemoveTypes(line.parameters, kKindTypes);
     RemoveParameter(line.parameters, "X-ORVO-LABEL");
     const std::string_view type = kTypeOfKind[static_cast<std::size_t>(kind)];
@@ -88,7 +91,8 @@ void CardEdits::SetLabel(EditedLine& line, long label, const PhoneLabels& labels
         line.parameters.push_back((m_dialect == Dialect::Card21 ? "" : "TYPE=") +
                                   std::string(type));
     }
-    if (!labels.IsStandard(label) && !labels.TextOf(label).empty()) {
+    // Of a mail address or a page the types alone wouldn't tell the label.
+    if ((tellsItself || !labels.IsStandard(label)) && !labels.TextOf(label).empty()) {
         line.parameters.push_back("X-ORVO-LABEL=" + QuoteParameter(labels.TextOf(label)));
     }
 }
@@ -102,15 +106,24 @@ bool CardEdits::IsFirstFreeSlot(int slot) const {
     return true;
 }
 
+void CardEdits::SetPhone(EditedLine& line, std::string_view text) const {
+    RemoveParameter(line.parameters, "VALUE");
+    RemoveParameter(line.parameters, kPercentParameter);
+    bool isEncoded = false;
+    const bool isUrl = EqualsIgnoringCase(PropertyNameOf(line), "URL");
+    line.value = isUrl ? EncodeUri(text, isEncoded) : Escaped(text);
+    if (isEncoded) line.parameters.push_back(std::string(kPercentParameter) + "=1");
+}
+
 void CardEdits::AddPhone(int slot, const PhoneLabels& labels) {
     const auto index = static_cast<std::size_t>(slot) - 1;
     EditedLine& added = m_edits.Add("TEL");
     SetLabel(added, m_now.label[index], labels);
-    if (m_now.displayPhone == slot && (m_isFresh || m_was.displayPhone != slot)) {
+    if (m_now.displayPhone == slot && (m_isFresh || m_origin.displayPhone != slot)) {
         SetPreferred(added, true);
     }
     if (!IsFirstFreeSlot(slot)) added.parameters.push_back(fmt::format("X-ORVO-SLOT={}", slot));
-    added.value = Escaped(m_now.Text(PhoneField(slot)));
+    SetPhone(added, m_now.Text(PhoneField(slot)));
     m_addedSlots |= 1u << index;
 }
 
@@ -130,17 +143,21 @@ void CardEdits::EditPhone(int slot, const PhoneLabels& labels) {
     const PhoneKind kind = m_was.phoneKind[index];
     const std::string& own = m_was.ownLabel[index];
     const long label = m_now.label[index];
+    const bool namesNone = labels.IdOf(kind, own) == labels.IdOf(kind, {});
     const bool isSameLabel =
-        label == labels.IdOf(kind, own) || (own.empty() && labels.KindOf(label) == kind);
-    const PhoneKind newKind = isSameLabel ? kind : labels.KindOf(label).value_or(PhoneKind::Other);
-    if (!IsSame(PhoneField(slot)) || PropertyNameOf(kind) != PropertyNameOf(newKind)) {
+        label == m_origin.labels[index] || (namesNone && labels.KindOf(label) == kind);
+    bool isNewProperty = false;
+    if (!isSameLabel) {
         EditedLine& edited = m_edits.At(line);
-        RemoveParameter(edited.parameters, "VALUE");
-        edited.value = Escaped(text);
+        const std::string before = edited.name;
+        SetLabel(edited, label, labels);
+        isNewProperty = !EqualsIgnoringCase(before, edited.name);
+        const std::ptrdiff_t labelLine = m_was.labelLine[index];
+        if (labelLine != kNoLine) m_edits.At(labelLine).isRemoved = true;
     }
-    if (!isSameLabel) SetLabel(m_edits.At(line), label, labels);
+    if (!IsSame(PhoneField(slot)) || isNewProperty) SetPhone(m_edits.At(line), text);
 
-    const bool displayChanged = m_now.displayPhone != m_was.displayPhone &&
+    const bool displayChanged = m_now.displayPhone != m_origin.displayPhone &&
                                 !m_now.Text(PhoneField(m_now.displayPhone)).empty();
     if (displayChanged) SetPreferred(m_edits.At(line), m_now.displayPhone == slot);
 }

@@ -85,6 +85,17 @@ constexpr std::array<KindRule, 5> kKindRules{{{"CELL", PhoneKind::Mobile},
                                               {"HOME", PhoneKind::Home},
                                               {"WORK", PhoneKind::Work}}};
 
+constexpr std::array<KindRule, 10> kGroupLabelRules{{{"Mobile", PhoneKind::Mobile},
+                                                     {"iPhone", PhoneKind::Mobile},
+                                                     {"Home", PhoneKind::Home},
+                                                     {"Work", PhoneKind::Work},
+                                                     {"HomeFAX", PhoneKind::Fax},
+                                                     {"WorkFAX", PhoneKind::Fax},
+                                                     {"HomePage", PhoneKind::Web},
+                                                     {"Pager", PhoneKind::Pager},
+                                                     {"Main", PhoneKind::Other},
+                                                     {"Other", PhoneKind::Other}}};
+
 }  // namespace
 
 std::optional<Property> PropertyOf(const ContentLine& line) {
@@ -111,6 +122,18 @@ PhoneKind PhoneKindOf(std::string_view parameters) {
         std::find_if(kKindRules.begin(), kKindRules.end(),
                      [&](const KindRule& kind) { return HasType(parameters, kind.type); });
     return rule == kKindRules.end() ? PhoneKind::Other : rule->kind;
+}
+
+std::optional<PhoneKind> KindOfGroupLabel(std::string_view label) {
+    constexpr std::string_view opening = "_$!<";
+    constexpr std::string_view closing = ">!$_";
+    if (!label.starts_with(opening) || !label.ends_with(closing)) return std::nullopt;
+    label.remove_prefix(opening.size());
+    label.remove_suffix(std::min(label.size(), closing.size()));
+    for (const KindRule& rule : kGroupLabelRules) {
+        if (EqualsIgnoringCase(rule.type, label)) return rule.kind;
+    }
+    return PhoneKind::Other;
 }
 
 std::string_view NameOf(Property property) {

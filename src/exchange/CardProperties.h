@@ -51,6 +51,11 @@ enum class Property : std::uint8_t {
 };
 constexpr std::size_t kProperties = static_cast<std::size_t>(Property::Archived) + 1;
 
+// Our parameters: of a URL whose text couldn't stand in it as it is, and of an FN that only stands
+// in for a name that isn't filled in.
+constexpr std::string_view kPercentParameter = "X-ORVO-PERCENT";
+constexpr std::string_view kNoNameParameter = "X-ORVO-NO-NAME";
+
 // The name under which a property is written.
 std::string_view NameOf(Property property);
 
@@ -73,6 +78,9 @@ std::optional<Property> PropertyOf(const ContentLine& line);
 
 // The kind of number that the types of a TEL line tell.
 PhoneKind PhoneKindOf(std::string_view parameters);
+
+// What a label of the form "_$!<Work>!$_" tells; nothing for any other text.
+std::optional<PhoneKind> KindOfGroupLabel(std::string_view label);
 
 bool IsPrivateClass(std::string_view value);
 bool IsTrue(std::string_view value);

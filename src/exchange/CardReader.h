@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include <contracts/RecordStore.h>
@@ -13,7 +14,8 @@ namespace orvo {
 
 class CardReader {
 public:
-    explicit CardReader(CAddressTable& table);
+    // `fileCharset` is the legacy set of the file, empty where it has none.
+    CardReader(CAddressTable& table, std::string_view fileCharset);
 
     // Puts the card into the table.
     // Gives: why it was left out; empty where it is in.
@@ -21,9 +23,12 @@ public:
     std::string_view Store(const Entry& card);
 
 private:
+    void TakeLabel(std::string_view text);
+
     CAddressTable& m_table;
     PhoneLabels m_labels;
     CategoryNames m_categories;
+    std::string m_fileCharset;
     CardFields m_fields;  // kept for its memory
 };
 

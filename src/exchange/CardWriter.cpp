@@ -15,10 +15,21 @@ constexpr std::string_view kFreshCard = "BEGIN:VCARD\r\nVERSION:3.0\r\nEND:VCARD
 CardWriter::CardWriter(CAddressTable& table)
     : m_table(table), m_labels(table), m_categories(*table.GetCategoryManager()) {}
 
+Origin CardWriter::OriginHere(const CardFields& fields) {
+    Origin origin;
+    for (std::size_t slot = 0; slot < kPhoneSlots; ++slot) {
+        origin.labels[slot] = m_labels.IdOf(fields.phoneKind[slot], fields.ownLabel[slot]);
+    }
+    origin.displayPhone = fields.displayPhone;
+    m_categories.Find(fields.categories, origin);
+    return origin;
+}
+
 std::string CardWriter::Write(const CAddressRecord& record) {
     std::string source;
+    std::string originText;
     AddressValues now;
-    if (record.GetSource(source) != 0 || !now.Read(record)) {
+    if (record.GetSource(source) != 0 || record.GetOrigin(originText) != 0 || !now.Read(record)) {
         throw ExchangeError("an address can't be read from the store: " + m_table.LastError());
     }
     Entry entry;
@@ -27,10 +38,13 @@ std::string CardWriter::Write(const CAddressRecord& record) {
     EntryReader freshReader(kFreshCard);
     if (!hasCard) freshReader.Next(entry);
     const Dialect dialect = DialectOfCard(entry.lines);
+    std::optional<Origin> origin = hasCard ? ParseOrigin(originText) : std::nullopt;
     CardFields was;
-    DeriveFields(entry.lines, dialect, was);
-    LineEdits edits(entry.lines, dialect);
-    CardEdits(was, now, dialect, !hasCard, edits).Run(m_labels, m_categories);
+    const std::string charset = origin ? origin->charset : std::string();
+    DeriveFields(entry.lines, dialect, charset, was);
+    if (!origin) origin = OriginHere(was);
+    LineEdits edits(entry.lines, dialect, charset);
+    CardEdits(was, *origin, now, dialect, !hasCard, edits).Run(m_labels, m_categories);
     return edits.IsEmpty() ? std::string(entry.source) : edits.Text();
 }
 

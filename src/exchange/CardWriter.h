@@ -18,6 +18,9 @@ public:
     std::string Write(const CAddressRecord& record);
 
 private:
+    // What a card without an origin would get if it were imported now.
+    Origin OriginHere(const CardFields& fields);
+
     CAddressTable& m_table;
     PhoneLabels m_labels;
     CategoryNames m_categories;

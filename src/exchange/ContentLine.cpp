@@ -11,6 +11,7 @@ namespace {
 
 constexpr auto npos = std::string_view::npos;
 constexpr std::size_t kLongestStructureLine = 80;
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 char Upper(char character) {
     return character >= 'a' && character <= 'z' ? static_cast<char>(character - 'a' + 'A')
@@ -109,9 +110,9 @@ void ContentLineReader::Unfold(std::string_view first) {
             encoding = EncodingOf(line.parameters);
         }
         searched = m_joined.size();
-        if (encoding == TransferEncoding::QuotedPrintable && last.ends_with('=')) {
+        if (encoding == TransferEncoding::QuotedPrintable && EndsInSoftBreak(last)) {
             if (NextIsStructure()) break;
-            m_joined.pop_back();
+            m_joined.erase(m_joined.rfind('='));
             last = TakePhysicalLine();
         } else if (NextIsFold()) {
             last = TakePhysicalLine().substr(1);
@@ -125,12 +126,15 @@ void ContentLineReader::Unfold(std::string_view first) {
 }
 
 bool ContentLineReader::Next(ContentLine& line) {
+    while (m_text.substr(m_position).starts_with(kByteOrderMark)) {
+        m_position += kByteOrderMark.size();
+    }
     if (m_position == m_text.size()) return false;
     const std::size_t start = m_position;
     line.number = m_number;
     std::string_view text = TakePhysicalLine();
     const bool mayGoOn = !text.empty() && m_position < m_text.size() &&
-                         (NextIsFold() || text.back() == '=' || NextIsBase64());
+                         (NextIsFold() || EndsInSoftBreak(text) || NextIsBase64());
     if (mayGoOn) {
         const std::size_t firstEnd = m_position;
         Unfold(text);
@@ -201,6 +205,11 @@ TransferEncoding EncodingOf(std::string_view parameters) {
         }
     }
     return encoding;
+}
+
+bool EndsInSoftBreak(std::string_view text) {
+    while (!text.empty() && (text.back() == ' ' || text.back() == '\t')) text.remove_suffix(1);
+    return text.ends_with('=');
 }
 
 bool HasType(std::string_view parameters, std::string_view word) {

@@ -23,7 +23,8 @@ struct ContentLine {
 
 // Reads the content lines of a text one after the other, in time linear to the text. Lines end at
 // CR LF, LF or CR. A line goes on on the next one where that begins with a blank or a tab, where it
-// is quoted-printable and ends in "=", and where it is base64 and only base64 follows.
+// is quoted-printable and ends in a soft break, and where it is base64 and only base64 follows. A
+// byte order mark before a line, as joined files have it, is no part of it.
 class ContentLineReader {
 public:
     explicit ContentLineReader(std::string_view text, std::size_t firstNumber = 1)
@@ -78,6 +79,10 @@ std::string_view FindParameter(std::string_view parameters, std::string_view nam
 // How a value was made fit for sending, as its parameters tell.
 enum class TransferEncoding { None, QuotedPrintable, Base64 };
 TransferEncoding EncodingOf(std::string_view parameters);
+
+// True for quoted-printable text that goes on on the next line: it ends in "=", behind which blanks
+// may have got.
+bool EndsInSoftBreak(std::string_view text);
 
 // True where a TYPE parameter, or a bare one, lists the word.
 bool HasType(std::string_view parameters, std::string_view word);

@@ -29,24 +29,27 @@ FileKind KindOf(const std::string& path) {
         "{}: the name of a card file ends in .vcf, of a calendar in .ics or .vcs", path));
 }
 
-// Calls `write` for each record of the category; gives their number.
+// Calls `write` for each record of the category that isn't damaged.
 template <class Record, class Iterator, class Table, class Write>
-std::size_t ForEach(Table& table, int category, Write write) {
+void ForEach(Table& table, int category, ExportReport& report, Write write) {
+    constexpr long kEnd = static_cast<long>(StoreStatus::End);
     Record record(table);
     Iterator iterator(table);
-    std::size_t count = 0;
-    long status = iterator.FindFirst(record);
-    for (; status == 0; status = iterator.FindNext(record)) {
+    for (long status = iterator.FindFirst(record); status != kEnd;
+         status = iterator.FindNext(record)) {
+        if (status != 0 && !iterator.IsAtDamage()) {
+            throw ExchangeError("the store can't be read: " + table.LastError());
+        }
+        if (status != 0) {
+            report.leftOut.push_back(table.LastError());
+            continue;
+        }
         int own = kNoCategory;
         record.GetCategoryId(own);
         if (category != kAllCategories && own != category) continue;
         write(record);
-        ++count;
+        ++report.written;
     }
-    if (status != static_cast<long>(StoreStatus::End)) {
-        throw ExchangeError("the store can't be read: " + table.LastError());
-    }
-    return count;
 }
 
 }  // namespace
@@ -55,17 +58,17 @@ bool IsCardFile(const std::string& path) {
     return EqualsIgnoringCase(Ending(path), ".vcf");
 }
 
-std::size_t ExportFile(const std::string& path, CAddressTable& addresses, CToDoTable& toDos,
-                       int category) {
+ExportReport ExportFile(const std::string& path, CAddressTable& addresses, CToDoTable& toDos,
+                        int category) {
     const FileKind kind = KindOf(path);
     try {
         NewFile file(path);
-        std::size_t count = 0;
+        ExportReport report;
         if (kind == FileKind::Cards) {
             CardWriter writer(addresses);
             std::string text;
-            count = ForEach<CAddressRecord, CAddressIterator>(
-                addresses, category, [&](const CAddressRecord& record) {
+            ForEach<CAddressRecord, CAddressIterator>(
+                addresses, category, report, [&](const CAddressRecord& record) {
                     text += writer.Write(record);
                     if (!text.ends_with('\n') && !text.ends_with('\r')) text += "\r\n";
                     if (text.size() < kChunk) return;
@@ -78,13 +81,13 @@ std::size_t ExportFile(const std::string& path, CAddressTable& addresses, CToDoT
                 kind == FileKind::Calendar ? Dialect::Calendar20 : Dialect::Calendar10;
             ToDoWriter writer(toDos, dialect);
             CalendarText calendar(dialect);
-            count = ForEach<CToDoRecord, CToDoIterator>(
-                toDos, category,
+            ForEach<CToDoRecord, CToDoIterator>(
+                toDos, category, report,
                 [&](const CToDoRecord& record) { calendar.Add(writer.Write(record)); });
             file.Write(calendar.Text());
         }
-        if (count != 0) file.Replace();
-        return count;
+        if (report.written != 0) file.Replace();
+        return report;
     } catch (const ExchangeError& error) {
         throw ExchangeError(fmt::format("{}: {}", path, error.what()));
     }

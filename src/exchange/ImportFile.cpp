@@ -50,8 +50,9 @@ ImportReport ImportBytes(std::string_view bytes, CAddressTable& addresses, CToDo
     std::string decoded;
     if (DecodeMarked(bytes, decoded)) bytes = decoded;
     ImportReport report;
-    CardReader cards(addresses);
-    CalendarReader calendar(toDos, report);
+    const std::string_view charset = GuessFileCharset(bytes);
+    CardReader cards(addresses, charset);
+    CalendarReader calendar(toDos, report, charset);
     EntryReader reader(bytes);
     Entry entry;
     bool isKnown = false;

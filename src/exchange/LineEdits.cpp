@@ -9,17 +9,17 @@ namespace {
 
 // A last line that is broken off in its quoted-printable text would swallow what is added after it.
 bool IsBrokenOff(const ContentLine& line) {
-    return line.value.ends_with('=') &&
+    return EndsInSoftBreak(line.value) &&
            EncodingOf(line.parameters) == TransferEncoding::QuotedPrintable;
 }
 
 }  // namespace
 
-LineEdits::LineEdits(std::span<const ContentLine> lines, Dialect dialect)
+LineEdits::LineEdits(std::span<const ContentLine> lines, Dialect dialect, std::string_view charset)
     : m_lines(lines),
       m_dialect(dialect),
       m_lineEnd(LineEndOf(lines.front().source)),
-      m_decoder(lines) {}
+      m_decoder(lines, charset) {}
 
 std::string LineEdits::ValueOf(std::ptrdiff_t line) {
     std::string storage;
@@ -30,14 +30,17 @@ EditedLine& LineEdits::At(std::ptrdiff_t line) {
     const auto [place, isNew] = m_changes.try_emplace(line);
     EditedLine& edited = place->second;
     if (!isNew) return edited;
-    const ContentLine& old = Line(line);
+    ContentLine old = Line(line);
+    // The lines of a component inside the entry have lost their names.
+    ContentLineReader reader(old.source);
+    if (old.name.empty()) reader.Next(old);
     if (!old.group.empty()) edited.name.append(old.group).append(".");
     edited.name.append(old.name);
     ParameterWalk walk(old.parameters);
     Parameter parameter;
     while (walk.Next(parameter)) {
         if (TellsEncoding(parameter)) continue;
-        std::string& kept = edited.parameters.emplace_back(parameter.source);
+        std::string& kept = edited.parameters.emplace_back(m_decoder.DecodeText(parameter.source));
         // A quote that is never closed would reach for the new value's quotes.
         if (std::count(kept.begin(), kept.end(), '"') % 2 != 0) std::erase(kept, '"');
     }
@@ -57,6 +60,10 @@ bool LineEdits::IsRemoved(std::ptrdiff_t line) const {
 
 void LineEdits::Append(const EditedLine& line, std::string& text) const {
     if (line.isRemoved) return;
+    if (line.name.empty()) {  // text that is no line of the format
+        text.append(line.value).append(m_lineEnd);
+        return;
+    }
     std::string head = line.name;
     for (const std::string& parameter : line.parameters) head.append(";").append(parameter);
     text += FormatLine(head, line.value, m_dialect, m_lineEnd);
@@ -79,7 +86,14 @@ std::ptrdiff_t LineEdits::PlaceOfAdded() const {
     return place;
 }
 
-std::string LineEdits::Text() const {
+void LineEdits::EditLegacyLines() {
+    for (std::size_t i = 0; i < m_lines.size(); ++i) {
+        if (ValueDecoder::IsLegacy(m_lines[i])) At(static_cast<std::ptrdiff_t>(i));
+    }
+}
+
+std::string LineEdits::Text() {
+    if (!IsEmpty()) EditLegacyLines();
     std::string text;
     const std::ptrdiff_t place = PlaceOfAdded();
     for (std::ptrdiff_t i = 0; i < static_cast<std::ptrdiff_t>(m_lines.size()); ++i) {

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include <exchange/LineText.h>
+#include <exchange/ValueDecoder.h>
 
 namespace orvo {
 
@@ -22,10 +23,12 @@ struct EditedLine {
     bool isRemoved = false;
 };
 
-// The lines must outlive it. The last one is the END of the entry.
+// The lines must outlive it. The last one is the END of the entry. Where anything is edited, every
+// line of a legacy set is written as UTF-8 too, as one entry never mixes sets that no line names.
 class LineEdits {
 public:
-    LineEdits(std::span<const ContentLine> lines, Dialect dialect);
+    // `charset` is the legacy set of the lines, empty where they are to be asked.
+    LineEdits(std::span<const ContentLine> lines, Dialect dialect, std::string_view charset = {});
 
     // The line as it is to be written; what is asked for once is written anew.
     EditedLine& At(std::ptrdiff_t line);
@@ -40,9 +43,10 @@ public:
     bool IsRemoved(std::ptrdiff_t line) const;
     bool IsEmpty() const { return m_changes.empty() && m_added.empty(); }
 
-    std::string Text() const;
+    std::string Text();
 
 private:
+    void EditLegacyLines();
     const ContentLine& Line(std::ptrdiff_t line) const {
         return m_lines[static_cast<std::size_t>(line)];
     }

@@ -15,6 +15,12 @@ bool IsContinuation(char character) {
     return (static_cast<unsigned char>(character) & 0xC0u) == 0x80u;
 }
 
+void AppendHex(unsigned char byte, std::string& result) {
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    result += digits[byte >> 4];
+    result += digits[byte & 0xFu];
+}
+
 void AppendFolded(std::string_view line, std::string_view lineEnd, std::string& result) {
     std::size_t room = kLongestLine;
     while (line.size() > room) {
@@ -35,7 +41,6 @@ bool NeedsQuotedPrintable(std::string_view value) {
 // `used` bytes of the first line are taken by the head.
 void AppendQuoted(std::string_view value, std::size_t used, std::string_view lineEnd,
                   std::string& result) {
-    constexpr std::string_view digits = "0123456789ABCDEF";
     for (std::size_t i = 0; i < value.size(); ++i) {
         const auto byte = static_cast<unsigned char>(value[i]);
         // A continued line that begins with a blank would be taken for a fold, and one that begins
@@ -55,12 +60,34 @@ void AppendQuoted(std::string_view value, std::size_t used, std::string_view lin
             ++used;
         } else {
             result += '=';
-            result += digits[byte >> 4];
-            result += digits[byte & 0xFu];
+            AppendHex(byte, result);
             used += 3;
         }
     }
     result.append(lineEnd);
+}
+
+std::string EscapeQuoted(std::string_view text, ValueKind kind) {
+    const std::string_view dividers = ";:,";
+    std::string result;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char c = text[i];
+        if (c == '\r' && i + 1 < text.size() && text[i + 1] == '\n') continue;
+        if (c == '\r' || c == '\n') {
+            result += "\r\n";  // as quoted-printable has it
+        } else if (c == '\\' && kind == ValueKind::Parts) {
+            const std::size_t end = std::min(text.find_first_not_of('\\', i), text.size());
+            const bool counts = end == text.size() || dividers.find(text[end]) != npos;
+            result.append((end - i) * (counts ? 2 : 1), '\\');
+            i = end - 1;
+        } else {
+            const bool isEscaped =
+                c == ';' && (kind == ValueKind::Parts || (i > 0 && text[i - 1] == '\\'));
+            if (isEscaped) result += '\\';
+            result += c;
+        }
+    }
+    return result;
 }
 
 }  // namespace
@@ -77,18 +104,37 @@ bool TellsEncoding(const Parameter& parameter) {
            });
 }
 
-std::string Escape(std::string_view text, Dialect dialect) {
+std::string Escape(std::string_view text, Dialect dialect, ValueKind kind) {
     const bool quoted = IsQuotedDialect(dialect);
+    if (quoted) return EscapeQuoted(text, kind);
     std::string result;
     result.reserve(text.size() + 8);
     for (std::size_t i = 0; i < text.size(); ++i) {
         const char c = text[i];
         if (c == '\r' && i + 1 < text.size() && text[i + 1] == '\n') continue;
         if (c == '\r' || c == '\n') {
-            // Quoted-printable writes the line end as it is.
-            result += quoted ? "\r\n" : "\\n";
+            result += "\\n";
         } else {
-            if (c == '\\' || c == ';' || (c == ',' && !quoted)) result += '\\';
+            if (c == '\\' || c == ';' || c == ',') result += '\\';
+            result += c;
+        }
+    }
+    return result;
+}
+
+std::string EncodeUri(std::string_view text, bool& isEncoded) {
+    const auto isForeign = [](unsigned char c) { return c < ' ' || c == 0x7F || c == '\\'; };
+    isEncoded = std::any_of(text.begin(), text.end(), isForeign);
+    if (!isEncoded) return std::string(text);
+    std::string result;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') continue;
+        const char c = text[i] == '\r' ? '\n' : text[i];
+        const auto byte = static_cast<unsigned char>(c);
+        if (isForeign(byte) || c == '%') {
+            result += '%';
+            AppendHex(byte, result);
+        } else {
             result += c;
         }
     }
@@ -104,7 +150,7 @@ std::string ReplaceParts(std::string_view value, std::initializer_list<NewPart> 
     for (const NewPart& change : parts) {
         if (change.number >= all.size() && change.text.empty()) continue;
         if (change.number >= all.size()) all.resize(change.number + 1);
-        all[change.number] = Escape(change.text, dialect);
+        all[change.number] = Escape(change.text, dialect, ValueKind::Parts);
     }
     std::string result;
     for (std::size_t i = 0; i < all.size(); ++i) {

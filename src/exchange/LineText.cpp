@@ -4,7 +4,6 @@
 #include <array>
 
 #include <exchange/LineText.h>
-#include <platform/text/Charset.h>
 
 namespace orvo {
 namespace {
@@ -26,28 +25,29 @@ int Base64Digit(char c) {
     return c == '/' ? 63 : -1;
 }
 
-struct ValueForm {
-    TransferEncoding encoding;
-    std::string_view charset;
-};
-
-ValueForm FormOf(std::string_view parameters) {
-    return {EncodingOf(parameters), FindParameter(parameters, "CHARSET")};
-}
-
-std::string_view Bytes(const ContentLine& line, const ValueForm& form, std::string& storage) {
-    if (form.encoding == TransferEncoding::None) return line.value;
-    storage.clear();
-    if (form.encoding == TransferEncoding::QuotedPrintable) {
-        AppendQuotedPrintable(line.value, storage);
-    } else {
-        AppendBase64(line.value, storage);
+// Backslashes count in pairs only where they stand before a divider or at the end of a part.
+void UnescapeQuoted(std::string_view part, ValueKind kind, std::string& text) {
+    const std::string_view dividers = kind == ValueKind::Parts ? ";:," : ";";
+    for (std::size_t i = 0; i < part.size(); ++i) {
+        if (part[i] == '\r') {
+            text += '\n';
+            if (i + 1 < part.size() && part[i + 1] == '\n') ++i;
+            continue;
+        }
+        if (part[i] != '\\') {
+            text += part[i];
+            continue;
+        }
+        const std::size_t end = std::min(part.find_first_not_of('\\', i), part.size());
+        std::size_t count = end - i;
+        if (end < part.size() && dividers.find(part[end]) != npos) {
+            count = kind == ValueKind::Parts ? count / 2 : count - 1;
+        } else if (end == part.size() && kind == ValueKind::Parts) {
+            count -= count / 2;
+        }
+        text.append(count, '\\');
+        i = end - 1;
     }
-    return storage;
-}
-
-bool IsUtf8Name(std::string_view charset) {
-    return EqualsIgnoringCase(charset, "UTF-8") || EqualsIgnoringCase(charset, "UTF8");
 }
 
 bool HasBareParameter(std::string_view parameters) {
@@ -75,43 +75,6 @@ Dialect DialectOfCard(std::span<const ContentLine> lines) {
     return isOld ? Dialect::Card21 : Dialect::Card30;
 }
 
-std::string_view ValueDecoder::LegacyCharset() {
-    if (!m_legacyCharset.empty()) return m_legacyCharset;
-    std::string sample;
-    std::string storage;
-    std::string_view named;
-    for (const ContentLine& line : m_lines) {
-        if (line.name.empty()) continue;
-        const ValueForm form = FormOf(line.parameters);
-        if (named.empty() && !IsUtf8Name(form.charset)) named = form.charset;
-        if (form.encoding == TransferEncoding::Base64) continue;
-        const std::string_view bytes = Bytes(line, form, storage);
-        if (!IsValidUtf8(bytes)) sample.append(bytes);
-    }
-    // Some programs name the set on one line only.
-    const bool fits = !named.empty() && DecodeCharset(named, sample, storage);
-    m_legacyCharset = fits ? named : GuessLegacyCharset(sample);
-    return m_legacyCharset;
-}
-
-std::string_view ValueDecoder::Decode(const ContentLine& line, std::string& storage) {
-    std::string_view bytes = line.value;
-    std::string decoded;
-    if (!line.parameters.empty()) {
-        const ValueForm form = FormOf(line.parameters);
-        bytes = Bytes(line, form, storage);
-        if (!form.charset.empty() && !IsUtf8Name(form.charset) &&
-            DecodeCharset(form.charset, bytes, decoded)) {
-            storage = std::move(decoded);
-            return storage;
-        }
-    }
-    if (IsValidUtf8(bytes)) return bytes;
-    if (!DecodeCharset(LegacyCharset(), bytes, decoded)) decoded = DecodeLegacy(bytes);
-    storage = std::move(decoded);
-    return storage;
-}
-
 void AppendQuotedPrintable(std::string_view text, std::string& bytes) {
     bytes.reserve(bytes.size() + text.size());
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -120,7 +83,9 @@ void AppendQuotedPrintable(std::string_view text, std::string& bytes) {
         if (low >= 0) {
             bytes += static_cast<char>(high * 16 + low);
             i += 2;
-        } else if (text[i] != '=' || i + 1 != text.size()) {
+        } else if (text[i] == '=' && text.find_first_not_of(" \t", i + 1) == npos) {
+            return;  // a soft break behind which nothing follows
+        } else {
             bytes += text[i];
         }
     }
@@ -163,13 +128,17 @@ std::string_view PartOf(std::string_view value, std::size_t number, char divider
     return part;
 }
 
-void Unescape(std::string_view part, Dialect dialect, std::string& text) {
+void Unescape(std::string_view part, Dialect dialect, std::string& text, ValueKind kind) {
     text.clear();
     if (part.find_first_of("\\\r") == npos) {
         text = part;
         return;
     }
-    const std::string_view escaped = IsQuotedDialect(dialect) ? "\\;" : "\\;,:\"";
+    if (IsQuotedDialect(dialect)) {
+        UnescapeQuoted(part, kind, text);
+        return;
+    }
+    constexpr std::string_view escaped = "\\;,:\"";
     for (std::size_t i = 0; i < part.size(); ++i) {
         const char next = i + 1 < part.size() ? part[i + 1] : '\0';
         if (part[i] == '\\' && (next == 'n' || next == 'N')) {
@@ -185,6 +154,17 @@ void Unescape(std::string_view part, Dialect dialect, std::string& text) {
             text += part[i];
         }
     }
+}
+
+std::string DecodePercents(std::string_view value) {
+    std::string text;
+    for (std::size_t i = 0; i < value.size(); ++i) {
+        const int high = value[i] == '%' && i + 2 < value.size() ? HexDigit(value[i + 1]) : -1;
+        const int low = high < 0 ? -1 : HexDigit(value[i + 2]);
+        text += low < 0 ? value[i] : static_cast<char>(high * 16 + low);
+        if (low >= 0) i += 2;
+    }
+    return text;
 }
 
 std::string DecodeParameter(std::string_view value) {

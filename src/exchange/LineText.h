@@ -25,23 +25,6 @@ constexpr bool IsQuotedDialect(Dialect dialect) {
 // The format of a card, by its VERSION; without one, by how its parameters are written.
 Dialect DialectOfCard(std::span<const ContentLine> lines);
 
-// Gives the values of the lines of one entry as UTF-8. Transfer encoding and CHARSET are undone;
-// where no usable set is named, bytes that aren't UTF-8 are read as the set that another line
-// names, else as the legacy set that all of the entry's bytes together point to.
-class ValueDecoder {
-public:
-    explicit ValueDecoder(std::span<const ContentLine> lines) : m_lines(lines) {}
-
-    // The value with its escapes and dividers as they are. Valid as long as the line and `storage`.
-    std::string_view Decode(const ContentLine& line, std::string& storage);
-
-private:
-    std::string_view LegacyCharset();
-
-    std::span<const ContentLine> m_lines;
-    std::string m_legacyCharset;
-};
-
 // Undoes quoted-printable; what isn't of its form stays. Undoes base64; what isn't of it is passed
 // over.
 void AppendQuotedPrintable(std::string_view text, std::string& bytes);
@@ -65,11 +48,22 @@ private:
 // The part of that number, from 0, between dividers; empty where there are fewer.
 std::string_view PartOf(std::string_view value, std::size_t number, char divider);
 
-// Undoes the escapes of a part; its line ends become "\n".
-void Unescape(std::string_view part, Dialect dialect, std::string& text);
+// Whether a value is one text, or several parts that ';' divides. In the quoted dialects a
+// backslash of a text stands for itself, unless it is before a ';'; of a part, unless it is before
+// a divider.
+enum class ValueKind : std::uint8_t { Text, Parts };
+
+// Undoes the escapes of a text or of one part; its line ends become "\n".
+void Unescape(std::string_view part, Dialect dialect, std::string& text,
+              ValueKind kind = ValueKind::Text);
 
 // Escapes text so that Unescape gives it back.
-std::string Escape(std::string_view text, Dialect dialect);
+std::string Escape(std::string_view text, Dialect dialect, ValueKind kind = ValueKind::Text);
+
+// The value of a URL line, which has no escapes. Where `text` can't stand in a URL as it is, what
+// can't is percent-encoded and `isEncoded` is set; DecodePercents gives the text back.
+std::string EncodeUri(std::string_view text, bool& isEncoded);
+std::string DecodePercents(std::string_view value);
 
 // The value with the parts of those numbers replaced by escaped text; it grows as needed.
 struct NewPart {

@@ -1,11 +1,15 @@
 // A file that takes the place of another one as a whole or not at all.
 // SPDX-License-Identifier: MIT
 #include <cerrno>
+#include <charconv>
+#include <csignal>
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
+#include <fstream>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <vector>
 
 #include <fmt/core.h>
 
@@ -16,6 +20,7 @@ namespace orvo {
 namespace {
 
 constexpr mode_t kNewFileMode = 0666;  // less what the process masks
+constexpr mode_t kTemporaryMode = 0600;
 constexpr mode_t kPermissions = 07777;
 constexpr int kAttempts = 100;
 
@@ -25,9 +30,42 @@ std::string TargetOf(const std::string& path) {
     return error ? path : target.string();
 }
 
+// Linux has no call that only asks.
+mode_t MaskOfProcess() {
+    std::ifstream status("/proc/self/status");
+    std::string word;
+    unsigned mask = 0077;
+    while (status >> word) {
+        if (word == "Umask:") status >> std::oct >> mask;
+    }
+    return static_cast<mode_t>(mask);
+}
+
 std::string FolderOf(const std::string& path) {
     const std::string folder = std::filesystem::path(path).parent_path().string();
     return folder.empty() ? "." : folder;
+}
+
+// Removes what exports that were killed have left beside the target: "TARGET.PROCESS-ATTEMPT.tmp".
+void RemoveStale(const std::string& target) {
+    const std::string start = std::filesystem::path(target).filename().string() + ".";
+    constexpr std::string_view end = ".tmp";
+    std::error_code error;
+    std::vector<std::filesystem::path> stale;
+    for (std::filesystem::directory_iterator file(FolderOf(target), error), last;
+         !error && file != last; file.increment(error)) {
+        const std::string name = file->path().filename().string();
+        if (!name.starts_with(start) || !name.ends_with(end)) continue;
+        long process = 0;
+        const auto [rest, failed] =
+            std::from_chars(name.data() + start.size(), name.data() + name.size(), process);
+        const bool isOurs = failed == std::errc() && *rest == '-' && process > 0 &&
+                            name.find_first_not_of("0123456789", rest - name.data() + 1) ==
+                                name.size() - end.size();
+        const bool isDead = isOurs && ::kill(static_cast<pid_t>(process), 0) != 0 && errno == ESRCH;
+        if (isDead) stale.push_back(file->path());
+    }
+    for (const auto& path : stale) std::filesystem::remove(path, error);
 }
 
 }  // namespace
@@ -40,20 +78,15 @@ NewFile::NewFile(const std::string& path) : m_target(TargetOf(path)) {
     struct stat old {};
     const bool replaces = ::stat(m_target.c_str(), &old) == 0;
     if (replaces && !S_ISREG(old.st_mode)) throw ExchangeError("is no file that can be replaced");
+    RemoveStale(m_target);
     for (int attempt = 0; attempt < kAttempts && m_descriptor < 0; ++attempt) {
         m_temporary = fmt::format("{}.{}-{}.tmp", m_target, ::getpid(), attempt);
         m_descriptor =
-            ::open(m_temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kNewFileMode);
+            ::open(m_temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kTemporaryMode);
         if (m_descriptor < 0 && errno != EEXIST) break;
     }
     if (m_descriptor < 0) Fail("can't be written");
-    if (replaces && ::fchmod(m_descriptor, old.st_mode & kPermissions) != 0) {
-        const int reason = errno;
-        ::close(m_descriptor);
-        ::unlink(m_temporary.c_str());
-        errno = reason;
-        Fail("its permissions can't be kept");
-    }
+    m_mode = replaces ? old.st_mode & kPermissions : kNewFileMode & ~MaskOfProcess();
 }
 
 NewFile::~NewFile() {
@@ -72,6 +105,8 @@ void NewFile::Write(std::string_view bytes) {
 }
 
 void NewFile::Replace() {
+    // Until now nobody else could read what isn't whole yet.
+    if (::fchmod(m_descriptor, m_mode) != 0) Fail("its permissions can't be set");
     if (::fsync(m_descriptor) != 0) Fail("can't be written");
     if (::rename(m_temporary.c_str(), m_target.c_str()) != 0) Fail("can't be replaced");
     ::close(m_descriptor);

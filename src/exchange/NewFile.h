@@ -4,11 +4,13 @@
 
 #include <string>
 #include <string_view>
+#include <sys/types.h>
 
 namespace orvo {
 
-// Written beside the file that it is to replace; gone without a trace unless Replace succeeds. All
-// operations fail with ExchangeError.
+// Written beside the file that it is to replace, for the user's eyes alone; gone without a trace
+// unless Replace succeeds. What a process that was killed has left, the next one for the same file
+// removes. All operations fail with ExchangeError.
 class NewFile {
 public:
     explicit NewFile(const std::string& path);
@@ -19,7 +21,7 @@ public:
     void Write(std::string_view bytes);
 
     // Makes the bytes safe on disk and puts them in the place of the file, with the permissions
-    // that it had. Through a symbolic link, what it points to is replaced.
+    // that it had or that a new file gets. Through a symbolic link, what it points to is replaced.
     void Replace();
 
 private:
@@ -28,6 +30,7 @@ private:
     std::string m_target;
     std::string m_temporary;
     int m_descriptor = -1;
+    mode_t m_mode = 0;  // that the file is to have
 };
 
 }  // namespace orvo

@@ -47,6 +47,8 @@ long PhoneLabels::IdOf(PhoneKind kind, std::string_view own) const {
         if (const auto id = Find(own)) return *id;
     }
     if (const auto id = Find(LabelOf(kind))) return *id;
+    const auto standard = static_cast<long>(kind);
+    if (standard < static_cast<long>(m_texts.size()) && KindOf(standard) == kind) return standard;
     if (const auto id = Find(LabelOf(PhoneKind::Other))) return *id;
     return static_cast<long>(m_texts.size()) - 1;
 }
@@ -68,37 +70,58 @@ const std::string& PhoneLabels::TextOf(long id) const {
                : m_texts[static_cast<std::size_t>(id)];
 }
 
-std::optional<int> CategoryNames::Find(const std::string& name, bool add) {
+CCategory* CategoryNames::Added(std::string_view name) {
+    auto fresh = std::make_unique<CCategory>();
+    fresh->SetNameUtf8(name);
+    if (m_manager.Add(fresh.get()) == 0) return fresh.release();
+    CCategory* foreign = nullptr;
+    m_manager.FindUtf8Name(name, foreign);
+    return foreign;
+}
+
+std::optional<int> CategoryNames::IndexOf(const std::string& name, bool add) {
     const auto known = m_known.find(name);
     if (known != m_known.end()) return known->second;
-    const CodePage& page = CodePage::System();
-    std::string text;
-    page.FromUtf8(name, text);
-    text.resize(CutLength(page, text, kCategoryNameLength, false));
-    if (text.empty()) return std::nullopt;
     CCategory* category = nullptr;
-    if (m_manager.FindName(CString(text), category) != 0 || !category) {
-        if (!add) return std::nullopt;
-        auto fresh = std::make_unique<CCategory>();
-        fresh->SetName(CString(text));
-        if (m_manager.Add(fresh.get()) != 0) return std::nullopt;
-        category = fresh.release();
+    if (m_manager.FindUtf8Name(name, category) != 0) {
+        const std::string_view cut(name.data(), CutLength(*CodePage::Find(kUtf8CodePage), name,
+                                                          kCategoryNameLength, false));
+        if (cut.empty()) return std::nullopt;
+        if (m_manager.FindUtf8Name(cut, category) != 0 && add) category = Added(cut);
     }
+    if (!category) return std::nullopt;
     m_known.emplace(name, category->GetIndex());
     return category->GetIndex();
 }
 
-int CategoryNames::IndexOf(const std::vector<ListedCategory>& names, bool add, std::size_t& place) {
-    for (place = 0; place < names.size(); ++place) {
-        if (const auto index = Find(names[place].name, add)) return *index;
+void CategoryNames::Note(const std::vector<ListedCategory>& names, bool add, Origin& origin) {
+    origin.category = kNoCategory;
+    origin.listed.reset();
+    for (std::size_t place = 0; place < names.size(); ++place) {
+        const auto index = IndexOf(names[place].name, add);
+        if (!index) continue;
+        origin.category = *index;
+        origin.listed = place;
+        return;
     }
-    return kNoCategory;
+}
+
+std::size_t PlaceOf(const Origin& origin, const std::vector<ListedCategory>& names) {
+    return std::min(origin.listed.value_or(names.size()), names.size());
+}
+
+void CategoryNames::Choose(const std::vector<ListedCategory>& names, Origin& origin) {
+    Note(names, true, origin);
+}
+
+void CategoryNames::Find(const std::vector<ListedCategory>& names, Origin& origin) {
+    Note(names, false, origin);
 }
 
 std::string CategoryNames::NameOf(int index) {
     CCategory* category = nullptr;
     if (index == kNoCategory || m_manager.FindIndex(index, category) != 0 || !category) return {};
-    return ToUtf8(category->GetName());
+    return category->Utf8();
 }
 
 }  // namespace orvo

@@ -10,6 +10,7 @@
 
 #include <contracts/RecordStore.h>
 #include <exchange/CardFields.h>
+#include <exchange/Origin.h>
 
 namespace orvo {
 
@@ -38,19 +39,27 @@ private:
     std::vector<std::string> m_texts;  // UTF-8
 };
 
+// The place in the list of the name that the record's category came from, or the list's size.
+std::size_t PlaceOf(const Origin& origin, const std::vector<ListedCategory>& names);
+
 class CategoryNames {
 public:
     explicit CategoryNames(CCategoryMgr& manager) : m_manager(manager) {}
 
-    // The index of the first of the names that the table has, or with `add` can take; kNoCategory
-    // where there is none. `place` is set to the name's place in the list, or to its size.
-    int IndexOf(const std::vector<ListedCategory>& names, bool add, std::size_t& place);
+    // Takes the first of the names that the table has or can take, and notes its index and its
+    // place in the list; kNoCategory where there is none.
+    void Choose(const std::vector<ListedCategory>& names, Origin& origin);
+    // The same without taking anything new into the table.
+    void Find(const std::vector<ListedCategory>& names, Origin& origin);
 
     // The name of a record's category; empty for a record in none.
     std::string NameOf(int index);
 
 private:
-    std::optional<int> Find(const std::string& name, bool add);
+    std::optional<int> IndexOf(const std::string& name, bool add);
+    void Note(const std::vector<ListedCategory>& names, bool add, Origin& origin);
+    // The category of that name as the store has it after adding it; null where there is no room.
+    CCategory* Added(std::string_view name);
 
     CCategoryMgr& m_manager;
     std::unordered_map<std::string, int> m_known;

@@ -43,10 +43,9 @@ void ToDoEdits::Run(CalendarClock& clock, CategoryNames& categories) {
     EditPriority();
     EditDue(clock);
     EditCompletion(clock);
-    std::size_t place = 0;
-    if (categories.IndexOf(m_was.categories, false, place) != m_now.category) {
-        EditCategories(m_edits, m_was.categories, place, categories.NameOf(m_now.category),
-                       m_dialect);
+    if (m_origin.category != m_now.category) {
+        EditCategories(m_edits, m_was.categories, PlaceOf(m_origin, m_was.categories),
+                       categories.NameOf(m_now.category), m_dialect);
     }
     EditPrivate(m_edits, m_was.Line(ToDoProperty::Class), m_was.isPrivate, m_now.isPrivate);
     EditArchived(m_edits, m_was.Line(ToDoProperty::Archived), m_was.isArchived, m_now.isArchived);
@@ -85,7 +84,7 @@ void ToDoEdits::EditPriority() {
 }
 
 void ToDoEdits::EditDue(CalendarClock& clock) {
-    if (m_was.dueDate == m_now.dueDate) return;
+    if (RecordDateOf(m_origin.due) == m_now.dueDate) return;
     // A to-do has either a due date or a duration.
     if (m_was.Line(ToDoProperty::Due) == kNoLine && m_was.dueDate != kMaxDate) {
         Set(ToDoProperty::Duration, {});
@@ -110,8 +109,9 @@ void ToDoEdits::EditDue(CalendarClock& clock) {
 }
 
 void ToDoEdits::EditCompletion(CalendarClock& clock) {
-    const bool isSame = m_was.isCompleted == m_now.isCompleted &&
-                        (!m_now.isCompleted || m_was.completionDate == m_now.completionDate);
+    const bool isSame =
+        m_was.isCompleted == m_now.isCompleted &&
+        (!m_now.isCompleted || RecordDateOf(m_origin.completed) == m_now.completionDate);
     if (isSame) return;
     const bool isNew = m_dialect == Dialect::Calendar20;
     const bool hasDate = m_now.isCompleted && m_now.completionDate != kMaxDate;

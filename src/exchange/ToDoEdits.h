@@ -31,8 +31,9 @@ struct ToDoValues {
 // All of them must outlive it.
 class ToDoEdits {
 public:
-    ToDoEdits(const ToDoFields& was, const ToDoValues& now, Dialect dialect, LineEdits& edits)
-        : m_was(was), m_now(now), m_dialect(dialect), m_edits(edits) {}
+    ToDoEdits(const ToDoFields& was, const Origin& origin, const ToDoValues& now, Dialect dialect,
+              LineEdits& edits)
+        : m_was(was), m_origin(origin), m_now(now), m_dialect(dialect), m_edits(edits) {}
 
     // `clock` has the zones of the to-do.
     void Run(CalendarClock& clock, CategoryNames& categories);
@@ -46,6 +47,7 @@ private:
     void Set(ToDoProperty property, std::string_view value);
 
     const ToDoFields& m_was;
+    const Origin& m_origin;  // what the record got with them
     const ToDoValues& m_now;
     Dialect m_dialect;
     LineEdits& m_edits;

@@ -59,9 +59,10 @@ std::string_view CalendarPriority(int priority) {
     return kCalendarPriorities[static_cast<std::size_t>(priority) - 1];
 }
 
-ToDoFields DeriveToDo(std::span<const ContentLine> lines, Dialect dialect, CalendarClock& clock) {
+ToDoFields DeriveToDo(std::span<const ContentLine> lines, Dialect dialect, std::string_view charset,
+                      CalendarClock& clock) {
     ToDoFields fields;
-    ValueDecoder decoder(lines);
+    ValueDecoder decoder(lines, charset);
     fields.lineOf.fill(kNoLine);
     for (std::size_t i = 0; i < lines.size(); ++i) {
         const std::string_view name = lines[i].name;

@@ -56,8 +56,9 @@ struct ToDoFields {
     }
 };
 
-// `clock` has the zones of the to-do.
-ToDoFields DeriveToDo(std::span<const ContentLine> lines, Dialect dialect, CalendarClock& clock);
+// `clock` has the zones of the to-do; `charset` is its legacy set, empty where the lines are asked.
+ToDoFields DeriveToDo(std::span<const ContentLine> lines, Dialect dialect, std::string_view charset,
+                      CalendarClock& clock);
 
 // The text up to its first line end.
 std::string_view FirstLineOf(std::string_view text);

@@ -1,10 +1,13 @@
 // Writing a to-do record as a VTODO, and the calendar around them.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
+#include <functional>
+#include <random>
 
 #include <fmt/core.h>
 
 #include <exchange/CalendarReader.h>
+#include <exchange/ToDoConversion.h>
 #include <exchange/ToDoEdits.h>
 #include <exchange/ToDoWriter.h>
 #include <platform/time/CTime.h>
@@ -12,30 +15,41 @@
 namespace orvo {
 namespace {
 
-// The lines that a fresh to-do begins with, those of another format that it keeps among them.
-std::string FreshToDo(const CToDoRecord& record, const ToDoSource* other, Dialect dialect,
-                      CalendarClock& clock) {
-    std::string uid = fmt::format("orvo-todo-{}@orvoshare", record.GetId());
-    std::string kept;
-    ValueDecoder decoder(other ? other->toDo.lines : std::span<const ContentLine>());
-    std::string storage;
-    for (const ContentLine& line : other ? other->toDo.lines : std::span<const ContentLine>()) {
-        if (EqualsIgnoringCase(line.name, "UID")) uid = decoder.Decode(line, storage);
-        if (!StartsIgnoringCase(line.name, "X-") ||
-            EqualsIgnoringCase(line.name, "X-ORVO-ARCHIVED")) {
-            continue;
-        }
-        std::string head(line.name);
-        ParameterWalk walk(line.parameters);
-        Parameter parameter;
-        while (walk.Next(parameter)) {
-            if (TellsEncoding(parameter) || parameter.source.empty()) continue;
-            const bool needsName = parameter.name.empty() && dialect == Dialect::Calendar20;
-            head.append(needsName ? ";TYPE=" : ";").append(parameter.source);
-        }
-        kept += FormatLine(head, decoder.Decode(line, storage), dialect, "\r\n");
+// The origin of a record that came from no file: its source holds nothing but its UID.
+constexpr std::string_view kOnlyExported = "exported";
+
+std::string SourceWithNewUid() {
+    std::random_device random;
+    return fmt::format("BEGIN:VTODO\r\nUID:orvo-{:08x}{:08x}{:08x}{:08x}\r\nEND:VTODO\r\n",
+                       random(), random(), random(), random());
+}
+
+bool HasUid(std::string_view lines) {
+    ContentLineReader reader(lines);
+    ContentLine line;
+    while (reader.Next(line)) {
+        if (EqualsIgnoringCase(line.name, "UID")) return true;
     }
-    std::string text = "BEGIN:VTODO\r\n" + FormatLine("UID", uid, dialect, "\r\n");
+    return false;
+}
+
+// The TZ line that the zones of a to-do may begin with.
+std::string_view ZoneLineOf(std::string_view timeZones) {
+    if (!StartsIgnoringCase(timeZones, "TZ:")) return {};
+    return timeZones.substr(0, std::min(timeZones.find("BEGIN:"), timeZones.size()));
+}
+
+// The lines that a fresh to-do begins with, those of another format that it keeps among them.
+std::string FreshToDo(const CToDoRecord& record, const ToDoSource* other, std::string_view charset,
+                      Dialect dialect, CalendarClock& clock) {
+    const std::string kept = other ? ConvertLines(*other, charset, dialect, clock) : std::string();
+    std::string text = "BEGIN:VTODO\r\n";
+    if (!HasUid(kept)) {
+        // The same at each export of what was once imported without one.
+        const std::size_t hash = std::hash<std::string_view>()(other ? other->toDo.source : "");
+        const std::string uid = fmt::format("orvo-{}-{:016x}", record.GetId(), hash);
+        text += FormatLine("UID", uid, dialect, "\r\n");
+    }
     if (dialect == Dialect::Calendar20) {
         const std::string now =
             clock.Format(CTime::GetCurrentTime().GetTime(), {0, CalendarDate::Form::Utc, {}});
@@ -49,36 +63,60 @@ std::string FreshToDo(const CToDoRecord& record, const ToDoSource* other, Dialec
 ToDoWriter::ToDoWriter(CToDoTable& table, Dialect dialect)
     : m_table(table), m_dialect(dialect), m_categories(*table.GetCategoryManager()) {}
 
+Origin ToDoWriter::OriginHere(const ToDoFields& fields) {
+    Origin origin;
+    m_categories.Find(fields.categories, origin);
+    origin.due = CivilOfRecordDate(fields.dueDate);
+    origin.completed = CivilOfRecordDate(fields.completionDate);
+    return origin;
+}
+
 ToDoWriter::Written ToDoWriter::Write(const CToDoRecord& record) {
     std::string text;
+    std::string originText;
     ToDoValues now;
-    if (record.GetSource(text) != 0 || !now.Read(record)) {
+    if (record.GetSource(text) != 0 || record.GetOrigin(originText) != 0 || !now.Read(record)) {
         throw ExchangeError("a to-do can't be read from the store: " + m_table.LastError());
+    }
+    if (text.empty()) {
+        text = SourceWithNewUid();
+        originText = kOnlyExported;
+        // Where the store can't be written, the export goes on; the next one gives another UID.
+        CToDoRecord stored(m_table);
+        if (m_table.Find(record.GetId(), stored) == 0) stored.SetSource(text, originText);
     }
     EntryReader reader(text);
     ToDoSource source;
     const bool hasSource = ReadToDoSource(text, reader, source);
-    const bool isFresh = !hasSource || source.dialect != m_dialect;
+    const bool isFresh = !hasSource || source.dialect != m_dialect || originText == kOnlyExported;
+    std::optional<Origin> origin = ParseOrigin(originText);
+    std::string charset = origin ? origin->charset : std::string();
     const std::string freshText =
-        isFresh ? FreshToDo(record, hasSource ? &source : nullptr, m_dialect, m_clock) : "";
+        isFresh ? FreshToDo(record, hasSource ? &source : nullptr, charset, m_dialect, m_clock)
+                : "";
     EntryReader freshReader(freshText);
     Written written;
     if (isFresh) {
         freshReader.Next(source.toDo);
+        origin.reset();
+        charset.clear();
     } else {
         written.timeZones = source.timeZones;
     }
     m_clock.SetZones(written.timeZones);
-    const ToDoFields was = DeriveToDo(source.toDo.lines, m_dialect, m_clock);
-    LineEdits edits(source.toDo.lines, m_dialect);
-    ToDoEdits(was, now, m_dialect, edits).Run(m_clock, m_categories);
+    const ToDoFields was = DeriveToDo(source.toDo.lines, m_dialect, charset, m_clock);
+    if (!origin) origin = OriginHere(was);
+    LineEdits edits(source.toDo.lines, m_dialect, charset);
+    ToDoEdits(was, *origin, now, m_dialect, edits).Run(m_clock, m_categories);
     written.toDo = edits.IsEmpty() ? std::string(source.toDo.source) : edits.Text();
     return written;
 }
 
 void CalendarText::Add(const ToDoWriter::Written& written) {
     const auto zones = ListZones(written.timeZones);
+    const std::string_view zoneLine = ZoneLineOf(written.timeZones);
     const auto fits = [&](const Calendar& calendar) {
+        if (!calendar.toDos.empty() && calendar.zoneLine != zoneLine) return false;
         return std::all_of(zones.begin(), zones.end(), [&](const auto& zone) {
             const auto known = calendar.zones.find(zone.first);
             return known == calendar.zones.end() || known->second == zone.second;
@@ -86,6 +124,7 @@ void CalendarText::Add(const ToDoWriter::Written& written) {
     };
     auto place = std::find_if(m_calendars.begin(), m_calendars.end(), fits);
     if (place == m_calendars.end()) place = m_calendars.emplace(m_calendars.end());
+    place->zoneLine = zoneLine;
     for (const auto& [name, text] : zones) place->zones.try_emplace(name, text);
     place->toDos.append(written.toDo);
     if (!written.toDo.ends_with('\n') && !written.toDo.ends_with('\r')) place->toDos += "\r\n";
@@ -96,6 +135,7 @@ std::string CalendarText::Text() const {
     for (const Calendar& calendar : m_calendars) {
         text.append("BEGIN:VCALENDAR\r\nPRODID:-//OrvoShare//Orvo//EN\r\n");
         text.append(m_dialect == Dialect::Calendar10 ? "VERSION:1.0\r\n" : "VERSION:2.0\r\n");
+        text.append(calendar.zoneLine);
         for (const auto& zone : calendar.zones) text.append(zone.second);
         text.append(calendar.toDos).append("END:VCALENDAR\r\n");
     }

@@ -11,6 +11,7 @@
 #include <exchange/CalendarClock.h>
 #include <exchange/LineText.h>
 #include <exchange/TableTexts.h>
+#include <exchange/ToDoFields.h>
 
 namespace orvo {
 
@@ -20,24 +21,30 @@ public:
     ToDoWriter(CToDoTable& table, Dialect dialect);
 
     struct Written {
-        std::string timeZones;  // the zones that the to-do names, where its source had them
+        std::string timeZones;  // the calendar's TZ and the zones that the to-do names, where its
+                                // source had them
         std::string toDo;
     };
 
     // The VTODO that the record was imported from, with the lines of edited fields written anew; a
-    // fresh one, which keeps the other one's UID and X- lines, where the record came in another
-    // format or wasn't imported. Throws ExchangeError where the store can't be read.
+    // fresh one, which keeps the other one's lines as far as both formats have them, where the
+    // record came in another format or wasn't imported. One that wasn't gets its UID at its
+    // first export and keeps it in its source. Throws ExchangeError where the store can't
+    // be read.
     Written Write(const CToDoRecord& record);
 
 private:
+    // What a to-do without an origin would get if it were imported now.
+    Origin OriginHere(const ToDoFields& fields);
+
     CToDoTable& m_table;
     Dialect m_dialect;
     CategoryNames m_categories;
     CalendarClock m_clock;
 };
 
-// Puts to-dos together to the text of a file. To-dos whose zones differ under the same name go into
-// calendars of their own.
+// Puts to-dos together to the text of a file. To-dos of calendars that differ in their TZ, or in
+// their zones under the same name, go into calendars of their own.
 class CalendarText {
 public:
     explicit CalendarText(Dialect dialect) : m_dialect(dialect) {}
@@ -47,6 +54,7 @@ public:
 
 private:
     struct Calendar {
+        std::string zoneLine;
         std::map<std::string, std::string> zones;
         std::string toDos;
     };

@@ -169,6 +169,50 @@ class OrvoTest(unittest.TestCase):
             self.orvo(*wrong, code=2)
             self.assertEqual(self.errors.count("\n"), 1, self.errors)
 
+    def test_a_damaged_record_is_told_and_the_others_are_listed_and_exported(self):
+        for name in ("Abe", "Bach", "Cato"):
+            self.orvo("add", "--name", name)
+        database = sqlite3.connect(self.store)
+        database.execute("UPDATE address SET fields = x'01' WHERE id = 2")
+        database.commit()
+        database.close()
+        told = f"{self.store}: the fields of record 2 are damaged\n"
+
+        self.assertEqual([row["name"] for row in self.rows("addresses", code=3)], ["Abe", "Cato"])
+        self.assertEqual(self.errors, told)
+        self.assertEqual(self.rows("export", self.folder / "out.vcf", code=3), [{"exported": 2, "leftOut": 1}])
+        self.assertEqual(self.errors, told)
+        self.assertEqual((self.folder / "out.vcf").read_bytes().count(b"BEGIN:VCARD"), 2)
+
+    def test_programs_that_add_at_once_keep_their_categories(self):
+        self.orvo("categories")
+        running = [subprocess.Popen([ORVO, "--store", self.store, "add", "--name", f"C{i}", "--category", f"C{i}"],
+                                    stdout=subprocess.DEVNULL) for i in range(8)]
+        self.assertEqual([process.wait(120) for process in running], [0] * 8)
+        self.assertEqual([row["category"] for row in self.rows("addresses")], [f"C{i}" for i in range(8)])
+        self.assertEqual([row["name"] for row in self.rows("addresses")], [f"C{i}" for i in range(8)])
+
+    def test_categories_that_the_code_page_lacks_stay_apart(self):
+        path = self.file("a.vcf", card("A", "", "CATEGORIES:漢字\r\n") + card("B", "", "CATEGORIES:家族\r\n"))
+        self.orvo("--locale", "en-US", "--code-page", 1252, "import", path)
+        self.assertEqual([row["category"] for row in self.rows("addresses")], ["漢字", "家族"])
+        listed = self.rows("--locale", "en-US", "--code-page", 1252, "addresses", "--category", "家族")
+        self.assertEqual([row["name"] for row in listed], ["B"])
+
+    def test_a_file_size_limit_is_told_and_a_store_opens_for_reading(self):
+        self.orvo("add", "--name", "Lee")
+
+        def limited(*arguments):
+            return subprocess.run(["sh", "-c", 'ulimit -f 0; exec "$@"', "sh", ORVO, "--store", self.store, *arguments],
+                                  stdout=subprocess.PIPE, stderr=subprocess.PIPE, timeout=120)
+        listed = limited("--json", "addresses")
+        self.assertEqual((listed.returncode, listed.stderr), (0, b""))
+        self.assertEqual(json.loads(listed.stdout)["name"], "Lee")
+        added = limited("add", "--name", "Ann")
+        self.assertEqual((added.returncode, added.stderr.decode()),
+                         (2, f"orvo: {self.store}: a file may not grow beyond its limit\n"))
+        self.assertEqual(len(self.rows("addresses")), 1)
+
     def test_a_newer_store_is_refused_and_left_alone(self):
         self.orvo("add", "--name", "Lee")
         database = sqlite3.connect(self.store)

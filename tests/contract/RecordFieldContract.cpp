@@ -84,7 +84,7 @@ TYPED_TEST(RecordFieldContract, ANoteAndItsMarkGoTogether) {
     EXPECT_EQ(record.SetNote("before it is added"), 0);
     EXPECT_TRUE(record.IsNote());
     ASSERT_EQ(this->addresses.Add(record), 0);
-    EXPECT_EQ(record.SetSource(std::string("\xFF\0\x80", 3)), 0);
+    EXPECT_EQ(record.SetSource(std::string("\xFF\0\x80", 3), "an origin"), 0);
 
     CAddressRecord stored(this->addresses);
     ASSERT_EQ(this->addresses.Find(record.GetId(), stored), 0);
@@ -101,6 +101,20 @@ TYPED_TEST(RecordFieldContract, ANoteAndItsMarkGoTogether) {
     EXPECT_EQ(note, "");
     EXPECT_EQ(stored.GetSource(source), 0);
     EXPECT_EQ(source.size(), 3u);
+}
+
+TYPED_TEST(RecordFieldContract, ASourceGoesInWithItsOrigin) {
+    const auto record = this->AnAddress("Ito");
+    std::string origin;
+
+    EXPECT_EQ(record->SetSource("one", "origin"), 0);
+    EXPECT_EQ(record->SetSource("two", "\xFF"), kRefused);
+
+    EXPECT_EQ(record->GetOrigin(origin), 0);
+    EXPECT_EQ(origin, "origin");
+    EXPECT_EQ(record->SetSource("two"), 0);
+    EXPECT_EQ(record->GetOrigin(origin), 0);
+    EXPECT_EQ(origin, "");
 }
 
 TYPED_TEST(RecordFieldContract, LongTextAndZeroBytesComeBack) {

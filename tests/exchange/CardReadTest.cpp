@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <gmock/gmock.h>
 
-#include <platform/text/SystemLocale.h>
+#include <support/CodePages.h>
+#include <support/LocaleInForce.h>
 
 #include "exchange/Tables.h"
 
@@ -101,10 +102,10 @@ TEST(CardReading, NumbersFillTheSlotsInTheFilesOrder) {
     });
 }
 
-TEST(CardReading, ALabelThatTheTableLacksGivesWayToOtherOrTheLast) {
+TEST(CardReading, ALabelThatTheTableLacksGivesWayToTheRenamedOneElseToOtherOrTheLast) {
     Tables tables;
     tables.addresses.SetPhoneLabel(0, "Handy");
-    EXPECT_THAT(ReadCard(tables, "3.0", "TEL;TYPE=CELL:1\n"), ElementsAre("phone1 (Other): 1"));
+    EXPECT_THAT(ReadCard(tables, "3.0", "TEL;TYPE=CELL:1\n"), ElementsAre("phone1 (Handy): 1"));
 
     Tables others;
     others.addresses.SetPhoneLabel(0, "HOME");
@@ -112,6 +113,48 @@ TEST(CardReading, ALabelThatTheTableLacksGivesWayToOtherOrTheLast) {
     others.addresses.SetPhoneLabel(7, "Else");
     EXPECT_THAT(ReadCard(others, "3.0", "TEL;TYPE=CELL:1\nTEL;TYPE=home:2\n"),
                 ElementsAre("phone1 (Else): 1", "phone2 (HOME): 2"));
+}
+
+TEST(CardReading, ALineOfTheSameGroupNamesTheLabelThatTheNumbersOwnLineDoesnt) {
+    Check({
+        {"a known label",
+         "3.0",
+         "item1.TEL:1\nitem1.X-ABLabel:_$!<WorkFAX>!$_\n",
+         {"phone1 (Fax): 1"}},
+        {"before the number, in another case",
+         "3.0",
+         "ITEM1.X-ABLABEL:_$!<iPhone>!$_\nitem1.TEL;type=pref:1\n",
+         {"phone1 (Mobile): 1"}},
+        {"a text of the table", "3.0", "a.EMAIL:a@b\na.X-ABLabel:Work\n", {"phone1 (Work): a@b"}},
+        {"a text that the table lacks",
+         "3.0",
+         "a.TEL:1\na.X-ABLabel:Boat\n",
+         {"phone1 (Other): 1"}},
+        {"the number's own type",
+         "3.0",
+         "a.TEL;TYPE=HOME:1\na.X-ABLabel:_$!<Work>!$_\n",
+         {"phone1 (Home): 1"}},
+        {"another group", "3.0", "a.TEL:1\nb.X-ABLabel:Work\n", {"phone1 (Other): 1"}},
+        {"a mail address stays one",
+         "3.0",
+         "a.EMAIL:a@b\na.X-ABLabel:_$!<Work>!$_\n",
+         {"phone1 (E-mail): a@b"}},
+    });
+}
+
+TEST(CardReading, ALabelOfOursIsTakenIntoATableThatHasRoom) {
+    const std::string lines = "TEL;X-ORVO-LABEL=\"Boat\":1\n";
+    Tables tables;
+
+    EXPECT_THAT(ReadCard(tables, "3.0", lines), ElementsAre("phone1 (Boat): 1"));
+
+    tables.Import(Card("3.0", lines));
+    EXPECT_EQ(tables.addresses.GetPhoneLabelCount(), 9);
+    Tables full;
+    for (int id = 8; id < 256; ++id) {
+        ASSERT_EQ(full.addresses.SetPhoneLabel(id, CString(std::to_string(id))), 0);
+    }
+    EXPECT_THAT(ReadCard(full, "3.0", lines), ElementsAre("phone1 (Other): 1"));
 }
 
 TEST(CardReading, AReadingComesFromTheFirstSourceInKanaOrLatin) {
@@ -165,20 +208,13 @@ TEST(CardReading, NotesAndMarks) {
     });
 }
 
-TEST(CardReading, CategoriesAreCutBetweenCharacters) {
-    struct Page {
-        const char* tag;
-        unsigned number;
-        const char* want;
-    };
-    for (const Page& page :
-         {Page{"en-US", 65001, "あいうえお"}, Page{"ja-JP", 932, "あいうえおかき"}}) {
-        SystemLocale::Set(page.tag, page.number);
+TEST(CardReading, CategoriesAreCutBetweenCharactersAndAlikeUnderEveryCodePage) {
+    for (const LocaleCase& page : kBothCodePages) {
+        const LocaleInForce locale(page.tag, page.codePage);
         Tables tables;
         EXPECT_THAT(ReadCard(tables, "3.0", "N:a\nCATEGORIES:あいうえおかきく\n"),
-                    ElementsAre("name: a", std::string("category: ") + page.want));
+                    ElementsAre("name: a", "category: あいうえお"));
     }
-    SystemLocale::Reset();
 }
 
 TEST(CardReading, AFullTableTakesTheFirstCategoryThatItHas) {

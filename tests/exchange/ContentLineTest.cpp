@@ -54,6 +54,14 @@ TEST(ContentLine, LinesAreUnfoldedAndTakenApart) {
         {"a soft line break before an empty line",
          "A;QUOTED-PRINTABLE:a==\n\nB:1",
          {"1 A(QUOTED-PRINTABLE)=a=", "3 B=1"}},
+        {"a soft line break that got blanks",
+         "A;QUOTED-PRINTABLE:a= \t\nb=20\nB:1",
+         {"1 A(QUOTED-PRINTABLE)=ab=20", "3 B=1"}},
+        {"a byte order mark before a line",
+         "\xEF\xBB\xBF"
+         "A:1\n\xEF\xBB\xBF"
+         "B:2\n\xEF\xBB\xBF",
+         {"1 A=1", "2 B=2"}},
         {"an equals sign elsewhere", "URL:a=\nB:1", {"1 URL=a=", "2 B=1"}},
         {"a soft line break before the end",
          "A;QUOTED-PRINTABLE:a=\nEND:VCARD",

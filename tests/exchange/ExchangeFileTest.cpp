@@ -9,6 +9,7 @@
 #include <gmock/gmock.h>
 
 #include <exchange/ExportFile.h>
+#include <support/LocaleInForce.h>
 
 #include "exchange/Tables.h"
 
@@ -128,6 +129,31 @@ TEST(Importing, HugeAndDeepInputGoesIn) {
     EXPECT_EQ(ExportCard(record, tables.addresses), card.substr(0, card.find("END:VCARD") + 10));
 }
 
+TEST(Importing, TheSameNameGivesTheSameCategoryUnderEveryCodePage) {
+    struct Row {
+        const char* why;
+        const char* name;
+        const char* category;
+    };
+    const Row rows[] = {
+        {"short", "家族", "家族"},
+        {"cut by whole characters of UTF-8", "一二三四五六", "一二三四五"},
+        {"cut within no character", "12345678901234é", "12345678901234"},
+    };
+    for (const unsigned page : {65001u, 932u, 1252u}) {
+        const LocaleInForce scoped("en-US", page);
+        for (const Row& row : rows) {
+            Tables tables;
+            const std::string card = Card("3.0", fmt::format("FN:a\nCATEGORIES:{}\n", row.name));
+            tables.Import(card + Card("3.0", "FN:b\nCATEGORIES:友人\n") + card);
+            CCategoryMgr& manager = *tables.addresses.GetCategoryManager();
+            CCategory* category = nullptr;
+            EXPECT_EQ(manager.FindUtf8Name(row.category, category), 0) << row.why << page;
+            EXPECT_EQ(manager.GetCount(), 3) << row.why << page;
+        }
+    }
+}
+
 TEST(Importing, RecordsStandInTheFilesOrder) {
     Tables tables;
     tables.Import("BEGIN:VCARD\nFN:b\nEND:VCARD\nBEGIN:VCARD\nFN:a\nEND:VCARD\n");
@@ -221,10 +247,10 @@ TEST_F(Files, WhatGoesOutComesBackIn) {
     m_tables.Import(Card("3.0", "FN:a\nCATEGORIES:Work\n") + Card("2.1", "N:b\nTEL;CELL:1\n") +
                     Calendar("2.0", "BEGIN:VTODO\nSUMMARY:c\nEND:VTODO\n"));
 
-    EXPECT_EQ(ExportFile(Path("a.VCF"), m_tables.addresses, m_tables.toDos), 2u);
-    EXPECT_EQ(ExportFile(Path("a.ics"), m_tables.addresses, m_tables.toDos), 1u);
-    EXPECT_EQ(ExportFile(Path("b.vcf"), m_tables.addresses, m_tables.toDos, 1), 1u);
-    EXPECT_EQ(ExportFile(Path("a.vcs"), m_tables.addresses, m_tables.toDos), 1u);
+    EXPECT_EQ(ExportFile(Path("a.VCF"), m_tables.addresses, m_tables.toDos).written, 2u);
+    EXPECT_EQ(ExportFile(Path("a.ics"), m_tables.addresses, m_tables.toDos).written, 1u);
+    EXPECT_EQ(ExportFile(Path("b.vcf"), m_tables.addresses, m_tables.toDos, 1).written, 1u);
+    EXPECT_EQ(ExportFile(Path("a.vcs"), m_tables.addresses, m_tables.toDos).written, 1u);
 
     Tables copies;
     ImportFile(Path("a.VCF"), copies.addresses, copies.toDos);
@@ -232,6 +258,20 @@ TEST_F(Files, WhatGoesOutComesBackIn) {
     EXPECT_EQ(DescribeAll(copies), DescribeAll(m_tables));
     EXPECT_EQ(Read(Path("b.vcf")), Card("3.0", "FN:a\nCATEGORIES:Work\n"));
     EXPECT_THAT(Read(Path("a.vcs")), HasSubstr("VERSION:1.0\r\nBEGIN:VTODO\r\n"));
+}
+
+TEST_F(Files, ADamagedRecordIsLeftOutOfAnExportAndTold) {
+    m_tables.Import(Card("3.0", "FN:a\n"));
+    StoredRow damaged;
+    damaged.fields = "\x01";
+    ASSERT_EQ(m_tables.engine.Insert(TableKind::Address, damaged, {}), StoreStatus::Ok);
+    m_tables.Import(Card("3.0", "FN:b\n"));
+
+    const ExportReport report = ExportFile(Path("a.vcf"), m_tables.addresses, m_tables.toDos);
+
+    EXPECT_EQ(report.written, 2u);
+    EXPECT_THAT(report.leftOut, ElementsAre("the fields of record 2 are damaged"));
+    EXPECT_EQ(Read(Path("a.vcf")), Card("3.0", "FN:a\n") + Card("3.0", "FN:b\n"));
 }
 
 TEST_F(Files, AReplacedFileKeepsItsPermissionsAndALinkItsTarget) {

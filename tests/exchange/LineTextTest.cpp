@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 
 #include <exchange/LineText.h>
+#include <exchange/ValueDecoder.h>
 
 namespace orvo {
 namespace {
@@ -31,6 +32,7 @@ TEST(ValueDecoder, EachWayToWriteTextGivesUtf8) {
     const Row rows[] = {
         {"plain UTF-8", "N:\xC3\xA9", "é"},
         {"quoted-printable UTF-8", "N;CHARSET=UTF-8;ENCODING=QUOTED-PRINTABLE:=C3=A9=3d", "é="},
+        {"a soft line break at the end", "N;QUOTED-PRINTABLE:a= \t", "a"},
         {"what is no quoted-printable stays", "N;QUOTED-PRINTABLE:=G1=4", "=G1=4"},
         {"a set after the encoding", "N;QUOTED-PRINTABLE;CHARSET=Shift_JIS:=8E=52", "山"},
         {"a set in the raw bytes", "N;CHARSET=SHIFT_JIS:\x8E\x52", "山"},
@@ -54,9 +56,10 @@ TEST(LineText, EscapesAreUndoneAsEachFormatHasThem) {
         const char* quoted;   // 2.1 and vCalendar
     };
     const Row rows[] = {
-        {"line ends", "a\\nb\\Nc", "a\nb\nc", "a\nb\nc"},
+        {"line ends", "a\\nb\\Nc", "a\nb\nc", "a\\nb\\Nc"},
         {"dividers", "a\\;b\\,c", "a;b,c", "a;b\\,c"},
-        {"a backslash", "a\\\\nb", "a\\nb", "a\\nb"},
+        {"a backslash", "a\\\\nb", "a\\nb", "a\\\\nb"},
+        {"backslashes before a divider", "a\\\\;b", "a\\;b", "a\\;b"},
         {"a colon and a quote", "http\\://x \\\"", "http://x \"", "http\\://x \\\""},
         {"any other backslash", "C:\\temp\\", "C:\\temp\\", "C:\\temp\\"},
         {"line ends as they are", "a\r\nb\rc", "a\nb\nc", "a\nb\nc"},
@@ -68,6 +71,24 @@ TEST(LineText, EscapesAreUndoneAsEachFormatHasThem) {
             EXPECT_EQ(text, IsQuotedDialect(dialect) ? row.quoted : row.escaped) << row.why;
         }
     }
+}
+
+TEST(LineText, ThePartsOfAnOldCardTakeEscapesBeforeDividersAlone) {
+    struct Row {
+        const char* in;
+        const char* want;
+    };
+    const Row rows[] = {{"a\\;b\\,c\\:d", "a;b,c:d"},
+                        {"C:\\new\\\\x", "C:\\new\\\\x"},
+                        {"a\\\\", "a\\"},
+                        {"a\\", "a\\"}};
+    for (const Row& row : rows) {
+        std::string text;
+        Unescape(row.in, Dialect::Card21, text, ValueKind::Parts);
+        EXPECT_EQ(text, row.want);
+    }
+    EXPECT_EQ(Escape("a;b,c\\d", Dialect::Card21), "a;b,c\\d");
+    EXPECT_EQ(Escape("a;b,c\\d\\", Dialect::Card21, ValueKind::Parts), "a\\;b,c\\d\\\\");
 }
 
 TEST(LineText, PartsAreDividedAtDividersThatAreNotEscaped) {
@@ -115,6 +136,12 @@ TEST(LineText, AnyTextComesBackFromALineOfAnyFormat) {
             Unescape(DecodeFirst(line), dialect, back);
             ASSERT_EQ(back, text) << line;
             ASSERT_EQ(read.source, line);
+
+            const std::string parts =
+                FormatLine("N", ReplaceParts("x;y;z", {{1, text}}, ';', dialect), dialect, "\r\n");
+            Unescape(PartOf(DecodeFirst(parts), 1, ';'), dialect, back, ValueKind::Parts);
+            ASSERT_EQ(back, text) << parts;
+            ASSERT_EQ(PartOf(DecodeFirst(parts), 2, ';'), "z") << parts;
         }
     }
 }

@@ -224,13 +224,77 @@ TEST_F(ToDos, AToDoOfTheOtherFormatIsWrittenFreshWithItsUidAndItsOwnLines) {
     const auto none = [](CToDoRecord&) {};
     const std::string old = ToDo(
         "UID:7\nX-A;QUOTED-PRINTABLE;CHARSET=UTF-8:=C3=A9\nSUMMARY:a\nDUE:20250630T170000Z\nAALARM:"
-        "x\n");
+        "x\nDCREATED:20250101T000000Z\nLOCATION:a; b\nRESOURCES:c;d\nPRIORITY:2\n");
 
     EXPECT_EQ(Edit("1.0", old, none, Dialect::Calendar20),
-              ToDo("UID:7\nDTSTAMP:20250615T150640Z\nX-A:é\nSUMMARY:a\nDUE:20250701T020000\n"));
+              ToDo("DTSTAMP:20250615T150640Z\nUID:7\nX-A:é\nCREATED:20250101T000000Z\n"
+                   "LOCATION:a\\; b\nRESOURCES:c,d\nPRIORITY:2\nSUMMARY:a\nDUE:20250701T020000\n"));
     EXPECT_EQ(
-        Edit("2.0", ToDo("UID:8\nX-A:é\nSUMMARY:b\nPRIORITY:9\n"), none, Dialect::Calendar10),
-        ToDo("UID:8\nX-A;ENCODING=QUOTED-PRINTABLE;CHARSET=UTF-8:=C3=A9\nSUMMARY:b\nPRIORITY:9\n"));
+        Edit("2.0",
+             ToDo("UID:8\nX-A:é\nSUMMARY:b\nPRIORITY:8\nURL:http://a/,b\nCOMMENT:c\\, d\n"
+                  "DTSTART;TZID=Europe/Berlin:20250630T170000\nATTACH;ENCODING=BASE64;VALUE="
+                  "BINARY:AAAA\n"),
+             none, Dialect::Calendar10),
+        ToDo("UID:8\nX-A;ENCODING=QUOTED-PRINTABLE;CHARSET=UTF-8:=C3=A9\nPRIORITY:8\nURL:http://a/"
+             ",b\nCOMMENT:c, "
+             "d\nDTSTART:20250630T150000Z\nATTACH;ENCODING=BASE64:AAAA\nSUMMARY:b\n"));
+    EXPECT_THAT(Edit(
+                    "2.0", ToDo("PRIORITY:8\n"), [](CToDoRecord& r) { r.SetPriority(1); },
+                    Dialect::Calendar10),
+                HasSubstr("\nPRIORITY:1\n"));
+}
+
+TEST_F(ToDos, ARecordKeepsTheUidOfItsFirstExportAndNoOtherStoreGivesIt) {
+    Tables tables;
+    CToDoRecord record(tables.toDos);
+    record.SetDescriptionUtf8("a");
+    ASSERT_EQ(tables.toDos.Add(record), 0);
+    const auto uidOf = [](std::string_view toDo) {
+        const std::size_t at = toDo.find("UID:");
+        return std::string(toDo.substr(at, toDo.find('\r', at) - at));
+    };
+    const std::string first = ToDoWriter(tables.toDos, Dialect::Calendar20).Write(record).toDo;
+    CToDoRecord again(tables.toDos);
+    ASSERT_EQ(tables.toDos.Find(record.GetId(), again), 0);
+    again.SetDescriptionUtf8("b");
+
+    const std::string second = ToDoWriter(tables.toDos, Dialect::Calendar20).Write(again).toDo;
+    const std::string old = ToDoWriter(tables.toDos, Dialect::Calendar10).Write(record).toDo;
+
+    EXPECT_EQ(uidOf(second), uidOf(first));
+    EXPECT_EQ(uidOf(old), uidOf(first));
+    EXPECT_THAT(second, HasSubstr("\r\nSUMMARY:b\r\n"));
+    EXPECT_THAT(second, HasSubstr("\r\nDTSTAMP:20250615T150640Z\r\n"));
+    Tables others;
+    CToDoRecord other(others.toDos);
+    ASSERT_EQ(others.toDos.Add(other), 0);
+    EXPECT_NE(uidOf(ToDoWriter(others.toDos, Dialect::Calendar20).Write(other).toDo), uidOf(first));
+}
+
+TEST_F(ToDos, TheZoneOfAnOldCalendarIsThatOfItsTimesAndIsWrittenWithThem) {
+    const std::string toDo = ToDo("SUMMARY:a\nDUE:20250630T170000\n");
+    const Strings want{"description: a", "due: 2025-07-01T05:30:00"};
+    EXPECT_EQ(Read("1.0", "TZ:-03:30\n" + toDo), want);
+    EXPECT_EQ(Read("1.0", toDo + "TZ:-0330\n"), want);
+
+    Tables tables;
+    tables.Import(Calendar("1.0", "TZ:-03:30\n" + toDo + toDo));
+    tables.Import(Calendar("1.0", toDo));
+    CToDoRecord record(tables.toDos);
+    CToDoIterator iterator(tables.toDos);
+    ToDoWriter writer(tables.toDos, Dialect::Calendar10);
+    CalendarText calendar(Dialect::Calendar10);
+    ASSERT_EQ(iterator.FindFirst(record), 0);
+    record.SetDueDate(MomentOfCivil({2025, 7, 2, 5, 30, 0}));
+    EXPECT_THAT(writer.Write(record).toDo, HasSubstr("DUE:20250701T170000\r\n"));
+    for (long s = iterator.FindFirst(record); s == 0; s = iterator.FindNext(record)) {
+        calendar.Add(writer.Write(record));
+    }
+    Tables copies;
+    copies.Import(calendar.Text());
+
+    EXPECT_EQ(DescribeAll(copies), DescribeAll(tables));
+    EXPECT_EQ(calendar.Text().find("TZ:-03:30"), calendar.Text().rfind("TZ:-03:30"));
 }
 
 TEST_F(ToDos, AnyRecordReadsTheSameFromItsFreshToDo) {

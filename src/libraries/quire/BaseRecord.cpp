@@ -100,8 +100,25 @@ long CBaseRecord::GetSource(std::string& source) const {
     return status;
 }
 
-long CBaseRecord::SetSource(std::string_view source) {
-    return Change([=](Draft& draft) { draft.extra.source = source; }, Parts::All);
+long CBaseRecord::GetOrigin(std::string& origin) const {
+    RowExtra extra;
+    const long status = ReadExtra(extra);
+    if (status == kOk) {
+        origin = std::move(extra.origin);
+    }
+    return status;
+}
+
+long CBaseRecord::SetSource(std::string_view source, std::string_view origin) {
+    if (!IsValidUtf8(origin)) {
+        return Refuse("the origin isn't UTF-8");
+    }
+    return Change(
+        [=](Draft& draft) {
+            draft.extra.source = source;
+            draft.extra.origin = origin;
+        },
+        Parts::All);
 }
 
 long CBaseRecord::ChangeFlag(std::uint32_t flag, bool on) {
@@ -209,8 +226,10 @@ long CBaseRecord::ReadDraft(Draft& draft, Parts parts) const {
 }
 
 long CBaseRecord::Damaged(std::int64_t id) const {
-    return static_cast<long>(m_table.m_engine.Fail(
-        StoreStatus::Failed, fmt::format("the fields of record {} are damaged", id)));
+    StoreEngine& engine = m_table.m_engine;
+    const std::string store = engine.Name().empty() ? "" : engine.Name() + ": ";
+    return static_cast<long>(engine.Fail(
+        StoreStatus::Failed, fmt::format("{}the fields of record {} are damaged", store, id)));
 }
 
 void CBaseRecord::ChangeNew(const std::function<void(Draft&)>& change, Parts parts) {

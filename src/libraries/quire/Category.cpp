@@ -11,6 +11,8 @@
 #include <platform/io/CFile.h>
 #include <platform/text/CodePage.h>
 
+#include "SystemText.h"
+
 namespace orvo {
 
 namespace {
@@ -18,9 +20,9 @@ namespace {
 constexpr CatError kFound = 0;
 constexpr CatError kFailed = 1;
 
-std::u16string Folded(const CString& name) {
+std::u16string Folded(std::string_view utf8) {
     std::u16string utf16;
-    CodePage::System().ToUtf16(name.View(), utf16);
+    CodePage::Find(kUtf8CodePage)->ToUtf16(utf8, utf16);
     UErrorCode status = U_ZERO_ERROR;
     const auto length = static_cast<std::int32_t>(utf16.size());
     std::u16string folded(3 * utf16.size(), u'\0');  // no character folds to more than three
@@ -48,7 +50,7 @@ const CRuntimeClass* CCategory::GetRuntimeClass() const {
 void CCategory::Serialize(CArchive& archive) {
     CObject::Serialize(archive);
     if (archive.IsStoring()) {
-        archive << m_name << m_index;
+        archive << GetName() << m_index;
         return;
     }
     CString name;
@@ -59,8 +61,19 @@ void CCategory::Serialize(CArchive& archive) {
             CArchiveException::badValue,
             "a category's index is " + std::to_string(index) + ", not a number from -1 to 15");
     }
-    m_name = name;
+    SetName(name);
     m_index = index;
+}
+
+CString& CCategory::GetName() {
+    m_name = Utf8ToSystem(m_utf8);
+    return m_name;
+}
+
+void CCategory::SetName(const CString& name) {
+    if (Utf8ToSystem(m_utf8) != name) {
+        CodePage::System().ToUtf8(name.View(), m_utf8);
+    }
 }
 
 int CCategoryMgr::GetCount() const {
@@ -78,10 +91,16 @@ CatError CCategoryMgr::FindIndex(int index, CCategory*& category) {
 }
 
 CatError CCategoryMgr::FindName(const CString& name, CCategory*& category) {
+    std::string utf8;
+    CodePage::System().ToUtf8(name.View(), utf8);
+    return FindUtf8Name(utf8, category);
+}
+
+CatError CCategoryMgr::FindUtf8Name(std::string_view name, CCategory*& category) {
     category = nullptr;
     const std::u16string wanted = Folded(name);
     for (const auto& candidate : m_categories) {
-        if (candidate && Folded(candidate->GetName()) == wanted) {
+        if (candidate && Folded(candidate->Utf8()) == wanted) {
             return Give(candidate, category);
         }
     }
@@ -104,24 +123,24 @@ CatError CCategoryMgr::FindNext(CCategory*& category) {
 }
 
 CatError CCategoryMgr::Add(CCategory* category) {
-    CCategory* namesake = nullptr;
-    const auto free = std::find(m_categories.begin(), m_categories.end(), nullptr);
-    if (category == nullptr || free == m_categories.end() || category->GetName().IsEmpty() ||
-        FindName(category->GetName(), namesake) == kFound) {
+    if (category == nullptr || category->Utf8().empty()) {
         return kFailed;
     }
-    const int before = category->m_index;
-    category->m_index = static_cast<int>(free - m_categories.begin());
-    free->reset(category);
-    if (m_keeper && !m_keeper(category->m_index, category->GetName())) {
-        category->m_index = before;
-        static_cast<void>(free->release());
+    int index = -1;
+    const auto choose = [&] { return index = ChooseIndex(category->Utf8()); };
+    const bool isKept = m_keeper ? m_keeper(category->Utf8(), choose) : choose() >= 0;
+    if (!isKept) {
         return kFailed;
+    }
+    category->m_index = index;
+    m_categories[static_cast<std::size_t>(index)].reset(category);
+    if (m_taken) {
+        m_taken();
     }
     return kFound;
 }
 
-void CCategoryMgr::Load(int index, const CString& name) {
+void CCategoryMgr::Load(int index, std::string_view utf8) {
     if (index < 0 || index >= kCategoryCount) {
         return;
     }
@@ -130,7 +149,21 @@ void CCategoryMgr::Load(int index, const CString& name) {
         category = std::make_unique<CCategory>();
         category->m_index = index;
     }
-    category->SetName(name);
+    category->SetNameUtf8(utf8);
+}
+
+void CCategoryMgr::Unload(int index) {
+    if (index >= 0 && index < kCategoryCount) {
+        m_categories[static_cast<std::size_t>(index)].reset();
+    }
+}
+
+int CCategoryMgr::ChooseIndex(std::string_view utf8) {
+    CCategory* namesake = nullptr;
+    const auto free = std::find(m_categories.begin(), m_categories.end(), nullptr);
+    const bool isTaken = FindUtf8Name(utf8, namesake) == kFound;
+    return isTaken || free == m_categories.end() ? -1
+                                                 : static_cast<int>(free - m_categories.begin());
 }
 
 }  // namespace orvo

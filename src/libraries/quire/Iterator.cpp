@@ -27,6 +27,7 @@ long CBaseIterator::FindNext(CBaseRecord& record, int) {
 long CBaseIterator::Begin(std::unique_ptr<StoreCursor> cursor, CBaseRecord& record) {
     m_cursor = std::move(cursor);
     m_begun = true;
+    m_isAtDamage = false;
     return m_cursor ? Step(record) : static_cast<long>(StoreStatus::Failed);
 }
 
@@ -35,6 +36,7 @@ void CBaseIterator::End() {
 }
 
 long CBaseIterator::Step(CBaseRecord& record) {
+    m_isAtDamage = false;
     if (!m_cursor) {
         return kEnd;
     }
@@ -43,7 +45,9 @@ long CBaseIterator::Step(CBaseRecord& record) {
     }
     StoredRow row;
     const StoreStatus status = m_cursor->Next(row);
-    return status == StoreStatus::Ok ? record.Load(row) : static_cast<long>(status);
+    const long result = status == StoreStatus::Ok ? record.Load(row) : static_cast<long>(status);
+    m_isAtDamage = result == static_cast<long>(StoreStatus::Failed) && row.id != 0;
+    return result;
 }
 
 CAddressIterator::CAddressIterator(CAddressTable& table) : CBaseIterator(table) {}

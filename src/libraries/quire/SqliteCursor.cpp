@@ -29,6 +29,7 @@ public:
         const Ahead& ahead = m_rows[m_next++];
         m_after = ahead.row.id;
         if (!ahead.isGood) {
+            row.id = m_after;
             return m_engine.Damaged(m_kind, m_after);
         }
         row = ahead.row;

@@ -75,8 +75,9 @@ std::unique_ptr<SqliteEngine> SqliteEngine::Open(const std::string& path, std::s
         return nullptr;
     }
     engine->m_statements = std::make_unique<SqliteStatements>();
-    if (engine->m_statements->Prepare(*engine->m_file) != SQLITE_OK) {
-        error = fmt::format("{}: can't be opened: {}", path, engine->m_file->Reason());
+    const int result = engine->m_statements->Prepare(*engine->m_file);
+    if (result != SQLITE_OK) {
+        error = fmt::format("{}: can't be opened: {}", path, engine->m_file->Reason(result));
         return nullptr;
     }
     return engine;
@@ -115,6 +116,7 @@ StoreStatus SqliteEngine::ReadExtra(TableKind kind, std::int64_t id, RowExtra& e
     }
     extra.note = statement.Bytes(0);
     extra.source = statement.Bytes(1);
+    extra.origin = statement.Bytes(2);
     return StoreStatus::Ok;
 }
 
@@ -348,6 +350,7 @@ StoreStatus SqliteEngine::WriteExtra(TableKind kind, std::int64_t id, const RowE
     if (!isEmpty) {
         statement.BindText(2, extra.note);
         statement.BindBytes(3, extra.source);
+        statement.BindText(4, extra.origin);
     }
     return Result(statement.Step());
 }

@@ -15,7 +15,8 @@ struct SqliteStatements;
 class ORVO_API SqliteEngine : public StoreEngine {
 public:
     // Opens the store file, or makes it where there is none or an empty file; its folder must be
-    // there and be one to write in. A file that may not be written opens for reading.
+    // there and be one to write in. A file that may not be written, or beside
+    // which the disk has no room, opens for reading.
     // Fails:  with null and one line in `error`. A file that is no store, or was made by a newer
     //         version, stays byte for byte as it was.
     static std::unique_ptr<SqliteEngine> Open(const std::string& path, std::string& error);
@@ -42,6 +43,7 @@ public:
     void Rollback() override;
     bool InTransaction() const override { return m_inTransaction; }
     std::int64_t ForeignVersion() override;
+    std::string Name() const override { return m_path; }
 
 private:
     class Cursor;

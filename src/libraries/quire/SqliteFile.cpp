@@ -3,6 +3,7 @@
 #include "SqliteFile.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
 
 namespace orvo {
@@ -93,10 +94,27 @@ int SqliteFile::ReadStart(std::size_t count, std::string& bytes) {
     return result;
 }
 
-std::string SqliteFile::Reason() const {
-    const int error = sqlite3_system_errno(m_database.get());
-    const bool isSystem = sqlite3_errcode(m_database.get()) == SQLITE_CANTOPEN && error != 0;
-    return isSystem ? std::strerror(error) : sqlite3_errmsg(m_database.get());
+bool SqliteFile::LacksRoom(int result) const {
+    const int error = sqlite3_system_errno(Handle());
+    const bool isNoRoom = error == ENOSPC || error == EDQUOT || error == EFBIG;
+    return result == SQLITE_FULL || result == SQLITE_IOERR_SHMSIZE ||
+           ((result & 0xFF) == SQLITE_IOERR && isNoRoom);
+}
+
+std::string SqliteFile::Reason(int result) const {
+    const int error = sqlite3_system_errno(Handle());
+    const int kind = result & 0xFF;
+    if (kind == SQLITE_READONLY && !m_whyReadOnly.empty()) {
+        return m_whyReadOnly;
+    }
+    if (LacksRoom(result)) {
+        return error == EFBIG ? "a file may not grow beyond its limit" : "the disk is full";
+    }
+    if (kind == SQLITE_CANTOPEN && error != 0) {
+        return std::strerror(error);
+    }
+    const std::string reason = sqlite3_errmsg(Handle());
+    return kind == SQLITE_IOERR && error != 0 ? reason + ": " + std::strerror(error) : reason;
 }
 
 }  // namespace orvo

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include <sqlite3.h>
 
@@ -72,8 +73,15 @@ public:
     // other way would drop the locks that this process has on it.
     int ReadStart(std::size_t count, std::string& bytes);
 
-    // Why the last operation failed.
-    std::string Reason() const;
+    // Why the last operation, whose result `result` was, failed.
+    std::string Reason(int result) const;
+
+    // Why a file that may be written is open for reading only; empty where it isn't.
+    const std::string& WhyReadOnly() const { return m_whyReadOnly; }
+    void SetWhyReadOnly(std::string reason) { m_whyReadOnly = std::move(reason); }
+
+    // True for a result that tells that a file found no room to grow.
+    bool LacksRoom(int result) const;
 
     sqlite3* Handle() const { return m_database.get(); }
 
@@ -82,6 +90,7 @@ private:
         void operator()(sqlite3* database) const { sqlite3_close_v2(database); }
     };
     std::unique_ptr<sqlite3, Close> m_database;
+    std::string m_whyReadOnly;
 };
 
 }  // namespace orvo

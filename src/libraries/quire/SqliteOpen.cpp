@@ -42,7 +42,8 @@ CREATE INDEX address_category ON address (category, id, flags);
 CREATE TABLE address_extra (
     id INTEGER PRIMARY KEY REFERENCES address (id) ON DELETE CASCADE,
     note TEXT NOT NULL,
-    source BLOB NOT NULL
+    source BLOB NOT NULL,
+    origin TEXT NOT NULL
 ) STRICT;
 CREATE TABLE todo (
     id INTEGER PRIMARY KEY AUTOINCREMENT,
@@ -58,7 +59,8 @@ CREATE INDEX todo_category ON todo (category, id, flags);
 CREATE TABLE todo_extra (
     id INTEGER PRIMARY KEY REFERENCES todo (id) ON DELETE CASCADE,
     note TEXT NOT NULL,
-    source BLOB NOT NULL
+    source BLOB NOT NULL,
+    origin TEXT NOT NULL
 ) STRICT;
 CREATE TABLE text (
     table_kind INTEGER NOT NULL,
@@ -131,9 +133,12 @@ bool CheckHeader(const std::string& path, std::string& error) {
     }
     SqliteFile file;
     std::string header;
-    if (file.Open(FileName(path), SQLITE_OPEN_READONLY) != SQLITE_OK ||
-        file.ReadStart(kHeaderSize, header) != SQLITE_OK) {
-        error = NotOpened(path, file.Reason());
+    int result = file.Open(FileName(path), SQLITE_OPEN_READONLY | SQLITE_OPEN_EXRESCODE);
+    if (result == SQLITE_OK) {
+        result = file.ReadStart(kHeaderSize, header);
+    }
+    if (result != SQLITE_OK) {
+        error = NotOpened(path, file.Reason(result));
         return false;
     }
     Marks marks;
@@ -228,6 +233,36 @@ int SetUp(SqliteFile& file, Marks& marks) {
     return result == SQLITE_OK && !isReadOnly ? UseWal(file) : result;
 }
 
+int OpenFile(const std::string& name, int flags, SqliteFile& file, Marks& marks) {
+    const int result = file.Open(name, flags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE);
+    return result == SQLITE_OK ? SetUp(file, marks) : result;
+}
+
+// The name as SQLite's URI, with that parameter.
+std::string Uri(const std::string& path, const char* parameter) {
+    std::string uri = "file:";
+    for (const char c : FileName(path)) {
+        const bool hasMeaning = c == '%' || c == '?' || c == '#';
+        uri += hasMeaning ? fmt::format("%{:02X}", c) : std::string(1, c);
+    }
+    return uri + "?" + parameter;
+}
+
+// Opens for reading a store beside which there is no room for the log's index. A process that
+// writes to the store has that index already, so that nobody changes a store without a log.
+// Gives:  null where it can't be read so either.
+std::unique_ptr<SqliteFile> OpenWithoutRoom(const std::string& path, std::string reason) {
+    std::error_code error;
+    const auto logSize = std::filesystem::file_size(FileName(path) + "-wal", error);
+    const bool hasLog = !error && logSize != 0;
+    auto file = std::make_unique<SqliteFile>();
+    Marks marks;
+    const std::string name = Uri(path, hasLog ? "readonly_shm=1" : "immutable=1");
+    const int result = OpenFile(name, SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, *file, marks);
+    file->SetWhyReadOnly(std::move(reason));
+    return result == SQLITE_OK && IsStore(marks) ? std::move(file) : nullptr;
+}
+
 }  // namespace
 
 std::unique_ptr<SqliteFile> OpenStore(const std::string& path, std::string& error) {
@@ -240,15 +275,15 @@ std::unique_ptr<SqliteFile> OpenStore(const std::string& path, std::string& erro
     }
     auto file = std::make_unique<SqliteFile>();
     Marks marks;
-    int result = file->Open(FileName(path), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE |
-                                                SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE);
-    if (result == SQLITE_OK) {
-        result = SetUp(*file, marks);
-    }
+    const int result =
+        OpenFile(FileName(path), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, *file, marks);
     if (result != SQLITE_OK) {
         error = (result & 0xFF) == SQLITE_BUSY ? StoreError(path, *file, result)
-                                               : NotOpened(path, file->Reason());
-        return nullptr;
+                                               : NotOpened(path, file->Reason(result));
+        std::string reason = file->Reason(result);
+        const bool lacksRoom = file->LacksRoom(result);
+        file.reset();
+        return lacksRoom ? OpenWithoutRoom(path, std::move(reason)) : nullptr;
     }
     if (!IsStore(marks)) {
         error = Refusal(path, marks);
@@ -261,7 +296,7 @@ std::string StoreError(const std::string& path, const SqliteFile& file, int resu
     if ((result & 0xFF) == SQLITE_BUSY) {
         return path + ": another program is writing to this store";
     }
-    return fmt::format("{}: {}", path, file.Reason());
+    return fmt::format("{}: {}", path, file.Reason(result));
 }
 
 }  // namespace orvo

@@ -56,13 +56,14 @@ int PrepareTable(SqliteFile& file, const TableSql& sql, SqliteTableStatements& t
             {&table.nextCategory, make("SELECT category FROM {t} WHERE category > ?1 "
                                        "ORDER BY category LIMIT 1")},
             {&table.read, make("SELECT {columns} FROM {t} WHERE id = ?1")},
-            {&table.readExtra, make("SELECT note, source FROM {t} LEFT JOIN {t}_extra USING (id) "
-                                    "WHERE {t}.id = ?1")},
+            {&table.readExtra, make("SELECT note, source, origin FROM {t} "
+                                    "LEFT JOIN {t}_extra USING (id) WHERE {t}.id = ?1")},
             {&table.insert, make("INSERT INTO {t} ({columns}) VALUES ({values})")},
             {&table.update, make("UPDATE {t} SET {assignments} WHERE id = ?1")},
             {&table.remove, make("DELETE FROM {t} WHERE id = ?1")},
-            {&table.writeExtra, make("INSERT INTO {t}_extra (id, note, source) VALUES (?1, ?2, ?3) "
-                                     "ON CONFLICT (id) DO UPDATE SET note = ?2, source = ?3")},
+            {&table.writeExtra, make("INSERT INTO {t}_extra (id, note, source, origin) "
+                                     "VALUES (?1, ?2, ?3, ?4) ON CONFLICT (id) "
+                                     "DO UPDATE SET note = ?2, source = ?3, origin = ?4")},
             {&table.removeExtra, make("DELETE FROM {t}_extra WHERE id = ?1")},
             {&table.count, make("SELECT count(*) FROM {t} WHERE (flags & 4) = 0")},
             {&table.lastId, make("SELECT seq FROM sqlite_sequence WHERE name = '{t}'")},

@@ -21,7 +21,7 @@ struct SqliteTableStatements {
     SqliteStatement insert;
     SqliteStatement update;
     SqliteStatement remove;
-    SqliteStatement writeExtra;  // id, note, source
+    SqliteStatement writeExtra;  // id, note, source, origin
     SqliteStatement removeExtra;
     SqliteStatement count;
     SqliteStatement lastId;

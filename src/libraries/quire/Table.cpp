@@ -1,6 +1,7 @@
 // The tables of a store.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
+#include <set>
 #include <utility>
 
 #include <fmt/format.h>
@@ -39,7 +40,9 @@ std::vector<std::string> InPlaces(NumberedTexts& texts, int first, int most) {
 CBaseTable::CBaseTable(StoreEngine& engine, TableKind kind)
     : m_engine(engine),
       m_kind(kind),
-      m_categories([this](int index, const CString& name) { return KeepCategory(index, name); }),
+      m_categories(
+          [this](const auto& utf8, const auto& choose) { return KeepCategory(utf8, choose); },
+          [this] { Tell(RecordChange::Kind::TextChanged, 0); }),
       m_foreignVersion(engine.ForeignVersion()) {}
 
 long CBaseTable::Add(CBaseRecord& record) {
@@ -120,26 +123,38 @@ std::int64_t CBaseTable::GetCount() {
 
 bool CBaseTable::TakeForeignChange() {
     const std::int64_t version = m_engine.ForeignVersion();
-    if (version == m_foreignVersion || !LoadTexts()) {
+    if (version == m_foreignVersion || LoadTexts() != StoreStatus::Ok) {
         return false;
     }
     m_foreignVersion = version;
     return true;
 }
 
-bool CBaseTable::LoadTexts() {
-    NumberedTexts names;
-    if (!ReadTexts(TextKind::Category, names)) {
-        return false;
-    }
-    for (const auto& [index, name] : names) {
-        m_categories.Load(index, Utf8ToSystem(name));
-    }
-    return true;
+long CBaseTable::RefreshTexts() {
+    return static_cast<long>(LoadTexts());
 }
 
-bool CBaseTable::ReadTexts(TextKind texts, NumberedTexts& result) {
-    return m_engine.ReadTexts(m_kind, texts, result) == StoreStatus::Ok;
+StoreStatus CBaseTable::BeginTexts(const StoreTransaction& transaction) {
+    return transaction.Status() == StoreStatus::Ok ? LoadTexts() : transaction.Status();
+}
+
+StoreStatus CBaseTable::LoadTexts() {
+    NumberedTexts names;
+    const StoreStatus status = m_engine.ReadTexts(m_kind, TextKind::Category, names);
+    if (status != StoreStatus::Ok) {
+        return status;
+    }
+    std::set<int> stored;
+    for (const auto& [index, name] : names) {
+        m_categories.Load(index, name);
+        stored.insert(index);
+    }
+    for (int index = 0; index < kCategoryCount; ++index) {
+        if (stored.count(index) == 0) {
+            m_categories.Unload(index);
+        }
+    }
+    return status;
 }
 
 void CBaseTable::Tell(RecordChange::Kind kind, std::int64_t id) {
@@ -149,14 +164,20 @@ void CBaseTable::Tell(RecordChange::Kind kind, std::int64_t id) {
     }
 }
 
-bool CBaseTable::KeepCategory(int index, const CString& name) {
-    std::string utf8;
-    CodePage::System().ToUtf8(name.View(), utf8);
-    if (m_engine.WriteText(m_kind, TextKind::Category, index, utf8) != StoreStatus::Ok) {
+bool CBaseTable::KeepCategory(const std::string& utf8, const CCategoryMgr::Choose& choose) {
+    StoreTransaction transaction(m_engine);
+    if (BeginTexts(transaction) != StoreStatus::Ok) {
         return false;
     }
-    Tell(RecordChange::Kind::TextChanged, 0);
-    return true;
+    const int index = choose();
+    if (index < 0) {
+        m_engine.Fail(StoreStatus::Refused, m_categories.GetCount() == kCategoryCount
+                                                ? "there are 16 categories already"
+                                                : "there is a category of that name already");
+        return false;
+    }
+    return m_engine.WriteText(m_kind, TextKind::Category, index, utf8) == StoreStatus::Ok &&
+           transaction.Commit() == StoreStatus::Ok;
 }
 
 long CBaseTable::RefuseRecord(const char* reason) {
@@ -182,17 +203,29 @@ CString CAddressTable::GetCustomLabel(int number) const {
 }
 
 long CAddressTable::SetPhoneLabel(long id, const CString& label) {
-    const int count = GetPhoneLabelCount();
-    if (id < 0 || id > count || id >= kMostPhoneLabels) {
-        return static_cast<long>(m_engine.Fail(
-            StoreStatus::Refused, fmt::format("a phone label is 0 to {}, not {}",
-                                              std::min(count, kMostPhoneLabels - 1), id)));
-    }
-    if (id < count && GetPhoneLabel(id) == label) {
+    const bool isNew = id == GetPhoneLabelCount();
+    if (IsPhoneLabel(id, label)) {
         return kOk;
     }
-    return ChangeLabel(TextKind::PhoneLabel, static_cast<int>(id), label, m_phoneLabels,
-                       static_cast<std::size_t>(id));
+    StoreTransaction transaction(m_engine);
+    if (const StoreStatus status = BeginTexts(transaction); status != StoreStatus::Ok) {
+        return static_cast<long>(status);
+    }
+    const int count = GetPhoneLabelCount();
+    if (id < 0 || id > count || id >= kMostPhoneLabels) {
+        return RefusePhoneLabel(id);
+    }
+    if (IsPhoneLabel(id, label)) {
+        return kOk;
+    }
+    if (isNew && id < count) {
+        return RefuseRecord("another program has just added a phone label of that number");
+    }
+    return ChangeLabel(transaction, TextKind::PhoneLabel, static_cast<int>(id), label);
+}
+
+bool CAddressTable::IsPhoneLabel(long id, const CString& label) const {
+    return id >= 0 && id < GetPhoneLabelCount() && GetPhoneLabel(id) == label;
 }
 
 long CAddressTable::SetCustomLabel(int number, const CString& label) {
@@ -203,37 +236,58 @@ long CAddressTable::SetCustomLabel(int number, const CString& label) {
     if (GetCustomLabel(number) == label) {
         return kOk;
     }
-    return ChangeLabel(TextKind::CustomLabel, number, label, m_customLabels,
-                       static_cast<std::size_t>(number - 1));
+    StoreTransaction transaction(m_engine);
+    if (const StoreStatus status = BeginTexts(transaction); status != StoreStatus::Ok) {
+        return static_cast<long>(status);
+    }
+    return ChangeLabel(transaction, TextKind::CustomLabel, number, label);
 }
 
-long CAddressTable::ChangeLabel(TextKind texts, int number, const CString& label,
-                                std::vector<std::string>& labels, std::size_t index) {
+long CAddressTable::RefusePhoneLabel(long id) {
+    return static_cast<long>(
+        m_engine.Fail(StoreStatus::Refused,
+                      fmt::format("a phone label is 0 to {}, not {}",
+                                  std::min(GetPhoneLabelCount(), kMostPhoneLabels - 1), id)));
+}
+
+long CAddressTable::ChangeLabel(StoreTransaction& transaction, TextKind texts, int number,
+                                const CString& label) {
     std::string utf8;
     if (!SystemToUtf8(label, utf8)) {
-        return static_cast<long>(m_engine.Fail(
-            StoreStatus::Refused, "the label holds bytes that stand for no character"));
+        return RefuseRecord("the label holds bytes that stand for no character");
     }
-    const StoreStatus status = m_engine.WriteText(m_kind, texts, number, utf8);
+    StoreStatus status = m_engine.WriteText(m_kind, texts, number, utf8);
     if (status == StoreStatus::Ok) {
-        labels.resize(std::max(labels.size(), index + 1));
-        labels[index] = std::move(utf8);
+        status = transaction.Commit();
+    }
+    if (status == StoreStatus::Ok) {
+        const bool isPhone = texts == TextKind::PhoneLabel;
+        std::vector<std::string>& labels = isPhone ? m_phoneLabels : m_customLabels;
+        const auto place = static_cast<std::size_t>(isPhone ? number : number - 1);
+        labels.resize(std::max(labels.size(), place + 1));
+        labels[place] = std::move(utf8);
         Tell(RecordChange::Kind::TextChanged, 0);
     }
     return static_cast<long>(status);
 }
 
-bool CAddressTable::LoadTexts() {
+StoreStatus CAddressTable::LoadTexts() {
     NumberedTexts phones;
     NumberedTexts customs;
-    if (!CBaseTable::LoadTexts() || !ReadTexts(TextKind::PhoneLabel, phones) ||
-        !ReadTexts(TextKind::CustomLabel, customs)) {
-        return false;
+    StoreStatus status = m_engine.ReadTexts(m_kind, TextKind::PhoneLabel, phones);
+    if (status == StoreStatus::Ok) {
+        status = m_engine.ReadTexts(m_kind, TextKind::CustomLabel, customs);
+    }
+    if (status == StoreStatus::Ok) {
+        status = CBaseTable::LoadTexts();
+    }
+    if (status != StoreStatus::Ok) {
+        return status;
     }
     m_phoneLabels = InPlaces(phones, 0, kMostPhoneLabels);
     m_customLabels = InPlaces(customs, 1, kCustomFields);
     m_customLabels.resize(kCustomFields);
-    return true;
+    return status;
 }
 
 CToDoTable::CToDoTable(StoreEngine& engine) : CBaseTable(engine, TableKind::ToDo) {

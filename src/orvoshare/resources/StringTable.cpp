@@ -1,28 +1,37 @@
-// The module's own texts, by their numbers.
+// The module's own texts, English, by their numbers.
 // SPDX-License-Identifier: MIT
-#include <array>
+#include <algorithm>
 
 #include <orvoshare/resources/StringTable.h>
 
 namespace orvo {
 namespace {
 
-struct NumberedString {
-    unsigned number;
-    const char* text;
+constexpr NumberedString kEnglish[] = {
+#include <EnglishStrings.inc>
 };
+static_assert(std::ranges::is_sorted(kEnglish, std::ranges::less_equal(), &NumberedString::number),
+              "lang/en.po: a number stands twice, or out of order");
 
-constexpr std::array<NumberedString, 1> kEnglish{{
-    {kStringUnnamed, "-Unnamed-"},
-}};
+class EnglishModule : public Module {
+public:
+    bool FindString(unsigned number, std::string& utf8) const override {
+        const auto* row = std::ranges::lower_bound(kEnglish, number, {}, &NumberedString::number);
+        if (row == std::end(kEnglish) || row->number != number) return false;
+        utf8 = row->text;
+        return true;
+    }
+};
 
 }  // namespace
 
-CString ModuleString(unsigned number) {
-    for (const NumberedString& row : kEnglish) {
-        if (row.number == number) return row.text;
-    }
-    return {};
+std::span<const NumberedString> EnglishStrings() {
+    return kEnglish;
+}
+
+HINSTANCE OwnModule() {
+    static const EnglishModule module;
+    return &module;
 }
 
 }  // namespace orvo

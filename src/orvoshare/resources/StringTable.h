@@ -1,14 +1,27 @@
-// The module's own texts, by their numbers.
+// The module's own texts, English, by their numbers.
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <platform/text/CString.h>
+#include <span>
+
+#include <platform/Export.h>
+#include <platform/module/Module.h>
 
 namespace orvo {
 
+constexpr unsigned kStringUncategorized = 279;
 constexpr unsigned kStringUnnamed = 9189;
+constexpr unsigned kStringPrivate = 32804;
 
-// The text of that number; empty where the table holds none.
-CString ModuleString(unsigned number);
+struct NumberedString {
+    unsigned number;
+    const char* text;
+};
+
+// All texts, by rising number. They are written in lang/en.po.
+ORVO_API std::span<const NumberedString> EnglishStrings();
+
+// The module's own handle, which finds these texts.
+ORVO_API HINSTANCE OwnModule();
 
 }  // namespace orvo

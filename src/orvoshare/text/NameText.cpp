@@ -1,6 +1,8 @@
 // The one-line texts by which lists and cards name a person, and the cleaning of text for display.
 // SPDX-License-Identifier: MIT
+#include <contracts/ResourceScope.h>
 #include <contracts/TextServices.h>
+#include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/resources/StringTable.h>
 #include <orvoshare/text/NameText.h>
 
@@ -61,7 +63,8 @@ void GetFormattedName(CAddressRecord* record, CString& result, int useUnnamedTex
     if (!name.IsEmpty()) {
         result = FullName(first, name, true);
     } else if (useUnnamedText != 0) {
-        result = ModuleString(kStringUnnamed);
+        const CDllResourceHandler resources(OrvoShareRecord());
+        result.LoadString(kStringUnnamed);
     } else {
         result.Empty();
     }

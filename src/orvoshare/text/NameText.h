@@ -24,8 +24,8 @@ void AppendLines(CString text, CStringArray& lines);
 // in. Only the first line of each field counts; a record with neither gives an empty text.
 ORVO_API void FormatName(CAddressRecord* record, CString& result);
 
-// Sets `result` to the person's name in the list form. A record without a name gives "-Unnamed-"
-// where `useUnnamedText` isn't 0, else an empty text, whatever its company.
+// Sets `result` to the person's name in the list form. A record without a name gives "-Unnamed-" in
+// the module's language where `useUnnamedText` isn't 0, else an empty text, whatever its company.
 ORVO_API void GetFormattedName(CAddressRecord* record, CString& result, int useUnnamedText);
 
 }  // namespace orvo

@@ -85,6 +85,12 @@ public:
     // As printf does; the result replaces the text, also where the text itself is an argument.
     void Format(const char* format, ...) __attribute__((format(printf, 2, 3)));
 
+    // Sets the text to the string of that number: from the module of AfxGetResourceHandle, else
+    // from the first extension module that holds one. Defined in platform/module.
+    // Gives:  non-zero when found.
+    // Fails:  with 0 and an empty text.
+    int LoadString(unsigned id);
+
     // Found only where one side is a CString, so that they stay out of comparisons of other texts.
     friend bool operator==(const CString& left, const CString& right) {
         return left.View() == right.View();

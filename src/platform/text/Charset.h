@@ -23,14 +23,19 @@ ORVO_API bool DecodeCharset(std::string_view name, std::string_view bytes, std::
 // UTF-8, or where a character has no place in the set.
 ORVO_API bool EncodeCharset(std::string_view name, std::string_view utf8, std::string& bytes);
 
-// The MIME name of the legacy character set of bytes that aren't UTF-8: "Shift_JIS" where they read
-// as Japanese, else the 8-bit set of the system's language, "windows-1252" for most. The guess
-// never fails.
+// True for bytes of a legacy set: they aren't UTF-8, or switch to Japanese by an escape.
+ORVO_API bool IsLegacyText(std::string_view bytes);
+
+// The MIME name of the legacy character set of bytes: the one that they themselves point to, where
+// they are enough; "Shift_JIS" where they read as Japanese; else the 8-bit set of the system's
+// language, "windows-1252" for most. The guess never fails.
 ORVO_API std::string_view GuessLegacyCharset(std::string_view bytes);
 
-// Decodes bytes as the set that GuessLegacyCharset names; a byte that stands for nothing becomes
-// the code point of its value, so that nothing goes missing.
+// Decodes bytes as a set that GuessLegacyCharset names, without `charset` as the one that it names
+// for them; a byte that stands for nothing becomes the code point of its value, so that nothing
+// goes missing. Bytes that aren't of a set of several bytes are read as "windows-1252".
 ORVO_API std::string DecodeLegacy(std::string_view bytes);
+ORVO_API std::string DecodeLegacy(std::string_view charset, std::string_view bytes);
 
 // If `bytes` begins with a byte order mark, or is UTF-16 without one, gives the text as UTF-8
 // without the mark and true.

@@ -2,7 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <array>
+#include <memory>
+#include <optional>
 
+#include <unicode/ucsdet.h>
 #include <unicode/uloc.h>
 
 #include <platform/text/Charset.h>
@@ -19,6 +22,7 @@ struct LegacySet {
     unsigned codePage;  // of the same meaning; 0 for a set of more bytes
 };
 constexpr LegacySet kJapanese{"Shift_JIS", 0};
+constexpr LegacySet kEscapedJapanese{"ISO-2022-JP", 0};
 constexpr LegacySet kWestern{"windows-1252", 1252};
 constexpr LegacySet kCentral{"windows-1250", 1250};
 constexpr LegacySet kCyrillic{"windows-1251", 1251};
@@ -108,7 +112,64 @@ bool IsTraditionalChinese() {
     return U_SUCCESS(status) && std::string_view(script.data()) == "Hant";
 }
 
+struct DetectedSet {
+    std::string_view detected;  // as the detector names it
+    LegacySet set;
+    int leastConfidence;
+};
+// The detector is sure of sets of several bytes, and never quite of one byte for each letter.
+constexpr DetectedSet kDetectedSets[] = {
+    {"EUC-JP", {"EUC-JP", 0}, 70},       {"EUC-KR", kKorean, 70},
+    {"GB18030", kSimplifiedChinese, 70}, {"KOI8-R", {"KOI8-R", 0}, 40},
+    {"windows-1251", kCyrillic, 40},
+};
+
+struct CloseDetector {
+    void operator()(UCharsetDetector* detector) const { ucsdet_close(detector); }
+};
+
+// The set that the bytes themselves point to; nothing where they are too few or point to several.
+std::optional<LegacySet> DetectSet(std::string_view bytes) {
+    constexpr std::size_t longest = 1u << 16;
+    constexpr std::ptrdiff_t fewestHighBytes = 20;
+    const std::string_view sample = bytes.substr(0, longest);
+    const auto high =
+        std::count_if(sample.begin(), sample.end(), [](char byte) { return (byte & 0x80) != 0; });
+    if (high < fewestHighBytes) return std::nullopt;
+    UErrorCode status = U_ZERO_ERROR;
+    const std::unique_ptr<UCharsetDetector, CloseDetector> detector(ucsdet_open(&status));
+    ucsdet_setText(detector.get(), sample.data(), static_cast<std::int32_t>(sample.size()),
+                   &status);
+    std::int32_t count = 0;
+    const UCharsetMatch** const matches = ucsdet_detectAll(detector.get(), &count, &status);
+    if (U_FAILURE(status) || count == 0) return std::nullopt;
+    const std::int32_t confidence = ucsdet_getConfidence(matches[0], &status);
+    const std::int32_t next = count > 1 ? ucsdet_getConfidence(matches[1], &status) : 0;
+    const std::string_view name = ucsdet_getName(matches[0], &status);
+    const auto* const row =
+        std::find_if(std::begin(kDetectedSets), std::end(kDetectedSets),
+                     [&](const DetectedSet& each) { return each.detected == name; });
+    const bool isSure = U_SUCCESS(status) && row != std::end(kDetectedSets) &&
+                        confidence >= row->leastConfidence && confidence * 2 >= next * 3;
+    if (!isSure || (row->set.codePage == 0 && !Decodes(row->set, bytes))) return std::nullopt;
+    return row->set;
+}
+
+bool HasEscape(std::string_view bytes) {
+    return bytes.find("\x1B$") != std::string_view::npos;
+}
+
+const LegacySet* FindCodePageSet(std::string_view name) {
+    if (name == kWestern.name) return &kWestern;
+    const auto* const row =
+        std::find_if(std::begin(kSetsOfLanguages), std::end(kSetsOfLanguages),
+                     [&](const LanguageSet& each) { return each.set.name == name; });
+    return row == std::end(kSetsOfLanguages) || row->set.codePage == 0 ? nullptr : &row->set;
+}
+
 LegacySet GuessSet(std::string_view bytes) {
+    if (HasEscape(bytes) && Decodes(kEscapedJapanese, bytes)) return kEscapedJapanese;
+    if (const auto detected = DetectSet(bytes)) return *detected;
     const std::string& language = SystemLocale::Language();
     if (Decodes(kJapanese, bytes) && (language == "ja" || LooksJapanese(bytes))) return kJapanese;
     const auto row = std::find_if(std::begin(kSetsOfLanguages), std::end(kSetsOfLanguages),
@@ -187,13 +248,19 @@ std::string_view GuessLegacyCharset(std::string_view bytes) {
     return GuessSet(bytes).name;
 }
 
+bool IsLegacyText(std::string_view bytes) {
+    return !IsValidUtf8(bytes) || (HasEscape(bytes) && Decodes(kEscapedJapanese, bytes));
+}
+
 std::string DecodeLegacy(std::string_view bytes) {
-    const LegacySet set = GuessSet(bytes);
+    return DecodeLegacy(GuessLegacyCharset(bytes), bytes);
+}
+
+std::string DecodeLegacy(std::string_view charset, std::string_view bytes) {
     std::string utf8;
-    if (set.codePage != 0)
-        CodePage::Find(set.codePage)->ToUtf8(bytes, utf8);
-    else
-        DecodeCharset(set.name, bytes, utf8);
+    const LegacySet* const set = FindCodePageSet(charset);
+    if (!set && DecodeCharset(charset, bytes, utf8)) return utf8;
+    CodePage::Find(set ? set->codePage : kWestern.codePage)->ToUtf8(bytes, utf8);
     return utf8;
 }
 

@@ -69,7 +69,7 @@ TEST(CategoryMgr, RefusesNothingAnEmptyNameAndATakenOne) {
 }
 
 TEST(CategoryMgr, LeavesACategoryThatCantBeStoredToTheCaller) {
-    CCategoryMgr manager([](int, const CString&) { return false; });
+    CCategoryMgr manager([](const std::string&, const auto& choose) { return choose() != 0; });
     const auto category = Named("Friends");
 
     EXPECT_NE(manager.Add(category.get()), 0);
@@ -108,9 +108,26 @@ TEST(CategoryMgr, NamesMatchByTheirCaseFolding) {
     }
 }
 
+TEST(CategoryMgr, NamesThatThePageLacksStayApartAndWhole) {
+    const LocaleInForce scoped("en-US", 1252);
+    CCategoryMgr manager;
+    manager.Load(1, "漢字");
+    manager.Load(2, "家族");
+    CCategory* found = nullptr;
+
+    ASSERT_EQ(manager.FindUtf8Name("家族", found), 0);
+    EXPECT_EQ(found->GetIndex(), 2);
+    EXPECT_EQ(found->GetName(), "??");
+    found->SetName(CString(found->GetName()));
+    EXPECT_EQ(found->Utf8(), "家族");
+    found->SetName("Caf\xE9");
+    EXPECT_EQ(found->Utf8(), "Café");
+    EXPECT_EQ(AddTo(manager, "CAFÉ"), 1) << "taken";
+}
+
 TEST(CategoryMgr, WalksByRisingIndexOverGaps) {
     CCategoryMgr manager;
-    for (const int index : {9, 2, 15}) manager.Load(index, std::to_string(index).c_str());
+    for (const int index : {9, 2, 15}) manager.Load(index, std::to_string(index));
     std::vector<int> walked;
     CCategory* category = nullptr;
 

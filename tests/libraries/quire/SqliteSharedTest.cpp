@@ -1,16 +1,52 @@
 // Tests of a store file that several programs have open.
 // SPDX-License-Identifier: MIT
+#include <memory>
+#include <string>
+#include <vector>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <contract/StoreFolder.h>
 #include <contracts/RecordStore.h>
 
+#include "ChildProcess.h"
 #include "RawStore.h"
 
 namespace orvo {
 
 namespace {
+
+CatError AddTo(CAddressTable& table, const std::string& name) {
+    auto category = std::make_unique<CCategory>();
+    category->SetNameUtf8(name);
+    const CatError error = table.GetCategoryManager()->Add(category.get());
+    if (error == 0) static_cast<void>(category.release());
+    return error;
+}
+
+// -1 where the table knows no such category.
+int IndexOf(CAddressTable& table, const std::string& name) {
+    CCategory* category = nullptr;
+    table.GetCategoryManager()->FindUtf8Name(name, category);
+    return category != nullptr ? category->GetIndex() : -1;
+}
+
+// Adds records under a category of its own, each in a transaction that begins with the texts.
+int AddRecordsUnder(const StoreFolder& folder, const std::string& name) {
+    const auto engine = folder.Open();
+    CAddressTable table(*engine);
+    for (int i = 0; i < 5; ++i) {
+        StoreTransaction transaction(*engine);
+        CAddressRecord record(table);
+        if (transaction.Status() != StoreStatus::Ok || table.RefreshTexts() != 0) return 2;
+        if (IndexOf(table, name) < 0 && AddTo(table, name) != 0) return 3;
+        record.SetUtf8(AddressField::Name, name);
+        record.SetCategoryId(IndexOf(table, name));
+        if (table.Add(record) != 0 || transaction.Commit() != StoreStatus::Ok) return 4;
+    }
+    return 0;
+}
 
 class SqliteShared : public testing::Test {
 protected:
@@ -85,6 +121,78 @@ TEST_F(SqliteShared, AForeignChangeIsTakenOnceAndBringsTheTexts) {
     EXPECT_EQ(table.GetCategoryManager()->FindName("Friends", found), 0);
     EXPECT_TRUE(otherTable.TakeForeignChange());
     EXPECT_EQ(otherTable.GetPhoneLabel(0), "Cell");
+}
+
+TEST_F(SqliteShared, CategoriesOfTwoProgramsGetIndexesOfTheirOwn) {
+    EXPECT_EQ(AddTo(table, "Alpha"), 0);
+    EXPECT_EQ(AddTo(otherTable, "Beta"), 0);
+    EXPECT_NE(AddTo(table, "bETA"), 0);
+    EXPECT_EQ(table.LastError(), "there is a category of that name already");
+
+    for (CAddressTable* each : {&table, &otherTable}) {
+        EXPECT_EQ(IndexOf(*each, "Alpha"), 1);
+        EXPECT_EQ(IndexOf(*each, "Beta"), 2);
+    }
+    EXPECT_EQ(RawStore(folder.Path())
+                  .Run("SELECT count(*) FROM text WHERE number > 0 AND "
+                       "table_kind = 0 AND text_kind = 0"),
+              "2");
+}
+
+TEST_F(SqliteShared, ALabelOfAnotherProgramIsNotReplacedByANewOne) {
+    ASSERT_EQ(otherTable.SetPhoneLabel(8, "Boat"), 0);
+
+    EXPECT_EQ(table.SetPhoneLabel(8, "Plane"), static_cast<long>(StoreStatus::Refused));
+
+    EXPECT_EQ(table.GetPhoneLabel(8), "Boat");
+    EXPECT_EQ(table.SetPhoneLabel(9, "Plane"), 0);
+    EXPECT_EQ(table.SetPhoneLabel(8, "Ship"), 0) << "now it is known, so that it is meant";
+    EXPECT_EQ(otherTable.RefreshTexts(), 0);
+    EXPECT_EQ(otherTable.GetPhoneLabel(8), "Ship");
+    EXPECT_EQ(otherTable.GetPhoneLabel(9), "Plane");
+}
+
+TEST_F(SqliteShared, WhatARollbackTakesBackIsForgotten) {
+    ASSERT_EQ(engine->Begin(), StoreStatus::Ok);
+    ASSERT_EQ(AddTo(table, "Alpha"), 0);
+    ASSERT_EQ(table.SetPhoneLabel(8, "Boat"), 0);
+    engine->Rollback();
+
+    EXPECT_EQ(table.RefreshTexts(), 0);
+
+    EXPECT_EQ(IndexOf(table, "Alpha"), -1);
+    EXPECT_EQ(table.GetPhoneLabelCount(), 8);
+    EXPECT_EQ(AddTo(otherTable, "Beta"), 0);
+    EXPECT_EQ(AddTo(table, "Alpha"), 0);
+    EXPECT_EQ(IndexOf(table, "Alpha"), 2);
+}
+
+TEST(SqliteSharedProcesses, EachRecordEndsUnderTheCategoryOfItsProcess) {
+    const StoreFolder folder;
+    constexpr int kProcesses = 8;
+    std::vector<std::unique_ptr<ChildProcess>> children;
+    for (int i = 0; i < kProcesses; ++i) {
+        children.push_back(std::make_unique<ChildProcess>([&folder, i](const Line& parent) {
+            return parent.Await() ? AddRecordsUnder(folder, "C" + std::to_string(i)) : 1;
+        }));
+    }
+    for (const auto& child : children) child->Tell();
+    for (const auto& child : children) EXPECT_EQ(child->Wait(), 0);
+
+    const auto engine = folder.Open();
+    CAddressTable table(*engine);
+    EXPECT_EQ(table.GetCategoryManager()->GetCount(), kProcesses + 1);
+    CAddressRecord record(table);
+    CAddressIterator iterator(table);
+    int count = 0;
+    for (long status = iterator.FindFirst(record); status == 0;
+         status = iterator.FindNext(record)) {
+        int category = 0;
+        record.GetCategoryId(category);
+        EXPECT_EQ(category, IndexOf(table, std::string(record.Utf8(AddressField::Name))));
+        ++count;
+    }
+    EXPECT_EQ(count, 5 * kProcesses);
 }
 
 TEST_F(SqliteShared, FieldsChangedByTwoProgramsAreBothKept) {

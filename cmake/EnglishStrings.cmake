@@ -1,0 +1,20 @@
+# Writes the rows of the English string table from lang/en.po: cmake -DPO=<file> -DTABLE=<file> -P EnglishStrings.cmake
+file(READ "${PO}" rest)
+string(REGEX MATCHALL "\nmsgctxt " messages "${rest}")
+list(LENGTH messages expected)
+
+set(rows "")
+set(count 0)
+while(rest MATCHES "\nmsgctxt \"([0-9]+)\"\nmsgid (\"(\\\\.|[^\"\\\\])+\")\nmsgstr ")
+    string(APPEND rows "{${CMAKE_MATCH_1}, ${CMAKE_MATCH_2}},\n")
+    math(EXPR count "${count} + 1")
+    string(FIND "${rest}" "${CMAKE_MATCH_0}" position)
+    string(LENGTH "${CMAKE_MATCH_0}" length)
+    math(EXPR position "${position} + ${length}")
+    string(SUBSTRING "${rest}" ${position} -1 rest)
+endwhile()
+if(NOT count EQUAL expected)
+    message(FATAL_ERROR "${PO}: ${count} of ${expected} messages can be read: each needs a number as its msgctxt, and a "
+                        "msgid in one line")
+endif()
+file(WRITE "${TABLE}" "${rows}")

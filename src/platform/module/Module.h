@@ -1,0 +1,31 @@
+// Module: what resources are taken from.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+#include <platform/Export.h>
+
+namespace orvo {
+
+// A library's own resources, or the language module that stands before them. A module is read only,
+// so that several threads may ask it at once.
+class ORVO_API Module {
+public:
+    virtual ~Module() = default;
+
+    // Sets `utf8` to the string of that number.
+    // Gives:  false, with `utf8` untouched, where the module holds none.
+    virtual bool FindString(unsigned number, std::string& utf8) const = 0;
+
+    Module(const Module&) = delete;
+    Module& operator=(const Module&) = delete;
+
+protected:
+    Module() = default;
+};
+
+// A module's handle; null stands for no module.
+using HINSTANCE = const Module*;
+
+}  // namespace orvo

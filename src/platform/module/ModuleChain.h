@@ -1,0 +1,33 @@
+// The chain of the modules that the framework searches for resources.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <deque>
+#include <mutex>
+#include <string>
+
+#include <platform/module/ExtensionModule.h>
+
+namespace orvo {
+
+// One chain for the process; it may be used from several threads.
+class ModuleChain {
+public:
+    static ModuleChain& Instance();
+
+    void Add(CDynLinkLibrary* library, bool last);
+    void RemoveAllOf(const AFX_EXTENSION_MODULE& record);
+
+    // Sets `utf8` to the string of the first module that holds one of that number; false where none
+    // does.
+    bool FindString(unsigned number, std::string& utf8);
+
+private:
+    ModuleChain() = default;
+    ~ModuleChain();
+
+    std::mutex m_mutex;
+    std::deque<CDynLinkLibrary*> m_libraries;
+};
+
+}  // namespace orvo

@@ -1,0 +1,107 @@
+// Where the text of a number is looked for, and for how long a module is in reach.
+// SPDX-License-Identifier: MIT
+#include <map>
+#include <thread>
+
+#include <gtest/gtest.h>
+
+#include <platform/module/ExtensionModule.h>
+#include <platform/module/ResourceHandle.h>
+#include <platform/text/CString.h>
+#include <support/LocaleInForce.h>
+
+namespace orvo {
+namespace {
+
+class MapModule : public Module {
+public:
+    explicit MapModule(std::map<unsigned, std::string> texts) : m_texts(std::move(texts)) {}
+
+    bool FindString(unsigned number, std::string& utf8) const override {
+        const auto found = m_texts.find(number);
+        if (found != m_texts.end()) utf8 = found->second;
+        return found != m_texts.end();
+    }
+
+private:
+    std::map<unsigned, std::string> m_texts;
+};
+
+// An extension module in use, for one test.
+struct Extension {
+    explicit Extension(HINSTANCE module) { EXPECT_NE(AfxInitExtensionModule(record, module), 0); }
+    ~Extension() { AfxTermExtensionModule(record, 1); }
+    AFX_EXTENSION_MODULE record;
+};
+
+struct ModuleTest : testing::Test {
+    ~ModuleTest() override { AfxSetResourceHandle(nullptr); }
+
+    // The text of that number; "none" where the result says so and the text is empty.
+    static CString Load(unsigned number) {
+        CString text("old");
+        const int found = text.LoadString(number);
+        if (found == 0 && text.IsEmpty()) return "none";
+        return found != 0 ? text : CString("not found, but ") + text;
+    }
+
+    LocaleInForce locale{"en-US"};
+    MapModule application{{{1, "application"}}};
+    MapModule early{{{1, "early"}, {2, "early"}, {3, "early"}}};
+    MapModule late{{{2, "late"}}};
+    MapModule system{{{3, "system"}, {4, "system"}}};
+};
+
+TEST_F(ModuleTest, TheResourceHandleComesFirstThenTheLatestOfTheChain) {
+    EXPECT_EQ(Load(1), "none");
+    Extension earlyInUse(&early);
+    new CDynLinkLibrary(earlyInUse.record, 0);
+    Extension lateInUse(&late);
+    new CDynLinkLibrary(lateInUse.record, 0);
+    AfxSetResourceHandle(&application);
+
+    EXPECT_EQ(Load(1), "application");
+    EXPECT_EQ(Load(2), "late");
+    EXPECT_EQ(Load(3), "early");
+    EXPECT_EQ(Load(4), "none");
+
+    Extension systemInUse(&system);
+    new CDynLinkLibrary(systemInUse.record, 1);
+    EXPECT_EQ(Load(3), "early") << "a system library comes after all others";
+    EXPECT_EQ(Load(4), "system");
+}
+
+TEST_F(ModuleTest, AModuleIsSearchedUntilItsLastInitIsUndone) {
+    Extension inUse(&early);
+    new CDynLinkLibrary(inUse.record, 0);
+    AfxInitExtensionModule(inUse.record, &early);
+    new CDynLinkLibrary(inUse.record, 0);
+
+    AfxTermExtensionModule(inUse.record, 0);
+    EXPECT_EQ(Load(1), "early");
+    EXPECT_EQ(inUse.record.resource, &early);
+    AfxTermExtensionModule(inUse.record, 0);
+    EXPECT_EQ(Load(1), "none");
+    EXPECT_EQ(inUse.record.resource, nullptr);
+    AfxTermExtensionModule(inUse.record, 0);
+    EXPECT_EQ(inUse.record.initialized, 0) << "one more is harmless";
+}
+
+TEST_F(ModuleTest, EveryThreadHasItsOwnResourceHandle) {
+    AfxSetResourceHandle(&application);
+    CString inThread;
+    std::thread([&] { inThread = Load(1); }).join();
+    EXPECT_EQ(inThread, "none");
+    EXPECT_EQ(Load(1), "application");
+}
+
+TEST_F(ModuleTest, TextComesInTheCodePageOfTheSystem) {
+    const MapModule japanese({{1, "山"}});
+    AfxSetResourceHandle(&japanese);
+    EXPECT_EQ(Load(1), "\xE5\xB1\xB1");
+    const LocaleInForce page932("ja-JP", 932);
+    EXPECT_EQ(Load(1), "\x8E\x52");
+}
+
+}  // namespace
+}  // namespace orvo
