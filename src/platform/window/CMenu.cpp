@@ -1,0 +1,98 @@
+// CMenu: a pop-up menu.
+// SPDX-License-Identifier: MIT
+#include <platform/window/CMenu.h>
+#include <platform/window/CWnd.h>
+#include <platform/window/WindowSystem.h>
+
+namespace orvo {
+
+namespace {
+
+constexpr UINT kNone = static_cast<UINT>(-1);
+
+}  // namespace
+
+BOOL CMenu::CreatePopupMenu() {
+    if (m_exists) return 0;
+    m_exists = true;
+    return 1;
+}
+
+void CMenu::DestroyMenu() {
+    m_items.clear();
+    m_exists = false;
+}
+
+BOOL CMenu::AppendMenu(UINT flags, UINT command, const CString& text) {
+    if (!m_exists) return 0;
+    m_items.push_back({flags & ~MF_BYPOSITION, command, text, nullptr});
+    return 1;
+}
+
+BOOL CMenu::AppendMenu(std::unique_ptr<CMenu> submenu, const CString& text) {
+    if (!m_exists || !submenu) return 0;
+    m_items.push_back({MF_POPUP, kNone, text, std::move(submenu)});
+    return 1;
+}
+
+const CMenu::Item* CMenu::Find(UINT item, UINT flags) const {
+    if ((flags & MF_BYPOSITION) != 0) return item < m_items.size() ? &m_items[item] : nullptr;
+    for (const Item& each : m_items) {
+        const Item* found = nullptr;
+        if (each.submenu) {
+            found = each.submenu->Find(item, flags);
+        } else if ((each.state & MF_SEPARATOR) == 0 && each.command == item) {
+            found = &each;
+        }
+        if (found) return found;
+    }
+    return nullptr;
+}
+
+UINT CMenu::GetMenuItemID(int position) const {
+    const Item* found = Find(static_cast<UINT>(position), MF_BYPOSITION);
+    return found ? found->command : kNone;
+}
+
+int CMenu::GetMenuString(UINT item, CString& text, UINT flags) const {
+    const Item* found = Find(item, flags);
+    text = found ? found->text : CString();
+    return text.GetLength();
+}
+
+UINT CMenu::GetMenuState(UINT item, UINT flags) const {
+    const Item* found = Find(item, flags);
+    return found ? found->state : kNone;
+}
+
+CMenu* CMenu::GetSubMenu(int position) const {
+    const Item* found = Find(static_cast<UINT>(position), MF_BYPOSITION);
+    return found ? found->submenu.get() : nullptr;
+}
+
+UINT CMenu::ChangeState(UINT item, UINT flags, UINT mask) {
+    auto* found = const_cast<Item*>(Find(item, flags));
+    if (!found) return kNone;
+    const UINT before = found->state & mask;
+    found->state = (found->state & ~mask) | (flags & mask);
+    return before;
+}
+
+UINT CMenu::CheckMenuItem(UINT item, UINT flags) {
+    return ChangeState(item, flags, MF_CHECKED);
+}
+
+UINT CMenu::EnableMenuItem(UINT item, UINT flags) {
+    return ChangeState(item, flags, MF_GRAYED | MF_DISABLED);
+}
+
+BOOL CMenu::TrackPopupMenu(UINT flags, int x, int y, CWnd* owner) {
+    if (!m_exists) return 0;
+    const HWND target = owner ? owner->GetSafeHwnd() : nullptr;
+    const UINT command = WindowSystem::Current().TrackPopupMenu(*this, flags, {x, y}, owner);
+    if ((flags & TPM_RETURNCMD) != 0) return static_cast<BOOL>(command);
+    if (command != 0) PostMessage(target, WM_COMMAND, command);
+    return 1;
+}
+
+}  // namespace orvo

@@ -1,0 +1,102 @@
+// A window system without a screen: exact geometry, scripted answers, input from a script.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <initializer_list>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <platform/window/WindowSystem.h>
+
+namespace orvo {
+
+// A menu that was shown, as it stood then.
+struct ShownMenu {
+    struct Item {
+        UINT command = 0;
+        UINT state = 0;
+        CString text;
+    };
+
+    std::vector<Item> items;
+    UINT flags = 0;
+    CPoint point;
+    CWnd* owner = nullptr;
+};
+
+class ORVO_API MemoryWindowSystem : public WindowSystem {
+public:
+    // What happens at a question for which there is no answer: it is told to the hook, or where
+    // there is none to standard error, and answered as a user who closes it does: no command,
+    // IDCANCEL, no day.
+    void OnUnexpectedQuestion(std::function<void(const std::string&)> hook);
+
+    // The answers to coming questions, each for one.
+    void ChooseCommand(UINT command);  // 0 closes the menu
+    void ChooseText(const CString& text);
+    void AnswerMessageBox(int answer) { m_boxAnswers.push_back(answer); }
+    void AnswerDay(std::optional<CTime> day) { m_days.push_back(day); }
+    bool HasAnswersLeft() const;
+
+    const std::vector<ShownMenu>& Menus() const { return m_menus; }
+    const std::vector<CString>& MessageBoxes() const { return m_boxes; }
+    const std::vector<HCURSOR>& Cursors() const { return m_cursors; }
+    int Beeps() const { return m_beeps; }
+    bool IsAwake() const { return m_isAwake; }  // a message was posted
+
+    void SetColour(int id, COLORREF colour) { m_colours[id] = colour; }
+    void SetPointer(CPoint point) { m_pointer = point; }
+
+    // The user's doing. It reaches the window with the focus, or the given one, as messages do
+    // that come from a screen; what it posts is handled before the function returns. A key that
+    // stands for a control character is followed by its WM_CHAR, unless PreTranslateMessage took
+    // it.
+    void PressKey(UINT key, std::initializer_list<UINT> held = {});
+    void TypeText(std::string_view utf8);  // WM_CHAR alone
+    void Click(CWnd& window, CPoint point, UINT flags = 0);
+    void DoubleClick(CWnd& window, CPoint point);
+    void RightClick(CWnd& window, CPoint point);
+    void MovePointer(CWnd& window, CPoint point);
+
+    std::unique_ptr<WindowPeer> MakeWindowPeer(const PeerPlace& place) override;
+    std::unique_ptr<ListPeer> MakeListPeer(const PeerPlace& place) override;
+    std::unique_ptr<EditPeer> MakeEditPeer(const PeerPlace& place) override;
+    std::unique_ptr<Canvas> MakeMeasuringCanvas() override;
+    void WakeUp() override { m_isAwake = true; }
+    UINT TrackPopupMenu(CMenu& menu, UINT flags, CPoint point, CWnd* owner) override;
+    int ShowMessageBox(CWnd* owner, const CString& text, UINT type) override;
+    bool PickDay(CWnd* owner, CTime& day) override;
+    void Beep(UINT) override { ++m_beeps; }
+    void ShowCursor(HCURSOR cursor) override { m_cursors.push_back(cursor); }
+    CPoint PointerPosition() const override { return m_pointer; }
+    bool IsKeyDown(UINT key) const override { return m_keysDown.count(key) != 0; }
+    COLORREF Colour(int id) const override;
+
+private:
+    using Choice = std::function<UINT(const ShownMenu&)>;
+
+    void Complain(const std::string& question) const;
+    void Pump();
+    void Button(CWnd& window, CPoint point, std::initializer_list<UINT> messages, UINT flags);
+
+    std::function<void(const std::string&)> m_hook;
+    std::deque<Choice> m_choices;
+    std::deque<int> m_boxAnswers;
+    std::deque<std::optional<CTime>> m_days;
+    std::vector<ShownMenu> m_menus;
+    std::vector<CString> m_boxes;
+    std::vector<HCURSOR> m_cursors;
+    int m_beeps = 0;
+    bool m_isAwake = false;
+    CPoint m_pointer;
+    std::set<UINT> m_keysDown;
+    std::map<int, COLORREF> m_colours;
+};
+
+}  // namespace orvo

@@ -1,0 +1,73 @@
+// The window system in force, and the functions that ask it.
+// SPDX-License-Identifier: MIT
+#include <array>
+#include <utility>
+
+#include <platform/window/CWnd.h>
+#include <platform/window/MemoryWindowSystem.h>
+#include <platform/window/WindowSystem.h>
+
+namespace orvo {
+
+namespace {
+
+WindowSystem* systemInForce = nullptr;
+HCURSOR shownCursor = nullptr;
+
+}  // namespace
+
+WindowSystem& WindowSystem::Current() {
+    static MemoryWindowSystem standard;
+    return systemInForce ? *systemInForce : standard;
+}
+
+void WindowSystem::SetCurrent(WindowSystem* system) {
+    systemInForce = system;
+}
+
+HCURSOR LoadStandardCursor(int number) {
+    static const std::array<Cursor, 5> cursors{{{IDC_ARROW, {}, 0, {}},
+                                                {IDC_IBEAM, {}, 0, {}},
+                                                {IDC_WAIT, {}, 0, {}},
+                                                {IDC_SIZEWE, {}, 0, {}},
+                                                {IDC_HAND, {}, 0, {}}}};
+    for (const Cursor& cursor : cursors) {
+        if (cursor.standard == number) return &cursor;
+    }
+    return nullptr;
+}
+
+HCURSOR SetCursor(HCURSOR cursor) {
+    WindowSystem::Current().ShowCursor(cursor);
+    return std::exchange(shownCursor, cursor);
+}
+
+HCURSOR GetCursor() {
+    return shownCursor;
+}
+
+CWaitCursor::CWaitCursor() : m_before(SetCursor(LoadStandardCursor(IDC_WAIT))) {}
+
+CWaitCursor::~CWaitCursor() {
+    SetCursor(m_before);
+}
+
+BOOL MessageBeep(UINT type) {
+    WindowSystem::Current().Beep(type);
+    return 1;
+}
+
+COLORREF GetSysColor(int id) {
+    return WindowSystem::Current().Colour(id);
+}
+
+BOOL GetCursorPos(CPoint* point) {
+    *point = WindowSystem::Current().PointerPosition();
+    return 1;
+}
+
+int AfxMessageBox(const CString& text, UINT type, UINT) {
+    return WindowSystem::Current().ShowMessageBox(AfxGetMainWnd(), text, type);
+}
+
+}  // namespace orvo

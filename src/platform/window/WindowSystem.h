@@ -1,0 +1,62 @@
+// The window system in force: it makes peers, asks the user, and knows pointer, keys and colours.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+
+#include <platform/Export.h>
+#include <platform/text/CString.h>
+#include <platform/time/CTime.h>
+#include <platform/window/Cursor.h>
+#include <platform/window/EditPeer.h>
+#include <platform/window/ListPeer.h>
+
+namespace orvo {
+
+class CMenu;
+class CWnd;
+
+// Windows, and all calls of a window system, belong to one thread.
+class ORVO_API WindowSystem {
+public:
+    virtual ~WindowSystem() = default;
+
+    // The system in force: a MemoryWindowSystem until another one is set. A system that is set
+    // must outlive its windows; null goes back to the default.
+    static WindowSystem& Current();
+    static void SetCurrent(WindowSystem* system);
+
+    virtual std::unique_ptr<WindowPeer> MakeWindowPeer(const PeerPlace& place) = 0;
+    virtual std::unique_ptr<ListPeer> MakeListPeer(const PeerPlace& place) = 0;
+    virtual std::unique_ptr<EditPeer> MakeEditPeer(const PeerPlace& place) = 0;
+    virtual std::unique_ptr<Canvas> MakeMeasuringCanvas() = 0;
+
+    // Called when a message is posted: PumpMessages is to be called before long, but not from here.
+    virtual void WakeUp() = 0;
+
+    // Shows the menu at a point of the screen until the user has chosen.
+    // Gives: the command, 0 for none.
+    virtual UINT TrackPopupMenu(CMenu& menu, UINT flags, CPoint point, CWnd* owner) = 0;
+
+    // Gives: IDOK, IDCANCEL, IDYES or IDNO.
+    virtual int ShowMessageBox(CWnd* owner, const CString& text, UINT type) = 0;
+
+    // Lets the user choose a day, beginning at the given one.
+    // Gives: false, and leaves the day alone, where the user thinks better of it.
+    virtual bool PickDay(CWnd* owner, CTime& day) = 0;
+
+    virtual void Beep(UINT type) = 0;
+    virtual void ShowCursor(HCURSOR cursor) = 0;
+    virtual CPoint PointerPosition() const = 0;  // on the screen
+    virtual bool IsKeyDown(UINT key) const = 0;
+    virtual COLORREF Colour(int id) const = 0;  // COLOR_*; black for an unknown one
+};
+
+ORVO_API BOOL MessageBeep(UINT type);
+ORVO_API COLORREF GetSysColor(int id);
+ORVO_API BOOL GetCursorPos(CPoint* point);
+
+// The owner of the box is the main window.
+ORVO_API int AfxMessageBox(const CString& text, UINT type = MB_OK, UINT helpId = 0);
+
+}  // namespace orvo

@@ -1,0 +1,170 @@
+// Edit controls: typing, deleting and selecting whole characters on every code page.
+// SPDX-License-Identifier: MIT
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include <platform/text/CodePage.h>
+#include <platform/window/CEdit.h>
+#include <platform/window/MemoryEditPeer.h>
+#include <platform/window/WindowFixture.h>
+#include <support/CodePages.h>
+#include <support/LocaleInForce.h>
+
+namespace orvo {
+
+namespace {
+
+class Form : public CWnd {
+public:
+    const MessageMap& GetMessageMap() const override {
+        static const MessageMap map{ThisMap(), {OnControl<EN_CHANGE>(4, &Form::OnChange)}};
+        return map;
+    }
+    int changes = 0;
+
+private:
+    void OnChange() { ++changes; }
+};
+
+class EditTest : public testing::TestWithParam<LocaleCase> {
+protected:
+    void SetUp() override {
+        form.Create(WS_POPUP, {0, 0, 200, 100}, nullptr, 0);
+        edit.Create(WS_CHILD, {0, 0, 100, 20}, &form, 4);
+        edit.SetFocus();
+    }
+
+    static CString InPage(std::string_view utf8) {
+        std::string bytes;
+        CodePage::System().FromUtf8(utf8, bytes);
+        return CString(bytes);
+    }
+    std::string Text() const {
+        CString text;
+        edit.GetWindowText(text);
+        std::string utf8;
+        CodePage::System().ToUtf8(text.View(), utf8);
+        return utf8;
+    }
+    EditSelection Selection() const {
+        EditSelection selection;
+        edit.GetSel(selection.anchor, selection.caret);
+        return selection;
+    }
+
+    LocaleInForce locale{GetParam().tag, GetParam().codePage};
+    SystemInForce system;
+    Form form;
+    CEdit edit;
+};
+INSTANTIATE_TEST_SUITE_P(BothPages, EditTest, testing::ValuesIn(kBothCodePages));
+
+TEST_P(EditTest, KeysChangeWholeCharacters) {
+    struct Row {
+        const char* why;
+        std::string_view typed;
+        std::initializer_list<UINT> keys;
+        const char* want;
+    };
+    const Row rows[] = {
+        {"characters come in order", "a表あz", {}, "a表あz"},
+        {"backspace takes the whole character", "表あ", {VK_BACK}, "表"},
+        {"in front of the caret", "表あ", {VK_LEFT, VK_BACK}, "あ"},
+        {"and at the start nothing", "表", {VK_HOME, VK_BACK}, "表"},
+        {"delete takes the one behind", "表あ", {VK_HOME, VK_DELETE}, "あ"},
+        {"and at the end nothing", "表", {VK_DELETE}, "表"},
+        {"right goes over a whole character", "表あ", {VK_HOME, VK_RIGHT, VK_DELETE}, "表"},
+        {"control characters enter nothing", "a", {VK_RETURN, VK_TAB, VK_ESCAPE}, "a"},
+    };
+    for (const Row& row : rows) {
+        edit.SetWindowText("");
+        system.TypeText(row.typed);
+        for (const UINT key : row.keys) system.PressKey(key);
+        EXPECT_EQ(Text(), row.want) << row.why;
+    }
+}
+
+TEST_P(EditTest, ATypedCharacterReplacesTheSelection) {
+    edit.SetWindowText(InPage("a表あz"));
+    const int end = InPage("a表あ").GetLength();
+    edit.SetSel(1, end);
+
+    system.TypeText("é");
+
+    EXPECT_EQ(Text(), "aéz");
+    EXPECT_EQ(Selection().caret, 1 + InPage("é").GetLength());
+}
+
+TEST_P(EditTest, ShiftDrawsASelectionThatTheNextArrowLeaves) {
+    edit.SetWindowText(InPage("表あ"));
+    const int one = InPage("表").GetLength();
+
+    system.PressKey(VK_RIGHT, {VK_SHIFT});
+    EXPECT_EQ(Selection(), (EditSelection{0, one}));
+    system.PressKey(VK_RIGHT);
+
+    EXPECT_EQ(Selection(), (EditSelection{one, one}));
+}
+
+TEST_P(EditTest, SelectionMessagesNeverSplitACharacter) {
+    edit.SetWindowText(InPage("表あ"));
+    const int one = InPage("表").GetLength();
+
+    edit.SendMessage(EM_SETSEL, 1, -1);
+    EXPECT_EQ(Selection(), (EditSelection{0, 2 * one}));
+    edit.SendMessage(EM_SETSEL, static_cast<WPARAM>(one + 1), one + 1);
+
+    DWORD first = 0;
+    DWORD last = 0;
+    edit.SendMessage(EM_GETSEL, reinterpret_cast<WPARAM>(&first), LParamOf(&last));
+    EXPECT_EQ(first, static_cast<DWORD>(one));
+    EXPECT_EQ(last, static_cast<DWORD>(one));
+}
+
+TEST_P(EditTest, ClearRemovesTheSelectionAndTellsTheParent) {
+    edit.SetWindowText(InPage("表あ"));
+    form.changes = 0;
+
+    edit.Clear();
+    EXPECT_EQ(form.changes, 0) << "nothing was selected";
+    edit.SetSel(0, -1);
+    edit.Clear();
+
+    EXPECT_EQ(Text(), "");
+    EXPECT_EQ(form.changes, 1);
+}
+
+TEST_P(EditTest, ATextAtItsLimitTakesNoMore) {
+    edit.LimitText(3);
+    system.TypeText("ab表");
+    EXPECT_EQ(Text(), "ab");
+    EXPECT_EQ(system.Beeps(), 1);
+    system.TypeText("c");
+    EXPECT_EQ(Text(), "abc");
+}
+
+TEST(DoubleByteEdit, ALeadByteWaitsAndIsForgottenWithoutATrailByteThatFits) {
+    const LocaleInForce locale("ja-JP", 932);
+    const SystemInForce system;
+    CEdit edit;
+    edit.Create(WS_POPUP, {0, 0, 100, 20}, nullptr, 0);
+    CString text;
+
+    edit.SendMessage(WM_CHAR, 0x95);
+    edit.GetWindowText(text);
+    EXPECT_EQ(text, CString());
+    edit.SendMessage(WM_CHAR, 0x5C);
+    edit.GetWindowText(text);
+    EXPECT_EQ(text, CString("\x95\x5C"));
+
+    edit.SendMessage(WM_CHAR, 0x95);
+    edit.SendMessage(WM_CHAR, '1');
+    edit.GetWindowText(text);
+    EXPECT_EQ(text, CString("\x95\x5C"
+                            "1"));
+}
+
+}  // namespace
+
+}  // namespace orvo

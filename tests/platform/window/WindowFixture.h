@@ -1,0 +1,23 @@
+// A window system for one test: a question that nobody expects fails the test.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <platform/window/CWnd.h>
+#include <platform/window/MemoryWindowSystem.h>
+
+namespace orvo {
+
+struct SystemInForce : MemoryWindowSystem {
+    SystemInForce() {
+        OnUnexpectedQuestion([](const std::string& question) { ADD_FAILURE() << question; });
+        WindowSystem::SetCurrent(this);
+    }
+    ~SystemInForce() override {
+        EXPECT_FALSE(HasAnswersLeft()) << "a question wasn't asked";
+        WindowSystem::SetCurrent(nullptr);
+    }
+};
+
+}  // namespace orvo
