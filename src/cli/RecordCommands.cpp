@@ -41,7 +41,9 @@ void Apply(Store& store, CAddressRecord& record, const Changes& changes) {
     if (changes.displayPhone) store.Check(record.SetDisplayPhone(*changes.displayPhone));
     if (changes.note) store.Check(record.SetNoteUtf8(*changes.note));
     if (changes.category) {
-        store.Check(record.SetCategoryId(CategoryIndexOrNew(store.Addresses(), *changes.category)));
+        store.Check(record.SetCategoryId(
+            changes.category->empty() ? kNoCategory
+                                      : CategoryIndexOrNew(store.Addresses(), *changes.category)));
     }
     if (changes.isPrivate) store.Check(record.SetPrivate(*changes.isPrivate));
     if (changes.isArchived) store.Check(record.SetArchived(*changes.isArchived));

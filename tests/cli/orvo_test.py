@@ -115,6 +115,8 @@ class OrvoTest(unittest.TestCase):
         after = self.rows("show", 1)[0]
         self.assertEqual({key: (shown[key], after[key]) for key in shown if shown[key] != after[key]},
                          {"city": ("X", ""), "private": (True, False)})
+        self.orvo("edit", 1, "--category", "")
+        self.assertEqual(self.rows("show", 1)[0]["category"], "Uncategorized")
         self.orvo("edit", 1, "--label1", "no such label", code=2)
         self.orvo("delete", 1)
         self.orvo("show", 1, code=1)
