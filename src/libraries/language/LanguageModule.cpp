@@ -32,6 +32,11 @@ public:
         return true;
     }
 
+    // A language module holds texts alone; menus and dialogs take theirs from it by number.
+    std::string_view FindResource(ResourceKind kind, unsigned number) const override {
+        return m_own ? m_own->FindResource(kind, number) : std::string_view();
+    }
+
 private:
     MessageCatalog m_catalog;
     HINSTANCE m_own;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 
+#include <orvoshare/resources/ResourceTable.h>
 #include <orvoshare/resources/StringTable.h>
 
 namespace orvo {
@@ -20,6 +21,14 @@ public:
         if (row == std::end(kEnglish) || row->number != number) return false;
         utf8 = row->text;
         return true;
+    }
+
+    std::string_view FindResource(ResourceKind kind, unsigned number) const override {
+        const std::span<const ResourceFile> files = ResourceFiles();
+        const auto found = std::ranges::find_if(files, [&](const ResourceFile& file) {
+            return file.kind == kind && file.number == number;
+        });
+        return found == files.end() ? std::string_view() : found->text;
     }
 };
 

@@ -10,8 +10,11 @@
 namespace orvo {
 
 constexpr unsigned kStringUncategorized = 279;
+constexpr unsigned kStringPrivateColumn = 9186;
+constexpr unsigned kStringNoteColumn = 9187;
 constexpr unsigned kStringUnnamed = 9189;
 constexpr unsigned kStringPrivate = 32804;
+constexpr unsigned kStringLookUp = 33010;
 
 struct NumberedString {
     unsigned number;
@@ -21,7 +24,7 @@ struct NumberedString {
 // All texts, by rising number. They are written in lang/en.po.
 ORVO_API std::span<const NumberedString> EnglishStrings();
 
-// The module's own handle, which finds these texts.
+// The module's own handle, which finds these texts, and the resources of ResourceTable.h.
 ORVO_API HINSTANCE OwnModule();
 
 }  // namespace orvo

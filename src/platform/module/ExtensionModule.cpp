@@ -60,4 +60,13 @@ bool ModuleChain::FindString(unsigned number, std::string& utf8) {
     });
 }
 
+HINSTANCE ModuleChain::FindResourceModule(ResourceKind kind, unsigned number) {
+    const std::lock_guard lock(m_mutex);
+    const auto found =
+        std::find_if(m_libraries.begin(), m_libraries.end(), [&](const CDynLinkLibrary* library) {
+            return library->m_resource && !library->m_resource->FindResource(kind, number).empty();
+        });
+    return found == m_libraries.end() ? nullptr : (*found)->m_resource;
+}
+
 }  // namespace orvo

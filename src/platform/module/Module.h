@@ -3,10 +3,13 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include <platform/Export.h>
 
 namespace orvo {
+
+enum class ResourceKind { Bitmap, Icon, Cursor, Menu, Dialog };
 
 // A library's own resources, or the language module that stands before them. A module is read only,
 // so that several threads may ask it at once.
@@ -17,6 +20,10 @@ public:
     // Sets `utf8` to the string of that number.
     // Gives:  false, with `utf8` untouched, where the module holds none.
     virtual bool FindString(unsigned number, std::string& utf8) const = 0;
+
+    // The text of the resource, as its file has it; it lives as long as the module. Empty where the
+    // module holds none.
+    virtual std::string_view FindResource(ResourceKind, unsigned) const { return {}; }
 
     Module(const Module&) = delete;
     Module& operator=(const Module&) = delete;

@@ -22,6 +22,9 @@ public:
     // does.
     bool FindString(unsigned number, std::string& utf8);
 
+    // The first module that holds the resource; null where none does.
+    HINSTANCE FindResourceModule(ResourceKind kind, unsigned number);
+
 private:
     ModuleChain() = default;
     ~ModuleChain();

@@ -17,6 +17,10 @@ public:
 
     void Create(CSize size, COLORREF ground);
 
+    // Takes the bitmap of that number from the resources in reach.
+    // Gives: false, and an empty bitmap, where there is none.
+    bool LoadBitmap(unsigned number);
+
     CSize Size() const { return m_size; }
     bool IsEmpty() const { return m_pixels.empty(); }
 

@@ -78,6 +78,14 @@ UINT CMenu::ChangeState(UINT item, UINT flags, UINT mask) {
     return before;
 }
 
+BOOL CMenu::ModifyMenu(UINT item, UINT flags, UINT command, const CString& text) {
+    auto* found = const_cast<Item*>(Find(item, flags));
+    if (!found) return 0;
+    found->command = command;
+    found->text = text;
+    return 1;
+}
+
 UINT CMenu::CheckMenuItem(UINT item, UINT flags) {
     return ChangeState(item, flags, MF_CHECKED);
 }

@@ -17,6 +17,10 @@ class CWnd;
 class ORVO_API CMenu {
 public:
     BOOL CreatePopupMenu();
+
+    // Makes the menu of that number from the resources in reach; its items are submenus.
+    // Gives: 0 where there is none, or where the menu exists already.
+    BOOL LoadMenu(UINT number);
     void DestroyMenu();  // the items go
 
     BOOL AppendMenu(UINT flags, UINT command = 0, const CString& text = {});
@@ -27,6 +31,9 @@ public:
     int GetMenuString(UINT item, CString& text, UINT flags) const;  // gives its length
     UINT GetMenuState(UINT item, UINT flags) const;  // MF_*, UINT(-1) where there is none
     CMenu* GetSubMenu(int position) const;
+
+    // Gives the item another command and text. Gives: 0 where there is no such item.
+    BOOL ModifyMenu(UINT item, UINT flags, UINT command, const CString& text);
 
     // Each gives the state before, UINT(-1) where there is no such item.
     UINT CheckMenuItem(UINT item, UINT flags);
