@@ -2,10 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include <array>
 #include <cstdint>
+#include <memory>
 
 #include <unicode/ucol.h>
 #include <unicode/uloc.h>
 
+#include <platform/text/AsciiCollation.h>
 #include <platform/text/Charset.h>
 #include <platform/text/CodePage.h>
 #include <platform/text/Collation.h>
@@ -40,23 +42,31 @@ icu::LocalUCollatorPointer OpenCollator(const Strength& strength) {
     return U_SUCCESS(status) ? std::move(collator) : icu::LocalUCollatorPointer();
 }
 
-// The calling thread's collator for the locale in force, or null for flags that have none.
-const UCollator* CollatorFor(unsigned flags) {
-    struct Slot {
-        icu::LocalUCollatorPointer collator;
-        unsigned generation = 0;
-    };
+struct Slot {
+    icu::LocalUCollatorPointer collator;
+    std::unique_ptr<AsciiWeights> weights;  // made when they are asked for
+    unsigned generation = 0;
+};
+
+// What the calling thread has for the locale in force, or null for flags that have no collator.
+Slot* SlotFor(unsigned flags) {
     thread_local std::array<Slot, kStrengths.size()> slots;
     for (std::size_t i = 0; i < kStrengths.size(); ++i) {
         if (kStrengths[i].flags != flags) continue;
         Slot& slot = slots[i];
         if (slot.collator.isNull() || slot.generation != SystemLocale::Generation()) {
             slot.collator = OpenCollator(kStrengths[i]);
+            slot.weights.reset();
             slot.generation = SystemLocale::Generation();
         }
-        return slot.collator.getAlias();
+        return slot.collator.isNull() ? nullptr : &slot;
     }
     return nullptr;
+}
+
+const UCollator* CollatorFor(unsigned flags) {
+    const Slot* slot = SlotFor(flags);
+    return slot ? slot->collator.getAlias() : nullptr;
 }
 
 std::string_view ViewOf(const char* text, int length) {
@@ -100,6 +110,17 @@ int CompareStringA(unsigned locale, unsigned flags, const char* left, int leftLe
         default:
             return CSTR_EQUAL;
     }
+}
+
+const AsciiWeights& AsciiWeightsFor(unsigned flags) {
+    static constexpr AsciiWeights kNone{};
+    Slot* slot = (flags & NORM_IGNORECASE) != 0 ? SlotFor(flags) : nullptr;
+    if (!slot) return kNone;
+    if (!slot->weights) {
+        slot->weights =
+            std::make_unique<AsciiWeights>(MakeAsciiWeights(*slot->collator.getAlias()));
+    }
+    return *slot->weights;
 }
 
 void AppendSortKey(unsigned flags, std::string_view utf8, std::string& key) {

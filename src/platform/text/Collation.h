@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <array>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -28,6 +30,17 @@ constexpr int CSTR_GREATER_THAN = 3;
 //           The collator is made once for each locale and thread.
 ORVO_API int CompareStringA(unsigned locale, unsigned flags, const char* left, int leftLength,
                             const char* right, int rightLength);
+
+// The weight of each ASCII character by its code. Texts of characters that all have a weight
+// compare as CompareStringA with those flags does when their weights are compared byte by byte, a
+// text that ends first before a longer one. 0 stands for a character without a weight of its own:
+// it is ignored, or its place depends on its neighbours.
+using AsciiWeights = std::array<std::uint8_t, 128>;
+
+// Requires: flags of CompareStringA with NORM_IGNORECASE; for any other no character has a weight.
+// Gives:    the weights for the system's locale, which stay until it changes; made once for each
+//           locale and thread.
+ORVO_API const AsciiWeights& AsciiWeightsFor(unsigned flags);
 
 // Appends the sort key of a UTF-8 text: compared byte by byte, keys stand in the order that
 // CompareStringA with these flags gives. A key ends in a zero byte and holds no other, so that keys

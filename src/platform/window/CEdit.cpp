@@ -42,8 +42,8 @@ void CEdit::ReplaceSel(const CString& text) {
 
 LRESULT CEdit::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     LRESULT result = 0;
-    if (m_edit &&
-        (AnswerEdit(message, wParam, lParam, result) || AnswerInput(message, wParam, lParam))) {
+    if (m_edit && (AnswerEdit(message, wParam, lParam, result) || AnswerClipboard(message) ||
+                   AnswerInput(message, wParam, lParam))) {
         return result;
     }
     return CWnd::DefWindowProc(message, wParam, lParam);
@@ -92,12 +92,47 @@ bool CEdit::AnswerEdit(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& resu
             TellChange();
             result = 1;
             return true;
+        default:
+            return false;
+    }
+}
+
+bool CEdit::AnswerClipboard(UINT message) {
+    switch (message) {
         case WM_CLEAR:
             if (!m_edit->Selection().IsEmpty()) Replace({});
+            return true;
+        case WM_COPY:
+            CopyText();
+            return true;
+        case WM_CUT:
+            if (CopyText()) Replace({});
+            return true;
+        case WM_PASTE:
+            PasteText();
             return true;
         default:
             return false;
     }
+}
+
+// False, and the clipboard stays as it is, where nothing is selected.
+bool CEdit::CopyText() const {
+    const EditSelection selection = m_edit->Selection();
+    if (selection.IsEmpty()) return false;
+    WindowSystem::Current().SetClipboardText(
+        m_edit->Text().Mid(selection.First(), selection.Last() - selection.First()));
+    return true;
+}
+
+void CEdit::PasteText() {
+    constexpr std::string_view kLineEnds("\r\n\0", 3);
+    const CString clipboard = WindowSystem::Current().ClipboardText();
+    const std::string_view line =
+        clipboard.View().substr(0, clipboard.View().find_first_of(kLineEnds));
+    const std::size_t length = CutLength(CodePage::System(), line, Room(), false);
+    if (length > 0) Replace(line.substr(0, length));
+    if (length < line.size()) TellFull();
 }
 
 bool CEdit::AnswerInput(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -136,16 +171,25 @@ void CEdit::Replace(std::string_view text) {
     TellChange();
 }
 
-void CEdit::Insert(std::string_view text) {
+// The bytes that may still come in place of the selection.
+std::size_t CEdit::Room() const {
     const EditSelection selection = m_edit->Selection();
     const int kept = m_edit->Text().GetLength() - (selection.Last() - selection.First());
-    if (static_cast<std::size_t>(kept) + text.size() > m_limit) {
-        m_leadByte = 0;
-        MessageBeep(MB_OK);
-        CommandToParent(EN_MAXTEXT);
-        return;
+    return m_limit - std::min(m_limit, static_cast<std::size_t>(kept));
+}
+
+void CEdit::TellFull() {
+    m_leadByte = 0;
+    MessageBeep(MB_OK);
+    CommandToParent(EN_MAXTEXT);
+}
+
+void CEdit::Insert(std::string_view text) {
+    if (text.size() > Room()) {
+        TellFull();
+    } else {
+        Replace(text);
     }
-    Replace(text);
 }
 
 // The start of the character before, or the end of the one behind a position.
@@ -174,9 +218,33 @@ bool CEdit::DeleteFromSelection(int towards) {
     return true;
 }
 
+bool CEdit::ControlTyped(UINT character) {
+    constexpr UINT kControlA = 1;
+    constexpr UINT kControlC = 3;
+    constexpr UINT kControlV = 22;
+    constexpr UINT kControlX = 24;
+    switch (character) {
+        case kControlA:
+            SetSel(0, -1, 0);
+            return true;
+        case kControlC:
+            SendMessage(WM_COPY);
+            return true;
+        case kControlV:
+            SendMessage(WM_PASTE);
+            return true;
+        case kControlX:
+            SendMessage(WM_CUT);
+            return true;
+        default:
+            return false;
+    }
+}
+
 void CEdit::CharacterTyped(UINT character) {
     constexpr UINT kFirstPrintable = 0x20;
     constexpr UINT kDelete = 0x7F;
+    if (ControlTyped(character)) return;
     if (character == VK_BACK && m_leadByte == 0) {
         DeleteFromSelection(-1);
         return;

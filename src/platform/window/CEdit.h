@@ -13,7 +13,8 @@ namespace orvo {
 // EN_CHANGE after each change.
 //
 // WM_CHAR brings one character: a code point under UTF-8; on a page of double bytes the lead byte
-// comes first and waits for its trail byte.
+// comes first and waits for its trail byte. The control characters of Ctrl+A, C, X and V select
+// all, copy, cut and paste; of a text that is pasted the first line is taken, as much as fits.
 class ORVO_API CEdit : public CWnd {
 public:
     ~CEdit() override;
@@ -23,6 +24,8 @@ public:
     void ReplaceSel(const CString& text);
     void LimitText(int bytes) { SendMessage(EM_LIMITTEXT, static_cast<WPARAM>(bytes)); }
     void Clear() { SendMessage(WM_CLEAR); }
+    void Copy() { SendMessage(WM_COPY); }
+    void Cut() { SendMessage(WM_CUT); }
 
 protected:
     std::unique_ptr<WindowPeer> MakePeer(WindowSystem& system, const PeerPlace& place) override;
@@ -32,12 +35,18 @@ protected:
 
 private:
     bool AnswerEdit(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
+    bool AnswerClipboard(UINT message);
     bool AnswerInput(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT CopySelection(WPARAM first, LPARAM last) const;
     void Select(int first, int last);
+    bool CopyText() const;
+    void PasteText();
     void CharacterTyped(UINT character);
+    bool ControlTyped(UINT character);
     void KeyPressed(UINT key);
     void Replace(std::string_view text);
+    std::size_t Room() const;
+    void TellFull();
     void Insert(std::string_view text);
     bool DeleteFromSelection(int towards);
     int Neighbour(int position, int direction) const;

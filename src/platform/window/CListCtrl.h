@@ -75,6 +75,9 @@ public:
 
     BOOL SortItems(PFNLVCOMPARE compare, LPARAM argument);
 
+    // The row's picture in the image lists, asked for where the row wants that; -1 for none.
+    int GetItemImage(int row) { return RowImage(row); }
+
     // What LVN_GETINFOTIP answers for the row; empty where there is no tip.
     CString GetInfoTip(int row) { return InfoTip(row); }
 
@@ -127,7 +130,6 @@ private:
     void TellClick(UINT code, CPoint point, UINT flags);
     void TellHeadingClick(int column);
 
-    void PaintRows(CDC& dc);
     void DrawReportRow(CDC& dc, int row, const CRect& bounds);
     void DrawIcon(CDC& dc, int row);
 

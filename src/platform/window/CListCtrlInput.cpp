@@ -58,7 +58,7 @@ bool CListCtrl::AnswerInput(UINT message, WPARAM wParam, LPARAM lParam, LRESULT&
             return true;
         }
         case WM_PAINT:
-            if (wParam != 0) PaintRows(*reinterpret_cast<CDC*>(wParam));
+            if (wParam != 0 && m_list) m_list->PaintRows(*reinterpret_cast<CDC*>(wParam));
             return true;
         case WM_NOTIFY: {
             const auto* header = PointerOf<NMHEADER>(lParam);
@@ -90,9 +90,7 @@ void CListCtrl::LeftPressed(CPoint point, UINT flags) {
     const int row = m_list->HitTest(point).row;
     const bool extends = (flags & MK_SHIFT) != 0;
     const bool keeps = (flags & MK_CONTROL) != 0;
-    m_narrowsOnRelease =
-        !extends && !keeps && m_list->IsSelected(row) && m_list->SelectedCount() > 1;
-    HandleListPress(*m_list, row, Gesture(extends, keeps));
+    m_narrowsOnRelease = HandleListPress(*m_list, row, Gesture(extends, keeps));
 }
 
 void CListCtrl::LeftReleased(CPoint point, UINT flags) {
@@ -178,17 +176,6 @@ CString CListCtrl::InfoTip(int row) {
     question.lParam = static_cast<LPARAM>(m_list->Data(row));
     NotifyParent(question.hdr, LVN_GETINFOTIP);
     return CString(question.pszText);
-}
-
-void CListCtrl::PaintRows(CDC& dc) {
-    CRect client;
-    GetClientRect(&client);
-    dc.FillSolidRect(client, GetSysColor(COLOR_WINDOW));
-    for (const int row : m_list->VisibleRows()) {
-        CRect bounds;
-        if (m_list && m_list->RowRect(row, RowPart::Bounds, bounds)) DrawRow(dc, row, bounds);
-        if (!m_list) return;
-    }
 }
 
 void CListCtrl::DrawRow(CDC& dc, int row, const CRect& bounds) {

@@ -31,7 +31,6 @@ void GoTo(ListPeer& list, int row, const ListGesture& gesture) {
         list.SetAnchor(row);
     }
     list.SetFocusRow(row);
-    list.EnsureVisible(row, false);
 }
 
 void HandleSpace(ListPeer& list, const ListGesture& gesture) {
@@ -42,6 +41,7 @@ void HandleSpace(ListPeer& list, const ListGesture& gesture) {
     } else {
         GoTo(list, row, gesture);
     }
+    list.EnsureVisible(row, false);
 }
 
 // Page keys go to the edge of what is in view first, then one page on.
@@ -73,15 +73,18 @@ int RowForKey(const ListPeer& list, UINT key) {
         return row >= 0 && row < count ? row : focus;
     };
     const bool isReport = list.Mode() == ListMode::Report;
+    const bool isCard = list.Mode() == ListMode::Card;
+    const int down = isCard ? 1 : list.RowsPerLine();
+    const int aside = isCard ? list.RowsPerLine() : 1;
     switch (key) {
         case VK_UP:
-            return step(-list.RowsPerLine());
+            return step(-down);
         case VK_DOWN:
-            return step(list.RowsPerLine());
+            return step(down);
         case VK_LEFT:
-            return isReport ? -1 : step(-1);
+            return isReport ? -1 : step(-aside);
         case VK_RIGHT:
-            return isReport ? -1 : step(1);
+            return isReport ? -1 : step(aside);
         case VK_HOME:
             return 0;
         case VK_END:
@@ -101,15 +104,19 @@ bool HandleListKey(ListPeer& list, UINT key, const ListGesture& gesture) {
         return true;
     }
     const int row = RowForKey(list, key);
-    if (row >= 0) GoTo(list, row, gesture);
-    return row >= 0;
+    if (row < 0) return false;
+    GoTo(list, row, gesture);
+    list.EnsureVisible(row, false);
+    return true;
 }
 
-void HandleListPress(ListPeer& list, int row, const ListGesture& gesture) {
+bool HandleListPress(ListPeer& list, int row, const ListGesture& gesture) {
+    const bool isPlain = !gesture.keeps && !gesture.extends;
     if (row < 0) {
-        if (!gesture.keeps && !gesture.extends) list.Select(0, list.RowCount() - 1, false);
-        return;
+        if (isPlain) list.Select(0, list.RowCount() - 1, false);
+        return false;
     }
+    const bool narrows = isPlain && list.IsSelected(row) && list.SelectedCount() > 1;
     if (gesture.keeps && !gesture.extends) {
         Toggle(list, row, gesture.isSingle);
         list.SetFocusRow(row);
@@ -119,6 +126,7 @@ void HandleListPress(ListPeer& list, int row, const ListGesture& gesture) {
     } else {
         GoTo(list, row, gesture);
     }
+    return narrows;
 }
 
 void HandleListRightPress(ListPeer& list, int row, const ListGesture& gesture) {

@@ -30,7 +30,11 @@ public:
     virtual void HeadingClicked(int column) = 0;
 };
 
-enum class ListMode { Icon = 0, Report = 1, SmallIcon = 2, List = 3 };
+enum class ListMode { Icon = 0, Report = 1, SmallIcon = 2, List = 3, Card = 4 };
+
+// Pixels that are left free above each card and to the left of it.
+constexpr int kCardGutter = 8;
+
 enum class RowPart { Bounds = 0, Icon = 1, Label = 2 };
 enum class ImageUse { Normal, Small, State, Heading };
 
@@ -55,7 +59,8 @@ struct ListHit {
     UINT flags = LVHT_NOWHERE;  // LVHT_*
 };
 
-// A peer is painted with WM_PAINT, or it calls DrawRow for each row by itself.
+// A peer is painted with WM_PAINT, for which PaintRows does the work, or it calls DrawRow for each
+// row by itself.
 //
 // Rows and columns are counted from 0. A number outside is harmless: what asks gives a zero value,
 // what sets does nothing and gives false.
@@ -96,6 +101,11 @@ public:
     virtual void SetImages(ImageUse use, HIMAGELIST images) = 0;
     virtual HIMAGELIST Images(ImageUse use) const = 0;
 
+    // Pixels of a card without its gutter; a side is at least 1. A new size keeps the first row in
+    // view.
+    virtual CSize CardSize() const = 0;
+    virtual void SetCardSize(CSize size) = 0;
+
     // Selection, focus, and the anchor from which a range is drawn; -1 stands for none.
     virtual bool IsSelected(int row) const = 0;
     virtual void Select(int first, int last, bool selected) = 0;
@@ -110,7 +120,7 @@ public:
     virtual int TopRow() const = 0;
     virtual std::vector<int> VisibleRows() const = 0;  // also those that are partly in view
     virtual int RowsPerPage() const = 0;               // rows that fit wholly, at least 1
-    virtual int RowsPerLine() const = 0;               // 1 in report mode
+    virtual int RowsPerLine() const = 0;  // 1 in report mode; of cards, a line is a column
     virtual bool EnsureVisible(int row, bool partlyIsEnough) = 0;
     virtual bool RowRect(int row, RowPart part, CRect& rect) const = 0;
     virtual bool CellRect(int row, int column, CRect& rect) const = 0;
@@ -121,6 +131,9 @@ public:
     // A position of (-1, -1) leaves the placing to the peer.
     virtual bool SetIconPosition(int row, CPoint position) = 0;
     virtual void InvalidateRows(int first, int last) = 0;
+
+    // Paints the ground, and through the client each row that is in view.
+    void PaintRows(CDC& dc);
 
     // The heading as a window of its own.
     virtual std::unique_ptr<WindowPeer> MakeHeadingPeer() = 0;

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include <cstdio>
 
-#include <platform/text/CodePage.h>
 #include <platform/text/Utf8.h>
 #include <platform/window/CMenu.h>
 #include <platform/window/CWnd.h>
+#include <platform/window/KeyInput.h>
 #include <platform/window/MemoryEditPeer.h>
 #include <platform/window/MemoryListPeer.h>
 #include <platform/window/MemoryWindowSystem.h>
@@ -26,16 +26,6 @@ constexpr StandardColour kColours[] = {
     {COLOR_GRAYTEXT, RGB(128, 128, 128)}, {COLOR_BTNTEXT, RGB(0, 0, 0)},
     {COLOR_INFOTEXT, RGB(0, 0, 0)},       {COLOR_INFOBK, RGB(255, 255, 225)},
 };
-
-// Keys that are a character by themselves.
-constexpr UINT kCharacterKeys[] = {VK_BACK, VK_TAB, VK_RETURN, VK_ESCAPE, VK_SPACE};
-
-bool IsCharacterKey(UINT key) {
-    for (const UINT each : kCharacterKeys) {
-        if (each == key) return true;
-    }
-    return false;
-}
 
 void Collect(const CMenu& menu, std::vector<ShownMenu::Item>& items) {
     for (int position = 0; position < menu.GetMenuItemCount(); ++position) {
@@ -151,14 +141,10 @@ void MemoryWindowSystem::PressKey(UINT key, std::initializer_list<UINT> held) {
     if (!window) return;
     const HWND handle = window->GetSafeHwnd();
     m_keysDown.insert(held.begin(), held.end());
-    const bool withAlt = m_keysDown.count(VK_MENU) != 0;
-    const UINT message = withAlt ? WM_SYSKEYDOWN : WM_KEYDOWN;
-    const LPARAM once = MAKELPARAM(1, 0);
-    if (HandleInput({handle, message, key, once}) && !withAlt && IsCharacterKey(key)) {
-        HandleInput({handle, WM_CHAR, key, once});
-    }
+    const HeldKeys modifiers{IsKeyDown(VK_MENU), IsKeyDown(VK_CONTROL)};
+    HandleKeyDown(handle, key, modifiers);
     Pump();
-    HandleInput({handle, withAlt ? WM_SYSKEYUP : WM_KEYUP, key, once});
+    HandleKeyUp(handle, key, modifiers);
     for (const UINT each : held) m_keysDown.erase(each);
     Pump();
 }
@@ -166,17 +152,8 @@ void MemoryWindowSystem::PressKey(UINT key, std::initializer_list<UINT> held) {
 void MemoryWindowSystem::TypeText(std::string_view utf8) {
     while (!utf8.empty()) {
         const CodePoint first = FirstCodePoint(utf8);
-        std::string bytes;
-        CodePage::System().FromUtf8(utf8.substr(0, first.length), bytes);
-        const HWND handle = CWnd::GetFocus() ? CWnd::GetFocus()->GetSafeHwnd() : nullptr;
-        const LPARAM once = MAKELPARAM(1, 0);
-        if (CodePage::System().Number() == kUtf8CodePage) {
-            HandleInput({handle, WM_CHAR, first.value, once});
-        } else {
-            for (const char byte : bytes) {
-                HandleInput({handle, WM_CHAR, static_cast<unsigned char>(byte), once});
-            }
-        }
+        const CWnd* window = CWnd::GetFocus();
+        HandleCharacter(window ? window->GetSafeHwnd() : nullptr, first.value);
         Pump();
         utf8.remove_prefix(first.length);
     }

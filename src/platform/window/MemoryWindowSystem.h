@@ -77,6 +77,8 @@ public:
     CPoint PointerPosition() const override { return m_pointer; }
     bool IsKeyDown(UINT key) const override { return m_keysDown.count(key) != 0; }
     COLORREF Colour(int id) const override;
+    CString ClipboardText() const override { return m_clipboard; }
+    void SetClipboardText(const CString& text) override { m_clipboard = text; }
 
 private:
     using Choice = std::function<UINT(const ShownMenu&)>;
@@ -97,6 +99,7 @@ private:
     CPoint m_pointer;
     std::set<UINT> m_keysDown;
     std::map<int, COLORREF> m_colours;
+    CString m_clipboard;
 };
 
 }  // namespace orvo

@@ -50,6 +50,10 @@ public:
     virtual CPoint PointerPosition() const = 0;  // on the screen
     virtual bool IsKeyDown(UINT key) const = 0;
     virtual COLORREF Colour(int id) const = 0;  // COLOR_*; black for an unknown one
+
+    // What the user copied; empty where that is no text.
+    virtual CString ClipboardText() const = 0;
+    virtual void SetClipboardText(const CString& text) = 0;
 };
 
 ORVO_API BOOL MessageBeep(UINT type);

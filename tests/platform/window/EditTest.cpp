@@ -144,6 +144,64 @@ TEST_P(EditTest, ATextAtItsLimitTakesNoMore) {
     EXPECT_EQ(Text(), "abc");
 }
 
+constexpr WPARAM kControlA = 1;
+constexpr WPARAM kControlC = 3;
+constexpr WPARAM kControlV = 22;
+constexpr WPARAM kControlX = 24;
+
+TEST_P(EditTest, TheClipboardTakesAndGivesWholeText) {
+    edit.SetWindowText(InPage("a表あz"));
+    system.SetClipboardText("before");
+    edit.Copy();
+    edit.Cut();
+    EXPECT_EQ(system.ClipboardText(), "before") << "nothing was selected";
+
+    const int one = InPage("表").GetLength();
+    edit.SetSel(1, 1 + one);
+    edit.SendMessage(WM_CHAR, kControlC);
+    EXPECT_EQ(system.ClipboardText(), InPage("表"));
+    EXPECT_EQ(Text(), "a表あz");
+    form.changes = 0;
+    edit.SendMessage(WM_CHAR, kControlX);
+    EXPECT_EQ(Text(), "aあz");
+    EXPECT_EQ(form.changes, 1);
+    edit.SendMessage(WM_CHAR, kControlA);
+    EXPECT_EQ(Selection(), (EditSelection{0, edit.GetWindowTextLength()}));
+    edit.SendMessage(WM_CHAR, kControlV);
+    EXPECT_EQ(Text(), "表");
+    EXPECT_EQ(Selection().caret, one);
+}
+
+TEST_P(EditTest, APasteTakesTheFirstLineAndWhatFits) {
+    struct Row {
+        const char* why;
+        std::string_view clipboard;
+        const char* want;
+        int limit;
+        int beeps;
+    };
+    constexpr Row kRows[] = {
+        {"to the line feed", "ab\ncd", "<ab>", 9, 0},
+        {"to the carriage return", "ab\r\ncd", "<ab>", 9, 0},
+        {"an empty line", "\nab", "<>", 9, 0},
+        {"no text", "", "<>", 9, 0},
+        {"as much as fits", "abcd", "<abc>", 5, 1},
+        {"of whole characters", "a表", "<a>", 4, 1},
+        {"nothing fits", "a", "<>", 2, 1},
+        {"the text is over the limit already", "a", "<>", 1, 1},
+    };
+    for (const Row& row : kRows) {
+        edit.SetWindowText("<>");
+        edit.SetSel(1, 1);
+        edit.LimitText(row.limit);
+        system.SetClipboardText(InPage(row.clipboard));
+        const int beeps = system.Beeps();
+        edit.SendMessage(WM_PASTE);
+        EXPECT_EQ(Text(), row.want) << row.why;
+        EXPECT_EQ(system.Beeps() - beeps, row.beeps) << row.why;
+    }
+}
+
 TEST(DoubleByteEdit, ALeadByteWaitsAndIsForgottenWithoutATrailByteThatFits) {
     const LocaleInForce locale("ja-JP", 932);
     const SystemInForce system;

@@ -1,0 +1,19 @@
+// What stands behind a list control: how its rows are painted.
+// SPDX-License-Identifier: MIT
+#include <platform/window/CDC.h>
+#include <platform/window/ListPeer.h>
+#include <platform/window/WindowSystem.h>
+
+namespace orvo {
+
+void ListPeer::PaintRows(CDC& dc) {
+    const CSize client = ClientSize();
+    dc.FillSolidRect({0, 0, client.cx, client.cy}, GetSysColor(COLOR_WINDOW));
+    for (const int row : VisibleRows()) {
+        CRect bounds;
+        // Whoever paints may also take rows away, or the window.
+        if (m_client && RowRect(row, RowPart::Bounds, bounds)) m_client->DrawRow(dc, row, bounds);
+    }
+}
+
+}  // namespace orvo
