@@ -3,8 +3,9 @@
 
 say() { printf '==> %s\n' "$*" >&2; }
 
-build_packages="g++ cmake ninja-build ccache pkg-config libicu-dev libsqlite3-dev libical-dev libfmt-dev libcli11-dev nlohmann-json3-dev gettext"
-test_packages="libgtest-dev libgmock-dev clang-format python3"
+build_packages="g++ cmake ninja-build ccache pkg-config libicu-dev libsqlite3-dev libical-dev libfmt-dev libcli11-dev nlohmann-json3-dev gettext qt6-base-dev"
+picture_packages="fonts-dejavu-core fonts-noto-cjk"
+test_packages="libgtest-dev libgmock-dev clang-format python3 xvfb xdotool xauth imagemagick"
 check_packages="clang clang-tidy libclang-rt-14-dev libbenchmark-dev"
 
 # need_packages PACKAGE...: installs those that aren't there, and asks nothing where all are.

@@ -1,0 +1,47 @@
+// A list's rows as Qt's views see them; they are the peer's, and the model holds none.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QPoint>
+
+namespace orvo {
+
+class QtListPeer;
+
+// Columns have the peer's numbers. There is always one, for the icon modes.
+class QtListModel : public QAbstractTableModel {
+public:
+    QtListModel(QtListPeer& peer, QObject* parent) : QAbstractTableModel(parent), m_peer(&peer) {}
+
+    void LosePeer() { m_peer = nullptr; }  // no row is left
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+    // What a view asks beyond that: the tip at a point of the client area, and how far it scrolls.
+    QString TipAt(QPoint point) const;
+    int LastLine() const;
+    int LinesPerPage() const;
+    bool ScrollsAside() const;  // lines are columns
+
+    // For the peer, which says when its rows and columns change.
+    using QAbstractTableModel::beginInsertColumns;
+    using QAbstractTableModel::beginInsertRows;
+    using QAbstractTableModel::beginRemoveColumns;
+    using QAbstractTableModel::beginRemoveRows;
+    using QAbstractTableModel::beginResetModel;
+    using QAbstractTableModel::endInsertColumns;
+    using QAbstractTableModel::endInsertRows;
+    using QAbstractTableModel::endRemoveColumns;
+    using QAbstractTableModel::endRemoveRows;
+    using QAbstractTableModel::endResetModel;
+
+private:
+    QtListPeer* m_peer;
+};
+
+}  // namespace orvo

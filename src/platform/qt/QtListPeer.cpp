@@ -1,0 +1,303 @@
+// A list on the screen: two of Qt's views, of which the mode chooses one, over the same rows.
+// SPDX-License-Identifier: MIT
+#include <QApplication>
+#include <QFontMetrics>
+#include <QHeaderView>
+#include <QItemSelectionModel>
+#include <QScrollBar>
+#include <QStackedLayout>
+#include <QStackedWidget>
+#include <algorithm>
+
+#include <platform/qt/QtListModel.h>
+#include <platform/qt/QtListPeer.h>
+#include <platform/qt/QtListViews.h>
+
+namespace orvo {
+
+namespace {
+
+// Room for a line of the desktop's font, and around the icons for some of its characters.
+ListMetrics MetricsOfFont(const QFontMetrics& font) {
+    constexpr int kLabelCharacters = 14;
+    constexpr int kLabelLines = 2;
+    constexpr int kMargin = 4;
+    ListMetrics metrics;
+    metrics.rowHeight = std::max(metrics.rowHeight, font.height() + kMargin);
+    metrics.headingHeight = metrics.rowHeight + kMargin;
+    const int labelWidth = kLabelCharacters * font.averageCharWidth();
+    CSize& large = metrics.largeIconCell;
+    large.cx = std::max(large.cx, labelWidth + kMargin);
+    large.cy = metrics.largeIconLabelTop + kLabelLines * font.lineSpacing() + kMargin;
+    metrics.largeIconOffset.x = (large.cx - metrics.largeIconSize) / 2;
+    metrics.smallIconCell.cx = metrics.smallIconSize + 2 * labelWidth;
+    metrics.smallIconCell.cy = metrics.rowHeight;
+    metrics.smallIconOffset.y = (metrics.rowHeight - metrics.smallIconSize) / 2;
+    return metrics;
+}
+
+// The list's heading is Qt's own, which places and paints it.
+class QtHeadingPeer : public QtPeer<WindowPeer> {
+public:
+    explicit QtHeadingPeer(QHeaderView& header) : QtPeer<WindowPeer>(header, nullptr) {}
+
+    void SetPlace(const CRect&) override {}
+};
+
+}  // namespace
+
+class QtListPeer::Frame : public QStackedWidget {
+public:
+    Frame(QtInputState& input, QWidget* parent)
+        : QStackedWidget(parent), m_link(new QtWindowLink(*this, input, kStyle)) {
+        setLayoutDirection(Qt::LeftToRight);
+        layout()->setSizeConstraint(QLayout::SetNoConstraint);
+        m_link->Watch(*this);
+    }
+
+    QtWindowLink* Link() const { return m_link; }
+
+private:
+    static constexpr auto kStyle = QtWindowLink::Style::Messages;
+
+    QtWindowLink* m_link;
+};
+
+QtListPeer::QtListPeer(QtInputState& input, const PeerPlace& place)
+    : QtListPeer(*new Frame(input, ParentWidget(place)), place) {}
+
+QtListPeer::QtListPeer(Frame& frame, const PeerPlace& place)
+    : QtPeer<RowListPeer>(frame, frame.Link()) {
+    SetUp(place, MetricsOfFont(QFontMetrics(QApplication::font())));
+    m_model = new QtListModel(*this, &frame);
+    m_report = new QtReportView(*frame.Link(), *m_model, Metrics().headingHeight);
+    m_icons = new QtIconView(*frame.Link(), *m_model);
+    m_icons->setSelectionModel(m_report->selectionModel());
+    for (auto* view :
+         {static_cast<QAbstractItemView*>(m_report), static_cast<QAbstractItemView*>(m_icons)}) {
+        if ((place.style & WS_BORDER) != 0) view->setFrameShape(QFrame::StyledPanel);
+    }
+    frame.addWidget(m_report);
+    frame.addWidget(m_icons);
+    ShowView();
+    ShowColumns();
+    ConnectHeader();
+    SetUpWidget(*this, place);
+}
+
+QtListPeer::~QtListPeer() {
+    if (!m_model) return;
+    if (m_report) QObject::disconnect(m_report->header(), nullptr, m_model, nullptr);
+    m_model->LosePeer();
+}
+
+void QtListPeer::ConnectHeader() {
+    QHeaderView* header = m_report->header();
+    QObject::connect(header, &QHeaderView::sectionResized, m_model.data(),
+                     [this](int column, int, int width) {
+                         if (m_isShowingColumns) return;
+                         ListColumn content = Column(column);
+                         content.width = width;
+                         RowListPeer::SetColumn(column, content);
+                     });
+    QObject::connect(header, &QHeaderView::sectionMoved, m_model.data(), [this] {
+        if (!m_isShowingColumns) TakeShownOrder();
+    });
+    QObject::connect(header, &QHeaderView::sectionClicked, m_model.data(), [this](int column) {
+        if (Client() && column < ColumnCount()) Client()->HeadingClicked(column);
+    });
+}
+
+QAbstractItemView* QtListPeer::View() const {
+    if (IsReport()) return m_report;
+    return m_icons;
+}
+
+void QtListPeer::ShowView() {
+    if (!View()) return;
+    static_cast<Frame*>(Widget())->setCurrentWidget(View());
+    LayOutHidden(*Widget());
+    if (!IsReport()) m_icons->SetCell({Cell().cx, Cell().cy});
+}
+
+void QtListPeer::ShowColumns() {
+    if (!m_report) return;
+    m_isShowingColumns = true;
+    QHeaderView& header = *m_report->header();
+    for (int column = 0; column < header.count(); ++column) {
+        header.resizeSection(column, Column(column).width);
+    }
+    int place = 0;
+    for (const int column : ColumnOrder()) {
+        header.moveSection(header.visualIndex(column), place++);
+    }
+    emit m_model->headerDataChanged(Qt::Horizontal, 0, header.count() - 1);
+    m_isShowingColumns = false;
+}
+
+void QtListPeer::TakeShownOrder() {
+    std::vector<int> order = ColumnOrder();
+    int place = 0;
+    for (int& column : order) column = m_report->header()->logicalIndex(place++);
+    RowListPeer::SetColumnOrder(order);
+}
+
+void QtListPeer::ShowFocus() {
+    if (!m_report) return;
+    QItemSelectionModel& selection = *m_report->selectionModel();
+    const QModelIndex focus = FocusRow() < 0 ? QModelIndex() : m_model->index(FocusRow(), 0);
+    if (selection.currentIndex() != focus) {
+        selection.setCurrentIndex(focus, QItemSelectionModel::NoUpdate);
+    }
+}
+
+int QtListPeer::InsertRow(int row, ListRow content) {
+    if (row < 0 || !m_model) return -1;
+    const int place = std::min(row, RowCount());
+    m_model->beginInsertRows({}, place, place);
+    RowListPeer::InsertRow(place, std::move(content));
+    m_model->endInsertRows();
+    return place;
+}
+
+bool QtListPeer::DeleteRow(int row) {
+    if (row < 0 || row >= RowCount() || !m_model) return false;
+    m_model->beginRemoveRows({}, row, row);
+    RowListPeer::DeleteRow(row);
+    m_model->endRemoveRows();
+    ShowFocus();
+    return true;
+}
+
+void QtListPeer::DeleteAllRows() {
+    if (!m_model) return;
+    m_model->beginResetModel();
+    RowListPeer::DeleteAllRows();
+    m_model->endResetModel();
+    ShowColumns();
+}
+
+// All rows are alike to Qt, so that no layout changes.
+void QtListPeer::Reorder(const std::vector<std::uint32_t>& order) {
+    RowListPeer::Reorder(order);
+    ShowFocus();
+}
+
+bool QtListPeer::SetFocusRow(int row) {
+    const bool isSet = RowListPeer::SetFocusRow(row);
+    ShowFocus();
+    return isSet;
+}
+
+int QtListPeer::InsertColumn(int column, const ListColumn& content) {
+    if (column < 0 || !m_model) return -1;
+    const int place = std::min(column, ColumnCount());
+    // The model shows a column also where there is none.
+    const bool isNew = ColumnCount() > 0;
+    if (isNew) m_model->beginInsertColumns({}, place, place);
+    RowListPeer::InsertColumn(place, content);
+    if (isNew) m_model->endInsertColumns();
+    ShowColumns();
+    return place;
+}
+
+bool QtListPeer::DeleteColumn(int column) {
+    if (column < 0 || column >= ColumnCount() || !m_model) return false;
+    const bool isLast = ColumnCount() == 1;
+    if (!isLast) m_model->beginRemoveColumns({}, column, column);
+    RowListPeer::DeleteColumn(column);
+    if (!isLast) m_model->endRemoveColumns();
+    ShowColumns();
+    return true;
+}
+
+bool QtListPeer::SetColumn(int column, const ListColumn& content) {
+    if (!RowListPeer::SetColumn(column, content)) return false;
+    ShowColumns();
+    return true;
+}
+
+bool QtListPeer::SetColumnOrder(const std::vector<int>& order) {
+    if (!RowListPeer::SetColumnOrder(order)) return false;
+    ShowColumns();
+    return true;
+}
+
+void QtListPeer::SetMode(ListMode mode) {
+    RowListPeer::SetMode(mode);
+    ShowView();
+}
+
+void QtListPeer::SetImages(ImageUse use, HIMAGELIST images) {
+    RowListPeer::SetImages(use, images);
+    if (use == ImageUse::Heading) ShowColumns();
+}
+
+void QtListPeer::SetCardSize(CSize size) {
+    RowListPeer::SetCardSize(size);
+    ShowView();
+}
+
+bool QtListPeer::SetIconPosition(int row, CPoint position) {
+    const bool isSet = RowListPeer::SetIconPosition(row, position);
+    if (m_icons) m_icons->LayOut();
+    return isSet;
+}
+
+void QtListPeer::TakeFocus() {
+    if (View()) View()->setFocus();
+}
+
+CString QtListPeer::ShownText(int row, int column) const {
+    return Client() ? Client()->CellText(row, column) : CString();
+}
+
+CString QtListPeer::ShownTip(CPoint point) const {
+    const int row = HitTest(point).row;
+    return Client() && row >= 0 ? Client()->InfoTip(row) : CString();
+}
+
+CRect QtListPeer::RowsArea() const {
+    if (!View()) return {};
+    const QWidget& viewport = *View()->viewport();
+    return FromQt(QRect(viewport.mapTo(Widget(), QPoint()), viewport.size()));
+}
+
+QScrollBar& QtListPeer::LineBar() const {
+    return IsReport() ? *m_report->verticalScrollBar() : m_icons->LineBar();
+}
+
+int QtListPeer::TopLine() const {
+    return View() ? LineBar().value() : 0;
+}
+
+void QtListPeer::ScrollToLine(int line) {
+    if (!View()) return;
+    QScrollBar& bar = LineBar();
+    // New rows may not have come into Qt's layout yet.
+    if (line > bar.maximum()) LayOutRows();
+    bar.setValue(line);
+}
+
+void QtListPeer::LayOutRows() {
+    if (IsReport()) {
+        m_report->LayOut();
+    } else {
+        m_icons->LayOut();
+    }
+}
+
+int QtListPeer::LeftOffset() const {
+    return IsReport() && m_report ? m_report->header()->offset() : 0;
+}
+
+QWidget* QtListPeer::PaintedWidget() const {
+    return View() ? View()->viewport() : nullptr;
+}
+
+std::unique_ptr<WindowPeer> QtListPeer::MakeHeadingPeer() {
+    if (!m_report) return nullptr;
+    return std::make_unique<QtHeadingPeer>(*m_report->header());
+}
+
+}  // namespace orvo

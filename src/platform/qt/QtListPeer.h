@@ -1,0 +1,75 @@
+// A list on the screen: two of Qt's views, of which the mode chooses one, over the same rows.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+
+#include <platform/qt/QtPeer.h>
+#include <platform/window/RowListPeer.h>
+
+class QAbstractItemView;
+class QScrollBar;
+
+namespace orvo {
+
+class QtIconView;
+class QtListModel;
+class QtReportView;
+
+// Rows, selection and focus are RowListPeer's; Qt knows only how many rows there are and which has
+// the focus. How far the list is scrolled is Qt's.
+class QtListPeer : public QtPeer<RowListPeer> {
+public:
+    QtListPeer(QtInputState& input, const PeerPlace& place);
+    ~QtListPeer() override;
+
+    int InsertRow(int row, ListRow content) override;
+    bool DeleteRow(int row) override;
+    void DeleteAllRows() override;
+    void Reorder(const std::vector<std::uint32_t>& order) override;
+    bool SetFocusRow(int row) override;
+    int InsertColumn(int column, const ListColumn& content) override;
+    bool DeleteColumn(int column) override;
+    bool SetColumn(int column, const ListColumn& content) override;
+    bool SetColumnOrder(const std::vector<int>& order) override;
+    void SetMode(ListMode mode) override;
+    void SetImages(ImageUse use, HIMAGELIST images) override;
+    void SetCardSize(CSize size) override;
+    bool SetIconPosition(int row, CPoint position) override;
+    void TakeFocus() override;
+    std::unique_ptr<WindowPeer> MakeHeadingPeer() override;
+
+    // What the model asks.
+    int RowHeight() const { return Metrics().rowHeight; }
+    CString ShownText(int row, int column) const;
+    CString ShownTip(CPoint point) const;
+    using RowListPeer::LastLine;
+    using RowListPeer::LinesPerPage;
+
+protected:
+    CRect RowsArea() const override;
+    int TopLine() const override;
+    void ScrollToLine(int line) override;
+    int LeftOffset() const override;
+    QWidget* PaintedWidget() const override;
+
+private:
+    class Frame;
+    QtListPeer(Frame& frame, const PeerPlace& place);
+
+    QAbstractItemView* View() const;  // null once the widget is gone
+    void ConnectHeader();
+    void ShowView();
+    void ShowColumns();
+    void ShowFocus();
+    void TakeShownOrder();
+    void LayOutRows();
+    QScrollBar& LineBar() const;  // requires the widget
+
+    QPointer<QtReportView> m_report;
+    QPointer<QtIconView> m_icons;
+    QPointer<QtListModel> m_model;
+    bool m_isShowingColumns = false;
+};
+
+}  // namespace orvo

@@ -1,0 +1,67 @@
+// The link between a widget and its peer: events become messages, paints ask for WM_PAINT.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QObject>
+#include <QPicture>
+#include <QPointer>
+#include <QWidget>
+#include <set>
+
+#include <platform/window/WindowPeer.h>
+
+namespace orvo {
+
+// What the window system knows of the user's hands.
+struct QtInputState {
+    QPointer<QWidget> underPointer;   // where the last mouse event went
+    Qt::KeyboardModifiers modifiers;  // of the event that is being handled
+    std::set<UINT> keysDown;
+};
+
+// A link lives as long as its widget, which may be longer than the peer: a handler may destroy the
+// window whose event it handles.
+class QtWindowLink : public QObject {
+public:
+    enum class Style {
+        Messages,       // the widget itself sees no key or button
+        MessagesFirst,  // it sees them after the window has handled the messages
+    };
+
+    // `client` is the widget that owns the link; client coordinates are its own.
+    QtWindowLink(QWidget& client, QtInputState& input, Style style);
+
+    void SetPeer(WindowPeer* peer) { m_peer = peer; }  // null once it is gone
+    HWND Handle() const { return m_peer ? m_peer->Handle() : nullptr; }
+
+    // Events of the widget become messages; the widget is the client or lies inside.
+    void Watch(QWidget& widget);
+
+    // Called by a paint event of the widget, the client or one inside.
+    void Paint(QWidget& painted);
+
+    // The picture is shown over the window until the window is to paint itself anew.
+    void DrawLater(const QPicture& picture);
+    void ForgetDrawn() { m_drawn = QPicture(); }
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    bool ButtonEvent(QWidget& widget, const QMouseEvent& event);
+    bool PointerMoved(QWidget& widget, const QMouseEvent& event);
+    bool KeyPressed(QWidget& widget, QKeyEvent& event);
+    bool KeyReleased(const QKeyEvent& event);
+    void FocusLost(const QFocusEvent& event);
+    void PaletteChanged();
+    CPoint ClientPoint(const QWidget& widget, const QMouseEvent& event) const;
+
+    QWidget& m_client;
+    QtInputState& m_input;
+    Style m_style;
+    WindowPeer* m_peer = nullptr;
+    QPicture m_drawn;
+};
+
+}  // namespace orvo

@@ -1,0 +1,159 @@
+// The window system of the desktop, over Qt.
+// SPDX-License-Identifier: MIT
+#include <QApplication>
+#include <QClipboard>
+#include <QCursor>
+#include <QPalette>
+#include <QToolTip>
+
+#include <platform/qt/QtCanvas.h>
+#include <platform/qt/QtDialogs.h>
+#include <platform/qt/QtEditPeer.h>
+#include <platform/qt/QtKeys.h>
+#include <platform/qt/QtListPeer.h>
+#include <platform/qt/QtWindowPeer.h>
+#include <platform/qt/QtWindowSystem.h>
+#include <platform/window/CWnd.h>
+#include <platform/window/WindowInput.h>
+
+namespace orvo {
+
+namespace {
+
+struct ColourRow {
+    int id;
+    QPalette::ColorRole role;
+    QPalette::ColorGroup group = QPalette::Active;
+};
+constexpr ColourRow kColours[] = {
+    {COLOR_WINDOW, QPalette::Base},
+    {COLOR_WINDOWTEXT, QPalette::Text},
+    {COLOR_HIGHLIGHT, QPalette::Highlight},
+    {COLOR_HIGHLIGHTTEXT, QPalette::HighlightedText},
+    {COLOR_BTNFACE, QPalette::Button},
+    {COLOR_BTNSHADOW, QPalette::Dark},
+    {COLOR_GRAYTEXT, QPalette::Text, QPalette::Disabled},
+    {COLOR_BTNTEXT, QPalette::ButtonText},
+    {COLOR_INFOTEXT, QPalette::ToolTipText},
+    {COLOR_INFOBK, QPalette::ToolTipBase},
+};
+
+struct ShapeRow {
+    int standard;
+    Qt::CursorShape shape;
+};
+constexpr ShapeRow kShapes[] = {
+    {IDC_ARROW, Qt::ArrowCursor},    {IDC_IBEAM, Qt::IBeamCursor},       {IDC_WAIT, Qt::WaitCursor},
+    {IDC_SIZEWE, Qt::SizeHorCursor}, {IDC_HAND, Qt::PointingHandCursor},
+};
+
+QCursor ToQt(const Cursor& cursor) {
+    for (const ShapeRow& row : kShapes) {
+        if (row.standard == cursor.standard) return row.shape;
+    }
+    return QCursor(QPixmap::fromImage(ToQt(cursor.picture, cursor.clear)), cursor.hotSpot.x,
+                   cursor.hotSpot.y);
+}
+
+QWidget* OwnerWidget(const CWnd* owner) {
+    QWidget* widget = QtWindowSystem::WidgetOf(owner);
+    return widget ? widget : QApplication::activeWindow();
+}
+
+}  // namespace
+
+QtWindowSystem::QtWindowSystem() {
+    m_wakeUp.setSingleShot(true);
+    QObject::connect(&m_wakeUp, &QTimer::timeout, &m_wakeUp, [] { PumpMessages(); });
+}
+
+// Widgets that wait for their end have links to this system.
+QtWindowSystem::~QtWindowSystem() {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+QWidget* QtWindowSystem::WidgetOf(const CWnd* window) {
+    const auto* peer = window ? dynamic_cast<QtWidgetState*>(window->GetPeer()) : nullptr;
+    return peer ? peer->Widget() : nullptr;
+}
+
+std::unique_ptr<WindowPeer> QtWindowSystem::MakeWindowPeer(const PeerPlace& place) {
+    return std::make_unique<QtWindowPeer>(m_input, place);
+}
+
+std::unique_ptr<ListPeer> QtWindowSystem::MakeListPeer(const PeerPlace& place) {
+    return std::make_unique<QtListPeer>(m_input, place);
+}
+
+std::unique_ptr<EditPeer> QtWindowSystem::MakeEditPeer(const PeerPlace& place) {
+    return std::make_unique<QtEditPeer>(m_input, place);
+}
+
+std::unique_ptr<Canvas> QtWindowSystem::MakeMeasuringCanvas() {
+    return std::make_unique<QtCanvas>(nullptr);
+}
+
+void QtWindowSystem::WakeUp() {
+    if (!m_wakeUp.isActive()) m_wakeUp.start();
+}
+
+UINT QtWindowSystem::TrackPopupMenu(CMenu& menu, UINT flags, CPoint point, CWnd* owner) {
+    return ShowPopupMenu(menu, flags, point, OwnerWidget(owner));
+}
+
+int QtWindowSystem::ShowMessageBox(CWnd* owner, const CString& text, UINT type) {
+    return AskInMessageBox(text, type, OwnerWidget(owner));
+}
+
+bool QtWindowSystem::PickDay(CWnd* owner, CTime& day) {
+    return AskForDay(day, OwnerWidget(owner));
+}
+
+void QtWindowSystem::Beep(UINT) {
+    QApplication::beep();
+}
+
+// A shape belongs to the window under the pointer, but the waiting shape to all windows.
+void QtWindowSystem::ShowCursor(HCURSOR cursor) {
+    const bool waits = cursor && cursor->standard == IDC_WAIT;
+    if (waits && !m_showsWaiting) QApplication::setOverrideCursor(Qt::WaitCursor);
+    if (!waits && m_showsWaiting) QApplication::restoreOverrideCursor();
+    m_showsWaiting = waits;
+    if (waits || !m_input.underPointer) return;
+    if (cursor) {
+        m_input.underPointer->setCursor(ToQt(*cursor));
+    } else {
+        m_input.underPointer->unsetCursor();
+    }
+}
+
+CPoint QtWindowSystem::PointerPosition() const {
+    return FromQt(QCursor::pos());
+}
+
+bool QtWindowSystem::IsKeyDown(UINT key) const {
+    const Qt::KeyboardModifier modifier = ModifierOf(key);
+    if (modifier == Qt::NoModifier) return m_input.keysDown.count(key) != 0;
+    return m_input.modifiers.testFlag(modifier) ||
+           QGuiApplication::keyboardModifiers().testFlag(modifier);
+}
+
+COLORREF QtWindowSystem::Colour(int id) const {
+    for (const ColourRow& row : kColours) {
+        if (row.id != id) continue;
+        const bool isTip = row.role == QPalette::ToolTipText || row.role == QPalette::ToolTipBase;
+        const QPalette palette = isTip ? QToolTip::palette() : QApplication::palette();
+        return ColourFromQt(palette.color(row.group, row.role));
+    }
+    return RGB(0, 0, 0);
+}
+
+CString QtWindowSystem::ClipboardText() const {
+    return FromQt(QGuiApplication::clipboard()->text());
+}
+
+void QtWindowSystem::SetClipboardText(const CString& text) {
+    QGuiApplication::clipboard()->setText(ToQt(text.View()));
+}
+
+}  // namespace orvo

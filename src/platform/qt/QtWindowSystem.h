@@ -1,0 +1,49 @@
+// The window system of the desktop, over Qt.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QTimer>
+#include <QWidget>
+#include <memory>
+
+#include <platform/qt/QtWindowLink.h>
+#include <platform/window/WindowSystem.h>
+
+namespace orvo {
+
+// The QApplication is made before it and goes after it. Posted messages are handled by Qt's event
+// loop. Places are in Qt's device-independent pixels.
+class QtWindowSystem : public WindowSystem {
+public:
+    QtWindowSystem();
+    ~QtWindowSystem() override;
+    QtWindowSystem(const QtWindowSystem&) = delete;
+    QtWindowSystem& operator=(const QtWindowSystem&) = delete;
+
+    // The widget behind a window, for a host that puts it into a layout of its own; null where the
+    // window isn't there, or isn't on the screen.
+    static QWidget* WidgetOf(const CWnd* window);
+
+    std::unique_ptr<WindowPeer> MakeWindowPeer(const PeerPlace& place) override;
+    std::unique_ptr<ListPeer> MakeListPeer(const PeerPlace& place) override;
+    std::unique_ptr<EditPeer> MakeEditPeer(const PeerPlace& place) override;
+    std::unique_ptr<Canvas> MakeMeasuringCanvas() override;
+    void WakeUp() override;
+    UINT TrackPopupMenu(CMenu& menu, UINT flags, CPoint point, CWnd* owner) override;
+    int ShowMessageBox(CWnd* owner, const CString& text, UINT type) override;
+    bool PickDay(CWnd* owner, CTime& day) override;
+    void Beep(UINT type) override;
+    void ShowCursor(HCURSOR cursor) override;
+    CPoint PointerPosition() const override;
+    bool IsKeyDown(UINT key) const override;
+    COLORREF Colour(int id) const override;
+    CString ClipboardText() const override;
+    void SetClipboardText(const CString& text) override;
+
+private:
+    QtInputState m_input;
+    QTimer m_wakeUp;  // runs while posted messages wait for the event loop
+    bool m_showsWaiting = false;
+};
+
+}  // namespace orvo

@@ -1,0 +1,67 @@
+// Windows on the screen for one test, with the user's hands.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QAbstractScrollArea>
+#include <QImage>
+#include <QPixmap>
+#include <QTest>
+#include <QWidget>
+
+#include <gtest/gtest.h>
+
+#include <platform/qt/QtConvert.h>
+#include <platform/qt/QtWindowSystem.h>
+#include <platform/window/CWnd.h>
+
+namespace orvo {
+
+struct QtSystemInForce : QtWindowSystem {
+    QtSystemInForce() { WindowSystem::SetCurrent(this); }
+    ~QtSystemInForce() override { WindowSystem::SetCurrent(nullptr); }
+};
+
+// A window of the screen, which children are put into.
+class QtWindowFixture : public testing::Test {
+protected:
+    void SetUp() override {
+        parent.Create(WS_POPUP | WS_VISIBLE, {0, 0, 400, 300}, nullptr, 0);
+        Widget(parent).activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&Widget(parent)));
+    }
+
+    static QWidget& Widget(const CWnd& window) { return *QtWindowSystem::WidgetOf(&window); }
+
+    // The user's keys go to the widget with the focus.
+    static void Press(Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier) {
+        ASSERT_NE(QApplication::focusWidget(), nullptr);
+        QTest::keyClick(QApplication::focusWidget(), key, held);
+    }
+
+    // The button goes to the widget that is seen at the point of the window.
+    static void Click(const CWnd& window, CPoint point, Qt::MouseButton button = Qt::LeftButton,
+                      Qt::KeyboardModifiers held = Qt::NoModifier) {
+        QWidget& widget = Widget(window);
+        QWidget* seen = widget.childAt(ToQt(point));
+        QWidget& target = seen ? *seen : widget;
+        QTest::mouseClick(&target, button, held, target.mapFrom(&widget, ToQt(point)));
+    }
+
+    static QImage Picture(const CWnd& window) { return Widget(window).grab().toImage(); }
+
+    QtSystemInForce system;
+    CWnd parent;
+};
+
+// How many pixels of the area have the colour.
+inline int PixelsOf(const QImage& picture, const CRect& area, COLORREF colour) {
+    int count = 0;
+    for (int y = area.top; y < area.bottom; ++y) {
+        for (int x = area.left; x < area.right; ++x) {
+            if (picture.valid(x, y)) count += ColourFromQt(picture.pixelColor(x, y)) == colour;
+        }
+    }
+    return count;
+}
+
+}  // namespace orvo

@@ -1,0 +1,319 @@
+// A list on the screen: the user's keys, clicks and columns, and what is painted.
+// SPDX-License-Identifier: MIT
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QScrollBar>
+#include <QToolTip>
+#include <QTreeView>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+
+#include <platform/qt/QtFixture.h>
+#include <platform/text/MultiByte.h>
+#include <platform/window/CListCtrl.h>
+
+namespace orvo {
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class List : public CListCtrl {
+public:
+    static const MessageMap& ThisMap() {
+        static const MessageMap map{
+            CListCtrl::ThisMap(),
+            {OnNotifyReflect<NM_CLICK>(&List::OnClick), OnNotifyReflect<NM_RCLICK>(&List::OnClick),
+             OnNotifyReflect<NM_DBLCLK>(&List::OnClick),
+             OnNotifyReflect<LVN_ITEMCHANGED>(&List::OnItemChanged),
+             OnNotifyReflect<LVN_GETINFOTIP>(&List::OnGetInfoTip),
+             OnNotifyReflect<LVN_COLUMNCLICK>(&List::OnColumnClick)}};
+        return map;
+    }
+    const MessageMap& GetMessageMap() const override { return ThisMap(); }
+
+    std::vector<int> Selected() const {
+        std::vector<int> rows;
+        POSITION position = GetFirstSelectedItemPosition();
+        while (position) rows.push_back(GetNextSelectedItem(position));
+        return rows;
+    }
+
+    std::vector<UINT> clicks;
+    int changes = 0;
+    int clickedHeading = -1;
+    bool goesOnClick = false;
+
+private:
+    void OnClick(NMHDR* header, LRESULT*) {
+        clicks.push_back(header->code);
+        if (goesOnClick) DestroyWindow();
+    }
+    void OnItemChanged(NMHDR*, LRESULT*) { ++changes; }
+    void OnGetInfoTip(NMHDR* header, LRESULT*) {
+        auto& tip = *reinterpret_cast<NMLVGETINFOTIP*>(header);
+        const std::string text = "<b>tip of " + std::to_string(tip.iItem);
+        lstrcpyn(tip.pszText, text.c_str(), tip.cchTextMax);
+    }
+    void OnColumnClick(NMHDR* header, LRESULT*) {
+        clickedHeading = reinterpret_cast<NMLISTVIEW*>(header)->iSubItem;
+    }
+};
+
+class QtListTest : public QtWindowFixture {
+protected:
+    void SetUp() override {
+        QtWindowFixture::SetUp();
+        list.Create(LVS_REPORT, {0, 0, 400, 200}, &parent, 1);
+        list.InsertColumn(0, "Name", LVCFMT_LEFT, 100);
+        list.InsertColumn(1, "City", LVCFMT_RIGHT, 80);
+        list.InsertColumn(2, "Note", LVCFMT_LEFT, 60);
+        for (int row = 0; row < 50; ++row) list.InsertItem(row, std::to_string(row).c_str());
+        list.SetFocus();
+    }
+
+    CPoint Cell(int row, int column = 0) const {
+        CRect rect;
+        EXPECT_TRUE(list.GetSubItemRect(row, column, LVIR_BOUNDS, &rect));
+        return rect.CenterPoint();
+    }
+    QHeaderView& Header() const { return *Widget(list).findChild<QTreeView*>()->header(); }
+    std::vector<int> Order() const {
+        std::vector<int> order(3);
+        list.GetColumnOrderArray(order.data());
+        return order;
+    }
+
+    List list;
+};
+
+TEST_F(QtListTest, KeysMoveAndExtendTheSelection) {
+    Press(Qt::Key_Down);
+    Press(Qt::Key_Down);
+    Press(Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_THAT(list.Selected(), ElementsAre(1, 2));
+
+    Press(Qt::Key_End);
+
+    EXPECT_THAT(list.Selected(), ElementsAre(49));
+    EXPECT_EQ(list.GetNextItem(-1, LVNI_FOCUSED), 49);
+    EXPECT_GT(list.GetTopIndex(), 0);
+    EXPECT_GT(list.changes, 0);
+}
+
+TEST_F(QtListTest, AClickSelectsTheRowThatIsSeenThereAlsoWhenScrolled) {
+    Click(list, Cell(2));
+    Click(list, Cell(4, 1), Qt::LeftButton, Qt::ControlModifier);
+    EXPECT_THAT(list.Selected(), ElementsAre(2, 4));
+
+    list.EnsureVisible(49, 0);
+    Click(list, Cell(48), Qt::RightButton);
+
+    EXPECT_THAT(list.Selected(), ElementsAre(48));
+    EXPECT_THAT(list.clicks, ElementsAre(NM_CLICK, NM_CLICK, NM_RCLICK));
+}
+
+TEST_F(QtListTest, ADoubleClickIsTold) {
+    QWidget& viewport = *Widget(list).findChild<QTreeView*>()->viewport();
+    QTest::mouseDClick(&viewport, Qt::LeftButton, {},
+                       viewport.mapFrom(&Widget(list), ToQt(Cell(1))));
+
+    EXPECT_THAT(list.clicks, testing::Contains(NM_DBLCLK));
+}
+
+TEST_F(QtListTest, AClickMayDestroyTheList) {
+    list.goesOnClick = true;
+
+    Click(list, Cell(1));
+
+    EXPECT_EQ(list.GetSafeHwnd(), nullptr);
+    EXPECT_EQ(list.clicks.size(), 1U);
+}
+
+TEST_F(QtListTest, ColumnsThatTheUserMovesAndWidensAreTheLists) {
+    Header().moveSection(2, 0);
+    Header().resizeSection(1, 123);
+
+    EXPECT_THAT(Order(), ElementsAre(2, 0, 1));
+    EXPECT_EQ(list.GetColumnWidth(1), 123);
+    EXPECT_EQ(list.GetColumnWidth(0), 100);
+}
+
+TEST_F(QtListTest, TheUserDragsAColumnsEdge) {
+    QWidget& heading = *Header().viewport();
+    const QPoint edge(99, heading.height() / 2);
+
+    QTest::mousePress(&heading, Qt::LeftButton, {}, edge);
+    QTest::mouseMove(&heading, edge + QPoint(30, 0));
+    QTest::mouseRelease(&heading, Qt::LeftButton, {}, edge + QPoint(30, 0));
+
+    EXPECT_EQ(list.GetColumnWidth(0), 130);
+    QTest::mouseDClick(&heading, Qt::LeftButton, {}, edge + QPoint(30, 0));
+    EXPECT_EQ(list.GetColumnWidth(0), 130) << "its cells aren't Qt's to measure";
+    EXPECT_EQ(list.clickedHeading, -1);
+}
+
+TEST_F(QtListTest, ColumnsComeAndGoInTheHeadingToo) {
+    const int order[] = {2, 1, 0};
+    list.SetColumnOrderArray(3, order);
+    list.InsertColumn(1, "New", LVCFMT_LEFT, 33);
+    list.DeleteColumn(2);  // City
+
+    ASSERT_EQ(Header().count(), 3);
+    const QAbstractItemModel& model = *Header().model();
+    std::vector<std::string> shown;
+    for (int place = 0; place < 3; ++place) {
+        const int column = Header().logicalIndex(place);
+        shown.push_back(
+            model.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString().toStdString());
+        EXPECT_EQ(Header().sectionSize(column), list.GetColumnWidth(column)) << column;
+    }
+    EXPECT_THAT(shown, ElementsAre("Note", "New", "Name"));
+}
+
+TEST_F(QtListTest, AClickOnAHeadingNamesTheColumnWhereverItStands) {
+    Header().moveSection(2, 0);
+    QWidget& heading = *Header().viewport();
+
+    QTest::mouseClick(&heading, Qt::LeftButton, {}, {20, heading.height() / 2});
+
+    EXPECT_EQ(list.clickedHeading, 2);
+}
+
+TEST_F(QtListTest, PlacesFollowTheHeadingThatIsScrolledAside) {
+    list.SetColumnWidth(0, 500);
+    QCoreApplication::processEvents();
+    const CPoint before = Cell(1, 1);
+
+    Widget(list).findChild<QTreeView*>()->horizontalScrollBar()->setValue(40);
+
+    EXPECT_EQ(Cell(1, 1), before - CPoint({40, 0}));
+    CRect heading;
+    list.GetHeaderCtrl()->SendMessage(HDM_GETITEMRECT, 1, LParamOf(&heading));
+    EXPECT_EQ(heading.left, Header().sectionViewportPosition(1));
+}
+
+TEST_F(QtListTest, ARowIsPaintedWhereItsRectangleSays) {
+    list.SetItemState(3, LVIS_SELECTED, LVIS_SELECTED);
+    CRect row;
+    list.GetItemRect(3, &row, LVIR_BOUNDS);
+    CRect below = row;
+    below.OffsetRect({0, row.Height()});
+
+    const QImage picture = Picture(list);
+
+    const int all = row.Width() * row.Height();
+    const COLORREF highlight = GetSysColor(COLOR_HIGHLIGHT);
+    EXPECT_GT(PixelsOf(picture, row, highlight), all * 8 / 10);
+    EXPECT_LT(PixelsOf(picture, row, highlight), all) << "its text is there, too";
+    EXPECT_EQ(PixelsOf(picture, below, highlight), 0);
+    EXPECT_LT(PixelsOf(picture, below, GetSysColor(COLOR_WINDOW)), all) << "its text";
+}
+
+TEST_F(QtListTest, APictureIsPaintedWithoutThePixelsOfItsMask) {
+    constexpr COLORREF kRed = RGB(255, 0, 0);
+    constexpr COLORREF kMask = RGB(255, 0, 255);
+    CBitmap bitmap({16, 16}, kMask);
+    for (int x = 0; x < 16; ++x) bitmap.SetPixel({x, 5}, kRed);
+    CImageList images;
+    images.Create(16, 16, ILC_COLOR24 | ILC_MASK, 1, 0);
+    images.Add(bitmap, kMask);
+    list.SetImageList(&images, LVSIL_SMALL);
+    LVITEM item;
+    item.mask = LVIF_IMAGE;
+    item.iItem = 2;
+    item.iImage = 0;
+    list.SetItem(item);
+    CRect icon;
+    list.GetItemRect(2, &icon, LVIR_ICON);
+
+    const QImage picture = Picture(list);
+
+    EXPECT_EQ(PixelsOf(picture, icon, kRed), 16);
+    EXPECT_EQ(PixelsOf(picture, icon, kMask), 0);
+}
+
+TEST_F(QtListTest, InIconModesRowsStandInLinesAndGiveTips) {
+    list.SetView(LVS_ICON);
+    CRect icon;
+    ASSERT_TRUE(list.GetItemRect(1, &icon, LVIR_ICON));
+    Click(list, icon.CenterPoint());
+    EXPECT_THAT(list.Selected(), ElementsAre(1));
+    Press(Qt::Key_Right);
+    EXPECT_THAT(list.Selected(), ElementsAre(2));
+
+    QWidget& seen = *Widget(list).childAt(ToQt(icon.CenterPoint()));
+    const QPoint place = seen.mapFrom(&Widget(list), ToQt(icon.CenterPoint()));
+    QHelpEvent help(QEvent::ToolTip, place, seen.mapToGlobal(place));
+    QCoreApplication::sendEvent(&seen, &help);
+
+    EXPECT_TRUE(QToolTip::text().contains("&lt;b&gt;tip")) << QToolTip::text().toStdString();
+    QToolTip::hideText();
+}
+
+TEST_F(QtListTest, AnIconPlacedBelowAllOthersCanBeScrolledTo) {
+    list.SetView(LVS_ICON);
+    ASSERT_TRUE(list.SetItemPosition(0, {10, 5000}));
+
+    list.EnsureVisible(0, 0);
+
+    CRect icon;
+    list.GetItemRect(0, &icon, LVIR_ICON);
+    EXPECT_EQ(list.HitTest(icon.CenterPoint()), 0);
+    EXPECT_GE(icon.top, 0);
+    EXPECT_LE(icon.bottom, 200);
+}
+
+TEST_F(QtListTest, CardsAreScrolledAsideByColumnsAndClickedWhereTheyAreSeen) {
+    auto& peer = dynamic_cast<ListPeer&>(*list.GetPeer());
+    peer.SetCardSize({100, 60});
+    peer.SetMode(ListMode::Card);
+    ASSERT_GT(peer.RowsPerLine(), 1);
+
+    peer.EnsureVisible(49, false);
+    CRect card;
+    ASSERT_TRUE(peer.RowRect(49, RowPart::Bounds, card));
+    EXPECT_GT(peer.TopRow(), 0);
+    EXPECT_LE(card.right, 400);
+    Click(list, card.CenterPoint());
+    EXPECT_THAT(list.Selected(), ElementsAre(49));
+
+    Press(Qt::Key_Home);
+    EXPECT_EQ(peer.TopRow(), 0);
+    peer.SetMode(ListMode::Icon);
+    peer.EnsureVisible(49, false);
+    EXPECT_GT(peer.TopRow(), 0);
+}
+
+TEST_F(QtListTest, WhileDrawingIsOffNothingIsPainted) {
+    list.SetRedraw(0);
+    EXPECT_FALSE(Widget(list).updatesEnabled());
+    for (int row = 0; row < 50; ++row) list.DeleteItem(0);
+    list.SetRedraw(1);
+
+    EXPECT_TRUE(Widget(list).updatesEnabled());
+    EXPECT_EQ(PixelsOf(Picture(list), {0, 60, 380, 180}, GetSysColor(COLOR_WINDOW)), 380 * 120);
+}
+
+TEST(QtHiddenList, KnowsItsPlacesBeforeItIsShown) {
+    const QtSystemInForce system;
+    CWnd parent;
+    parent.Create(WS_POPUP, {0, 0, 400, 300}, nullptr, 0);
+    CListCtrl list;
+    list.Create(LVS_REPORT, {0, 0, 400, 200}, &parent, 1);
+    list.InsertColumn(0, "Name", LVCFMT_LEFT, 100);
+    for (int row = 0; row < 1000; ++row) list.InsertItem(row, "x");
+
+    list.EnsureVisible(999, 0);
+
+    EXPECT_GT(list.GetCountPerPage(), 4);
+    EXPECT_EQ(list.GetTopIndex(), 1000 - list.GetCountPerPage());
+}
+
+}  // namespace
+
+}  // namespace orvo

@@ -1,0 +1,196 @@
+// Plain windows on the screen: closing, sizes, painting, colours, posted messages and cursors.
+// SPDX-License-Identifier: MIT
+#include <QApplication>
+#include <QPalette>
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+
+#include <platform/qt/QtFixture.h>
+#include <platform/window/CDC.h>
+#include <support/CodePages.h>
+#include <support/LocaleInForce.h>
+
+namespace orvo {
+
+namespace {
+
+using testing::ElementsAre;
+
+constexpr COLORREF kRed = RGB(255, 0, 0);
+constexpr COLORREF kBlue = RGB(0, 0, 255);
+
+class Window : public CWnd {
+public:
+    static const MessageMap& ThisMap() {
+        static const MessageMap map{
+            CWnd::ThisMap(),
+            {On<WM_DESTROY>(&Window::OnGone), On<WM_SIZE>(&Window::OnSized),
+             On<WM_PAINT>(&Window::OnPaint), On<WM_SYSCOLORCHANGE>(&Window::OnColours),
+             On<WM_APP>(&Window::OnApp), On<WM_SETCURSOR>(&Window::OnShape),
+             On<WM_LBUTTONDOWN>(&Window::OnPressed)}};
+        return map;
+    }
+    const MessageMap& GetMessageMap() const override { return ThisMap(); }
+
+    std::vector<std::string> told;
+    HCURSOR shape = nullptr;
+    int paints = 0;
+
+private:
+    void OnGone() { told.push_back("gone"); }
+    void OnSized(UINT, int width, int) { told.push_back("size " + std::to_string(width)); }
+    LRESULT OnPaint(WPARAM wParam, LPARAM) {
+        ++paints;
+        reinterpret_cast<CDC*>(wParam)->FillSolidRect({10, 10, 30, 30}, kRed);
+        return 0;
+    }
+    void OnColours() { told.push_back("colours"); }
+    LRESULT OnApp(WPARAM wParam, LPARAM) {
+        told.push_back("app " + std::to_string(wParam));
+        if (wParam == 1) PostMessage(WM_APP, 2);
+        return 0;
+    }
+    BOOL OnShape(CWnd*, UINT, UINT) {
+        SetCursor(shape);
+        return 1;
+    }
+    void OnPressed(UINT flags, CPoint point) {
+        told.push_back("press " + std::to_string(point.x) + " " + std::to_string(flags));
+    }
+};
+
+class QtWindowTest : public testing::Test {
+protected:
+    void SetUp() override { window.Create(WS_POPUP | WS_VISIBLE, {20, 20, 220, 120}, nullptr, 0); }
+    static QWidget& Widget(const CWnd& window) { return *QtWindowSystem::WidgetOf(&window); }
+
+    QtSystemInForce system;
+    Window window;
+};
+
+TEST_F(QtWindowTest, ClosingItDestroysTheWindow) {
+    Widget(window).close();
+
+    EXPECT_EQ(window.GetSafeHwnd(), nullptr);
+    EXPECT_THAT(window.told, ElementsAre("gone"));
+}
+
+TEST_F(QtWindowTest, TheUsersSizesAreTold) {
+    Widget(window).resize(300, 100);
+    window.MoveWindow({20, 20, 420, 120});
+
+    EXPECT_THAT(window.told, ElementsAre("size 300", "size 400"));
+}
+
+TEST_F(QtWindowTest, PaintsItselfAndKeepsWhatIsDrawnOnItUntilItPaintsAnew) {
+    { CClientDC(&window).FillSolidRect({50, 10, 60, 20}, kBlue); }
+
+    const QImage drawn = Widget(window).grab().toImage();
+    EXPECT_EQ(PixelsOf(drawn, {0, 0, 200, 100}, kRed), 400);
+    EXPECT_EQ(PixelsOf(drawn, {0, 0, 200, 100}, kBlue), 100);
+
+    window.Invalidate();
+    EXPECT_EQ(PixelsOf(Widget(window).grab().toImage(), {0, 0, 200, 100}, kBlue), 0);
+}
+
+TEST_F(QtWindowTest, AnUpdatePaintsAtOnceButNothingTwice) {
+    QCoreApplication::processEvents();
+    window.paints = 0;
+
+    window.Invalidate();
+    EXPECT_EQ(window.paints, 0);
+    window.UpdateWindow();
+    window.UpdateWindow();
+    EXPECT_EQ(window.paints, 1);
+
+    window.SetRedraw(0);
+    window.RedrawWindow();
+    EXPECT_EQ(window.paints, 1);
+    window.SetRedraw(1);
+    window.UpdateWindow();
+    EXPECT_EQ(window.paints, 2);
+}
+
+TEST_F(QtWindowTest, PostedMessagesAreHandledByTheEventLoop) {
+    window.PostMessage(WM_APP, 1);
+    EXPECT_TRUE(window.told.empty());
+
+    QCoreApplication::processEvents();
+
+    EXPECT_THAT(window.told, ElementsAre("app 1", "app 2"));
+}
+
+TEST_F(QtWindowTest, AChangeOfThePaletteIsToldAndChangesTheColours) {
+    const QPalette before = QApplication::palette();
+    QPalette dark = before;
+    dark.setColor(QPalette::Base, Qt::black);
+
+    QApplication::setPalette(dark);
+    QCoreApplication::processEvents();
+    const COLORREF ground = GetSysColor(COLOR_WINDOW);
+    QApplication::setPalette(before);
+    QCoreApplication::processEvents();
+
+    EXPECT_EQ(ground, RGB(0, 0, 0));
+    EXPECT_THAT(window.told, ElementsAre("colours", "colours"));
+    EXPECT_EQ(GetSysColor(9999), RGB(0, 0, 0));
+}
+
+TEST_F(QtWindowTest, ACursorIsShownOverTheWindowUnderThePointer) {
+    Cursor picture;
+    picture.picture.Create({16, 16}, kRed);
+    picture.hotSpot = {3, 4};
+
+    window.shape = LoadStandardCursor(IDC_HAND);
+    QTest::mouseMove(&Widget(window), {5, 5});
+    EXPECT_EQ(Widget(window).cursor().shape(), Qt::PointingHandCursor);
+
+    window.shape = &picture;
+    QTest::mouseMove(&Widget(window), {6, 5});
+    EXPECT_EQ(Widget(window).cursor().hotSpot(), QPoint(3, 4));
+    {
+        const CWaitCursor waits;
+        ASSERT_NE(QApplication::overrideCursor(), nullptr);
+        EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    }
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    SetCursor(nullptr);
+}
+
+TEST_F(QtWindowTest, AButtonComesWithThePlaceInTheWindow) {
+    QTest::mouseClick(&Widget(window), Qt::LeftButton, Qt::ShiftModifier, {33, 5});
+
+    EXPECT_THAT(window.told, ElementsAre("press 33 5"));  // MK_LBUTTON | MK_SHIFT
+}
+
+TEST_F(QtWindowTest, AChildStandsInItsParent) {
+    Window child;
+    child.Create(WS_CHILD, {10, 20, 60, 50}, &window, 7);
+    CPoint corner;
+    child.ClientToScreen(&corner);
+
+    EXPECT_EQ(corner, Window::FromHandle(window.GetSafeHwnd())->GetPeer()->ClientOrigin() +
+                          CPoint({10, 20}));
+    EXPECT_TRUE(child.IsWindowVisible());
+    child.ShowWindow(0);
+    EXPECT_FALSE(child.IsWindowVisible());
+}
+
+TEST(QtText, IsMeasuredAndCutInTheSystemsCodePage) {
+    const QtSystemInForce system;
+    for (const LocaleCase& each : kBothCodePages) {
+        const LocaleInForce locale(each.tag, each.codePage);
+        const CDC dc;
+        const CString text = FromQt(QString::fromUtf8("平成é"));
+        EXPECT_EQ(ToQt(text.View()), QString::fromUtf8("平成é")) << each.tag;
+        EXPECT_EQ(dc.GetTextExtent(text).cx,
+                  QFontMetrics(QApplication::font()).horizontalAdvance(QString::fromUtf8("平成é")))
+            << each.tag;
+    }
+}
+
+}  // namespace
+
+}  // namespace orvo
