@@ -256,6 +256,11 @@ public:
     using Listener = std::function<void(const RecordChange&)>;
     void SetListener(Listener listener) { m_listener = std::move(listener); }
 
+    // Told where a walk over the table fails, with the reason in one line: at a damaged record,
+    // which it passes over, or for good.
+    using FailureListener = std::function<void(const std::string& reason, bool isOver)>;
+    void SetFailureListener(FailureListener listener) { m_failed = std::move(listener); }
+
     // Reads categories and labels again as the store has them now, and forgets what a Rollback has
     // taken back. To be called when a transaction has begun and after its Rollback; adding a
     // category and setting a label do it by themselves.
@@ -284,6 +289,7 @@ protected:
     TableKind m_kind;
     CCategoryMgr m_categories;
     Listener m_listener;
+    FailureListener m_failed;
     std::int64_t m_foreignVersion;
 
 private:
@@ -356,6 +362,7 @@ protected:
 
 private:
     long Step(CBaseRecord& record);
+    void TellFailure() const;
 
     std::unique_ptr<StoreCursor> m_cursor;
     bool m_begun = false;

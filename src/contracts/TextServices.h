@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <string_view>
+
 #include <platform/Export.h>
 #include <platform/text/CString.h>
 
@@ -37,6 +39,9 @@ ORVO_API void AppendBackslash(CString& text);
 // Moves the first line of `text` into `line`, without its line end, and leaves the rest in `text`.
 // A line ends at "\r\n", at "\r" or at "\n". On an empty text both end up empty.
 ORVO_API void GetFirstLine(CString& text, CString& line);
+
+// The same over a text that stays: gives the first line, and moves the view behind its end.
+ORVO_API std::string_view TakeFirstLine(std::string_view& text);
 
 // Non-zero where the text holds more than one line: something other than nothing follows the first
 // line's end.

@@ -22,6 +22,13 @@ FirstLine FindFirstLine(std::string_view text) {
 
 }  // namespace
 
+std::string_view TakeFirstLine(std::string_view& text) {
+    const FirstLine first = FindFirstLine(text);
+    const std::string_view line = text.substr(0, first.length);
+    text.remove_prefix(first.next);
+    return line;
+}
+
 void GetFirstLine(CString& text, CString& line) {
     const FirstLine first = FindFirstLine(text.View());
     line.Bytes() = text.Bytes().substr(0, first.length);

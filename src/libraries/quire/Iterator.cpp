@@ -9,6 +9,7 @@ namespace orvo {
 namespace {
 
 constexpr long kEnd = static_cast<long>(StoreStatus::End);
+constexpr long kFailed = static_cast<long>(StoreStatus::Failed);
 
 }  // namespace
 
@@ -28,7 +29,13 @@ long CBaseIterator::Begin(std::unique_ptr<StoreCursor> cursor, CBaseRecord& reco
     m_cursor = std::move(cursor);
     m_begun = true;
     m_isAtDamage = false;
-    return m_cursor ? Step(record) : static_cast<long>(StoreStatus::Failed);
+    if (m_cursor) return Step(record);
+    TellFailure();
+    return kFailed;
+}
+
+void CBaseIterator::TellFailure() const {
+    if (m_table.m_failed) m_table.m_failed(m_table.LastError(), !m_isAtDamage);
 }
 
 void CBaseIterator::End() {
@@ -46,7 +53,8 @@ long CBaseIterator::Step(CBaseRecord& record) {
     StoredRow row;
     const StoreStatus status = m_cursor->Next(row);
     const long result = status == StoreStatus::Ok ? record.Load(row) : static_cast<long>(status);
-    m_isAtDamage = result == static_cast<long>(StoreStatus::Failed) && row.id != 0;
+    m_isAtDamage = result == kFailed && row.id != 0;
+    if (result == kFailed) TellFailure();
     return result;
 }
 

@@ -25,6 +25,9 @@ public:
         utf8 = "own";
         return true;
     }
+    std::string_view FindResource(ResourceKind, unsigned number) const override {
+        return number == 1 ? "own menu" : "";
+    }
 };
 
 struct LanguageModuleTest : testing::Test {
@@ -66,6 +69,7 @@ TEST_F(LanguageModuleTest, TheLanguageModuleComesFirstAndTheOwnTextsBehindIt) {
     EXPECT_EQ(Text(language, 9189), "-Unbenannt-");
     EXPECT_EQ(Text(language, 1), "own");
     EXPECT_EQ(Text(language, 2), "none");
+    EXPECT_EQ(language->FindResource(ResourceKind::Menu, 1), "own menu");
 
     EXPECT_NE(CmnFreeLanguageModule(language, &own), 0);
     EXPECT_EQ(CmnFreeLanguageModule(language, &own), 0) << "it is gone";

@@ -1,0 +1,48 @@
+// The store of the user: where it lies, and how a host opens it.
+// SPDX-License-Identifier: MIT
+#include <cstdlib>
+#include <filesystem>
+
+#include <fmt/format.h>
+
+#include <libraries/quire/UserStore.h>
+
+namespace orvo {
+namespace {
+
+namespace fs = std::filesystem;
+
+// The XDG rules: a relative or empty XDG_DATA_HOME doesn't count. Empty where there is no home.
+fs::path OwnPath() {
+    const char* data = std::getenv("XDG_DATA_HOME");
+    if (data != nullptr && fs::path(data).is_absolute()) return fs::path(data) / "orvo" / "orvo.db";
+    const char* home = std::getenv("HOME");
+    if (home == nullptr || *home == '\0') return {};
+    return fs::path(home) / ".local" / "share" / "orvo" / "orvo.db";
+}
+
+bool MakeFolder(const fs::path& folder, std::string& error) {
+    std::error_code failure;
+    fs::create_directories(folder, failure);
+    if (failure) {
+        error = fmt::format("{}: can't be made: {}", folder.string(), failure.message());
+        return false;
+    }
+    // People's addresses are nobody else's business.
+    fs::permissions(folder, fs::perms::owner_all, failure);
+    return true;
+}
+
+}  // namespace
+
+std::unique_ptr<SqliteEngine> OpenUserStore(const std::string& path, std::string& error) {
+    if (!path.empty()) return SqliteEngine::Open(path, error);
+    const fs::path own = OwnPath();
+    if (own.empty()) {
+        error = "HOME is not set: name the store with --store FILE";
+        return nullptr;
+    }
+    return MakeFolder(own.parent_path(), error) ? SqliteEngine::Open(own.string(), error) : nullptr;
+}
+
+}  // namespace orvo

@@ -1,0 +1,18 @@
+// The store of the user: where it lies, and how a host opens it.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include <libraries/quire/SqliteEngine.h>
+#include <platform/Export.h>
+
+namespace orvo {
+
+// Opens or creates the store file at `path`; an empty path stands for orvo/orvo.db in the user's
+// data folder ($XDG_DATA_HOME, else ~/.local/share), whose folder is then made, for the user alone.
+// Gives:  the engine; null on failure, with the reason in one line in `error`.
+ORVO_API std::unique_ptr<SqliteEngine> OpenUserStore(const std::string& path, std::string& error);
+
+}  // namespace orvo

@@ -1,0 +1,97 @@
+// A list widget that records which cells it is asked to paint.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <contracts/ListWidget.h>
+#include <platform/window/MemoryListPeer.h>
+#include <platform/window/WindowFixture.h>
+
+namespace orvo {
+
+// Rows whose data word is below 100 are private.
+class RecordingList : public COrvoUIListViewCtrl {
+public:
+    static constexpr DWORD kFirstPublic = 100;
+
+    static const MessageMap& ThisMap() {
+        static const MessageMap map{COrvoUIListViewCtrl::ThisMap(),
+                                    {OnNotifyReflect<NM_CLICK>(&RecordingList::OnClick),
+                                     OnNotifyReflect<LVN_ITEMCHANGED>(&RecordingList::OnChange),
+                                     OnNotifyReflect<LVN_GETDISPINFO>(&RecordingList::OnQuestion)}};
+        return map;
+    }
+    const MessageMap& GetMessageMap() const override { return ThisMap(); }
+    int IsRecordPrivate(DWORD data) override { return data != 0 && data < kFirstPublic; }
+
+    using COrvoUIListViewCtrl::GetMainItemRect;
+    using COrvoUIListViewCtrl::m_aColumns;
+    using COrvoUIListViewCtrl::SubItemFromIndex;
+
+    struct Cell {
+        DWORD data;
+        int id;
+        CRect rect;
+        int selected;
+        friend bool operator==(const Cell&, const Cell&) = default;
+        friend void PrintTo(const Cell& cell, std::ostream* out) {
+            *out << cell.data << " column " << cell.id << " at " << cell.rect.left << ','
+                 << cell.rect.top << ',' << cell.rect.right << ',' << cell.rect.bottom
+                 << (cell.selected != 0 ? " selected" : "");
+        }
+    };
+    std::vector<Cell> cells;
+    UINT textFlags = 0;
+    int clicks = 0;
+    int changes = 0;
+    int questions = 0;
+
+protected:
+    void DrawColumn(CDC*, int column, DWORD data, CRect& rect, UINT flags, int reserved,
+                    int selected) override {
+        EXPECT_EQ(reserved, 0);
+        textFlags = flags;
+        cells.push_back({data, SubItemFromIndex(column), rect, selected});
+    }
+
+private:
+    void OnClick(NMHDR*, LRESULT*) { ++clicks; }
+    void OnChange(NMHDR*, LRESULT*) { ++changes; }
+    void OnQuestion(NMHDR*, LRESULT*) { ++questions; }
+};
+
+// Columns 0, 1 and 2, none of them shown. The heading takes 20 pixels, a row 18; six rows fit.
+class ListFixture : public testing::Test {
+protected:
+    void SetUp() override {
+        list.Create(LVS_REPORT, {0, 0, 400, 128}, nullptr, 1);
+        COrvoLVColumn column;
+        column.bShown = 1;  // the widget alone says what is shown
+        for (const char* name : {"Name", "Note", "Category"}) {
+            column.strHeading = column.strName = name;
+            column.nWidth = 100 + 10 * column.nId;
+            EXPECT_NE(list.InitializeColumn(&column), 0);
+            ++column.nId;
+        }
+    }
+
+    int Insert(DWORD data) {
+        return list.InsertRecord(list.GetItemCount(), reinterpret_cast<void*>(data), 0, 0);
+    }
+    const Recording& Paint() {
+        Peer().ForgetDrawn();
+        list.cells.clear();
+        list.RedrawWindow();
+        return Peer().Drawn();
+    }
+    MemoryListPeer& Peer() { return dynamic_cast<MemoryListPeer&>(*list.GetPeer()); }
+
+    SystemInForce system;
+    RecordingList list;
+};
+
+}  // namespace orvo
