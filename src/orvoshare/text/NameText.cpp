@@ -38,12 +38,8 @@ void RemoveTabs(CString& text) {
     text.Replace("\t", "    ");
 }
 
-void AppendLines(CString text, CStringArray& lines) {
-    CString line;
-    while (!text.IsEmpty()) {
-        GetFirstLine(text, line);
-        lines.Add(line);
-    }
+void AppendLines(const CString& text, CStringArray& lines) {
+    for (std::string_view rest = text.View(); !rest.empty();) lines.Add(TakeFirstLine(rest));
 }
 
 void FormatName(CAddressRecord* record, CString& result) {

@@ -6,8 +6,8 @@
 
 #include <gtest/gtest.h>
 
-#include <orvoshare/addresslist/AddrCompare.h>
-#include <orvoshare/addresslist/AddressOrder.h>
+#include <orvoshare/addressviews/AddrCompare.h>
+#include <orvoshare/addressviews/AddressOrder.h>
 #include <support/AddressFixture.h>
 #include <support/CodePages.h>
 #include <support/LocaleInForce.h>

@@ -1,0 +1,209 @@
+// CDetailViewAddrCard: addresses as business cards.
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <memory>
+
+#include <contracts/Profile.h>
+#include <contracts/ResourceScope.h>
+#include <orvoshare/addressviews/AddressInsert.h>
+#include <orvoshare/addressviews/AddressOrder.h>
+#include <orvoshare/addressviews/DetailViewAddrCard.h>
+#include <orvoshare/addressviews/LookupEdit.h>
+#include <orvoshare/module/OrvoShareModule.h>
+
+namespace orvo {
+namespace {
+
+constexpr const char* kWidthKey = "BusCardWidth";
+constexpr const char* kHeightKey = "BusCardHeight";
+
+// What stands between the longest label and the values, in characters.
+constexpr int kTabGap = 4;
+
+}  // namespace
+
+CDetailViewAddrCard::CDetailViewAddrCard() {
+    RegisterAddressSortKeys();
+}
+
+CDetailViewAddrCard::~CDetailViewAddrCard() {
+    // Here, as the records are freed by this class's handler.
+    DestroyWindow();
+}
+
+int CDetailViewAddrCard::Initialize(CAddressTable* pTable) {
+    m_pAddressTable = pTable;
+    const int tabStop = ComputeTabPosition();
+    if (tabStop > 0) SetTabStop(tabStop);
+    return 1;
+}
+
+int CDetailViewAddrCard::ComputeTabPosition() {
+    if (m_pAddressTable == nullptr) return 0;
+    int longest = 0;
+    for (int id = 0; id < m_pAddressTable->GetPhoneLabelCount(); ++id) {
+        longest = std::max(longest, m_pAddressTable->GetPhoneLabel(id).GetLength());
+    }
+    for (int number = 1; number <= kCustomFields; ++number) {
+        longest = std::max(longest, m_pAddressTable->GetCustomLabel(number).GetLength());
+    }
+    return longest + kTabGap;
+}
+
+int CDetailViewAddrCard::ReadCardSize(const char* pszSection) {
+    if (pszSection == nullptr) return 0;
+    const CDllResourceHandler resources(OrvoShareRecord());
+    const auto width = static_cast<int>(OUIGetProfileInt(pszSection, kWidthKey, 0));
+    const auto height = static_cast<int>(OUIGetProfileInt(pszSection, kHeightKey, 0));
+    if (width == 0 || height == 0) return 0;
+    SetCardSize(width, height, 1);
+    return 1;
+}
+
+int CDetailViewAddrCard::WriteCardSize(const char* pszSection) {
+    if (pszSection == nullptr) return 0;
+    const CDllResourceHandler resources(OrvoShareRecord());
+    int width = 0;
+    int height = 0;
+    GetCardSize(&width, &height);
+    OUIWriteProfileInt(pszSection, kWidthKey, width);
+    OUIWriteProfileInt(pszSection, kHeightKey, height);
+    return 1;
+}
+
+int CDetailViewAddrCard::SortByCompare(PFNLVCOMPARE compare, long listBy) {
+    return SortItems(compare, static_cast<unsigned long>(listBy));
+}
+
+int CDetailViewAddrCard::DV_InsertRecord(int nIndex, CAddressRecord* pRecord, int bSorted) {
+    if (pRecord == nullptr) return -1;
+    if (bSorted != 0) nIndex = static_cast<int>(DV_GetIndexToInsert(pRecord));
+    InsertCard(nIndex, pRecord, 1);
+    return nIndex;
+}
+
+unsigned long CDetailViewAddrCard::DV_GetIndexToInsert(CAddressRecord* pRecord) {
+    return IndexToInsert(*this, pRecord);
+}
+
+int CDetailViewAddrCard::DV_DeleteItem(int nIndex) {
+    DeleteCard(nIndex, 1);
+    return 1;
+}
+
+void CDetailViewAddrCard::DV_DeleteAll() {
+    if (GetCardCount() == 0) return;
+    DeleteItemData();
+    DeleteAllCards(1);
+}
+
+void CDetailViewAddrCard::DeleteItemData() {
+    const int count = DV_GetItemCount();
+    for (int index = 0; index < count; ++index) {
+        const std::unique_ptr<CAddressRecord> record(RecordOf(DV_GetItemData(index)));
+    }
+}
+
+int CDetailViewAddrCard::DV_GetItemCount() {
+    return GetCardCount();
+}
+
+unsigned long CDetailViewAddrCard::DV_GetItemData(int nIndex) {
+    return reinterpret_cast<unsigned long>(GetCardData(nIndex));
+}
+
+unsigned CDetailViewAddrCard::DV_GetSelectedCount() {
+    return static_cast<unsigned>(GetSelectedCount());
+}
+
+void CDetailViewAddrCard::DV_SelectAllItems(int bSelect) {
+    SelectAllCards(bSelect, 1);
+}
+
+int CDetailViewAddrCard::DV_SelectItem(int nIndex, int bSelect) {
+    SelectCard(nIndex, bSelect, 1);
+    return 1;
+}
+
+void CDetailViewAddrCard::DV_SelectAndScroll(int nIndex) {
+    SelectAndScrollCard(nIndex, 1);
+}
+
+int CDetailViewAddrCard::DV_IsItemSelected(int nIndex) {
+    return IsCardSelected(nIndex);
+}
+
+int CDetailViewAddrCard::DV_GetFirstSelectedItem() {
+    return GetFirstSelectedCardIndex();
+}
+
+int CDetailViewAddrCard::DV_GetFocusedItem() {
+    return GetFocusCardIndex();
+}
+
+POSITION CDetailViewAddrCard::DV_GetFirstSelectedItemPosition() {
+    return GetFirstSelectedCardPosition();
+}
+
+int CDetailViewAddrCard::DV_GetNextSelectedItem(POSITION& pos) {
+    return GetNextSelectedCardIndex(pos);
+}
+
+int CDetailViewAddrCard::DV_Update(int nIndex) {
+    Update(nIndex);
+    return 1;
+}
+
+void CDetailViewAddrCard::DV_SetRedraw(int bRedraw) {
+    SetRedraw(bRedraw);
+}
+
+int CDetailViewAddrCard::DV_EnsureVisible(int nIndex, int) {
+    return EnsureVisible(nIndex);
+}
+
+HWND CDetailViewAddrCard::DV_GetHwnd() {
+    return GetSafeHwnd();
+}
+
+int CDetailViewAddrCard::DV_FindItemByData(long lData) {
+    return FindCardIndexByData(reinterpret_cast<void*>(lData));
+}
+
+void CDetailViewAddrCard::DV_SetMaskPrivate(int bMask) {
+    if (bMask == m_bMaskPrivate) return;
+    m_bMaskPrivate = bMask;
+    RedrawWindow(nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
+}
+
+void CDetailViewAddrCard::DV_FillFromTable(CAddressTable* pTable, int nCategory, int bHidePrivate,
+                                           int nListBy) {
+    DVC_FillFromTable(pTable, nCategory, bHidePrivate, nListBy);
+}
+
+int CDetailViewAddrCard::DV_Lookup(CString strKey) {
+    return DVC_Lookup(std::move(strKey));
+}
+
+int CDetailViewAddrCard::DV_ReSort(int nIndex, int nCategory, int bHidePrivate) {
+    return DVC_ReSort(nIndex, nCategory, bHidePrivate);
+}
+
+int CDetailViewAddrCard::DV_Resort() {
+    return DVC_Resort();
+}
+
+int CDetailViewAddrCard::DV_IsPrivateRecordSelected() {
+    return DVC_IsPrivateRecordSelected();
+}
+
+int CDetailViewAddrCard::DV_VerifyCategoryAndPrivate(CAddressRecord* pRecord, int nCategory,
+                                                     int bHidePrivate) {
+    return DVC_VerifyCategoryAndPrivate(pRecord, nCategory, bHidePrivate);
+}
+
+int CDetailViewAddrCard::DV_VerifyCategoryAndPrivate(int nIndex, int nCategory, int bHidePrivate) {
+    return DVC_VerifyCategoryAndPrivate(nIndex, nCategory, bHidePrivate);
+}
+
+}  // namespace orvo

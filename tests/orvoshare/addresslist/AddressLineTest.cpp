@@ -1,0 +1,124 @@
+// An address in one line.
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <orvoshare/addresslist/AddressLine.h>
+#include <orvoshare/resources/StringTable.h>
+#include <platform/text/CodePage.h>
+#include <support/CodePages.h>
+#include <support/LocaleInForce.h>
+
+namespace orvo {
+namespace {
+
+CString FromUtf8(std::string_view utf8) {
+    CString text;
+    CodePage::System().FromUtf8(utf8, text.Bytes());
+    return text;
+}
+
+// Address, city, state, zip code, country.
+struct Row {
+    const char* why;
+    const char* parts[5];
+    const char* want;
+};
+
+AddressParts PartsOf(const Row& row) {
+    return {FromUtf8(row.parts[0]), FromUtf8(row.parts[1]), FromUtf8(row.parts[2]),
+            FromUtf8(row.parts[3]), FromUtf8(row.parts[4])};
+}
+
+void ExpectLines(std::span<const Row> rows) {
+    for (const Row& row : rows) {
+        EXPECT_EQ(AddressLine(PartsOf(row), kAddressFormat), FromUtf8(row.want)) << row.why;
+    }
+}
+
+TEST(AddressLine, ShortPartsKeepTheirPaddingAndEmptyOnesLoseTheirComma) {
+    const LocaleInForce english("en-US", kUtf8CodePage);
+    constexpr Row kRows[] = {
+        {"all five",
+         {"1 Main St", "Boston", "MA", "02134", "USA"},
+         "1 Main St, Boston,  MA,  02134   USA"},
+        {"no city", {"1 Main St", "", "MA", "02134", "USA"}, "1 Main St,    MA,  02134   USA"},
+        {"no country",
+         {"1 Main St", "Boston", "MA", "02134", ""},
+         "1 Main St, Boston,  MA,  02134"},
+        {"the address alone", {"1 Main St", "", "", "", ""}, "1 Main St"},
+        {"city and state", {"", "Boston", "MA", "", ""}, "Boston,  MA"},
+        {"city and country", {"", "Boston", "", "", "USA"}, "Boston,            USA"},
+        {"the country alone", {"", "", "", "", "USA"}, "USA"},
+        {"nothing", {"", "", "", "", ""}, ""},
+        {"widths count bytes", {"", "", "Ä", "", "é"}, "Ä,          é"},
+        {"a comma after a blank goes from a part too",
+         {"1 Main St ,", "", "", "", ""},
+         "1 Main St"},
+        {"a percent sign in a part is text",
+         {"100%s %d", "Boston", "", "", ""},
+         "100%s %d, Boston"},
+    };
+    ExpectLines(kRows);
+}
+
+TEST(AddressLine, UnderTheJapanesePageTheZipCodeIsFirstAndTheAddressFourth) {
+    const LocaleInForce japanese("ja-JP", kJapaneseCodePage);
+    constexpr Row kRows[] = {
+        {"all five",
+         {"1 Main St", "Boston", "MA", "02134", "USA"},
+         "02134, MA, Boston,  1 Main St   USA"},
+        {"widths count bytes", {"丸", "港", "都", "〒", "国"}, "〒, 都,  港,    丸    国"},
+        {"no state", {"1 Main St", "Boston", "", "02134", ""}, "02134,   Boston,  1 Main St"},
+        {"the last byte of ｀ and of ー is no blank or comma",
+         {"", "", "", "", "ー｀、　"},
+         "ー｀、　"},
+        {"nothing", {"", "", "", "", ""}, ""},
+    };
+    ExpectLines(kRows);
+}
+
+class AddressForm : public testing::TestWithParam<LocaleCase> {
+protected:
+    LocaleInForce locale{GetParam().tag, GetParam().codePage};
+};
+INSTANTIATE_TEST_SUITE_P(BothCodePages, AddressForm, testing::ValuesIn(kBothCodePages));
+
+TEST_P(AddressForm, ATranslationMayPlaceItsFiveTextsAndNothingElse) {
+    // The same in the order of both pages.
+    const AddressParts parts{"a", "b", "a", "a", "e"};
+    const CString usual = AddressLine(parts, kAddressFormat);
+    struct FormRow {
+        const char* why;
+        const char* form;
+        CString want;
+    };
+    const FormRow rows[] = {
+        {"without widths", "%s;%s;%s;%s;%s",
+         CString("a;") + (GetACP() == 932 ? "a;b" : "b;a") + ";a;e"},
+        {"a width of two digits", "%12s %s %s %s %s",
+         CString("a ") + (GetACP() == 932 ? "a b" : "b a") + " a e"},
+        {"text in the language", "%s-%s-%s-%s (%s)",
+         CString("a-") + (GetACP() == 932 ? "a-b" : "b-a") + "-a (e)"},
+        {"four places", "%s %s %s %s", usual},
+        {"six places", "%s %s %s %s %s %s", usual},
+        {"another directive", "%s %s %s %s %d", usual},
+        {"a directive that writes", "%s %s %s %s %s %n", usual},
+        {"a width from an argument", "%*s %s %s %s %s", usual},
+        {"a place by number", "%1$s %2$s %3$s %4$s %5$s", usual},
+        {"a width beyond all measure", "%999999999s %s %s %s %s", usual},
+        {"cut within a place", "%s %s %s %s %5", usual},
+        {"a percent sign at the end", "%s %s %s %s %s%", usual},
+        {"empty", "", usual},
+    };
+    for (const FormRow& row : rows) EXPECT_EQ(AddressLine(parts, row.form), row.want) << row.why;
+}
+
+TEST(AddressLine, TheOwnFormIsTheEnglishText) {
+    constexpr unsigned kAddressFormString = 32801;
+    std::string utf8;
+    ASSERT_TRUE(OwnModule()->FindString(kAddressFormString, utf8));
+    EXPECT_EQ(utf8, kAddressFormat);
+}
+
+}  // namespace
+}  // namespace orvo

@@ -1,0 +1,95 @@
+// Names shortened to a width, by the rules of the recording: 8 pixels a character.
+// SPDX-License-Identifier: MIT
+#include <contracts/TextServices.h>
+#include <orvoshare/addresslist/AddressListFixture.h>
+#include <orvoshare/addressviews/AddrCompare.h>
+#include <support/CodePages.h>
+
+namespace orvo {
+namespace {
+
+using enum AddressField;
+
+class TruncateName : public AddressListFixture {
+protected:
+    using AddressListFixture::AddressListFixture;
+
+    CString Truncated(const char* text, const CAddressRecord& record, int characters) {
+        RecordingCanvas canvas(std::make_shared<Recording>());
+        CDC dc(canvas);
+        CString result = FromUtf8(text);
+        // Truncating only reads.
+        list->TruncateName(result, const_cast<CAddressRecord*>(&record), &dc, 8 * characters);
+        return result;
+    }
+};
+
+TEST_F(TruncateName, EachHalfHasItsShareOfTheWidth) {
+    struct Row {
+        const char* why;
+        const char* name;
+        const char* first;
+        int characters;
+        const char* want;
+    };
+    constexpr Row kRows[] = {
+        {"both are long", "Abcdefghij", "Klmnopqrst", 16, "Abcd..., Klmn..."},
+        {"a width that isn't even", "Abcdefghij", "Klmnopqrst", 17, "Abcd..., Klmn..."},
+        {"the first name is long", "Abc", "Klmnopqrstuv", 16, "Abc, Klmnopqr..."},
+        {"the family name is long", "Abcdefghijkl", "Klm", 16, "Abcdefgh..., Klm"},
+        {"no first name: the separator's room is kept", "Abcdefghijklmnopq", "", 16,
+         "Abcdefghijk..."},
+    };
+    list->DV_SetListBy(kListByName);
+    for (const Row& row : kRows) {
+        const auto record = addresses.Make({{Name, row.name}, {First, row.first}});
+        EXPECT_EQ(Truncated("a text that is too long for any of these", *record, row.characters),
+                  row.want)
+            << row.why;
+    }
+}
+
+TEST_F(TruncateName, TheListingOrderChoosesTheParts) {
+    struct Row {
+        long listBy;
+        const char* company;
+        const char* name;
+        const char* first;
+        const char* want;
+    };
+    constexpr Row kRows[] = {
+        {kListByName, "Co", "Na", "Fi", "Na, Fi"},  {kListByName, "Co", "Na", "", "Na"},
+        {kListByName, "Co", "", "Fi", "Fi"},        {kListByName, "Co", "", "", "Co"},
+        {kListByName, "", "", "", "-Unn..."},       {kListByCompany, "Co", "Na", "Fi", "Co, Na"},
+        {kListByCompany, "Co", "", "Fi", "Co, Fi"}, {kListByCompany, "Co", "", "", "Co"},
+        {kListByCompany, "", "Na", "Fi", "Na, Fi"}, {kListByCompany, "", "", "Fi", "Fi"},
+        {kListByCompany, "", "", "", "-Unn..."},    {kListByName, "", "  Na", " Fi", "Na, Fi"},
+    };
+    for (const Row& row : kRows) {
+        list->DV_SetListBy(static_cast<int>(row.listBy));
+        const auto record =
+            addresses.Make({{Company, row.company}, {Name, row.name}, {First, row.first}});
+        EXPECT_EQ(Truncated("too long", *record, 7), row.want)
+            << row.listBy << row.company << row.name << row.first;
+    }
+}
+
+TEST_F(TruncateName, ATextThatFitsIsLeftAloneWhateverTheRecord) {
+    EXPECT_EQ(Truncated("fits", *addresses.Make({}), 4), "fits");
+}
+
+class TruncateNameOnPage : public TruncateName, public testing::WithParamInterface<LocaleCase> {
+protected:
+    TruncateNameOnPage() : TruncateName(GetParam().tag, GetParam().codePage) {}
+};
+INSTANTIATE_TEST_SUITE_P(BothCodePages, TruncateNameOnPage, testing::ValuesIn(kBothCodePages));
+
+TEST_P(TruncateNameOnPage, WideNamesAreCutBetweenCharactersAndJoinedAsTheLocaleDoes) {
+    list->DV_SetListBy(kListByName);
+    const auto record = addresses.Make({{Name, "漢字漢字漢字"}, {First, "仮名仮名仮名"}});
+    EXPECT_EQ(Truncated("漢字漢字漢字仮名仮名仮名", *record, 16),
+              FullName(FromUtf8("仮名..."), FromUtf8("漢字..."), true));
+}
+
+}  // namespace
+}  // namespace orvo

@@ -1,0 +1,178 @@
+// What a business card says.
+// SPDX-License-Identifier: MIT
+#include <gmock/gmock.h>
+
+#include <orvoshare/addressviews/DetailViewAddrCard.h>
+#include <orvoshare/addressviews/RecordText.h>
+#include <platform/text/CodePage.h>
+#include <platform/window/WindowFixture.h>
+#include <support/AddressFixture.h>
+#include <support/CodePages.h>
+#include <support/LocaleInForce.h>
+
+namespace orvo {
+namespace {
+
+using enum AddressField;
+
+// The first two labels are "Home:" and "Fax:", the third is empty; the custom fields go by "C1" to
+// "C4".
+class CardDescription : public testing::TestWithParam<LocaleCase>, public AddressFixture {
+protected:
+    CardDescription() {
+        table.SetPhoneLabel(0, "Home:");
+        table.SetPhoneLabel(1, "Fax:");
+        table.SetPhoneLabel(2, "");
+        for (int number = 1; number <= kCustomFields; ++number) {
+            CString label;
+            label.Format("C%d", number);
+            table.SetCustomLabel(number, label);
+        }
+        cards.Create(WS_POPUP, {0, 0, 600, 400}, nullptr, 0);
+        cards.Initialize(&table);
+    }
+    ~CardDescription() override { cards.DestroyWindow(); }
+
+    CCardDesc Describe(std::initializer_list<Text> texts) {
+        cards.DV_DeleteAll();
+        cards.DV_InsertRecord(0, Make(texts).release(), 0);
+        return Describe();
+    }
+    CCardDesc Describe() {
+        CCardDesc card;
+        cards.GetCardDescription(0, card);
+        return card;
+    }
+    CAddressRecord& Record() { return *RecordOf(cards.DV_GetItemData(0)); }
+
+    static std::string Utf8(const CString& text) {
+        std::string utf8;
+        CodePage::System().ToUtf8(text.View(), utf8);
+        return utf8;
+    }
+
+    LocaleInForce locale{GetParam().tag, GetParam().codePage};
+    SystemInForce system;
+    CDetailViewAddrCard cards;
+};
+INSTANTIATE_TEST_SUITE_P(BothCodePages, CardDescription, testing::ValuesIn(kBothCodePages));
+
+TEST_P(CardDescription, EveryBlockStandsWhereItBelongs) {
+    struct Row {
+        const char* why;
+        std::initializer_list<Text> texts;
+        const char* title;
+        const char* body;
+    };
+    const Row kRows[] = {
+        {"nothing", {}, "", ""},
+        {"a name alone has no head", {{Name, "Lee"}, {Phone1, "1"}}, "Lee", "Home:\t1\n"},
+        {"name and company", {{Name, "Lee"}, {Company, "Acme"}}, "Lee", "Acme\n\n<L>\n"},
+        {"name and job title", {{Name, "Lee"}, {Title, "Dr."}}, "Lee", "Dr.\n\n<L>\n"},
+        {"all three",
+         {{Name, "Lee"}, {Company, "Acme"}, {Title, "Dr."}},
+         "Lee",
+         "Acme\nDr.\n<L>\n"},
+        {"a company alone", {{Company, "Acme"}}, "Acme", ""},
+        {"company and job title", {{Company, "Acme"}, {Title, "Dr."}}, "Acme", "Dr.\n\n<L>\n"},
+        {"a job title alone", {{Title, "Dr."}}, "", "Dr.\n\n<L>\n"},
+        {"first lines only",
+         {{Name, "Lee\nLi"}, {Company, "Ac\tme\r\nx"}, {Title, "a\nb"}},
+         "Lee",
+         "Ac    me\na\n<L>\n"},
+        {"further lines of a phone", {{Phone1, "1\n2\r\n3"}}, "", "Home:\t1\n\t2\n\t3\n"},
+        {"a phone without a label isn't there", {{PhoneField(3), "1"}, {City, "C"}}, "", "C\n"},
+        {"tabs of a phone become blanks", {{PhoneField(2), "1\t2"}}, "", "Fax:\t1    2\n"},
+        {"phones and address", {{Phone1, "1"}, {City, "C"}}, "", "Home:\t1\n\nC\n"},
+        {"address and two fields",
+         {{City, "C"}, {Custom1, "a"}, {CustomField(3), "b"}},
+         "",
+         "C\n\nC1:\ta\nC3:\tb\n"},
+        {"a field alone", {{CustomField(2), "a"}}, "", "C2:\ta\n"},
+        {"phones and a field",
+         {{Phone1, "1"}, {Custom4, "a\nb\tc"}},
+         "",
+         "Home:\t1\n\nC4:\ta\n\tb\tc\n"},
+        {"an address of several lines", {{Address, "A\nB"}, {Country, "N"}}, "", "A\nB\nN\n"},
+        {"characters of two and three bytes",
+         {{Name, "渡辺"}, {Company, "港商会"}},
+         "渡辺",
+         "港商会\n\n<L>\n"},
+    };
+    for (const Row& row : kRows) {
+        const CCardDesc card = Describe(row.texts);
+        EXPECT_EQ(Utf8(card.strTitle), row.title) << row.why;
+        EXPECT_EQ(Utf8(card.strBody), row.body) << row.why;
+    }
+}
+
+TEST_P(CardDescription, AMaskedCardTellsNothingButThatItIsThere) {
+    Describe({{Name, "Secret"}, {Phone1, "1"}});
+    Record().SetPrivate(1);
+    Record().SetNote("note");
+
+    const CCardDesc open = Describe();
+    cards.DV_SetMaskPrivate(1);
+    const CCardDesc masked = Describe();
+
+    EXPECT_EQ(open.bPrivate + open.bHasNote, 2);
+    EXPECT_EQ(open.bMasked, 0);
+    EXPECT_EQ(Utf8(open.strTitle), "Secret");
+    EXPECT_EQ(masked.bPrivate + masked.bMasked, 2);
+    EXPECT_EQ(masked.bHasNote, 0);
+    EXPECT_EQ(Utf8(masked.strTitle + masked.strBody + masked.strCategory), "");
+}
+
+TEST_P(CardDescription, TheCategoryGoesByItsNameOrByTheTextForNone) {
+    auto friends = std::make_unique<CCategory>();
+    friends->SetNameUtf8("Friends");
+    ASSERT_EQ(table.GetCategoryManager()->Add(friends.get()), 0);
+    const int index = friends.release()->GetIndex();
+    Describe({{Name, "Lee"}});
+    const std::string none = Utf8(Describe().strCategory);
+
+    Record().SetCategoryId(index);
+    EXPECT_EQ(Utf8(Describe().strCategory), "Friends");
+    Record().SetCategoryId(15);
+    EXPECT_EQ(Utf8(Describe().strCategory), none) << "the manager knows no category 15";
+    EXPECT_FALSE(none.empty());
+}
+
+TEST_P(CardDescription, HugeAndBrokenTextsKeepTheFormOfLines) {
+    std::string ends;
+    std::string mixed;
+    for (int i = 0; i < 100'000; ++i) ends += "\r\n"[i % 2];
+    for (int i = 0; i < 25'000; ++i) mixed += i % 3 == 0 ? "a\r" : i % 3 == 1 ? "b\n" : "c\r\n";
+    for (const std::string& text : {std::string(100'000, 'x'), ends, mixed}) {
+        const CCardDesc card =
+            Describe({{Name, text}, {Phone1, text}, {City, text}, {Custom1, text}});
+        const std::string_view body = card.strBody.View();
+        ASSERT_FALSE(body.empty());
+        EXPECT_EQ(body.back(), '\n');
+        EXPECT_EQ(body.find('\r'), std::string_view::npos);
+    }
+}
+
+TEST(CardTabStop, ItLeavesRoomForTheLongestLabel) {
+    AddressFixture addresses;
+    CDetailViewAddrCard cards;
+    EXPECT_EQ(cards.Initialize(nullptr), 1);
+    EXPECT_EQ(cards.GetTabStop(), 0);
+
+    for (long id = 0; id < addresses.table.GetPhoneLabelCount(); ++id) {
+        addresses.table.SetPhoneLabel(id, "");
+    }
+    for (int number = 1; number <= kCustomFields; ++number) {
+        addresses.table.SetCustomLabel(number, "");
+    }
+    cards.Initialize(&addresses.table);
+    EXPECT_EQ(cards.GetTabStop(), 4);
+
+    addresses.table.SetPhoneLabel(3, "Mobile");
+    addresses.table.SetCustomLabel(4, "Birthdays");
+    cards.Initialize(&addresses.table);
+    EXPECT_EQ(cards.GetTabStop(), 13);
+}
+
+}  // namespace
+}  // namespace orvo

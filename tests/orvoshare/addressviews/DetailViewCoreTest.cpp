@@ -1,0 +1,258 @@
+// What all address views have in common: filling, re-checking, lookup.
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <random>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <orvoshare/addressviews/ViewFixture.h>
+#include <support/CodePages.h>
+
+namespace orvo {
+namespace {
+
+using enum AddressField;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class ViewCore : public testing::TestWithParam<LocaleCase>, public ViewFixture {
+    LocaleInForce m_locale{GetParam().tag, GetParam().codePage};
+};
+INSTANTIATE_TEST_SUITE_P(BothCodePages, ViewCore, testing::ValuesIn(kBothCodePages));
+
+TEST_P(ViewCore, AFillShowsWhatFitsCategoryAndPrivacyAndIsNotArchived) {
+    Add({{Name, "Carter"}}, 5);
+    Add({{Name, "Adams"}}, 5);
+    Add({{Name, "Baker"}}, 3);
+    Add({{Name, "Private"}}, 5)->SetPrivate(1);
+    const auto archived = Add({{Name, "Archived"}}, 5);
+    archived->SetArchived(1);
+
+    Fill(5);
+    EXPECT_THAT(Names(), ElementsAre("Adams", "Carter", "Private"));
+    Fill(5, 1);
+    EXPECT_THAT(Names(), ElementsAre("Adams", "Carter"));
+    Fill(kAllCategories);
+    EXPECT_THAT(Names(), ElementsAre("Adams", "Baker", "Carter", "Private"));
+    EXPECT_EQ(view.DV_VerifyCategoryAndPrivate(archived.get(), 5, 1), 1)
+        << "only a fill looks for archived records";
+}
+
+TEST_P(ViewCore, AFillWithoutATableEmptiesTheViewAndPaintsAgain) {
+    AddNames({"Adams"});
+    Fill();
+
+    view.DV_FillFromTable(nullptr, 3, 0, kListByCompany);
+
+    EXPECT_EQ(view.DV_GetItemCount(), 0);
+    EXPECT_EQ(view.category, 3);
+    EXPECT_EQ(view.DV_GetListBy(), kListByCompany);
+    EXPECT_EQ(view.table, nullptr);
+    EXPECT_TRUE(view.redraws);
+}
+
+TEST_P(ViewCore, ADamagedRecordHidesNobodyElse) {
+    AddNames({"Adams"});
+    StoredRow damaged;
+    damaged.fields = "\x01\x7F too short";
+    ASSERT_EQ(engine.Insert(TableKind::Address, damaged, {}), StoreStatus::Ok);
+    AddNames({"Baker"});
+
+    Fill();
+
+    EXPECT_THAT(Names(), ElementsAre("Adams", "Baker"));
+    EXPECT_EQ(table.LastError(), "the fields of record 2 are damaged");
+}
+
+TEST_P(ViewCore, ASortByKeysIsTheSortByTheCompareFunction) {
+    std::mt19937 random(17);
+    constexpr const char* kPieces[] = {"a", "B", "é", "か", "ガ", "山", " ", "-", ""};
+    const auto text = [&] {
+        std::string utf8;
+        for (int i = 0; i < 3; ++i) utf8 += kPieces[random() % std::size(kPieces)];
+        return utf8;
+    };
+    for (int i = 0; i < 200; ++i) {
+        Add({{Name, text()}, {NameYomi, text()}, {First, text()}, {Company, text()}});
+    }
+    for (const int listBy : {0, 1}) {
+        Fill(kAllCategories, 0, listBy);
+        for (int row = 1; row < view.DV_GetItemCount(); ++row) {
+            const auto before = static_cast<long>(view.DV_GetItemData(row - 1));
+            const auto after = static_cast<long>(view.DV_GetItemData(row));
+            ASSERT_LE(AddrCompareFunc(before, after, listBy), 0) << "row " << row;
+        }
+    }
+}
+
+TEST_P(ViewCore, AnInsertedRecordComesToItsPlaceAndNullNowhere) {
+    AddNames({"Adams", "Carter"});
+    Fill();
+
+    EXPECT_EQ(view.DV_InsertRecord(0, Make({{Name, "Baker"}}).release(), 1), 1);
+    EXPECT_EQ(view.DV_InsertRecord(0, nullptr, 1), -1);
+
+    EXPECT_THAT(Names(), ElementsAre("Adams", "Baker", "Carter"));
+}
+
+TEST_P(ViewCore, AReSortDropsARecordThatNoLongerBelongs) {
+    AddNames({"Adams", "Baker", "Carter"});
+    Fill(0);
+
+    RecordAt(1)->SetCategoryId(4);
+    EXPECT_EQ(view.DV_ReSort(1, 0, 0), -1);
+    RecordAt(1)->SetPrivate(1);
+    EXPECT_EQ(view.DV_ReSort(1, 0, 1), -1);
+
+    EXPECT_THAT(Names(), ElementsAre("Adams"));
+    EXPECT_EQ(view.DV_ReSort(7, 0, 0), -1) << "there is no such row";
+}
+
+TEST_P(ViewCore, AReSortSortsOnlyWhatIsOutOfPlace) {
+    AddNames({"Adams", "Baker", "Baker", "Carter"});
+    Fill();
+    const int sorts = view.sorts;
+
+    RecordAt(1)->SetUtf8(First, "");
+    EXPECT_EQ(view.DV_ReSort(1, kAllCategories, 0), 1) << "equal neighbours are in place";
+    RecordAt(1)->SetUtf8(Name, "Axton");
+    EXPECT_EQ(view.DV_ReSort(1, kAllCategories, 0), 1);
+    EXPECT_EQ(view.sorts, sorts);
+    EXPECT_THAT(SelectedNames(), IsEmpty());
+
+    view.DV_SelectItem(0, 1);
+    RecordAt(1)->SetUtf8(Name, "Young");
+    EXPECT_EQ(view.DV_ReSort(1, kAllCategories, 0), 3);
+
+    EXPECT_EQ(view.sorts, sorts + 1);
+    EXPECT_THAT(Names(), ElementsAre("Adams", "Baker", "Carter", "Young"));
+    EXPECT_THAT(SelectedNames(), ElementsAre("Adams", "Young"));
+
+    RecordAt(3)->SetUtf8(Name, "Aaron");
+    EXPECT_EQ(view.DV_ReSort(3, kAllCategories, 0), 0);
+}
+
+TEST_P(ViewCore, ASingleItemIsInPlaceAndOneWithoutARecordNever) {
+    AddNames({"Adams"});
+    Fill();
+    EXPECT_EQ(view.DVC_IsInSortedPosition(0), 1);
+
+    LVITEM empty;
+    empty.iItem = 1;
+    for (const long data : {0L, -1L}) {
+        empty.mask = LVIF_PARAM;
+        empty.lParam = data;
+        view.InsertItem(empty);
+        EXPECT_EQ(view.DVC_IsInSortedPosition(0), 0);
+        EXPECT_EQ(view.DVC_IsInSortedPosition(1), 0);
+        EXPECT_EQ(view.DV_ReSort(1, kAllCategories, 0), -1);
+        EXPECT_EQ(view.DV_VerifyCategoryAndPrivate(1, kAllCategories, 0), 0);
+        EXPECT_EQ(view.DV_Lookup("b"), -1);
+        CString key("before");
+        view.DVC_GetItemKey(1, key);
+        EXPECT_EQ(key, "");
+        view.DV_DeleteItem(1);
+    }
+}
+
+TEST_P(ViewCore, APrivateRecordAmongTheSelectedOnesIsTold) {
+    AddNames({"Adams", "Baker"});
+    Add({{Name, "Carter"}})->SetPrivate(1);
+    Fill();
+    EXPECT_EQ(view.DV_IsPrivateRecordSelected(), 0);
+    view.DV_SelectItem(0, 1);
+    EXPECT_EQ(view.DV_IsPrivateRecordSelected(), 0);
+    view.DV_SelectItem(2, 1);
+    EXPECT_EQ(view.DV_IsPrivateRecordSelected(), 1);
+}
+
+TEST_P(ViewCore, ALookupFindsTheFirstOfThoseThatStartAlike) {
+    EXPECT_EQ(view.DV_Lookup(""), -1) << "nobody is there";
+    AddNames({"Carter", "Bakerson", "Baker", "Adams", "Baker", "O'Neil", "Öberg", "カトー"});
+    Fill();
+
+    struct Row {
+        const char* why;
+        const char* typed;
+        const char* want;
+    };
+    constexpr Row kRows[] = {
+        {"an empty text fits all", "", "Adams"},
+        {"case doesn't count", "bak", "Baker"},
+        {"the second letter does", "bi", "nobody"},
+        {"all of it", "BAKER", "Baker"},
+        {"longer than the first", "bakers", "Bakerson"},
+        {"longer than all", "bakersons", "nobody"},
+        {"at the ends: the first", "a", "Adams"},
+        {"at the ends: the last", "か", "カトー"},
+        {"in another form of kana", "ｶﾄ", "カトー"},
+        {"wide letters", "ＢＡ", "Baker"},
+        {"an apostrophe", "o'", "O'Neil"},
+        {"before all", "1", "nobody"},
+    };
+    for (const Row& row : kRows) {
+        const int index = view.DV_Lookup(InPage(row.typed));
+        EXPECT_EQ(index == -1 ? "nobody" : NameAt(index), row.want) << row.why;
+        EXPECT_TRUE(index <= 0 || NameAt(index - 1) != row.want) << row.why << ": not the first";
+    }
+}
+
+TEST(Utf8Lookup, FindsAccentedNamesAndWalksBackAmongTheSameAccents) {
+    const LocaleInForce locale("en-US", 65001);
+    ViewFixture list;
+    list.AddNames({"Aron", "Arsen", "Årsen", "Årto", "Müller"});
+    list.Fill();
+    struct Row {
+        const char* why;
+        const char* typed;
+        const char* want;
+    };
+    constexpr Row kRows[] = {
+        {"typed without its accent", "mul", "Müller"},
+        {"the other way round", "årt", "Årto"},
+        {"the halving meets Årsen, behind Arsen", "år", "Årsen"},
+        {"and walks on where no accent differs", "aro", "Aron"},
+    };
+    for (const Row& row : kRows) {
+        EXPECT_EQ(list.NameAt(list.view.DV_Lookup(row.typed)), row.want) << row.why;
+    }
+}
+
+TEST_P(ViewCore, AKeyIsTheWholeNameInListForm) {
+    Add({{Name, "Lee"}, {First, "Ann"}});
+    Fill();
+    const bool isJapanese = GetParam().codePage == 932;
+    EXPECT_EQ(view.DV_Lookup("lee, a"), isJapanese ? -1 : 0);
+    EXPECT_EQ(view.DV_Lookup("lee a"), isJapanese ? 0 : -1);
+}
+
+TEST_P(ViewCore, TheListingOrderChoosesTheKey) {
+    Add({{Name, "Lee"}, {Company, "Acme"}});
+    Fill(kAllCategories, 0, kListByCompany);
+    EXPECT_EQ(view.DV_Lookup("acme"), 0);
+    EXPECT_EQ(view.DV_Lookup("lee"), -1);
+}
+
+TEST(JapaneseLookup, FindsATextThatIsNoReadingRowByRow) {
+    const LocaleInForce locale("ja-JP");
+    ViewFixture list;
+    for (const char* name : {"青木", "山田", "山本", "渡辺"})
+        list.Add({{Name, name}, {NameYomi, "か"}});
+    list.Add({{Name, "阿部"}, {NameYomi, "あべ"}});
+    list.Fill();
+
+    EXPECT_EQ(list.NameAt(list.view.DV_Lookup(InPage("あ"))), "阿部") << "by its reading";
+    EXPECT_EQ(list.NameAt(list.view.DV_Lookup(InPage("阿"))), "阿部") << "as it is written";
+    EXPECT_EQ(list.view.DV_Lookup(InPage("佐")), -1);
+    CString key;
+    list.view.DVC_GetItemYomiKey(0, key);
+    EXPECT_EQ(key, InPage("あべ"));
+
+    SystemLocale::Set("ja-JP", 65001);
+    list.Fill();
+    EXPECT_EQ(list.view.DV_Lookup("\xE3\x81\x82"), -1) << "elsewhere readings are no keys";
+}
+
+}  // namespace
+}  // namespace orvo

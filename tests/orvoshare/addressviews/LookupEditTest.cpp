@@ -1,0 +1,237 @@
+// The lookup box: its states, by the messages that a user causes.
+// SPDX-License-Identifier: MIT
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <orvoshare/addressviews/ViewFixture.h>
+#include <platform/window/WindowInput.h>
+#include <support/CodePages.h>
+
+namespace orvo {
+namespace {
+
+using enum AddressField;
+using testing::ElementsAre;
+
+class LookupBox : public testing::TestWithParam<LocaleCase>, public ViewFixture {
+protected:
+    void SetUp() override {
+        box.Create(WS_POPUP, {0, 0, 100, 20}, nullptr, 0);
+        box.SetListBox(&view);
+        view.DV_SetEdit(&box);
+        box.SetFocus();
+    }
+    void FillWith(std::initializer_list<const char*> names) {
+        AddNames(names);
+        Fill();
+    }
+    std::string Text() const {
+        CString text;
+        box.GetWindowText(text);
+        std::string utf8;
+        CodePage::System().ToUtf8(text.View(), utf8);
+        return utf8;
+    }
+    EditSelection Selection() const {
+        EditSelection selection;
+        box.GetSel(selection.anchor, selection.caret);
+        return selection;
+    }
+
+    LocaleInForce m_locale{GetParam().tag, GetParam().codePage};
+    CLookupEdit box;
+};
+INSTANTIATE_TEST_SUITE_P(BothCodePages, LookupBox, testing::ValuesIn(kBothCodePages));
+
+struct Step {
+    const char* why;
+    const char* typed;
+    const char* text;
+    const char* selected;
+    int beeps;
+};
+
+TEST_P(LookupBox, EachCharacterSearchesAndOneThatFitsNothingIsRefused) {
+    FillWith({"Adams", "Baker", "Bakerson", "Béart", "жук", "漢"});
+    constexpr Step kSteps[] = {
+        {"the first character finds nobody", "x", "", "", 1},
+        {"backspace in the empty box", "\b", "", "", 1},
+        {"the first character that fits", "b", "b", "Baker", 1},
+        {"a further one", "a", "ba", "Baker", 1},
+        {"what fits nothing goes", "x", "ba", "Baker", 2},
+        {"and the caret stays at the end", "k", "bak", "Baker", 2},
+        {"the selection moves", "ers", "bakers", "Bakerson", 2},
+        {"a shorter text searches again", "\b", "baker", "Baker", 2},
+        {"a control character too", "\x1B", "baker", "Baker", 2},
+        {"down to the empty text: the top", "\b\b\b\b\b", "", "Adams", 2},
+        {"an accent is one character", "bÉ", "bÉ", "Béart", 2},
+        {"also for backspace", "\b", "b", "Baker", 2},
+        {"Cyrillic", "\bЖ", "Ж", "жук", 2},
+        {"kanji", "\b漢", "漢", "漢", 2},
+        {"and kanji that fits nothing", "字", "漢", "漢", 3},
+    };
+    for (const Step& step : kSteps) {
+        system.TypeText(step.typed);
+        EXPECT_EQ(Text(), step.text) << step.why;
+        std::vector<std::string> selected;
+        if (*step.selected != '\0') selected.emplace_back(step.selected);
+        EXPECT_EQ(SelectedNames(), selected) << step.why;
+        EXPECT_EQ(system.Beeps(), step.beeps) << step.why;
+        EXPECT_EQ(Selection().caret, box.GetWindowTextLength()) << step.why;
+    }
+}
+
+TEST_P(LookupBox, WhatIsTypedInTheViewEntersTheBox) {
+    FillWith({"Adams", "Baker", "漢字"});
+    view.SetFocus();
+    system.TypeText("漢x");
+    EXPECT_EQ(Text(), "漢");
+    EXPECT_THAT(SelectedNames(), ElementsAre("漢字"));
+
+    box.Clear();
+    box.OnChar('b', 1, 0);
+    EXPECT_EQ(Text(), "b") << "outside of any message";
+    EXPECT_THAT(SelectedNames(), ElementsAre("Baker"));
+}
+
+TEST_P(LookupBox, AnEmptyViewTakesNoText) {
+    system.TypeText("a");
+    EXPECT_EQ(Text(), "");
+    EXPECT_EQ(system.Beeps(), 1);
+}
+
+TEST_P(LookupBox, AChangedTextThatFitsNothingStartsOver) {
+    FillWith({"Adams", "Baker"});
+    system.TypeText("bak");
+    box.SetSel(0, -1);
+
+    system.TypeText("x");
+
+    EXPECT_EQ(Text(), "");
+    EXPECT_THAT(SelectedNames(), ElementsAre("Adams"));
+    EXPECT_EQ(system.Beeps(), 1);
+}
+
+TEST_P(LookupBox, ASelectedItemIsScrolledToButNotByStartingOver) {
+    for (char letter = 'a'; letter <= 'z'; ++letter) AddNames({std::string(3, letter).c_str()});
+    Fill();
+    system.TypeText("z");
+    EXPECT_GT(view.GetTopIndex(), 0);
+    const int top = view.GetTopIndex();
+
+    box.SetSel(0, -1);
+    system.TypeText("!");
+    EXPECT_EQ(view.GetTopIndex(), top);
+    EXPECT_THAT(SelectedNames(), ElementsAre("aaa"));
+    system.TypeText("z\b");
+    EXPECT_EQ(view.GetTopIndex(), 0);
+}
+
+TEST_P(LookupBox, PagingAndArrowKeysMoveTheViewAndEmptyTheBox) {
+    FillWith({"Adams", "Baker", "Bakerson", "Carter"});
+    for (const auto& [key, want] : {std::pair{VK_DOWN, "Bakerson"}, std::pair{VK_UP, "Adams"},
+                                    std::pair{VK_NEXT, "Carter"}, std::pair{VK_PRIOR, "Adams"}}) {
+        view.SetItemState(1, LVIS_FOCUSED, LVIS_FOCUSED);
+        system.TypeText("bak");
+        system.PressKey(key);
+        EXPECT_EQ(Text(), "") << want;
+        EXPECT_THAT(SelectedNames(), ElementsAre(want));
+    }
+    system.TypeText("ba");
+    system.PressKey(VK_LEFT);
+    EXPECT_EQ(Text(), "ba");
+    EXPECT_EQ(Selection(), (EditSelection{1, 1}));
+}
+
+TEST_P(LookupBox, ClearLeavesTheSelectionOfTheView) {
+    FillWith({"Adams", "Baker"});
+    system.TypeText("b");
+    box.Clear();
+    EXPECT_EQ(Text(), "");
+    EXPECT_THAT(SelectedNames(), ElementsAre("Baker"));
+}
+
+TEST_P(LookupBox, DeleteSearchesWithWhatIsLeft) {
+    FillWith({"Adams", "Baker", "Dawson"});
+    struct Row {
+        const char* why;
+        const char* text;
+        const char* selected;
+        int first;
+        int last;
+        int want;
+        int lookups;
+    };
+    constexpr Row kRows[] = {
+        {"nothing behind the caret", "da", "Dawson", 2, 2, 0, 0},
+        {"the character behind it", "a", "Adams", 0, 0, 1, 1},
+        {"a selection at the end", "d", "Dawson", 1, 2, 1, 1},
+        {"all of it: the top", "", "Adams", 0, 2, 1, 1},
+    };
+    for (const Row& row : kRows) {
+        box.Clear();
+        system.TypeText("da");
+        box.SetSel(row.first, row.last);
+        const int before = view.lookups;
+        EXPECT_EQ(box.Delete(), row.want) << row.why;
+        EXPECT_EQ(Text(), row.text) << row.why;
+        EXPECT_THAT(SelectedNames(), ElementsAre(row.selected)) << row.why;
+        EXPECT_EQ(view.lookups - before, row.lookups) << row.why;
+    }
+    EXPECT_EQ(system.Beeps(), 0);
+
+    box.Clear();
+    system.TypeText("baker");
+    box.SetSel(0, 1);
+    EXPECT_EQ(box.Delete(), 1);
+    EXPECT_EQ(Text(), "") << "nobody starts with aker";
+    EXPECT_THAT(SelectedNames(), ElementsAre("Adams"));
+    EXPECT_EQ(system.Beeps(), 1);
+}
+
+TEST_P(LookupBox, APastedTextIsSearchedAtOnce) {
+    FillWith({"Adams", "漢字"});
+    system.SetClipboardText(InPage("漢字\r\nsecond line"));
+    constexpr WPARAM kControlV = 22;
+    view.SendMessage(WM_CHAR, kControlV);
+    EXPECT_EQ(Text(), "漢字");
+    EXPECT_THAT(SelectedNames(), ElementsAre("漢字"));
+}
+
+TEST_P(LookupBox, WithoutAViewItIsAnOrdinaryEdit) {
+    box.SetListBox(nullptr);
+    system.TypeText("abc");
+    system.PressKey(VK_DOWN);
+    box.SetSel(0, 1);
+    EXPECT_EQ(box.Delete(), 1);
+    EXPECT_EQ(Text(), "bc");
+    EXPECT_EQ(system.Beeps(), 0);
+}
+
+TEST(DoubleByteLookupBox, ALeadByteSearchesAgainAndWaits) {
+    const LocaleInForce locale("ja-JP", 932);
+    ViewFixture list;
+    list.AddNames({"漢字"});
+    list.Fill();
+    CLookupEdit box;
+    box.Create(WS_POPUP, {0, 0, 100, 20}, nullptr, 0);
+    box.SetListBox(&list.view);
+    box.SendMessage(WM_CHAR, 0x8A);
+    EXPECT_EQ(list.view.lookups, 0) << "the text is still empty";
+    box.SendMessage(WM_CHAR, 0xBF);
+    EXPECT_EQ(list.view.lookups, 1);
+
+    list.view.DV_SelectAllItems(0);
+    box.SendMessage(WM_CHAR, 0x8E);
+    EXPECT_EQ(list.view.lookups, 2) << "with the same text";
+    EXPECT_THAT(list.SelectedNames(), ElementsAre("漢字"));
+    box.SendMessage(WM_CHAR, 0x9A);
+
+    CString text;
+    box.GetWindowText(text);
+    EXPECT_EQ(text, InPage("漢字"));
+    EXPECT_EQ(list.system.Beeps(), 0);
+}
+
+}  // namespace
+}  // namespace orvo

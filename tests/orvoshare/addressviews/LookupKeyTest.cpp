@@ -1,0 +1,195 @@
+// The key of a record, and how typed text is held against it.
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <array>
+#include <map>
+#include <random>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include <contracts/TextServices.h>
+#include <orvoshare/addressviews/AddrCompare.h>
+#include <orvoshare/addressviews/LookupKey.h>
+#include <platform/text/CodePage.h>
+#include <support/AddressFixture.h>
+#include <support/CodePages.h>
+#include <support/LocaleInForce.h>
+
+namespace orvo {
+namespace {
+
+using enum AddressField;
+
+std::string InUtf8(const CString& text) {
+    std::string utf8;
+    CodePage::System().ToUtf8(text.View(), utf8);
+    return utf8;
+}
+
+CString InPage(std::string_view utf8) {
+    CString text;
+    CodePage::System().FromUtf8(utf8, text.Bytes());
+    return text;
+}
+
+// Each letter stands for a filled field: n, f, c the name, first name and company, N, F, C their
+// readings; a dot for one of blanks.
+struct KeyRow {
+    const char* filled;
+    const char* plainByName;
+    const char* plainByCompany;
+    const char* readingByName;
+    const char* readingByCompany;
+};
+constexpr KeyRow kKeys[] = {
+    {"nfcNFC", "n, f", "c, n", "N, F", "C, N"},
+    {"nfc", "n, f", "c, n", "n", "c"},
+    {"nfF", "n, f", "n, f", "n, F", "n, F"},
+    {"fc", "f", "c, f", "f", "c"},
+    {"fcF", "f", "c, f", "F", "c, F"},
+    {"c", "c", "c", "c", "c"},
+    {"cC", "c", "c", "C", "C"},
+    {"nN", "n", "n", "N", "N"},
+    {"f", "f", "f", "f", "f"},
+    {"", "", "", "", ""},
+    {"NFC", "", "", "N, F", "C, N"},
+};
+
+TEST(RecordKey, TakesTheFirstFilledFieldAndTheOneThatBelongsToIt) {
+    const LocaleInForce locale("en-US");
+    AddressFixture addresses;
+    constexpr std::pair<AddressField, const char*> kFields[] = {
+        {Name, "n"},     {First, "f"},     {Company, "c"},
+        {NameYomi, "N"}, {FirstYomi, "F"}, {CompanyYomi, "C"}};
+    for (const KeyRow& row : kKeys) {
+        const auto record = addresses.Make({});
+        for (const auto& [field, text] : kFields) {
+            const bool isFilled = std::string_view(row.filled).find(text) != std::string_view::npos;
+            record->SetUtf8(field, isFilled ? text : " \t");
+        }
+        const auto key = [&](KeyFields fields, long listBy) {
+            CString text("what was there");
+            MakeRecordKey(record.get(), fields, listBy, text);
+            return InUtf8(text);
+        };
+        EXPECT_EQ(key(KeyFields::Plain, kListByName), row.plainByName) << row.filled;
+        EXPECT_EQ(key(KeyFields::Plain, kListByCompany), row.plainByCompany) << row.filled;
+        EXPECT_EQ(key(KeyFields::Reading, -1), row.readingByName) << row.filled;
+        EXPECT_EQ(key(KeyFields::Reading, kListByCompany), row.readingByCompany) << row.filled;
+    }
+}
+
+// Names and typed texts of all kinds, with what leads comparisons astray: accents apart from their
+// letters, marks of half width, characters that are ignored or that no double-byte page has.
+std::string RandomText(std::mt19937& random) {
+    constexpr std::array<const char*, 48> kPieces{
+        "a",  "A",  "b",  "s",  "z",  "é",  "e",  "e\u0301", "\u0308", "ö",    "o",      "å",
+        "v",  "w",  "ß",  "ss", "-",  "'",  ",",  " ",       " ",      "1",    "か",     "が",
+        "カ", "ガ", "ｶ",  "ｶﾞ", "ﾊﾟ", "ﾞ",  "ー", "ｰ",       "っ",     "つ",   "山",     "田",
+        "ん", "Ａ", "　", "Ł",  "😀",  "\t", "\r", "\n",      "\x01",   "\x7F", "\u00AD", "\u3099"};
+    std::string text;
+    for (std::size_t length = random() % 5; length > 0; --length) {
+        text += kPieces[random() % kPieces.size()];
+    }
+    if (!text.empty() && random() % 40 == 0) text.insert(0, 252, 'x');
+    return text;
+}
+
+std::unique_ptr<CAddressRecord> RandomRecord(AddressFixture& addresses, std::mt19937& random) {
+    return addresses.Make({{Name, RandomText(random)},
+                           {First, RandomText(random)},
+                           {Company, RandomText(random)},
+                           {NameYomi, RandomText(random)},
+                           {FirstYomi, RandomText(random)},
+                           {CompanyYomi, RandomText(random)}});
+}
+
+// Where each character of a text begins, and the end.
+std::vector<std::size_t> Positions(std::string_view text) {
+    std::vector<std::size_t> positions{0};
+    while (positions.back() < text.size()) {
+        const std::string_view rest = text.substr(positions.back());
+        positions.push_back(positions.back() + CodePage::System().CharacterLength(rest));
+    }
+    return positions;
+}
+
+void CutToCharactersOf(const CString& typed, CString& key) {
+    const std::vector<std::size_t> positions = Positions(key.View());
+    const std::size_t count = std::min(Positions(typed.View()).size(), positions.size());
+    key.Bytes().resize(positions[count - 1]);
+}
+
+// The comparison as the rule tells it: the whole key is made, folded, cut and compared.
+int CompareWholeKey(const CString& typed, const CAddressRecord* record, KeyFields fields,
+                    long listBy, KeyCut cut, KeyMatch match) {
+    CString folded = typed;
+    CString key;
+    ToFullwidthAndHira(folded);
+    MakeRecordKey(record, fields, listBy, key);
+    ToFullwidthAndHira(key);
+    if (GetACP() == kUtf8CodePage) {
+        CutToCharactersOf(folded, key);
+    } else if (cut == KeyCut::Inc) {
+        LeftAndValidateInc(key, folded.GetLength());
+    } else {
+        LeftAndValidateDec(key, folded.GetLength());
+    }
+    return CompareStringA(LOCALE_SYSTEM_DEFAULT, static_cast<unsigned>(match), folded,
+                          folded.GetLength(), key, key.GetLength()) -
+           CSTR_EQUAL;
+}
+
+// A text of its own, or the start of a key of the records, so that some are found.
+CString RandomTyped(const std::vector<std::unique_ptr<CAddressRecord>>& records,
+                    std::mt19937& random) {
+    if (random() % 2 == 0) return InPage(RandomText(random));
+    CString key;
+    MakeRecordKey(records[random() % records.size()].get(),
+                  random() % 2 == 0 ? KeyFields::Plain : KeyFields::Reading, kListByName, key);
+    if (random() % 2 == 0) key.MakeUpper();
+    LeftAndValidateInc(key, static_cast<int>(random() % 8));
+    return key;
+}
+
+constexpr LocaleCase kLocales[] = {{"en-US", 65001}, {"sv-SE", 65001}, {"cs-CZ", 65001},
+                                   {"ja-JP", 65001}, {"ja-JP", 932},   {"de-DE", 1252}};
+
+class LookupKeys : public testing::TestWithParam<LocaleCase> {};
+INSTANTIATE_TEST_SUITE_P(Locales, LookupKeys, testing::ValuesIn(kLocales));
+
+TEST_P(LookupKeys, CompareAsWholeKeysDo) {
+    const LocaleInForce locale(GetParam().tag, GetParam().codePage);
+    AddressFixture addresses;
+    std::mt19937 random(5);
+    std::vector<std::unique_ptr<CAddressRecord>> records(1);  // and an item without a record
+    for (int i = 0; i < 150; ++i) records.push_back(RandomRecord(addresses, random));
+
+    std::map<int, int> seen;
+    for (int i = 0; i < 60; ++i) {
+        const CString typed = RandomTyped(records, random);
+        for (const long listBy : {kListByCompany, kListByName}) {
+            for (const KeyMatch match : {KeyMatch::Case, KeyMatch::CaseAndAccents}) {
+                LookupKey key(typed, listBy, match);
+                for (const auto& record : records) {
+                    for (const KeyFields fields : {KeyFields::Plain, KeyFields::Reading}) {
+                        for (const KeyCut cut : {KeyCut::Dec, KeyCut::Inc}) {
+                            const int want =
+                                CompareWholeKey(typed, record.get(), fields, listBy, cut, match);
+                            ++seen[want];
+                            CString whole;
+                            MakeRecordKey(record.get(), fields, listBy, whole);
+                            ASSERT_EQ(key.Compare(record.get(), fields, cut), want)
+                                << "<" << InUtf8(typed) << "> <" << InUtf8(whole) << ">";
+                        }
+                    }
+                }
+            }
+        }
+    }
+    for (const int result : {-1, 0, 1}) EXPECT_GT(seen[result], 500);
+}
+
+}  // namespace
+}  // namespace orvo

@@ -1,0 +1,159 @@
+// The lines of a postal address in the three forms, and the choice between them.
+// SPDX-License-Identifier: MIT
+#include <string>
+
+#include <gmock/gmock.h>
+
+#include <orvoshare/module/OrvoShareModule.h>
+#include <orvoshare/resources/StringTable.h>
+#include <orvoshare/text/AddressBlock.h>
+#include <platform/text/CodePage.h>
+#include <support/LocaleInForce.h>
+
+namespace orvo {
+namespace {
+
+using Form = void (*)(CStringArray&, CString, CString, CString, CString, CString);
+
+// The module in the language of a locale.
+struct ModuleLocale {
+    explicit ModuleLocale(const char* tag, unsigned codePage = 0) : locale(tag, codePage) {
+        // An attach of an earlier test would keep its language.
+        while (OrvoShareReferenceCount() > 0) OrvoShareMain(OwnModule(), DLL_PROCESS_DETACH);
+        OrvoShareMain(OwnModule(), DLL_PROCESS_ATTACH);
+    }
+    ~ModuleLocale() { OrvoShareMain(OwnModule(), DLL_PROCESS_DETACH); }
+
+    LocaleInForce locale;
+};
+
+struct Address {
+    std::string address;
+    std::string city;
+    std::string state;
+    std::string zipCode;
+    std::string country;
+};
+
+CString FromUtf8(const std::string& utf8) {
+    CString text;
+    CodePage::System().FromUtf8(utf8, text.Bytes());
+    return text;
+}
+
+// The lines with a slash between them.
+std::string Lines(Form form, const Address& address) {
+    CStringArray lines;
+    form(lines, FromUtf8(address.address), FromUtf8(address.city), FromUtf8(address.state),
+         FromUtf8(address.zipCode), FromUtf8(address.country));
+    std::string all;
+    for (int i = 0; i < lines.GetSize(); ++i) {
+        std::string utf8;
+        CodePage::System().ToUtf8(lines[i].View(), utf8);
+        all += (i == 0 ? "" : "/") + utf8;
+    }
+    return all;
+}
+
+std::string WithEnds(const std::string& before, const std::string& middle,
+                     const std::string& behind) {
+    std::string all = before;
+    for (const std::string& part : {middle, behind}) {
+        if (!all.empty() && !part.empty()) all += "/";
+        all += part;
+    }
+    return all;
+}
+
+TEST(AddressBlock, EverySubsetOfTheFieldsHasItsLines) {
+    struct Row {
+        std::string city, state, zipCode, english, german, stateAndCity;
+    };
+    const Row kRows[] = {
+        {"", "", "", "", "", ""},
+        {"", "", "Z", "Z", "Z", ""},
+        {"", "S", "", "S", "S", "S"},
+        {"", "S", "Z", "S  Z", "Z/S", "S"},
+        {"C", "", "", "C", "C", "C"},
+        {"C", "", "Z", "C  Z", "Z C", "C"},
+        {"C", "S", "", "C, S", "C/S", "S  C"},
+        {"C", "S", "Z", "C, S  Z", "Z C/S", "S  C"},
+    };
+    for (const Row& row : kRows) {
+        for (const char* address : {"", "A"}) {
+            for (const char* country : {"", "N"}) {
+                const Address fields{address, row.city, row.state, row.zipCode, country};
+                EXPECT_EQ(Lines(FormatAddressEnglish, fields),
+                          WithEnds(address, row.english, country));
+                EXPECT_EQ(Lines(FormatAddressGerman, fields),
+                          WithEnds(address, row.german, country));
+                EXPECT_EQ(Lines(FormatAddressJapanese, fields),
+                          WithEnds(WithEnds(row.zipCode, row.stateAndCity, address), country, ""));
+            }
+        }
+    }
+}
+
+TEST(AddressBlock, AFieldOfSeveralLinesTakesThoseApartThatShareItsLine) {
+    struct Row {
+        const char* why;
+        Form form;
+        Address fields;
+        std::string want;
+    };
+    const Row kRows[] = {
+        {"city", FormatAddressEnglish, {"A", "C\nD", "S", "Z", "N"}, "A/C/D/S/Z/N"},
+        {"zip code", FormatAddressEnglish, {"A", "C", "S", "Y\r\nZ", "N"}, "A/C/S/Y/Z/N"},
+        {"zip code", FormatAddressGerman, {"A", "C", "S", "Y\rZ", "N"}, "A/Y/Z/C/S/N"},
+        {"state", FormatAddressGerman, {"A", "C", "S\nT", "Z", "N"}, "A/Z/C/S/T/N"},
+        {"state", FormatAddressJapanese, {"A", "C", "S\nT", "Z", "N"}, "Z/S/T/C/A/N"},
+        {"not the zip code", FormatAddressJapanese, {"A", "C", "S", "Y\nZ", "N"}, "Y/Z/S  C/A/N"},
+        {"not the address", FormatAddressEnglish, {"A\nB", "C", "S", "", "N"}, "A/B/C, S/N"},
+        {"an end alone is no line", FormatAddressEnglish, {"", "C\r", "S\n", "\r\n", ""}, "C, S"},
+    };
+    for (const Row& row : kRows) EXPECT_EQ(Lines(row.form, row.fields), row.want) << row.why;
+}
+
+TEST(AddressBlock, TabsBecomeBlanksOnlyWhereTheyAreTold) {
+    EXPECT_EQ(Lines(FormatAddressEnglish, {"", "C\tD", "S", "", ""}), "C    D, S");
+    EXPECT_EQ(Lines(FormatAddressJapanese, {"", "C\tD", "S", "", ""}), "S  C\tD");
+    EXPECT_EQ(Lines(FormatAddressGerman, {"", "C\tD", "S\tT", "Z", ""}), "Z C\tD/S    T");
+}
+
+TEST(AddressBlock, TheFormFollowsLanguageCodePageAndText) {
+    const Address latin{"A", "C", "S", "Z", "N"};
+    const Address japanese{"丸の内", "千代田区", "東京都", "100", ""};
+    struct Row {
+        const char* locale;
+        unsigned codePage;
+        const Address* fields;
+        std::string want;
+    };
+    const Row kRows[] = {
+        {"en-US", 65001, &latin, "A/C, S  Z/N"},
+        {"de-DE", 65001, &latin, "A/Z C/S/N"},
+        {"fr-FR", 65001, &latin, "A/Z C/S/N"},
+        {"ja-JP", 932, &latin, "A/C, S  Z/N"},
+        {"ja-JP", 932, &japanese, "100/東京都  千代田区/丸の内"},
+        {"ja-JP", 65001, &japanese, "丸の内/千代田区, 東京都  100"},
+        {"de-DE", 932, &japanese, "丸の内/100 千代田区/東京都"},
+    };
+    for (const Row& row : kRows) {
+        const ModuleLocale module(row.locale, row.codePage);
+        EXPECT_EQ(Lines(FormatAddress, *row.fields), row.want) << row.locale << row.codePage;
+    }
+}
+
+TEST(AddressBlock, AnAddressReplacesTheLinesAndNoneLeavesThem) {
+    CStringArray lines;
+    lines.Add("before");
+    FormatAddress(lines, "", "", "", "", "");
+    EXPECT_EQ(lines.GetSize(), 1);
+    FormatAddress(lines, "A", "", "", "", "");
+    EXPECT_EQ(lines[0], CString("A"));
+    FormatAddressGerman(lines, "B", "", "", "", "");
+    EXPECT_EQ(lines.GetSize(), 2);
+}
+
+}  // namespace
+}  // namespace orvo
