@@ -24,6 +24,8 @@ struct Invocation {
 
 void AddExchangeCommands(CLI::App& app, Invocation& invocation);   // import, export
 void AddAddressesCommands(CLI::App& app, Invocation& invocation);  // addresses, compare
+void AddCardCommands(CLI::App& app, Invocation& invocation);       // card, cards
+void AddViewCommands(CLI::App& app, Invocation& invocation);       // lookup, tip, heading, category
 void AddTextsCommands(CLI::App& app, Invocation& invocation);      // categories, labels
 void AddRecordCommands(CLI::App& app, Invocation& invocation);     // show, add, edit, delete
 

@@ -90,9 +90,26 @@ void PrintLine(std::string_view utf8) {
     WriteLine(stdout, Printable(utf8));
 }
 
+void PrintTabbedText(std::string_view utf8) {
+    std::string printable;
+    while (!utf8.empty()) {
+        const std::size_t end = std::min(utf8.find_first_of("\t\n"), utf8.size());
+        printable += Printable(utf8.substr(0, end));
+        if (end < utf8.size()) printable += utf8[end];
+        utf8.remove_prefix(std::min(end + 1, utf8.size()));
+    }
+    if (!printable.empty()) WriteLine(stdout, printable);
+}
+
 void PrintError(std::string_view utf8) {
     std::fflush(stdout);
     WriteLine(stderr, Printable(utf8));
+}
+
+std::string PaddedCell(std::string_view utf8, std::size_t width) {
+    std::string cell(utf8);
+    const std::size_t used = Width(Printable(utf8));
+    return cell.append(used < width ? width - used : 1, ' ');
 }
 
 void PrintJson(const Json& value) {

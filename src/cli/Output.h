@@ -18,6 +18,12 @@ using Json = nlohmann::ordered_json;
 void PrintLine(std::string_view utf8);
 void PrintError(std::string_view utf8);
 
+// Writes the lines of a text, which are parted by line feeds, with their tabs.
+void PrintTabbedText(std::string_view utf8);
+
+// The text, with blanks behind it up to a width on a terminal; one blank at least.
+std::string PaddedCell(std::string_view utf8, std::size_t width);
+
 // One JSON value in one line, UTF-8.
 void PrintJson(const Json& value);
 

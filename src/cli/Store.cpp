@@ -1,44 +1,14 @@
 // The store that a command works on.
 // SPDX-License-Identifier: MIT
-#include <cstdlib>
-#include <filesystem>
-
-#include <fmt/format.h>
-
 #include <cli/Store.h>
+#include <libraries/quire/UserStore.h>
 
 namespace orvo::cli {
 namespace {
 
-namespace fs = std::filesystem;
-
-// The XDG rules: a relative or empty XDG_DATA_HOME doesn't count.
-fs::path DefaultPath() {
-    const char* data = std::getenv("XDG_DATA_HOME");
-    if (data != nullptr && fs::path(data).is_absolute()) return fs::path(data) / "orvo" / "orvo.db";
-    const char* home = std::getenv("HOME");
-    if (home == nullptr || *home == '\0') {
-        throw CommandError(kWrongUse, "HOME is not set: name the store with --store FILE");
-    }
-    return fs::path(home) / ".local" / "share" / "orvo" / "orvo.db";
-}
-
 std::unique_ptr<SqliteEngine> OpenEngine(const std::string& path) {
-    std::string file = path;
-    if (path.empty()) {
-        const fs::path own = DefaultPath();
-        std::error_code error;
-        fs::create_directories(own.parent_path(), error);
-        if (error) {
-            throw CommandError(kWrongUse, fmt::format("{}: can't be made: {}",
-                                                      own.parent_path().string(), error.message()));
-        }
-        // People's addresses are nobody else's business.
-        fs::permissions(own.parent_path(), fs::perms::owner_all, error);
-        file = own.string();
-    }
     std::string error;
-    auto engine = SqliteEngine::Open(file, error);
+    auto engine = OpenUserStore(path, error);
     if (engine == nullptr) throw CommandError(kWrongUse, error);
     return engine;
 }

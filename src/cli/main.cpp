@@ -55,6 +55,8 @@ int Run(int count, char** arguments) {
     AddGlobalOptions(app, invocation);
     AddExchangeCommands(app, invocation);
     AddAddressesCommands(app, invocation);
+    AddCardCommands(app, invocation);
+    AddViewCommands(app, invocation);
     AddTextsCommands(app, invocation);
     AddRecordCommands(app, invocation);
     app.footer(

@@ -31,7 +31,8 @@ class OrvoTest(unittest.TestCase):
 
     def run_orvo(self, *arguments, environment=None):
         return subprocess.run([ORVO, *map(str, arguments)], capture_output=True, timeout=120,
-                              env={"PATH": os.environ["PATH"], "LC_ALL": "en_US.UTF-8", **(environment or {})})
+                              env={"PATH": os.environ["PATH"], "LC_ALL": "en_US.UTF-8",
+                                   "XDG_CONFIG_HOME": str(self.folder / "config"), **(environment or {})})
 
     def orvo(self, *arguments, code=0):
         result = self.run_orvo("--store", self.store, *arguments)
@@ -61,7 +62,8 @@ class OrvoTest(unittest.TestCase):
         self.orvo("import", self.file("a.vcf", card("Lee", "Ann", "ORG:Acme\r\nCATEGORIES:Friends\r\n")))
         self.assertEqual(self.rows("addresses"), [
             {"row": 0, "id": 1, "name": "Lee", "first": "Ann", "company": "Acme", "nameYomi": "", "firstYomi": "",
-             "companyYomi": "", "formatted": "Lee, Ann", "category": "Friends", "private": False}])
+             "companyYomi": "", "formatted": "Lee, Ann", "category": "Friends", "private": False,
+             "cells": {"0": "Lee, Ann", "2": "Acme", "7": "", "3": "Friends", "5": False, "4": False}}])
 
     def test_private_rows_are_hidden_or_masked(self):
         self.orvo("import", self.file("a.vcf", card("Open") + card("Secret", "", "CLASS:PRIVATE\r\n")))
@@ -86,6 +88,111 @@ class OrvoTest(unittest.TestCase):
                                 environment={"ORVO_LANGUAGE_DIR": str(self.folder)})
         self.assertIn(b"(Private)", without.stdout)
         self.assertEqual(without.stderr, b"")
+
+    def test_columns_are_chosen_and_stay(self):
+        self.orvo("add", "--name", "Lee", "--first", "Ann", "--title", "Dr.", "--phone1", "555", "--label1", "Work",
+                  "--note", "n", "--custom1", "May 1")
+        default = ["0", "2", "7", "3", "5", "4"]
+        self.assertEqual(list(self.rows("addresses")[0]["cells"]), default)
+
+        self.assertEqual(self.rows("addresses", "--columns", "4,19,1")[0]["cells"], {"4": True, "19": "555", "1": "Dr."})
+        self.assertEqual(self.rows("addresses")[0]["cells"], {"4": True, "19": "555", "1": "Dr."})
+        self.assertIn("Note  Work  Title\n0    1   *     555   Dr.\n", self.orvo("addresses"))
+        cells = self.rows("addresses", "--columns", "all")[0]["cells"]
+        self.assertEqual((len(cells), cells["7"], cells["8"]), (20, "555 (W)", "May 1"))
+        for bad in ("99", "0,", "name", "0;1"):
+            self.orvo("addresses", f"--columns={bad}", code=2)
+            self.assertEqual(self.errors.count("\n"), 1, self.errors)
+        self.assertEqual(len(self.rows("addresses")[0]["cells"]), 20)
+        self.assertEqual(list(self.rows("addresses", "--columns", "default")[0]["cells"]), default)
+
+    def test_the_heading_is_saved_as_a_line_of_numbers(self):
+        first = "(6) 0 180 2 180 7 110 3 110 5 29 4 29 (14) 1 180 6 180 8 110"
+        self.assertTrue(self.orvo("heading").startswith(first), self.orvo("heading"))
+        self.orvo("heading", "--set", "(2) 0 200 3 90 (1) 1 250")
+        self.assertEqual(self.orvo("heading"), "(2) 0 200 3 90 (1) 1 250\n")
+        self.orvo("add", "--name", "Lee")
+        self.assertEqual(list(self.rows("addresses")[0]["cells"]), ["0", "3"])
+        self.orvo("addresses", "--columns", "1,0")
+        self.assertTrue(self.orvo("heading").startswith("(2) 1 250 0 200 (18)"), self.orvo("heading"))
+        for bad in ("(0)", "nonsense", "(3)", "(1) 99 100"):
+            self.orvo("heading", "--set", bad, code=2)
+            self.assertEqual(self.errors.count("\n"), 1, self.errors)
+        self.assertTrue(self.orvo("heading").startswith("(2) 1 250 0 200"))
+        self.assertTrue(self.orvo("heading", "--reset").startswith(first))
+        self.assertIn("AddressHeading=", (self.folder / "config/orvo/settings.ini").read_text())
+
+    def test_icons_show_a_picture_and_a_label(self):
+        self.orvo("add", "--name", "Lee", "--first", "Ann")
+        self.orvo("add", "--company", "Acme")
+        self.orvo("add", "--name", "Secret", "--private", "yes")
+        rows = self.rows("addresses", "--view", "icons", "--mask-private")
+        self.assertEqual([(row.get("icon"), row.get("label")) for row in rows],
+                         [("building", "Acme"), ("person", "Lee, Ann"), (None, None)])
+        self.assertRegex(self.orvo("addresses", "--view", "icons", "--mask-private"), r"2 +3 +masked +\(Private\)\n")
+
+    def test_lookup_types_into_the_box(self):
+        for name in ("Adams", "Baker", "Baker", "Bakerson", "Carter", "Émile", "漢字"):
+            self.orvo("add", "--name", name)
+        table = (("bak", "bak", 1, 0), ("BAKERS", "BAKERS", 3, 0), ("bax", "ba", 1, 1), ("é", "é", 5, 0), ("emi", "emi", 5, 0),
+                 ("漢", "漢", 6, 0), ("x", "", -1, 1))
+        for typed, box, row, beeps in table:
+            printed = self.rows("lookup", typed, code=0 if row >= 0 else 1)
+            self.assertEqual(printed, [{"typed": typed, "box": box, "row": row, "beeps": beeps}])
+        self.assertEqual(self.orvo("lookup", "cart"), 'row 4: Carter (the box holds "cart")\n')
+        self.orvo("add", "--name", "山田", "--name-yomi", "ヤマダ")
+        self.orvo("add", "--name", "阿部", "--name-yomi", "あべ")
+        japanese = self.rows("--locale", "ja-JP", "addresses")
+        row = next(row["row"] for row in japanese if row["name"] == "山田")
+        for typed in ("やま", "ヤ", "ﾔﾏ", "山"):
+            self.assertEqual(self.rows("--locale", "ja-JP", "lookup", typed)[0]["row"], row, typed)
+
+    def test_a_tip_tells_the_whole_record(self):
+        self.orvo("labels", "--set", "phone", 2, "Work:")
+        self.orvo("labels", "--set", "custom", 1, "Birthday")
+        self.orvo("add", "--name", "Lee", "--first", "Ann", "--company", "Acme", "--phone3", "555-1234", "--custom1", "May 1")
+        tip = "Ann Lee\nAcme\n\nWork:\t555-1234\n\nBirthday:\tMay 1"
+        self.assertEqual(self.rows("tip", 0), [{"row": 0, "tip": tip}])
+        self.assertEqual(self.orvo("tip", 0), tip + "\n")
+        self.orvo("tip", 1, code=1)
+
+    def test_a_card_says_what_the_record_holds(self):
+        self.orvo("labels", "--set", "phone", 2, "Work:")
+        self.orvo("add", "--name", "Lee", "--first", "Ann", "--company", "Acme", "--phone3", "555-1234\n555-1235",
+                  "--address", "1 Main St", "--city", "Boston", "--state", "MA", "--zip", "02134", "--note", "n",
+                  "--category", "Friends")
+        self.orvo("add", "--name", "Secret", "--private", "yes")
+        body = "Acme\n\n<L>\nWork:\t555-1234\n\t555-1235\n\n1 Main St\nBoston, MA  02134\n"
+        card = {"title": "Lee, Ann", "body": body, "category": "Friends", "private": False, "masked": False, "hasNote": True,
+                "tabStop": 12}
+        self.assertEqual(self.rows("card", 0), [card])
+        german = self.rows("--locale", "de-DE", "card", 0)[0]["body"]
+        self.assertTrue(german.endswith("1 Main St\n02134 Boston\nMA\n"), german)
+        self.assertEqual(self.orvo("card", 0), "Lee, Ann\nAcme\n\n────────────────────\nWork:       555-1234\n"
+                         "            555-1235\n\n1 Main St\nBoston, MA  02134\n[Friends] [Note]\n")
+        masked = self.rows("cards", "--mask-private")
+        self.assertEqual(masked[0], card)
+        self.assertEqual((masked[1]["masked"], masked[1]["title"], masked[1]["body"]), (True, "", ""))
+        self.assertEqual(self.orvo("cards", "--mask-private").splitlines()[-1], "(Private)")
+        self.assertEqual(len(self.rows("cards", "--hide-private", "--category", "Friends")), 1)
+        self.orvo("card", 2, code=1)
+
+    def test_an_address_takes_the_form_of_its_language(self):
+        self.orvo("import", *SAMPLES)
+        def bodies(locale):
+            return {row["title"]: row["body"] for row in self.rows("--locale", locale, "cards")}
+        japanese = bodies("ja-JP")
+        self.assertIn("\n105-0023\n東京都  港区\n芝浦1丁目2番3号\n日本\n", japanese["山田 太郎"])
+        self.assertIn("\n1 Main St", japanese["Lee Ann"])
+
+    def test_a_category_is_chosen_from_the_menu_of_its_cell(self):
+        self.orvo("add", "--name", "Lee", "--category", "Friends")
+        self.orvo("add", "--name", "Kim")
+        self.assertEqual(self.orvo("category", 0, "Friends"), "row 0: Friends\n")
+        self.assertEqual(self.orvo("category", 0, "Friends"), "row 0: Friends\n")
+        self.assertEqual([row["category"] for row in self.rows("addresses")], ["Friends", "Friends"])
+        self.orvo("category", 0, "none such", code=1)
+        self.orvo("category", 2, "Friends", code=1)
 
     def test_compare_tells_the_order_of_two_rows(self):
         self.orvo("add", "--name", "Zeta", "--name-yomi", "a")

@@ -1,0 +1,92 @@
+// The address views with their lookup box, set up as a host does, without a screen.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+#include <cli/Store.h>
+#include <orvoshare/addresslist/DetailViewAddrList.h>
+#include <orvoshare/addressviews/DetailViewAddrCard.h>
+#include <orvoshare/addressviews/LookupEdit.h>
+#include <platform/window/MemoryWindowSystem.h>
+
+namespace CLI {
+class App;
+}
+
+namespace orvo::cli {
+
+// The section of the user's profile that holds the heading of the list.
+constexpr const char* kListSection = "AddressList";
+
+struct ListOptions {
+    std::string by = "name";
+    std::string category;
+    bool hidePrivate = false;
+    bool maskPrivate = false;
+
+    int ListBy() const { return static_cast<int>(by == "company" ? kListByCompany : kListByName); }
+};
+
+// Adds --by to the command line of a command that names rows, and the options of a command that
+// lists them.
+void AddOrderOption(CLI::App& command, ListOptions& options);
+void AddListOptions(CLI::App& command, ListOptions& options);
+
+// The module's text of that number, UTF-8.
+std::string ModuleText(unsigned number);
+
+// A window with a lookup box, in which one of the views stands.
+class ViewHost {
+public:
+    ViewHost();
+    ~ViewHost();
+    ViewHost(const ViewHost&) = delete;
+    ViewHost& operator=(const ViewHost&) = delete;
+
+    CLookupEdit& Box() { return m_box; }
+    MemoryWindowSystem& System() { return m_system; }
+
+    // kSomeSkipped where a damaged record was left out.
+    ExitCode Code() const { return m_code; }
+
+protected:
+    // Connects the view, whose window stands, and fills it from the store; a damaged record is told
+    // on standard error and left out.
+    // Fails:  CommandError.
+    void Fill(CDetailViewAddrInf& view, Store& store, const ListOptions& options);
+
+    MemoryWindowSystem m_system;
+    CWnd m_frame;
+    CLookupEdit m_box;
+    ExitCode m_code = kDone;
+};
+
+class AddressView : public ViewHost {
+public:
+    AddressView(Store& store, const ListOptions& options);
+
+    CDetailViewAddrList& List() { return m_list; }
+
+    // Fails:  CommandError, nothing found.
+    CAddressRecord& RecordAt(int row);
+
+private:
+    CCategoryCombo m_categories;  // the list opens no menu of categories without it
+    CDetailViewAddrList m_list;
+};
+
+class CardView : public ViewHost {
+public:
+    CardView(Store& store, const ListOptions& options);
+
+    CDetailViewAddrCard& Cards() { return m_cards; }
+
+private:
+    CDetailViewAddrCard m_cards;
+};
+
+// Fails:  CommandError, nothing found, where the view has no such row.
+void CheckRow(CDetailViewAddrInf& view, int row);
+
+}  // namespace orvo::cli
