@@ -4,9 +4,13 @@ include(CMakePackageConfigHelpers)
 install(TARGETS orvoshare EXPORT OrvoShareTargets)
 foreach(folder platform contracts orvoshare libraries)
     install(DIRECTORY "${PROJECT_SOURCE_DIR}/src/${folder}"
-            DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/OrvoShare" FILES_MATCHING PATTERN "*.h")
+            DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/OrvoShare" FILES_MATCHING PATTERN "*.h"
+            PATTERN "platform/qt" EXCLUDE)
 endforeach()
 install(TARGETS orvo)
+if(ORVO_DESKTOP)
+    install(TARGETS orvo-desktop)
+endif()
 install(DIRECTORY "${PROJECT_BINARY_DIR}/share/orvoshare" DESTINATION "${CMAKE_INSTALL_DATADIR}")
 install(FILES "${PROJECT_SOURCE_DIR}/docs/orvo.1" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
 install(FILES "${PROJECT_SOURCE_DIR}/src/cli/completion/orvo"
