@@ -5,7 +5,7 @@
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
 
-#include <orvoshare/addresslist/AddressOrder.h>
+#include <orvoshare/addressviews/AddressOrder.h>
 
 #include "People.h"
 

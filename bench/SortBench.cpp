@@ -7,8 +7,8 @@
 #include <unicode/ucol.h>
 
 #include <libraries/quire/MemoryEngine.h>
-#include <orvoshare/addresslist/AddrCompare.h>
-#include <orvoshare/addresslist/AddressOrder.h>
+#include <orvoshare/addressviews/AddrCompare.h>
+#include <orvoshare/addressviews/AddressOrder.h>
 #include <platform/text/SystemLocale.h>
 
 #include "People.h"

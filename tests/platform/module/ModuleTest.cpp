@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <platform/module/ExtensionModule.h>
+#include <platform/module/FindResource.h>
 #include <platform/module/ResourceHandle.h>
 #include <platform/text/CString.h>
 #include <support/LocaleInForce.h>
@@ -21,6 +22,13 @@ public:
         const auto found = m_texts.find(number);
         if (found != m_texts.end()) utf8 = found->second;
         return found != m_texts.end();
+    }
+
+    // A menu for each text.
+    std::string_view FindResource(ResourceKind kind, unsigned number) const override {
+        const auto found = m_texts.find(number);
+        const bool isThere = kind == ResourceKind::Menu && found != m_texts.end();
+        return isThere ? std::string_view(found->second) : std::string_view();
     }
 
 private:
@@ -69,6 +77,21 @@ TEST_F(ModuleTest, TheResourceHandleComesFirstThenTheLatestOfTheChain) {
     new CDynLinkLibrary(systemInUse.record, 1);
     EXPECT_EQ(Load(3), "early") << "a system library comes after all others";
     EXPECT_EQ(Load(4), "system");
+}
+
+TEST_F(ModuleTest, OtherResourcesAreLookedForOnTheSameRoad) {
+    EXPECT_EQ(FindResourceText(ResourceKind::Menu, 1), "");
+    Extension earlyInUse(&early);
+    new CDynLinkLibrary(earlyInUse.record, 0);
+    Extension lateInUse(&late);
+    new CDynLinkLibrary(lateInUse.record, 0);
+    AfxSetResourceHandle(&application);
+
+    EXPECT_EQ(FindResourceText(ResourceKind::Menu, 1), "application");
+    EXPECT_EQ(FindResourceText(ResourceKind::Menu, 2), "late");
+    EXPECT_EQ(FindResourceModule(ResourceKind::Menu, 3), &early);
+    EXPECT_EQ(FindResourceText(ResourceKind::Dialog, 1), "");
+    EXPECT_EQ(FindResourceModule(ResourceKind::Menu, 4), nullptr);
 }
 
 TEST_F(ModuleTest, AModuleIsSearchedUntilItsLastInitIsUndone) {
