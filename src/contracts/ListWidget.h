@@ -70,6 +70,10 @@ public:
     // Gives:  non-zero on success; 0 where it isn't shown.
     int HideColumn(int nId);
 
+    // Sets the width that a column will have where ShowColumn names none, held in the same limits.
+    // Gives:  0 where there is no such column.
+    int RememberWidth(int nId, int nWidth);
+
     // All columns, in the order of the InitializeColumn calls, and the ids of those that are shown,
     // from left to right.
     const std::vector<COrvoLVColumn>& GetColumns() const { return m_aColumns; }
@@ -145,7 +149,7 @@ private:
 };
 
 // The narrowest and the widest column of a heading, in pixels.
-constexpr int kNarrowestColumn = 8;
+constexpr int kNarrowestColumn = 1;
 constexpr int kWidestColumn = 4000;
 
 // The colours of the widgets.

@@ -61,6 +61,13 @@ int COrvoUIListViewCtrl::HideColumn(int nId) {
     return DeleteColumn(index);
 }
 
+int COrvoUIListViewCtrl::RememberWidth(int nId, int nWidth) {
+    COrvoLVColumn* record = FindColumn(nId);
+    if (!record) return 0;
+    record->nWidth = std::clamp(nWidth, kNarrowestColumn, kWidestColumn);
+    return 1;
+}
+
 int COrvoUIListViewCtrl::UpdateColumnText(int nId, const char* text) {
     COrvoLVColumn* record = FindColumn(nId);
     if (!record) return 0;

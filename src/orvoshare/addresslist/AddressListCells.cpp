@@ -6,9 +6,9 @@
 #include <contracts/TextServices.h>
 #include <orvoshare/addresslist/AddressLine.h>
 #include <orvoshare/addresslist/DetailViewAddrList.h>
-#include <orvoshare/addressviews/RecordText.h>
 #include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/resources/StringTable.h>
+#include <orvoshare/text/CategoryText.h>
 #include <orvoshare/text/NameText.h>
 #include <platform/text/CodePage.h>
 #include <platform/text/MultiByte.h>

@@ -1,12 +1,11 @@
 // CDetailViewAddrList: its columns, and how their layout is saved and read back.
 // SPDX-License-Identifier: MIT
-#include <algorithm>
+#include <span>
 
-#include <contracts/Profile.h>
 #include <contracts/ResourceScope.h>
 #include <orvoshare/addresslist/DetailViewAddrList.h>
-#include <orvoshare/addresslist/HeadingText.h>
 #include <orvoshare/module/OrvoShareModule.h>
+#include <orvoshare/text/ListHeading.h>
 
 namespace orvo {
 namespace {
@@ -68,6 +67,10 @@ COrvoLVColumn LabelColumn(int id, const CString& label) {
     return column;
 }
 
+std::span<const int> DefaultColumns(int companyLast) {
+    return companyLast != 0 ? std::span<const int>(kCompanyLast) : kCompanySecond;
+}
+
 }  // namespace
 
 int CDetailViewAddrList::Initialize(CAddressTable* table, CCategoryCombo* combo) {
@@ -102,50 +105,15 @@ int CDetailViewAddrList::InitializeColumns() {
 }
 
 int CDetailViewAddrList::ReadHeaderColumnInfo(const char* section, int bCompanyLast) {
-    if (!section) return 0;
-    const CString text = OUIGetProfileString(section, kHeadingKey, nullptr);
-    if (!text.IsEmpty()) return ShowHeading(text);
-    ShowDefaultHeading(bCompanyLast);
-    return 1;
+    return ReadHeading(*this, section, kHeadingKey, DefaultColumns(bCompanyLast));
 }
 
 void CDetailViewAddrList::ShowDefaultHeading(int bCompanyLast) {
-    for (const int id : bCompanyLast != 0 ? kCompanyLast : kCompanySecond) ShowColumn(id, -1);
-}
-
-int CDetailViewAddrList::ShowHeading(const CString& text) {
-    const Heading heading = ParseHeading(text);
-    if (heading.shown.empty()) return 0;
-    for (const HeadingColumn& column : heading.shown) ShowColumn(column.id, column.width);
-    for (const HeadingColumn& column : heading.hidden) {
-        const auto found = std::ranges::find(m_aColumns, column.id, &COrvoLVColumn::nId);
-        if (found == m_aColumns.end()) continue;
-        found->nWidth = std::clamp(column.width, kNarrowestColumn, kWidestColumn);
-    }
-    return 1;
+    ShowColumns(*this, DefaultColumns(bCompanyLast));
 }
 
 int CDetailViewAddrList::WriteHeaderColumnInfo(const char* section) {
-    const CString text = HeadingText();
-    if (!section || text.IsEmpty()) return 0;
-    return OUIWriteProfileString(section, kHeadingKey, text);
-}
-
-CString CDetailViewAddrList::HeadingText() {
-    const CHeaderCtrl* header = GetHeaderCtrl();
-    const int count = header ? header->GetItemCount() : 0;
-    if (count <= 0) return {};
-    std::vector<int> order(static_cast<std::size_t>(count));
-    GetColumnOrderArray(order.data(), count);
-
-    Heading heading;
-    for (const int index : order) {
-        heading.shown.push_back({SubItemFromIndex(index), GetColumnWidth(index)});
-    }
-    for (const COrvoLVColumn& column : m_aColumns) {
-        if (column.bShown == 0) heading.hidden.push_back({column.nId, column.nWidth});
-    }
-    return FormatHeading(heading);
+    return WriteHeading(*this, section, kHeadingKey);
 }
 
 void CDetailViewAddrList::RefreshCustomLabels() {

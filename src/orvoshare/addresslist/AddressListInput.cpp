@@ -4,7 +4,7 @@
 
 #include <orvoshare/addresslist/DetailViewAddrList.h>
 #include <orvoshare/addressviews/LookupEdit.h>
-#include <orvoshare/addressviews/RecordText.h>
+#include <orvoshare/text/CategoryText.h>
 #include <platform/window/WindowSystem.h>
 
 namespace orvo {

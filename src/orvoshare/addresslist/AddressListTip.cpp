@@ -37,8 +37,8 @@ CString CDetailViewAddrList::InfoTipText(CAddressRecord* record) {
     AddLines(Read(*record, AddressField::Company), "", tip);
     tip += '\n';
     if (m_pAddressTable) {
-        const bool hasPhones = AddPhoneLines(*record, *m_pAddressTable, tip);
-        AddCustomLines(*record, *m_pAddressTable, hasPhones, tip);
+        const bool hasPhones = AddPhoneLines(*record, *m_pAddressTable, Labels::Whole, tip);
+        AddCustomLines(*record, *m_pAddressTable, Labels::Whole, hasPhones, tip);
     }
     return tip;
 }

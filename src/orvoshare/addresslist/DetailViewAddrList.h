@@ -72,15 +72,8 @@ public:
     //         without columns.
     int WriteHeaderColumnInfo(const char* section);
 
-    // The columns as WriteHeaderColumnInfo saves them; empty for a heading without columns.
-    CString HeadingText();
-
-    // Shows the columns that the text of a heading names, whatever its bytes.
-    // Gives:  1; 0, and no column is shown, for a text that begins with no number above 0.
-    int ShowHeading(const CString& text);
-
     // Shows the columns of the default heading, at their own widths.
-    void ShowDefaultHeading(int bCompanyLast);
+    void ShowDefaultHeading(int bCompanyLast = 0);
 
     // The columns of the custom fields take their headings from the table again.
     void RefreshCustomLabels();

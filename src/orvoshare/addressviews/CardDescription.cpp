@@ -6,6 +6,7 @@
 #include <orvoshare/addressviews/RecordText.h>
 #include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/text/AddressBlock.h>
+#include <orvoshare/text/CategoryText.h>
 #include <orvoshare/text/NameText.h>
 
 namespace orvo {
@@ -78,9 +79,9 @@ void CDetailViewAddrCard::GetCardDescription(int index, CCardDesc& description) 
     description.bHasNote = record->IsNote();
     description.strCategory = CategoryText(*m_pAddressTable, *record);
     AddHead(*record, description);
-    bool isOpen = AddPhoneLines(*record, *m_pAddressTable, description.strBody);
+    bool isOpen = AddPhoneLines(*record, *m_pAddressTable, Labels::InOneLine, description.strBody);
     isOpen = AddAddress(*record, isOpen, description.strBody);
-    AddCustomLines(*record, *m_pAddressTable, isOpen, description.strBody);
+    AddCustomLines(*record, *m_pAddressTable, Labels::InOneLine, isOpen, description.strBody);
 }
 
 }  // namespace orvo

@@ -78,8 +78,12 @@ int CDetailViewAddrCard::SortByCompare(PFNLVCOMPARE compare, long listBy) {
 int CDetailViewAddrCard::DV_InsertRecord(int nIndex, CAddressRecord* pRecord, int bSorted) {
     if (pRecord == nullptr) return -1;
     if (bSorted != 0) nIndex = static_cast<int>(DV_GetIndexToInsert(pRecord));
+    std::unique_ptr<CAddressRecord> record(pRecord);
+    const int count = GetCardCount();
     InsertCard(nIndex, pRecord, 1);
-    return nIndex;
+    if (GetCardCount() == count) return -1;
+    static_cast<void>(record.release());  // the card's from now on
+    return std::min(nIndex, count);
 }
 
 unsigned long CDetailViewAddrCard::DV_GetIndexToInsert(CAddressRecord* pRecord) {

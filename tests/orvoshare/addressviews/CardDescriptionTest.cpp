@@ -138,6 +138,13 @@ TEST_P(CardDescription, TheCategoryGoesByItsNameOrByTheTextForNone) {
     EXPECT_FALSE(none.empty());
 }
 
+TEST_P(CardDescription, LabelsBreakNoLine) {
+    table.SetPhoneLabel(0, "Wo\nrk");
+    table.SetCustomLabel(1, "A\tB\rC");
+    const CCardDesc card = Describe({{Phone1, "1"}, {Custom1, "x"}});
+    EXPECT_EQ(Utf8(card.strBody), "Wo\t1\n\nA    B:\tx\n");
+}
+
 TEST_P(CardDescription, HugeAndBrokenTextsKeepTheFormOfLines) {
     std::string ends;
     std::string mixed;

@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <limits>
 
-#include <orvoshare/addresslist/HeadingText.h>
+#include <orvoshare/text/HeadingText.h>
 
 namespace orvo {
 namespace {
