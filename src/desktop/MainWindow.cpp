@@ -86,9 +86,10 @@ void MainWindow::OnSize(UINT, int width, int height) {
 }
 
 void MainWindow::OnDestroy() {
-    m_list.WriteHeaderColumnInfo(kListSection);
+    if (m_keepsHeading) m_list.WriteHeaderColumnInfo(kListSection);
     CWnd::OnDestroy();
-    QCoreApplication::quit();
+    // Not quit(), which asks the windows, and this one only goes now.
+    QCoreApplication::exit(0);
 }
 
 }  // namespace orvo::desktop

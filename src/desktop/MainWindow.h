@@ -15,6 +15,9 @@ public:
     // Gives:  false where the window can't be made.
     bool Open(CAddressTable& table);
 
+    // From now on the heading, as the user leaves it, is saved when the window goes.
+    void KeepHeading() { m_keepsHeading = true; }
+
     CDetailViewAddrList& List() { return m_list; }
 
     static const MessageMap& ThisMap();
@@ -26,6 +29,7 @@ private:
     void OnDestroy();
     void Arrange(CSize size);
 
+    bool m_keepsHeading = false;
     CString m_label;  // of the lookup box
     CRect m_labelPlace;
     CLookupEdit m_box;

@@ -10,6 +10,7 @@
 #include <fmt/format.h>
 
 #include <CLI/CLI.hpp>
+#include <desktop/EndSignals.h>
 #include <desktop/MainWindow.h>
 #include <libraries/quire/UserStore.h>
 #include <orvoshare/module/OrvoShareModule.h>
@@ -75,9 +76,14 @@ int Show(const Options& options, int count, char** arguments) {
     {
         MainWindow window;
         AfxSetMainWnd(&window);
+        const EndSignals endSignals([&window] { window.SendMessage(WM_CLOSE); });
         if (window.Open(table)) {
-            code = options.picture.empty() ? QApplication::exec()
-                                           : SavePicture(window, options.picture);
+            if (options.picture.empty()) {
+                window.KeepHeading();
+                code = QApplication::exec();
+            } else {
+                code = SavePicture(window, options.picture);
+            }
         }
         AfxSetMainWnd(nullptr);
     }

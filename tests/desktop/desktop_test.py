@@ -12,6 +12,8 @@ import unittest
 
 DESKTOP = str(pathlib.Path(sys.argv[1]).resolve())
 ORVO = str(pathlib.Path(sys.argv[2]).resolve())
+# Leaks of others, for a program that is built with the sanitizers.
+LEAKS = pathlib.Path(__file__).resolve().parent / "leaks.supp"
 # Where the first row's Category cell stands on the screen, in the default heading.
 CATEGORY_OF_FIRST_ROW = (600, 135)
 PATIENCE = 60  # seconds until a change must be seen
@@ -24,7 +26,8 @@ class DesktopTest(unittest.TestCase):
         self.store = self.folder / "orvo.db"
         (self.folder / "run").mkdir(mode=0o700)
         self.environment = {"PATH": os.environ["PATH"], "LC_ALL": "en_US.UTF-8", "HOME": str(self.folder),
-                            "XDG_CONFIG_HOME": str(self.folder / "config"), "XDG_RUNTIME_DIR": str(self.folder / "run")}
+                            "XDG_CONFIG_HOME": str(self.folder / "config"), "XDG_RUNTIME_DIR": str(self.folder / "run"),
+                            "LSAN_OPTIONS": f"suppressions={LEAKS}:print_suppressions=0"}
         for name, category in (("Adams", "Friends"), ("Baker", "Work"), ("Carter", "Friends")):
             self.orvo("add", "--name", name, "--category", category)
 
@@ -46,6 +49,7 @@ class DesktopTest(unittest.TestCase):
         picture = self.folder / "window.png"
         self.assertEqual(self.desktop("--picture", picture).returncode, 0)
         self.assertGreater(self.colours(picture), 50)
+        self.assertFalse((self.folder / "config").exists(), "a picture saves no settings")
         result = self.desktop("--picture", self.folder / "missing" / "window.png")
         self.assertEqual(result.returncode, 2)
         self.assertIn("the picture can't be written", result.stderr)
@@ -106,6 +110,12 @@ class DesktopTest(unittest.TestCase):
             return categories() == ["Work", "Work", "Friends"]
         self.until("the choice is stored", choose_work)
         self.assertIsNone(program.poll())
+
+        # The right edge of the Name column, dragged to the right.
+        xdotool("mousemove", 259, 115, "mousedown", 1, "mousemove", 300, 115, "mouseup", 1)
+        program.terminate()
+        self.assertEqual(program.wait(PATIENCE), 0)
+        self.assertRegex(self.orvo("heading"), r"\(6\) 0 22\d ")
 
 
 if __name__ == "__main__":

@@ -42,6 +42,12 @@ QFont FontOf(const CFont& font) {
     return result;
 }
 
+// Line ends become blanks; Qt would show nothing for them.
+QString InOneLine(QString text) {
+    text.replace("\r\n", " ");
+    return text.replace('\n', ' ').replace('\r', ' ');
+}
+
 }  // namespace
 
 CSize QtCanvas::TextExtent(std::string_view text, const CFont& font) {
@@ -54,6 +60,7 @@ void QtCanvas::DrawText(std::string_view text, const CRect& rect, const TextLook
     m_painter->setFont(FontOf(look.font));
     m_painter->setPen(ColourToQt(look.colour));
     QString shown = ToQt(text);
+    if ((look.format & DT_SINGLELINE) != 0) shown = InOneLine(std::move(shown));
     const int flags = FormatOf(look.format);
     if ((look.format & DT_END_ELLIPSIS) != 0) {
         shown = m_painter->fontMetrics().elidedText(shown, Qt::ElideRight, rect.Width(),
