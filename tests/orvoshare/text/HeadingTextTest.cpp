@@ -6,7 +6,7 @@
 #include <climits>
 #include <gtest/gtest.h>
 
-#include <orvoshare/addresslist/HeadingText.h>
+#include <orvoshare/text/HeadingText.h>
 
 namespace orvo {
 

@@ -1,0 +1,199 @@
+// Tests of the desktop options and of their two stores.
+// SPDX-License-Identifier: MIT
+#include <filesystem>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include <contracts/Settings.h>
+#include <libraries/orvocmn/SettingsFixture.h>
+#include <orvoshare/options/DesktopOptions.h>
+#include <platform/io/CFile.h>
+#include <platform/io/TempFolder.h>
+#include <platform/text/CodePage.h>
+#include <support/CodePages.h>
+#include <support/LocaleInForce.h>
+
+namespace orvo {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::string_literals;
+
+// A data directory with the folder "ann" of a user, named in the settings.
+class DesktopOptions : public SettingsFixture {
+protected:
+    DesktopOptions() {
+        fs::create_directories(folder / "ann");
+        CmnWriteProfileString("Core", "Path", folder.c_str());
+    }
+    std::string UserFile() const { return folder / "ann" / "xtrauser.dat"; }
+
+    CUser ann{"ann"};
+};
+
+TEST_F(DesktopOptions, WithoutAUserNothingIsLoaded) {
+    CmnWriteProfileInt("Preferences", "Archive", 0);
+    COrvoDesktopOptions options;
+
+    EXPECT_EQ(options.IsAutoArchive(), 1);
+    EXPECT_EQ(options.GetAutoSaveInterval(), 0);
+    EXPECT_EQ(options.GetWorkDayBegins(), 0);
+    EXPECT_EQ(options.IsShowingPrivate(), 0);
+    EXPECT_EQ(options.GetTodoShowCompleted(), 1);
+    EXPECT_EQ(options.GetDataDir(), "");
+}
+
+TEST_F(DesktopOptions, WithAUserWhatTheSettingsLackGetsTheDefaultsOfLoading) {
+    Put("");
+    COrvoDesktopOptions options(&ann);
+
+    EXPECT_EQ(options.GetAutoSaveInterval(), 15);
+    EXPECT_EQ(options.GetWorkDayBegins(), 8);
+    EXPECT_EQ(options.IsShowingPrivate(), 1);
+    EXPECT_EQ(options.GetAlarmAdvance(), 5);
+    EXPECT_EQ(options.GetDataDir(), "");
+}
+
+TEST_F(DesktopOptions, SavingWritesEachOptionUnderItsKey) {
+    Put("");
+    COrvoDesktopOptions options;
+    options.SetAutoArchive(0);
+    options.SetAutoSave(0, 30);
+    options.SetConfirmOnDelete(0);
+    options.SetStartupApp("todo");
+    options.SetShowingPrivate(1);
+    options.SetMaskingPrivate(1);
+    options.SetDataDir("/data");
+    options.SetWorkDayBegins(9);
+    options.SetWorkWeekBegins(6);
+    options.SetAlarmSet(1);
+    options.SetAlarmAdvance(20);
+    options.SetAlarmAdvUnit(2);
+    options.SaveOptions();
+
+    EXPECT_EQ(Bytes(),
+              "[Application/Preferences]\nArchive=0\nAutoSave=0\nAutoSaveInterval=30\n"
+              "ConfirmDelete=0\nStartup=todo\nPrivate=1\nMask=1\n\n"
+              "[Application/Core]\nPath=/data\n\n"
+              "[Application/Horaline]\nWorkDayBegins=9\nWorkWeekBegins=6\nAlarmOn=1\n"
+              "AlarmTime=20\nAlarmUnit=2\n");
+
+    COrvoDesktopOptions loaded;
+    loaded.LoadAppWideOptions();
+    EXPECT_EQ(loaded.GetStartupApp(), "todo");
+    EXPECT_EQ(loaded.GetAlarmAdvUnit(), 2);
+    loaded.SaveAppWideOptions();
+    EXPECT_EQ(loaded.IsConfirmOnDelete(), 0);
+}
+
+TEST_F(DesktopOptions, AnIntervalIsTenAtLeast) {
+    struct {
+        int given;
+        int want;
+    } const rows[] = {{-1, 10}, {3, 10}, {10, 10}, {11, 11}};
+    for (const auto& row : rows) {
+        COrvoDesktopOptions options;
+        options.SetAutoSave(1, row.given);
+        EXPECT_EQ(options.GetAutoSaveInterval(), row.want);
+
+        CmnWriteProfileInt("Preferences", "AutoSaveInterval", row.given);
+        COrvoDesktopOptions loaded;
+        loaded.LoadAppWideOptions();
+        EXPECT_EQ(loaded.GetAutoSaveInterval(), row.want);
+    }
+}
+
+TEST_F(DesktopOptions, ThePasswordFlagLiesInTheUsersFileBelowTheDataDirectory) {
+    COrvoDesktopOptions options(&ann);
+    options.SetPasswordRequired(1);
+    options.SavePerUserOptions();
+
+    EXPECT_EQ(TempFolder::Content(UserFile()),
+              "\x01"s
+              "1\x01\0\0\0"s);
+    EXPECT_EQ(COrvoDesktopOptions(&ann).IsPasswordRequired(), 1);
+}
+
+TEST_F(DesktopOptions, AFileOfAnotherVersionIsReadTheSameWay) {
+    std::ofstream(UserFile()) << "\x03"s
+                                 "2.5\x07\0\0\0"s;
+    EXPECT_EQ(COrvoDesktopOptions(&ann).IsPasswordRequired(), 7);
+}
+
+TEST_F(DesktopOptions, AUserWithoutAFileNeedsNoPassword) {
+    COrvoDesktopOptions options;
+    options.SetPasswordRequired(1);
+    options.SavePerUserOptions();
+    options.SetUser(&ann);
+    EXPECT_EQ(options.IsPasswordRequired(), 1);
+
+    options.LoadPerUserOptions();
+
+    EXPECT_EQ(options.IsPasswordRequired(), 0);
+    EXPECT_FALSE(fs::exists(UserFile()));
+}
+
+TEST_F(DesktopOptions, ADamagedUserFileIsToldToTheCallerAndChangesNothing) {
+    for (const std::string& bytes : {""s,
+                                     "\x01"s
+                                     "1\x01"s,
+                                     "\xFF\xFF\xFF\xFF\xFF\xFF\x7F"s}) {
+        std::ofstream(UserFile(), std::ios::trunc) << bytes;
+        COrvoDesktopOptions options;
+        options.SetUser(&ann);
+        options.SetPasswordRequired(3);
+        EXPECT_THROW(options.LoadPerUserOptions(), CException);
+        EXPECT_EQ(options.IsPasswordRequired(), 3);
+        EXPECT_EQ(TempFolder::Content(UserFile()), bytes);
+    }
+}
+
+TEST_F(DesktopOptions, AUserFileThatCantBeMadeCostsTheSettingsNothing) {
+    CUser nobody("no such folder");
+    COrvoDesktopOptions options(&nobody);
+    options.SetWorkDayBegins(7);
+    options.SaveOptions();
+
+    int hour = 0;
+    CmnGetProfileInt("Horaline", "WorkDayBegins", &hour, 0);
+    EXPECT_EQ(hour, 7);
+}
+
+TEST_F(DesktopOptions, WithoutADataDirectoryThePathBeginsAtTheRoot) {
+    Put("");
+    CUser user(CString((folder / "ann").string().substr(1)));
+    COrvoDesktopOptions options(&user);
+    options.SetPasswordRequired(1);
+    options.SavePerUserOptions();
+
+    EXPECT_TRUE(fs::exists(UserFile()));
+}
+
+TEST_F(DesktopOptions, ATrailByteInAPathIsNoBackslash) {
+    for (const LocaleCase& row : kBothCodePages) {
+        const LocaleInForce locale(row.tag, row.codePage);
+        const std::string utf8 = (folder / "表\\ポ").string();  // 95 5C and 83 7C on page 932
+        CString inPage;
+        CodePage::System().FromUtf8(utf8, inPage.Bytes());
+        CmnWriteProfileString("Core", "Path", inPage);
+        fs::create_directories(folder / "表" / "ポ" / "ann");
+
+        COrvoDesktopOptions options(&ann);
+        options.SetPasswordRequired(1);
+        options.SavePerUserOptions();
+
+        EXPECT_TRUE(fs::exists(folder / "表" / "ポ" / "ann" / "xtrauser.dat")) << row.codePage;
+        fs::remove_all(folder / "表");
+    }
+}
+
+TEST_F(DesktopOptions, AreMadeByTheNameOfTheirClass) {
+    const CRuntimeClass* found = CRuntimeClass::Find("COrvoDesktopOptions");
+    ASSERT_NE(found, nullptr);
+    EXPECT_EQ(found->schemaNumber, 1U);
+    EXPECT_NE(dynamic_cast<COrvoDesktopOptions*>(found->CreateObject().get()), nullptr);
+}
+
+}  // namespace
+}  // namespace orvo

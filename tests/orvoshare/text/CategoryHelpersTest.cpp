@@ -1,0 +1,138 @@
+// Tests of categories by name, and of the way between two tables' categories.
+// SPDX-License-Identifier: MIT
+#include <array>
+#include <string>
+
+#include <gmock/gmock.h>
+
+#include <orvoshare/text/CategoryHelpers.h>
+#include <platform/text/CodePage.h>
+#include <support/AddressFixture.h>
+#include <support/CodePages.h>
+#include <support/LocaleInForce.h>
+
+namespace orvo {
+namespace {
+
+using testing::Each;
+using testing::ElementsAre;
+
+int IndexOf(CCategoryMgr& manager, const std::u16string& name) {
+    std::vector<unsigned short> units(name.begin(), name.end());
+    units.push_back(0);
+    return GetCategoryIndexHelper(&manager, units.data());
+}
+
+std::string LastName(CCategoryMgr& manager) {
+    std::string name;
+    CCategory* category = nullptr;
+    for (manager.FindFirst(category); category; manager.FindNext(category)) {
+        name = category->GetName().Bytes();
+    }
+    return name;
+}
+
+TEST(CategoryHelpers, ANameIsCutTo15BytesBeforeItIsLookedFor) {
+    CCategoryMgr manager;
+    EXPECT_EQ(CreateCategoryHelper(&manager, "abcdefghijklmnopqrst"), 0);
+    EXPECT_EQ(LastName(manager), "abcdefghijklmno");
+    EXPECT_EQ(CreateCategoryHelper(&manager, "abcdefghijklmnoXYZ"), 0x80006010L);
+    EXPECT_EQ(manager.GetCount(), 1);
+}
+
+TEST(CategoryHelpers, TheCutIsByByteOn932AndByCharacterUnderUtf8) {
+    struct {
+        unsigned page;
+        const char* name;
+        const char* want;
+    } const rows[] = {
+        {932, "a\x95\x5C\x95\x5C\x95\x5C\x95\x5C\x95\x5C\x95\x5C\x95\x5C\x95\x5C",
+         "a\x95\x5C\x95\x5C\x95\x5C\x95\x5C\x95\x5C\x95\x5C\x95\x5C"},
+        {65001, "a表表表表表", "a表表表表"},
+    };
+    for (const auto& row : rows) {
+        const LocaleInForce locale("ja-JP", row.page);
+        CCategoryMgr manager;
+        EXPECT_EQ(CreateCategoryHelper(&manager, row.name), 0);
+        EXPECT_EQ(LastName(manager), row.want) << row.page;
+    }
+}
+
+TEST(CategoryHelpers, AnEmptyNameIsRefusedAndBlanksAreAName) {
+    CCategoryMgr manager;
+    EXPECT_EQ(CreateCategoryHelper(&manager, ""), 0x80006013L);
+    EXPECT_EQ(CreateCategoryHelper(&manager, nullptr), 0x80006013L);
+    EXPECT_EQ(CreateCategoryHelper(&manager, "  "), 0);
+}
+
+TEST(CategoryHelpers, AFullManagerIsToldBeforeAFaultOfTheName) {
+    CCategoryMgr manager;
+    for (int i = 0; i < 16; ++i) {
+        EXPECT_EQ(CreateCategoryHelper(&manager, std::to_string(i).c_str()), 0);
+    }
+    EXPECT_EQ(CreateCategoryHelper(&manager, "another"), 0x8000600FL);
+    EXPECT_EQ(CreateCategoryHelper(&manager, ""), 0x8000600FL);
+}
+
+TEST(CategoryHelpers, ACategoryThatTheManagerRefusesIsNotKept) {
+    CCategoryMgr manager([](const std::string&, const CCategoryMgr::Choose&) { return false; });
+    EXPECT_EQ(CreateCategoryHelper(&manager, "name"), 0x8000FFFFL);
+    EXPECT_EQ(manager.GetCount(), 0);
+}
+
+TEST(CategoryHelpers, ANameInUtf16IsFoundUnderEachCodePage) {
+    for (const LocaleCase& row : kBothCodePages) {
+        const LocaleInForce locale(row.tag, row.codePage);
+        CCategoryMgr manager;
+        manager.Load(3, "表");
+        manager.Load(5, "All");
+
+        EXPECT_EQ(IndexOf(manager, u"表"), 3);
+        EXPECT_EQ(IndexOf(manager, u"aLL"), 16) << "a category of that name is out of reach";
+        EXPECT_EQ(IndexOf(manager, u"none"), -1);
+        EXPECT_EQ(IndexOf(manager, u""), -1);
+    }
+}
+
+TEST(CategoryHelpers, OneCategoryForAllNeedsNoTables) {
+    std::array<int, 16> map{};
+    EXPECT_EQ(AdjustCategoryIndices(3, nullptr, nullptr, map.data()), 1);
+    EXPECT_THAT(map, Each(3));
+}
+
+TEST(CategoryHelpers, CategoriesOfTwoTablesMatchByName) {
+    MemoryEngine sourceEngine;
+    MemoryEngine targetEngine;
+    CAddressTable source(sourceEngine);
+    CAddressTable target(targetEngine);
+    for (const char* name : {"Work", "Home", "Friends", "表"}) {
+        EXPECT_EQ(CreateCategoryHelper(source.GetCategoryManager(), name), 0);
+    }
+    for (const char* name : {"表", "friends", "Work"}) {
+        EXPECT_EQ(CreateCategoryHelper(target.GetCategoryManager(), name), 0);
+    }
+    std::array<int, 16> map{};
+    map.fill(7);
+
+    EXPECT_EQ(AdjustCategoryIndices(16, &target, &source, map.data()), 1);
+
+    EXPECT_THAT(map, ElementsAre(0, 3, 0, 2, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0));
+}
+
+TEST(CategoryHelpers, ARecordCountsUnlessItIsArchivedDeletedOrNone) {
+    AddressFixture addresses;
+    const auto record = addresses.Make({{AddressField::Name, "Lee"}});
+    EXPECT_EQ(IsRecordValid(nullptr), 0);
+    EXPECT_EQ(IsRecordValid(record.get()), 1);
+
+    record->SetArchived(1);
+    EXPECT_EQ(IsRecordValid(record.get()), 0);
+    record->SetArchived(0);
+
+    ASSERT_EQ(addresses.table.Add(*record), 0);
+    ASSERT_EQ(addresses.table.Delete(*record), 0);
+    EXPECT_EQ(IsRecordValid(record.get()), 0);
+}
+
+}  // namespace
+}  // namespace orvo
