@@ -69,7 +69,7 @@ long CToDoIterator::FindByCategoryId(int category, CToDoRecord& record, int) {
     if (status == 0 && record.GetCategoryId(found) == 0 && found == category) {
         return status;
     }
-    End();
+    if (!IsAtDamage()) End();  // behind a damaged record the walk can go on
     return status != 0 ? status : kEnd;
 }
 

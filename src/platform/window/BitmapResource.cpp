@@ -18,6 +18,12 @@ bool CBitmap::LoadBitmap(unsigned number) {
     return !IsEmpty();
 }
 
+bool CBitmap::CreateMappedBitmap(unsigned number, COLORREF from, COLORREF to) {
+    if (!LoadBitmap(number)) return false;
+    ReplaceColor(from, to);
+    return true;
+}
+
 bool LoadIcon(unsigned number, Icon& icon) {
     std::optional<XpmPicture> picture =
         ReadXpmPicture(FindResourceText(ResourceKind::Icon, number));

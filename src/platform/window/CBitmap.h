@@ -21,6 +21,9 @@ public:
     // Gives: false, and an empty bitmap, where there is none.
     bool LoadBitmap(unsigned number);
 
+    // The same, with the pixels of one colour in another.
+    bool CreateMappedBitmap(unsigned number, COLORREF from, COLORREF to);
+
     CSize Size() const { return m_size; }
     bool IsEmpty() const { return m_pixels.empty(); }
 

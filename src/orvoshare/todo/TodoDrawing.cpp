@@ -1,0 +1,160 @@
+// CTodoListbox: what its cells show, the line through a completed row, and the title of a note.
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+
+#include <contracts/Dates.h>
+#include <contracts/ResourceScope.h>
+#include <contracts/TextMeasure.h>
+#include <contracts/TextServices.h>
+#include <orvoshare/module/OrvoShareModule.h>
+#include <orvoshare/text/CategoryText.h>
+#include <orvoshare/todo/TodoDates.h>
+#include <orvoshare/todo/TodoListbox.h>
+#include <platform/time/TickCount.h>
+
+namespace orvo {
+namespace {
+
+constexpr COLORREF kRed = RGB(0xFF, 0, 0);
+
+constexpr int kStrokes = 30;
+constexpr std::uint32_t kStrokeTicks = 10;  // a pause is longer than this
+
+constexpr int kTitleBytes = 80;  // of the description
+constexpr unsigned kPriorityString = 9124;
+constexpr unsigned kDueString = 9133;
+
+CString Description(const CToDoRecord& record) {
+    CString text;
+    record.GetDescription(text);
+    RemoveLeadingSpacesEx(text);
+    return text;
+}
+
+void Pause() {
+    const std::uint32_t begin = GetTickCount();
+    while (GetTickCount() - begin <= kStrokeTicks) continue;
+}
+
+void DrawPiecewise(CDC& dc, CPoint start, int width) {
+    const int step = std::max(width / kStrokes, 1);
+    int x = start.x;
+    for (int stroke = 0; stroke < kStrokes; ++stroke) {
+        dc.MoveTo(x, start.y);
+        dc.LineTo(x + step, start.y);
+        x += step;
+        Pause();
+    }
+    if (x >= start.x + width) return;
+    dc.MoveTo(x, start.y);
+    dc.LineTo(start.x + width, start.y);
+}
+
+int ColourOf(const TodoCell& cell, bool isSelected) {
+    if (cell.isOverdue) return kOverdueColour;
+    return isSelected ? kSelectedTextColour : kTextColour;
+}
+
+}  // namespace
+
+void CTodoListbox::DrawColumn(CDC* dc, int nColumn, DWORD dwItemData, CRect& rcCell,
+                              UINT nTextFlags, int, int bSelectedRow) {
+    if (!dc || rcCell.IsRectEmpty()) return;
+    const bool isSelected = bSelectedRow != 0;
+    auto* record = reinterpret_cast<CToDoRecord*>(dwItemData);
+    const TodoCell cell = GetCell(record, SubItemFromIndex(nColumn), isSelected);
+    if (cell.picture) {
+        const int top = rcCell.top + (rcCell.Height() - m_nBitmapHeight) / 2;
+        OUIDrawBitmapTransparent(dc, cell.picture, rcCell.left, top, kRed);
+    }
+    if (cell.text.IsEmpty()) return;
+    const auto draw = cell.opensPopup ? OUIDrawPopupCellText : OUIDrawCellText;
+    draw(dc, cell.text, &rcCell, ColourOf(cell, isSelected), 0, nTextFlags);
+}
+
+TodoCell CTodoListbox::GetCell(CToDoRecord* record, int nId, bool isSelected) {
+    TodoCell cell;
+    if (!record) return cell;
+    switch (nId) {
+        case TodoColumn::Description:
+            cell.text = Description(*record);
+            break;
+        case TodoColumn::Priority: {
+            int priority = 0;
+            if (record->GetPriority(priority) == 0) cell.text.Format("%d", priority);
+            cell.opensPopup = true;
+            break;
+        }
+        case TodoColumn::DueDate: {
+            long date = kMaxDate;
+            record->GetDueDate(date);
+            DateText(date, cell.text, 1);
+            cell.isOverdue = !cell.text.IsEmpty() && record->IsCompleted() == 0 &&
+                             IsDueYesterdayOrEarlier(date) != 0;
+            break;
+        }
+        case TodoColumn::Category:
+            if (m_pTable) cell.text = CategoryText(*m_pTable, *record);
+            cell.opensPopup = true;
+            break;
+        case TodoColumn::Note:
+            if (record->IsNote() != 0) cell.picture = &m_bmpNote;
+            break;
+        case TodoColumn::Private:
+            if (record->IsPrivate() != 0) cell.picture = &m_bmpPrivate;
+            break;
+        case TodoColumn::Completed:
+            if (record->IsCompleted() != 0) {
+                cell.picture = isSelected ? &m_bmpCheckSelected : &m_bmpCheck;
+            }
+            break;
+        default:
+            break;
+    }
+    return cell;
+}
+
+void CTodoListbox::StrikeOutEntry(CToDoRecord* record, CRect& rect, int animate) {
+    if (!GetSafeHwnd()) return;
+    CString text = Description(*record);
+    CClientDC dc(this);
+    const CFont before = dc.SelectFont(*OUIGetListFont());
+    TruncateText(text, dc, rect.Width(), 1);
+    text += ' ';
+    const int width = GetTextWidth(text, dc);
+    dc.SelectFont(before);
+
+    const CPoint start{rect.left, (rect.top + rect.bottom) / 2};
+    if (animate != 0) {
+        DrawPiecewise(dc, start, width);
+        return;
+    }
+    dc.MoveTo(start.x, start.y);
+    dc.LineTo(start.x + width + 2, start.y);
+}
+
+CString CTodoListbox::GetNoteTitle(int row) {
+    const CToDoRecord* record = row == -1 ? nullptr : RecordAt(row);
+    if (!record) return {};
+    CString description;
+    int priority = 0;
+    long date = kMaxDate;
+    record->GetDescription(description);
+    record->GetPriority(priority);
+    record->GetDueDate(date);
+    LeftAndValidateDec(description, kTitleBytes);
+
+    const CDllResourceHandler resources(OrvoShareRecord());
+    CString word;
+    word.LoadString(kPriorityString);
+    CString number;
+    number.Format(" %d", priority);
+    CString title = description.SpanExcluding("\r\n") + ", " + word + number;
+    if (date == kMaxDate) return title;
+    word.LoadString(kDueString);
+    CString day;
+    DateText(date, day, 0);
+    return title + ", " + word + " " + day;
+}
+
+}  // namespace orvo

@@ -1,0 +1,231 @@
+// When a to-do is due, and how a date is shown, typed and chosen.
+// SPDX-License-Identifier: MIT
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include <contracts/Dates.h>
+#include <orvoshare/todo/TodoDates.h>
+#include <platform/text/CodePage.h>
+#include <platform/time/CTime.h>
+#include <platform/time/ZonedTest.h>
+#include <platform/window/WindowFixture.h>
+#include <support/CodePages.h>
+#include <support/LocaleInForce.h>
+
+namespace orvo {
+namespace {
+
+long MomentOf(const char* civil) {
+    return MomentOfCivil(ParseIso(civil).value());
+}
+std::string IsoOf(long moment) {
+    return FormatIso(CivilOfMoment(moment).value());
+}
+
+class TodoDates : public ZonedTest {
+protected:
+    ~TodoDates() override { CTime::SetClock(-1); }
+
+    static void SetNow(const char* zone, const char* now) {
+        SetSystemTimeZone(zone);
+        CTime::SetClock(MomentOf(now));
+    }
+};
+
+// The second before `firstToday` is overdue, `lastToday` is due; the seconds behind them aren't.
+struct DueRow {
+    const char* why;
+    const char* zone;
+    const char* now;
+    const char* firstToday;
+    const char* lastToday;
+};
+constexpr DueRow kDueRows[] = {
+    {"no clock changes", "Asia/Tokyo", "2026-05-03T00:00:00", "2026-05-03T00:00:00",
+     "2026-05-03T23:59:59"},
+    {"the last second of a day", "Asia/Tokyo", "2026-05-03T23:59:59", "2026-05-03T00:00:00",
+     "2026-05-03T23:59:59"},
+    {"a day of 23 hours", "Europe/Berlin", "2026-03-29T12:00:00", "2026-03-29T00:00:00",
+     "2026-03-29T23:59:59"},
+    {"just after a day of 23 hours", "Europe/Berlin", "2026-03-30T00:30:00", "2026-03-30T00:00:00",
+     "2026-03-30T23:59:59"},
+    {"late in a day of 25 hours", "Europe/Berlin", "2026-10-25T23:30:00", "2026-10-25T00:00:00",
+     "2026-10-25T23:59:59"},
+    {"just before a day of 25 hours", "Europe/Berlin", "2026-10-24T23:59:59", "2026-10-24T00:00:00",
+     "2026-10-24T23:59:59"},
+    {"the spring of New York", "America/New_York", "2026-03-08T23:30:00", "2026-03-08T00:00:00",
+     "2026-03-08T23:59:59"},
+    {"just after it", "America/New_York", "2026-03-09T00:15:00", "2026-03-09T00:00:00",
+     "2026-03-09T23:59:59"},
+    {"the autumn of New York", "America/New_York", "2026-11-01T23:30:00", "2026-11-01T00:00:00",
+     "2026-11-01T23:59:59"},
+    {"half an hour less", "Australia/Lord_Howe", "2026-10-04T23:45:00", "2026-10-04T00:00:00",
+     "2026-10-04T23:59:59"},
+    {"just after half an hour less", "Australia/Lord_Howe", "2026-10-05T00:15:00",
+     "2026-10-05T00:00:00", "2026-10-05T23:59:59"},
+    {"half an hour more", "Australia/Lord_Howe", "2026-04-05T23:45:00", "2026-04-05T00:00:00",
+     "2026-04-05T23:59:59"},
+    {"a day that begins at one", "Africa/Cairo", "2026-04-24T12:00:00", "2026-04-24T01:00:00",
+     "2026-04-24T23:59:59"},
+    {"before the day that was left out", "Pacific/Apia", "2011-12-29T12:00:00",
+     "2011-12-29T00:00:00", "2011-12-29T23:59:59"},
+    {"after the day that was left out", "Pacific/Apia", "2011-12-31T12:00:00",
+     "2011-12-31T00:00:00", "2011-12-31T23:59:59"},
+};
+
+TEST_F(TodoDates, TheCalendarDayDecidesWhatIsDueAndWhatIsOverdue) {
+    for (const DueRow& row : kDueRows) {
+        SetNow(row.zone, row.now);
+        const long first = MomentOf(row.firstToday);
+        const long last = MomentOf(row.lastToday);
+        EXPECT_EQ(IsDueYesterdayOrEarlier(first - 1), 1) << row.why;
+        EXPECT_EQ(IsDueYesterdayOrEarlier(first), 0) << row.why;
+        EXPECT_EQ(IsDueToday(last), 1) << row.why;
+        EXPECT_EQ(IsDueToday(last + 1), 0) << row.why;
+    }
+}
+
+TEST_F(TodoDates, NoDateIsNeitherDueNorOverdueAndANegativeOneIsBoth) {
+    SetNow("Asia/Tokyo", "2026-05-03T12:00:00");
+    EXPECT_EQ(IsDueToday(kMaxDate), 0);
+    EXPECT_EQ(IsDueYesterdayOrEarlier(kMaxDate), 0);
+    EXPECT_EQ(IsDueToday(-1), 1);
+    EXPECT_EQ(IsDueYesterdayOrEarlier(-1), 1);
+}
+
+struct TextRow {
+    LocaleCase locale;
+    const char* full;
+    const char* withoutYear;
+    const char* typed;        // in full
+    const char* typedNoYear;  // 24 December
+};
+constexpr TextRow kTextRows[] = {
+    {{"en-US", 65001}, "12/24/27", "12/24", "12/24/2027", "12/24"},
+    {{"de-DE", 65001}, "24.12.27", "24.12", "24.12.27", "24.12"},
+    {{"sv-SE", 65001}, "2027-12-24", "12-24", "2027-12-24", "12-24"},
+    {{"ko-KR", 65001}, "27. 12. 24.", "12. 24", "27. 12. 24.", "12. 24."},
+    {{"ja-JP", 65001}, "2027/12/24", "12/24", "2027/12/24", "12/24"},
+    {{"ja-JP", 932}, "2027/12/24", "12/24", "2027/12/24", "12/24"},
+    {{"ja-JP", 932},
+     "2027/12/24",
+     "12/24",
+     "\x32\x37\x94\x4E\x31\x32\x8C\x8E\x32\x34\x93\xFA",
+     "12/24"},
+};
+
+TEST_F(TodoDates, ADateIsShownAndReadByTheLocale) {
+    SetNow("Europe/Berlin", "2026-05-03T12:00:00");
+    for (const TextRow& row : kTextRows) {
+        const LocaleInForce locale(row.locale.tag, row.locale.codePage);
+        CString text("old");
+        DateText(MomentOf("2027-12-24T17:30:00"), text, 1);
+        EXPECT_EQ(text, row.full) << row.locale.tag;
+        DateText(MomentOf("2027-12-24T17:30:00"), text, 0);
+        EXPECT_EQ(text, row.withoutYear) << row.locale.tag;
+        EXPECT_EQ(IsoOf(DateOfText(row.typed)), "2027-12-24T23:59:59") << row.typed;
+        EXPECT_EQ(IsoOf(DateOfText(row.typedNoYear)), "2026-12-24T23:59:59") << row.typedNoYear;
+    }
+}
+
+TEST_F(TodoDates, NoDateHasNoText) {
+    for (const int withYear : {0, 1}) {
+        CString text("old");
+        DateText(kMaxDate, text, withYear);
+        EXPECT_TRUE(text.IsEmpty());
+    }
+}
+
+TEST_F(TodoDates, WhatIsNoDateIsReadAsNone) {
+    const LocaleInForce locale("en-US");
+    SetNow("Asia/Tokyo", "2026-05-03T12:00:00");
+    for (const char* text : {"", "soon", "13/32/26", "5", "//", " "}) {
+        EXPECT_EQ(DateOfText(text), -1) << text;
+    }
+}
+
+TEST_F(TodoDates, TypedYearsFallIntoTheYearsOfRecords) {
+    struct Row {
+        const char* typed;
+        const char* want;
+    };
+    constexpr Row kRows[] = {
+        {"1/2/0", "2000-01-02T23:59:59"},    {"1/2/37", "2037-01-02T23:59:59"},
+        {"1/2/38", "1970-01-02T23:59:59"},   {"1/2/69", "1970-01-02T23:59:59"},
+        {"1/2/71", "1971-01-02T23:59:59"},   {"1/2/99", "1999-01-02T23:59:59"},
+        {"1/2/1900", "1970-01-02T23:59:59"}, {"1/2/2038", "2038-01-02T23:59:59"},
+        {"1/2/2100", "2038-01-02T23:59:59"},
+    };
+    const LocaleInForce locale("en-US");
+    SetNow("America/New_York", "2026-05-03T12:00:00");
+    for (const Row& row : kRows) EXPECT_EQ(IsoOf(DateOfText(row.typed)), row.want) << row.typed;
+}
+
+TEST_F(TodoDates, AChosenDateLiesAtTheStartOfItsCalendarDay) {
+    struct Row {
+        const char* why;
+        const char* zone;
+        const char* now;
+        DateChoice choice;
+        const char* want;
+    };
+    using enum DateChoice;
+    constexpr Row kRows[] = {
+        {"today", "Asia/Tokyo", "2026-05-03T12:00:00", Today, "2026-05-03T00:00:00"},
+        {"over the end of a month", "Asia/Tokyo", "2026-05-31T12:00:00", Tomorrow,
+         "2026-06-01T00:00:00"},
+        {"over the end of a year", "Asia/Tokyo", "2026-12-28T23:59:59", OneWeekLater,
+         "2027-01-04T00:00:00"},
+        {"over a day of 25 hours", "Europe/Berlin", "2026-10-25T00:30:00", Tomorrow,
+         "2026-10-26T00:00:00"},
+        {"over a day of 23 hours", "America/New_York", "2026-03-03T23:30:00", OneWeekLater,
+         "2026-03-10T00:00:00"},
+        {"from a day that begins at one", "Africa/Cairo", "2026-04-24T12:00:00", Tomorrow,
+         "2026-04-25T00:00:00"},
+        {"over a day that was left out", "Pacific/Apia", "2011-12-29T12:00:00", Tomorrow,
+         "2011-12-31T00:00:00"},
+    };
+    for (const Row& row : kRows) {
+        SetNow(row.zone, row.now);
+        EXPECT_EQ(IsoOf(ChosenDate(static_cast<int>(row.choice), kMaxDate)), row.want) << row.why;
+    }
+}
+
+TEST_F(TodoDates, NoDateAndEveryUnknownChoiceStandForNoDate) {
+    for (const int choice : {3, 5, -1}) EXPECT_EQ(ChosenDate(choice, 7), kMaxDate) << choice;
+}
+
+// Writes down where the picker began.
+struct PickingSystem : SystemInForce {
+    CTime begun;
+    CWnd* owner = nullptr;
+
+    bool PickDay(CWnd* window, CTime& day) override {
+        owner = window;
+        begun = day;
+        return SystemInForce::PickDay(window, day);
+    }
+};
+
+TEST_F(TodoDates, ThePickerBeginsAtTheDateOrTodayAndMayBeCancelled) {
+    SetNow("Asia/Tokyo", "2026-05-03T12:00:00");
+    PickingSystem system;
+    CWnd main;
+    main.Create(0, {0, 0, 10, 10}, nullptr, 0);
+    AfxSetMainWnd(&main);
+    const int choice = static_cast<int>(DateChoice::Choose);
+
+    system.AnswerDay(CTime(1'900'000'000));
+    EXPECT_EQ(ChosenDate(choice, 1'800'000'000), 1'900'000'000);
+    EXPECT_EQ(system.begun.GetTime(), 1'800'000'000);
+    EXPECT_EQ(system.owner, &main);
+
+    system.AnswerDay(std::nullopt);
+    EXPECT_EQ(ChosenDate(choice, kMaxDate), -1);
+    EXPECT_EQ(IsoOf(system.begun.GetTime()), "2026-05-03T12:00:00");
+    AfxSetMainWnd(nullptr);
+}
+
+}  // namespace
+}  // namespace orvo

@@ -1,0 +1,83 @@
+// Which to-dos the list shows.
+// SPDX-License-Identifier: MIT
+#include "TodoListFixture.h"
+
+namespace orvo {
+namespace {
+
+using testing::ElementsAre;
+
+class TodoFilter : public TodoListTest {};
+
+struct Flags {
+    bool dueOnly = false;
+    bool hidesCompleted = false;
+    bool hidesPrivate = false;
+    int category = kAllCategories;
+};
+
+TEST_F(TodoFilter, EachTestAloneKeepsARecordOut) {
+    struct Row {
+        const char* why;
+        Flags flags;
+        AToDo toDo;
+        int want;
+    };
+    const Row rows[] = {
+        {"nothing is hidden", {}, {.due = DayAt(9), .isCompleted = true, .isPrivate = true}, 1},
+        {"but the archived", {}, {.isArchived = true}, 0},
+        {"due before", {.dueOnly = true}, {.due = DayAt(2)}, 1},
+        {"due in the last second of today", {.dueOnly = true}, {.due = DayAt(4) - 1}, 1},
+        {"due tomorrow", {.dueOnly = true}, {.due = DayAt(4)}, 0},
+        {"without a date", {.dueOnly = true}, {}, 1},
+        {"completed", {.hidesCompleted = true}, {.isCompleted = true}, 0},
+        {"open", {.hidesCompleted = true}, {.isPrivate = true}, 1},
+        {"private", {.hidesPrivate = true}, {.isPrivate = true}, 0},
+        {"public", {.hidesPrivate = true}, {.isCompleted = true}, 1},
+        {"of the category", {.category = 3}, {.category = 3}, 1},
+        {"of another one", {.category = 3}, {.category = 2}, 0},
+        {"of none", {.category = 0}, {.category = 0}, 1},
+        {"none is no category of all", {.category = 0}, {.category = 15}, 0},
+        {"a category that no record has", {.category = 17}, {.category = 15}, 0},
+        {"two tests fail", {.hidesCompleted = true, .category = 3}, {.isCompleted = true}, 0},
+    };
+    for (const Row& row : rows) {
+        view->ShowDueItemsOnly(row.flags.dueOnly);
+        view->HideCompletedItems(row.flags.hidesCompleted);
+        view->HidePrivateItems(row.flags.hidesPrivate);
+        view->SetCategoryShown(row.flags.category);
+        EXPECT_EQ(view->PassThruFilter(Make(row.toDo).get()), row.want) << row.why;
+    }
+}
+
+TEST_F(TodoFilter, AFlagChangesNoRowUntilTheHostFillsAgain) {
+    Store({{.name = "open"}, {.name = "done", .placement = 2, .isCompleted = true}});
+    view->RefreshAllItemData(&table);
+    view->SelectItem(1, 1);
+
+    view->HideCompletedItems(1);
+
+    EXPECT_THAT(Names(), ElementsAre("open", "done"));
+    EXPECT_THAT(Selected(), ElementsAre(1));
+    view->RefreshAllItemData(&table);
+    EXPECT_THAT(Names(), ElementsAre("open"));
+}
+
+TEST_F(TodoFilter, APrivateRecordAmongTheSelectedIsFound) {
+    Store({{.placement = 1}, {.placement = 2, .isPrivate = true}, {.placement = 3}});
+    view->RefreshAllItemData(&table);
+    EXPECT_EQ(view->IsPrivateRecordSelected(), 0);
+
+    view->SelectItem(0, 1);
+    view->SelectItem(2, 1);
+    EXPECT_EQ(view->IsPrivateRecordSelected(), 0);
+
+    view->SelectItem(1, 1);
+    EXPECT_EQ(view->IsPrivateRecordSelected(), 1);
+    EXPECT_EQ(view->IsRecordPrivate(view->GetItemData(1)), 1);
+    EXPECT_EQ(view->IsRecordPrivate(view->GetItemData(0)), 0);
+    EXPECT_EQ(view->IsRecordPrivate(0), 0);
+}
+
+}  // namespace
+}  // namespace orvo

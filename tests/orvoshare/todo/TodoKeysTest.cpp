@@ -1,0 +1,222 @@
+// Keys and pointer over a list of to-dos, and the line through a completed row.
+// SPDX-License-Identifier: MIT
+#include <orvoshare/todo/TodoWindow.h>
+
+namespace orvo {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+using TodoKeys = TodoWindowTest;
+
+TEST_F(TodoKeys, TheMinusKeyTogglesWithoutTheOtherTestsOfAClick) {
+    struct Row {
+        const char* why;
+        std::function<void()> given;
+        const char* rows;
+        std::vector<UINT> told;
+        std::size_t strokes = 0;
+        bool isSelected = true;  // the row stays selected
+    };
+    const Row rows[] = {
+        {"completed", [] {}, "abc", {1527}},
+        {"undone",
+         [this] {
+             Record(1)->SetCompleted(1, 0);
+             view->HideCompletedItems(1);
+         },
+         "abc",
+         {1527}},
+        {"hidden", [this] { view->HideCompletedItems(1); }, "ac", {1526}, 30, false},
+        {"not of the filter's category",
+         [this] { view->SetCategoryShown(kPersonal); },
+         "abc",
+         {1527}},
+        {"out of place, and dated",
+         [this] {
+             view->SetMarkCompletionDate(1);
+             Record(1)->SetPriority(5);
+         },
+         "abc",
+         {1527}},
+        {"masked",
+         [this] {
+             view->SetMaskPrivate(1);
+             Record(1)->SetPrivate(1);
+         },
+         "abc",
+         {1527}},
+        {"hidden, but its text isn't shown",
+         [this] {
+             view->HideCompletedItems(1);
+             view->HideColumn(TodoColumn::Description);
+         },
+         "abc",
+         {}},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.why);
+        ShowThree();
+        row.given();
+        view->SelectItem(1, 1);
+        const std::int64_t id = Record(1)->GetId();
+        CToDoRecord stored(table);
+        table.Find(id, stored);
+        const int before = stored.IsCompleted();
+        Peer().ForgetDrawn();
+
+        system.TypeText("-");
+
+        table.Find(id, stored);
+        EXPECT_NE(stored.IsCompleted(), before);
+        long completion = 0;
+        stored.GetCompletionDate(completion);
+        const bool isDated = view->IsMarkingCompletionDate() != 0;
+        EXPECT_EQ(completion, isDated ? CTime::GetCurrentTime().GetTime() : kMaxDate);
+        EXPECT_EQ(Texts(), row.rows);
+        EXPECT_EQ(owner.told, row.told);
+        EXPECT_THAT(Lines(), SizeIs(row.strokes));
+        EXPECT_EQ(Selected(), row.isSelected ? std::vector<int>{1} : std::vector<int>{});
+    }
+}
+
+TEST_F(TodoKeys, AnyOtherCharacterAndAnyOtherSelectionIsDropped) {
+    ShowThree();
+    system.TypeText("-");
+    view->SelectItem(0, 1);
+    system.TypeText("+b\xE2\x88\x92 ");
+    EXPECT_THAT(Selected(), ElementsAre(0)) << "no search by letters";
+    view->SelectItem(1, 1);
+    system.TypeText("-");
+
+    EXPECT_EQ(Record(0)->IsCompleted() + Record(1)->IsCompleted(), 0);
+    EXPECT_THAT(owner.told, IsEmpty());
+}
+
+TEST_F(TodoKeys, ReturnGoesToTheOwnerAndNotToTheList) {
+    ShowThree();
+    view->SelectItem(0, 1);
+    system.PressKey(VK_RETURN);
+    system.PressKey(VK_RETURN, {VK_MENU});
+    EXPECT_THAT(owner.told, ElementsAre(48843, 48843));
+
+    MSG message{view->GetSafeHwnd(), WM_KEYDOWN, VK_RETURN, 0};
+    EXPECT_EQ(view->PreTranslateMessage(&message), 1);
+    for (const UINT other : {WM_KEYUP, WM_CHAR}) {
+        message.message = other;
+        EXPECT_EQ(view->PreTranslateMessage(&message), 0) << other;
+    }
+    message = {view->GetSafeHwnd(), WM_KEYDOWN, VK_SPACE, 0};
+    EXPECT_EQ(view->PreTranslateMessage(&message), 0);
+}
+
+TEST_F(TodoKeys, TheHandIsShownOverCellsThatTakeAClick) {
+    ShowThree();
+    const HCURSOR arrow = LoadStandardCursor(IDC_ARROW);
+    const auto isHand = [&](CPoint point) {
+        system.MovePointer(*view, point);
+        return GetCursor() != arrow;
+    };
+    struct Row {
+        int column;
+        bool isHand;
+    };
+    constexpr Row kRows[] = {{TodoColumn::Description, false}, {TodoColumn::Priority, true},
+                             {TodoColumn::DueDate, true},      {TodoColumn::Category, true},
+                             {TodoColumn::Note, false},        {TodoColumn::Private, false},
+                             {TodoColumn::Completed, true}};
+    for (const Row& row : kRows) {
+        EXPECT_EQ(isHand(Cell(1, row.column)), row.isHand) << row.column;
+    }
+    const CPoint cell = Cell(1, TodoColumn::Completed);
+    EXPECT_FALSE(isHand({cell.x, 390})) << "below the rows";
+    EXPECT_TRUE(isHand(cell));
+    view->SendMessage(WM_SETCURSOR, WParamOf(view->GetSafeHwnd()),
+                      MAKELPARAM(static_cast<int>(HTCLIENT), 0));
+    EXPECT_EQ(GetCursor(), arrow) << "without a message";
+    Record(1)->SetPrivate(1);
+    EXPECT_TRUE(isHand(cell)) << "private, but not masked";
+    view->SetMaskPrivate(1);
+    EXPECT_FALSE(isHand(cell)) << "masked";
+}
+
+TEST_F(TodoKeys, TheCheckMarkIsSeenBeforeTheLine) {
+    ShowThree();
+    view->HideCompletedItems(1);
+    Click(1, TodoColumn::Description);
+    view->UpdateWindow();
+    Peer().ForgetDrawn();
+
+    Click(1, TodoColumn::Completed);
+
+    const Recording& drawn = Peer().Drawn();
+    const auto first = [&drawn](DrawOperation::Kind kind) {
+        return std::find_if(drawn.begin(), drawn.end(),
+                            [kind](const DrawOperation& each) { return each.kind == kind; });
+    };
+    const auto mark = first(DrawOperation::Kind::Bitmap);
+    ASSERT_NE(mark, drawn.end());
+    EXPECT_LT(mark, first(DrawOperation::Kind::Line));
+}
+
+TEST_F(TodoKeys, TheLineHasThirtyStrokesAndEndsOneBlankBehindTheText) {
+    struct Row {
+        const char* why;
+        const char* text;
+        int step;
+        int end;       // from the left edge
+        bool hasRest;  // one stroke more
+    };
+    constexpr Row kRows[] = {
+        {"88 pixels: a rest", "Buy stamps", 2, 88, true},
+        {"240 pixels: no rest", "12345678901234567890123456789", 8, 240, false},
+        {"16 pixels: a step of 1, beyond the text", "b", 1, 30, false},
+        {"only the first line, without its blanks", "  Buy stamps\r\nand more", 2, 88, true},
+        {"nothing but the blank", "", 1, 30, false},
+    };
+    for (const Row& row : kRows) {
+        SCOPED_TRACE(row.why);
+        const auto record = Make({row.text});
+        CRect rect{10, 21, 400, 40};
+        Peer().ForgetDrawn();
+        ticks = 0;
+
+        view->StrikeOutEntry(record.get(), rect, 1);
+
+        const std::vector<CRect> lines = Lines();
+        ASSERT_THAT(lines, SizeIs(row.hasRest ? 31 : 30));
+        for (int i = 0; i < 30; ++i) {
+            const int left = 10 + i * row.step;
+            EXPECT_EQ(lines[static_cast<std::size_t>(i)], CRect(left, 30, left + row.step, 30));
+        }
+        EXPECT_EQ(lines.back().right, 10 + row.end);
+        EXPECT_GE(ticks, 30U * 12) << "each pause is longer than 10 ticks";
+    }
+}
+
+TEST_F(TodoKeys, ThePauseLastsAcrossTheEndOfTheTickCount) {
+    const auto record = Make({"b"});
+    CRect rect{0, 0, 400, 20};
+    ticks = 0xFFFFFFF0;
+    view->StrikeOutEntry(record.get(), rect, 1);
+    EXPECT_EQ(ticks, 0xFFFFFFF0U + 30U * 12);
+}
+
+TEST_F(TodoKeys, ATextThatIsCutIsStruckOutAsItIsShown) {
+    const auto record = Make({"A text that is much longer than its column is wide"});
+    CRect rect{10, 20, 110, 40};
+
+    view->StrikeOutEntry(record.get(), rect, 0);
+
+    // Twelve characters with the ellipsis, and a blank.
+    EXPECT_THAT(Lines(), ElementsAre(CRect(10, 30, 10 + 13 * 8 + 2, 30)));
+    EXPECT_EQ(ticks, 0U) << "in one stroke, without a pause";
+    view->DestroyWindow();
+    view->StrikeOutEntry(record.get(), rect, 1);
+    EXPECT_EQ(ticks, 0U) << "nothing to draw on";
+}
+
+}  // namespace
+}  // namespace orvo
