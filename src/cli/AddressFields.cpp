@@ -4,6 +4,9 @@
 
 #include <cli/AddressFields.h>
 #include <cli/Store.h>
+#include <contracts/ResourceScope.h>
+#include <orvoshare/module/OrvoShareModule.h>
+#include <orvoshare/resources/StringTable.h>
 #include <orvoshare/text/NameText.h>
 #include <platform/text/CodePage.h>
 
@@ -24,8 +27,18 @@ std::string ToUtf8(const CString& text) {
     return utf8;
 }
 
+std::string ModuleText(unsigned number) {
+    const CDllResourceHandler resources(OrvoShareRecord());
+    CString text;
+    text.LoadString(number);
+    return ToUtf8(text);
+}
+
 int CategoryIndex(CBaseTable& table, const std::string& name) {
     const CCategory* category = FindCategory(table, name);
+    if (category == nullptr && name == ModuleText(kStringUncategorized)) {
+        category = FindCategory(table, kNoCategoryName);
+    }
     if (category == nullptr) {
         throw CommandError(kNothingFound, fmt::format("there is no category \"{}\"", name));
     }

@@ -37,7 +37,10 @@ constexpr std::array<FieldName, 12> kFieldNames{{
 // Text of the system's code page as UTF-8.
 std::string ToUtf8(const CString& text);
 
-// The index of a category by its name.
+// The module's text of that number, UTF-8.
+std::string ModuleText(unsigned number);
+
+// The index of a category by its name, or by the one that views show for none.
 // Fails:  CommandError, nothing found.
 int CategoryIndex(CBaseTable& table, const std::string& name);
 

@@ -5,18 +5,12 @@
 #include <CLI/CLI.hpp>
 #include <cli/AddressFields.h>
 #include <cli/AddressView.h>
-#include <cli/Output.h>
-#include <contracts/ResourceScope.h>
-#include <orvoshare/module/OrvoShareModule.h>
 
 namespace orvo::cli {
 namespace {
 
-constexpr CRect kFrame{0, 0, 1000, 700};
 constexpr CRect kBoxPlace{0, 0, 1000, 20};
-constexpr CRect kViewPlace{0, 20, 1000, 700};
 constexpr UINT kBoxId = 1;
-constexpr UINT kViewId = 2;
 
 }  // namespace
 
@@ -33,43 +27,20 @@ void AddListOptions(CLI::App& command, ListOptions& options) {
                      "Keep the rows of private addresses, without their content");
 }
 
-std::string ModuleText(unsigned number) {
-    const CDllResourceHandler resources(OrvoShareRecord());
-    CString text;
-    text.LoadString(number);
-    return ToUtf8(text);
-}
-
-ViewHost::ViewHost() {
-    WindowSystem::SetCurrent(&m_system);
-    m_frame.Create(WS_VISIBLE, kFrame, nullptr, 0);
+AddressHost::AddressHost() {
     m_box.Create(WS_CHILD | WS_VISIBLE, kBoxPlace, &m_frame, kBoxId);
 }
 
-ViewHost::~ViewHost() {
-    m_frame.DestroyWindow();
-    WindowSystem::SetCurrent(nullptr);
-}
-
-void ViewHost::Fill(CDetailViewAddrInf& view, Store& store, const ListOptions& options) {
+void AddressHost::Fill(CDetailViewAddrInf& view, Store& store, const ListOptions& options) {
     CAddressTable& table = store.Addresses();
     const int shown =
         options.category.empty() ? kAllCategories : CategoryIndex(table, options.category);
-    std::string failure;
-    table.SetFailureListener([&](const std::string& reason, bool isOver) {
-        if (isOver) {
-            failure = reason;
-        } else {
-            PrintError(reason);
-            m_code = kSomeSkipped;
-        }
-    });
     view.DV_SetEdit(&m_box);
     m_box.SetListBox(&view);
-    view.DV_SetMaskPrivate(options.maskPrivate);
-    view.DV_FillFromTable(&table, shown, options.hidePrivate, options.ListBy());
-    table.SetFailureListener(nullptr);
-    if (!failure.empty()) throw CommandError(kWrongUse, failure);
+    const COrvoDesktopOptions& user = m_frame.Options();
+    const bool hides = options.hidePrivate || !user.IsShowingPrivate();
+    view.DV_SetMaskPrivate(options.maskPrivate || user.IsMaskingPrivate());
+    Watch(table, [&] { view.DV_FillFromTable(&table, shown, hides, options.ListBy()); });
 }
 
 AddressView::AddressView(Store& store, const ListOptions& options) {

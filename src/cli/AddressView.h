@@ -4,11 +4,10 @@
 
 #include <string>
 
-#include <cli/Store.h>
+#include <cli/ViewHost.h>
 #include <orvoshare/addresslist/DetailViewAddrList.h>
 #include <orvoshare/addressviews/DetailViewAddrCard.h>
 #include <orvoshare/addressviews/LookupEdit.h>
-#include <platform/window/MemoryWindowSystem.h>
 
 namespace CLI {
 class App;
@@ -33,36 +32,22 @@ struct ListOptions {
 void AddOrderOption(CLI::App& command, ListOptions& options);
 void AddListOptions(CLI::App& command, ListOptions& options);
 
-// The module's text of that number, UTF-8.
-std::string ModuleText(unsigned number);
-
-// A window with a lookup box, in which one of the views stands.
-class ViewHost {
+// A window with a lookup box, in which one of the address views stands.
+class AddressHost : public ViewHost {
 public:
-    ViewHost();
-    ~ViewHost();
-    ViewHost(const ViewHost&) = delete;
-    ViewHost& operator=(const ViewHost&) = delete;
-
     CLookupEdit& Box() { return m_box; }
-    MemoryWindowSystem& System() { return m_system; }
-
-    // kSomeSkipped where a damaged record was left out.
-    ExitCode Code() const { return m_code; }
 
 protected:
-    // Connects the view, whose window stands, and fills it from the store; a damaged record is told
-    // on standard error and left out.
+    AddressHost();
+
+    // Connects the view, whose window stands, and fills it from the store.
     // Fails:  CommandError.
     void Fill(CDetailViewAddrInf& view, Store& store, const ListOptions& options);
 
-    MemoryWindowSystem m_system;
-    CWnd m_frame;
     CLookupEdit m_box;
-    ExitCode m_code = kDone;
 };
 
-class AddressView : public ViewHost {
+class AddressView : public AddressHost {
 public:
     AddressView(Store& store, const ListOptions& options);
 
@@ -76,7 +61,7 @@ private:
     CDetailViewAddrList m_list;
 };
 
-class CardView : public ViewHost {
+class CardView : public AddressHost {
 public:
     CardView(Store& store, const ListOptions& options);
 

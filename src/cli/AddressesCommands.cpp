@@ -1,7 +1,6 @@
 // addresses and compare.
 // SPDX-License-Identifier: MIT
 #include <array>
-#include <charconv>
 #include <memory>
 
 #include <fmt/format.h>
@@ -10,15 +9,13 @@
 #include <cli/AddressFields.h>
 #include <cli/AddressView.h>
 #include <cli/Commands.h>
+#include <cli/ListColumns.h>
 #include <cli/Output.h>
 #include <orvoshare/addressviews/AddrCompare.h>
 #include <orvoshare/resources/StringTable.h>
 
 namespace orvo::cli {
 namespace {
-
-// What stands for a picture in a table.
-constexpr const char* kPictureSign = "*";
 
 struct AddressesOptions {
     ListOptions list;
@@ -28,82 +25,9 @@ struct AddressesOptions {
     bool ShowsIcons() const { return view == "icons"; }
 };
 
-const COrvoLVColumn* FindColumn(CDetailViewAddrList& list, std::string_view id) {
-    int number = -1;
-    const auto [end, error] = std::from_chars(id.data(), id.data() + id.size(), number);
-    if (error != std::errc() || end != id.data() + id.size()) return nullptr;
-    for (const COrvoLVColumn& column : list.GetColumns()) {
-        if (column.nId == number) return &column;
-    }
-    return nullptr;
-}
-
-[[noreturn]] void ThrowUnknownColumn(CDetailViewAddrList& list, std::string_view id) {
-    std::string known;
-    for (const COrvoLVColumn& column : list.GetColumns()) {
-        known +=
-            fmt::format("{}{} {}", known.empty() ? "" : ", ", column.nId, ToUtf8(column.strName));
-    }
-    throw CommandError(
-        kWrongUse, fmt::format("--columns: there is no column \"{}\": there are {}", id, known));
-}
-
-// The columns that --columns names by their ids, parted by commas.
-std::vector<int> NamedColumns(CDetailViewAddrList& list, std::string_view names) {
-    std::vector<int> ids;
-    for (std::size_t start = 0; start <= names.size();) {
-        const std::size_t end = std::min(names.find(',', start), names.size());
-        const std::string_view name = names.substr(start, end - start);
-        const COrvoLVColumn* column = FindColumn(list, name);
-        if (column == nullptr) ThrowUnknownColumn(list, name);
-        ids.push_back(column->nId);
-        start = end + 1;
-    }
-    return ids;
-}
-
-std::vector<int> AllColumns(CDetailViewAddrList& list) {
-    std::vector<int> ids;
-    for (const COrvoLVColumn& column : list.GetColumns()) ids.push_back(column.nId);
-    return ids;
-}
-
-// Sets up the heading as it was saved, or anew and saves it.
-void SetUpHeading(CDetailViewAddrList& list, const std::string& columns) {
-    if (columns == "default") {
-        list.ShowDefaultHeading(0);
-    } else {
-        list.ReadHeaderColumnInfo(kListSection, 0);
-    }
-    if (columns.empty()) return;
-    if (columns != "default") {
-        const std::vector<int> ids =
-            columns == "all" ? AllColumns(list) : NamedColumns(list, columns);
-        for (const int id : list.GetShownColumns()) list.HideColumn(id);
-        for (const int id : ids) list.ShowColumn(id, -1);
-    }
-    if (list.WriteHeaderColumnInfo(kListSection) == 0) {
-        throw CommandError(kWrongUse, "--columns: the heading can't be saved");
-    }
-}
-
-const COrvoLVColumn& ColumnOf(CDetailViewAddrList& list, int id) {
-    for (const COrvoLVColumn& column : list.GetColumns()) {
-        if (column.nId == id) return column;
-    }
-    throw CommandError(kWrongUse, fmt::format("the list has no column {}", id));
-}
-
 std::vector<std::string> Headings(CDetailViewAddrList& list, const AddressesOptions& options) {
-    std::vector<std::string> headings{"Row", "ID"};
-    if (options.ShowsIcons()) {
-        headings.insert(headings.end(), {"Icon", "Label"});
-        return headings;
-    }
-    for (const int id : list.GetShownColumns()) {
-        headings.push_back(ToUtf8(ColumnOf(list, id).strName));
-    }
-    return headings;
+    return options.ShowsIcons() ? std::vector<std::string>{"Row", "ID", "Icon", "Label"}
+                                : TableHeadings(list);
 }
 
 // What the pictures of the icon modes show, by their index.
@@ -179,7 +103,7 @@ std::vector<std::string> RowAsCells(AddressView& view, const AddressesOptions& o
 int PrintAddresses(Store& store, const AddressesOptions& options, bool json) {
     AddressView view(store, options.list);
     CDetailViewAddrList& list = view.List();
-    SetUpHeading(list, options.columns);
+    SetUpHeading(list, kListSection, options.columns);
     list.SetViewMode(options.ShowsIcons() ? kLargeIconView : kReportView);
     TextTable table(Headings(list, options));
     for (int row = 0; row < list.DV_GetItemCount(); ++row) {

@@ -17,6 +17,7 @@ namespace orvo::cli {
 struct Invocation {
     std::string store;
     std::string locale;
+    std::string now;
     unsigned codePage = 0;
     bool json = false;
     std::function<int(Store&)> command;  // gives the exit code
@@ -26,7 +27,10 @@ void AddExchangeCommands(CLI::App& app, Invocation& invocation);   // import, ex
 void AddAddressesCommands(CLI::App& app, Invocation& invocation);  // addresses, compare
 void AddCardCommands(CLI::App& app, Invocation& invocation);       // card, cards
 void AddViewCommands(CLI::App& app, Invocation& invocation);       // lookup, tip, heading, category
+void AddTodosCommand(CLI::App& app, Invocation& invocation);       // todos
+void AddTodoCommands(CLI::App& app, Invocation& invocation);       // todo
 void AddTextsCommands(CLI::App& app, Invocation& invocation);      // categories, labels
 void AddRecordCommands(CLI::App& app, Invocation& invocation);     // show, add, edit, delete
+void AddOptionsCommands(CLI::App& app, Invocation& invocation);    // options
 
 }  // namespace orvo::cli

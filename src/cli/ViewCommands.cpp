@@ -11,6 +11,7 @@
 #include <cli/Commands.h>
 #include <cli/Output.h>
 #include <contracts/Profile.h>
+#include <orvoshare/text/ListHeading.h>
 #include <platform/text/CodePage.h>
 
 namespace orvo::cli {
@@ -63,7 +64,7 @@ CString SavedHeading(Store& store) {
     if (!saved.IsEmpty()) return saved;
     AddressView view(store, {});
     view.List().ShowDefaultHeading(0);
-    return view.List().HeadingText();
+    return HeadingOf(view.List());
 }
 
 void SaveHeading(Store& store, const std::string& utf8) {
@@ -72,8 +73,8 @@ void SaveHeading(Store& store, const std::string& utf8) {
     const CString text(bytes.c_str());
     if (!utf8.empty()) {
         AddressView view(store, {});
-        view.List().ShowHeading(text);
-        if (view.List().HeadingText().IsEmpty()) {
+        ShowHeading(view.List(), text);
+        if (HeadingOf(view.List()).IsEmpty()) {
             throw CommandError(kWrongUse,
                                fmt::format("--set: \"{}\" names no column of the list", utf8));
         }
@@ -106,6 +107,12 @@ void ChooseCategory(AddressView& view, int row, int category) {
     view.System().Click(list, cell.CenterPoint());
 }
 
+std::string Reason(AddressView& view, Store& store, int row) {
+    if (view.List().IsRowMasked(view.List().DV_GetItemData(row))) return ": it is masked";
+    const std::string& error = store.Addresses().LastError();
+    return error.empty() ? std::string() : ": " + error;
+}
+
 int ChangeCategory(Store& store, const RowOptions& options, bool json) {
     AddressView view(store, options.list);
     const CAddressRecord& record = view.RecordAt(options.row);
@@ -113,7 +120,10 @@ int ChangeCategory(Store& store, const RowOptions& options, bool json) {
     ChooseCategory(view, options.row, category);
     int now = kNoCategory;
     record.GetCategoryId(now);
-    if (now != category) throw CommandError(kWrongUse, store.Addresses().LastError());
+    if (now != category) {
+        throw CommandError(kWrongUse, fmt::format("the category of row {} can't be changed{}",
+                                                  options.row, Reason(view, store, options.row)));
+    }
     const std::string name = CategoryName(store.Addresses(), record);
     if (json) {
         PrintJson({{"row", options.row}, {"id", record.GetId()}, {"category", name}});

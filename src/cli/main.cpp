@@ -8,11 +8,13 @@
 
 #include <CLI/CLI.hpp>
 #include <cli/Commands.h>
+#include <cli/LocalDate.h>
 #include <cli/Output.h>
 #include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/resources/StringTable.h>
 #include <platform/text/Charset.h>
 #include <platform/text/SystemLocale.h>
+#include <platform/time/CTime.h>
 
 namespace orvo::cli {
 namespace {
@@ -24,6 +26,8 @@ void AddGlobalOptions(CLI::App& app, Invocation& invocation) {
                    "The locale for this call, such as de-DE or ja-JP");
     app.add_option("--code-page", invocation.codePage,
                    "The code page of text in memory: 65001, 932 or an 8-bit page");
+    app.add_option("--now", invocation.now,
+                   "The local time that this call takes for the present, such as 2026-12-24T18:00");
     app.add_flag("--json", invocation.json, "Print JSON, one object a line");
     app.set_version_flag("--version", "orvo " ORVO_VERSION);
 }
@@ -57,8 +61,11 @@ int Run(int count, char** arguments) {
     AddAddressesCommands(app, invocation);
     AddCardCommands(app, invocation);
     AddViewCommands(app, invocation);
+    AddTodosCommand(app, invocation);
+    AddTodoCommands(app, invocation);
     AddTextsCommands(app, invocation);
     AddRecordCommands(app, invocation);
+    AddOptionsCommands(app, invocation);
     app.footer(
         "Exit codes: 0 done; 1 nothing found; 2 wrong use or a file that can't be read;\n"
         "3 done, with some entries skipped, each told on standard error.");
@@ -76,6 +83,7 @@ int Run(int count, char** arguments) {
         throw CommandError(kWrongUse, fmt::format("{} (see orvo --help)", error.what()));
     }
     ApplyLocale(invocation);
+    if (!invocation.now.empty()) CTime::SetClock(TimeOfText(invocation.now, "--now"));
     OrvoShareMain(OwnModule(), DLL_PROCESS_ATTACH);
     Store store(invocation.store);
     return invocation.command(store);

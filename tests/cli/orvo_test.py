@@ -229,6 +229,61 @@ class OrvoTest(unittest.TestCase):
         self.orvo("show", 1, code=1)
         self.orvo("edit", 1, "--city", "X", code=1)
 
+    def todos(self, *arguments, **options):
+        return self.rows("--now", "2026-03-14T12:00", "todos", *arguments, **options)
+
+    def todo(self, *arguments, code=0):
+        return self.orvo("--now", "2026-03-14T12:00", "todo", *arguments, code=code)
+
+    def test_todos_are_listed_in_four_orders(self):
+        self.assertEqual(self.todo("add", "Buy stamps", "--priority", 1, "--due", "2026-03-20", "--category", "Work"),
+                         "added 1\n")
+        self.todo("add", "Call Ann", "--due", "3/13/26", "--note", "n", "--private")
+        self.todo("add", "Dream", "--priority", 2, "--category", "Alpha")
+        first = self.todos()[0]
+        self.assertEqual(first, {"row": 0, "id": 1, "description": "Buy stamps", "priority": 1, "due": "2026-03-20",
+                                 "overdue": False, "completed": False, "category": "Work", "private": False,
+                                 "cells": {"6": False, "1": "1", "0": "Buy stamps", "2": "3/20/26", "3": "Work", "4": False,
+                                           "5": False}})
+        orders = {"priority-due": [1, 3, 2], "due-priority": [2, 1, 3], "category-due": [3, 2, 1],
+                  "category-priority": [3, 2, 1]}
+        for sort, ids in orders.items():
+            self.assertEqual([row["id"] for row in self.todos("--sort", sort)], ids, sort)
+        self.assertEqual([row["overdue"] for row in self.todos("--sort", "due-priority")], [True, False, False])
+        self.assertEqual([row["id"] for row in self.todos("--due-only")], [3, 2])
+        self.assertEqual([row["id"] for row in self.todos("--hide-private")], [1, 3])
+        self.assertEqual([row["id"] for row in self.todos("--category", "Alpha")], [3])
+        masked = self.todos("--mask-private")[2]
+        self.assertEqual(masked, {"row": 2, "id": 2, "private": True, "masked": True})
+        self.assertNotIn("Ann", self.orvo("todos", "--mask-private"))
+        self.assertEqual(list(self.todos("--columns", "0,2")[0]["cells"]), ["0", "2"])
+        self.assertEqual(list(self.todos()[0]["cells"]), ["0", "2"])
+
+    def test_rows_of_todos_are_edited_as_by_a_click(self):
+        self.todo("add", "One", "--category", "Work")
+        self.todo("add", "Two", "--priority", 5)
+        self.todo("priority", 1, 1)
+        self.assertEqual([(row["description"], row["priority"]) for row in self.todos()], [("Two", 1), ("One", 3)])
+        for date, due in (("today", "2026-03-14"), ("tomorrow", "2026-03-15"), ("week", "2026-03-21"), ("none", None),
+                          ("2026-12-24", "2026-12-24"), ("1/31/27", "2027-01-31")):
+            self.assertEqual(self.todo("due", 0, date), "edited 2: Two\n")
+            self.assertEqual(self.todos()[0]["due"], due)
+        for bad in ("someday", "2026-02-30", "31/31/27", "", "1969-12-31", "2040-01-01"):
+            self.todo("due", 0, bad, code=2)
+            self.assertEqual(self.errors.count("\n"), 1, self.errors)
+        self.todo("category", 0, "Work")
+        self.assertEqual(self.todos()[0]["category"], "Work")
+        self.todo("category", 0, "none such", code=1)
+        for command, completed in (("complete", True), ("complete", True), ("undo", False), ("undo", False)):
+            self.todo(command, 0)
+            self.assertEqual(self.todos()[0]["completed"], completed)
+        self.assertEqual(self.todo("note-title", 0), "Two, Priority 1, Due 1/31\n")
+        self.assertEqual(self.todo("delete", 0), "deleted 2\n")
+        self.assertEqual(len(self.todos()), 1)
+        self.todo("complete", 1, code=1)
+        self.todo("priority", 0, 6, code=2)
+        self.orvo("--now", "yesterday", "todos", code=2)
+
     def test_labels_and_categories(self):
         labels = self.rows("labels")
         self.assertEqual([row["label"] for row in labels if row["kind"] == "phone"],
@@ -388,6 +443,61 @@ class OrvoTest(unittest.TestCase):
         existing = self.file("keep.vcf", card("Keep"))
         self.orvo("export", existing, code=1)
         self.assertEqual(existing.read_bytes(), card("Keep").encode())
+
+    def options(self):
+        return self.rows("options")[0]
+
+    def test_an_option_that_is_set_stays(self):
+        self.assertEqual(len(self.options()), 18)
+        changes = {"password-required": ("yes", True), "confirm-on-delete": ("no", False),
+                   "auto-save-interval": ("20", 20), "work-week-begins": ("1", 1),
+                   "startup-application": ("表\\\n to do", "表\\\n to do"), "todo-show-completed": ("0", False)}
+        for code_page in ("65001", "932"):
+            for name, (text, value) in changes.items():
+                self.orvo("--code-page", code_page, "options", "--set", name, text)
+                self.assertEqual(self.options()[name], value, name)
+        self.assertRegex(self.orvo("options"), r"(?m)^password-required +yes$")
+        self.assertEqual((self.folder / "config/orvo/xtrauser.dat").read_bytes(), b"\x011\x01\0\0\0")
+
+        self.orvo("options", "--set", "data-directory", self.folder)
+        self.assertTrue(self.options()["password-required"], "the user's file lies beside the settings all the same")
+        self.orvo("options", "--set", "password-required", "no")
+        self.orvo("options", "--set", "data-directory", "")
+        self.assertFalse(self.options()["password-required"])
+
+    def test_a_wrong_option_is_told_and_changes_nothing(self):
+        before = self.options()
+        for name, value in (("colour", "red"), ("alarm-set", "perhaps"), ("alarm-set", "2"), ("work-day-begins", "24"),
+                            ("auto-save-interval", "9"), ("alarm-advance", "1x"), ("alarm-advance", "99999999999"),
+                            ("data-directory", "no/such"), ("startup-application", "x" * 261)):
+            self.orvo("options", "--set", name, value, code=2)
+            self.assertEqual(self.errors.count("\n"), 1, self.errors)
+            self.assertIn(name, self.errors)
+        self.assertEqual(self.options(), before)
+
+    def test_a_user_file_that_cannot_be_used_is_told(self):
+        self.orvo("options", "--set", "password-required", "yes")
+        file = self.folder / "config/orvo/xtrauser.dat"
+        file.write_bytes(b"\x011")
+        self.orvo("options", code=2)
+        self.assertIn("xtrauser.dat", self.errors)
+        file.unlink()
+        file.mkdir()
+        self.orvo("options", "--set", "work-day-begins", 7)
+        self.orvo("options", "--set", "password-required", "yes", code=2)
+        self.assertEqual(self.options()["work-day-begins"], 7)
+
+    def test_eight_processes_that_set_eight_options_lose_none(self):
+        names = ["password-required", "alarm-set", "masking-private", "verify-data-file", "todo-mark-completion-date",
+                 "todo-show-due-items-only", "work-day-begins", "alarm-advance"]
+        self.options()
+        for value in ("1", "0", "1"):
+            processes = [subprocess.Popen([ORVO, "--store", self.store, "options", "--set", name, value],
+                                          env={"PATH": os.environ["PATH"], "LC_ALL": "en_US.UTF-8",
+                                               "XDG_CONFIG_HOME": str(self.folder / "config")}) for name in names]
+            self.assertEqual([process.wait(timeout=120) for process in processes], [0] * len(names))
+            options = self.options()
+            self.assertEqual([int(options[name]) for name in names], [int(value)] * len(names))
 
 
 if __name__ == "__main__":

@@ -1,0 +1,74 @@
+// The desktop options of this program, and where it keeps them.
+// SPDX-License-Identifier: MIT
+#include <filesystem>
+
+#include <cli/HostOptions.h>
+#include <contracts/Settings.h>
+#include <libraries/orvocmn/SettingsStore.h>
+#include <orvoshare/options/OptionsPath.h>
+#include <platform/text/CodePage.h>
+
+namespace orvo::cli {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kHostSection = "Orvo";
+
+// An option that only the host keeps; where the settings lack it, it has its first value.
+struct HostOption {
+    const char* key;
+    int (COrvoDesktopOptions::*get)() const;
+    void (COrvoDesktopOptions::*set)(int);
+};
+constexpr HostOption kHostOptions[] = {
+    {"TodoShowCompleted", &COrvoDesktopOptions::GetTodoShowCompleted,
+     &COrvoDesktopOptions::SetTodoShowCompleted},
+    {"TodoShowDueItemsOnly", &COrvoDesktopOptions::GetTodoShowDueItemsOnly,
+     &COrvoDesktopOptions::SetTodoShowDueItemsOnly},
+    {"TodoMarkCompletionDate", &COrvoDesktopOptions::GetTodoMarkCompletionDate,
+     &COrvoDesktopOptions::SetTodoMarkCompletionDate},
+    {"VerifyDataFile", &COrvoDesktopOptions::GetVerifyDatFileFlag,
+     &COrvoDesktopOptions::SetVerifyDatFileFlag},
+};
+
+// The directory that SetUser looks for the user's directory in.
+fs::path DataDirectory() {
+    char buffer[261] = "";
+    unsigned long size = sizeof buffer;
+    CmnGetProfileString("Core", "Path", buffer, size, "");
+    const fs::path directory = FilePathOf(buffer);
+    return directory.empty() ? fs::path("/") : directory;
+}
+
+// The folder of the settings file, as seen from the data directory.
+CUser HostUser() {
+    std::error_code error;
+    const fs::path folder = fs::path(SettingsStore::Path()).parent_path();
+    const fs::path directory = fs::proximate(folder, DataDirectory(), error);
+    CString inPage;
+    CodePage::System().FromUtf8(directory.string(), inPage.Bytes());
+    return CUser(inPage);
+}
+
+}  // namespace
+
+COrvoDesktopOptions LoadHostOptions() {
+    CUser user = HostUser();
+    COrvoDesktopOptions options(&user);
+    for (const HostOption& option : kHostOptions) {
+        int value = 0;
+        CmnGetProfileInt(kHostSection, option.key, &value, (options.*option.get)());
+        (options.*option.set)(value);
+    }
+    return options;
+}
+
+void SaveHostOptions(COrvoDesktopOptions& options) {
+    options.SaveOptions();
+    for (const HostOption& option : kHostOptions) {
+        CmnWriteProfileInt(kHostSection, option.key, (options.*option.get)());
+    }
+}
+
+}  // namespace orvo::cli

@@ -1,0 +1,194 @@
+// todo: add a to-do, and edit rows of the list as a click would.
+// SPDX-License-Identifier: MIT
+#include <array>
+#include <memory>
+
+#include <fmt/format.h>
+
+#include <CLI/CLI.hpp>
+#include <cli/AddressFields.h>
+#include <cli/Commands.h>
+#include <cli/LocalDate.h>
+#include <cli/Output.h>
+#include <cli/TodoView.h>
+
+namespace orvo::cli {
+namespace {
+
+struct NewTodo {
+    std::string text;
+    int priority = 3;
+    std::string due;
+    std::string category;
+    std::string note;
+    bool isPrivate = false;
+};
+
+// What the commands that edit a row have in common.
+struct RowEdit {
+    TodoOptions list;
+    int row = 0;
+    std::string value;
+};
+using Edit = std::function<void(Store&, TodoView&, const RowEdit&)>;
+
+// The words of `due`, by the choices of the menu of dates.
+constexpr std::array<const char*, 4> kDays{"today", "tomorrow", "week", "none"};
+constexpr UINT kChooseDate = ID_TODO_DATE_LAST;
+
+int AddTodo(Store& store, const NewTodo& todo, bool json) {
+    Transaction transaction(store);
+    CToDoRecord record(store.ToDos(), 1);
+    store.Check(record.SetDescriptionUtf8(todo.text));
+    store.Check(record.SetPriority(todo.priority));
+    if (!todo.due.empty()) store.Check(record.SetDueDate(DayOfText(todo.due, "--due")));
+    if (!todo.category.empty()) {
+        store.Check(record.SetCategoryId(CategoryIndexOrNew(store.ToDos(), todo.category)));
+    }
+    store.Check(record.SetPrivate(todo.isPrivate));
+    if (!todo.note.empty()) store.Check(record.SetNoteUtf8(todo.note));
+    store.Check(store.ToDos().Add(record));
+    transaction.Commit();
+    if (json) {
+        PrintJson({{"added", record.GetId()}});
+    } else {
+        PrintLine(fmt::format("added {}", record.GetId()));
+    }
+    return kDone;
+}
+
+void SetPriorityOfRow(Store&, TodoView& view, const RowEdit& edit) {
+    const UINT step = static_cast<UINT>(edit.value.front() - '1');
+    view.ClickCell(edit.row, TodoColumn::Priority, ID_TODO_PRIORITY_FIRST + step);
+}
+
+void SetDueOfRow(Store&, TodoView& view, const RowEdit& edit) {
+    for (std::size_t choice = 0; choice < kDays.size(); ++choice) {
+        if (edit.value != kDays[choice]) continue;
+        const UINT command = ID_TODO_DATE_FIRST + static_cast<UINT>(choice);
+        return view.ClickCell(edit.row, TodoColumn::DueDate, command);
+    }
+    view.System().AnswerDay(CTime(DayOfText(edit.value, "due")));
+    view.ClickCell(edit.row, TodoColumn::DueDate, kChooseDate);
+}
+
+void SetCategoryOfRow(Store& store, TodoView& view, const RowEdit& edit) {
+    const auto category = static_cast<UINT>(CategoryIndex(store.ToDos(), edit.value));
+    view.ClickCell(edit.row, TodoColumn::Category, ID_TODO_CATEGORY_FIRST + category);
+}
+
+// A row that has the state already is left alone.
+Edit SetCompletedOfRow(bool completed) {
+    return [completed](Store&, TodoView& view, const RowEdit& edit) {
+        if ((view.RecordAt(edit.row).IsCompleted() != 0) == completed) return;
+        view.ClickCell(edit.row, TodoColumn::Completed, 0);
+    };
+}
+
+// The record is looked at again by its id, as its row may have moved.
+int EditRow(Store& store, const RowEdit& options, const Edit& edit, bool json) {
+    TodoView view(store, options.list);
+    const std::int64_t id = view.RecordAt(options.row).GetId();
+    edit(store, view, options);
+    CToDoRecord record(store.ToDos(), 1);
+    store.Check(store.ToDos().Find(id, record));
+    if (json) {
+        PrintJson({{"edited", id}});
+    } else {
+        PrintLine(fmt::format("edited {}: {}", id, record.DescriptionUtf8()));
+    }
+    return view.Code();
+}
+
+int PrintNoteTitle(Store& store, const RowEdit& options, bool json) {
+    TodoView view(store, options.list);
+    view.RecordAt(options.row);
+    const std::string title = ToUtf8(view.List().GetNoteTitle(options.row));
+    if (json) {
+        PrintJson({{"row", options.row}, {"title", title}});
+    } else {
+        PrintLine(title);
+    }
+    return view.Code();
+}
+
+int DeleteRow(Store& store, const RowEdit& options, bool json) {
+    TodoView view(store, options.list);
+    CToDoRecord& record = view.RecordAt(options.row);
+    store.Check(store.ToDos().Delete(record));
+    if (json) {
+        PrintJson({{"deleted", record.GetId()}});
+    } else {
+        PrintLine(fmt::format("deleted {}", record.GetId()));
+    }
+    return view.Code();
+}
+
+void AddNew(CLI::App& todo, Invocation& invocation) {
+    auto options = std::make_shared<NewTodo>();
+    CLI::App* add = todo.add_subcommand("add", "Add a to-do");
+    add->add_option("TEXT", options->text, "What is to be done")->required();
+    add->add_option("--priority", options->priority, "1 (first) to 5; 3 where left out")
+        ->check(CLI::Range(1, 5));
+    add->add_option("--due", options->due, "The day, as 2026-12-24 or as the locale writes it");
+    add->add_option("--category", options->category, "A category; a new one is made");
+    add->add_option("--note", options->note, "A note");
+    add->add_flag("--private", options->isPrivate, "Mark it as private");
+    add->callback([options, &invocation] {
+        invocation.command = [options, &invocation](Store& store) {
+            return AddTodo(store, *options, invocation.json);
+        };
+    });
+}
+
+using Run = std::function<int(Store&, const RowEdit&, bool json)>;
+
+CLI::App* AddRowCommand(CLI::App& todo, Invocation& invocation, const char* name, const char* help,
+                        const Run& run, std::shared_ptr<RowEdit> options) {
+    CLI::App* command = todo.add_subcommand(name, help);
+    command->add_option("ROW", options->row, "A row number of `todos`")->required();
+    AddTodoOptions(*command, options->list);
+    command->callback([options = std::move(options), run, &invocation] {
+        invocation.command = [options, run, &invocation](Store& store) {
+            return run(store, *options, invocation.json);
+        };
+    });
+    return command;
+}
+
+Run Editing(Edit edit) {
+    return [edit = std::move(edit)](Store& store, const RowEdit& options, bool json) {
+        return EditRow(store, options, edit, json);
+    };
+}
+
+}  // namespace
+
+void AddTodoCommands(CLI::App& app, Invocation& invocation) {
+    CLI::App* todo = app.add_subcommand("todo", "Add a to-do, or edit a row of the list");
+    todo->require_subcommand(1);
+    AddNew(*todo, invocation);
+
+    const auto add = [&](const char* name, const char* help, const Run& run) {
+        auto options = std::make_shared<RowEdit>();
+        return std::pair(AddRowCommand(*todo, invocation, name, help, run, options), options);
+    };
+    const auto [priority, priorityOptions] =
+        add("priority", "Set the priority of a row", Editing(SetPriorityOfRow));
+    priority->add_option("N", priorityOptions->value, "1 (first) to 5")
+        ->required()
+        ->check(CLI::IsMember({"1", "2", "3", "4", "5"}));
+    const auto [due, dueOptions] = add("due", "Set the due date of a row", Editing(SetDueOfRow));
+    due->add_option("DATE", dueOptions->value,
+                    "today, tomorrow, week, none, or a day: 2026-12-24, or as the locale writes it")
+        ->required();
+    const auto [category, categoryOptions] =
+        add("category", "Set the category of a row", Editing(SetCategoryOfRow));
+    category->add_option("NAME", categoryOptions->value, "A category that is there")->required();
+    add("complete", "Complete a row", Editing(SetCompletedOfRow(true)));
+    add("undo", "Take the completion of a row back", Editing(SetCompletedOfRow(false)));
+    add("note-title", "Print the title for the note of a row", PrintNoteTitle);
+    add("delete", "Delete the to-do of a row", DeleteRow);
+}
+
+}  // namespace orvo::cli

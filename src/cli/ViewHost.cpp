@@ -1,0 +1,64 @@
+// A window in which a view stands as in any host, without a screen.
+// SPDX-License-Identifier: MIT
+#include <cli/HostOptions.h>
+#include <cli/Output.h>
+#include <cli/ViewHost.h>
+#include <libraries/orvocmn/SettingsStore.h>
+#include <platform/io/CFile.h>
+
+namespace orvo::cli {
+namespace {
+
+constexpr CRect kFrame{0, 0, 1000, 700};
+
+}  // namespace
+
+const MessageMap& HostWindow::ThisMap() {
+    static const MessageMap map{CWnd::ThisMap(),
+                                {On<WM_GET_DESKTOP_OPTIONS>(&HostWindow::OnGetOptions)}};
+    return map;
+}
+
+HostWindow::HostWindow() {
+    const SettingsLock lock;
+    try {
+        m_options = LoadHostOptions();
+    } catch (const CException&) {
+        // A damaged file of one flag hides nobody's records; `orvo options` tells of it.
+        m_options.LoadAppWideOptions();
+    }
+}
+
+LRESULT HostWindow::OnGetOptions(WPARAM, LPARAM answer) {
+    *PointerOf<COrvoDesktopOptions*>(answer) = &m_options;
+    return 1;
+}
+
+ViewHost::ViewHost() {
+    WindowSystem::SetCurrent(&m_system);
+    m_frame.Create(WS_VISIBLE, kFrame, nullptr, 0);
+    AfxSetMainWnd(&m_frame);
+}
+
+ViewHost::~ViewHost() {
+    AfxSetMainWnd(nullptr);
+    m_frame.DestroyWindow();
+    WindowSystem::SetCurrent(nullptr);
+}
+
+void ViewHost::Watch(CBaseTable& table, const std::function<void()>& fill) {
+    std::string failure;
+    table.SetFailureListener([&](const std::string& reason, bool isOver) {
+        if (isOver) {
+            failure = reason;
+        } else {
+            PrintError(reason);
+            m_code = kSomeSkipped;
+        }
+    });
+    fill();
+    table.SetFailureListener(nullptr);
+    if (!failure.empty()) throw CommandError(kWrongUse, failure);
+}
+
+}  // namespace orvo::cli
