@@ -7,7 +7,8 @@
 
 #include <libraries/quire/MemoryEngine.h>
 #include <orvoshare/addresslist/DetailViewAddrList.h>
-#include <orvoshare/addresslist/HeadingText.h>
+#include <orvoshare/text/HeadingText.h>
+#include <orvoshare/text/ListHeading.h>
 
 using namespace orvo;
 
@@ -24,8 +25,8 @@ public:
     // What the list saves after a heading of that text; empty where it shows no column.
     CString TextShown(const CString& text) {
         for (const COrvoLVColumn& column : m_aColumns) HideColumn(column.nId);
-        ShowHeading(text);
-        return HeadingText();
+        ShowHeading(*this, text);
+        return HeadingOf(*this);
     }
 
 private:
