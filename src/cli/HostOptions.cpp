@@ -2,10 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include <filesystem>
 
+#include <fmt/format.h>
+
 #include <cli/HostOptions.h>
+#include <cli/Output.h>
 #include <contracts/Settings.h>
 #include <libraries/orvocmn/SettingsStore.h>
 #include <orvoshare/options/OptionsPath.h>
+#include <platform/io/CFile.h>
 #include <platform/text/CodePage.h>
 
 namespace orvo::cli {
@@ -55,7 +59,15 @@ CUser HostUser() {
 
 COrvoDesktopOptions LoadHostOptions() {
     CUser user = HostUser();
-    COrvoDesktopOptions options(&user);
+    COrvoDesktopOptions options;
+    options.SetUser(&user);
+    try {
+        options.LoadPerUserOptions();
+    } catch (const CException& error) {
+        PrintError(fmt::format("orvo: {}: no password is required now", error.what()));
+        options.SetDefaultUserOptions();
+    }
+    options.LoadAppWideOptions();
     for (const HostOption& option : kHostOptions) {
         int value = 0;
         CmnGetProfileInt(kHostSection, option.key, &value, (options.*option.get)());

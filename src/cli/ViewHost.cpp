@@ -4,7 +4,6 @@
 #include <cli/Output.h>
 #include <cli/ViewHost.h>
 #include <libraries/orvocmn/SettingsStore.h>
-#include <platform/io/CFile.h>
 
 namespace orvo::cli {
 namespace {
@@ -21,12 +20,7 @@ const MessageMap& HostWindow::ThisMap() {
 
 HostWindow::HostWindow() {
     const SettingsLock lock;
-    try {
-        m_options = LoadHostOptions();
-    } catch (const CException&) {
-        // A damaged file of one flag hides nobody's records; `orvo options` tells of it.
-        m_options.LoadAppWideOptions();
-    }
+    m_options = LoadHostOptions();
 }
 
 LRESULT HostWindow::OnGetOptions(WPARAM, LPARAM answer) {

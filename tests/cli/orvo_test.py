@@ -479,8 +479,12 @@ class OrvoTest(unittest.TestCase):
         self.orvo("options", "--set", "password-required", "yes")
         file = self.folder / "config/orvo/xtrauser.dat"
         file.write_bytes(b"\x011")
-        self.orvo("options", code=2)
+        self.assertFalse(self.options()["password-required"], "a damaged file gives the defaults")
         self.assertIn("xtrauser.dat", self.errors)
+        self.assertEqual(self.errors.count("\n"), 1)
+        self.orvo("options", "--set", "password-required", "yes")
+        self.assertTrue(self.options()["password-required"])
+        self.assertEqual(self.errors, "")
         file.unlink()
         file.mkdir()
         self.orvo("options", "--set", "work-day-begins", 7)
