@@ -11,16 +11,6 @@
 #include <platform/text/CodePage.h>
 
 namespace orvo::cli {
-namespace {
-
-CCategory* FindCategory(CBaseTable& table, const std::string& name) {
-    CCategory* category = nullptr;
-    table.GetCategoryManager()->FindUtf8Name(name, category);
-    return category;
-}
-
-}  // namespace
-
 std::string ToUtf8(const CString& text) {
     std::string utf8;
     CodePage::System().ToUtf8(text.View(), utf8);
@@ -34,11 +24,22 @@ std::string ModuleText(unsigned number) {
     return ToUtf8(text);
 }
 
+namespace {
+
+CCategory* FindCategory(CBaseTable& table, const std::string& name) {
+    CCategory* category = nullptr;
+    table.GetCategoryManager()->FindUtf8Name(name, category);
+    // Views show that name for records without a category.
+    if (category == nullptr && name == ModuleText(kStringUncategorized)) {
+        table.GetCategoryManager()->FindUtf8Name(kNoCategoryName, category);
+    }
+    return category;
+}
+
+}  // namespace
+
 int CategoryIndex(CBaseTable& table, const std::string& name) {
     const CCategory* category = FindCategory(table, name);
-    if (category == nullptr && name == ModuleText(kStringUncategorized)) {
-        category = FindCategory(table, kNoCategoryName);
-    }
     if (category == nullptr) {
         throw CommandError(kNothingFound, fmt::format("there is no category \"{}\"", name));
     }

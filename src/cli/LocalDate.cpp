@@ -1,6 +1,7 @@
 // Days and times as they stand on a command line.
 // SPDX-License-Identifier: MIT
-#include <cstdio>
+#include <algorithm>
+#include <string_view>
 
 #include <fmt/format.h>
 
@@ -23,34 +24,59 @@ struct Civil {
     int second = 0;
 };
 
-// The moment of a civil time that the calendar has; else -1.
-std::time_t MomentOf(const Civil& civil) {
-    const CTime time(civil.year, civil.month, civil.day, civil.hour, civil.minute, civil.second);
-    const bool isSame = time.GetYear() == civil.year && time.GetMonth() == civil.month &&
-                        time.GetDay() == civil.day;
-    const bool isClock = civil.hour >= 0 && civil.hour < 24 && civil.minute >= 0 &&
-                         civil.minute < 60 && civil.second >= 0 && civil.second < 60;
-    return isSame && isClock ? time.GetTime() : -1;
+bool IsOnDay(const CTime& time, const Civil& civil) {
+    return time.GetYear() == civil.year && time.GetMonth() == civil.month &&
+           time.GetDay() == civil.day;
 }
 
-// Gives: how many fields were read, where they are all of the text; else 0.
-int ReadIso(const std::string& text, Civil& civil) {
-    int length = 0;
-    const int size = static_cast<int>(text.size());
-    if (std::sscanf(text.c_str(), "%4d-%2d-%2d%n", &civil.year, &civil.month, &civil.day,
-                    &length) == 3 &&
-        length == size) {
-        return 3;
-    }
-    length = 0;
-    std::sscanf(text.c_str(), "%4d-%2d-%2dT%2d:%2d%n", &civil.year, &civil.month, &civil.day,
-                &civil.hour, &civil.minute, &length);
-    if (length == size && size > 0) return 5;
-    length = 0;
-    std::sscanf(text.c_str(), "%4d-%2d-%2dT%2d:%2d:%2d%n", &civil.year, &civil.month, &civil.day,
-                &civil.hour, &civil.minute, &civil.second, &length);
-    return length == size && size > 0 ? 6 : 0;
+// The first moment of the day that a record can hold; -1 where the calendar has no such day.
+std::time_t MomentOfDay(const Civil& civil) {
+    const CTime start(civil.year, civil.month, civil.day, 0, 0, 0);
+    if (start.GetTime() < 0 && IsOnDay(CTime(0), civil)) return 0;
+    return IsOnDay(start, civil) ? start.GetTime() : -1;
 }
+
+// -1 where the clock doesn't show that time on that day.
+std::time_t MomentOfClock(const Civil& civil) {
+    const CTime time(civil.year, civil.month, civil.day, civil.hour, civil.minute, civil.second);
+    const bool isShown = IsOnDay(time, civil) && time.GetHour() == civil.hour &&
+                         time.GetMinute() == civil.minute && time.GetSecond() == civil.second;
+    return isShown ? time.GetTime() : -1;
+}
+
+// Reads a text that has a digit wherever the form has the letter of a field, and else is the form.
+bool ReadForm(std::string_view form, std::string_view text, Civil& civil) {
+    if (text.size() != form.size()) return false;
+    Civil read{0, 0, 0, 0, 0, 0};
+    const auto fieldOf = [&read](char letter) -> int* {
+        switch (letter) {
+            case 'y':
+                return &read.year;
+            case 'M':
+                return &read.month;
+            case 'd':
+                return &read.day;
+            case 'h':
+                return &read.hour;
+            case 'm':
+                return &read.minute;
+            case 's':
+                return &read.second;
+            default:
+                return nullptr;
+        }
+    };
+    for (std::size_t i = 0; i < form.size(); ++i) {
+        int* field = fieldOf(form[i]);
+        if (field == nullptr ? text[i] != form[i] : text[i] < '0' || text[i] > '9') return false;
+        if (field != nullptr) *field = *field * 10 + (text[i] - '0');
+    }
+    civil = read;
+    return true;
+}
+
+constexpr std::string_view kIsoDay = "yyyy-MM-dd";
+constexpr std::string_view kIsoTimes[] = {kIsoDay, "yyyy-MM-ddThh:mm", "yyyy-MM-ddThh:mm:ss"};
 
 // A missing year is the present one; two digits stand for 1938 to 2037.
 int WholeYear(int year) {
@@ -79,8 +105,8 @@ bool ReadShortDate(const std::string& utf8, Civil& civil) {
 
 std::time_t DayOfText(const std::string& text, const char* option) {
     Civil civil;
-    const bool isRead = ReadIso(text, civil) == 3 || ReadShortDate(text, civil);
-    const std::time_t day = isRead ? MomentOf(civil) : -1;
+    const bool isRead = ReadForm(kIsoDay, text, civil) || ReadShortDate(text, civil);
+    const std::time_t day = isRead ? MomentOfDay(civil) : -1;
     if (day < 0 || day >= kMaxDate) {
         throw CommandError(kWrongUse, fmt::format("{}: \"{}\" is no date from 1970 to 2038 (such "
                                                   "as 2026-12-24)",
@@ -91,7 +117,9 @@ std::time_t DayOfText(const std::string& text, const char* option) {
 
 std::time_t TimeOfText(const std::string& text, const char* option) {
     Civil civil;
-    const std::time_t time = ReadIso(text, civil) != 0 ? MomentOf(civil) : -1;
+    const bool isRead = std::ranges::any_of(
+        kIsoTimes, [&](std::string_view form) { return ReadForm(form, text, civil); });
+    const std::time_t time = isRead ? MomentOfClock(civil) : -1;
     if (time < 0) {
         throw CommandError(
             kWrongUse,

@@ -151,6 +151,7 @@ int ReadNumber(const OptionName& option, const std::string& value) {
 CString ReadText(const OptionName& option, const std::string& value) {
     CString text;
     CodePage::System().FromUtf8(value, text.Bytes());
+    if (ToUtf8(text) != value) Refuse(option, value, "the code page lacks some of its characters");
     if (text.GetLength() > kLongestText) {
         Refuse(option, value, fmt::format("a text has at most {} bytes", kLongestText));
     }

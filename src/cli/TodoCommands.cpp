@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <array>
 #include <memory>
+#include <optional>
 
 #include <fmt/format.h>
 
@@ -11,6 +12,8 @@
 #include <cli/LocalDate.h>
 #include <cli/Output.h>
 #include <cli/TodoView.h>
+#include <contracts/Dates.h>
+#include <orvoshare/todo/TodoDates.h>
 
 namespace orvo::cli {
 namespace {
@@ -18,8 +21,8 @@ namespace {
 struct NewTodo {
     std::string text;
     int priority = 3;
-    std::string due;
-    std::string category;
+    std::optional<std::string> due;
+    std::optional<std::string> category;
     std::string note;
     bool isPrivate = false;
 };
@@ -30,7 +33,9 @@ struct RowEdit {
     int row = 0;
     std::string value;
 };
-using Edit = std::function<void(Store&, TodoView&, const RowEdit&)>;
+// Whether the record now is as the edit wants it.
+using Outcome = std::function<bool(const CToDoRecord&)>;
+using Edit = std::function<Outcome(Store&, TodoView&, const RowEdit&)>;
 
 // The words of `due`, by the choices of the menu of dates.
 constexpr std::array<const char*, 4> kDays{"today", "tomorrow", "week", "none"};
@@ -41,9 +46,9 @@ int AddTodo(Store& store, const NewTodo& todo, bool json) {
     CToDoRecord record(store.ToDos(), 1);
     store.Check(record.SetDescriptionUtf8(todo.text));
     store.Check(record.SetPriority(todo.priority));
-    if (!todo.due.empty()) store.Check(record.SetDueDate(DayOfText(todo.due, "--due")));
-    if (!todo.category.empty()) {
-        store.Check(record.SetCategoryId(CategoryIndexOrNew(store.ToDos(), todo.category)));
+    if (todo.due) store.Check(record.SetDueDate(DayOfText(*todo.due, "--due")));
+    if (todo.category) {
+        store.Check(record.SetCategoryId(CategoryIndexOrNew(store.ToDos(), *todo.category)));
     }
     store.Check(record.SetPrivate(todo.isPrivate));
     if (!todo.note.empty()) store.Check(record.SetNoteUtf8(todo.note));
@@ -57,41 +62,82 @@ int AddTodo(Store& store, const NewTodo& todo, bool json) {
     return kDone;
 }
 
-void SetPriorityOfRow(Store&, TodoView& view, const RowEdit& edit) {
-    const UINT step = static_cast<UINT>(edit.value.front() - '1');
-    view.ClickCell(edit.row, TodoColumn::Priority, ID_TODO_PRIORITY_FIRST + step);
+Outcome SetPriorityOfRow(Store&, TodoView& view, const RowEdit& edit) {
+    const int priority = edit.value.front() - '0';
+    view.ClickCell(edit.row, TodoColumn::Priority,
+                   ID_TODO_PRIORITY_FIRST + static_cast<UINT>(priority - 1));
+    return [priority](const CToDoRecord& record) {
+        int now = 0;
+        return record.GetPriority(now) == 0 && now == priority;
+    };
 }
 
-void SetDueOfRow(Store&, TodoView& view, const RowEdit& edit) {
+Outcome HasDueDate(long due) {
+    return [due](const CToDoRecord& record) {
+        long now = 0;
+        return record.GetDueDate(now) == 0 && now == due;
+    };
+}
+
+Outcome SetDueOfRow(Store&, TodoView& view, const RowEdit& edit) {
     for (std::size_t choice = 0; choice < kDays.size(); ++choice) {
         if (edit.value != kDays[choice]) continue;
-        const UINT command = ID_TODO_DATE_FIRST + static_cast<UINT>(choice);
-        return view.ClickCell(edit.row, TodoColumn::DueDate, command);
+        view.ClickCell(edit.row, TodoColumn::DueDate,
+                       ID_TODO_DATE_FIRST + static_cast<UINT>(choice));
+        return HasDueDate(ChosenDate(static_cast<int>(choice), kMaxDate));
     }
-    view.System().AnswerDay(CTime(DayOfText(edit.value, "due")));
+    const std::time_t day = DayOfText(edit.value, "due");
+    view.System().AnswerDay(CTime(day));
     view.ClickCell(edit.row, TodoColumn::DueDate, kChooseDate);
+    return HasDueDate(day);
 }
 
-void SetCategoryOfRow(Store& store, TodoView& view, const RowEdit& edit) {
-    const auto category = static_cast<UINT>(CategoryIndex(store.ToDos(), edit.value));
-    view.ClickCell(edit.row, TodoColumn::Category, ID_TODO_CATEGORY_FIRST + category);
+Outcome SetCategoryOfRow(Store& store, TodoView& view, const RowEdit& edit) {
+    const int category = CategoryIndex(store.ToDos(), edit.value);
+    view.ClickCell(edit.row, TodoColumn::Category,
+                   ID_TODO_CATEGORY_FIRST + static_cast<UINT>(category));
+    return [category](const CToDoRecord& record) {
+        int now = -1;
+        return record.GetCategoryId(now) == 0 && now == category;
+    };
 }
 
 // A row that has the state already is left alone.
 Edit SetCompletedOfRow(bool completed) {
     return [completed](Store&, TodoView& view, const RowEdit& edit) {
-        if ((view.RecordAt(edit.row).IsCompleted() != 0) == completed) return;
-        view.ClickCell(edit.row, TodoColumn::Completed, 0);
+        const Outcome outcome = [completed](const CToDoRecord& record) {
+            return (record.IsCompleted() != 0) == completed;
+        };
+        if (!outcome(view.RecordAt(edit.row))) view.ClickCell(edit.row, TodoColumn::Completed, 0);
+        return outcome;
     };
+}
+
+// What stood in the way of an edit: a message that the view has shown, or the store's.
+std::string Hindrance(Store& store, TodoView& view) {
+    const std::vector<CString>& boxes = view.System().MessageBoxes();
+    return boxes.empty() ? store.ToDos().LastError() : ToUtf8(boxes.back());
+}
+
+void RefuseMasked(TodoView& view, int row) {
+    view.RecordAt(row);
+    if (!view.List().IsRowMasked(view.List().GetItemData(row))) return;
+    throw CommandError(kWrongUse, fmt::format("row {} is masked", row));
 }
 
 // The record is looked at again by its id, as its row may have moved.
 int EditRow(Store& store, const RowEdit& options, const Edit& edit, bool json) {
     TodoView view(store, options.list);
+    RefuseMasked(view, options.row);
     const std::int64_t id = view.RecordAt(options.row).GetId();
-    edit(store, view, options);
+    const Outcome outcome = edit(store, view, options);
     CToDoRecord record(store.ToDos(), 1);
+    const std::string hindrance = Hindrance(store, view);
     store.Check(store.ToDos().Find(id, record));
+    if (!outcome(record)) {
+        throw CommandError(kWrongUse,
+                           fmt::format("row {} can't be changed: {}", options.row, hindrance));
+    }
     if (json) {
         PrintJson({{"edited", id}});
     } else {
@@ -102,7 +148,7 @@ int EditRow(Store& store, const RowEdit& options, const Edit& edit, bool json) {
 
 int PrintNoteTitle(Store& store, const RowEdit& options, bool json) {
     TodoView view(store, options.list);
-    view.RecordAt(options.row);
+    RefuseMasked(view, options.row);
     const std::string title = ToUtf8(view.List().GetNoteTitle(options.row));
     if (json) {
         PrintJson({{"row", options.row}, {"title", title}});

@@ -29,6 +29,8 @@ LRESULT HostWindow::OnGetOptions(WPARAM, LPARAM answer) {
 }
 
 ViewHost::ViewHost() {
+    // Nobody is there to answer; who asked for the change tells why it didn't come.
+    m_system.OnUnexpectedQuestion([](const std::string&) {});
     WindowSystem::SetCurrent(&m_system);
     m_frame.Create(WS_VISIBLE, kFrame, nullptr, 0);
     AfxSetMainWnd(&m_frame);

@@ -268,7 +268,11 @@ class OrvoTest(unittest.TestCase):
                           ("2026-12-24", "2026-12-24"), ("1/31/27", "2027-01-31")):
             self.assertEqual(self.todo("due", 0, date), "edited 2: Two\n")
             self.assertEqual(self.todos()[0]["due"], due)
-        for bad in ("someday", "2026-02-30", "31/31/27", "", "1969-12-31", "2040-01-01"):
+        for locale, date in (("sv-SE", "26-12-04"), ("nl-NL", "04-12-26"), ("de-DE", "4.12.26"), ("ja-JP", "2026/12/04")):
+            self.orvo("--locale", locale, "todo", "due", 0, date)
+            self.assertEqual(self.todos()[0]["due"], "2026-12-04", locale)
+        self.todo("due", 0, "1/31/27")
+        for bad in ("someday", "2026-02-30", "31/31/27", "", "1969-12-31", "2040-01-01", "2026- 1- 2", "26-1-2-3"):
             self.todo("due", 0, bad, code=2)
             self.assertEqual(self.errors.count("\n"), 1, self.errors)
         self.todo("category", 0, "Work")
@@ -278,9 +282,24 @@ class OrvoTest(unittest.TestCase):
             self.todo(command, 0)
             self.assertEqual(self.todos()[0]["completed"], completed)
         self.assertEqual(self.todo("note-title", 0), "Two, Priority 1, Due 1/31\n")
+        self.todo("add", "Three", "--due", "", code=2)
+        self.orvo("--locale", "de-DE", "todo", "add", "Three", "--priority", 5, "--category", "Ohne Kategorie")
+        self.assertEqual(self.todos()[2]["category"], "Uncategorized")
+        database = sqlite3.connect(self.store, isolation_level=None)
+        database.execute("BEGIN IMMEDIATE")
+        self.todo("priority", 0, 4, code=2)
+        self.assertEqual(self.errors.count("\n"), 1, self.errors)
+        database.execute("ROLLBACK")
+        database.close()
+        self.orvo("options", "--set", "masking-private", "yes")
+        self.todo("add", "Secret", "--priority", 1, "--private")
+        row = [row["row"] for row in self.todos() if row.get("masked")][0]
+        for edit in (("complete", row), ("due", row, "today"), ("note-title", row)):
+            self.assertEqual(self.todo(*edit, code=2), "")
+            self.assertEqual(self.errors, f"orvo: row {row} is masked\n")
         self.assertEqual(self.todo("delete", 0), "deleted 2\n")
-        self.assertEqual(len(self.todos()), 1)
-        self.todo("complete", 1, code=1)
+        self.assertEqual(len(self.todos()), 3)
+        self.todo("complete", 3, code=1)
         self.todo("priority", 0, 6, code=2)
         self.orvo("--now", "yesterday", "todos", code=2)
 
@@ -461,6 +480,11 @@ class OrvoTest(unittest.TestCase):
 
         self.orvo("options", "--set", "data-directory", self.folder)
         self.assertTrue(self.options()["password-required"], "the user's file lies beside the settings all the same")
+        gone = self.folder / "gone"
+        gone.mkdir()
+        self.orvo("options", "--set", "data-directory", gone)
+        gone.rmdir()
+        self.assertTrue(self.options()["password-required"], "also where the data directory is gone")
         self.orvo("options", "--set", "password-required", "no")
         self.orvo("options", "--set", "data-directory", "")
         self.assertFalse(self.options()["password-required"])

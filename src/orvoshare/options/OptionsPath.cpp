@@ -1,5 +1,7 @@
 // The file that a path of the options names.
 // SPDX-License-Identifier: MIT
+#include <filesystem>
+
 #include <orvoshare/options/OptionsPath.h>
 #include <platform/text/CodePage.h>
 
@@ -10,7 +12,11 @@ std::string FilePathOf(const CString& path) {
     slashed.Replace('\\', '/');
     std::string utf8;
     CodePage::System().ToUtf8(slashed.View(), utf8);
-    return utf8;
+    // A step up out of a folder that is gone leads where it would lead if it were there.
+    const std::filesystem::path file = utf8;
+    std::error_code error;
+    const bool hasFolder = std::filesystem::exists(file.parent_path(), error);
+    return hasFolder ? utf8 : file.lexically_normal().string();
 }
 
 }  // namespace orvo
