@@ -112,7 +112,11 @@ class DesktopTest(unittest.TestCase):
         self.assertIsNone(program.poll())
 
         # The right edge of the Name column, dragged to the right.
-        xdotool("mousemove", 259, 115, "mousedown", 1, "mousemove", 300, 115, "mouseup", 1)
+        xdotool("mousemove", 259, 115)
+        before = screen()
+        xdotool("mousedown", 1, "mousemove", 280, 115, "mousemove", 300, 115, "mouseup", 1)
+        self.until("the column grows", lambda: screen() != before)
+        self.until("the drag has ended", lambda: (lambda shown: screen() == shown)(screen()))
         program.terminate()
         self.assertEqual(program.wait(PATIENCE), 0)
         self.assertRegex(self.orvo("heading"), r"\(6\) 0 22\d ")
