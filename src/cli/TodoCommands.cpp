@@ -105,7 +105,7 @@ Outcome SetCategoryOfRow(Store& store, TodoView& view, const RowEdit& edit) {
 // A row that has the state already is left alone.
 Edit SetCompletedOfRow(bool completed) {
     return [completed](Store&, TodoView& view, const RowEdit& edit) {
-        const Outcome outcome = [completed](const CToDoRecord& record) {
+        Outcome outcome = [completed](const CToDoRecord& record) {
             return (record.IsCompleted() != 0) == completed;
         };
         if (!outcome(view.RecordAt(edit.row))) view.ClickCell(edit.row, TodoColumn::Completed, 0);
