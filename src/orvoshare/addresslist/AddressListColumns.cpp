@@ -5,6 +5,7 @@
 #include <contracts/ResourceScope.h>
 #include <orvoshare/addresslist/DetailViewAddrList.h>
 #include <orvoshare/module/OrvoShareModule.h>
+#include <orvoshare/text/ColumnTable.h>
 #include <orvoshare/text/ListHeading.h>
 
 namespace orvo {
@@ -12,27 +13,22 @@ namespace {
 
 constexpr const char* kHeadingKey = "AddressHeading";
 
+constexpr unsigned kHeadingIcons[] = {15140, 15141};  // Private, Note
+
 constexpr int kWideColumn = 180;
 constexpr int kMediumColumn = 110;
 constexpr int kPictureColumn = 29;
 
-struct ColumnRow {
-    int id;
-    unsigned name;  // the string's number
-    int width;
-    int headingImage;  // in m_imageList; -1 for a heading with text
-};
-
 // Those before the columns of custom fields and phone labels, in their order.
 constexpr ColumnRow kColumns[] = {
-    {AddressColumn::Name, 32739, kWideColumn, -1},
-    {AddressColumn::Title, 32740, kWideColumn, -1},
-    {AddressColumn::Company, 32741, kWideColumn, -1},
-    {AddressColumn::Category, 9182, kMediumColumn, -1},
-    {AddressColumn::Note, 9187, kPictureColumn, 1},
-    {AddressColumn::Private, 9186, kPictureColumn, 0},
-    {AddressColumn::Address, 32745, kWideColumn, -1},
-    {AddressColumn::PrimaryPhone, 32746, kMediumColumn, -1},
+    {AddressColumn::Name, 32739, 32739, kWideColumn, -1},
+    {AddressColumn::Title, 32740, 32740, kWideColumn, -1},
+    {AddressColumn::Company, 32741, 32741, kWideColumn, -1},
+    {AddressColumn::Category, 9182, 9182, kMediumColumn, -1},
+    {AddressColumn::Note, 9187, 0, kPictureColumn, 1},
+    {AddressColumn::Private, 9186, 0, kPictureColumn, 0},
+    {AddressColumn::Address, 32745, 32745, kWideColumn, -1},
+    {AddressColumn::PrimaryPhone, 32746, 32746, kMediumColumn, -1},
 };
 
 // The default headings, from left to right.
@@ -42,20 +38,6 @@ constexpr int kCompanySecond[] = {AddressColumn::Name,         AddressColumn::Co
 constexpr int kCompanyLast[] = {AddressColumn::Name,     AddressColumn::PrimaryPhone,
                                 AddressColumn::Category, AddressColumn::Private,
                                 AddressColumn::Note,     AddressColumn::Company};
-
-COrvoLVColumn TableColumn(const ColumnRow& row) {
-    const bool hasPicture = row.headingImage >= 0;
-    COrvoLVColumn column;
-    column.nId = row.id;
-    column.nWidth = row.width;
-    column.bPictureCell = hasPicture;
-    column.bOptional = row.id != AddressColumn::Name;
-    column.bPictureHeading = hasPicture;
-    column.nHeadingImage = row.headingImage;
-    column.strName.LoadString(row.name);
-    if (!hasPicture) column.strHeading = column.strName;
-    return column;
-}
 
 COrvoLVColumn LabelColumn(int id, const CString& label) {
     COrvoLVColumn column;
@@ -76,7 +58,7 @@ std::span<const int> DefaultColumns(int companyLast) {
 int CDetailViewAddrList::Initialize(CAddressTable* table, CCategoryCombo* combo) {
     m_pAddressTable = table;
     m_pCategoryCombo = combo;
-    MakeHeadingImages();
+    MakeHeadingImages(m_imageList, kHeadingIcons);
     MakeRowImages();
     SetImageList(m_pSmallImages.get(), LVSIL_SMALL);
     InitializeColumns();
@@ -87,7 +69,7 @@ int CDetailViewAddrList::Initialize(CAddressTable* table, CCategoryCombo* combo)
 int CDetailViewAddrList::InitializeColumns() {
     const CDllResourceHandler resources(OrvoShareRecord());
     for (const ColumnRow& row : kColumns) {
-        const COrvoLVColumn column = TableColumn(row);
+        const COrvoLVColumn column = ColumnOfRow(row);
         InitializeColumn(&column);
     }
     for (int id = AddressColumn::FirstCustom; id <= AddressColumn::LastCustom; ++id) {

@@ -3,16 +3,12 @@
 #include <contracts/ResourceScope.h>
 #include <orvoshare/addresslist/DetailViewAddrList.h>
 #include <orvoshare/module/OrvoShareModule.h>
-#include <platform/window/Icon.h>
 
 namespace orvo {
 namespace {
 
 constexpr COLORREF kBlue = RGB(0, 0, 0xFF);
 constexpr COLORREF kMagenta = RGB(0xFF, 0, 0xFF);
-
-constexpr int kHeadingPictureSize = 16;
-constexpr unsigned kHeadingIcons[] = {15140, 15141};  // Private, Note
 
 // A person, a building, a masked record.
 constexpr int kLargePictures[] = {1004, 1007, 9166};
@@ -22,17 +18,6 @@ constexpr int kLargePictureSize = 32;
 constexpr int kSmallPictureSize = 16;
 
 }  // namespace
-
-void CDetailViewAddrList::MakeHeadingImages() {
-    constexpr int kCount = static_cast<int>(std::size(kHeadingIcons));
-    if (!m_imageList.Create(kHeadingPictureSize, kHeadingPictureSize, ILC_MASK, kCount, 1)) return;
-    const CDllResourceHandler resources(OrvoShareRecord());
-    for (const unsigned number : kHeadingIcons) {
-        Icon icon;
-        LoadIcon(number, icon);
-        m_imageList.Add(icon.picture, icon.clear);
-    }
-}
 
 void CDetailViewAddrList::MakeRowImages() {
     CClientDC dc(this);

@@ -172,7 +172,6 @@ private:
     friend class CDetailViewCore<CDetailViewAddrList>;
 
     int SortByCompare(PFNLVCOMPARE compare, long listBy);
-    void MakeHeadingImages();
     void MakeRowImages();
     bool IsMaskedRow(int row);
     CString InfoTipText(CAddressRecord* record);

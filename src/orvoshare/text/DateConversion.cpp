@@ -58,12 +58,10 @@ int AcceptFullYear(int& year) {
 }
 
 bool NamesAnEra(const CString& field) {
-    for (const std::string_view sign : {"平", "昭"}) {
-        CString inPage;
-        CodePage::System().FromUtf8(sign, inPage.Bytes());
-        if (field.Find(inPage) >= 0) return true;
-    }
-    return false;
+    // In Unicode, as a page that lacks the signs would take its substitute for them.
+    std::string utf8;
+    CodePage::System().ToUtf8(field.View(), utf8);
+    return utf8.find("平") != std::string::npos || utf8.find("昭") != std::string::npos;
 }
 
 // Drops the fields before the year's from both; `text` then begins with the year.

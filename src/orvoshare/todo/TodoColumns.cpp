@@ -2,25 +2,16 @@
 // SPDX-License-Identifier: MIT
 #include <contracts/ResourceScope.h>
 #include <orvoshare/module/OrvoShareModule.h>
+#include <orvoshare/text/ColumnTable.h>
 #include <orvoshare/text/ListHeading.h>
 #include <orvoshare/todo/TodoListbox.h>
-#include <platform/window/Icon.h>
 
 namespace orvo {
 namespace {
 
 constexpr const char* kHeadingKey = "ToDoHeading";
 
-constexpr int kHeadingPictureSize = 16;
 constexpr unsigned kHeadingIcons[] = {15140, 15141, 15142};  // Private, Note, Completed
-
-struct ColumnRow {
-    int id;
-    unsigned name;     // the string's number
-    unsigned heading;  // the same; 0 for a heading with a picture
-    int width;
-    int headingImage;  // in m_imageList; -1 for a heading with text
-};
 
 constexpr ColumnRow kColumns[] = {
     {TodoColumn::Description, 9180, 9180, 330, -1},
@@ -37,32 +28,10 @@ constexpr int kDefaultColumns[] = {
     TodoColumn::Completed, TodoColumn::Priority, TodoColumn::Description, TodoColumn::DueDate,
     TodoColumn::Category,  TodoColumn::Note,     TodoColumn::Private};
 
-COrvoLVColumn TableColumn(const ColumnRow& row) {
-    const bool hasPicture = row.headingImage >= 0;
-    COrvoLVColumn column;
-    column.nId = row.id;
-    column.nWidth = row.width;
-    column.bPictureCell = hasPicture;
-    column.bOptional = row.id != TodoColumn::Description;
-    column.bPictureHeading = hasPicture;
-    column.nHeadingImage = row.headingImage;
-    column.strName.LoadString(row.name);
-    if (!hasPicture) column.strHeading.LoadString(row.heading);
-    return column;
-}
-
 }  // namespace
 
 int CTodoListbox::Initialize() {
-    constexpr int kCount = static_cast<int>(std::size(kHeadingIcons));
-    const CDllResourceHandler resources(OrvoShareRecord());
-    if (m_imageList.Create(kHeadingPictureSize, kHeadingPictureSize, ILC_MASK, kCount, 1) != 0) {
-        for (const unsigned number : kHeadingIcons) {
-            Icon icon;
-            LoadIcon(number, icon);
-            m_imageList.Add(icon.picture, icon.clear);
-        }
-    }
+    MakeHeadingImages(m_imageList, kHeadingIcons);
     if (CHeaderCtrl* header = GetHeaderCtrl()) header->SetImageList(m_imageList.GetSafeHandle());
     InitializeColumns();
     SetControlColors();
@@ -72,7 +41,7 @@ int CTodoListbox::Initialize() {
 int CTodoListbox::InitializeColumns() {
     const CDllResourceHandler resources(OrvoShareRecord());
     for (const ColumnRow& row : kColumns) {
-        const COrvoLVColumn column = TableColumn(row);
+        const COrvoLVColumn column = ColumnOfRow(row);
         InitializeColumn(&column);
     }
     return 1;
