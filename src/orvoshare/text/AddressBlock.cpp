@@ -107,6 +107,13 @@ const Form& SystemForm(const CString& text) {
     return GetACP() == kJapaneseCodePage && is_kanji_or_kana_string(text) ? kJapanese : kEnglish;
 }
 
+// Takes the texts out of the arguments.
+Fields TakeFields(CString& address, CString& city, CString& state, CString& zipCode,
+                  CString& country) {
+    return {std::move(address), std::move(city), std::move(state), std::move(zipCode),
+            std::move(country)};
+}
+
 }  // namespace
 
 void FormatAddress(CStringArray& lines, CString address, CString city, CString state,
@@ -114,34 +121,22 @@ void FormatAddress(CStringArray& lines, CString address, CString city, CString s
     const CString text = address + city + state + zipCode + country;
     if (text.IsEmpty()) return;
     lines.RemoveAll();
-    Lay(SystemForm(text),
-        {std::move(address), std::move(city), std::move(state), std::move(zipCode),
-         std::move(country)},
-        lines);
+    Lay(SystemForm(text), TakeFields(address, city, state, zipCode, country), lines);
 }
 
 void FormatAddressEnglish(CStringArray& lines, CString address, CString city, CString state,
                           CString zipCode, CString country) {
-    Lay(kEnglish,
-        {std::move(address), std::move(city), std::move(state), std::move(zipCode),
-         std::move(country)},
-        lines);
+    Lay(kEnglish, TakeFields(address, city, state, zipCode, country), lines);
 }
 
 void FormatAddressJapanese(CStringArray& lines, CString address, CString city, CString state,
                            CString zipCode, CString country) {
-    Lay(kJapanese,
-        {std::move(address), std::move(city), std::move(state), std::move(zipCode),
-         std::move(country)},
-        lines);
+    Lay(kJapanese, TakeFields(address, city, state, zipCode, country), lines);
 }
 
 void FormatAddressGerman(CStringArray& lines, CString address, CString city, CString state,
                          CString zipCode, CString country) {
-    Lay(kGerman,
-        {std::move(address), std::move(city), std::move(state), std::move(zipCode),
-         std::move(country)},
-        lines);
+    Lay(kGerman, TakeFields(address, city, state, zipCode, country), lines);
 }
 
 }  // namespace orvo
