@@ -41,6 +41,7 @@ public:
     ~COrvoUICardView() override;
 
     // Beyond the end: at it. The pointers stay the caller's.
+    // Fails:  below 0, or without a window, where the count of cards stays as it was.
     void InsertCard(int index, void* data, int flag);
     void DeleteCard(int index, int flag);
     void DeleteAllCards(int flag);

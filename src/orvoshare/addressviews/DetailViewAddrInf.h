@@ -37,8 +37,8 @@ public:
     virtual void DV_SetCategory(int nCategory) = 0;
 
     // Puts a new item at `nIndex`, or with `bSorted` where the order wants it.
-    // Gives:  the new item's index; -1 for null.
-    // Owner:  the view, from here on.
+    // Gives:  the new item's index; -1 for null, or where the item can't be put there.
+    // Owner:  the view, from the call on; with -1 the record is gone.
     virtual int DV_InsertRecord(int nIndex, CAddressRecord* pRecord, int bSorted) = 0;
 
     // Empties the view and fills it with the table's records of the category (16: of all) that
