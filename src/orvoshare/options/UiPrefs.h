@@ -17,6 +17,7 @@ public:
     void Serialize(CArchive& archive) override;
     virtual void InitializeDefault() {}
 
+    // The path is in the bytes of the file system.
     // Gives:  1 when the file was read; 0 when the defaults were taken, because the file isn't
     //         there, is in use, or is damaged.
     int Load(const char* path);
