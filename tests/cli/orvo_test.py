@@ -49,14 +49,16 @@ class OrvoTest(unittest.TestCase):
         return path
 
     def test_samples_become_a_sorted_list(self):
-        self.assertIn("imported 13 addresses, 5 to-dos, 0 skipped", self.orvo("import", *SAMPLES))
+        self.assertIn("imported 64 addresses, 30 to-dos, 0 skipped", self.orvo("import", *SAMPLES))
         formatted = [row["formatted"] for row in self.rows("addresses")]
-        self.assertEqual(formatted[:5], ["Cher", "Corner Pharmacy", "Dupont, Élodie",
-                                         "Featherstonehaugh-Cholmondeley, Maximilian Bartholomew Algernon", "Lee, Ann"])
+        self.assertEqual(formatted[:5], ["24-Hour Locksmith", "Åkesson, Örjan", "Brown, Rosalind", "Brown, Rosalind",
+                                         "Conceição, João"])
+        self.assertEqual(formatted[-3:], ["阿部, 花子", "陳, 美玲", "髙橋, 誠"])
         japanese = self.rows("--locale", "ja-JP", "addresses")
         self.assertEqual([row["formatted"] for row in japanese if row["nameYomi"]],
-                         ["阿部 花子", "佐藤 由美", "山田 太郎", "渡辺 健"])
-        self.assertEqual(self.rows("addresses", "--category", "Health")[0]["company"], "Corner Pharmacy")
+                         ["阿部 花子", "小林 大輔", "佐藤 由美", "鈴木 美咲", "髙橋 誠", "松本 直美", "山田 太郎", "𠮷田 陽子", "渡辺 健"])
+        self.assertEqual([row["company"] for row in self.rows("addresses", "--category", "Health")],
+                         ["Corner Pharmacy", "Riverside Dental Practice"])
 
     def test_json_rows_have_the_promised_keys(self):
         self.orvo("import", self.file("a.vcf", card("Lee", "Ann", "ORG:Acme\r\nCATEGORIES:Friends\r\n")))
