@@ -91,7 +91,8 @@ public:
     // Gives:  the row, -1 on failure.
     int InsertRecord(int row, void* data, int asksText, int image);
 
-    // Records by which column the rows are sorted, -1 for none; the rows stay where they are.
+    // Records by which column the rows are sorted, -1 for none; its heading gets a mark, and the
+    // rows stay where they are.
     // Gives:  the column before.
     int SetSortOrder(int nId, int order);
     int GetSortColumn() const { return m_sortColumn; }
@@ -139,6 +140,7 @@ protected:
 private:
     COrvoLVColumn* FindColumn(int nId);
     int IndexFromId(int nId) const;
+    void ShowSortMark(int nId);
     std::vector<int> ColumnsOnScreen() const;  // the control's numbers, from left to right
     UINT TextFlags(int column) const;
     void DrawCells(const DRAWITEMSTRUCT& item);
@@ -166,8 +168,8 @@ ORVO_API void OUIGetColors(int colourId, COLORREF* first, COLORREF* second, COLO
 
 // Each draws one line of text in the rectangle, kCellTextOffset from its left and right edge, in
 // the first colour of the id and the list font; what doesn't fit ends in an ellipsis. `reserved` is
-// 0. The text of a pop-up cell carries a small mark that tells that a click opens a menu, unless
-// the cell is too narrow for both.
+// 0. An overdue date brings the ground on which it can be read. The text of a pop-up cell carries a
+// small mark that tells that a click opens a menu, unless the cell is too narrow for both.
 ORVO_API void OUIDrawCellText(CDC* dc, const char* text, RECT* rect, int colourId, int reserved,
                               UINT textFlags);
 ORVO_API void OUIDrawPopupCellText(CDC* dc, const char* text, RECT* rect, int colourId,
@@ -175,6 +177,10 @@ ORVO_API void OUIDrawPopupCellText(CDC* dc, const char* text, RECT* rect, int co
 
 // Draws the bitmap; pixels of the key colour are left out.
 ORVO_API void OUIDrawBitmapTransparent(CDC* dc, CBitmap* bitmap, int x, int y, COLORREF key);
+
+// Gives:  the mark, which is black on white, in the colours of the id: the first, the ground behind
+//         it, and what lies between them. Pixels of the key colour stay.
+ORVO_API CBitmap OUIMarkInColours(const CBitmap& mark, COLORREF key, int colourId);
 
 ORVO_API void OUIReplaceBitmapColor(CDC* dc, CBitmap* bitmap, COLORREF from, COLORREF to);
 

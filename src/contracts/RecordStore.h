@@ -110,6 +110,7 @@ protected:
     enum class Parts { Row, All };
     long Change(const std::function<void(Draft&)>& change, Parts parts = Parts::Row,
                 RecordChange::Kind kind = RecordChange::Kind::Changed);
+    long ChangeStored(const std::function<void(Draft&)>& change, Parts parts);
     long Refuse(std::string reason) const;
 
     // All of the row but its fields.
@@ -256,8 +257,9 @@ public:
     using Listener = std::function<void(const RecordChange&)>;
     void SetListener(Listener listener) { m_listener = std::move(listener); }
 
-    // Told where a walk over the table fails, with the reason in one line: at a damaged record,
-    // which it passes over, or for good.
+    // Told, with the reason in one line, where a change of a stored record fails, which then is as
+    // it was, and where a walk over the table fails: at a damaged record, which it passes over, or
+    // for good.
     using FailureListener = std::function<void(const std::string& reason, bool isOver)>;
     void SetFailureListener(FailureListener listener) { m_failed = std::move(listener); }
 

@@ -4,7 +4,6 @@
 #include <charconv>
 #include <csignal>
 #include <cstring>
-#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <sys/stat.h>
@@ -20,7 +19,6 @@ namespace orvo {
 namespace {
 
 constexpr mode_t kNewFileMode = 0666;  // less what the process masks
-constexpr mode_t kTemporaryMode = 0600;
 constexpr mode_t kPermissions = 07777;
 constexpr int kAttempts = 100;
 
@@ -39,11 +37,6 @@ mode_t MaskOfProcess() {
         if (word == "Umask:") status >> std::oct >> mask;
     }
     return static_cast<mode_t>(mask);
-}
-
-std::string FolderOf(const std::string& path) {
-    const std::string folder = std::filesystem::path(path).parent_path().string();
-    return folder.empty() ? "." : folder;
 }
 
 // Removes what exports that were killed have left beside the target: "TARGET.PROCESS-ATTEMPT.tmp".
@@ -79,42 +72,21 @@ NewFile::NewFile(const std::string& path) : m_target(TargetOf(path)) {
     const bool replaces = ::stat(m_target.c_str(), &old) == 0;
     if (replaces && !S_ISREG(old.st_mode)) throw ExchangeError("is no file that can be replaced");
     RemoveStale(m_target);
-    for (int attempt = 0; attempt < kAttempts && m_descriptor < 0; ++attempt) {
-        m_temporary = fmt::format("{}.{}-{}.tmp", m_target, ::getpid(), attempt);
-        m_descriptor =
-            ::open(m_temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kTemporaryMode);
-        if (m_descriptor < 0 && errno != EEXIST) break;
+    bool isOpen = false;
+    for (int attempt = 0; attempt < kAttempts && !isOpen; ++attempt) {
+        isOpen = m_file.Open(m_target, fmt::format("{}.{}-{}.tmp", m_target, ::getpid(), attempt));
+        if (!isOpen && errno != EEXIST) break;
     }
-    if (m_descriptor < 0) Fail("can't be written");
+    if (!isOpen) Fail("can't be written");
     m_mode = replaces ? old.st_mode & kPermissions : kNewFileMode & ~MaskOfProcess();
 }
 
-NewFile::~NewFile() {
-    if (m_descriptor < 0) return;
-    ::close(m_descriptor);
-    ::unlink(m_temporary.c_str());
-}
-
 void NewFile::Write(std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = ::write(m_descriptor, bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR) continue;
-        if (written <= 0) Fail("can't be written");
-        bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
+    if (!m_file.Write(bytes)) Fail("can't be written");
 }
 
 void NewFile::Replace() {
-    // Until now nobody else could read what isn't whole yet.
-    if (::fchmod(m_descriptor, m_mode) != 0) Fail("its permissions can't be set");
-    if (::fsync(m_descriptor) != 0) Fail("can't be written");
-    if (::rename(m_temporary.c_str(), m_target.c_str()) != 0) Fail("can't be replaced");
-    ::close(m_descriptor);
-    m_descriptor = -1;
-    const int folder = ::open(FolderOf(m_target).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (folder < 0) return;
-    ::fsync(folder);
-    ::close(folder);
+    if (!m_file.Replace(m_mode)) Fail("can't be replaced");
 }
 
 }  // namespace orvo

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <sys/types.h>
 
+#include <platform/io/FileReplacement.h>
+
 namespace orvo {
 
 // Written beside the file that it is to replace, for the user's eyes alone; gone without a trace
@@ -16,7 +18,6 @@ public:
     explicit NewFile(const std::string& path);
     NewFile(const NewFile&) = delete;
     NewFile& operator=(const NewFile&) = delete;
-    ~NewFile();
 
     void Write(std::string_view bytes);
 
@@ -28,8 +29,7 @@ private:
     [[noreturn]] static void Fail(std::string_view what);
 
     std::string m_target;
-    std::string m_temporary;
-    int m_descriptor = -1;
+    FileReplacement m_file;
     mode_t m_mode = 0;  // that the file is to have
 };
 

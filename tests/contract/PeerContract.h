@@ -133,6 +133,30 @@ TYPED_TEST_P(ListPeerContract, ANewOrderKeepsSelectionAndFocusWithTheirRows) {
     EXPECT_EQ(rows.FocusRow(), 8);
 }
 
+TYPED_TEST_P(ListPeerContract, WhatChangesWhileDrawingIsOffIsThereAtOnceAndAfterwards) {
+    ListPeer& rows = *this->list;
+    for (DWORD data = 110; data < 200; ++data) this->Insert(rows.RowCount(), data);
+    rows.EnsureVisible(60, false);
+    const int top = rows.TopRow();
+
+    rows.SetRedraw(false);
+    rows.DeleteRow(99);
+    this->Insert(99, 7);
+    rows.SetFocusRow(99);
+    EXPECT_EQ(rows.RowCount(), 100);
+    EXPECT_EQ(rows.TopRow(), top);
+    rows.SetRedraw(true);
+
+    EXPECT_EQ(rows.Data(rows.FocusRow()), 7U);
+    EXPECT_EQ(rows.TopRow(), top);
+    rows.SetRedraw(false);
+    rows.DeleteAllRows();
+    for (DWORD data = 0; data < 300; ++data) this->Insert(rows.RowCount(), data);
+    rows.EnsureVisible(299, false);
+    rows.SetRedraw(true);
+    EXPECT_EQ(rows.TopRow(), 300 - rows.RowsPerPage());
+}
+
 TYPED_TEST_P(ListPeerContract, OnlyChangesAreToldAndSeveralRowsOnce) {
     using Change = std::pair<int, UINT>;
     this->list->Select(2, 2, true);
@@ -232,6 +256,7 @@ REGISTER_TYPED_TEST_SUITE_P(ListPeerContract, ARowInsertedBeyondTheEndStandsAtTh
                             ADeletedRowTakesItsSelectionAlongAndLeavesTheFocusToTheNext,
                             NothingIsLeftOfASelectionOfDeletedRows,
                             ANewOrderKeepsSelectionAndFocusWithTheirRows,
+                            WhatChangesWhileDrawingIsOffIsThereAtOnceAndAfterwards,
                             OnlyChangesAreToldAndSeveralRowsOnce,
                             TheMiddleOfACellHitsItAlsoAfterColumnsWereMoved,
                             AnOrderThatIsNoneIsRefused, ADeletedColumnLeavesTheOthersInTheirOrder,

@@ -3,9 +3,8 @@
 #include <algorithm>
 
 #include <contracts/Settings.h>
+#include <platform/settings/SettingsStore.h>
 #include <platform/text/CodePage.h>
-
-#include "SettingsStore.h"
 
 namespace orvo {
 

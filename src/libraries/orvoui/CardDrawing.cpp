@@ -7,7 +7,7 @@
 #include <contracts/CardWidget.h>
 #include <contracts/ListWidget.h>
 #include <libraries/orvoui/TextLine.h>
-#include <libraries/orvoui/WidgetColours.h>
+#include <platform/window/Contrast.h>
 #include <platform/window/WindowSystem.h>
 
 namespace orvo {
@@ -35,6 +35,12 @@ constexpr CRect kNote[] = {{0, 0, 7, 1}, {0, 1, 1, 9}, {0, 9, 9, 10}, {8, 2, 9, 
 
 COLORREF SoftColour(int strength) {
     return MixColours(GetSysColor(COLOR_WINDOW), GetSysColor(COLOR_WINDOWTEXT), strength);
+}
+
+// Dim, but not too dim to be read.
+COLORREF DimTextColour() {
+    const COLORREF text = GetSysColor(COLOR_WINDOWTEXT);
+    return Readable(SoftColour(kDimStrength), text, GetSysColor(COLOR_WINDOW), kTextContrast);
 }
 
 struct LineMeasure {
@@ -95,7 +101,8 @@ void DrawMask(CDC& dc, const CRect& band, COLORREF bandColour, COLORREF titleCol
     CRect bar = band;
     bar.DeflateRect(kMargin, band.Height() / 3);
     bar.right -= bar.Width() / 2;
-    dc.FillSolidRect(bar, MixColours(bandColour, titleColour, kBarStrength));
+    const COLORREF soft = MixColours(bandColour, titleColour, kBarStrength);
+    dc.FillSolidRect(bar, Readable(soft, titleColour, bandColour, kMarkContrast));
 }
 
 // Takes the category's place from the body, where there is room for it.
@@ -106,7 +113,7 @@ void DrawCategory(CDC& dc, const CString& category, CRect& body) {
     CRect place = body;
     place.top = place.bottom - MeasureLine(dc, font).height;
     if (place.top < body.top) return;
-    DrawTextLine(dc, category, place, SoftColour(kDimStrength), kLineFormat | DT_RIGHT, font);
+    DrawTextLine(dc, category, place, DimTextColour(), kLineFormat | DT_RIGHT, font);
     body.bottom = place.top;
 }
 
@@ -124,7 +131,7 @@ void DrawBodyLine(CDC& dc, std::string_view line, const CRect& place, int stop, 
     if (tab != std::string_view::npos) {
         const CRect labelPlace{place.left, place.top, stop - gap, place.bottom};
         if (tab > 0) {
-            const COLORREF colour = SoftColour(kDimStrength);
+            const COLORREF colour = DimTextColour();
             DrawTextLine(dc, CString(line.substr(0, tab)), labelPlace, colour, kLineFormat);
         }
         valuePlace.left = stop;
@@ -166,12 +173,10 @@ void COrvoUICardView::DrawRow(CDC& dc, int card, const CRect& bounds) {
     const COLORREF bandColour =
         isSelected ? GetSysColor(COLOR_HIGHLIGHT) : SoftColour(kBandStrength);
     const COLORREF titleColour = GetSysColor(isSelected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT);
-    CRect inside = bounds;
-    inside.DeflateRect(1, 1);
     CardPlaces places = PlacesOf(dc, bounds);
-    dc.FillSolidRect(bounds, SoftColour(kFrameStrength));
-    dc.FillSolidRect(inside, GetSysColor(COLOR_WINDOW));
-    dc.FillSolidRect(places.band, bandColour);
+    dc.FillSolidRect(bounds, GetSysColor(COLOR_WINDOW));
+    dc.FillSolidRect({bounds.left, bounds.top, bounds.right, places.band.bottom}, bandColour);
+    dc.FrameRect(bounds, SoftColour(kFrameStrength));
     if (description.bMasked != 0) {
         DrawMask(dc, places.band, bandColour, titleColour);
     } else {
@@ -181,8 +186,10 @@ void COrvoUICardView::DrawRow(CDC& dc, int card, const CRect& bounds) {
         DrawCardBody(&dc, card, &places.body);
         m_painted = nullptr;
     }
-    inside.DeflateRect(1, 1);
-    if (GetFocusCardIndex() == card && GetFocus() == this) dc.DrawFocusRect(inside);
+    if (GetFocusCardIndex() != card || GetFocus() != this) return;
+    places.band.DeflateRect(1, 1);
+    dc.SetTextColor(titleColour);
+    dc.DrawFocusRect(places.band);
 }
 
 void COrvoUICardView::DrawCardBody(CDC* dc, int, RECT* body) {

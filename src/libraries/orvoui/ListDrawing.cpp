@@ -1,5 +1,7 @@
 // Drawing in the cells of a list: texts, the mark of a pop-up cell, pictures.
 // SPDX-License-Identifier: MIT
+#include <algorithm>
+
 #include <contracts/ListWidget.h>
 #include <libraries/orvoui/TextLine.h>
 
@@ -19,6 +21,29 @@ COLORREF TextColour(int colourId) {
     return colour;
 }
 
+// A selected row has another ground than the one on which the overdue colour can be read.
+void DrawOverdueGround(CDC& dc, const CString& text, const CRect& place, UINT textFlags) {
+    constexpr int kMargin = 2;
+    COLORREF ground = 0;
+    OUIGetColors(kOverdueColour, nullptr, &ground, nullptr, nullptr);
+    const CFont before = dc.SelectFont(*OUIGetListFont());
+    const int width = std::min(dc.GetTextExtent(text).cx, place.Width());
+    dc.SelectFont(before);
+    const int left = (textFlags & DT_RIGHT) != 0 ? place.right - width : place.left;
+    dc.FillSolidRect({left - kMargin, place.top + 1, left + width + kMargin, place.bottom - 1},
+                     ground);
+}
+
+// The colour that stands between two others where the pixel stands between black and white.
+COLORREF GreyAs(COLORREF pixel, COLORREF black, COLORREF white) {
+    const auto part = [](int grey, int first, int last) {
+        return static_cast<unsigned>(first + (last - first) * grey / 255);
+    };
+    return RGB(part(GetRValue(pixel), GetRValue(black), GetRValue(white)),
+               part(GetGValue(pixel), GetGValue(black), GetGValue(white)),
+               part(GetBValue(pixel), GetBValue(black), GetBValue(white)));
+}
+
 CRect TextPlace(const CRect& cell) {
     CRect place = cell;
     place.DeflateRect(kCellTextOffset, 0);
@@ -35,7 +60,11 @@ void DrawPopupMark(CDC& dc, CPoint place, COLORREF colour) {
 }  // namespace
 
 void OUIDrawCellText(CDC* dc, const char* text, RECT* rect, int colourId, int, UINT textFlags) {
-    DrawTextLine(*dc, text, TextPlace(*rect), TextColour(colourId), textFlags);
+    const CRect place = TextPlace(*rect);
+    if (colourId == kOverdueColour && !place.IsRectEmpty()) {
+        DrawOverdueGround(*dc, text, place, textFlags);
+    }
+    DrawTextLine(*dc, text, place, TextColour(colourId), textFlags);
 }
 
 void OUIDrawPopupCellText(CDC* dc, const char* text, RECT* rect, int colourId, int,
@@ -52,6 +81,20 @@ void OUIDrawPopupCellText(CDC* dc, const char* text, RECT* rect, int colourId, i
 
 void OUIDrawBitmapTransparent(CDC* dc, CBitmap* bitmap, int x, int y, COLORREF key) {
     dc->DrawBitmap({x, y}, *bitmap, key);
+}
+
+CBitmap OUIMarkInColours(const CBitmap& mark, COLORREF key, int colourId) {
+    COLORREF text = 0;
+    COLORREF ground = 0;
+    OUIGetColors(colourId, &text, &ground, nullptr, nullptr);
+    CBitmap shown = mark;
+    for (int line = 0; line < shown.Size().cy; ++line) {
+        for (int column = 0; column < shown.Size().cx; ++column) {
+            const COLORREF pixel = shown.GetPixel({column, line});
+            if (pixel != key) shown.SetPixel({column, line}, GreyAs(pixel, text, ground));
+        }
+    }
+    return shown;
 }
 
 void OUIReplaceBitmapColor(CDC*, CBitmap* bitmap, COLORREF from, COLORREF to) {

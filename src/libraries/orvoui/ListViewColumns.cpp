@@ -48,6 +48,7 @@ int COrvoUIListViewCtrl::ShowColumn(int nId, int nWidth) {
     if (InsertColumn(static_cast<int>(m_shownIds.size()), content) < 0) return 0;
     m_shownIds.push_back(nId);
     record->bShown = 1;
+    ShowSortMark(nId);
     return 1;
 }
 
@@ -80,7 +81,22 @@ int COrvoUIListViewCtrl::UpdateColumnText(int nId, const char* text) {
 }
 
 int COrvoUIListViewCtrl::SetSortOrder(int nId, int) {
-    return std::exchange(m_sortColumn, nId);
+    const int before = std::exchange(m_sortColumn, nId);
+    ShowSortMark(before);
+    ShowSortMark(nId);
+    return before;
+}
+
+// The rows are always sorted upwards.
+void COrvoUIListViewCtrl::ShowSortMark(int nId) {
+    const int index = IndexFromId(nId);
+    LVCOLUMN content;
+    content.mask = LVCF_FMT;
+    if (index < 0 ||
+        SendMessage(LVM_GETCOLUMN, static_cast<WPARAM>(index), LParamOf(&content)) == 0)
+        return;
+    content.fmt = nId == m_sortColumn ? content.fmt | HDF_SORTUP : content.fmt & ~HDF_SORTUP;
+    SetColumn(index, content);
 }
 
 int COrvoUIListViewCtrl::GetMainItemRect(int row, RECT* rect) const {

@@ -1,7 +1,7 @@
 // The list widget: its rows, its selection, and how a row is painted.
 // SPDX-License-Identifier: MIT
 #include <contracts/ListWidget.h>
-#include <libraries/orvoui/WidgetColours.h>
+#include <platform/window/Contrast.h>
 
 namespace orvo {
 
@@ -103,16 +103,19 @@ void COrvoUIListViewCtrl::OnSysColorChange() {
 
 void COrvoUIListViewCtrl::DrawItem(DRAWITEMSTRUCT* item) {
     const bool isSelected = (item->itemState & ODS_SELECTED) != 0;
+    COLORREF text = 0;
     COLORREF ground = 0;
-    OUIGetColors(isSelected ? kSelectedTextColour : kTextColour, nullptr, &ground, nullptr,
-                 nullptr);
+    OUIGetColors(isSelected ? kSelectedTextColour : kTextColour, &text, &ground, nullptr, nullptr);
     item->dc->FillSolidRect(item->rcItem, ground);
     if (IsRowMasked(item->itemData)) {
         DrawMask(*item);
     } else {
         DrawCells(*item);
     }
-    if ((item->itemState & ODS_FOCUS) != 0) item->dc->DrawFocusRect(item->rcItem);
+    if ((item->itemState & ODS_FOCUS) == 0) return;
+    const COLORREF before = item->dc->SetTextColor(text);
+    item->dc->DrawFocusRect(item->rcItem);
+    item->dc->SetTextColor(before);
 }
 
 void COrvoUIListViewCtrl::DrawCells(const DRAWITEMSTRUCT& item) {
@@ -136,9 +139,9 @@ void COrvoUIListViewCtrl::DrawMask(const DRAWITEMSTRUCT& item) const {
     CRect bar = item.rcItem;
     GetMainItemRect(item.itemID, &bar);
     bar.DeflateRect(kCellTextOffset, bar.Height() / 3);
-    if (!bar.IsRectEmpty()) {
-        item.dc->FillSolidRect(bar, MixColours(ground, text, kBarStrength));
-    }
+    if (bar.IsRectEmpty()) return;
+    const COLORREF soft = MixColours(ground, text, kBarStrength);
+    item.dc->FillSolidRect(bar, Readable(soft, text, ground, kMarkContrast));
 }
 
 }  // namespace orvo

@@ -1,7 +1,7 @@
 // The user's preferences of the interface.
 // SPDX-License-Identifier: MIT
 #include <contracts/Profile.h>
-#include <libraries/orvocmn/SettingsStore.h>
+#include <platform/settings/SettingsStore.h>
 
 namespace orvo {
 

@@ -158,6 +158,16 @@ long CBaseRecord::Change(const std::function<void(Draft&)>& change, Parts parts,
         ChangeNew(change, parts);
         return kOk;
     }
+    const long status = ChangeStored(change, parts);
+    if (status == kOk) {
+        m_table.Tell(kind, m_id);
+    } else if (m_table.m_failed) {
+        m_table.m_failed(m_table.LastError(), true);
+    }
+    return status;
+}
+
+long CBaseRecord::ChangeStored(const std::function<void(Draft&)>& change, Parts parts) {
     StoreTransaction transaction(m_table.m_engine);
     Draft draft;
     if (transaction.Status() != StoreStatus::Ok) {
@@ -178,7 +188,6 @@ long CBaseRecord::Change(const std::function<void(Draft&)>& change, Parts parts,
     }
     FromRow(draft.row);
     m_fields = std::move(draft.fields);
-    m_table.Tell(kind, m_id);
     return kOk;
 }
 

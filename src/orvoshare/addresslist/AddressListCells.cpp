@@ -73,13 +73,14 @@ void CDetailViewAddrList::DrawColumn(CDC* dc, int nColumn, DWORD dwItemData, CRe
                                      UINT nTextFlags, int, int bSelectedRow) {
     if (!dc || rcCell.IsRectEmpty()) return;
     const AddressCell cell = GetCell(RecordOf(dwItemData), SubItemFromIndex(nColumn));
+    const int colour = bSelectedRow != 0 ? kSelectedTextColour : kTextColour;
     if (cell.picture) {
         const int top = rcCell.top + (rcCell.Height() - m_nBitmapHeight) / 2;
-        OUIDrawBitmapTransparent(dc, cell.picture, rcCell.left, top, kRed);
+        CBitmap mark = OUIMarkInColours(*cell.picture, kRed, colour);
+        OUIDrawBitmapTransparent(dc, &mark, rcCell.left, top, kRed);
     }
     if (cell.text.IsEmpty()) return;
     const auto draw = cell.opensPopup ? OUIDrawPopupCellText : OUIDrawCellText;
-    const int colour = bSelectedRow != 0 ? kSelectedTextColour : kTextColour;
     draw(dc, cell.text, &rcCell, colour, 0, nTextFlags);
 }
 

@@ -28,7 +28,11 @@ CString CategoryText(CBaseTable& table, const CBaseRecord& record) {
     record.GetCategoryId(index);
     CCategory* category = nullptr;
     if (CCategoryMgr* manager = table.GetCategoryManager()) manager->FindIndex(index, category);
-    return category != nullptr && !IsUnnamed(*category) ? category->GetName() : TextForNone();
+    return category != nullptr ? CategoryText(*category) : TextForNone();
+}
+
+CString CategoryText(CCategory& category) {
+    return IsUnnamed(category) ? TextForNone() : category.GetName();
 }
 
 void FillCategoryPopup(CCategoryMgr& categories, CCategoryCombo& combo, CMenu& menu,

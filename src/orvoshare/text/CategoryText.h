@@ -11,6 +11,9 @@ namespace orvo {
 // The name of the record's category; the module's text for none where the table doesn't know it.
 CString CategoryText(CBaseTable& table, const CBaseRecord& record);
 
+// The name of a category that the table knows.
+CString CategoryText(CCategory& category);
+
 // FillCategoryMenu with the names that CategoryText gives.
 void FillCategoryPopup(CCategoryMgr& categories, CCategoryCombo& combo, CMenu& menu,
                        UINT firstCommand);

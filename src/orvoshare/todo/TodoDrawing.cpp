@@ -65,7 +65,11 @@ void CTodoListbox::DrawColumn(CDC* dc, int nColumn, DWORD dwItemData, CRect& rcC
     const TodoCell cell = GetCell(record, SubItemFromIndex(nColumn), isSelected);
     if (cell.picture) {
         const int top = rcCell.top + (rcCell.Height() - m_nBitmapHeight) / 2;
-        OUIDrawBitmapTransparent(dc, cell.picture, rcCell.left, top, kRed);
+        CBitmap mark = *cell.picture;
+        if (cell.picture != &m_bmpCheckSelected) {
+            mark = OUIMarkInColours(mark, kRed, isSelected ? kSelectedTextColour : kTextColour);
+        }
+        OUIDrawBitmapTransparent(dc, &mark, rcCell.left, top, kRed);
     }
     if (cell.text.IsEmpty()) return;
     const auto draw = cell.opensPopup ? OUIDrawPopupCellText : OUIDrawCellText;
@@ -118,6 +122,11 @@ void CTodoListbox::StrikeOutEntry(CToDoRecord* record, CRect& rect, int animate)
     if (!GetSafeHwnd()) return;
     CString text = Description(*record);
     CClientDC dc(this);
+    const bool isSelected = IsItemSelected(FindItemByData(reinterpret_cast<long>(record))) != 0;
+    COLORREF colour = 0;
+    OUIGetColors(isSelected ? kSelectedTextColour : kTextColour, &colour, nullptr, nullptr,
+                 nullptr);
+    dc.SetPenColor(colour);
     const CFont before = dc.SelectFont(*OUIGetListFont());
     TruncateText(text, dc, rect.Width(), 1);
     text += ' ';

@@ -84,7 +84,8 @@ const MessageMap& CTodoListbox::ThisMap() {
     static const MessageMap map{
         COrvoUIListViewCtrl::ThisMap(),
         {On<WM_SETCURSOR>(&CTodoListbox::OnSetCursor), On<WM_DESTROY>(&CTodoListbox::OnDestroy),
-         On<WM_CHAR>(&CTodoListbox::OnChar), OnNotifyReflect<NM_CLICK>(&CTodoListbox::OnClick),
+         On<WM_SYSCOLORCHANGE>(&CTodoListbox::OnSysColorChange), On<WM_CHAR>(&CTodoListbox::OnChar),
+         OnNotifyReflect<NM_CLICK>(&CTodoListbox::OnClick),
          OnCommandRange(ID_TODO_PRIORITY_FIRST, ID_TODO_PRIORITY_LAST,
                         &CTodoListbox::OnPriorityChange),
          OnCommandRange(ID_TODO_DATE_FIRST, ID_TODO_DATE_LAST, &CTodoListbox::OnDateChange),

@@ -24,15 +24,25 @@ CTodoListbox::CTodoListbox() {
     const COrvoDesktopOptions* options = AskMainWindowForOptions();
     m_bHidePrivate = options != nullptr && options->IsShowingPrivate() == 0;
 
-    COLORREF selectedText = kBlack;
-    OUIGetColors(kSelectedTextColour, nullptr, nullptr, nullptr, &selectedText);
+    MakeSelectedCheck();
     const CDllResourceHandler resources(OrvoShareRecord());
-    m_bmpCheckSelected.CreateMappedBitmap(kCheckBitmap, kBlack, selectedText);
     m_bmpCheck.LoadBitmap(kCheckBitmap);
     m_bmpNote.LoadBitmap(kNoteBitmap);
     m_bmpPrivate.LoadBitmap(kPrivateBitmap);
     m_nBitmapHeight = m_bmpPrivate.Size().cy;
     m_hHandCursor = LoadCursor(kHandCursor);
+}
+
+void CTodoListbox::MakeSelectedCheck() {
+    COLORREF selectedText = kBlack;
+    OUIGetColors(kSelectedTextColour, nullptr, nullptr, nullptr, &selectedText);
+    const CDllResourceHandler resources(OrvoShareRecord());
+    m_bmpCheckSelected.CreateMappedBitmap(kCheckBitmap, kBlack, selectedText);
+}
+
+void CTodoListbox::OnSysColorChange() {
+    COrvoUIListViewCtrl::OnSysColorChange();
+    MakeSelectedCheck();
 }
 
 // Here OnDestroy is still in reach, which frees the records of the rows; in the destructor of the

@@ -155,6 +155,8 @@ protected:
 
     BOOL OnSetCursor(CWnd* window, UINT hitCode, UINT message);
     void OnDestroy();
+    void OnSysColorChange();
+    void MakeSelectedCheck();
     void OnChar(UINT character, UINT repeat, UINT flags);
     void OnClick(NMHDR* header, LRESULT* result);
     void OnPriorityChange(UINT command);
@@ -180,7 +182,7 @@ private:
     eSortOrder m_eSortOrder = eSortByPriorityDueDate;
     int m_nMenuRow = -1;  // on which a pop-up was opened last
     CBitmap m_bmpCheck;
-    CBitmap m_bmpCheckSelected;
+    CBitmap m_bmpCheckSelected;  // in the colour of the selected text
     CBitmap m_bmpNote;
     CBitmap m_bmpPrivate;
     CImageList m_imageList;

@@ -2,9 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include <QApplication>
 #include <QFontMetrics>
-#include <QStyle>
-#include <QStyleOptionFocusRect>
+#include <QTextLayout>
+#include <algorithm>
+#include <cmath>
 #include <cstdlib>
+#include <string>
+#include <utility>
 
 #include <platform/qt/QtCanvas.h>
 #include <platform/qt/QtConvert.h>
@@ -42,6 +45,29 @@ QFont FontOf(const CFont& font) {
     return result;
 }
 
+// Pixels of the screen for one of ours.
+double ScaleOf(const QPainter& painter) {
+    return painter.deviceTransform().m11();
+}
+
+int LineWidth(const QPainter& painter) {
+    return std::max(1, static_cast<int>(std::lround(ScaleOf(painter))));
+}
+
+// In whole pixels of the screen. What is one pixel of ours keeps the same width wherever it stands.
+QRect OnScreen(const QPainter& painter, const CRect& rect) {
+    const QRectF exact = painter.deviceTransform().mapRect(QRectF(ToQt(rect)));
+    QRect whole(QPoint(qRound(exact.left()), qRound(exact.top())),
+                QPoint(qRound(exact.right()) - 1, qRound(exact.bottom()) - 1));
+    if (rect.Width() == 1) whole.setWidth(LineWidth(painter));
+    if (rect.Height() == 1) whole.setHeight(LineWidth(painter));
+    return whole;
+}
+
+QRectF FromScreen(const QPainter& painter, const QRect& rect) {
+    return painter.deviceTransform().inverted().mapRect(QRectF(rect));
+}
+
 // Line ends become blanks; Qt would show nothing for them.
 QString InOneLine(QString text) {
     text.replace("\r\n", " ");
@@ -49,6 +75,10 @@ QString InOneLine(QString text) {
 }
 
 }  // namespace
+
+bool QtCanvas::IsVisible(const CRect& rect) const {
+    return m_part.isNull() || m_part.intersects(ToQt(rect));
+}
 
 CSize QtCanvas::TextExtent(std::string_view text, const CFont& font) {
     const QFontMetrics metrics(FontOf(font));
@@ -61,6 +91,10 @@ void QtCanvas::DrawText(std::string_view text, const CRect& rect, const TextLook
     m_painter->setPen(ColourToQt(look.colour));
     QString shown = ToQt(text);
     if ((look.format & DT_SINGLELINE) != 0) shown = InOneLine(std::move(shown));
+    constexpr UINT kBrokenLines = DT_WORDBREAK | DT_END_ELLIPSIS;
+    if ((look.format & kBrokenLines) == kBrokenLines) {
+        return DrawBrokenLines(std::move(shown), rect, look.format);
+    }
     const int flags = FormatOf(look.format);
     if ((look.format & DT_END_ELLIPSIS) != 0) {
         shown = m_painter->fontMetrics().elidedText(shown, Qt::ElideRight, rect.Width(),
@@ -95,36 +129,128 @@ void QtCanvas::DrawLineOfText(const QString& text, const CRect& rect, UINT forma
     if (clips) m_painter->restore();
 }
 
+// As many lines as fit, at least one; the last ends in an ellipsis where more would follow.
+void QtCanvas::DrawBrokenLines(QString text, const CRect& rect, UINT format) {
+    const QFontMetrics metrics = m_painter->fontMetrics();
+    text = InOneLine(std::move(text));
+    QTextLayout layout(text, m_painter->font());
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(option);
+    CRect place = rect;
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(rect.Width());
+        place.bottom = place.top + metrics.height();
+        const bool isLast = place.bottom + metrics.height() > rect.bottom;
+        QString shown = text.mid(line.textStart(), isLast ? -1 : line.textLength()).trimmed();
+        if (isLast) shown = metrics.elidedText(shown, Qt::ElideRight, rect.Width());
+        DrawLineOfText(shown, place, format);
+        if (isLast) break;
+        place.top = place.bottom;
+    }
+    layout.endLayout();
+}
+
 void QtCanvas::FillRect(const CRect& rect, COLORREF colour) {
-    if (m_painter) m_painter->fillRect(ToQt(rect), ColourToQt(colour));
+    if (!m_painter || rect.IsRectEmpty()) return;
+    m_painter->fillRect(FromScreen(*m_painter, OnScreen(*m_painter, rect)), ColourToQt(colour));
+}
+
+void QtCanvas::FrameRect(const CRect& rect, COLORREF colour) {
+    if (!m_painter || rect.IsRectEmpty()) return;
+    const QRect outer = OnScreen(*m_painter, rect);
+    const int width = LineWidth(*m_painter);
+    const QRect inner = outer.adjusted(width, width, -width, -width);
+    for (const QRect& side : QRegion(outer).subtracted(inner)) {
+        m_painter->fillRect(FromScreen(*m_painter, side), ColourToQt(colour));
+    }
 }
 
 void QtCanvas::DrawLine(CPoint from, CPoint to, COLORREF colour) {
     if (!m_painter) return;
+    if (from.x == to.x || from.y == to.y) {
+        return FillRect({std::min(from.x, to.x), std::min(from.y, to.y), std::max(from.x, to.x) + 1,
+                         std::max(from.y, to.y) + 1},
+                        colour);
+    }
     m_painter->setPen(ColourToQt(colour));
     m_painter->drawLine(ToQt(from), ToQt(to));
 }
 
-void QtCanvas::DrawFocusRect(const CRect& rect) {
-    if (!m_painter) return;
-    QStyleOptionFocusRect option;
-    option.rect = ToQt(rect);
-    option.palette = QApplication::palette();
-    option.state =
-        QStyle::State_Enabled | QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange;
-    QApplication::style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, m_painter);
+// A dotted line, whose dots are as large as lines are wide.
+void QtCanvas::DrawFocusRect(const CRect& rect, COLORREF colour) {
+    if (!m_painter || rect.IsRectEmpty()) return;
+    const QRect outer = OnScreen(*m_painter, rect);
+    const int dot = LineWidth(*m_painter);
+    const auto fill = [&](int x, int y) {
+        m_painter->fillRect(FromScreen(*m_painter, {x, y, dot, dot}), ColourToQt(colour));
+    };
+    for (int x = outer.left(); x + dot <= outer.right() + 1; x += 2 * dot) {
+        fill(x, outer.top());
+        fill(x, outer.bottom() + 1 - dot);
+    }
+    for (int y = outer.top(); y + dot <= outer.bottom() + 1; y += 2 * dot) {
+        fill(outer.left(), y);
+        fill(outer.right() + 1 - dot, y);
+    }
 }
 
+// Its pixels are blown up by a whole factor, and what is left of its place stays free around it.
 void QtCanvas::DrawBitmap(CPoint place, const CBitmap& bitmap, std::optional<COLORREF> clear) {
-    if (m_painter) m_painter->drawImage(ToQt(place), ToQt(bitmap, clear));
+    if (!m_painter || bitmap.IsEmpty()) return;
+    const CSize size = bitmap.Size();
+    const QRect box =
+        OnScreen(*m_painter, {place.x, place.y, place.x + size.cx, place.y + size.cy});
+    const int factor = std::max(1, static_cast<int>(std::floor(ScaleOf(*m_painter) + 0.01)));
+    QRect shown(0, 0, size.cx * factor, size.cy * factor);
+    shown.moveTopLeft(box.topLeft() + QPoint((box.width() - shown.width()) / 2,
+                                             (box.height() - shown.height()) / 2));
+    const QImage image = ToQt(bitmap, clear).scaled(shown.size());
+    m_painter->setRenderHint(QPainter::SmoothPixmapTransform, false);
+    m_painter->drawImage(FromScreen(*m_painter, shown), image, QRectF(image.rect()));
 }
 
-QtLaterCanvas::QtLaterCanvas(QtWindowLink& link)
-    : QtCanvas(&m_picturePainter), m_link(&link), m_picturePainter(&m_picture) {}
+QtWindowCanvas::QtWindowCanvas(QtWindowLink& link, QWidget& painted)
+    : QtCanvas(nullptr), m_link(&link), m_painted(&painted) {}
 
-QtLaterCanvas::~QtLaterCanvas() {
-    m_picturePainter.end();
-    if (m_link) m_link->DrawLater(m_picture);
+QtWindowCanvas::~QtWindowCanvas() = default;
+
+void QtWindowCanvas::Draw(const CRect& area, std::function<void(Canvas&)> drawing) {
+    if (m_link && m_painted) m_link->DrawNow(std::move(drawing), area, *m_painted);
+}
+
+void QtWindowCanvas::DrawText(std::string_view text, const CRect& rect, const TextLook& look) {
+    CRect area = rect;
+    if ((look.format & DT_NOCLIP) != 0 && m_link) area = FromQt(m_link->Client().rect());
+    Draw(area, [text = std::string(text), rect, look](Canvas& canvas) {
+        canvas.DrawText(text, rect, look);
+    });
+}
+
+void QtWindowCanvas::FillRect(const CRect& rect, COLORREF colour) {
+    Draw(rect, [=](Canvas& canvas) { canvas.FillRect(rect, colour); });
+}
+
+void QtWindowCanvas::DrawLine(CPoint from, CPoint to, COLORREF colour) {
+    const CRect area{std::min(from.x, to.x), std::min(from.y, to.y), std::max(from.x, to.x) + 1,
+                     std::max(from.y, to.y) + 1};
+    Draw(area, [=](Canvas& canvas) { canvas.DrawLine(from, to, colour); });
+}
+
+void QtWindowCanvas::FrameRect(const CRect& rect, COLORREF colour) {
+    Draw(rect, [=](Canvas& canvas) { canvas.FrameRect(rect, colour); });
+}
+
+void QtWindowCanvas::DrawFocusRect(const CRect& rect, COLORREF colour) {
+    Draw(rect, [=](Canvas& canvas) { canvas.DrawFocusRect(rect, colour); });
+}
+
+void QtWindowCanvas::DrawBitmap(CPoint place, const CBitmap& bitmap,
+                                std::optional<COLORREF> clear) {
+    const CSize size = bitmap.Size();
+    const CRect area{place.x, place.y, place.x + size.cx, place.y + size.cy};
+    Draw(area, [=](Canvas& canvas) { canvas.DrawBitmap(place, bitmap, clear); });
 }
 
 }  // namespace orvo

@@ -1,10 +1,11 @@
 // Canvases over Qt's painter: one for a paint that is under way, one for drawing at other times.
+// Lines and pictures are drawn in whole pixels of the screen, at every scale.
 // SPDX-License-Identifier: MIT
 #pragma once
 
 #include <QPainter>
-#include <QPicture>
 #include <QPointer>
+#include <functional>
 
 #include <platform/window/Canvas.h>
 
@@ -14,33 +15,47 @@ class QtWindowLink;
 
 class QtCanvas : public Canvas {
 public:
-    // The painter outlives the canvas; without one it only measures.
-    explicit QtCanvas(QPainter* painter) : m_painter(painter) {}
+    // The painter outlives the canvas; without one it only measures. Where only a part is painted,
+    // `part` is it.
+    explicit QtCanvas(QPainter* painter, const QRect& part = {})
+        : m_painter(painter), m_part(part) {}
 
+    bool IsVisible(const CRect& rect) const override;
     CSize TextExtent(std::string_view text, const CFont& font) override;
     void DrawText(std::string_view text, const CRect& rect, const TextLook& look) override;
     void FillRect(const CRect& rect, COLORREF colour) override;
     void DrawLine(CPoint from, CPoint to, COLORREF colour) override;
-    void DrawFocusRect(const CRect& rect) override;
+    void FrameRect(const CRect& rect, COLORREF colour) override;
+    void DrawFocusRect(const CRect& rect, COLORREF colour) override;
     void DrawBitmap(CPoint place, const CBitmap& bitmap, std::optional<COLORREF> clear) override;
 
 private:
     void DrawLineOfText(const QString& text, const CRect& rect, UINT format);
+    void DrawBrokenLines(QString text, const CRect& rect, UINT format);
 
     QPainter* m_painter;
+    QRect m_part;
 };
 
-// Widgets are painted only when Qt says so: what is drawn here is kept until the canvas goes, and
-// then shown with the window's next paint.
-class QtLaterCanvas : public QtCanvas {
+// What is drawn is seen at once, and drawn over each later paint until the window is to paint
+// itself anew.
+class QtWindowCanvas : public QtCanvas {
 public:
-    explicit QtLaterCanvas(QtWindowLink& link);
-    ~QtLaterCanvas() override;
+    QtWindowCanvas(QtWindowLink& link, QWidget& painted);
+    ~QtWindowCanvas() override;
+
+    void DrawText(std::string_view text, const CRect& rect, const TextLook& look) override;
+    void FillRect(const CRect& rect, COLORREF colour) override;
+    void DrawLine(CPoint from, CPoint to, COLORREF colour) override;
+    void FrameRect(const CRect& rect, COLORREF colour) override;
+    void DrawFocusRect(const CRect& rect, COLORREF colour) override;
+    void DrawBitmap(CPoint place, const CBitmap& bitmap, std::optional<COLORREF> clear) override;
 
 private:
+    void Draw(const CRect& area, std::function<void(Canvas&)> drawing);
+
     QPointer<QtWindowLink> m_link;
-    QPicture m_picture;
-    QPainter m_picturePainter;
+    QPointer<QWidget> m_painted;
 };
 
 }  // namespace orvo

@@ -4,7 +4,6 @@
 
 #include <platform/qt/QtConvert.h>
 #include <platform/text/CodePage.h>
-#include <platform/window/CImageList.h>
 
 namespace orvo {
 
@@ -39,12 +38,6 @@ QImage ToQt(const CBitmap& bitmap, std::optional<COLORREF> clear) {
         }
     }
     return image;
-}
-
-QPixmap PictureOf(HIMAGELIST images, int index) {
-    const CImageList* list = CImageList::FromHandle(images);
-    const CBitmap* bitmap = list ? list->GetImage(index) : nullptr;
-    return bitmap ? QPixmap::fromImage(ToQt(*bitmap, list->GetMask(index))) : QPixmap();
 }
 
 }  // namespace orvo

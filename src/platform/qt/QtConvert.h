@@ -40,7 +40,4 @@ COLORREF ColourFromQt(const QColor& colour);
 // Pixels of the colour `clear` let the ground through.
 QImage ToQt(const CBitmap& bitmap, std::optional<COLORREF> clear);
 
-// Null where there is no such picture, or no such list any longer.
-QPixmap PictureOf(HIMAGELIST images, int index);
-
 }  // namespace orvo

@@ -6,6 +6,7 @@
 #include <platform/qt/QtConvert.h>
 #include <platform/qt/QtListModel.h>
 #include <platform/qt/QtListPeer.h>
+#include <platform/window/CImageList.h>
 
 namespace orvo {
 
@@ -45,8 +46,6 @@ QVariant QtListModel::headerData(int section, Qt::Orientation orientation, int r
     switch (role) {
         case Qt::DisplayRole:
             return ToQt(column.heading.View());
-        case Qt::DecorationRole:
-            return PictureOf(m_peer->Images(ImageUse::Heading), column.image);
         case Qt::TextAlignmentRole:
             return QVariant::fromValue(AlignmentOf(column.format));
         default:
@@ -59,8 +58,32 @@ Qt::ItemFlags QtListModel::flags(const QModelIndex& index) const {
     return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
 }
 
+ListColumn QtListModel::Heading(int section) const {
+    return m_peer ? m_peer->Column(section) : ListColumn();
+}
+
+const CImageList* QtListModel::HeadingImages() const {
+    return m_peer ? CImageList::FromHandle(m_peer->Images(ImageUse::Heading)) : nullptr;
+}
+
 QString QtListModel::TipAt(QPoint point) const {
-    return m_peer ? ToQt(m_peer->ShownTip(FromQt(point)).View()) : QString();
+    if (!m_peer) return {};
+    const bool isReport = m_peer->Mode() == ListMode::Report;
+    const CPoint place = FromQt(point);
+    return ToQt((isReport ? m_peer->CutText(place) : m_peer->ShownTip(place)).View());
+}
+
+QRect QtListModel::PlaceOf(const QModelIndex& index) const {
+    return m_peer && index.isValid() ? ToQt(m_peer->PlaceInView(index.row())) : QRect();
+}
+
+QModelIndex QtListModel::IndexAt(QPoint point) const {
+    const int row = m_peer ? m_peer->RowInView(FromQt(point)) : -1;
+    return row < 0 ? QModelIndex() : index(row, 0);
+}
+
+void QtListModel::BringIntoView(const QModelIndex& index) {
+    if (m_peer && index.isValid()) m_peer->EnsureVisible(index.row(), false);
 }
 
 int QtListModel::LastLine() const {

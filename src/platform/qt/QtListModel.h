@@ -4,9 +4,13 @@
 
 #include <QAbstractTableModel>
 #include <QPoint>
+#include <QRect>
+
+#include <platform/window/ListPeer.h>
 
 namespace orvo {
 
+class CImageList;
 class QtListPeer;
 
 // Columns have the peer's numbers. There is always one, for the icon modes.
@@ -22,8 +26,16 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
-    // What a view asks beyond that: the tip at a point of the client area, and how far it scrolls.
+    // What the heading asks; no images where there are none.
+    ListColumn Heading(int section) const;
+    const CImageList* HeadingImages() const;
+
+    // What a view asks beyond that: the tip at a point of the client area, which of a report is the
+    // text that is cut there, and how far it scrolls.
     QString TipAt(QPoint point) const;
+    QRect PlaceOf(const QModelIndex& index) const;  // in coordinates of the view's ground
+    QModelIndex IndexAt(QPoint point) const;
+    void BringIntoView(const QModelIndex& index);
     int LastLine() const;
     int LinesPerPage() const;
     bool ScrollsAside() const;  // lines are columns

@@ -9,9 +9,11 @@
 #include <QStackedWidget>
 #include <algorithm>
 
+#include <platform/qt/QtCanvas.h>
 #include <platform/qt/QtListModel.h>
 #include <platform/qt/QtListPeer.h>
 #include <platform/qt/QtListViews.h>
+#include <platform/window/CDC.h>
 
 namespace orvo {
 
@@ -42,6 +44,27 @@ public:
     explicit QtHeadingPeer(QHeaderView& header) : QtPeer<WindowPeer>(header, nullptr) {}
 
     void SetPlace(const CRect&) override {}
+};
+
+}  // namespace
+
+namespace {
+
+// Finds the text at a point that is drawn with an ellipsis in place of its end.
+class CutTextCanvas : public QtCanvas {
+public:
+    explicit CutTextCanvas(CPoint point) : QtCanvas(nullptr), m_point(point) {}
+
+    const CString& Found() const { return m_found; }
+
+    void DrawText(std::string_view text, const CRect& rect, const TextLook& look) override {
+        const bool mayBeCut = (look.format & DT_END_ELLIPSIS) != 0 && rect.PtInRect(m_point);
+        if (mayBeCut && TextExtent(text, look.font).cx > rect.Width()) m_found = CString(text);
+    }
+
+private:
+    CPoint m_point;
+    CString m_found;
 };
 
 }  // namespace
@@ -104,6 +127,8 @@ void QtListPeer::ConnectHeader() {
         if (!m_isShowingColumns) TakeShownOrder();
     });
     QObject::connect(header, &QHeaderView::sectionClicked, m_model.data(), [this](int column) {
+        // Qt has turned the mark by itself.
+        m_report->Heading().ShowSortMark();
         if (Client() && column < ColumnCount()) Client()->HeadingClicked(column);
     });
 }
@@ -116,8 +141,10 @@ QAbstractItemView* QtListPeer::View() const {
 void QtListPeer::ShowView() {
     if (!View()) return;
     static_cast<Frame*>(Widget())->setCurrentWidget(View());
+    // Before it is shown, Qt doesn't give the other view its place.
+    View()->setGeometry(Widget()->contentsRect());
     LayOutHidden(*Widget());
-    if (!IsReport()) m_icons->SetCell({Cell().cx, Cell().cy});
+    if (!IsReport()) m_icons->LayOut();
 }
 
 void QtListPeer::ShowColumns() {
@@ -131,6 +158,7 @@ void QtListPeer::ShowColumns() {
     for (const int column : ColumnOrder()) {
         header.moveSection(header.visualIndex(column), place++);
     }
+    m_report->Heading().ShowSortMark();
     emit m_model->headerDataChanged(Qt::Horizontal, 0, header.count() - 1);
     m_isShowingColumns = false;
 }
@@ -143,7 +171,7 @@ void QtListPeer::TakeShownOrder() {
 }
 
 void QtListPeer::ShowFocus() {
-    if (!m_report) return;
+    if (!m_report || m_isBatch) return;
     QItemSelectionModel& selection = *m_report->selectionModel();
     const QModelIndex focus = FocusRow() < 0 ? QModelIndex() : m_model->index(FocusRow(), 0);
     if (selection.currentIndex() != focus) {
@@ -154,25 +182,29 @@ void QtListPeer::ShowFocus() {
 int QtListPeer::InsertRow(int row, ListRow content) {
     if (row < 0 || !m_model) return -1;
     const int place = std::min(row, RowCount());
-    m_model->beginInsertRows({}, place, place);
+    m_batchHasRows = true;
+    if (TellsQt()) m_model->beginInsertRows({}, place, place);
     RowListPeer::InsertRow(place, std::move(content));
-    m_model->endInsertRows();
+    if (TellsQt()) m_model->endInsertRows();
     return place;
 }
 
 bool QtListPeer::DeleteRow(int row) {
     if (row < 0 || row >= RowCount() || !m_model) return false;
-    m_model->beginRemoveRows({}, row, row);
+    m_batchHasRows = true;
+    if (TellsQt()) m_model->beginRemoveRows({}, row, row);
     RowListPeer::DeleteRow(row);
-    m_model->endRemoveRows();
+    if (TellsQt()) m_model->endRemoveRows();
     ShowFocus();
     return true;
 }
 
 void QtListPeer::DeleteAllRows() {
     if (!m_model) return;
-    m_model->beginResetModel();
+    m_batchHasRows = true;
+    if (TellsQt()) m_model->beginResetModel();
     RowListPeer::DeleteAllRows();
+    if (!TellsQt()) return;
     m_model->endResetModel();
     ShowColumns();
 }
@@ -181,6 +213,39 @@ void QtListPeer::DeleteAllRows() {
 void QtListPeer::Reorder(const std::vector<std::uint32_t>& order) {
     RowListPeer::Reorder(order);
     ShowFocus();
+}
+
+bool QtListPeer::TellsQt() const {
+    return m_model && !m_isBatch;
+}
+
+void QtListPeer::SetRedraw(bool on) {
+    if (on && m_isBatch) {
+        TellBatch();
+    } else if (!on && !m_isBatch) {
+        m_batchTop = TopLine();
+        m_batchHasRows = false;
+        m_isBatch = true;
+    }
+    QtPeer<RowListPeer>::SetRedraw(on);
+}
+
+void QtListPeer::TellBatch() {
+    m_isBatch = false;
+    if (!m_model) return;
+    if (m_batchHasRows) {
+        m_model->beginResetModel();
+        m_model->endResetModel();
+        ShowColumns();
+    }
+    ShowFocus();
+    ScrollToLine(m_batchTop);
+    InvalidateAll();
+}
+
+// Drawing that is switched on again paints all of the list.
+void QtListPeer::Invalidate(const CRect& area) {
+    if (!m_isBatch) QtPeer<RowListPeer>::Invalidate(area);
 }
 
 bool QtListPeer::SetFocusRow(int row) {
@@ -257,6 +322,28 @@ CString QtListPeer::ShownTip(CPoint point) const {
     return Client() && row >= 0 ? Client()->InfoTip(row) : CString();
 }
 
+// Only the window knows what it shows in a cell: it draws the row once more.
+CString QtListPeer::CutText(CPoint point) const {
+    const int row = HitTest(point).row;
+    CRect bounds;
+    if (!Client() || !RowRect(row, RowPart::Bounds, bounds)) return {};
+    CutTextCanvas canvas(point);
+    CDC dc(canvas);
+    Client()->DrawRow(dc, row, bounds);
+    return canvas.Found();
+}
+
+CRect QtListPeer::PlaceInView(int row) const {
+    CRect place;
+    if (!RowRect(row, RowPart::Bounds, place)) return {};
+    place.OffsetRect(CPoint{} - RowsArea().TopLeft());
+    return place;
+}
+
+int QtListPeer::RowInView(CPoint point) const {
+    return HitTest(point + RowsArea().TopLeft()).row;
+}
+
 CRect QtListPeer::RowsArea() const {
     if (!View()) return {};
     const QWidget& viewport = *View()->viewport();
@@ -268,11 +355,16 @@ QScrollBar& QtListPeer::LineBar() const {
 }
 
 int QtListPeer::TopLine() const {
+    if (m_isBatch) return m_batchTop;
     return View() ? LineBar().value() : 0;
 }
 
 void QtListPeer::ScrollToLine(int line) {
     if (!View()) return;
+    if (m_isBatch) {
+        m_batchTop = line;
+        return;
+    }
     QScrollBar& bar = LineBar();
     // New rows may not have come into Qt's layout yet.
     if (line > bar.maximum()) LayOutRows();

@@ -17,7 +17,8 @@ class QtListModel;
 class QtReportView;
 
 // Rows, selection and focus are RowListPeer's; Qt knows only how many rows there are and which has
-// the focus. How far the list is scrolled is Qt's.
+// the focus. How far the list is scrolled is Qt's. While drawing is off Qt hears of no row: what
+// has changed is told at once when it is on again.
 class QtListPeer : public QtPeer<RowListPeer> {
 public:
     QtListPeer(QtInputState& input, const PeerPlace& place);
@@ -37,12 +38,17 @@ public:
     void SetCardSize(CSize size) override;
     bool SetIconPosition(int row, CPoint position) override;
     void TakeFocus() override;
+    void SetRedraw(bool on) override;
+    void Invalidate(const CRect& area) override;
     std::unique_ptr<WindowPeer> MakeHeadingPeer() override;
 
     // What the model asks.
     int RowHeight() const { return Metrics().rowHeight; }
     CString ShownText(int row, int column) const;
     CString ShownTip(CPoint point) const;
+    CString CutText(CPoint point) const;  // of a cell whose end isn't seen
+    CRect PlaceInView(int row) const;     // in coordinates of the view's ground, as those below
+    int RowInView(CPoint point) const;
     using RowListPeer::LastLine;
     using RowListPeer::LinesPerPage;
 
@@ -59,6 +65,8 @@ private:
 
     QAbstractItemView* View() const;  // null once the widget is gone
     void ConnectHeader();
+    bool TellsQt() const;
+    void TellBatch();
     void ShowView();
     void ShowColumns();
     void ShowFocus();
@@ -70,6 +78,9 @@ private:
     QPointer<QtIconView> m_icons;
     QPointer<QtListModel> m_model;
     bool m_isShowingColumns = false;
+    bool m_isBatch = false;       // drawing is off
+    bool m_batchHasRows = false;  // rows have come or gone in the batch
+    int m_batchTop = 0;           // where the list is to be scrolled to after the batch
 };
 
 }  // namespace orvo

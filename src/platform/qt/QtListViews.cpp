@@ -3,6 +3,7 @@
 // SPDX-License-Identifier: MIT
 #include <QHeaderView>
 #include <QHelpEvent>
+#include <QPaintEvent>
 #include <QScrollBar>
 #include <QTextDocument>
 #include <QToolTip>
@@ -28,10 +29,24 @@ void SetUpView(QAbstractItemView& view, QtWindowLink& link) {
     link.Watch(*view.viewport());
 }
 
+// A long line is broken; a text of several lines and tabs stays as it is.
+void ShowTip(QAbstractItemView& view, const QtListModel& model, const QHelpEvent& help) {
+    QWidget* viewport = view.viewport();
+    QString tip = model.TipAt(viewport->mapTo(view.parentWidget(), help.pos()));
+    const bool isLine = !tip.contains('\n') && !tip.contains('\t');
+    if (isLine && !tip.isEmpty()) {
+        tip = Qt::convertFromPlainText(tip, Qt::WhiteSpaceNormal);
+    } else if (Qt::mightBeRichText(tip)) {
+        tip = Qt::convertFromPlainText(tip);
+    }
+    QToolTip::showText(help.globalPos(), tip, viewport);
+}
+
 }  // namespace
 
 QtReportView::QtReportView(QtWindowLink& link, QtListModel& model, int headingHeight)
-    : m_link(link) {
+    : m_link(link), m_model(model), m_heading(*new QtHeading(model, this)) {
+    setHeader(&m_heading);
     setUniformRowHeights(true);
     setRootIsDecorated(false);
     setItemsExpandable(false);
@@ -49,38 +64,51 @@ QtReportView::QtReportView(QtWindowLink& link, QtListModel& model, int headingHe
     disconnect(header(), &QHeaderView::sectionHandleDoubleClicked, this, nullptr);
 }
 
-void QtReportView::paintEvent(QPaintEvent*) {
+void QtReportView::paintEvent(QPaintEvent* event) {
     LayOut();
-    m_link.Paint(*viewport());
+    m_link.Paint(*viewport(), event->region());
+}
+
+// What was drawn over a row doesn't stay where the row no longer is.
+void QtReportView::scrollContentsBy(int dx, int dy) {
+    m_link.ForgetDrawn();
+    QTreeView::scrollContentsBy(dx, dy);
+}
+
+bool QtReportView::viewportEvent(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) return QTreeView::viewportEvent(event);
+    ShowTip(*this, m_model, *static_cast<QHelpEvent*>(event));
+    return true;
 }
 
 QtIconView::QtIconView(QtWindowLink& link, QtListModel& model) : m_link(link), m_model(model) {
-    setViewMode(QListView::ListMode);
-    setWrapping(true);
-    setResizeMode(QListView::Adjust);
-    setUniformItemSizes(true);
     setModel(&model);
     SetUpView(*this, link);
 }
 
-void QtIconView::SetCell(QSize cell) {
-    setFlow(m_model.ScrollsAside() ? QListView::TopToBottom : QListView::LeftToRight);
-    setGridSize(cell);
-    updateGeometries();
+QRect QtIconView::visualRect(const QModelIndex& index) const {
+    return m_model.PlaceOf(index);
+}
+
+QModelIndex QtIconView::indexAt(const QPoint& point) const {
+    return m_model.IndexAt(point);
+}
+
+void QtIconView::scrollTo(const QModelIndex& index, ScrollHint) {
+    m_model.BringIntoView(index);
+}
+
+void QtIconView::doItemsLayout() {
+    QAbstractItemView::doItemsLayout();
 }
 
 QScrollBar& QtIconView::LineBar() const {
     return m_model.ScrollsAside() ? *horizontalScrollBar() : *verticalScrollBar();
 }
 
-void QtIconView::LayOut() {
+void QtIconView::paintEvent(QPaintEvent* event) {
     executeDelayedItemsLayout();
-    updateGeometries();
-}
-
-void QtIconView::paintEvent(QPaintEvent*) {
-    executeDelayedItemsLayout();
-    m_link.Paint(*viewport());
+    m_link.Paint(*viewport(), event->region());
 }
 
 void QtIconView::updateGeometries() {
@@ -97,10 +125,7 @@ void QtIconView::scrollContentsBy(int, int) {
 
 bool QtIconView::viewportEvent(QEvent* event) {
     if (event->type() != QEvent::ToolTip) return QListView::viewportEvent(event);
-    const auto& help = *static_cast<QHelpEvent*>(event);
-    QString tip = m_model.TipAt(viewport()->mapTo(this, help.pos()));
-    if (Qt::mightBeRichText(tip)) tip = Qt::convertFromPlainText(tip);
-    QToolTip::showText(help.globalPos(), tip, viewport());
+    ShowTip(*this, m_model, *static_cast<QHelpEvent*>(event));
     return true;
 }
 

@@ -6,6 +6,7 @@
 #include <QListView>
 #include <QTreeView>
 
+#include <platform/qt/QtHeading.h>
 #include <platform/qt/QtListModel.h>
 #include <platform/qt/QtWindowLink.h>
 
@@ -16,27 +17,36 @@ public:
     // The link watches the view; the model lives as long.
     QtReportView(QtWindowLink& link, QtListModel& model, int headingHeight);
 
+    QtHeading& Heading() const { return m_heading; }
     void LayOut() { executeDelayedItemsLayout(); }
 
 protected:
-    void paintEvent(QPaintEvent*) override;
+    void paintEvent(QPaintEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
 
 private:
     QtWindowLink& m_link;
+    QtListModel& m_model;
+    QtHeading& m_heading;
 };
 
-// Icons, and cards, whose lines are columns. It scrolls by lines of the peer's, which may end
-// behind Qt's own where icons were placed.
+// Icons, and cards, whose lines are columns. The peer knows where they stand: Qt lays out none, as
+// that would take its time for each row.
 class QtIconView : public QListView {
 public:
     QtIconView(QtWindowLink& link, QtListModel& model);
 
-    void SetCell(QSize cell);  // to be called for each mode
     QScrollBar& LineBar() const;
-    void LayOut();
+    void LayOut() { updateGeometries(); }
+
+    QRect visualRect(const QModelIndex& index) const override;
+    QModelIndex indexAt(const QPoint& point) const override;
+    void scrollTo(const QModelIndex& index, ScrollHint hint) override;
+    void doItemsLayout() override;
 
 protected:
-    void paintEvent(QPaintEvent*) override;
+    void paintEvent(QPaintEvent* event) override;
     void updateGeometries() override;
     void scrollContentsBy(int dx, int dy) override;
     bool viewportEvent(QEvent* event) override;

@@ -41,12 +41,14 @@ void QtWidgetState::InvalidateWidget(const CRect& area) {
 }
 
 void QtWidgetState::PaintPending() {
-    if (m_widget) QCoreApplication::sendPostedEvents(m_widget->window(), QEvent::UpdateRequest);
+    if (m_widget && !QtWindowLink::IsPainting())
+        QCoreApplication::sendPostedEvents(m_widget->window(), QEvent::UpdateRequest);
 }
 
-std::unique_ptr<Canvas> QtWidgetState::MakeLaterCanvas() {
-    if (!m_link) return std::make_unique<QtCanvas>(nullptr);
-    return std::make_unique<QtLaterCanvas>(*m_link);
+std::unique_ptr<Canvas> QtWidgetState::MakeWindowCanvas() {
+    QWidget* painted = PaintedWidget();
+    if (!m_link || !painted) return std::make_unique<QtCanvas>(nullptr);
+    return std::make_unique<QtWindowCanvas>(*m_link, *painted);
 }
 
 void LayOutHidden(QWidget& widget) {

@@ -39,7 +39,7 @@ protected:
     void Place(const CRect& place);
     void InvalidateWidget(const CRect& area);
     void PaintPending();
-    std::unique_ptr<Canvas> MakeLaterCanvas();
+    std::unique_ptr<Canvas> MakeWindowCanvas();
 
     CString m_text;
 
@@ -86,7 +86,7 @@ public:
     }
     void Invalidate(const CRect& area) override { InvalidateWidget(area); }
     void Update() override { PaintPending(); }
-    std::unique_ptr<Canvas> MakeCanvas() override { return MakeLaterCanvas(); }
+    std::unique_ptr<Canvas> MakeCanvas() override { return MakeWindowCanvas(); }
 };
 
 }  // namespace orvo

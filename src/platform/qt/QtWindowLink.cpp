@@ -31,6 +31,16 @@ constexpr ButtonRow kButtons[] = {
     {Qt::RightButton, QEvent::MouseButtonDblClick, WM_RBUTTONDBLCLK},
 };
 
+int paintsUnderWay = 0;
+
+class PaintUnderWay {
+public:
+    PaintUnderWay() { ++paintsUnderWay; }
+    ~PaintUnderWay() { --paintsUnderWay; }
+    PaintUnderWay(const PaintUnderWay&) = delete;
+    PaintUnderWay& operator=(const PaintUnderWay&) = delete;
+};
+
 // Says which modifiers are down while an event is handled.
 class ModifiersInForce {
 public:
@@ -81,26 +91,35 @@ void QtWindowLink::Watch(QWidget& widget) {
     widget.setMouseTracking(true);
 }
 
-void QtWindowLink::Paint(QWidget& painted) {
-    QPainter painter(&painted);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.translate(-painted.mapTo(&m_client, QPoint()));
-    QtCanvas canvas(&painter);
-    CDC dc(canvas);
-    SendMessage(Handle(), WM_PAINT, reinterpret_cast<WPARAM>(&dc));
-    if (!m_drawn.isNull()) painter.drawPicture(0, 0, m_drawn);
+bool QtWindowLink::IsPainting() {
+    return paintsUnderWay > 0;
 }
 
-void QtWindowLink::DrawLater(const QPicture& picture) {
-    if (picture.size() == 0 || !m_peer) return;
-    QPicture all;
-    QPainter painter(&all);
-    if (!m_drawn.isNull()) painter.drawPicture(0, 0, m_drawn);
-    painter.drawPicture(0, 0, picture);
-    painter.end();
-    const CSize size = m_peer->ClientSize();
-    m_peer->Invalidate({0, 0, size.cx, size.cy});
-    m_drawn = all;
+void QtWindowLink::Paint(QWidget& painted, const QRegion& part) {
+    const PaintUnderWay paint;
+    const QPoint origin = painted.mapTo(&m_client, QPoint());
+    QPainter painter(&painted);
+    painter.translate(-origin);
+    QtCanvas canvas(&painter, part.boundingRect().translated(origin));
+    CDC dc(canvas);
+    SendMessage(Handle(), WM_PAINT, reinterpret_cast<WPARAM>(&dc));
+    const auto drawn = m_drawn;
+    for (const auto& draw : drawn) draw(canvas);
+}
+
+void QtWindowLink::DrawNow(std::function<void(Canvas&)> drawing, const CRect& area,
+                           QWidget& painted) {
+    if (!m_peer) return;
+    m_drawn.push_back(std::move(drawing));
+    // At a broken scale a line may be a little wider than its place.
+    constexpr QMargins kMargin(1, 1, 1, 1);
+    const QPoint origin = painted.mapTo(&m_client, QPoint());
+    const QRect touched = ToQt(area).translated(-origin).marginsAdded(kMargin);
+    if (IsPainting()) {
+        painted.update(touched);
+    } else {
+        painted.repaint(touched);
+    }
 }
 
 CPoint QtWindowLink::ClientPoint(const QWidget& widget, const QMouseEvent& event) const {

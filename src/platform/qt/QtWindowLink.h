@@ -5,10 +5,11 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QObject>
-#include <QPicture>
 #include <QPointer>
 #include <QWidget>
+#include <functional>
 #include <set>
+#include <vector>
 
 #include <platform/window/WindowPeer.h>
 
@@ -39,12 +40,18 @@ public:
     // Events of the widget become messages; the widget is the client or lies inside.
     void Watch(QWidget& widget);
 
-    // Called by a paint event of the widget, the client or one inside.
-    void Paint(QWidget& painted);
+    QWidget& Client() const { return m_client; }
 
-    // The picture is shown over the window until the window is to paint itself anew.
-    void DrawLater(const QPicture& picture);
-    void ForgetDrawn() { m_drawn = QPicture(); }
+    // Called by a paint event of the widget, the client or one inside. A paint that comes while
+    // another one is under way is put off.
+    void Paint(QWidget& painted, const QRegion& part);
+    static bool IsPainting();
+
+    // Draws over the window, and again over each later paint until the window is to paint itself
+    // anew. It is seen at once, but while a paint is under way after that. `area` is what it
+    // touches, in client coordinates.
+    void DrawNow(std::function<void(Canvas&)> drawing, const CRect& area, QWidget& painted);
+    void ForgetDrawn() { m_drawn.clear(); }
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -61,7 +68,7 @@ private:
     QtInputState& m_input;
     Style m_style;
     WindowPeer* m_peer = nullptr;
-    QPicture m_drawn;
+    std::vector<std::function<void(Canvas&)>> m_drawn;
 };
 
 }  // namespace orvo

@@ -1,6 +1,7 @@
 // A plain window on the screen: a widget that paints nothing by itself.
 // SPDX-License-Identifier: MIT
 #include <QCloseEvent>
+#include <QPaintEvent>
 #include <QResizeEvent>
 
 #include <platform/qt/QtWindowPeer.h>
@@ -24,7 +25,7 @@ public:
     }
 
 protected:
-    void paintEvent(QPaintEvent*) override { m_link.Paint(*this); }
+    void paintEvent(QPaintEvent* event) override { m_link.Paint(*this, event->region()); }
 
     void closeEvent(QCloseEvent* event) override {
         event->ignore();

@@ -14,6 +14,7 @@
 #include <platform/qt/QtWindowPeer.h>
 #include <platform/qt/QtWindowSystem.h>
 #include <platform/window/CWnd.h>
+#include <platform/window/Contrast.h>
 #include <platform/window/WindowInput.h>
 
 namespace orvo {
@@ -97,6 +98,14 @@ void QtWindowSystem::WakeUp() {
     if (!m_wakeUp.isActive()) m_wakeUp.start();
 }
 
+void QtWindowSystem::StartTimer(HWND window, UINT_PTR id, UINT milliseconds) {
+    m_timers.Start(window, id, milliseconds);
+}
+
+bool QtWindowSystem::StopTimer(HWND window, UINT_PTR id) {
+    return m_timers.Stop(window, id);
+}
+
 UINT QtWindowSystem::TrackPopupMenu(CMenu& menu, UINT flags, CPoint point, CWnd* owner) {
     return ShowPopupMenu(menu, flags, point, OwnerWidget(owner));
 }
@@ -143,7 +152,11 @@ COLORREF QtWindowSystem::Colour(int id) const {
         if (row.id != id) continue;
         const bool isTip = row.role == QPalette::ToolTipText || row.role == QPalette::ToolTipBase;
         const QPalette palette = isTip ? QToolTip::palette() : QApplication::palette();
-        return ColourFromQt(palette.color(row.group, row.role));
+        const COLORREF colour = ColourFromQt(palette.color(row.group, row.role));
+        if (id != COLOR_HIGHLIGHT) return colour;
+        // Not each style's highlight is far enough from its text.
+        const COLORREF text = Colour(COLOR_HIGHLIGHTTEXT);
+        return Readable(colour, Opposite(text), text, kTextContrast);
     }
     return RGB(0, 0, 0);
 }

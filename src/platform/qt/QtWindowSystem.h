@@ -6,6 +6,7 @@
 #include <QWidget>
 #include <memory>
 
+#include <platform/qt/QtTimers.h>
 #include <platform/qt/QtWindowLink.h>
 #include <platform/window/WindowSystem.h>
 
@@ -29,6 +30,8 @@ public:
     std::unique_ptr<EditPeer> MakeEditPeer(const PeerPlace& place) override;
     std::unique_ptr<Canvas> MakeMeasuringCanvas() override;
     void WakeUp() override;
+    void StartTimer(HWND window, UINT_PTR id, UINT milliseconds) override;
+    bool StopTimer(HWND window, UINT_PTR id) override;
     UINT TrackPopupMenu(CMenu& menu, UINT flags, CPoint point, CWnd* owner) override;
     int ShowMessageBox(CWnd* owner, const CString& text, UINT type) override;
     bool PickDay(CWnd* owner, CTime& day) override;
@@ -42,6 +45,7 @@ public:
 
 private:
     QtInputState m_input;
+    QtTimers m_timers;
     QTimer m_wakeUp;  // runs while posted messages wait for the event loop
     bool m_showsWaiting = false;
 };

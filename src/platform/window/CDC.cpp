@@ -60,7 +60,11 @@ void CDC::FillSolidRect(const CRect& rect, COLORREF colour) {
 }
 
 void CDC::DrawFocusRect(const CRect& rect) {
-    m_canvas->DrawFocusRect(rect);
+    m_canvas->DrawFocusRect(rect, m_textColor);
+}
+
+void CDC::FrameRect(const CRect& rect, COLORREF colour) {
+    m_canvas->FrameRect(rect, colour);
 }
 
 void CDC::DrawBitmap(CPoint place, const CBitmap& bitmap, std::optional<COLORREF> clear) {

@@ -39,13 +39,17 @@ public:
     int GetBkMode() const { return m_groundMode; }
     const CFont& GetFont() const { return m_font; }
 
+    // False where nothing of the rectangle would be seen.
+    bool RectVisible(const CRect& rect) const { return m_canvas->IsVisible(rect); }
+
     CSize GetTextExtent(const CString& text) const;
 
     // With an opaque ground the rectangle is filled first.
     void DrawText(const CString& text, const CRect& rect, UINT format);
     void TextOut(int x, int y, const CString& text);
     void FillSolidRect(const CRect& rect, COLORREF colour);
-    void DrawFocusRect(const CRect& rect);
+    void FrameRect(const CRect& rect, COLORREF colour);  // of one pixel, inside
+    void DrawFocusRect(const CRect& rect);               // in the text colour
     void DrawBitmap(CPoint place, const CBitmap& bitmap,
                     std::optional<COLORREF> clear = std::nullopt);
     void MoveTo(int x, int y) { m_position = {x, y}; }

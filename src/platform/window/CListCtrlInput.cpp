@@ -15,11 +15,7 @@ namespace {
 constexpr int kLongestCellText = 260;
 constexpr int kLongestTip = 1024;
 constexpr UINT kCellTextFormat = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS;
-
-UINT AlignmentOf(int format) {
-    if ((format & LVCFMT_RIGHT) != 0) return DT_RIGHT;
-    return (format & LVCFMT_CENTER) != 0 ? DT_CENTER : DT_LEFT;
-}
+constexpr UINT kIconTextFormat = DT_CENTER | DT_WORDBREAK | DT_NOPREFIX | DT_END_ELLIPSIS;
 
 }  // namespace
 
@@ -185,7 +181,10 @@ void CListCtrl::DrawRow(CDC& dc, int row, const CRect& bounds) {
         const bool isSelected = m_list->IsSelected(row);
         dc.SetBkMode(TRANSPARENT);
         dc.SetTextColor(GetSysColor(isSelected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
-        if (isSelected) dc.FillSolidRect(bounds, GetSysColor(COLOR_HIGHLIGHT));
+        CRect marked = bounds;
+        // A picture has the colours of the window's ground.
+        if (!isReport) m_list->RowRect(row, RowPart::Label, marked);
+        if (isSelected) dc.FillSolidRect(marked, GetSysColor(COLOR_HIGHLIGHT));
         return isReport ? DrawReportRow(dc, row, bounds) : DrawIcon(dc, row);
     }
     DRAWITEMSTRUCT item;
@@ -211,9 +210,9 @@ void CListCtrl::DrawReportRow(CDC& dc, int row, const CRect&) {
             if (images) images->Draw(dc, RowImage(row), icon.TopLeft());
             m_list->RowRect(row, RowPart::Label, cell);
         }
-        cell.left += kCellTextOffset;
+        cell.DeflateRect(kCellTextOffset, 0);
         dc.DrawText(CellText(row, column), cell,
-                    kCellTextFormat | AlignmentOf(m_list->Column(column).format));
+                    kCellTextFormat | TextAlignment(m_list->Column(column).format));
     }
 }
 
@@ -227,8 +226,11 @@ void CListCtrl::DrawIcon(CDC& dc, int row) {
     if (const CImageList* images = CImageList::FromHandle(handle)) {
         images->Draw(dc, RowImage(row), icon.TopLeft());
     }
-    const UINT format = isLarge ? DT_CENTER | DT_WORDBREAK | DT_NOPREFIX : kCellTextFormat;
-    dc.DrawText(CellText(row, 0), label, format);
+    if (!isLarge) label.DeflateRect(kCellTextOffset, 0);
+    dc.DrawText(CellText(row, 0), label, isLarge ? kIconTextFormat : kCellTextFormat);
+    if (!m_list || m_list->FocusRow() != row || GetFocus() != this) return;
+    m_list->RowRect(row, RowPart::Label, label);
+    dc.DrawFocusRect(label);
 }
 
 }  // namespace orvo

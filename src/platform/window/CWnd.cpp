@@ -62,6 +62,7 @@ void CWnd::Tear() {
     if (state.mainWindow == m_handle) state.mainWindow = nullptr;
     state.windows.Remove(m_handle);
     if (m_parent) std::erase(m_parent->m_children, this);
+    while (!m_timers.empty()) KillTimer(m_timers.back());
     LosePeer();
     if (state.current) state.retiredPeers.push_back(std::move(m_peer));
     m_peer.reset();
@@ -174,6 +175,18 @@ void CWnd::GetWindowText(CString& text) const {
 
 int CWnd::GetWindowTextLength() const {
     return m_peer ? m_peer->Text().GetLength() : 0;
+}
+
+UINT_PTR CWnd::SetTimer(UINT_PTR id, UINT milliseconds) {
+    if (!m_handle || id == 0) return 0;
+    std::erase(m_timers, id);
+    m_timers.push_back(id);
+    WindowSystem::Current().StartTimer(m_handle, id, milliseconds);
+    return id;
+}
+
+BOOL CWnd::KillTimer(UINT_PTR id) {
+    return std::erase(m_timers, id) != 0 && WindowSystem::Current().StopTimer(m_handle, id) ? 1 : 0;
 }
 
 CWnd* CWnd::SetFocus() {

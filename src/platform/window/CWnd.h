@@ -46,6 +46,7 @@ public:
 
     CWnd* GetParent() const { return m_parent; }
     CWnd* GetTopLevel();
+    CWnd* GetTopLevelFrame() { return GetTopLevel(); }
     const std::vector<CWnd*>& Children() const { return m_children; }
     CWnd* GetDlgItem(UINT id) const;
     CWnd* GetOwner() const;  // the owner that was set and still lives, else the parent
@@ -79,6 +80,14 @@ public:
     void SetWindowText(const CString& text);
     void GetWindowText(CString& text) const;
     int GetWindowTextLength() const;
+
+    // WM_TIMER comes each time that many milliseconds, at least 1, have passed, until the timer is
+    // killed or the window goes. Set again, a timer begins anew. An id isn't 0.
+    // Gives: the id; 0 where no timer runs now.
+    UINT_PTR SetTimer(UINT_PTR id, UINT milliseconds);
+
+    // Gives: 0 where there is no such timer.
+    BOOL KillTimer(UINT_PTR id);
 
     CWnd* SetFocus();  // gives the window that had it
     static CWnd* GetFocus();
@@ -138,6 +147,7 @@ private:
     CWnd* m_parent = nullptr;
     std::vector<CWnd*> m_children;
     std::unique_ptr<WindowPeer> m_peer;
+    std::vector<UINT_PTR> m_timers;
     DWORD m_style = 0;
     UINT m_id = 0;
     bool m_isGoing = false;  // DestroyWindow is under way

@@ -145,6 +145,10 @@ constexpr int LVCFMT_RIGHT = 0x0001;
 constexpr int LVCFMT_CENTER = 0x0002;
 constexpr int LVCFMT_IMAGE = 0x0800;
 
+// In a column's format: the heading shows that the rows are sorted by it.
+constexpr int HDF_SORTDOWN = 0x0200;
+constexpr int HDF_SORTUP = 0x0400;
+
 // In place of a text or picture: to be asked for through LVN_GETDISPINFO each time it is shown.
 inline char* const LPSTR_TEXTCALLBACK = reinterpret_cast<char*>(-1L);
 constexpr int I_IMAGECALLBACK = -1;

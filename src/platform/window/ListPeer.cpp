@@ -12,7 +12,8 @@ void ListPeer::PaintRows(CDC& dc) {
     for (const int row : VisibleRows()) {
         CRect bounds;
         // Whoever paints may also take rows away, or the window.
-        if (m_client && RowRect(row, RowPart::Bounds, bounds)) m_client->DrawRow(dc, row, bounds);
+        if (!m_client || !RowRect(row, RowPart::Bounds, bounds)) continue;
+        if (dc.RectVisible(bounds)) m_client->DrawRow(dc, row, bounds);
     }
 }
 

@@ -53,6 +53,12 @@ struct ListColumn {
     int image = -1;
 };
 
+// DT_* of the column's format.
+inline UINT TextAlignment(int format) {
+    if ((format & LVCFMT_RIGHT) != 0) return DT_RIGHT;
+    return (format & LVCFMT_CENTER) != 0 ? DT_CENTER : DT_LEFT;
+}
+
 struct ListHit {
     int row = -1;
     int column = -1;

@@ -1,5 +1,6 @@
 // A window system without a screen: answers and input.
 // SPDX-License-Identifier: MIT
+#include <algorithm>
 #include <cstdio>
 
 #include <platform/text/Utf8.h>
@@ -190,6 +191,33 @@ void MemoryWindowSystem::MovePointer(CWnd& window, CPoint point) {
                 MAKELPARAM(static_cast<int>(HTCLIENT), static_cast<int>(WM_MOUSEMOVE)));
     HandleInput({handle, WM_MOUSEMOVE, 0, MAKELPARAM(point.x, point.y)});
     Pump();
+}
+
+void MemoryWindowSystem::StartTimer(HWND window, UINT_PTR id, UINT milliseconds) {
+    StopTimer(window, id);
+    const UINT step = std::max(milliseconds, 1U);
+    m_timers.push_back({window, id, step, m_milliseconds + step});
+}
+
+bool MemoryWindowSystem::StopTimer(HWND window, UINT_PTR id) {
+    return std::erase_if(m_timers, [&](const Timer& timer) {
+               return timer.window == window && timer.id == id;
+           }) != 0;
+}
+
+void MemoryWindowSystem::PassTime(UINT milliseconds) {
+    const std::uint64_t end = m_milliseconds + milliseconds;
+    while (true) {
+        const auto next = std::min_element(
+            m_timers.begin(), m_timers.end(),
+            [](const Timer& one, const Timer& other) { return one.due < other.due; });
+        if (next == m_timers.end() || next->due > end) break;
+        m_milliseconds = next->due;
+        next->due += next->milliseconds;
+        HandleInput({next->window, WM_TIMER, next->id, 0});
+        Pump();
+    }
+    m_milliseconds = end;
 }
 
 std::unique_ptr<WindowPeer> MemoryWindowSystem::MakeWindowPeer(const PeerPlace& place) {

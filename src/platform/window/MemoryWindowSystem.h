@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <initializer_list>
@@ -64,11 +65,16 @@ public:
     void RightClick(CWnd& window, CPoint point);
     void MovePointer(CWnd& window, CPoint point);
 
+    // Time goes by: the timers that are due meanwhile tick, each at its moment.
+    void PassTime(UINT milliseconds);
+
     std::unique_ptr<WindowPeer> MakeWindowPeer(const PeerPlace& place) override;
     std::unique_ptr<ListPeer> MakeListPeer(const PeerPlace& place) override;
     std::unique_ptr<EditPeer> MakeEditPeer(const PeerPlace& place) override;
     std::unique_ptr<Canvas> MakeMeasuringCanvas() override;
     void WakeUp() override { m_isAwake = true; }
+    void StartTimer(HWND window, UINT_PTR id, UINT milliseconds) override;
+    bool StopTimer(HWND window, UINT_PTR id) override;
     UINT TrackPopupMenu(CMenu& menu, UINT flags, CPoint point, CWnd* owner) override;
     int ShowMessageBox(CWnd* owner, const CString& text, UINT type) override;
     bool PickDay(CWnd* owner, CTime& day) override;
@@ -83,11 +89,20 @@ public:
 private:
     using Choice = std::function<UINT(const ShownMenu&)>;
 
+    struct Timer {
+        HWND window = nullptr;
+        UINT_PTR id = 0;
+        UINT milliseconds = 0;
+        std::uint64_t due = 0;
+    };
+
     void Complain(const std::string& question) const;
     void Pump();
     void Button(CWnd& window, CPoint point, std::initializer_list<UINT> messages, UINT flags);
 
     std::function<void(const std::string&)> m_hook;
+    std::vector<Timer> m_timers;
+    std::uint64_t m_milliseconds = 0;  // passed so far
     std::deque<Choice> m_choices;
     std::deque<int> m_boxAnswers;
     std::deque<std::optional<CTime>> m_days;

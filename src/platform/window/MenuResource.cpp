@@ -10,7 +10,7 @@ namespace orvo {
 // strings in the same module.
 BOOL CMenu::LoadMenu(UINT number) {
     const HINSTANCE module = FindResourceModule(ResourceKind::Menu, number);
-    if (m_exists || !module) return 0;
+    if (m_handle || !module) return 0;
 
     CMenu menu;
     menu.CreatePopupMenu();
@@ -32,7 +32,8 @@ BOOL CMenu::LoadMenu(UINT number) {
         }
     }
     if (!popup) return 0;
-    *this = std::move(menu);
+    CreatePopupMenu();
+    m_items = std::move(menu.m_items);
     return 1;
 }
 

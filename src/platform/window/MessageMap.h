@@ -120,6 +120,16 @@ struct Size {
     }
 };
 
+struct Timer {
+    template <class Class>
+    using Handler = void (Class::*)(UINT_PTR id);
+    template <class Class>
+    static LRESULT Call(Class& window, Handler<Class> handler, WPARAM wParam, LPARAM) {
+        (window.*handler)(wParam);
+        return 0;
+    }
+};
+
 struct Raw {
     template <class Class>
     using Handler = LRESULT (Class::*)(WPARAM, LPARAM);
@@ -155,6 +165,8 @@ constexpr auto Choose() {
         return Creation{};
     else if constexpr (Message == WM_SIZE)
         return Size{};
+    else if constexpr (Message == WM_TIMER)
+        return Timer{};
     else
         return Raw{};
 }

@@ -12,6 +12,7 @@ using DWORD = unsigned long;  // as wide as a pointer: a row's data word holds o
 using WPARAM = unsigned long;
 using LPARAM = long;
 using LRESULT = long;
+using UINT_PTR = unsigned long;
 
 // Names a window for as long as it lives; a handle is never given to a second window.
 struct WindowHandle;

@@ -61,8 +61,12 @@ void RecordingCanvas::DrawLine(CPoint from, CPoint to, COLORREF colour) {
     Add(DrawOperation::Kind::Line, {from.x, from.y, to.x, to.y}).colour = colour;
 }
 
-void RecordingCanvas::DrawFocusRect(const CRect& rect) {
-    Add(DrawOperation::Kind::FocusRect, rect);
+void RecordingCanvas::FrameRect(const CRect& rect, COLORREF colour) {
+    Add(DrawOperation::Kind::Frame, rect).colour = colour;
+}
+
+void RecordingCanvas::DrawFocusRect(const CRect& rect, COLORREF colour) {
+    Add(DrawOperation::Kind::FocusRect, rect).colour = colour;
 }
 
 void RecordingCanvas::DrawBitmap(CPoint place, const CBitmap& bitmap,

@@ -11,7 +11,7 @@
 namespace orvo {
 
 struct DrawOperation {
-    enum class Kind { Text, Fill, Line, Bitmap, FocusRect };
+    enum class Kind { Text, Fill, Line, Bitmap, Frame, FocusRect };
 
     Kind kind = Kind::Text;
     CRect rect;  // of a line: from left top to right bottom
@@ -38,7 +38,8 @@ public:
     void DrawText(std::string_view text, const CRect& rect, const TextLook& look) override;
     void FillRect(const CRect& rect, COLORREF colour) override;
     void DrawLine(CPoint from, CPoint to, COLORREF colour) override;
-    void DrawFocusRect(const CRect& rect) override;
+    void FrameRect(const CRect& rect, COLORREF colour) override;
+    void DrawFocusRect(const CRect& rect, COLORREF colour) override;
     void DrawBitmap(CPoint place, const CBitmap& bitmap, std::optional<COLORREF> clear) override;
 
 private:

@@ -34,6 +34,13 @@ public:
     // Called when a message is posted: PumpMessages is to be called before long, but not from here.
     virtual void WakeUp() = 0;
 
+    // From now on WM_TIMER comes to the window each time that many milliseconds, at least 1, have
+    // passed. A timer of the window and id that runs already begins anew.
+    virtual void StartTimer(HWND window, UINT_PTR id, UINT milliseconds) = 0;
+
+    // Gives: false where there is no such timer.
+    virtual bool StopTimer(HWND window, UINT_PTR id) = 0;
+
     // Shows the menu at a point of the screen until the user has chosen.
     // Gives: the command, 0 for none.
     virtual UINT TrackPopupMenu(CMenu& menu, UINT flags, CPoint point, CWnd* owner) = 0;

@@ -6,9 +6,8 @@
 
 #include <contracts/Profile.h>
 #include <contracts/Settings.h>
+#include <platform/settings/SettingsFixture.h>
 #include <support/LocaleInForce.h>
-
-#include "SettingsFixture.h"
 
 namespace orvo {
 

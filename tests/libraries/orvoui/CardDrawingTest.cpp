@@ -100,12 +100,13 @@ TEST_F(CardsAskedFor, OfAMillionCardsOnlyThoseInViewAreAskedFor) {
 TEST_F(CardDrawing, ACardHasAFrameABandAndItsTitle) {
     const Recording& drawn = Paint();
 
-    ASSERT_EQ(drawn.size(), 5U) << "the ground of the view, three fills and the title";
+    ASSERT_EQ(drawn.size(), 5U) << "the grounds of view, card and band, the frame and the title";
     EXPECT_EQ(drawn[1].rect, kCard);
-    EXPECT_EQ(drawn[2].rect, (CRect{9, 9, 247, 167}));
-    EXPECT_EQ(drawn[2].colour, GetSysColor(COLOR_WINDOW));
-    EXPECT_NE(drawn[1].colour, drawn[2].colour);
-    EXPECT_EQ(drawn[3].rect, kBand);
+    EXPECT_EQ(drawn[1].colour, GetSysColor(COLOR_WINDOW));
+    EXPECT_EQ(drawn[2].rect, (CRect{8, 8, 248, 31}));
+    EXPECT_EQ(drawn[3].kind, Kind::Frame);
+    EXPECT_EQ(drawn[3].rect, kCard);
+    EXPECT_NE(drawn[3].colour, drawn[1].colour);
     EXPECT_EQ(drawn[4].rect, kTitle);
     EXPECT_EQ(drawn[4].colour, GetSysColor(COLOR_WINDOWTEXT));
     EXPECT_TRUE(drawn[4].font.isBold);
@@ -117,10 +118,11 @@ TEST_F(CardDrawing, ASelectedCardShowsItAndTheFocusOnlyWithTheKeyboard) {
 
     const Recording& drawn = Paint();
     ASSERT_EQ(drawn.size(), 6U);
-    EXPECT_EQ(drawn[3].colour, GetSysColor(COLOR_HIGHLIGHT));
+    EXPECT_EQ(drawn[2].colour, GetSysColor(COLOR_HIGHLIGHT));
     EXPECT_EQ(drawn[4].colour, GetSysColor(COLOR_HIGHLIGHTTEXT));
     EXPECT_EQ(drawn[5].kind, Kind::FocusRect);
-    EXPECT_EQ(drawn[5].rect, (CRect{10, 10, 246, 166}));
+    EXPECT_EQ(drawn[5].rect, (CRect{10, 10, 246, 30})) << "in the band, whose colours it has";
+    EXPECT_EQ(drawn[5].colour, GetSysColor(COLOR_HIGHLIGHTTEXT));
 
     CWnd other;
     other.Create(0, {0, 0, 10, 10}, nullptr, 2);

@@ -136,6 +136,28 @@ TEST_F(ListColumns, TheSortColumnIsRecorded) {
     EXPECT_EQ(list.GetSortColumn(), -1);
 }
 
+TEST_F(ListColumns, TheHeadingOfTheSortColumnIsMarkedAlsoWhenItIsShownLater) {
+    const auto marked = [this](int id) {
+        for (int column = 0; column < list.GetHeaderCtrl()->GetItemCount(); ++column) {
+            LVCOLUMN content;
+            content.mask = LVCF_FMT;
+            list.SendMessage(LVM_GETCOLUMN, static_cast<WPARAM>(column), LParamOf(&content));
+            if (list.SubItemFromIndex(column) == id) return (content.fmt & HDF_SORTUP) != 0;
+        }
+        return false;
+    };
+    list.ShowColumn(1, -1);
+    list.SetSortOrder(2, 1);
+    list.ShowColumn(2, -1);
+    EXPECT_TRUE(marked(2));
+    EXPECT_FALSE(marked(1));
+
+    list.SetSortOrder(1, 1);
+
+    EXPECT_FALSE(marked(2));
+    EXPECT_TRUE(marked(1));
+}
+
 }  // namespace
 
 }  // namespace orvo

@@ -89,6 +89,36 @@ TEST_F(ListDrawing, PicturesAreDrawnWithoutTheirKeyAndRecoloured) {
     EXPECT_EQ(drawn->front().bitmap.GetPixel({1, 0}), COLORREF{255});
 }
 
+TEST_F(ListDrawing, AMarkTakesTheColoursOfItsRowAndKeepsItsKey) {
+    constexpr COLORREF kRed = RGB(255, 0, 0);
+    CBitmap mark({4, 1}, kRed);
+    mark.SetPixel({1, 0}, RGB(0, 0, 0));
+    mark.SetPixel({2, 0}, RGB(255, 255, 255));
+    mark.SetPixel({3, 0}, RGB(102, 102, 102));
+    system.SetColour(COLOR_WINDOWTEXT, RGB(250, 250, 250));
+    system.SetColour(COLOR_WINDOW, RGB(0, 50, 100));
+
+    const CBitmap dark = OUIMarkInColours(mark, kRed, kTextColour);
+    const CBitmap selected = OUIMarkInColours(mark, kRed, kSelectedTextColour);
+
+    EXPECT_EQ(dark.GetPixel({0, 0}), kRed);
+    EXPECT_EQ(dark.GetPixel({1, 0}), RGB(250, 250, 250));
+    EXPECT_EQ(dark.GetPixel({2, 0}), RGB(0, 50, 100));
+    EXPECT_EQ(dark.GetPixel({3, 0}), RGB(150, 170, 190));
+    EXPECT_EQ(selected.GetPixel({1, 0}), GetSysColor(COLOR_HIGHLIGHTTEXT));
+    EXPECT_EQ(selected.GetPixel({2, 0}), GetSysColor(COLOR_HIGHLIGHT));
+}
+
+TEST_F(ListDrawing, AnOverdueDateStandsOnTheGroundThatItsColourIsMadeFor) {
+    CRect cell{10, 20, 110, 38};
+    OUIDrawCellText(&dc, "3/13", &cell, kOverdueColour, 0, DT_SINGLELINE | DT_RIGHT);
+
+    ASSERT_EQ(drawn->size(), 2U);
+    EXPECT_EQ(drawn->front().rect, (CRect{72, 21, 108, 37}));
+    EXPECT_EQ(drawn->front().colour, GetSysColor(COLOR_WINDOW));
+    EXPECT_EQ(drawn->back().text, "3/13");
+}
+
 TEST_F(ListDrawing, ColoursComeInTheOutputsThatAreAskedFor) {
     struct Row {
         int id;

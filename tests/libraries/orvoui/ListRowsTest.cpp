@@ -57,6 +57,7 @@ TEST_F(ListRows, TheGroundTellsSelectionAndAFrameTellsTheFocus) {
     EXPECT_EQ(drawn[1].rect, (CRect{0, 20, 130, 38}));
     EXPECT_EQ(drawn[1].colour, GetSysColor(COLOR_HIGHLIGHT));
     EXPECT_EQ(drawn[2].kind, Kind::FocusRect);
+    EXPECT_EQ(drawn[2].colour, GetSysColor(COLOR_HIGHLIGHTTEXT));
 }
 
 TEST_F(ListRows, AMaskedRowShowsOneBarAndNothingOfItsRecord) {

@@ -14,8 +14,8 @@
 
 #include <contract/StoreFolder.h>
 #include <contracts/RecordStore.h>
+#include <support/ChildProcess.h>
 
-#include "ChildProcess.h"
 #include "RawStore.h"
 
 namespace orvo {

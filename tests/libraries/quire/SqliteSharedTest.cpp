@@ -9,8 +9,8 @@
 
 #include <contract/StoreFolder.h>
 #include <contracts/RecordStore.h>
+#include <support/ChildProcess.h>
 
-#include "ChildProcess.h"
 #include "RawStore.h"
 
 namespace orvo {
@@ -68,7 +68,11 @@ TEST_F(SqliteShared, AWriteWhileAnotherWritesIsBusyAndChangesNothing) {
     ASSERT_EQ(other->Begin(), StoreStatus::Ok);
     constexpr long kBusy = static_cast<long>(StoreStatus::Busy);
 
+    std::vector<std::string> told;
+    table.SetFailureListener(
+        [&told](const std::string& reason, bool) { told.push_back(reason); });
     EXPECT_EQ(record.SetUtf8(AddressField::Name, "Sato"), kBusy);
+    EXPECT_THAT(told, testing::ElementsAre(table.LastError()));
     EXPECT_EQ(table.LastError(), folder.Path() + ": another program is writing to this store");
     EXPECT_EQ(table.Add(fresh), kBusy);
     EXPECT_EQ(table.Remove(record), kBusy);

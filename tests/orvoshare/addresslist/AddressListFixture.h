@@ -8,7 +8,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <libraries/orvocmn/SettingsFixture.h>
+#include <platform/settings/SettingsFixture.h>
 #include <orvoshare/addresslist/DetailViewAddrList.h>
 #include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/resources/StringTable.h>

@@ -6,7 +6,7 @@
 #include <gmock/gmock.h>
 
 #include <contracts/Profile.h>
-#include <libraries/orvocmn/SettingsFixture.h>
+#include <platform/settings/SettingsFixture.h>
 #include <orvoshare/addressviews/DetailViewAddrCard.h>
 #include <orvoshare/addressviews/LookupEdit.h>
 #include <platform/window/MemoryWindowPeer.h>

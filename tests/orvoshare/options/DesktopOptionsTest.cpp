@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <contracts/Settings.h>
-#include <libraries/orvocmn/SettingsFixture.h>
+#include <platform/settings/SettingsFixture.h>
 #include <orvoshare/options/DesktopOptions.h>
 #include <platform/io/CFile.h>
 #include <platform/io/TempFolder.h>

@@ -129,6 +129,10 @@ TEST_F(TodoCells, MarkersStandInTheMiddleOfTheRowWithoutTheirRed) {
     CBitmap selectedCheck = check;
     selectedCheck.ReplaceColor(RGB(0, 0, 0), kSelected);
     ASSERT_NE(selectedCheck, check);
+    constexpr COLORREF kKey = RGB(255, 0, 0);
+    note = OUIMarkInColours(note, kKey, kTextColour);
+    check = OUIMarkInColours(check, kKey, kTextColour);
+    padlock = OUIMarkInColours(padlock, kKey, kSelectedTextColour);
     const auto record = Make({"a"});
     for (const int id : {4, 5, 6}) EXPECT_TRUE(Draw(record.get(), id).empty()) << id;
     record->SetNote("a note");

@@ -13,7 +13,7 @@
 #include <gtest/gtest.h>
 
 #include <contracts/Dates.h>
-#include <libraries/orvocmn/SettingsFixture.h>
+#include <platform/settings/SettingsFixture.h>
 #include <libraries/quire/MemoryEngine.h>
 #include <orvoshare/todo/TodoListbox.h>
 #include <platform/text/CodePage.h>

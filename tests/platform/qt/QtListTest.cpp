@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include <QHeaderView>
 #include <QHelpEvent>
+#include <QListView>
 #include <QScrollBar>
+#include <QSignalSpy>
 #include <QToolTip>
 #include <QTreeView>
 #include <cstring>
@@ -12,6 +14,7 @@
 #include <gmock/gmock.h>
 
 #include <platform/qt/QtFixture.h>
+#include <platform/qt/QtListPeer.h>
 #include <platform/text/MultiByte.h>
 #include <platform/window/CListCtrl.h>
 
@@ -299,19 +302,94 @@ TEST_F(QtListTest, WhileDrawingIsOffNothingIsPainted) {
     EXPECT_EQ(PixelsOf(Picture(list), {0, 60, 380, 180}, GetSysColor(COLOR_WINDOW)), 380 * 120);
 }
 
-TEST(QtHiddenList, KnowsItsPlacesBeforeItIsShown) {
-    const QtSystemInForce system;
-    CWnd parent;
-    parent.Create(WS_POPUP, {0, 0, 400, 300}, nullptr, 0);
-    CListCtrl list;
-    list.Create(LVS_REPORT, {0, 0, 400, 200}, &parent, 1);
-    list.InsertColumn(0, "Name", LVCFMT_LEFT, 100);
-    for (int row = 0; row < 1000; ++row) list.InsertItem(row, "x");
+TEST_F(QtListTest, QtHearsOfAllThatChangedWhileDrawingWasOffAsOneReset) {
+    const QAbstractItemModel& model = *Widget(list).findChild<QTreeView*>()->model();
+    const QSignalSpy inserts(&model, &QAbstractItemModel::rowsInserted);
+    const QSignalSpy removals(&model, &QAbstractItemModel::rowsRemoved);
+    const QSignalSpy resets(&model, &QAbstractItemModel::modelReset);
 
-    list.EnsureVisible(999, 0);
+    list.SetRedraw(0);
+    list.DeleteAllItems();
+    for (int row = 0; row < 100; ++row) list.InsertItem(row, "x");
+    list.DeleteItem(0);
+    list.SetItemState(50, LVIS_FOCUSED, LVIS_FOCUSED);
+    EXPECT_EQ(resets.count(), 0);
+    list.SetRedraw(1);
 
-    EXPECT_GT(list.GetCountPerPage(), 4);
-    EXPECT_EQ(list.GetTopIndex(), 1000 - list.GetCountPerPage());
+    EXPECT_EQ(inserts.count() + removals.count(), 0);
+    EXPECT_EQ(resets.count(), 1);
+    EXPECT_EQ(Widget(list).findChild<QTreeView*>()->currentIndex().row(), 50);
+    EXPECT_EQ(Header().sectionSize(1), list.GetColumnWidth(1));
+}
+
+TEST_F(QtListTest, AssistiveTechnologyFindsIconsWhereTheyAreSeen) {
+    list.SetView(LVS_ICON);
+    auto& icons = *Widget(list).findChild<QListView*>();
+    CRect bounds;
+    list.GetItemRect(3, &bounds, LVIR_BOUNDS);
+
+    EXPECT_EQ(icons.visualRect(icons.model()->index(3, 0)), ToQt(bounds));
+    EXPECT_EQ(icons.indexAt(ToQt(bounds).center()).row(), 3);
+    icons.scrollTo(icons.model()->index(49, 0));
+    EXPECT_GT(list.GetTopIndex(), 0);
+}
+
+TEST_F(QtListTest, TheHeadingMarksTheColumnByWhichTheRowsAreSortedWhereverItStands) {
+    LVCOLUMN content;
+    content.mask = LVCF_FMT;
+    content.fmt = LVCFMT_RIGHT | HDF_SORTUP;
+    list.SetColumn(1, content);
+    EXPECT_EQ(Header().sortIndicatorSection(), 1);
+
+    QWidget& heading = *Header().viewport();
+    QTest::mouseClick(&heading, Qt::LeftButton, {}, {20, heading.height() / 2});
+    EXPECT_EQ(list.clickedHeading, 0);
+    EXPECT_EQ(Header().sortIndicatorSection(), 1) << "a click alone sorts nothing";
+
+    list.InsertColumn(0, "New", LVCFMT_LEFT, 30);
+    EXPECT_EQ(Header().sortIndicatorSection(), 2);
+    EXPECT_EQ(Header().sortIndicatorOrder(), Qt::AscendingOrder);
+}
+
+// The first place of a line at which something dark is drawn.
+int FirstInk(const QImage& picture, int top, int bottom) {
+    for (int x = 0; x < picture.width(); ++x) {
+        for (int y = top; y < bottom; ++y) {
+            if (picture.pixelColor(x, y).lightness() < 100) return x;
+        }
+    }
+    return -1;
+}
+
+TEST_F(QtListTest, AHeadingBeginsWhereTheTextsBelowItDo) {
+    list.SetItemText(2, 0, "Name");
+    CRect row;
+    list.GetItemRect(2, &row, LVIR_BOUNDS);
+
+    const QImage picture = Picture(list);
+
+    const int cell = FirstInk(picture, row.top, row.bottom);
+    EXPECT_GE(cell, 4);
+    EXPECT_EQ(FirstInk(picture, 2, Header().height() - 3), cell);
+}
+
+TEST_F(QtListTest, ATextThatIsCutIsTheTipOfItsCell) {
+    const char* text = "A <b>text</b> that is far too long for its column";
+    list.SetItemText(1, 0, text);
+    list.SetItemText(1, 2, "short");
+    const auto& peer = dynamic_cast<QtListPeer&>(*list.GetPeer());
+    EXPECT_EQ(peer.CutText(Cell(1, 0)), CString(text));
+    EXPECT_EQ(peer.CutText(Cell(1, 2)), CString());
+    EXPECT_EQ(peer.CutText(Cell(2, 0)), CString());
+    EXPECT_EQ(peer.CutText({399, 199}), CString()) << "below all rows";
+
+    QWidget& seen = *Widget(list).childAt(ToQt(Cell(1, 0)));
+    const QPoint place = seen.mapFrom(&Widget(list), ToQt(Cell(1, 0)));
+    QHelpEvent help(QEvent::ToolTip, place, seen.mapToGlobal(place));
+    QCoreApplication::sendEvent(&seen, &help);
+
+    EXPECT_TRUE(QToolTip::text().contains("A &lt;b&gt;text")) << QToolTip::text().toStdString();
+    QToolTip::hideText();
 }
 
 }  // namespace

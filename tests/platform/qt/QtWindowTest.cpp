@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <QApplication>
 #include <QPalette>
+#include <QScreen>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -37,12 +39,14 @@ public:
     std::vector<std::string> told;
     HCURSOR shape = nullptr;
     int paints = 0;
+    std::function<void()> onPaint;
 
 private:
     void OnGone() { told.push_back("gone"); }
     void OnSized(UINT, int width, int) { told.push_back("size " + std::to_string(width)); }
     LRESULT OnPaint(WPARAM wParam, LPARAM) {
         ++paints;
+        if (onPaint) onPaint();
         reinterpret_cast<CDC*>(wParam)->FillSolidRect({10, 10, 30, 30}, kRed);
         return 0;
     }
@@ -93,6 +97,53 @@ TEST_F(QtWindowTest, PaintsItselfAndKeepsWhatIsDrawnOnItUntilItPaintsAnew) {
 
     window.Invalidate();
     EXPECT_EQ(PixelsOf(Widget(window).grab().toImage(), {0, 0, 200, 100}, kBlue), 0);
+}
+
+// What stands on the screen, without a paint.
+QImage Seen(QWidget& widget) {
+    return widget.screen()->grabWindow(widget.winId()).toImage();
+}
+
+TEST_F(QtWindowTest, EachPieceThatIsDrawnIsSeenBeforeTheEventLoopTurns) {
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&Widget(window)));
+    CClientDC dc(&window);
+    dc.SetPenColor(kBlue);
+    for (int piece = 0; piece < 5; ++piece) {
+        dc.MoveTo(50 + 10 * piece, 40);
+        dc.LineTo(59 + 10 * piece, 40);
+        EXPECT_EQ(PixelsOf(Seen(Widget(window)), {0, 0, 200, 100}, kBlue), 10 * (piece + 1));
+    }
+    EXPECT_EQ(PixelsOf(Seen(Widget(window)), {0, 0, 200, 100}, kRed), 400);
+}
+
+TEST_F(QtWindowTest, APaintThatDrawsOnItsWindowPaintsOnceMoreAndNotInsideItself) {
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&Widget(window)));
+    QCoreApplication::processEvents();
+    window.onPaint = [this] {
+        if (window.paints == 1) CClientDC(&window).FillSolidRect({50, 10, 60, 20}, kBlue);
+        window.UpdateWindow();
+    };
+    window.paints = 0;
+
+    window.RedrawWindow();
+    EXPECT_EQ(window.paints, 1);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return window.paints == 2; }));
+    QCoreApplication::processEvents();
+
+    EXPECT_EQ(window.paints, 2);
+    window.onPaint = nullptr;
+    EXPECT_EQ(PixelsOf(Widget(window).grab().toImage(), {0, 0, 200, 100}, kBlue), 100);
+}
+
+TEST_F(QtWindowTest, AWindowMayGoWhileItIsDrawnOn) {
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&Widget(window)));
+    CClientDC dc(&window);
+    window.onPaint = [this] { window.DestroyWindow(); };
+
+    dc.FillSolidRect({50, 10, 60, 20}, kBlue);
+    dc.FillSolidRect({70, 10, 80, 20}, kBlue);
+
+    EXPECT_EQ(window.GetSafeHwnd(), nullptr);
 }
 
 TEST_F(QtWindowTest, AnUpdatePaintsAtOnceButNothingTwice) {

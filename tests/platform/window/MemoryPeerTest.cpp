@@ -3,6 +3,7 @@
 #include <random>
 
 #include <contract/PeerContract.h>
+#include <contract/TimerContract.h>
 #include <platform/window/MemoryListPeer.h>
 #include <platform/window/MemoryWindowSystem.h>
 #include <platform/window/RowSelection.h>
@@ -13,6 +14,41 @@ INSTANTIATE_TYPED_TEST_SUITE_P(Memory, ListPeerContract, MemoryWindowSystem);
 INSTANTIATE_TYPED_TEST_SUITE_P(Memory, EditPeerContract, MemoryWindowSystem);
 
 namespace {
+
+struct MemoryClock {
+    using System = MemoryWindowSystem;
+    static bool Run(System& system, const std::function<bool()>& isDone) {
+        for (int step = 0; step < 1000 && !isDone(); ++step) system.PassTime(1);
+        return isDone();
+    }
+};
+INSTANTIATE_TYPED_TEST_SUITE_P(Memory, TimerContract, MemoryClock);
+
+TEST(MemoryTimers, TickAtTheirMomentsInTheOrderOfTime) {
+    MemoryWindowSystem system;
+    WindowSystem::SetCurrent(&system);
+    struct Ticker : CWnd {
+        LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+            if (message == WM_TIMER) ids.push_back(wParam);
+            return CWnd::WindowProc(message, wParam, lParam);
+        }
+        std::vector<WPARAM> ids;
+    };
+    {
+        Ticker window;
+        window.Create(WS_POPUP, {0, 0, 10, 10}, nullptr, 0);
+        window.SetTimer(1, 100);
+        window.SetTimer(2, 40);
+
+        system.PassTime(39);
+        EXPECT_TRUE(window.ids.empty());
+        system.PassTime(61);
+        EXPECT_THAT(window.ids, testing::ElementsAre(2, 2, 1));
+        system.PassTime(20);
+        EXPECT_THAT(window.ids, testing::ElementsAre(2, 2, 1, 2));
+    }
+    WindowSystem::SetCurrent(nullptr);
+}
 
 TEST(MemoryListPeer, RowsStandBelowTheHeadingAndIconsInLines) {
     MemoryListPeer list({nullptr, {0, 0, 160, 100}, LVS_REPORT});

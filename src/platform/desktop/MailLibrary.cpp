@@ -1,0 +1,77 @@
+// MAPI32.DLL: Simple MAPI over the desktop's own composer.
+// SPDX-License-Identifier: MIT
+#include <filesystem>
+#include <unistd.h>
+
+#include <platform/Export.h>
+#include <platform/desktop/AttachmentCopies.h>
+#include <platform/desktop/MailComposer.h>
+#include <platform/module/LoadLibrary.h>
+
+namespace orvo {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Texts are taken for UTF-8 where the program that has loaded the library tells no more.
+std::string AsItIs(const char* text) {
+    return text ? text : "";
+}
+TextToUtf8 toUtf8 = AsItIs;
+
+ULONG AddRecipients(const MapiMessage& message, MailDraft& draft) {
+    for (ULONG i = 0; i < message.nRecipCount; ++i) {
+        const MapiRecipDesc& recipient = message.lpRecips[i];
+        if (recipient.ulRecipClass != MAPI_TO) return MAPI_E_BAD_RECIPTYPE;
+        const std::string address = PlainMailAddress(toUtf8(recipient.lpszAddress));
+        if (address.empty()) return MAPI_E_UNKNOWN_RECIPIENT;
+        draft.to.push_back(address);
+    }
+    return SUCCESS_SUCCESS;
+}
+
+ULONG AddFile(const MapiFileDesc& file, MailDraft& draft) {
+    std::error_code error;
+    const fs::path path = fs::absolute(toUtf8(file.lpszPathName), error);
+    if (error || !fs::exists(path, error)) return MAPI_E_ATTACHMENT_NOT_FOUND;
+    if (!fs::is_regular_file(path, error) || ::access(path.c_str(), R_OK) != 0) {
+        return MAPI_E_ATTACHMENT_OPEN_FAILURE;
+    }
+    const std::string name = toUtf8(file.lpszFileName);
+    const bool bearsItsName = name.empty() || name == path.filename();
+    draft.attachments.push_back(bearsItsName ? path.string() : CopyUnderName(path, name));
+    return draft.attachments.back().empty() ? MAPI_E_ATTACHMENT_WRITE_FAILURE : SUCCESS_SUCCESS;
+}
+
+ULONG SendMail(const MapiMessage* message, ULONG flags) {
+    if (!message) return MAPI_E_INVALID_MESSAGE;
+    if ((flags & MAPI_DIALOG) == 0) return MAPI_E_NOT_SUPPORTED;
+    RemoveOldCopies();
+    MailDraft draft;
+    draft.subject = toUtf8(message->lpszSubject);
+    draft.body = toUtf8(message->lpszNoteText);
+    ULONG result = AddRecipients(*message, draft);
+    for (ULONG i = 0; result == SUCCESS_SUCCESS && i < message->nFileCount; ++i) {
+        result = AddFile(message->lpFiles[i], draft);
+    }
+    return result == SUCCESS_SUCCESS ? OpenComposer(draft) : result;
+}
+
+}  // namespace
+}  // namespace orvo
+
+extern "C" {
+
+ORVO_API void OrvoLibraryAttach(orvo::TextToUtf8 toUtf8) {
+    orvo::toUtf8 = toUtf8;
+}
+
+ORVO_API orvo::ULONG MAPISendMail(std::uintptr_t, std::uintptr_t, orvo::MapiMessage* message,
+                                  orvo::ULONG flags, orvo::ULONG) {
+    try {
+        return orvo::SendMail(message, flags);
+    } catch (const std::exception&) {
+        return orvo::MAPI_E_FAILURE;
+    }
+}
+}

@@ -1,0 +1,45 @@
+// A file that is written beside another one and then takes its place as a whole.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <sys/types.h>
+
+#include <platform/Export.h>
+#include <platform/io/Descriptor.h>
+
+namespace orvo {
+
+// For the user's eyes alone until it is in its place, and gone without a trace unless Replace
+// succeeds; at every moment, also of a crash, the old file is whole. Where an operation fails it
+// gives false, and `errno` tells why.
+class ORVO_API FileReplacement {
+public:
+    FileReplacement() = default;
+    FileReplacement(const FileReplacement&) = delete;
+    FileReplacement& operator=(const FileReplacement&) = delete;
+    ~FileReplacement();
+
+    // Makes the file `temporary`, which must lie in the folder of `target`.
+    // Fails:  where a file of that name is there already, with EEXIST.
+    bool Open(const std::string& target, const std::string& temporary);
+
+    bool Write(std::string_view bytes);
+
+    // The number of the open file, for what its owner and permissions are set by.
+    int Number() const { return m_file.Number(); }
+
+    // Gives the file these permissions, makes it safe on disk, and puts it in its place.
+    bool Replace(mode_t permissions);
+
+private:
+    std::string m_target;
+    std::string m_temporary;
+    Descriptor m_file;
+};
+
+// The folder in which a file lies; "." for a bare name.
+ORVO_API std::string FolderOf(const std::string& path);
+
+}  // namespace orvo

@@ -1,0 +1,265 @@
+// The mail library with the desktop's real way to a composer, which here is a script.
+// SPDX-License-Identifier: MIT
+#include <charconv>
+#include <cstdlib>
+#include <filesystem>
+#include <map>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <platform/desktop/SimpleMapi.h>
+#include <platform/io/TempFolder.h>
+#include <platform/module/LoadLibrary.h>
+#include <platform/text/CodePage.h>
+#include <support/CodePages.h>
+#include <support/Environment.h>
+#include <support/LocaleInForce.h>
+
+namespace orvo {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+
+std::string PercentDecoded(std::string_view text) {
+    std::string decoded;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        unsigned byte = static_cast<unsigned char>(text[i]);
+        if (text[i] == '%') {
+            std::from_chars(text.data() + i + 1, text.data() + i + 3, byte, 16);
+            i += 2;
+        }
+        decoded += static_cast<char>(byte);
+    }
+    return decoded;
+}
+
+std::vector<std::string> Split(const std::string& text, char separator) {
+    std::vector<std::string> parts;
+    std::istringstream stream(text);
+    for (std::string part; std::getline(stream, part, separator);) parts.push_back(part);
+    return parts;
+}
+
+std::string SystemText(const std::string& utf8) {
+    std::string text;
+    CodePage::System().FromUtf8(utf8, text);
+    return text;
+}
+
+struct MailLibraryTest : testing::Test {
+    MailLibraryTest() {
+        const std::string composer = home.Path("composer.sh");
+        std::ofstream(composer) << "#!/bin/sh\nprintf %s \"$*\" >'" << home.Path("received")
+                                << "'\n";
+        fs::permissions(composer, fs::perms::owner_all);
+        fs::create_directories(home.Path("data/applications"));
+        fs::create_directories(home.Path("config"));
+        fs::create_directories(home.Path("temporary"));
+        std::ofstream(home.Path("data/applications/composer.desktop"))
+            << "[Desktop Entry]\nType=Application\nName=Composer\nExec=" << composer
+            << " %u\nMimeType=x-scheme-handler/mailto;\n";
+        environment.Set("XDG_DATA_HOME", home.Path("data"));
+        environment.Set("XDG_CONFIG_HOME", home.Path("config"));
+        environment.Set("XDG_CURRENT_DESKTOP", "X-Generic");
+        environment.Set("TMPDIR", home.Path("temporary"));
+        environment.Set("DISPLAY", ":none");
+        environment.Set("BROWSER", "no-such-browser");
+        environment.Set("MAILER", std::nullopt);
+        library = LoadLibraryA("MAPI32.DLL");
+        send = reinterpret_cast<MapiSendMail>(GetProcAddress(library, "MAPISendMail"));
+    }
+    ~MailLibraryTest() override { FreeLibrary(library); }
+
+    void SetUp() override {
+        ASSERT_TRUE(send);
+        ASSERT_EQ(std::system("xdg-mime default composer.desktop x-scheme-handler/mailto"), 0);
+    }
+
+    ULONG Send(ULONG flags = MAPI_LOGON_UI | MAPI_DIALOG) {
+        message.nRecipCount = static_cast<ULONG>(recipients.size());
+        message.lpRecips = recipients.data();
+        message.nFileCount = static_cast<ULONG>(files.size());
+        message.lpFiles = files.data();
+        return send(0, 0, &message, flags, 0);
+    }
+
+    void AddRecipient(const char* address) {
+        recipients.push_back({0, MAPI_TO, "", address, 0, nullptr});
+    }
+    void AddFile(const char* path, const char* name) {
+        files.push_back({0, 0, MAPI_NO_POSITION, path, name, nullptr});
+    }
+
+    // What the composer was given: the values of each field, decoded.
+    std::map<std::string, std::vector<std::string>> Received() const {
+        const std::string uri = TempFolder::Content(home.Path("received"));
+        EXPECT_EQ(uri.substr(0, 7), "mailto:");
+        const std::size_t mark = std::min(uri.find('?'), uri.size());
+        std::map<std::string, std::vector<std::string>> fields;
+        for (const std::string& each : Split(uri.substr(7, mark - 7), ',')) {
+            fields["to"].push_back(PercentDecoded(each));
+        }
+        const std::string rest = mark < uri.size() ? uri.substr(mark + 1) : std::string();
+        for (const std::string& each : Split(rest, '&')) {
+            const std::size_t sign = each.find('=');
+            fields[each.substr(0, sign)].push_back(PercentDecoded(each.substr(sign + 1)));
+        }
+        return fields;
+    }
+    bool IsComposerOpened() const { return fs::exists(home.Path("received")); }
+
+    TempFolder home;
+    Environment environment;
+    HMODULE library = nullptr;
+    MapiSendMail send = nullptr;
+    MapiMessage message;
+    std::vector<MapiRecipDesc> recipients;
+    std::vector<MapiFileDesc> files;
+};
+
+TEST_F(MailLibraryTest, EveryTextArrivesAsItWas) {
+    const char* const texts[] = {
+        "plain",
+        "'\"",
+        "$(touch x) ${HOME} `id`",
+        "a & b | c ; d > e",
+        "100% %41 %n %s",
+        "-o --help",
+        "~ * ?",
+        "back\\slash \\n \\c \\0101",
+        "caf\xC3\xA9 \xE5\xB1\xB1\xE8\xA1\xA8",
+        "#x !y",
+    };
+    for (const LocaleCase& locale : kBothCodePages) {
+        const LocaleInForce inForce(locale.tag, locale.codePage);
+        for (const std::string utf8 : texts) {
+            const std::string text = SystemText(utf8);
+            message.lpszSubject = text.c_str();
+            message.lpszNoteText = text.c_str();
+
+            ASSERT_EQ(Send(), SUCCESS_SUCCESS) << utf8;
+
+            EXPECT_THAT(Received()["subject"], ElementsAre(utf8));
+            EXPECT_THAT(Received()["body"], ElementsAre(utf8));
+        }
+    }
+}
+
+TEST_F(MailLibraryTest, EveryRecipientIsOnTheToLine) {
+    const std::string strange = "-x$(id)`'&%@example.org";
+    AddRecipient("SMTP:ann@example.org");
+    AddRecipient(strange.c_str());
+
+    EXPECT_EQ(Send(), SUCCESS_SUCCESS);
+
+    EXPECT_THAT(Received()["to"], ElementsAre("ann@example.org", strange));
+}
+
+TEST_F(MailLibraryTest, ALineEndBeginsNoFieldOfTheMessage) {
+    message.lpszSubject = "Hi\r\nBcc: x@example.org";
+    message.lpszNoteText = "one\ntwo";
+
+    EXPECT_EQ(Send(), SUCCESS_SUCCESS);
+
+    EXPECT_THAT(Received()["subject"], ElementsAre("Hi  Bcc: x@example.org"));
+    EXPECT_THAT(Received()["body"], ElementsAre("one\r\ntwo"));
+}
+
+TEST_F(MailLibraryTest, AFileIsAttachedByItsWholePath) {
+    for (const LocaleCase& locale : kBothCodePages) {
+        const LocaleInForce inForce(locale.tag, locale.codePage);
+        const std::string name = "-\xE8\xA1\xA8 '$(id)`&%.vcf";
+        std::string folder = home.Path("");
+        while (folder.size() + name.size() < 259) {
+            folder +=
+                std::string(std::min<std::size_t>(50, 259 - folder.size() - name.size()), 'd') +
+                "/";
+        }
+        fs::create_directories(folder);
+        const std::string path = folder + name;
+        std::ofstream(path) << "BEGIN:VCARD";
+        const std::string systemPath = SystemText(path);
+        const std::string systemName = SystemText(name);
+        files.clear();
+        AddFile(systemPath.c_str(), systemName.c_str());
+
+        EXPECT_EQ(Send(), SUCCESS_SUCCESS);
+
+        EXPECT_THAT(Received()["attach"], ElementsAre(path));
+        EXPECT_GE(path.size(), 259U);
+    }
+}
+
+TEST_F(MailLibraryTest, AFileOfAnotherNameIsAttachedUnderTheNameGiven) {
+    const std::string first = home.File("x1", "first");
+    const std::string second = home.File("x2", "second");
+    AddFile(first.c_str(), "Ann.vcf");
+    AddFile(second.c_str(), "Ann.vcf");
+    AddFile(second.c_str(), nullptr);
+
+    EXPECT_EQ(Send(), SUCCESS_SUCCESS);
+
+    const std::vector<std::string> paths = Received()["attach"];
+    ASSERT_EQ(paths.size(), 3U);
+    EXPECT_EQ(fs::path(paths[0]).filename(), "Ann.vcf");
+    EXPECT_EQ(TempFolder::Content(paths[0]), "first");
+    EXPECT_EQ(fs::path(paths[1]).filename(), "Ann.vcf");
+    EXPECT_EQ(TempFolder::Content(paths[1]), "second");
+    EXPECT_EQ(paths[2], second);
+}
+
+TEST_F(MailLibraryTest, WhatCantBeSentIsToldByItsCode) {
+    const std::string file = home.File("a.vcf", "");
+    const std::string missing = home.Path("missing.vcf");
+    const std::string folder = home.Path("data");
+    const std::string longText(1 << 20, 'x');
+    const std::string longName(300, 'x');
+    struct Row {
+        const char* why;
+        std::function<void()> prepare;
+        ULONG want;
+    };
+    const Row rows[] = {
+        {"a missing file", [&] { AddFile(missing.c_str(), ""); }, MAPI_E_ATTACHMENT_NOT_FOUND},
+        {"no path", [&] { AddFile("", ""); }, MAPI_E_ATTACHMENT_NOT_FOUND},
+        {"a folder", [&] { AddFile(folder.c_str(), ""); }, MAPI_E_ATTACHMENT_OPEN_FAILURE},
+        {"a name too long", [&] { AddFile(file.c_str(), longName.c_str()); },
+         MAPI_E_ATTACHMENT_WRITE_FAILURE},
+        {"a name for an address", [&] { AddRecipient("Ann"); }, MAPI_E_UNKNOWN_RECIPIENT},
+        {"a body too long", [&] { message.lpszNoteText = longText.c_str(); },
+         MAPI_E_TEXT_TOO_LARGE},
+        {"a recipient of another kind",
+         [&] {
+             AddRecipient("ann@example.org");
+             recipients.back().ulRecipClass = MAPI_TO + 1;
+         },
+         MAPI_E_BAD_RECIPTYPE},
+        {"no composer",
+         [&] {
+             environment.Set("XDG_CONFIG_HOME", home.Path("nothing"));
+             environment.Set("XDG_DATA_HOME", home.Path("nothing"));
+         },
+         MAPI_E_FAILURE},
+        {"no way to a composer", [&] { environment.Set("PATH", home.Path("nothing")); },
+         MAPI_E_FAILURE},
+    };
+    for (const Row& row : rows) {
+        message = {};
+        recipients.clear();
+        files.clear();
+        row.prepare();
+        EXPECT_EQ(Send(), row.want) << row.why;
+        EXPECT_FALSE(IsComposerOpened()) << row.why;
+    }
+}
+
+TEST_F(MailLibraryTest, NothingIsSentWithoutTheUser) {
+    EXPECT_EQ(Send(MAPI_LOGON_UI), MAPI_E_NOT_SUPPORTED);
+    EXPECT_EQ(send(0, 0, nullptr, MAPI_DIALOG, 0), MAPI_E_INVALID_MESSAGE);
+    EXPECT_FALSE(IsComposerOpened());
+}
+
+}  // namespace
+}  // namespace orvo

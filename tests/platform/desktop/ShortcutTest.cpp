@@ -1,0 +1,171 @@
+// Which file a shortcut stands for on this machine.
+// SPDX-License-Identifier: MIT
+#include <filesystem>
+
+#include <gtest/gtest.h>
+
+#include <platform/desktop/ShellLinkBytes.h>
+#include <platform/desktop/Shortcut.h>
+#include <platform/io/TempFolder.h>
+#include <platform/text/CodePage.h>
+#include <support/CodePages.h>
+#include <support/LocaleInForce.h>
+
+namespace orvo {
+namespace {
+
+namespace fs = std::filesystem;
+using Link = ShellLinkBytes;
+
+struct ShortcutTest : testing::Test {
+    ShortcutTest() {
+        fs::create_directories(folder.Path("links"));
+        fs::create_directories(folder.Path("Cards"));
+        folder.File("Cards/Ann.vcf", "");
+        folder.File("links/here.vcf", "");
+    }
+
+    std::string LinkFile(const Link& link) const {
+        return folder.File("links/a.lnk", link.Bytes());
+    }
+    std::string EntryFile(const std::string& text) const {
+        return folder.File("links/a.desktop", text);
+    }
+
+    // The target, below the folder of the test; what is wrong where there is none.
+    std::string Target(const std::string& path) const {
+        CString target("old");
+        const HRESULT result = ResolveShortcut(path.c_str(), target);
+        if (result == S_OK)
+            return fs::path(target.Bytes()).lexically_relative(folder.Path("")).string();
+        EXPECT_TRUE(target.IsEmpty());
+        return result == kFileNotFound ? "not found" : "refused";
+    }
+
+    TempFolder folder;
+};
+
+TEST_F(ShortcutTest, AShellLinksTargetIsLookedForInOrder) {
+    struct Row {
+        const char* why;
+        Link link;
+        const char* want;
+    };
+    const Row rows[] = {
+        {"from the link's folder", Link().WithText(Link::kRelativePath, "..\\Cards\\Ann.vcf"),
+         "Cards/Ann.vcf"},
+        {"in whatever case", Link().WithText(Link::kRelativePath, "..\\CARDS\\ann.VCF"),
+         "Cards/Ann.vcf"},
+        {"the relative path first",
+         Link()
+             .WithPlace("C:\\x\\", "here.vcf")
+             .WithText(Link::kRelativePath, "..\\Cards\\Ann.vcf"),
+         "Cards/Ann.vcf"},
+        {"then the base path",
+         Link().WithPlace("C:\\x\\", "Here.vcf").WithText(Link::kRelativePath, "..\\gone.vcf"),
+         "links/here.vcf"},
+        {"the base path's longest end", Link().WithPlace("C:\\x\\Sub\\", "here.vcf"),
+         "links/sub/here.vcf"},
+        {"a base path of this machine", Link().WithPlace(folder.Path("Cards/"), "Ann.vcf"),
+         "Cards/Ann.vcf"},
+        {"nowhere",
+         Link().WithPlace("C:\\x\\", "gone.vcf").WithText(Link::kRelativePath, "..\\gone.vcf"),
+         "not found"},
+        {"a folder is no target", Link().WithText(Link::kRelativePath, "..\\Cards"), "not found"},
+        {"no path at all", Link(), "not found"},
+    };
+    for (const Row& row : rows) {
+        if (std::string(row.want) == "links/sub/here.vcf") {
+            fs::create_directories(folder.Path("links/sub"));
+            folder.File("links/sub/here.vcf", "");
+        }
+        EXPECT_EQ(Target(LinkFile(row.link)), row.want) << row.why;
+    }
+}
+
+TEST_F(ShortcutTest, TheSameCaseComesFirstThenTheFirstName) {
+    folder.File("Cards/ANN.vcf", "");
+    EXPECT_EQ(Target(LinkFile(Link().WithText(Link::kRelativePath, "..\\Cards\\Ann.vcf"))),
+              "Cards/Ann.vcf");
+    EXPECT_EQ(Target(LinkFile(Link().WithText(Link::kRelativePath, "..\\Cards\\ann.vcf"))),
+              "Cards/ANN.vcf");
+}
+
+TEST_F(ShortcutTest, TheShortcutsOwnNameMayBeInAnotherCase) {
+    LinkFile(Link().WithText(Link::kRelativePath, "here.vcf"));
+    EXPECT_EQ(Target(folder.Path("LINKS/A.LNK")), "links/here.vcf");
+}
+
+TEST_F(ShortcutTest, DamagedAndForeignFilesAreRefused) {
+    EXPECT_EQ(Target(folder.File("links/a.lnk", "L")), "refused");
+    EXPECT_EQ(Target(folder.File("links/b.lnk", std::string(2 << 20, 'L'))), "refused");
+    EXPECT_EQ(Target(folder.Path("links/here.vcf")), "refused");
+    EXPECT_EQ(Target(folder.Path("links/gone.lnk")), "not found");
+    EXPECT_EQ(Target(folder.Path("links")), "not found");
+}
+
+TEST_F(ShortcutTest, ADesktopEntryStandsForTheFileOfItsAddress) {
+    const std::string head = "[Desktop Entry]\nType=Link\nURL=";
+    const std::string path = folder.Path("Cards/Ann.vcf");
+    struct Row {
+        const char* why;
+        std::string entry;
+        const char* want;
+    };
+    const Row rows[] = {
+        {"three slashes", head + "file://" + path + "\n", "Cards/Ann.vcf"},
+        {"one slash, and no line end", head + "file:" + path, "Cards/Ann.vcf"},
+        {"this machine", head + "file://localhost" + path, "Cards/Ann.vcf"},
+        {"blanks and line ends of another system",
+         "[Desktop Entry]\r\nType = Link \r\nURL = file://" + path + "\r\n", "Cards/Ann.vcf"},
+        {"escaped bytes", head + "file://" + folder.Path("") + "%43ards%2FAnn%2evcf",
+         "Cards/Ann.vcf"},
+        {"half an escaped byte", head + "file://" + path + "%4", "refused"},
+        {"no escaped byte", head + "file://" + path + "%zz", "refused"},
+        {"an escaped zero", head + "file://" + path + "%00", "refused"},
+        {"another machine", head + "file://elsewhere" + path, "refused"},
+        {"the net", head + "https://example.org/a.vcf", "refused"},
+        {"an application", "[Desktop Entry]\nType=Application\nURL=file://" + path, "refused"},
+        {"in another group", "[Other]\nType=Link\nURL=file://" + path, "refused"},
+        {"a file that is gone", head + "file:///gone.vcf", "not found"},
+        {"nothing", "", "refused"},
+    };
+    for (const Row& row : rows) EXPECT_EQ(Target(EntryFile(row.entry)), row.want) << row.why;
+}
+
+TEST_F(ShortcutTest, ASymbolicLinkIsFollowedToItsEnd) {
+    fs::create_symlink("../Cards/Ann.vcf", folder.Path("links/one"));
+    fs::create_symlink("one", folder.Path("links/two"));
+    fs::create_symlink("gone", folder.Path("links/broken"));
+    fs::create_symlink("loop", folder.Path("links/loop"));
+    LinkFile(Link().WithText(Link::kRelativePath, "here.vcf"));
+    fs::create_symlink("links/a.lnk", folder.Path("shortcut"));
+
+    EXPECT_TRUE(IsShortcut(folder.Path("links/two")));
+    EXPECT_EQ(Target(folder.Path("links/two")), "Cards/Ann.vcf");
+    EXPECT_EQ(Target(folder.Path("links/broken")), "not found");
+    EXPECT_EQ(Target(folder.Path("links/loop")), "not found");
+    EXPECT_EQ(Target(folder.Path("shortcut")), "links/here.vcf") << "a shortcut at the end";
+}
+
+TEST_F(ShortcutTest, PathsAreInTheCodePageOfTheSystem) {
+    folder.File("links/\xE8\xA1\xA8.vcf", "");
+    for (const LocaleCase& locale : kBothCodePages) {
+        const LocaleInForce inForce(locale.tag, locale.codePage);
+        const std::string link =
+            folder.File("links/\xE5\xB1\xB1.LNK",
+                        Link().WithUnicodeText(Link::kRelativePath, u"\u8868.VCF").Bytes());
+        std::string path;
+        std::string want;
+        CodePage::System().FromUtf8(link, path);
+        CodePage::System().FromUtf8(folder.Path("links/\xE8\xA1\xA8.vcf"), want);
+
+        EXPECT_TRUE(IsShortcut(path));
+        CString target;
+        EXPECT_EQ(ResolveShortcut(path.c_str(), target), S_OK);
+        EXPECT_EQ(target.Bytes(), want);
+    }
+}
+
+}  // namespace
+}  // namespace orvo

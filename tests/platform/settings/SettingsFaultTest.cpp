@@ -1,0 +1,185 @@
+// Tests of settings that can't be read or kept, and of writers that die.
+// SPDX-License-Identifier: MIT
+#include <signal.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <gmock/gmock.h>
+
+#include <platform/settings/SettingsFixture.h>
+#include <support/ChildProcess.h>
+
+namespace orvo {
+
+namespace fs = std::filesystem;
+
+using testing::AnyOf;
+using testing::HasSubstr;
+using testing::internal::CaptureStderr;
+using testing::internal::GetCapturedStderr;
+
+namespace {
+
+using Faults = SettingsFixture;
+
+constexpr const char* kOld = "[Group/Section]\nk=old\n";
+
+std::optional<CString> Read() {
+    return SettingsStore::Read("Group", "Section", "k");
+}
+
+bool Write(std::string_view text) {
+    return SettingsStore::Write("Group", "Section", "k", text);
+}
+
+// The one line that a failed write tells.
+std::string FailedWrite(std::string_view text) {
+    CaptureStderr();
+    EXPECT_FALSE(Write(text));
+    return GetCapturedStderr();
+}
+
+// Nobody may write or read everything, as an administrator may, while it lives.
+class Unprivileged {
+public:
+    explicit Unprivileged(const fs::path& own) {
+        if (m_user != 0) return;
+        EXPECT_EQ(::chown(own.c_str(), kNobody, kNobody), 0);
+        EXPECT_EQ(::seteuid(kNobody), 0);
+    }
+    Unprivileged(const Unprivileged&) = delete;
+    Unprivileged& operator=(const Unprivileged&) = delete;
+    ~Unprivileged() { EXPECT_EQ(::seteuid(m_user), 0); }
+
+private:
+    static constexpr uid_t kNobody = 65534;
+    uid_t m_user = ::geteuid();
+};
+
+}  // namespace
+
+TEST_F(Faults, AReadOnlyFolderIsToldOnceAndKeepsTheFile) {
+    Put(kOld);
+    fs::permissions(folder, fs::perms::owner_read | fs::perms::owner_exec);
+    {
+        const Unprivileged user(folder);
+
+        EXPECT_EQ(FailedWrite("new"), file.string() +
+                                          ": [Group/Section] k can't be saved: " + file.string() +
+                                          ".lock can't be locked: Permission denied\n");
+        EXPECT_EQ(FailedWrite("new"), "") << "told before";
+        EXPECT_EQ(Read(), CString("old"));
+    }
+    fs::permissions(folder, fs::perms::owner_all);
+    EXPECT_EQ(Bytes(), kOld);
+    EXPECT_TRUE(Write("new"));
+}
+
+TEST_F(Faults, AFolderThatCannotBeMadeIsTold) {
+    Put("a file");
+    SettingsStore::SetPath((file / "orvo" / "settings.ini").string());
+
+    EXPECT_EQ(FailedWrite("new"), SettingsStore::Path() +
+                                      ": [Group/Section] k can't be saved: its folder can't be "
+                                      "made: Not a directory\n");
+    CaptureStderr();
+    EXPECT_EQ(Read(), std::nullopt);
+    EXPECT_EQ(GetCapturedStderr(), "") << "there are no settings yet";
+    const SettingsLock lock;
+    EXPECT_FALSE(lock.IsHeld());
+}
+
+TEST_F(Faults, AFullDiskIsToldAndLeavesTheOldFileAlone) {
+    Put(kOld);
+    ::signal(SIGXFSZ, SIG_IGN);
+    rlimit before{};
+    ::getrlimit(RLIMIT_FSIZE, &before);
+    const rlimit small{1000, before.rlim_max};
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
+
+    const std::string told = FailedWrite(std::string(200'000, 'x'));
+
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    EXPECT_THAT(told, HasSubstr(": it can't be written: File too large\n"));
+    EXPECT_EQ(Bytes(), kOld);
+    EXPECT_FALSE(fs::exists(file.string() + ".new"));
+    EXPECT_TRUE(Write("new")) << "with room again it goes on";
+}
+
+TEST_F(Faults, AFileThatCannotBeReadIsNotReplaced) {
+    Put(kOld);
+    fs::permissions(file, fs::perms::none);
+    {
+        const Unprivileged user(folder);
+        CaptureStderr();
+
+        EXPECT_EQ(Read(), std::nullopt);
+        EXPECT_EQ(Read(), std::nullopt);
+
+        EXPECT_EQ(GetCapturedStderr(), file.string() + ": it can't be read: Permission denied\n");
+        EXPECT_THAT(FailedWrite("new"), HasSubstr("it can't be read: Permission denied\n"));
+    }
+    EXPECT_EQ(Bytes(), kOld);
+}
+
+TEST_F(Faults, AFolderInThePlaceOfTheFileIsToldInOneLine) {
+    fs::create_directory(file);
+    CaptureStderr();
+
+    EXPECT_FALSE(SettingsStore::Write("Group", "a\nb", "c\nd", "new"));
+
+    EXPECT_EQ(GetCapturedStderr(), file.string() +
+                                       ": [Group/a\\nb] c\\nd can't be saved: it is no "
+                                       "regular file\n");
+    EXPECT_TRUE(fs::is_directory(file));
+}
+
+TEST_F(Faults, TheFileIsWholeAtEveryMomentAndAfterAKill) {
+    const std::string before = "; first\n[Group/Section]\nballast=" + std::string(300'000, 'x');
+    const std::string after = "\n; last\n";
+    const auto whole = [&](int value) { return before + "\nk=" + std::to_string(value) + after; };
+    Put(whole(0));
+    int last = 0;
+    for (const int looks : {0, 1, 2, 3, 5, 8, 13, 21, 34, 55}) {
+        ChildProcess writer([&](const Line& parent) {
+            parent.Tell();
+            for (int i = last + 1;; ++i) {
+                if (!Write(std::to_string(i))) return 1;
+                parent.Tell();
+            }
+        });
+        ASSERT_TRUE(writer.Await());
+        for (int i = 0; i < looks; ++i) {
+            const std::string bytes = Bytes();
+            ASSERT_TRUE(bytes.starts_with(before) && bytes.ends_with(after)) << bytes.size();
+        }
+        writer.Kill();
+        int acknowledged = last;
+        while (writer.Await()) ++acknowledged;
+        EXPECT_EQ(writer.Wait(), -1);
+
+        last = std::stoi(Read().value_or(CString("-1")).Bytes());
+        EXPECT_THAT(last, AnyOf(acknowledged, acknowledged + 1));
+        EXPECT_EQ(Bytes(), whole(last));
+    }
+    EXPECT_TRUE(Write("after")) << "what the dead left behind is in nobody's way";
+    EXPECT_FALSE(fs::exists(file.string() + ".new"));
+}
+
+TEST_F(Faults, AFileCutAnywhereKeepsWhatIsLeft) {
+    const std::string whole =
+        "\xEF\xBB\xBF; \xFF\xC3\r\n[Group/Section]\r\nk=\xE8\xA1\xA8\\n\r\nbroken\r\n";
+    for (std::size_t length = 0; length <= whole.size(); ++length) {
+        const std::string cut = whole.substr(0, length);
+        Put(cut);
+
+        EXPECT_TRUE(Write("new")) << length;
+
+        EXPECT_EQ(Read(), CString("new")) << length;
+        const std::size_t value = cut.find("k=");
+        EXPECT_TRUE(Bytes().starts_with(cut.substr(0, value))) << length;
+    }
+    EXPECT_TRUE(Bytes().ends_with("k=new\r\nbroken\r\n"));
+}
+
+}  // namespace orvo
