@@ -32,5 +32,7 @@ void AddTodoCommands(CLI::App& app, Invocation& invocation);       // todo
 void AddTextsCommands(CLI::App& app, Invocation& invocation);      // categories, labels
 void AddRecordCommands(CLI::App& app, Invocation& invocation);     // show, add, edit, delete
 void AddOptionsCommands(CLI::App& app, Invocation& invocation);    // options
+void AddMailCommand(CLI::App& app, Invocation& invocation);        // mail
+void AddWhoCommand(CLI::App& app, Invocation& invocation);         // who
 
 }  // namespace orvo::cli

@@ -11,9 +11,9 @@
 #include <CLI/CLI.hpp>
 #include <cli/AddressFields.h>
 #include <cli/Commands.h>
-#include <cli/HostOptions.h>
 #include <cli/Output.h>
-#include <libraries/orvocmn/SettingsStore.h>
+#include <host/HostOptions.h>
+#include <platform/settings/SettingsStore.h>
 #include <platform/text/CodePage.h>
 
 namespace orvo::cli {
@@ -107,7 +107,7 @@ std::string AsText(const Json& value) {
 int PrintOptions(bool json) {
     // So that no save of another process is seen half-way; without it, what is there is shown.
     const SettingsLock lock;
-    const Options options = LoadHostOptions();
+    const Options options = LoadHostOptions(PrintWarning);
     Json object;
     for (const OptionName& option : kOptions) object[option.name] = ValueOf(option, options);
     if (json) {
@@ -172,14 +172,14 @@ int SetOption(const std::string& name, const std::string& value) {
 
     const SettingsLock lock;
     if (!lock.IsHeld()) Refuse(option, value, "the settings can't be saved: " + lock.Error());
-    Options options = LoadHostOptions();
+    Options options = LoadHostOptions(PrintWarning);
     if (isText) {
         option.setText(options, text);
     } else {
         option.set(options, number);
     }
     SaveHostOptions(options);
-    if (ValueOf(option, LoadHostOptions()) != ValueOf(option, options)) {
+    if (ValueOf(option, LoadHostOptions(PrintWarning)) != ValueOf(option, options)) {
         Refuse(option, value, "it can't be saved beside " + SettingsStore::Path());
     }
     return kDone;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 
+#include <fmt/format.h>
 #include <unicode/uchar.h>
 
 #include <cli/Output.h>
@@ -104,6 +105,10 @@ void PrintTabbedText(std::string_view utf8) {
 void PrintError(std::string_view utf8) {
     std::fflush(stdout);
     WriteLine(stderr, Printable(utf8));
+}
+
+void PrintWarning(std::string_view utf8) {
+    PrintError(fmt::format("orvo: {}", utf8));
 }
 
 std::string PaddedCell(std::string_view utf8, std::size_t width) {

@@ -17,6 +17,8 @@ using Json = nlohmann::ordered_json;
 // or break a line.
 void PrintLine(std::string_view utf8);
 void PrintError(std::string_view utf8);
+// The same behind the program's name.
+void PrintWarning(std::string_view utf8);
 
 // Writes the lines of a text, which are parted by line feeds, with their tabs.
 void PrintTabbedText(std::string_view utf8);

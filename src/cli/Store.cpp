@@ -1,10 +1,15 @@
 // The store that a command works on.
 // SPDX-License-Identifier: MIT
+#include <fmt/format.h>
+
+#include <cli/AddressFields.h>
 #include <cli/Store.h>
 #include <libraries/quire/UserStore.h>
 
 namespace orvo::cli {
 namespace {
+
+constexpr std::chrono::milliseconds kPatience{2000};
 
 std::unique_ptr<SqliteEngine> OpenEngine(const std::string& path) {
     std::string error;
@@ -26,7 +31,14 @@ void Store::Check(long status) {
     throw CommandError(kWrongUse, m_engine->LastError());
 }
 
-Transaction::Transaction(Store& store) : m_store(store), m_transaction(store.Engine()) {
+WriteClaim::WriteClaim(const Store& store) : m_claim(store.Path(), kTerminalOwner, kPatience) {
+    if (m_claim.Access() != DataSetAccess::Refused) return;
+    throw CommandError(kWrongUse, fmt::format("{}: {} has this store open; try again later",
+                                              store.Path(), ToUtf8(m_claim.Holder())));
+}
+
+Transaction::Transaction(Store& store)
+    : m_claim(store), m_store(store), m_transaction(store.Engine()) {
     store.Check(static_cast<long>(m_transaction.Status()));
     store.Check(store.Addresses().RefreshTexts());
     store.Check(store.ToDos().RefreshTexts());

@@ -8,6 +8,7 @@
 
 #include <contracts/RecordStore.h>
 #include <libraries/quire/SqliteEngine.h>
+#include <orvoshare/shared/DataSetClaim.h>
 
 namespace orvo::cli {
 
@@ -36,6 +37,7 @@ public:
     CAddressTable& Addresses() { return m_addresses; }
     CToDoTable& ToDos() { return m_toDos; }
     StoreEngine& Engine() { return *m_engine; }
+    std::string Path() const { return m_engine->Name(); }
 
     // Fails:  CommandError where `status` isn't 0.
     void Check(long status);
@@ -44,6 +46,17 @@ private:
     std::unique_ptr<SqliteEngine> m_engine;
     CAddressTable m_addresses;
     CToDoTable m_toDos;
+};
+
+// The program's place among those that have the store open, while it changes something. It waits
+// two seconds for a program that has the store to itself; the desktop application doesn't.
+class WriteClaim {
+public:
+    // Fails:  CommandError that tells who has the store.
+    explicit WriteClaim(const Store& store);
+
+private:
+    DataSetClaim m_claim;
 };
 
 // One change of the store, from the categories and labels on as they are at its beginning. Without
@@ -55,6 +68,7 @@ public:
     void Commit();
 
 private:
+    WriteClaim m_claim;
     Store& m_store;
     StoreTransaction m_transaction;
 };

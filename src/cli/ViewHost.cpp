@@ -1,9 +1,9 @@
 // A window in which a view stands as in any host, without a screen.
 // SPDX-License-Identifier: MIT
-#include <cli/HostOptions.h>
 #include <cli/Output.h>
 #include <cli/ViewHost.h>
-#include <libraries/orvocmn/SettingsStore.h>
+#include <host/HostOptions.h>
+#include <platform/settings/SettingsStore.h>
 
 namespace orvo::cli {
 namespace {
@@ -20,7 +20,7 @@ const MessageMap& HostWindow::ThisMap() {
 
 HostWindow::HostWindow() {
     const SettingsLock lock;
-    m_options = LoadHostOptions();
+    m_options = LoadHostOptions(PrintWarning);
 }
 
 LRESULT HostWindow::OnGetOptions(WPARAM, LPARAM answer) {

@@ -66,6 +66,8 @@ int Run(int count, char** arguments) {
     AddTextsCommands(app, invocation);
     AddRecordCommands(app, invocation);
     AddOptionsCommands(app, invocation);
+    AddMailCommand(app, invocation);
+    AddWhoCommand(app, invocation);
     app.footer(
         "Exit codes: 0 done; 1 nothing found; 2 wrong use or a file that can't be read;\n"
         "3 done, with some entries skipped, each told on standard error.");
@@ -102,10 +104,10 @@ int main(int count, char** arguments) {
     try {
         code = Run(count, arguments);
     } catch (const CommandError& error) {
-        PrintError(fmt::format("orvo: {}", error.what()));
+        PrintWarning(error.what());
         code = error.Code();
     } catch (const std::exception& error) {
-        PrintError(fmt::format("orvo: {}", error.what()));
+        PrintWarning(error.what());
     }
     if (!FlushOutput()) {
         PrintError("orvo: standard output can't take the result");

@@ -16,8 +16,9 @@ FLOORS = {
     "orvoshare": 4,
     "libraries": 4,
     "exchange": 4,
-    "cli": 5,
-    "desktop": 5,
+    "host": 5,
+    "cli": 6,
+    "desktop": 6,
 }
 INCLUDE = re.compile(r'^\s*#\s*include\s*[<"]([^>"]+)[>"]')
 

@@ -1,18 +1,17 @@
-// The desktop options of this program, and where it keeps them.
+// The desktop options that both hosts have in common, and where they are kept.
 // SPDX-License-Identifier: MIT
 #include <filesystem>
 
 #include <fmt/format.h>
 
-#include <cli/HostOptions.h>
-#include <cli/Output.h>
 #include <contracts/Settings.h>
-#include <libraries/orvocmn/SettingsStore.h>
+#include <host/HostOptions.h>
 #include <orvoshare/options/OptionsPath.h>
 #include <platform/io/CFile.h>
+#include <platform/settings/SettingsStore.h>
 #include <platform/text/CodePage.h>
 
-namespace orvo::cli {
+namespace orvo {
 namespace {
 
 namespace fs = std::filesystem;
@@ -57,14 +56,14 @@ CUser HostUser() {
 
 }  // namespace
 
-COrvoDesktopOptions LoadHostOptions() {
+COrvoDesktopOptions LoadHostOptions(const std::function<void(const std::string&)>& warn) {
     CUser user = HostUser();
     COrvoDesktopOptions options;
     options.SetUser(&user);
     try {
         options.LoadPerUserOptions();
     } catch (const CException& error) {
-        PrintError(fmt::format("orvo: {}: no password is required now", error.what()));
+        warn(fmt::format("{}: no password is required now", error.what()));
         options.SetDefaultUserOptions();
     }
     options.LoadAppWideOptions();
@@ -83,4 +82,4 @@ void SaveHostOptions(COrvoDesktopOptions& options) {
     }
 }
 
-}  // namespace orvo::cli
+}  // namespace orvo

@@ -1,0 +1,120 @@
+// DataSetClaim: a host's hold on a store in the table of who has which data set open.
+// SPDX-License-Identifier: MIT
+#include <array>
+#include <cerrno>
+#include <cstdint>
+#include <filesystem>
+#include <string_view>
+#include <thread>
+#include <unistd.h>
+
+#include <fmt/format.h>
+
+#include <orvoshare/shared/DataSetClaim.h>
+#include <platform/ipc/RuntimeFolder.h>
+
+namespace orvo {
+namespace {
+
+constexpr std::chrono::milliseconds kPause{10};
+
+// FNV-1a: the same in each build, as different programs must come to the same key.
+std::uint64_t HashOf(std::string_view text) {
+    std::uint64_t hash = 0xCBF29CE484222325U;
+    for (const char byte : text) {
+        hash = (hash ^ static_cast<unsigned char>(byte)) * 0x100000001B3U;
+    }
+    return hash;
+}
+
+std::string LifePath(const std::string& user) {
+    std::string error;
+    const std::string folder = RuntimeFolder(error);
+    return folder.empty() ? folder : fmt::format("{}/claim-{}.lock", folder, FileNameOf(user));
+}
+
+// The owner in the row of a claim that was neither given up nor is alive; empty where there is
+// none.
+std::string LeftBehind(const LockFile& life) {
+    std::array<char, sizeof(CAccessInfo::owner)> name{};
+    const ssize_t length = ::pread(life.Number(), name.data(), name.size(), 0);
+    return {name.data(), static_cast<std::size_t>(length > 0 ? length : 0)};
+}
+
+bool KeepOwner(const LockFile& life, std::string_view owner) {
+    return ::ftruncate(life.Number(), 0) == 0 && ::pwrite(life.Number(), owner.data(), owner.size(),
+                                                          0) == static_cast<ssize_t>(owner.size());
+}
+
+}  // namespace
+
+std::string DataSetUser(const std::string& storePath) {
+    std::error_code error;
+    const auto path = std::filesystem::weakly_canonical(storePath, error);
+    return fmt::format("{:016x}", HashOf(error ? storePath : path.string()));
+}
+
+DataSetClaim::DataSetClaim(const std::string& storePath, const char* owner,
+                           std::chrono::milliseconds patience)
+    : m_user(DataSetUser(storePath)) {
+    const auto end = std::chrono::steady_clock::now() + patience;
+    while ((m_access = Ask(owner)) == DataSetAccess::Refused &&
+           std::chrono::steady_clock::now() < end) {
+        std::this_thread::sleep_for(kPause);
+    }
+}
+
+DataSetClaim::~DataSetClaim() {
+    if (m_access != DataSetAccess::Own) return;
+    m_table.RemoveAccessorInfo(m_user.c_str(), kStoreCreator);
+    m_life.Remove(m_lifePath);
+}
+
+DataSetAccess DataSetClaim::Ask(const char* owner) {
+    m_lifePath = LifePath(m_user);
+    if (m_lifePath.empty() || m_table.Initialize() == 0) return DataSetAccess::Unguarded;
+    if (m_life.TryLock(m_lifePath)) {
+        const DataSetAccess access = Enter(owner);
+        if (access != DataSetAccess::Own) m_life.Remove(m_lifePath);
+        return access;
+    }
+    if (errno != EWOULDBLOCK) return DataSetAccess::Unguarded;
+    const DataSetAccess access = AskTable();
+    if (access != DataSetAccess::Own) return access;
+    // Whoever lives stands in the table at once, or has just left it.
+    m_holder = "another program";
+    return DataSetAccess::Refused;
+}
+
+// With the lock of the living held.
+DataSetAccess DataSetClaim::Enter(const char* owner) {
+    RemoveRowOfTheDead();
+    const DataSetAccess access = AskTable();
+    if (access != DataSetAccess::Own) return access;
+    const bool isKept = KeepOwner(m_life, owner);
+    if (isKept && m_table.AddAccessorInfo(m_user.c_str(), kStoreCreator, owner) != 0) return access;
+    // A program that makes no claims may have been faster; else the table is full.
+    const DataSetAccess now = AskTable();
+    return now == DataSetAccess::Own ? DataSetAccess::Unguarded : now;
+}
+
+// Own stands for a data set that nobody has.
+DataSetAccess DataSetClaim::AskTable() {
+    int heldByDesktop = 0;
+    const int isAllowed = m_table.AllowDataAccess(m_user.c_str(), kStoreCreator, &heldByDesktop);
+    m_holder.Empty();
+    m_table.GetOwner(m_user.c_str(), kStoreCreator, m_holder);
+    if (heldByDesktop != 0) return DataSetAccess::WithDesktop;
+    return isAllowed != 0 ? DataSetAccess::Own : DataSetAccess::Refused;
+}
+
+void DataSetClaim::RemoveRowOfTheDead() {
+    CString owner;
+    const std::string dead = LeftBehind(m_life);
+    if (!dead.empty() && m_table.GetOwner(m_user.c_str(), kStoreCreator, owner) != 0 &&
+        owner.Bytes() == dead) {
+        m_table.RemoveAccessorInfo(m_user.c_str(), kStoreCreator);
+    }
+}
+
+}  // namespace orvo

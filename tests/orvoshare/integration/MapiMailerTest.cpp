@@ -1,0 +1,167 @@
+// What the mailer gives to a mail library, and how long it holds one.
+// SPDX-License-Identifier: MIT
+#include <dlfcn.h>
+#include <optional>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <orvoshare/integration/MapiMailer.h>
+#include <orvoshare/integration/RecordedMail.h>
+#include <platform/io/TempFolder.h>
+#include <support/Environment.h>
+
+namespace orvo {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+const std::string kRecording = ORVO_TEST_LIBRARIES "/Recording";
+const std::string kEmpty = ORVO_TEST_LIBRARIES "/Empty";
+
+bool IsLoaded(const std::string& folder) {
+    const std::string file = folder + "/MAPI32.DLL";
+    void* library = dlopen(file.c_str(), RTLD_NOW | RTLD_NOLOAD);
+    if (library) dlclose(library);
+    return library != nullptr;
+}
+
+struct LibraryTest : testing::Test {
+    Environment environment;
+};
+
+TEST_F(LibraryTest, TheMailerIsUsableOnlyWithALibraryThatSends) {
+    CMapiMailer mailer;
+    environment.Set("ORVO_MODULE_DIR", "/no/such/folder");
+    EXPECT_EQ(mailer.Initialize(), 0);
+    environment.Set("ORVO_MODULE_DIR", kEmpty);
+    EXPECT_EQ(mailer.Initialize(), 0);
+    EXPECT_FALSE(IsLoaded(kEmpty));
+    EXPECT_EQ(mailer.SendMailWithUI(nullptr, "Hi", 0, nullptr), MAPI_E_FAILURE);
+
+    environment.Set("ORVO_MODULE_DIR", kRecording);
+    EXPECT_EQ(mailer.Initialize(), 1);
+    environment.Set("ORVO_MODULE_DIR", kEmpty);
+    EXPECT_EQ(mailer.Initialize(), 0);
+    EXPECT_EQ(mailer.SendMailWithUI(nullptr, "Hi", 0, nullptr), 0U) << "it is as it was";
+}
+
+TEST_F(LibraryTest, TheLibraryStaysUntilTheLastMailerGoes) {
+    environment.Set("ORVO_MODULE_DIR", kRecording);
+    std::optional<CMapiMailer> first(std::in_place);
+    std::optional<CMapiMailer> second(std::in_place);
+    ASSERT_EQ(first->Initialize(), 1);
+    ASSERT_EQ(first->Initialize(), 1) << "once more";
+    *second = *first;
+
+    first.reset();
+    EXPECT_TRUE(IsLoaded(kRecording));
+    EXPECT_EQ(second->SendMailWithUI(nullptr, "Hi", 0, nullptr), 0U);
+    second.reset();
+    EXPECT_FALSE(IsLoaded(kRecording));
+}
+
+TEST_F(LibraryTest, ALibraryIsTakenFromNoOtherFolderThanTheModules) {
+    const TempFolder folder;
+    environment.Set("ORVO_MODULE_DIR", folder.Path(""));
+    EXPECT_EQ(LoadLibraryA("libc.so.6"), nullptr);
+    EXPECT_EQ(LoadLibraryA(folder.File("MAPI32.DLL", "no library").c_str()), nullptr);
+    EXPECT_EQ(LoadLibraryA(""), nullptr);
+    EXPECT_EQ(LoadLibraryA(nullptr), nullptr);
+    EXPECT_EQ(GetProcAddress(nullptr, "MAPISendMail"), nullptr);
+    EXPECT_EQ(FreeLibrary(nullptr), 0);
+
+    const HMODULE library = LoadLibraryA((kEmpty + "/MAPI32.DLL").c_str());
+    EXPECT_NE(GetProcAddress(library, "SomethingElse"), nullptr);
+    EXPECT_EQ(FreeLibrary(library), 1);
+    EXPECT_FALSE(IsLoaded(kEmpty));
+}
+
+struct MapiMailerTest : LibraryTest {
+    MapiMailerTest() {
+        environment.Set("ORVO_MODULE_DIR", kRecording);
+        EXPECT_EQ(mailer.Initialize(), 1);
+        library = LoadLibraryA("MAPI32.DLL");
+        const auto recorded =
+            reinterpret_cast<RecordedMail* (*)()>(GetProcAddress(library, "Recorded"));
+        mail = recorded();
+        *mail = {};
+    }
+    ~MapiMailerTest() override { FreeLibrary(library); }
+
+    CMapiMailer mailer;
+    HMODULE library = nullptr;
+    RecordedMail* mail = nullptr;
+    CEmailAddress people[2] = {{"Ann", "ann@example.org"}, {"Bob", "bob@example.org"}};
+};
+
+TEST_F(MapiMailerTest, ASimpleMailHasNoBodyAndNoFile) {
+    const HWND parent = reinterpret_cast<HWND>(0x1230);
+
+    EXPECT_EQ(mailer.SendMailWithUI(parent, "Hi", 2, people), 0U);
+
+    EXPECT_EQ(mail->calls, 1);
+    EXPECT_EQ(mail->session, 0U);
+    EXPECT_EQ(mail->window, 0x1230U);
+    EXPECT_EQ(mail->flags, 9U);
+    EXPECT_EQ(mail->reserved, 0U);
+    EXPECT_EQ(mail->subject, "Hi");
+    EXPECT_EQ(mail->body, "null");
+    EXPECT_TRUE(mail->isRestEmpty);
+    EXPECT_THAT(mail->recipients,
+                ElementsAre("1 Ann <ann@example.org>", "1 Bob <bob@example.org>"));
+    EXPECT_FALSE(mail->hasFiles);
+    EXPECT_THAT(mail->files, IsEmpty());
+}
+
+TEST_F(MapiMailerTest, WithoutRecipientsThereIsNoArray) {
+    EXPECT_EQ(mailer.SendMailWithUI(nullptr, "Hi", 0, people), 0U);
+    EXPECT_FALSE(mail->hasRecipients);
+    EXPECT_THAT(mail->recipients, IsEmpty());
+}
+
+TEST_F(MapiMailerTest, AFileHasItsPathAndTheNameInTheMessage) {
+    EXPECT_EQ(mailer.SendMailAttachmentWithUI(nullptr, 1, people, "Hi", "Text", "/x/a", "a.vcf"),
+              0U);
+    EXPECT_EQ(mail->subject, "Hi");
+    EXPECT_EQ(mail->body, "Text");
+    EXPECT_THAT(mail->recipients, ElementsAre("1 Ann <ann@example.org>"));
+    EXPECT_THAT(mail->files, ElementsAre("FFFFFFFF /x/a a.vcf"));
+}
+
+TEST_F(MapiMailerTest, EachOfSeveralFilesGoesWithItsName) {
+    std::string texts[] = {"/x/a", "/x/b", "a.vcf", "b.vcf", "more"};
+    CPtrArray paths;
+    CPtrArray names;
+    for (int i = 0; i < 2; ++i) paths.Add(texts[i].data());
+    for (int i = 2; i < 5; ++i) names.Add(texts[i].data());
+
+    EXPECT_EQ(
+        mailer.SendMultipleMailAttachmentsWithUI(nullptr, 2, people, "Hi", "Text", &paths, &names),
+        0U);
+
+    EXPECT_EQ(mail->subject, "Hi");
+    EXPECT_EQ(mail->body, "Text");
+    EXPECT_EQ(mail->recipients.size(), 2U);
+    EXPECT_THAT(mail->files, ElementsAre("FFFFFFFF /x/a a.vcf", "FFFFFFFF /x/b b.vcf"));
+
+    CPtrArray none;
+    EXPECT_EQ(
+        mailer.SendMultipleMailAttachmentsWithUI(nullptr, 0, nullptr, "Hi", nullptr, &none, &none),
+        0U);
+    EXPECT_THAT(mail->files, IsEmpty());
+    EXPECT_EQ(mail->body, "null");
+}
+
+TEST_F(MapiMailerTest, CancellingIsNoErrorAndEveryOtherCodeComesBack) {
+    for (const ULONG answer : {0U, 1U, 2U, 3U, 11U, 26U}) {
+        mail->answer = answer;
+        EXPECT_EQ(mailer.SendMailAttachmentWithUI(nullptr, 2, people, "Hi", "", "/x/a", "a"),
+                  answer == 1 ? 0U : answer);
+    }
+    EXPECT_EQ(mail->calls, 6);
+}
+
+}  // namespace
+}  // namespace orvo

@@ -1,0 +1,322 @@
+// Tests of the table of accessors: its rules, its bytes, and removals that a kill has cut.
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <csignal>
+#include <cstring>
+#include <functional>
+#include <string>
+#include <sys/ptrace.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <vector>
+
+#include <fmt/format.h>
+#include <gmock/gmock.h>
+
+#include <orvoshare/shared/DalAccessController.h>
+#include <platform/ipc/RuntimeFixture.h>
+#include <support/CodePages.h>
+#include <support/LocaleInForce.h>
+
+namespace orvo {
+namespace {
+
+using testing::AnyOf;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr std::size_t kRows = 28;
+constexpr std::size_t kRow = 52;
+constexpr std::size_t kBehindRows = kRows + 629 * kRow;  // the row to move to, the count to come
+
+class AccessTable : public RuntimeFixture {
+protected:
+    AccessTable() { EXPECT_EQ(table.Initialize(), 1); }
+
+    std::vector<std::string> Users() {
+        unsigned long count = 0;
+        CAccessInfo* rows = nullptr;
+        EXPECT_EQ(table.GetAccessInfoArray(&count, &rows), 1);
+        std::vector<std::string> users;
+        for (unsigned long i = 0; i < count; ++i) users.emplace_back(rows[i].user);
+        return users;
+    }
+
+    char* Block() { return static_cast<char*>(table.GetDataBuffer()) - 24; }
+
+    std::uint32_t Word(std::size_t offset) {
+        std::uint32_t word = 0;
+        std::memcpy(&word, Block() + offset, sizeof word);
+        return word;
+    }
+    void PutWord(std::size_t offset, std::uint32_t word) {
+        std::memcpy(Block() + offset, &word, sizeof word);
+    }
+
+    CDalAccessController table;
+};
+
+TEST_F(AccessTable, EachByteLiesAtItsOffset) {
+    EXPECT_EQ(table.AddAccessorInfo("first", 1, "A"), 1);
+    EXPECT_EQ(table.AddAccessorInfo(std::string(25, 'u').c_str(), 0x04030201,
+                                    std::string(30, 'o').c_str()),
+              1);
+
+    EXPECT_EQ(Word(0), 1U);
+    EXPECT_EQ(Word(4), 1U);
+    for (const std::size_t offset : {8U, 12U, 16U, 20U}) EXPECT_EQ(Word(offset), 0U) << offset;
+    EXPECT_EQ(Word(24), 2U);
+    EXPECT_STREQ(Block() + kRows, "first");
+    EXPECT_EQ(std::string(Block() + kRows + kRow, 24), std::string(20, 'u') + std::string(4, '\0'));
+    EXPECT_EQ(std::string(Block() + kRows + kRow + 24, 4), "\x01\x02\x03\x04");
+    EXPECT_EQ(std::string(Block() + kRows + kRow + 28, 24),
+              std::string(23, 'o') + std::string(1, '\0'));
+    char* behind = Block() + kRows + 2 * kRow;
+    EXPECT_TRUE(std::all_of(behind, Block() + 0x8000, [](char byte) { return byte == 0; }));
+}
+
+TEST_F(AccessTable, AnEmptyTableAllowsAllAndHoldsNobody) {
+    int heldByDesktop = 7;
+    CString owner("before");
+    EXPECT_EQ(table.AllowDataAccess("u", 1, &heldByDesktop), 1);
+    EXPECT_EQ(heldByDesktop, 0);
+    EXPECT_EQ(table.GetOwner("u", 1, owner), 0);
+    EXPECT_EQ(owner, "before");
+    EXPECT_EQ(table.RemoveAccessorInfo("u", 1), 0);
+    EXPECT_EQ(table.RemoveAccessorInfo(nullptr, 1), 0);
+}
+
+struct KeyRow {
+    const char* why;
+    const char* user;
+    unsigned long creator;
+    bool isFound;
+};
+
+TEST_F(AccessTable, AKeyIsUserWithoutCaseAndCreator) {
+    EXPECT_EQ(table.AddAccessorInfo("Anna", 7, "A"), 1);
+    EXPECT_EQ(table.AddAccessorInfo("ABCDEFGHIJKLMNOPQRSTUVWXYZ", 7, "B"), 1);
+    const KeyRow rows[] = {
+        {"the same", "Anna", 7, true},
+        {"another case", "aNNA", 7, true},
+        {"another creator", "Anna", 8, false},
+        {"a longer name", "Annabel", 7, false},
+        {"a shorter name", "Ann", 7, false},
+        {"a name that the row doesn't hold as a whole", "abcdefghijklmnopqrstuvwxyz", 7, true},
+        {"what the row holds of it", "ABCDEFGHIJKLMNOPQRST", 7, true},
+    };
+    for (const KeyRow& row : rows) {
+        CString owner;
+        EXPECT_EQ(table.GetOwner(row.user, row.creator, owner), row.isFound) << row.why;
+        EXPECT_NE(table.AddAccessorInfo(row.user, row.creator, "C"), row.isFound) << row.why;
+        if (!row.isFound) table.RemoveAccessorInfo(row.user, row.creator);
+    }
+    CString owner;
+    table.GetOwner("anna", 7, owner);
+    EXPECT_EQ(owner, "A") << "a refused row changes nothing";
+    EXPECT_THAT(Users(), ElementsAre("Anna", "ABCDEFGHIJKLMNOPQRST"));
+}
+
+struct OwnerRow {
+    const char* owner;
+    int isAllowed;
+    int isDesktop;
+};
+
+TEST_F(AccessTable, OnlyTheDesktopSharesItsDataSet) {
+    for (const OwnerRow& row : {OwnerRow{"Orvo Desktop", 1, 1}, OwnerRow{"ORVO desktop", 1, 1},
+                                OwnerRow{"Orvo Desktop 2", 0, 0}, OwnerRow{"orvo", 0, 0}}) {
+        int heldByDesktop = 7;
+        EXPECT_EQ(table.AddAccessorInfo("u", 1, row.owner), 1);
+        EXPECT_EQ(table.AllowDataAccess("U", 1, &heldByDesktop), row.isAllowed) << row.owner;
+        EXPECT_EQ(heldByDesktop, row.isDesktop) << row.owner;
+        EXPECT_EQ(table.RemoveAccessorInfo("U", 1), 1);
+    }
+}
+
+TEST_F(AccessTable, ARemovedRowLeavesTheOthersInTheirOrder) {
+    struct Row {
+        const char* removed;
+        std::vector<std::string> left;
+    };
+    for (const Row& row : {Row{"a", {"b", "c"}}, Row{"b", {"a", "c"}}, Row{"c", {"a", "b"}}}) {
+        for (const char* user : {"a", "b", "c"}) table.AddAccessorInfo(user, 1, user);
+        EXPECT_EQ(table.RemoveAccessorInfo(row.removed, 1), 1);
+        EXPECT_EQ(Users(), row.left);
+        for (const std::string& user : row.left) {
+            CString owner;
+            EXPECT_EQ(table.GetOwner(user.c_str(), 1, owner), 1);
+            EXPECT_EQ(owner, user.c_str());
+            EXPECT_EQ(table.RemoveAccessorInfo(user.c_str(), 1), 1);
+        }
+        EXPECT_THAT(Users(), IsEmpty());
+    }
+}
+
+TEST_F(AccessTable, AFullTableRefusesARowAndIsUntouched) {
+    for (unsigned long i = 0; i < 629; ++i) ASSERT_EQ(table.AddAccessorInfo("u", i, "o"), 1);
+    const std::string before(Block(), 0x8000);
+
+    EXPECT_EQ(table.AddAccessorInfo("u", 629, "o"), 0);
+
+    EXPECT_EQ(std::string(Block(), 0x8000), before);
+    EXPECT_EQ(table.RemoveAccessorInfo("u", 0), 1);
+    EXPECT_EQ(table.AddAccessorInfo("u", 629, "o"), 1);
+    EXPECT_EQ(Word(kBehindRows), 0U) << "a removal leaves no mark behind";
+    EXPECT_EQ(Word(kBehindRows + 4), 0U);
+}
+
+TEST_F(AccessTable, TheCountIsNeverMoreThanTheRows) {
+    table.AddAccessorInfo("u", 1, "o");
+    for (const unsigned long count : {629UL, 630UL, 0xFFFFFFFFUL}) {
+        table.SetAccessorCount(count);
+        EXPECT_EQ(Users().size(), 629U);
+        CString owner;
+        EXPECT_EQ(table.GetOwner("none", 1, owner), 0);
+    }
+    PutWord(24, 0xFFFFFFFF);
+    EXPECT_EQ(Users().size(), 629U) << "whoever wrote it";
+    table.SetAccessorCount(1);
+    EXPECT_THAT(Users(), ElementsAre("u"));
+}
+
+// What a kill at any moment of `work` could leave in a block: its bytes after each instruction that
+// changed them, as another process sees them.
+std::vector<std::string> MomentsOf(const char* block, const std::function<void()>& work) {
+    std::vector<std::string> moments{std::string(block, 0x8000)};
+    const pid_t child = ::fork();
+    if (child == 0) {
+        ::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
+        ::raise(SIGSTOP);
+        work();
+        ::_exit(0);
+    }
+    int status = 0;
+    while (::waitpid(child, &status, 0) == child && WIFSTOPPED(status)) {
+        if (std::memcmp(moments.back().data(), block, 0x8000) != 0) {
+            moments.emplace_back(block, 0x8000);
+        }
+        EXPECT_EQ(::ptrace(PTRACE_SINGLESTEP, child, nullptr, nullptr), 0);
+    }
+    EXPECT_TRUE(WIFEXITED(status));
+    return moments;
+}
+
+TEST_F(AccessTable, ARemovalCutAtAnyMomentIsDoneAsAWholeOrNotAtAll) {
+    for (const char* user : {"a", "b", "c", "d"}) table.AddAccessorInfo(user, 1, user);
+
+    const auto moments = MomentsOf(Block(), [&] { table.RemoveAccessorInfo("b", 1); });
+
+    std::size_t whole = 0;
+    for (const std::string& moment : moments) {
+        std::memcpy(Block(), moment.data(), moment.size());
+        const std::vector<std::string> users = Users();
+        whole += users == std::vector<std::string>{"a", "b", "c", "d"};
+        ASSERT_THAT(users, AnyOf(ElementsAre("a", "b", "c", "d"), ElementsAre("a", "c", "d")));
+        for (const std::string& user : users) {
+            CString owner;
+            ASSERT_EQ(table.GetOwner(user.c_str(), 1, owner), 1);
+            ASSERT_EQ(owner, user.c_str());
+        }
+        ASSERT_EQ(Word(kBehindRows), 0U);
+    }
+    EXPECT_EQ(whole, 2U) << "before its mark is set";
+    EXPECT_GE(moments.size(), 9U) << "the marks, two rows, the count, and before them";
+}
+
+TEST_F(AccessTable, AnAdditionCutAtAnyMomentShowsAWholeRowOrNone) {
+    table.AddAccessorInfo("a", 1, "a");
+
+    const auto moments = MomentsOf(Block(), [&] { table.AddAccessorInfo("b", 2, "owner"); });
+
+    for (const std::string& moment : moments) {
+        std::memcpy(Block(), moment.data(), moment.size());
+        CString owner("none");
+        ASSERT_EQ(table.GetOwner("b", 2, owner), Users().size() - 1);
+        ASSERT_EQ(owner, Users().size() == 1 ? "none" : "owner");
+    }
+    EXPECT_EQ(Users().size(), 2U);
+}
+
+struct Mark {
+    std::uint32_t movingTo;
+    std::uint32_t countAfter;
+};
+
+TEST_F(AccessTable, AMarkThatNoRemovalMakesHarmsNothing) {
+    table.AddAccessorInfo("a", 1, "a");
+    for (const Mark& mark :
+         {Mark{1, 629}, Mark{3, 1}, Mark{630, 629}, Mark{1, 0xFFFFFFFF}, Mark{0xFFFFFFFF, 5}}) {
+        PutWord(kBehindRows, mark.movingTo);
+        PutWord(kBehindRows + 4, mark.countAfter);
+
+        EXPECT_THAT(Users(), ElementsAre("a")) << mark.movingTo;
+
+        EXPECT_EQ(Word(kBehindRows), 0U);
+    }
+}
+
+TEST_F(AccessTable, OnlyInitializeMakesTheBlock) {
+    CDalAccessController other;
+    EXPECT_EQ(other.Attach(), 1);
+    EXPECT_EQ(table.AddAccessorInfo("u", 1, "o"), 1);
+    CString owner;
+    EXPECT_EQ(other.GetOwner("u", 1, owner), 1);
+    EXPECT_EQ(table.Initialize(), 1) << "once more changes nothing";
+    EXPECT_EQ(table.CloseMap(), 1);
+    EXPECT_EQ(other.CloseMap(), 1);
+
+    EXPECT_EQ(other.Attach(), 0);
+    EXPECT_EQ(other.DoesMapExist("KvtDalAccessController"), 0);
+    EXPECT_EQ(other.Initialize(), 1);
+    EXPECT_EQ(other.GetOwner("u", 1, owner), 0) << "a new table is empty";
+}
+
+TEST_F(AccessTable, ATableWithoutAViewIsEmptyAndTakesNothing) {
+    table.CloseMap();
+    CMapFileHelper tooSmall;
+    ASSERT_EQ(tooSmall.CreateOrOpenMap(1, "KvtDalAccessController", 100, 1, 1), 1);
+    EXPECT_EQ(table.Initialize(), 1) << "the block is there";
+
+    int heldByDesktop = 0;
+    EXPECT_EQ(table.AddAccessorInfo("u", 1, "o"), 0);
+    EXPECT_EQ(table.RemoveAccessorInfo("u", 1), 0);
+    EXPECT_EQ(table.AllowDataAccess("u", 1, &heldByDesktop), 1);
+    table.SetAccessorCount(5);
+    EXPECT_THAT(Users(), IsEmpty());
+}
+
+TEST_F(AccessTable, ADebugBuildListsTheTable) {
+    table.AddAccessorInfo("Anna", 7, "A");
+    table.AddAccessorInfo("Ben", 0xFFFFFFFF, "B");
+    testing::internal::CaptureStderr();
+
+    table.Trace();
+
+#ifdef NDEBUG
+    const char* want = "";
+#else
+    const char* want =
+        "AC Count = 2\n0: User Anna, Creator 7, Owner A\n1: User Ben, Creator -1, Owner B\n";
+#endif
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), want);
+}
+
+class AccessText : public AccessTable, public testing::WithParamInterface<LocaleCase> {
+    const LocaleInForce m_locale{GetParam().tag, GetParam().codePage};
+};
+INSTANTIATE_TEST_SUITE_P(BothCodePages, AccessText, testing::ValuesIn(kBothCodePages));
+
+TEST_P(AccessText, ACutSplitsNoCharacter) {
+    const std::string hyo = GetParam().codePage == 932 ? "\x95\x5C" : "\xE8\xA1\xA8";
+    const std::string name = std::string(19, 'x') + hyo;
+    EXPECT_EQ(table.AddAccessorInfo(name.c_str(), 1, (std::string(22, 'x') + hyo).c_str()), 1);
+
+    CString owner;
+    EXPECT_EQ(table.GetOwner(name.c_str(), 1, owner), 1);
+    EXPECT_EQ(owner, std::string(22, 'x').c_str());
+    EXPECT_THAT(Users(), ElementsAre(std::string(19, 'x')));
+}
+
+}  // namespace
+}  // namespace orvo

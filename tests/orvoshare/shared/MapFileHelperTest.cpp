@@ -1,0 +1,141 @@
+// Tests of a named block and its header.
+// SPDX-License-Identifier: MIT
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+
+#include <orvoshare/shared/MapFileHelper.h>
+#include <platform/ipc/RuntimeFixture.h>
+
+namespace orvo {
+namespace {
+
+using testing::ElementsAre;
+
+constexpr unsigned long kSize = 256;
+
+using MapFileHelper = RuntimeFixture;
+
+CMapFileHeader HeaderOf(CMapFileHelper& block) {
+    CMapFileHeader header{};
+    std::memcpy(&header, static_cast<char*>(block.GetDataBuffer()) - sizeof header, sizeof header);
+    return header;
+}
+
+std::vector<std::uint32_t> WordsOf(CMapFileHelper& block) {
+    std::vector<std::uint32_t> words(6);
+    const CMapFileHeader header = HeaderOf(block);
+    std::memcpy(words.data(), &header, sizeof header);
+    return words;
+}
+
+TEST_F(MapFileHelper, OnlyTheCreatorWritesTheHeader) {
+    CMapFileHelper creator;
+    ASSERT_EQ(creator.CreateOrOpenMap(1, "b", kSize, 0x11, 0x22), 1);
+    ASSERT_EQ(creator.MapView(), 1);
+    EXPECT_THAT(WordsOf(creator), ElementsAre(0x11, 0x22, 0, 0, 0, 0));
+    char data[] = "abcd";
+    EXPECT_EQ(creator.SetData(data, 4), 1);
+
+    CMapFileHelper opener;
+    ASSERT_EQ(opener.CreateOrOpenMap(0, "b", kSize, 0x33, 0x44), 1);
+    ASSERT_EQ(opener.MapView(), 1);
+
+    EXPECT_THAT(WordsOf(opener), ElementsAre(0x11, 0x22, 0, 4, 0, 0));
+    EXPECT_EQ(opener.GetDataSize(), 4U);
+    EXPECT_EQ(std::memcmp(opener.GetDataBuffer(), "abcd\0", 5), 0);
+}
+
+TEST_F(MapFileHelper, NobodyJoinsABlockByCreatingIt) {
+    CMapFileHelper first;
+    CMapFileHelper second;
+    EXPECT_EQ(second.DoesMapExist("b"), 0);
+    EXPECT_EQ(second.CreateOrOpenMap(0, "b", kSize, 1, 1), 0) << "not there yet";
+    ASSERT_EQ(first.CreateOrOpenMap(1, "b", kSize, 1, 1), 1);
+    EXPECT_EQ(second.DoesMapExist("b"), 1);
+
+    EXPECT_EQ(second.CreateOrOpenMap(1, "b", kSize, 1, 1), 0);
+
+    EXPECT_EQ(second.MapView(), 0) << "it has no handle";
+    EXPECT_EQ(first.CloseMap(), 1);
+    EXPECT_EQ(second.DoesMapExist("b"), 0) << "and nothing of it stays open";
+}
+
+TEST_F(MapFileHelper, AFailedCallLeavesTheOlderBlockInPlace) {
+    CMapFileHelper block;
+    ASSERT_EQ(block.CreateOrOpenMap(1, "b", kSize, 1, 1), 1);
+
+    EXPECT_EQ(block.CreateOrOpenMap(1, "b", kSize, 2, 2), 1);
+
+    ASSERT_EQ(block.MapView(), 1);
+    EXPECT_EQ(HeaderOf(block).firstValue, 1U);
+}
+
+TEST_F(MapFileHelper, DataFitTheBlockOrAreRefused) {
+    CMapFileHelper block;
+    std::string data(kSize, 'x');
+    EXPECT_EQ(block.GetDataSize(), 0U);
+    EXPECT_EQ(block.GetDataBuffer(), nullptr);
+    EXPECT_EQ(block.SetData(data.data(), 1), 0) << "there is no view";
+    ASSERT_EQ(block.CreateOrOpenMap(1, "b", kSize, 1, 1), 1);
+    ASSERT_EQ(block.MapView(), 1);
+
+    EXPECT_EQ(block.SetData(data.data(), kSize - 24), 1);
+    EXPECT_EQ(block.SetData(data.data(), kSize - 23), 0);
+    EXPECT_EQ(block.GetDataSize(), kSize - 24);
+
+    EXPECT_EQ(block.SetData(nullptr, 0), 1);
+    EXPECT_EQ(block.GetDataSize(), 0U);
+    EXPECT_EQ(static_cast<char*>(block.GetDataBuffer())[kSize - 25], 'x') << "the bytes stay";
+}
+
+TEST_F(MapFileHelper, ClosingTakesTheContentAway) {
+    CMapFileHelper block;
+    EXPECT_EQ(block.UnmapView(), 1) << "there is none";
+    EXPECT_EQ(block.CloseMap(), 1) << "there is none";
+    char data[] = "abcd";
+    for (int round = 0; round < 2; ++round) {
+        ASSERT_EQ(block.CreateOrOpenMap(1, "b", kSize, 1, 1), 1);
+        ASSERT_EQ(block.MapView(), 1);
+        EXPECT_EQ(*static_cast<char*>(block.GetDataBuffer()), '\0') << round;
+        block.SetData(data, 4);
+        EXPECT_EQ(block.UnmapView(), 1);
+        EXPECT_EQ(block.GetDataBuffer(), nullptr);
+        EXPECT_EQ(block.DoesMapExist("b"), 1) << "the handle is open";
+        EXPECT_EQ(block.CloseMap(), 1);
+        EXPECT_EQ(block.DoesMapExist("b"), 0);
+    }
+}
+
+TEST_F(MapFileHelper, WithoutAutoCloseTheBlockOutlivesItsObject) {
+    CMapFileHelper last;
+    {
+        CMapFileHelper block;
+        ASSERT_EQ(block.CreateOrOpenMap(1, "b", kSize, 1, 1), 1);
+        ASSERT_EQ(block.MapView(), 1);
+        last = block;
+        block.SetAutoClose(0);
+    }
+    EXPECT_EQ(last.DoesMapExist("b"), 1);
+    EXPECT_EQ(last.GetDataSize(), 0U) << "a copy has the same view";
+    {
+        const CMapFileHelper closes = last;
+        last.SetAutoClose(0);
+    }
+    EXPECT_EQ(last.DoesMapExist("b"), 0);
+}
+
+TEST_F(MapFileHelper, AViewOfAnotherSizeThanTheBlockHasIsRefused) {
+    CMapFileHelper creator;
+    ASSERT_EQ(creator.CreateOrOpenMap(1, "b", kSize, 1, 1), 1);
+    CMapFileHelper opener;
+    ASSERT_EQ(opener.CreateOrOpenMap(0, "b", kSize + 1, 1, 1), 1);
+
+    EXPECT_EQ(opener.MapView(), 0);
+    EXPECT_EQ(opener.GetDataBuffer(), nullptr);
+}
+
+}  // namespace
+}  // namespace orvo
