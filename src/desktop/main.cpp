@@ -1,35 +1,31 @@
-// orvo-desktop: people's addresses in a window.
+// orvo-desktop: people's addresses and to-dos in a window.
 // SPDX-License-Identifier: MIT
 #include <QApplication>
+#include <QDateTime>
 #include <QPixmap>
-#include <QWidget>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <memory>
 
 #include <fmt/format.h>
 
-#include <CLI/CLI.hpp>
+#include <desktop/Appearance.h>
+#include <desktop/CommandLine.h>
+#include <desktop/DesktopWindow.h>
 #include <desktop/EndSignals.h>
-#include <desktop/MainWindow.h>
-#include <libraries/quire/UserStore.h>
+#include <host/HostOptions.h>
 #include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/resources/StringTable.h>
 #include <platform/qt/QtWindowSystem.h>
 #include <platform/text/SystemLocale.h>
+#include <platform/time/CTime.h>
 
 namespace orvo::desktop {
 namespace {
 
 constexpr int kDone = 0;
 constexpr int kFailed = 2;
-
-struct Options {
-    std::string store;
-    std::string locale;
-    unsigned codePage = 0;
-    std::string picture;
-};
 
 int Fail(const std::string& reason) {
     fmt::print(stderr, "orvo-desktop: {}\n", reason);
@@ -42,91 +38,104 @@ bool IsSet(const char* variable) {
 }
 
 // A picture is rendered without a display; a window needs one.
-bool ChoosePlatform(const Options& options) {
+bool ChoosePlatform(const CommandLine& line) {
     if (IsSet("QT_QPA_PLATFORM")) return true;
-    if (options.picture.empty()) return IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY");
+    if (line.picture.empty()) return IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY");
     return setenv("QT_QPA_PLATFORM", "offscreen", 1) == 0;
 }
 
-bool SetLocale(const Options& options) {
-    if (options.locale.empty() && options.codePage == 0) return true;
-    const std::string tag = options.locale.empty() ? SystemLocale::Tag() : options.locale;
-    return SystemLocale::Set(tag, options.codePage);
+void SetLocale(const CommandLine& line) {
+    if (line.locale.empty() && line.codePage == 0) return;
+    const std::string tag = line.locale.empty() ? SystemLocale::Tag() : line.locale;
+    if (SystemLocale::Set(tag, line.codePage)) return;
+    throw CommandLineError(fmt::format("--locale {} --code-page {}: no such locale or code page",
+                                       line.locale, line.codePage));
 }
 
-int SavePicture(const MainWindow& window, const std::string& file) {
-    QWidget* widget = QtWindowSystem::WidgetOf(&window);
-    if (widget == nullptr || !widget->grab().save(QString::fromStdString(file))) {
-        return Fail(fmt::format("{}: the picture can't be written", file));
+void SetClock(const CommandLine& line) {
+    if (line.now.empty()) return;
+    const QDateTime now = QDateTime::fromString(QString::fromStdString(line.now), Qt::ISODate);
+    if (!now.isValid() || now.toSecsSinceEpoch() < 0) {
+        throw CommandLineError(
+            fmt::format("--now: \"{}\" is no local time (such as 2026-12-24T18:00)", line.now));
     }
-    return kDone;
+    CTime::SetClock(now.toSecsSinceEpoch());
 }
 
-int Show(const Options& options, int count, char** arguments) {
+COrvoDesktopOptions LoadOptions() {
+    return LoadHostOptions([](const std::string& problem) { Fail(problem); });
+}
+
+int SavePicture(DesktopWindow& window, const std::string& file) {
+    window.show();
+    // What is shown may ask for another look.
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+    if (window.grab().save(QString::fromStdString(file))) return kDone;
+    return Fail(fmt::format("{}: the picture can't be written", file));
+}
+
+int ShowWindow(StoreSession& session, const CommandLine& line) {
+    COrvoDesktopOptions options = LoadOptions();
+    DesktopWindow window(session, options);
+    WindowSettings settings = WindowSettings::Load();
+    const bool isPicture = !line.picture.empty();
+    if (isPicture) settings = {};
+    if (line.view) settings.view = *line.view;
+    const EndSignals endSignals([&window] { window.close(); });
+    if (!window.Open(settings)) return Fail("the window can't be made");
+    if (line.size) window.resize(*line.size);
+    if (isPicture) {
+        if (!line.files.empty()) window.Import(line.files);
+        return SavePicture(window, line.picture);
+    }
+    window.BeginSession();
+    window.show();
+    window.activateWindow();
+    window.Frame().LookupBox().SetFocus();
+    if (!line.files.empty()) {
+        // Behind the first painting, so that the window is there when something is to be told.
+        QTimer::singleShot(0, &window, [&] { window.Import(line.files); });
+    }
+    return QApplication::exec();
+}
+
+int Run(const CommandLine& line, int count, char** arguments) {
     std::string error;
-    const auto engine = OpenUserStore(options.store, error);
-    if (engine == nullptr) return Fail(error);
-    CAddressTable table(*engine);
-    table.SetFailureListener([](const std::string& reason, bool) { Fail(reason); });
+    const std::unique_ptr<StoreSession> session = StoreSession::Open(line.store, error);
+    if (!session) return Fail(error);
 
     const QApplication application(count, arguments);
+    QApplication::setApplicationName("orvo-desktop");
+    QApplication::setApplicationDisplayName("Orvo Desktop");
+    SetColours(line.colours);
     QtWindowSystem system;
     WindowSystem::SetCurrent(&system);
-    int code = kFailed;
-    {
-        MainWindow window;
-        AfxSetMainWnd(&window);
-        const EndSignals endSignals([&window] { window.SendMessage(WM_CLOSE); });
-        if (window.Open(table)) {
-            if (options.picture.empty()) {
-                window.KeepHeading();
-                code = QApplication::exec();
-            } else {
-                code = SavePicture(window, options.picture);
-            }
-        }
-        AfxSetMainWnd(nullptr);
-    }
+    const int code = ShowWindow(*session, line);
+    AfxSetMainWnd(nullptr);
     WindowSystem::SetCurrent(nullptr);
     return code;
 }
 
-int Run(int count, char** arguments) {
-    CLI::App app("Addresses in a window.", "orvo-desktop");
-    Options options;
-    app.add_option("--store", options.store,
-                   "The store file (default: orvo/orvo.db in the user's data folder)");
-    app.add_option("--locale", options.locale, "The locale, such as de-DE or ja-JP");
-    app.add_option("--code-page", options.codePage,
-                   "The code page of text in memory: 65001, 932 or an 8-bit page");
-    app.add_option("--picture", options.picture,
-                   "Render the window into this file, such as window.png, and end");
-    app.set_version_flag("--version", "orvo-desktop " ORVO_VERSION);
+int Main(int count, char** arguments) {
     try {
-        app.parse(count, arguments);
-    } catch (const CLI::Success& help) {
-        return app.exit(help);
-    } catch (const CLI::ParseError& error) {
-        return Fail(fmt::format("{} (see orvo-desktop --help)", error.what()));
+        const std::optional<CommandLine> line = ReadCommandLine(count, arguments);
+        if (!line) return kDone;
+        SetLocale(*line);
+        SetClock(*line);
+        if (!ChoosePlatform(*line)) {
+            return Fail("there is no display: --picture FILE renders the window into a file");
+        }
+        OrvoShareMain(OwnModule(), DLL_PROCESS_ATTACH);
+        return Run(*line, count, arguments);
+    } catch (const std::exception& error) {
+        return Fail(error.what());
     }
-    if (!SetLocale(options)) {
-        return Fail(fmt::format("--locale {} --code-page {}: no such locale or code page",
-                                options.locale, options.codePage));
-    }
-    if (!ChoosePlatform(options)) {
-        return Fail("there is no display: --picture FILE renders the window into a file");
-    }
-    OrvoShareMain(OwnModule(), DLL_PROCESS_ATTACH);
-    return Show(options, count, arguments);
 }
 
 }  // namespace
 }  // namespace orvo::desktop
 
 int main(int count, char** arguments) {
-    try {
-        return orvo::desktop::Run(count, arguments);
-    } catch (const std::exception& error) {
-        return orvo::desktop::Fail(error.what());
-    }
+    return orvo::desktop::Main(count, arguments);
 }

@@ -1,0 +1,40 @@
+// The command line of orvo-desktop.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QSize>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include <desktop/ViewKind.h>
+
+namespace orvo::desktop {
+
+// Where the window's colours come from.
+enum class Colours { Desktop, Light, Dark };
+
+struct CommandLine {
+    std::string store;  // empty for the user's own
+    std::string locale;
+    unsigned codePage = 0;
+    std::string now;
+    std::string picture;  // empty where a window is shown
+    std::optional<ViewKind> view;
+    std::optional<QSize> size;
+    Colours colours = Colours::Desktop;
+    std::vector<std::string> files;  // to import
+};
+
+// What is wrong with the command line, in one line.
+class CommandLineError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+// Gives:  nothing where the user asked for help or the version, which is printed then.
+// Fails:  CommandLineError.
+std::optional<CommandLine> ReadCommandLine(int count, char** arguments);
+
+}  // namespace orvo::desktop

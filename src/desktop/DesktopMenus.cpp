@@ -1,0 +1,125 @@
+// The menus of the main window.
+// SPDX-License-Identifier: MIT
+#include <QMenuBar>
+#include <algorithm>
+
+#include <desktop/DesktopWindow.h>
+#include <desktop/Texts.h>
+#include <platform/qt/QtConvert.h>
+
+namespace orvo::desktop {
+
+void DesktopWindow::MakeMenus() {
+    QMenu& file = *menuBar()->addMenu(Text("&File"));
+    QAction* import = file.addAction(Text("&Import..."));
+    import->setShortcut(QKeySequence("Ctrl+I"));
+    connect(import, &QAction::triggered, this, [this] { ChooseFilesToImport(); });
+    file.addSeparator();
+    QAction* quit = file.addAction(Text("&Quit"));
+    quit->setShortcut(QKeySequence("Ctrl+Q"));
+    connect(quit, &QAction::triggered, this, [this] { close(); });
+    MakeViewMenu();
+    MakeAddressMenu();
+    MakeToDoMenu();
+}
+
+void DesktopWindow::MakeViewMenu() {
+    QMenu& view = *menuBar()->addMenu(Text("&View"));
+    view.addActions(m_views.actions());
+    view.addSeparator();
+    QMenu& columns = *view.addMenu(Text("C&olumns"));
+    connect(&columns, &QMenu::aboutToShow, this, [this, &columns] { FillColumnMenu(columns); });
+    constexpr struct {
+        const char* text;
+        const char* keys;
+        int change;
+    } kCardSteps[] = {{"Lar&ger cards", "Ctrl++", 1}, {"S&maller cards", "Ctrl+-", -1}};
+    for (const auto& step : kCardSteps) {
+        QAction* action = view.addAction(Text(step.text));
+        action->setShortcut(QKeySequence(step.keys));
+        connect(action, &QAction::triggered, this,
+                [this, change = step.change] { m_frame.SetCardStep(m_frame.CardStep() + change); });
+    }
+    view.addSeparator();
+    constexpr Choice kPrivacies[] = {{"S&how private entries", static_cast<int>(Privacy::Show)},
+                                     {"&Mask private entries", static_cast<int>(Privacy::Mask)},
+                                     {"Hi&de private entries", static_cast<int>(Privacy::Hide)}};
+    AddChoices(view, kPrivacies, static_cast<int>(PrivacyOf(m_options)), [this](int value) {
+        ChangeOptions([value](COrvoDesktopOptions& options) {
+            SetPrivacy(options, static_cast<Privacy>(value));
+        });
+    });
+}
+
+void DesktopWindow::MakeAddressMenu() {
+    QMenu& addresses = *menuBar()->addMenu(Text("&Addresses"));
+    constexpr Choice kOrders[] = {{"By &name", static_cast<int>(kListByName)},
+                                  {"By &company", static_cast<int>(kListByCompany)}};
+    m_addressOrders = &AddChoices(addresses, kOrders, static_cast<int>(m_frame.AddressOrder()),
+                                  [this](int value) { m_frame.SetAddressOrder(value); });
+}
+
+void DesktopWindow::MakeToDoMenu() {
+    QMenu& toDos = *menuBar()->addMenu(Text("&To Do"));
+    constexpr Choice kOrders[] = {{"By &priority, then due date", eSortByPriorityDueDate},
+                                  {"By &due date, then priority", eSortByDueDatePriority},
+                                  {"By &category, then due date", eSortByCategoryDueDate},
+                                  {"By c&ategory, then priority", eSortByCategoryPriority}};
+    m_toDoOrders = &AddChoices(toDos, kOrders, m_frame.ToDoOrder(), [this](int value) {
+        m_frame.SetToDoOrder(static_cast<eSortOrder>(value));
+    });
+    toDos.addSeparator();
+    AddFlag(toDos, "&Show completed", &COrvoDesktopOptions::GetTodoShowCompleted,
+            &COrvoDesktopOptions::SetTodoShowCompleted);
+    AddFlag(toDos, "Only what is d&ue", &COrvoDesktopOptions::GetTodoShowDueItemsOnly,
+            &COrvoDesktopOptions::SetTodoShowDueItemsOnly);
+    AddFlag(toDos, "&Record the day of completion", &COrvoDesktopOptions::GetTodoMarkCompletionDate,
+            &COrvoDesktopOptions::SetTodoMarkCompletionDate);
+}
+
+QActionGroup& DesktopWindow::AddChoices(QMenu& menu, std::span<const Choice> choices, int present,
+                                        const std::function<void(int)>& choose) {
+    auto& group = *new QActionGroup(&menu);
+    for (const Choice& choice : choices) {
+        QAction* action = menu.addAction(Text(choice.text));
+        action->setCheckable(true);
+        action->setChecked(choice.value == present);
+        group.addAction(action);
+        connect(action, &QAction::triggered, this,
+                [choose, value = choice.value] { choose(value); });
+    }
+    return group;
+}
+
+void DesktopWindow::AddFlag(QMenu& menu, const char* text, int (COrvoDesktopOptions::*get)() const,
+                            void (COrvoDesktopOptions::*set)(int)) {
+    QAction* action = menu.addAction(Text(text));
+    action->setCheckable(true);
+    action->setChecked((m_options.*get)() != 0);
+    connect(action, &QAction::triggered, this, [this, set](bool isOn) {
+        ChangeOptions([set, isOn](COrvoDesktopOptions& options) { (options.*set)(isOn ? 1 : 0); });
+    });
+}
+
+void DesktopWindow::FillColumnMenu(QMenu& menu) {
+    menu.clear();
+    COrvoUIListViewCtrl* list = m_frame.ShownColumns();
+    if (!list) {
+        menu.addAction(Text("This view has no columns"))->setEnabled(false);
+        return;
+    }
+    const std::vector<int> shown = list->GetShownColumns();
+    for (const COrvoLVColumn& column : list->GetColumns()) {
+        QString name = ToQt(column.strName.View());
+        QAction* action = menu.addAction(name.replace('&', "&&"));
+        action->setCheckable(true);
+        action->setChecked(std::ranges::find(shown, column.nId) != shown.end());
+        // Without its first column a row could not be told from the next.
+        action->setEnabled(column.bOptional != 0);
+        connect(action, &QAction::triggered, this, [list, id = column.nId](bool isShown) {
+            isShown ? list->ShowColumn(id, -1) : list->HideColumn(id);
+        });
+    }
+}
+
+}  // namespace orvo::desktop

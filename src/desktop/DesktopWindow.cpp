@@ -1,0 +1,245 @@
+// The main window of the desktop program: menus, tool bar and status bar around the views.
+// SPDX-License-Identifier: MIT
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QStatusBar>
+#include <QToolBar>
+
+#include <contracts/ResourceScope.h>
+#include <desktop/DesktopWindow.h>
+#include <desktop/Texts.h>
+#include <desktop/ViewIcons.h>
+#include <host/HostOptions.h>
+#include <orvoshare/module/OrvoShareModule.h>
+#include <orvoshare/resources/StringTable.h>
+#include <orvoshare/text/CategoryText.h>
+#include <platform/qt/QtConvert.h>
+#include <platform/qt/QtWindowSystem.h>
+#include <platform/settings/SettingsStore.h>
+
+namespace orvo::desktop {
+namespace {
+
+constexpr QSize kFirstSize{1000, 680};
+constexpr int kLookupWidth = 220;
+constexpr int kCategoryWidth = 170;
+constexpr int kGap = 8;
+
+// Milliseconds. So often what other programs did to the store is looked for.
+constexpr int kForeignInterval = 200;
+constexpr int kProblemTime = 20000;
+
+// So many entries that were left out are told in a message.
+constexpr std::size_t kMostToldEntries = 12;
+
+QString LookUpText() {
+    const CDllResourceHandler resources(OrvoShareRecord());
+    CString text;
+    text.LoadString(kStringLookUp);
+    return ToQt(text.View());
+}
+
+QLabel* MakeLabel(const QString& text) {
+    auto* label = new QLabel(text);
+    label->setContentsMargins(kGap, 0, kGap, 0);
+    return label;
+}
+
+}  // namespace
+
+DesktopWindow::DesktopWindow(StoreSession& session, COrvoDesktopOptions& options)
+    : m_session(session), m_options(options), m_frame(session, options), m_views(nullptr) {
+    setWindowTitle(QApplication::applicationDisplayName());
+    resize(kFirstSize);
+    m_countTimer.setSingleShot(true);
+    connect(&m_countTimer, &QTimer::timeout, this, [this] { ShowCounts(); });
+    m_foreignTimer.setInterval(kForeignInterval);
+    connect(&m_foreignTimer, &QTimer::timeout, this, [this] { LookForForeignChange(); });
+    session.SetFailureListener([this](const std::string& problem) { TellProblem(problem); });
+}
+
+// The views' widgets lie inside of this window, and are to be told of its end while it stands.
+DesktopWindow::~DesktopWindow() {
+    m_session.SetFailureListener([](const std::string&) {});
+    m_frame.SetChangeListener(nullptr);
+    m_frame.DestroyWindow();
+}
+
+bool DesktopWindow::Open(const WindowSettings& settings) {
+    AfxSetMainWnd(&m_frame);
+    if (!m_frame.Open()) return false;
+    setCentralWidget(QtWindowSystem::WidgetOf(&m_frame));
+    m_frame.SetAddressOrder(settings.addressOrder);
+    m_frame.SetToDoOrder(static_cast<eSortOrder>(settings.toDoOrder));
+    MakeToolBar();
+    MakeMenus();
+    statusBar()->addWidget(&m_counts);
+    if (!settings.geometry.isEmpty()) restoreGeometry(settings.geometry);
+    m_frame.SetChangeListener([this] { ShowChange(); });
+    ShowView(settings.view);
+    return true;
+}
+
+void DesktopWindow::BeginSession() {
+    m_isSession = true;
+    m_foreignTimer.start();
+}
+
+void DesktopWindow::MakeToolBar() {
+    auto* bar = addToolBar(Text("Tools"));
+    bar->setMovable(false);
+    bar->setContextMenuPolicy(Qt::PreventContextMenu);
+    QWidget* box = QtWindowSystem::WidgetOf(&m_frame.LookupBox());
+    box->setFixedWidth(kLookupWidth);
+    bar->addWidget(MakeLabel(LookUpText()));
+    bar->addWidget(box);
+    bar->addWidget(MakeLabel(Text("Category:")));
+    m_categoryBox.setFixedWidth(kCategoryWidth);
+    m_categoryBox.setFocusPolicy(Qt::StrongFocus);
+    m_categoryBox.setAccessibleName(Text("Category"));
+    connect(&m_categoryBox, &QComboBox::activated, this,
+            [this] { m_frame.SetCategory(m_categoryBox.currentData().toInt()); });
+    bar->addWidget(&m_categoryBox);
+    auto* space = new QWidget;
+    space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    bar->addWidget(space);
+
+    constexpr struct {
+        ViewKind kind;
+        const char* text;
+        const char* keys;
+    } kViews[] = {{ViewKind::List, "List", "Ctrl+1"},
+                  {ViewKind::LargeIcons, "Large icons", "Ctrl+2"},
+                  {ViewKind::SmallIcons, "Small icons", "Ctrl+3"},
+                  {ViewKind::Cards, "Cards", "Ctrl+4"},
+                  {ViewKind::ToDos, "To Do", "Ctrl+5"}};
+    for (const auto& view : kViews) {
+        if (view.kind == ViewKind::ToDos) bar->addSeparator();
+        QAction* action = m_views.addAction(IconOf(view.kind), Text(view.text));
+        action->setCheckable(true);
+        action->setShortcut(QKeySequence(view.keys));
+        connect(action, &QAction::triggered, this, [this, kind = view.kind] { ShowView(kind); });
+        bar->addAction(action);
+    }
+}
+
+void DesktopWindow::ShowView(ViewKind kind) {
+    m_frame.Show(kind);
+    m_views.actions().at(static_cast<int>(kind))->setChecked(true);
+    FillCategoryBox();
+    m_addressOrders->setEnabled(!m_frame.IsShowingToDos());
+    m_toDoOrders->setEnabled(m_frame.IsShowingToDos());
+}
+
+void DesktopWindow::FillCategoryBox() {
+    m_categoryBox.clear();
+    m_categoryBox.addItem(Text("All categories"), kAllCategories);
+    CCategoryMgr* categories = m_frame.ShownTable().GetCategoryManager();
+    CCategory* category = nullptr;
+    for (categories->FindFirst(category); category; categories->FindNext(category)) {
+        m_categoryBox.addItem(ToQt(CategoryText(*category).View()), category->GetIndex());
+    }
+    const int shown = m_categoryBox.findData(m_frame.Category());
+    m_categoryBox.setCurrentIndex(shown < 0 ? 0 : shown);
+    if (shown < 0) m_frame.SetCategory(kAllCategories);
+}
+
+// Of a thousand rows that are selected at once each tells; one look at the end is enough.
+void DesktopWindow::ShowChange() {
+    m_countTimer.start();
+    m_addressOrders->actions().at(m_frame.AddressOrder() == kListByName ? 0 : 1)->setChecked(true);
+    m_toDoOrders->actions().at(m_frame.ToDoOrder())->setChecked(true);
+}
+
+void DesktopWindow::ShowCounts() {
+    const QString rows = QLocale().toString(m_frame.RowCount());
+    const QString selected = QLocale().toString(m_frame.SelectedCount());
+    m_counts.setText(m_frame.IsShowingToDos()
+                         ? Text("%1 to-dos, %2 selected").arg(rows, selected)
+                         : Text("%1 addresses, %2 selected").arg(rows, selected));
+}
+
+void DesktopWindow::TellProblem(const std::string& problem) {
+    std::fprintf(stderr, "orvo-desktop: %s\n", problem.c_str());
+    statusBar()->showMessage(FromUtf8(problem), kProblemTime);
+}
+
+// While a menu or a question is open, the rows that it is about stay.
+void DesktopWindow::LookForForeignChange() {
+    const bool isAsking = QApplication::activePopupWidget() || QApplication::activeModalWidget();
+    if (isAsking || !m_session.TakeForeignChange()) return;
+    FillCategoryBox();
+    m_frame.Refill();
+}
+
+void DesktopWindow::ChooseFilesToImport() {
+    const QStringList chosen = QFileDialog::getOpenFileNames(
+        this, Text("Import"), {}, Text("Cards and calendars") + " (*.vcf *.vcs *.ics)");
+    std::vector<std::string> files;
+    for (const QString& file : chosen) files.push_back(QFile::encodeName(file).toStdString());
+    if (!files.empty()) Import(files);
+}
+
+void DesktopWindow::Import(const std::vector<std::string>& files) {
+    const ImportResult result = m_session.Import(files);
+    if (!result.failure.empty()) {
+        QMessageBox::warning(this, windowTitle(),
+                             Text("Nothing was imported.") + "\n\n" + FromUtf8(result.failure));
+        return;
+    }
+    FillCategoryBox();
+    m_frame.Refill();
+    const QString told = Text("%1 addresses and %2 to-dos were imported.")
+                             .arg(QLocale().toString(static_cast<qulonglong>(result.addresses)),
+                                  QLocale().toString(static_cast<qulonglong>(result.toDos)));
+    statusBar()->showMessage(told, kProblemTime);
+    if (result.skipped.empty()) return;
+    QString details;
+    for (const std::string& entry : result.skipped) {
+        std::fprintf(stderr, "orvo-desktop: %s\n", entry.c_str());
+        if (&entry - result.skipped.data() < static_cast<std::ptrdiff_t>(kMostToldEntries)) {
+            details += '\n' + FromUtf8(entry);
+        }
+    }
+    QMessageBox::information(
+        this, windowTitle(),
+        told + "\n\n" + Text("%1 entries were left out:").arg(result.skipped.size()) + details);
+}
+
+void DesktopWindow::ChangeOptions(const std::function<void(COrvoDesktopOptions&)>& change) {
+    if (m_isSession) {
+        // What orvo has set since stays.
+        const SettingsLock lock;
+        m_options = LoadHostOptions([this](const std::string& problem) { TellProblem(problem); });
+        change(m_options);
+        SaveHostOptions(m_options);
+    } else {
+        change(m_options);
+    }
+    m_frame.Refill();
+}
+
+void DesktopWindow::Save() {
+    const SettingsLock lock;
+    m_frame.SaveHeadings();
+    WindowSettings settings;
+    settings.geometry = saveGeometry();
+    settings.view = m_frame.Shown();
+    settings.addressOrder = static_cast<int>(m_frame.AddressOrder());
+    settings.toDoOrder = m_frame.ToDoOrder();
+    settings.Save();
+}
+
+void DesktopWindow::closeEvent(QCloseEvent* event) {
+    event->accept();
+    if (!m_isSession) return;
+    m_isSession = false;
+    m_foreignTimer.stop();
+    Save();
+    // Not quit(), which asks the windows: a menu or a question that is still open ends, too.
+    QCoreApplication::exit(0);
+}
+
+}  // namespace orvo::desktop

@@ -1,0 +1,81 @@
+// The main window of the desktop program: menus, tool bar and status bar around the views.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QActionGroup>
+#include <QComboBox>
+#include <QLabel>
+#include <QMainWindow>
+#include <QTimer>
+#include <functional>
+#include <span>
+
+#include <desktop/ViewFrame.h>
+#include <desktop/WindowSettings.h>
+
+namespace orvo::desktop {
+
+class DesktopWindow : public QMainWindow {
+public:
+    // The session and the options outlive the window.
+    DesktopWindow(StoreSession& session, COrvoDesktopOptions& options);
+    ~DesktopWindow() override;
+
+    // Makes the views and fills the one that is to be shown.
+    // Gives:  false where that can't be done.
+    bool Open(const WindowSettings& settings);
+
+    // From now on, what the user changes about window, views and options is kept for the next
+    // start, and what other programs do to the store is seen.
+    void BeginSession();
+
+    // Takes in card and calendar files, and tells what became of them.
+    void Import(const std::vector<std::string>& files);
+
+    ViewFrame& Frame() { return m_frame; }
+    void ShowView(ViewKind kind);
+
+    // One line for the status bar.
+    void TellProblem(const std::string& problem);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    struct Choice {
+        const char* text;
+        int value;
+    };
+
+    void MakeToolBar();
+    void MakeMenus();
+    void MakeViewMenu();
+    void MakeAddressMenu();
+    void MakeToDoMenu();
+    QActionGroup& AddChoices(QMenu& menu, std::span<const Choice> choices, int present,
+                             const std::function<void(int)>& choose);
+    void AddFlag(QMenu& menu, const char* text, int (COrvoDesktopOptions::*get)() const,
+                 void (COrvoDesktopOptions::*set)(int));
+    void FillColumnMenu(QMenu& menu);
+    void FillCategoryBox();
+    void ShowCounts();
+    void ShowChange();
+    void LookForForeignChange();
+    void ChooseFilesToImport();
+    void ChangeOptions(const std::function<void(COrvoDesktopOptions&)>& change);
+    void Save();
+
+    StoreSession& m_session;
+    COrvoDesktopOptions& m_options;
+    ViewFrame m_frame;
+    QComboBox m_categoryBox;
+    QLabel m_counts;
+    QActionGroup m_views;
+    QActionGroup* m_addressOrders = nullptr;  // Qt's, with the menus
+    QActionGroup* m_toDoOrders = nullptr;
+    QTimer m_countTimer;    // runs while the counts are out of date
+    QTimer m_foreignTimer;  // runs in a session
+    bool m_isSession = false;
+};
+
+}  // namespace orvo::desktop

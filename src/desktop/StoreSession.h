@@ -1,0 +1,53 @@
+// The store that a window shows.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <contracts/RecordStore.h>
+#include <libraries/quire/SqliteEngine.h>
+
+namespace orvo::desktop {
+
+// What became of files that were imported together.
+struct ImportResult {
+    std::size_t addresses = 0;
+    std::size_t toDos = 0;
+    std::vector<std::string> skipped;  // one line an entry: file, line and reason
+    std::string failure;               // one line; empty on success. Nothing was imported then.
+};
+
+class StoreSession {
+public:
+    // Opens or creates the store; an empty path stands for the user's own.
+    // Gives:  null on failure, with the reason in one line in `error`.
+    static std::unique_ptr<StoreSession> Open(const std::string& path, std::string& error);
+
+    CAddressTable& Addresses() { return m_addresses; }
+    CToDoTable& ToDos() { return m_toDos; }
+
+    // Takes in card and calendar files: all of them, or none.
+    ImportResult Import(const std::vector<std::string>& files);
+
+    // Told, in one line, of a record that can't be read, or of a walk over the store that ended
+    // early.
+    void SetFailureListener(const std::function<void(const std::string&)>& listener);
+
+    // True, once, after another process has changed the store.
+    bool TakeForeignChange();
+
+private:
+    explicit StoreSession(std::unique_ptr<SqliteEngine> engine);
+
+    // Fails:  ExchangeError, and the store is as it was.
+    void ImportAll(const std::vector<std::string>& files, ImportResult& result);
+
+    std::unique_ptr<SqliteEngine> m_engine;
+    CAddressTable m_addresses;
+    CToDoTable m_toDos;
+};
+
+}  // namespace orvo::desktop

@@ -1,0 +1,312 @@
+// The window in which the views stand: the address views with their lookup box, and the to-dos.
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+
+#include <desktop/ViewFrame.h>
+#include <platform/window/CDC.h>
+#include <platform/window/WindowSystem.h>
+
+namespace orvo::desktop {
+namespace {
+
+constexpr CRect kFirstPlace{0, 0, 900, 600};
+// At the most, in pixels.
+constexpr int kScrollBarWidth = 18;
+
+constexpr UINT kBoxId = 1;
+constexpr UINT kListId = 2;
+constexpr UINT kCardsId = 3;
+constexpr UINT kToDosId = 4;
+
+// The sections of the user's profile that hold headings and card size; orvo has the same.
+constexpr const char* kListSection = "AddressList";
+constexpr const char* kCardSection = "AddressCards";
+constexpr const char* kToDoSection = "ToDoList";
+
+constexpr std::array<CSize, 6> kCardSizes{
+    {{180, 100}, {220, 136}, {260, 172}, {310, 208}, {370, 250}, {440, 300}}};
+constexpr int kFirstCardStep = 2;
+
+struct ListModeRow {
+    ViewKind kind;
+    int mode;
+};
+constexpr ListModeRow kListModes[] = {{ViewKind::List, kReportView},
+                                      {ViewKind::LargeIcons, kLargeIconView},
+                                      {ViewKind::SmallIcons, kSmallIconView}};
+
+// -1 for a view that isn't the list.
+int ListModeOf(ViewKind kind) {
+    for (const ListModeRow& row : kListModes) {
+        if (row.kind == kind) return row.mode;
+    }
+    return -1;
+}
+
+std::int64_t IdOfAddress(DWORD data) {
+    return RecordOf(data)->GetId();
+}
+
+std::int64_t IdOfToDo(DWORD data) {
+    return reinterpret_cast<CToDoRecord*>(data)->GetId();
+}
+
+// A saved heading adds its columns to those that are shown.
+void HideColumns(COrvoUIListViewCtrl& list) {
+    for (const int id : list.GetShownColumns()) list.HideColumn(id);
+}
+
+// Which order a click on a heading asks for; a second click on a category turns to the other one.
+eSortOrder OrderOfColumn(int column, eSortOrder present) {
+    switch (column) {
+        case TodoColumn::Priority:
+            return eSortByPriorityDueDate;
+        case TodoColumn::DueDate:
+            return eSortByDueDatePriority;
+        case TodoColumn::Category:
+            return present == eSortByCategoryDueDate ? eSortByCategoryPriority
+                                                     : eSortByCategoryDueDate;
+        default:
+            return present;
+    }
+}
+
+}  // namespace
+
+const MessageMap& ViewFrame::ThisMap() {
+    static const MessageMap map{CWnd::ThisMap(),
+                                {On<WM_PAINT>(&ViewFrame::OnPaint), On<WM_SIZE>(&ViewFrame::OnSize),
+                                 On<WM_GET_DESKTOP_OPTIONS>(&ViewFrame::OnGetOptions),
+                                 OnCommand(ID_DV_SELECTION_CHANGED, &ViewFrame::Tell),
+                                 OnCommand(ID_DV_CATEGORY_CHANGED, &ViewFrame::Tell),
+                                 OnCommand(ID_TODO_ROW_REMOVED, &ViewFrame::Tell),
+                                 OnCommand(ID_TODO_ROW_CHANGED, &ViewFrame::Tell)}};
+    return map;
+}
+
+ViewFrame::ViewFrame(StoreSession& session, COrvoDesktopOptions& options)
+    : m_session(session), m_options(options) {}
+
+ViewFrame::~ViewFrame() {
+    m_changed = nullptr;
+    DestroyWindow();
+}
+
+bool ViewFrame::Open() {
+    constexpr DWORD kChild = WS_CHILD | WS_TABSTOP;
+    if (!Create(0, kFirstPlace, nullptr, 0)) return false;
+    m_toDos = std::make_unique<CTodoListbox>();
+    if (!m_box.Create(kChild | WS_VISIBLE | WS_BORDER, {}, this, kBoxId) ||
+        !m_list.Create(kChild | LVS_REPORT | LVS_SHOWSELALWAYS, {}, this, kListId) ||
+        !m_cards.Create(kChild, {}, this, kCardsId) ||
+        !m_toDos->Create(kChild | LVS_REPORT | LVS_SHOWSELALWAYS, {}, this, kToDosId)) {
+        return false;
+    }
+    m_list.Initialize(&m_session.Addresses(), &m_categories);
+    m_cards.Initialize(&m_session.Addresses());
+    if (m_cards.ReadCardSize(kCardSection) == 0) SetCardStep(kFirstCardStep);
+    m_toDos->Initialize();
+    m_toDos->SetCategoryCombo(&m_categories);
+    SetUpHeadings();
+    m_list.DV_SetEdit(&m_box);
+    m_cards.DV_SetEdit(&m_box);
+    m_list.ShowWindow(0);
+    m_cards.ShowWindow(0);
+    m_toDos->ShowWindow(0);
+    return true;
+}
+
+void ViewFrame::SetUpHeadings() {
+    m_list.ShowDefaultHeading();
+    m_listSpread.emplace(m_list);
+    HideColumns(m_list);
+    if (m_list.ReadHeaderColumnInfo(kListSection, 0) == 0) m_list.ShowDefaultHeading();
+    m_toDos->ShowDefaultHeading();
+    m_toDoSpread.emplace(*m_toDos);
+    HideColumns(*m_toDos);
+    if (m_toDos->ReadHeaderColumnInfo(kToDoSection, 0) == 0) m_toDos->ShowDefaultHeading();
+}
+
+CDetailViewAddrInf& ViewFrame::AddressView() {
+    if (m_shown == ViewKind::Cards) return m_cards;
+    return m_list;
+}
+
+CWnd& ViewFrame::ShownWindow() {
+    if (IsShowingToDos()) return *m_toDos;
+    if (m_shown == ViewKind::Cards) return m_cards;
+    return m_list;
+}
+
+COrvoUIListViewCtrl* ViewFrame::ShownColumns() {
+    if (IsShowingToDos()) return m_toDos.get();
+    return m_shown == ViewKind::List ? &m_list : nullptr;
+}
+
+CBaseTable& ViewFrame::ShownTable() {
+    if (IsShowingToDos()) return m_session.ToDos();
+    return m_session.Addresses();
+}
+
+RowKeeper ViewFrame::Remember() {
+    return {ShownWindow(), IsShowingToDos() ? IdOfToDo : IdOfAddress};
+}
+
+void ViewFrame::Show(ViewKind kind) {
+    const bool isListStill = ListModeOf(kind) >= 0 && ListModeOf(m_shown) >= 0;
+    const bool isFilled = isListStill && m_list.IsWindowVisible() != 0;
+    const bool hadFocus = GetFocus() == &ShownWindow();
+    if (!isListStill) {
+        RowsLeft() = Remember();
+        Empty();
+        ShownWindow().ShowWindow(0);
+    }
+    m_shown = kind;
+    m_box.Clear();
+    m_box.SetListBox(IsShowingToDos() ? nullptr : &AddressView());
+    m_box.EnableWindow(!IsShowingToDos());
+    if (ListModeOf(kind) >= 0) m_list.SetViewMode(ListModeOf(kind));
+    Arrange();
+    if (!isFilled) Fill();
+    ShownWindow().ShowWindow(1);
+    if (!isFilled && RowsLeft()) RowsLeft()->Restore(ShownWindow());
+    if (hadFocus || IsShowingToDos()) ShownWindow().SetFocus();
+    Tell();
+}
+
+void ViewFrame::Refill() {
+    const RowKeeper rows = Remember();
+    Fill();
+    rows.Restore(ShownWindow());
+    Tell();
+}
+
+void ViewFrame::Empty() {
+    if (IsShowingToDos()) {
+        m_toDos->DeleteAll();
+    } else {
+        AddressView().DV_DeleteAll();
+    }
+}
+
+void ViewFrame::Fill() {
+    const Privacy privacy = PrivacyOf(m_options);
+    const int hidesPrivate = privacy == Privacy::Hide ? 1 : 0;
+    const int masks = privacy == Privacy::Mask ? 1 : 0;
+    if (IsShowingToDos()) {
+        m_toDos->ShowDueItemsOnly(m_options.GetTodoShowDueItemsOnly());
+        m_toDos->HideCompletedItems(m_options.GetTodoShowCompleted() == 0);
+        m_toDos->SetMarkCompletionDate(m_options.GetTodoMarkCompletionDate());
+        m_toDos->HidePrivateItems(hidesPrivate);
+        m_toDos->SetMaskPrivate(masks);
+        m_toDos->SetCategoryShown(m_toDoCategory);
+        m_toDos->SetSortOrder(m_toDoOrder);
+        m_toDos->RefreshAllItemData(&m_session.ToDos());
+        return;
+    }
+    CDetailViewAddrInf& view = AddressView();
+    view.DV_SetMaskPrivate(masks);
+    view.DV_FillFromTable(&m_session.Addresses(), m_addressCategory, hidesPrivate,
+                          static_cast<int>(m_addressOrder));
+}
+
+void ViewFrame::SetCategory(int category) {
+    (IsShowingToDos() ? m_toDoCategory : m_addressCategory) = category;
+    Refill();
+}
+
+void ViewFrame::SetAddressOrder(long listBy) {
+    m_addressOrder = listBy;
+    if (!IsShowingToDos() && ShownWindow().IsWindowVisible() != 0) Refill();
+}
+
+void ViewFrame::SetToDoOrder(eSortOrder order) {
+    m_toDoOrder = order;
+    if (IsShowingToDos() && ShownWindow().IsWindowVisible() != 0) Refill();
+}
+
+void ViewFrame::SetCardStep(int step) {
+    const std::size_t index =
+        static_cast<std::size_t>(std::clamp(step, 0, static_cast<int>(kCardSizes.size()) - 1));
+    m_cards.SetCardSize(kCardSizes[index].cx, kCardSizes[index].cy, 1);
+}
+
+int ViewFrame::CardStep() const {
+    int width = 0;
+    int height = 0;
+    m_cards.GetCardSize(&width, &height);
+    const auto isNearer = [width](const CSize& size, const CSize& other) {
+        return std::abs(size.cx - width) < std::abs(other.cx - width);
+    };
+    return static_cast<int>(std::ranges::min_element(kCardSizes, isNearer) - kCardSizes.begin());
+}
+
+int ViewFrame::RowCount() {
+    return IsShowingToDos() ? m_toDos->GetItemCount() : AddressView().DV_GetItemCount();
+}
+
+int ViewFrame::SelectedCount() {
+    return IsShowingToDos() ? m_toDos->GetSelectedCount()
+                            : static_cast<int>(AddressView().DV_GetSelectedCount());
+}
+
+void ViewFrame::SaveHeadings() {
+    if (m_listSpread->IsChanged()) m_list.WriteHeaderColumnInfo(kListSection);
+    if (m_toDoSpread->IsChanged()) m_toDos->WriteHeaderColumnInfo(kToDoSection);
+    m_cards.WriteCardSize(kCardSection);
+}
+
+void ViewFrame::Arrange() {
+    CRect client;
+    GetClientRect(&client);
+    ShownWindow().MoveWindow(client);
+    m_listSpread->FillWidth(client.Width() - kScrollBarWidth);
+    m_toDoSpread->FillWidth(client.Width() - kScrollBarWidth);
+}
+
+void ViewFrame::Tell() {
+    if (m_changed) m_changed();
+}
+
+LRESULT ViewFrame::OnPaint(WPARAM wParam, LPARAM) {
+    if (auto* dc = reinterpret_cast<CDC*>(wParam)) {
+        CRect client;
+        GetClientRect(&client);
+        dc->FillSolidRect(client, GetSysColor(COLOR_WINDOW));
+    }
+    return 0;
+}
+
+LRESULT ViewFrame::OnGetOptions(WPARAM, LPARAM answer) {
+    *PointerOf<COrvoDesktopOptions*>(answer) = &m_options;
+    return 1;
+}
+
+void ViewFrame::OnSize(UINT, int, int) {
+    if (m_toDoSpread) Arrange();
+}
+
+BOOL ViewFrame::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) {
+    const NMHDR header = *PointerOf<NMHDR>(lParam);
+    const BOOL isHandled = CWnd::OnNotify(wParam, lParam, result);
+    if (header.code == LVN_ITEMCHANGED) Tell();
+    if (header.code == LVN_COLUMNCLICK) {
+        HeadingClicked(PointerOf<NMLISTVIEW>(lParam)->iSubItem);
+    }
+    return isHandled;
+}
+
+void ViewFrame::HeadingClicked(int column) {
+    const COrvoUIListViewCtrl* columns = ShownColumns();
+    if (!columns) return;
+    const int id = columns->SubItemFromIndex(column);
+    if (IsShowingToDos()) {
+        SetToDoOrder(OrderOfColumn(id, m_toDoOrder));
+    } else if (id == AddressColumn::Name || id == AddressColumn::Company) {
+        SetAddressOrder(id == AddressColumn::Name ? kListByName : kListByCompany);
+    }
+}
+
+}  // namespace orvo::desktop

@@ -1,0 +1,110 @@
+// The window in which the views stand: the address views with their lookup box, and the to-dos.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include <desktop/HeadingSpread.h>
+#include <desktop/Privacy.h>
+#include <desktop/RowKeeper.h>
+#include <desktop/StoreSession.h>
+#include <desktop/ViewKind.h>
+#include <orvoshare/addresslist/DetailViewAddrList.h>
+#include <orvoshare/addressviews/DetailViewAddrCard.h>
+#include <orvoshare/addressviews/LookupEdit.h>
+#include <orvoshare/todo/TodoListbox.h>
+
+namespace orvo::desktop {
+
+// It is the main window of the views: it hands out the options, and hears what they tell. Only the
+// view that is shown holds records.
+class ViewFrame : public CWnd {
+public:
+    // The session and the options outlive the frame.
+    ViewFrame(StoreSession& session, COrvoDesktopOptions& options);
+    ~ViewFrame() override;
+
+    // Makes the windows of the views; none is shown yet.
+    // Gives:  false where a window can't be made.
+    bool Open();
+
+    ViewKind Shown() const { return m_shown; }
+    // Addresses and to-dos each come back with the rows that the user had before him.
+    void Show(ViewKind kind);
+
+    // Reads the records of the view that is shown again, with its selection kept.
+    void Refill();
+
+    // 16 for all. Of the addresses and of the to-dos there is a category each.
+    int Category() const { return IsShowingToDos() ? m_toDoCategory : m_addressCategory; }
+    void SetCategory(int category);
+    CBaseTable& ShownTable();
+
+    long AddressOrder() const { return m_addressOrder; }
+    void SetAddressOrder(long listBy);
+    eSortOrder ToDoOrder() const { return m_toDoOrder; }
+    void SetToDoOrder(eSortOrder order);
+
+    // From 0, as the user makes cards smaller or larger.
+    void SetCardStep(int step);
+    int CardStep() const;
+
+    int RowCount();
+    int SelectedCount();
+    bool IsShowingToDos() const { return m_shown == ViewKind::ToDos; }
+
+    CLookupEdit& LookupBox() { return m_box; }
+    CDetailViewAddrList& List() { return m_list; }
+    // The window of the view that is shown, and its columns; null for cards.
+    CWnd& ShownWindow();
+    COrvoUIListViewCtrl* ShownColumns();
+
+    // Saves headings and the size of the cards.
+    void SaveHeadings();
+
+    // Called after rows, selection or order have changed.
+    void SetChangeListener(std::function<void()> listener) { m_changed = std::move(listener); }
+
+    static const MessageMap& ThisMap();
+    const MessageMap& GetMessageMap() const override { return ThisMap(); }
+
+protected:
+    BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) override;
+
+private:
+    LRESULT OnPaint(WPARAM wParam, LPARAM lParam);
+    LRESULT OnGetOptions(WPARAM, LPARAM answer);
+    void OnSize(UINT kind, int width, int height);
+    void HeadingClicked(int column);
+
+    CDetailViewAddrInf& AddressView();
+    RowKeeper Remember();
+    std::optional<RowKeeper>& RowsLeft() { return IsShowingToDos() ? m_toDoRows : m_addressRows; }
+    void Empty();
+    void Fill();
+    void Arrange();
+    void SetUpHeadings();
+    void Tell();
+
+    StoreSession& m_session;
+    COrvoDesktopOptions& m_options;
+    ViewKind m_shown = ViewKind::List;
+    int m_addressCategory = kAllCategories;
+    int m_toDoCategory = kAllCategories;
+    long m_addressOrder = kListByName;
+    eSortOrder m_toDoOrder = eSortByPriorityDueDate;
+    std::optional<RowKeeper> m_addressRows;  // of the views that aren't shown
+    std::optional<RowKeeper> m_toDoRows;
+    std::function<void()> m_changed;
+    CCategoryCombo m_categories;  // the lists open no menu of categories without it
+    CLookupEdit m_box;
+    CDetailViewAddrList m_list;
+    CDetailViewAddrCard m_cards;
+    std::unique_ptr<CTodoListbox> m_toDos;  // it asks for the options as soon as it is there
+    std::optional<HeadingSpread> m_listSpread;
+    std::optional<HeadingSpread> m_toDoSpread;
+};
+
+}  // namespace orvo::desktop
