@@ -50,6 +50,9 @@ public:
     const std::string& Path() const { return m_path; }
     SqliteEngine& Engine() { return *m_engine; }
 
+    // From now on the file is other processes' alone.
+    void Close() { m_engine.reset(); }
+
 private:
     std::string m_folder;
     std::string m_path;
