@@ -8,6 +8,7 @@
 
 #include <CLI/CLI.hpp>
 #include <cli/Commands.h>
+#include <host/MailReason.h>
 #include <orvoshare/integration/MapiMailer.h>
 #include <platform/text/CodePage.h>
 
@@ -20,24 +21,6 @@ struct Mail {
     std::string body;
     std::vector<std::string> attachments;
 };
-
-struct FaultRow {
-    unsigned long code;
-    const char* reason;
-};
-constexpr FaultRow kFaults[] = {
-    {MAPI_E_ATTACHMENT_NOT_FOUND, "a file to attach isn't there"},
-    {MAPI_E_ATTACHMENT_OPEN_FAILURE, "a file to attach can't be read"},
-    {MAPI_E_UNKNOWN_RECIPIENT, "--to takes one mail address each time"},
-    {MAPI_E_TEXT_TOO_LARGE, "the message is longer than the mail program can be given"},
-};
-
-const char* ReasonOf(unsigned long code) {
-    for (const FaultRow& row : kFaults) {
-        if (row.code == code) return row.reason;
-    }
-    return "no mail program can be opened on this desktop";
-}
 
 CString SystemText(const std::string& utf8) {
     CString text;
@@ -65,7 +48,7 @@ int SendMail(const Mail& mail) {
         nullptr, recipients.size(), recipients.data(), SystemText(mail.subject),
         SystemText(mail.body), &paths, &names);
     if (code != SUCCESS_SUCCESS) {
-        throw CommandError(kWrongUse, fmt::format("mail: {}", ReasonOf(code)));
+        throw CommandError(kWrongUse, fmt::format("mail: {}", MailReason(code)));
     }
     return kDone;
 }

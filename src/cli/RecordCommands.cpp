@@ -158,6 +158,7 @@ int Edit(Store& store, std::int64_t id, const Changes& changes, bool json) {
 }
 
 int Delete(Store& store, std::int64_t id, bool json) {
+    const WriteClaim claim(store);
     const auto record = FindAddress(store, id);
     store.Check(store.Addresses().Delete(*record));
     return Tell("deleted", id, json);

@@ -127,6 +127,7 @@ void RefuseMasked(TodoView& view, int row) {
 
 // The record is looked at again by its id, as its row may have moved.
 int EditRow(Store& store, const RowEdit& options, const Edit& edit, bool json) {
+    const WriteClaim claim(store);
     TodoView view(store, options.list);
     RefuseMasked(view, options.row);
     const std::int64_t id = view.RecordAt(options.row).GetId();
@@ -159,6 +160,7 @@ int PrintNoteTitle(Store& store, const RowEdit& options, bool json) {
 }
 
 int DeleteRow(Store& store, const RowEdit& options, bool json) {
+    const WriteClaim claim(store);
     TodoView view(store, options.list);
     CToDoRecord& record = view.RecordAt(options.row);
     store.Check(store.ToDos().Delete(record));

@@ -114,6 +114,7 @@ std::string Reason(AddressView& view, Store& store, int row) {
 }
 
 int ChangeCategory(Store& store, const RowOptions& options, bool json) {
+    const WriteClaim claim(store);
     AddressView view(store, options.list);
     const CAddressRecord& record = view.RecordAt(options.row);
     const int category = CategoryIndex(store.Addresses(), options.category);

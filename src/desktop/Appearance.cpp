@@ -15,12 +15,12 @@ struct RoleColours {
     QRgb dark;
 };
 constexpr RoleColours kRoles[] = {
-    {QPalette::Window, 0xFFF3F4F6, 0xFF24272C},
+    {QPalette::Window, 0xFFF3F4F6, 0xFF2A2E34},
     {QPalette::WindowText, 0xFF1E2227, 0xFFE4E6EA},
     {QPalette::Base, 0xFFFFFFFF, 0xFF1B1D21},
     {QPalette::AlternateBase, 0xFFF6F7F9, 0xFF212429},
     {QPalette::Text, 0xFF1E2227, 0xFFE4E6EA},
-    {QPalette::Button, 0xFFE9EBEF, 0xFF30343A},
+    {QPalette::Button, 0xFFE9EBEF, 0xFF383D45},
     {QPalette::ButtonText, 0xFF1E2227, 0xFFE4E6EA},
     {QPalette::BrightText, 0xFFFFFFFF, 0xFFFFFFFF},
     {QPalette::PlaceholderText, 0xFF6A717C, 0xFF969DA8},

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include <desktop/DesktopWindow.h>
+#include <desktop/Mail.h>
 #include <desktop/Texts.h>
 #include <platform/qt/QtConvert.h>
 
@@ -57,6 +58,26 @@ void DesktopWindow::MakeAddressMenu() {
                                   {"By &company", static_cast<int>(kListByCompany)}};
     m_addressOrders = &AddChoices(addresses, kOrders, static_cast<int>(m_frame.AddressOrder()),
                                   [this](int value) { m_frame.SetAddressOrder(value); });
+    addresses.addSeparator();
+    AddMailCommands(addresses);
+}
+
+void DesktopWindow::AddMailCommands(QMenu& menu) {
+    const auto selected = [this] {
+        std::vector<CAddressRecord*> records;
+        for (CBaseRecord* record : m_frame.SelectedRecords()) {
+            records.push_back(static_cast<CAddressRecord*>(record));
+        }
+        return records;
+    };
+    QAction* mail = menu.addAction(Text("Send &mail to selected"));
+    mail->setShortcut(QKeySequence("Ctrl+M"));
+    connect(mail, &QAction::triggered, this,
+            [this, selected] { TellRefusal(SendMailTo(selected())); });
+    QAction* cards = menu.addAction(Text("Send as &vCard"));
+    connect(cards, &QAction::triggered, this,
+            [this, selected] { TellRefusal(SendAsCards(selected(), m_session.Addresses())); });
+    m_selectionActions = {mail, cards};
 }
 
 void DesktopWindow::MakeToDoMenu() {

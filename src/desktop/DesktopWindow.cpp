@@ -71,10 +71,16 @@ bool DesktopWindow::Open(const WindowSettings& settings) {
     AfxSetMainWnd(&m_frame);
     if (!m_frame.Open()) return false;
     setCentralWidget(QtWindowSystem::WidgetOf(&m_frame));
+    m_drop = std::make_unique<QtDrop>(m_frame);
+    m_frame.SetDropListener([this](const std::vector<std::string>& files) {
+        // Not from within the drag, which must end before anything is asked.
+        QTimer::singleShot(0, this, [this, files] { Import(files); });
+    });
     m_frame.SetAddressOrder(settings.addressOrder);
     m_frame.SetToDoOrder(static_cast<eSortOrder>(settings.toDoOrder));
     MakeToolBar();
     MakeMenus();
+    m_counts.setContentsMargins(kGap, 0, kGap, 0);
     statusBar()->addWidget(&m_counts);
     if (!settings.geometry.isEmpty()) restoreGeometry(settings.geometry);
     m_frame.SetChangeListener([this] { ShowChange(); });
@@ -159,6 +165,8 @@ void DesktopWindow::ShowCounts() {
     m_counts.setText(m_frame.IsShowingToDos()
                          ? Text("%1 to-dos, %2 selected").arg(rows, selected)
                          : Text("%1 addresses, %2 selected").arg(rows, selected));
+    const bool hasAddresses = !m_frame.IsShowingToDos() && m_frame.SelectedCount() > 0;
+    for (QAction* action : m_selectionActions) action->setEnabled(hasAddresses);
 }
 
 void DesktopWindow::TellProblem(const std::string& problem) {
@@ -206,6 +214,10 @@ void DesktopWindow::Import(const std::vector<std::string>& files) {
     QMessageBox::information(
         this, windowTitle(),
         told + "\n\n" + Text("%1 entries were left out:").arg(result.skipped.size()) + details);
+}
+
+void DesktopWindow::TellRefusal(const QString& refusal) {
+    if (!refusal.isEmpty()) QMessageBox::warning(this, windowTitle(), refusal);
 }
 
 void DesktopWindow::ChangeOptions(const std::function<void(COrvoDesktopOptions&)>& change) {

@@ -8,10 +8,12 @@
 #include <QMainWindow>
 #include <QTimer>
 #include <functional>
+#include <memory>
 #include <span>
 
 #include <desktop/ViewFrame.h>
 #include <desktop/WindowSettings.h>
+#include <platform/qt/QtDrop.h>
 
 namespace orvo::desktop {
 
@@ -51,6 +53,8 @@ private:
     void MakeMenus();
     void MakeViewMenu();
     void MakeAddressMenu();
+    void AddMailCommands(QMenu& menu);
+    void TellRefusal(const QString& refusal);
     void MakeToDoMenu();
     QActionGroup& AddChoices(QMenu& menu, std::span<const Choice> choices, int present,
                              const std::function<void(int)>& choose);
@@ -73,8 +77,10 @@ private:
     QActionGroup m_views;
     QActionGroup* m_addressOrders = nullptr;  // Qt's, with the menus
     QActionGroup* m_toDoOrders = nullptr;
-    QTimer m_countTimer;    // runs while the counts are out of date
-    QTimer m_foreignTimer;  // runs in a session
+    std::unique_ptr<QtDrop> m_drop;
+    std::vector<QAction*> m_selectionActions;  // Qt's; enabled where addresses are selected
+    QTimer m_countTimer;                       // runs while the counts are out of date
+    QTimer m_foreignTimer;                     // runs in a session
     bool m_isSession = false;
 };
 

@@ -5,8 +5,15 @@
 #include <desktop/StoreSession.h>
 #include <exchange/ImportFile.h>
 #include <libraries/quire/UserStore.h>
+#include <platform/text/CodePage.h>
 
 namespace orvo::desktop {
+namespace {
+
+// So long a program that writes to the store is waited for.
+constexpr std::chrono::milliseconds kPatience{2000};
+
+}  // namespace
 
 std::unique_ptr<StoreSession> StoreSession::Open(const std::string& path, std::string& error) {
     std::unique_ptr<SqliteEngine> engine = OpenUserStore(path, error);
@@ -16,6 +23,15 @@ std::unique_ptr<StoreSession> StoreSession::Open(const std::string& path, std::s
 
 StoreSession::StoreSession(std::unique_ptr<SqliteEngine> engine)
     : m_engine(std::move(engine)), m_addresses(*m_engine), m_toDos(*m_engine) {}
+
+bool StoreSession::Claim(std::string& error) {
+    m_claim.emplace(m_engine->Name(), kDesktopOwner, kPatience);
+    if (m_claim->Access() != DataSetAccess::Refused) return true;
+    std::string holder;
+    CodePage::System().ToUtf8(m_claim->Holder().View(), holder);
+    error = fmt::format("{}: {} has this store open; try again later", m_engine->Name(), holder);
+    return false;
+}
 
 ImportResult StoreSession::Import(const std::vector<std::string>& files) {
     ImportResult result;

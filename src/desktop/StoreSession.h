@@ -4,11 +4,13 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include <contracts/RecordStore.h>
 #include <libraries/quire/SqliteEngine.h>
+#include <orvoshare/shared/DataSetClaim.h>
 
 namespace orvo::desktop {
 
@@ -25,6 +27,10 @@ public:
     // Opens or creates the store; an empty path stands for the user's own.
     // Gives:  null on failure, with the reason in one line in `error`.
     static std::unique_ptr<StoreSession> Open(const std::string& path, std::string& error);
+
+    // Stands in the table of who has which store open, until the session ends.
+    // Gives:  false where another program has it, with the reason in one line in `error`.
+    bool Claim(std::string& error);
 
     CAddressTable& Addresses() { return m_addresses; }
     CToDoTable& ToDos() { return m_toDos; }
@@ -46,6 +52,7 @@ private:
     void ImportAll(const std::vector<std::string>& files, ImportResult& result);
 
     std::unique_ptr<SqliteEngine> m_engine;
+    std::optional<DataSetClaim> m_claim;
     CAddressTable m_addresses;
     CToDoTable m_toDos;
 };

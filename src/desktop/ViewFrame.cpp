@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 #include <desktop/ViewFrame.h>
+#include <platform/text/CodePage.h>
 #include <platform/window/CDC.h>
 #include <platform/window/WindowSystem.h>
 
@@ -79,6 +80,7 @@ const MessageMap& ViewFrame::ThisMap() {
     static const MessageMap map{CWnd::ThisMap(),
                                 {On<WM_PAINT>(&ViewFrame::OnPaint), On<WM_SIZE>(&ViewFrame::OnSize),
                                  On<WM_GET_DESKTOP_OPTIONS>(&ViewFrame::OnGetOptions),
+                                 On<kFilesDropped>(&ViewFrame::OnFilesDropped),
                                  OnCommand(ID_DV_SELECTION_CHANGED, &ViewFrame::Tell),
                                  OnCommand(ID_DV_CATEGORY_CHANGED, &ViewFrame::Tell),
                                  OnCommand(ID_TODO_ROW_REMOVED, &ViewFrame::Tell),
@@ -109,6 +111,7 @@ bool ViewFrame::Open() {
     if (m_cards.ReadCardSize(kCardSection) == 0) SetCardStep(kFirstCardStep);
     m_toDos->Initialize();
     m_toDos->SetCategoryCombo(&m_categories);
+    m_dropTarget.Register(this);
     SetUpHeadings();
     m_list.DV_SetEdit(&m_box);
     m_cards.DV_SetEdit(&m_box);
@@ -252,6 +255,20 @@ int ViewFrame::SelectedCount() {
                             : static_cast<int>(AddressView().DV_GetSelectedCount());
 }
 
+std::vector<CBaseRecord*> ViewFrame::SelectedRecords() {
+    std::vector<CBaseRecord*> records;
+    const auto* rows = dynamic_cast<const ListPeer*>(ShownWindow().GetPeer());
+    const bool masks = PrivacyOf(m_options) == Privacy::Mask;
+    for (int row = rows ? rows->NextSelected(-1) : -1; row >= 0; row = rows->NextSelected(row)) {
+        const DWORD data = rows->Data(row);
+        CBaseRecord* record = IsShowingToDos()
+                                  ? static_cast<CBaseRecord*>(reinterpret_cast<CToDoRecord*>(data))
+                                  : RecordOf(data);
+        if (record && !(masks && record->IsPrivate())) records.push_back(record);
+    }
+    return records;
+}
+
 void ViewFrame::SaveHeadings() {
     if (m_listSpread->IsChanged()) m_list.WriteHeaderColumnInfo(kListSection);
     if (m_toDoSpread->IsChanged()) m_toDos->WriteHeaderColumnInfo(kToDoSection);
@@ -282,6 +299,16 @@ LRESULT ViewFrame::OnPaint(WPARAM wParam, LPARAM) {
 LRESULT ViewFrame::OnGetOptions(WPARAM, LPARAM answer) {
     *PointerOf<COrvoDesktopOptions*>(answer) = &m_options;
     return 1;
+}
+
+LRESULT ViewFrame::OnFilesDropped(WPARAM, LPARAM paths) {
+    const auto& dropped = *PointerOf<CStringArray>(paths);
+    std::vector<std::string> files;
+    for (int i = 0; i < dropped.GetSize(); ++i) {
+        CodePage::System().ToUtf8(dropped.GetAt(i).View(), files.emplace_back());
+    }
+    if (m_dropped) m_dropped(files);
+    return 0;
 }
 
 void ViewFrame::OnSize(UINT, int, int) {

@@ -14,6 +14,7 @@
 #include <orvoshare/addresslist/DetailViewAddrList.h>
 #include <orvoshare/addressviews/DetailViewAddrCard.h>
 #include <orvoshare/addressviews/LookupEdit.h>
+#include <orvoshare/integration/OrvoOleDropTarget.h>
 #include <orvoshare/todo/TodoListbox.h>
 
 namespace orvo::desktop {
@@ -64,6 +65,14 @@ public:
     // Saves headings and the size of the cards.
     void SaveHeadings();
 
+    // The selected records, without those that are masked. They are the view's.
+    std::vector<CBaseRecord*> SelectedRecords();
+
+    // Called with the paths, in UTF-8, of card and calendar files that were dropped on the views.
+    void SetDropListener(std::function<void(const std::vector<std::string>&)> listener) {
+        m_dropped = std::move(listener);
+    }
+
     // Called after rows, selection or order have changed.
     void SetChangeListener(std::function<void()> listener) { m_changed = std::move(listener); }
 
@@ -76,6 +85,7 @@ protected:
 private:
     LRESULT OnPaint(WPARAM wParam, LPARAM lParam);
     LRESULT OnGetOptions(WPARAM, LPARAM answer);
+    LRESULT OnFilesDropped(WPARAM, LPARAM paths);
     void OnSize(UINT kind, int width, int height);
     void HeadingClicked(int column);
 
@@ -98,6 +108,8 @@ private:
     std::optional<RowKeeper> m_addressRows;  // of the views that aren't shown
     std::optional<RowKeeper> m_toDoRows;
     std::function<void()> m_changed;
+    std::function<void(const std::vector<std::string>&)> m_dropped;
+    COrvoOleDropTarget m_dropTarget;
     CCategoryCombo m_categories;  // the lists open no menu of categories without it
     CLookupEdit m_box;
     CDetailViewAddrList m_list;

@@ -103,7 +103,7 @@ int ShowWindow(StoreSession& session, const CommandLine& line) {
 int Run(const CommandLine& line, int count, char** arguments) {
     std::string error;
     const std::unique_ptr<StoreSession> session = StoreSession::Open(line.store, error);
-    if (!session) return Fail(error);
+    if (!session || (line.picture.empty() && !session->Claim(error))) return Fail(error);
 
     const QApplication application(count, arguments);
     QApplication::setApplicationName("orvo-desktop");

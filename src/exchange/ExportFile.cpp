@@ -29,9 +29,9 @@ FileKind KindOf(const std::string& path) {
         "{}: the name of a card file ends in .vcf, of a calendar in .ics or .vcs", path));
 }
 
-// Calls `write` for each record of the category that isn't damaged.
+// Calls `write` for each record that is wanted and not damaged.
 template <class Record, class Iterator, class Table, class Write>
-void ForEach(Table& table, int category, ExportReport& report, Write write) {
+void ForEach(Table& table, const IsWanted& isWanted, ExportReport& report, Write write) {
     constexpr long kEnd = static_cast<long>(StoreStatus::End);
     Record record(table);
     Iterator iterator(table);
@@ -44,9 +44,7 @@ void ForEach(Table& table, int category, ExportReport& report, Write write) {
             report.leftOut.push_back(table.LastError());
             continue;
         }
-        int own = kNoCategory;
-        record.GetCategoryId(own);
-        if (category != kAllCategories && own != category) continue;
+        if (!isWanted(record)) continue;
         write(record);
         ++report.written;
     }
@@ -60,6 +58,15 @@ bool IsCardFile(const std::string& path) {
 
 ExportReport ExportFile(const std::string& path, CAddressTable& addresses, CToDoTable& toDos,
                         int category) {
+    return ExportFile(path, addresses, toDos, [category](const CBaseRecord& record) {
+        int own = kNoCategory;
+        record.GetCategoryId(own);
+        return category == kAllCategories || own == category;
+    });
+}
+
+ExportReport ExportFile(const std::string& path, CAddressTable& addresses, CToDoTable& toDos,
+                        const IsWanted& isWanted) {
     const FileKind kind = KindOf(path);
     try {
         NewFile file(path);
@@ -68,7 +75,7 @@ ExportReport ExportFile(const std::string& path, CAddressTable& addresses, CToDo
             CardWriter writer(addresses);
             std::string text;
             ForEach<CAddressRecord, CAddressIterator>(
-                addresses, category, report, [&](const CAddressRecord& record) {
+                addresses, isWanted, report, [&](const CAddressRecord& record) {
                     text += writer.Write(record);
                     if (!text.ends_with('\n') && !text.ends_with('\r')) text += "\r\n";
                     if (text.size() < kChunk) return;
@@ -82,7 +89,7 @@ ExportReport ExportFile(const std::string& path, CAddressTable& addresses, CToDo
             ToDoWriter writer(toDos, dialect);
             CalendarText calendar(dialect);
             ForEach<CToDoRecord, CToDoIterator>(
-                toDos, category, report,
+                toDos, isWanted, report,
                 [&](const CToDoRecord& record) { calendar.Add(writer.Write(record)); });
             file.Write(calendar.Text());
         }

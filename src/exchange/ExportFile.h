@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -27,6 +28,11 @@ struct ExportReport {
 //         can't be read.
 ExportReport ExportFile(const std::string& path, CAddressTable& addresses, CToDoTable& toDos,
                         int category = kAllCategories);
+
+// The same for the records that are wanted.
+using IsWanted = std::function<bool(const CBaseRecord&)>;
+ExportReport ExportFile(const std::string& path, CAddressTable& addresses, CToDoTable& toDos,
+                        const IsWanted& isWanted);
 
 // The text of one record, as ExportFile would write it.
 std::string ExportCard(CAddressRecord& record, CAddressTable& table);

@@ -109,7 +109,7 @@ void DrawMask(CDC& dc, const CRect& band, COLORREF bandColour, COLORREF titleCol
 void DrawCategory(CDC& dc, const CString& category, CRect& body) {
     if (category.IsEmpty()) return;
     CFont font = *OUIGetListFont();
-    font.height = MeasureLine(dc, font).height * 5 / 8;
+    font.height = MeasureLine(dc, font).height * 3 / 4;
     CRect place = body;
     place.top = place.bottom - MeasureLine(dc, font).height;
     if (place.top < body.top) return;

@@ -133,7 +133,7 @@ void QtCanvas::DrawLineOfText(const QString& text, const CRect& rect, UINT forma
 void QtCanvas::DrawBrokenLines(QString text, const CRect& rect, UINT format) {
     const QFontMetrics metrics = m_painter->fontMetrics();
     text = InOneLine(std::move(text));
-    QTextLayout layout(text, m_painter->font());
+    QTextLayout layout(text, m_painter->font(), m_painter->device());
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     layout.setTextOption(option);

@@ -25,7 +25,8 @@ ListMetrics MetricsOfFont(const QFontMetrics& font) {
     constexpr int kLabelLines = 2;
     constexpr int kMargin = 4;
     ListMetrics metrics;
-    metrics.rowHeight = std::max(metrics.rowHeight, font.height() + kMargin);
+    constexpr int kRowMargin = 8;
+    metrics.rowHeight = std::max(metrics.rowHeight, font.height() + kRowMargin);
     metrics.headingHeight = metrics.rowHeight + kMargin;
     const int labelWidth = kLabelCharacters * font.averageCharWidth();
     CSize& large = metrics.largeIconCell;

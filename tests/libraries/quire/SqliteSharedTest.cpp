@@ -69,8 +69,7 @@ TEST_F(SqliteShared, AWriteWhileAnotherWritesIsBusyAndChangesNothing) {
     constexpr long kBusy = static_cast<long>(StoreStatus::Busy);
 
     std::vector<std::string> told;
-    table.SetFailureListener(
-        [&told](const std::string& reason, bool) { told.push_back(reason); });
+    table.SetFailureListener([&told](const std::string& reason, bool) { told.push_back(reason); });
     EXPECT_EQ(record.SetUtf8(AddressField::Name, "Sato"), kBusy);
     EXPECT_THAT(told, testing::ElementsAre(table.LastError()));
     EXPECT_EQ(table.LastError(), folder.Path() + ": another program is writing to this store");

@@ -8,10 +8,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <platform/settings/SettingsFixture.h>
 #include <orvoshare/addresslist/DetailViewAddrList.h>
 #include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/resources/StringTable.h>
+#include <platform/settings/SettingsFixture.h>
 #include <platform/text/CodePage.h>
 #include <platform/window/RecordingCanvas.h>
 #include <platform/window/WindowFixture.h>

@@ -6,9 +6,9 @@
 #include <gmock/gmock.h>
 
 #include <contracts/Profile.h>
-#include <platform/settings/SettingsFixture.h>
 #include <orvoshare/addressviews/DetailViewAddrCard.h>
 #include <orvoshare/addressviews/LookupEdit.h>
+#include <platform/settings/SettingsFixture.h>
 #include <platform/window/MemoryWindowPeer.h>
 #include <platform/window/WindowFixture.h>
 #include <platform/window/WindowInput.h>

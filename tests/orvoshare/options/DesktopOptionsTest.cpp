@@ -6,10 +6,10 @@
 #include <gtest/gtest.h>
 
 #include <contracts/Settings.h>
-#include <platform/settings/SettingsFixture.h>
 #include <orvoshare/options/DesktopOptions.h>
 #include <platform/io/CFile.h>
 #include <platform/io/TempFolder.h>
+#include <platform/settings/SettingsFixture.h>
 #include <platform/text/CodePage.h>
 #include <support/CodePages.h>
 #include <support/LocaleInForce.h>

@@ -13,9 +13,9 @@
 #include <gtest/gtest.h>
 
 #include <contracts/Dates.h>
-#include <platform/settings/SettingsFixture.h>
 #include <libraries/quire/MemoryEngine.h>
 #include <orvoshare/todo/TodoListbox.h>
+#include <platform/settings/SettingsFixture.h>
 #include <platform/text/CodePage.h>
 #include <platform/time/CTime.h>
 #include <platform/time/TickCount.h>
