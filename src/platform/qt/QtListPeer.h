@@ -56,6 +56,7 @@ protected:
     CRect RowsArea() const override;
     int TopLine() const override;
     void ScrollToLine(int line) override;
+    bool IsPainted() const override { return !m_isBatch; }
     int LeftOffset() const override;
     QWidget* PaintedWidget() const override;
 

@@ -18,6 +18,7 @@ int RowListPeer::RowTop(int row) const {
 
 // In the icon modes a row that comes or goes moves those behind it from line to line.
 void RowListPeer::InvalidateFrom(int row) {
+    if (!IsPainted()) return;
     if (!IsReport()) return InvalidateAll();
     CRect area = RowsArea();
     area.top = std::max(area.top, RowTop(row));

@@ -93,6 +93,8 @@ protected:
     virtual int TopLine() const = 0;
     virtual void ScrollToLine(int line) = 0;
     virtual int LeftOffset() const { return 0; }
+    // False while nothing is painted anyway, so that no place need be reckoned for each new row.
+    virtual bool IsPainted() const { return true; }
 
     void SetUp(const PeerPlace& place, const ListMetrics& metrics);  // called once, at the start
     const ListMetrics& Metrics() const { return m_metrics; }
