@@ -1,7 +1,7 @@
 # liborvoshare: the module with the libraries that fulfil its contracts, in one shared library.
 set(parts orvo_text orvo_options orvo_addressviews orvo_addresslist orvo_todo orvo_shared orvo_integration orvo_quire orvo_lingo orvo_odcmn orvo_orvoui orvo_orvocmn
           orvo_language orvo_module orvo_resources orvo_platform_module orvo_platform_text
-          orvo_platform_time orvo_platform_io orvo_platform_settings orvo_platform_registry orvo_platform_ipc orvo_platform_window
+          orvo_platform_time orvo_platform_io orvo_platform_settings orvo_platform_registry orvo_platform_ipc orvo_platform_com orvo_platform_window
           orvo_platform_desktop)
 list(TRANSFORM parts REPLACE "(.+)" "$<TARGET_FILE:\\1>" OUTPUT_VARIABLE archives)
 
@@ -21,4 +21,5 @@ target_link_options(orvoshare PRIVATE
     "LINKER:--whole-archive" ${archives} "LINKER:--no-whole-archive")
 target_link_libraries(orvoshare
     PRIVATE $<BUILD_INTERFACE:orvo_flags> $<BUILD_INTERFACE:ICU::i18n> $<BUILD_INTERFACE:ICU::uc>
-            $<BUILD_INTERFACE:SQLite::SQLite3> $<BUILD_INTERFACE:fmt::fmt>)
+            $<BUILD_INTERFACE:SQLite::SQLite3> $<BUILD_INTERFACE:fmt::fmt>
+            $<BUILD_INTERFACE:PkgConfig::sdbus>)

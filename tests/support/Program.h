@@ -73,7 +73,8 @@ public:
         m_in = -1;
     }
 
-    void Kill() const { ::kill(m_process, SIGKILL); }
+    void Signal(int number) const { ::kill(m_process, number); }
+    void Kill() const { Signal(SIGKILL); }
 
     // Ends the input and waits; the exit code, or -1 after a kill.
     int Wait() {

@@ -9,6 +9,7 @@
 #include <platform/qt/QtCanvas.h>
 #include <platform/qt/QtDialogs.h>
 #include <platform/qt/QtEditPeer.h>
+#include <platform/qt/QtFileDialog.h>
 #include <platform/qt/QtKeys.h>
 #include <platform/qt/QtListPeer.h>
 #include <platform/qt/QtWindowPeer.h>
@@ -56,9 +57,15 @@ QCursor ToQt(const Cursor& cursor) {
                    cursor.hotSpot.y);
 }
 
+// A window that is closed already counts as active for a while, and would take the new one along.
+QWidget* ActiveWindow() {
+    QWidget* active = QApplication::activeWindow();
+    return active && active->isVisible() ? active : nullptr;
+}
+
 QWidget* OwnerWidget(const CWnd* owner) {
     QWidget* widget = QtWindowSystem::WidgetOf(owner);
-    return widget ? widget : QApplication::activeWindow();
+    return widget ? widget : ActiveWindow();
 }
 
 }  // namespace
@@ -94,6 +101,12 @@ std::unique_ptr<Canvas> QtWindowSystem::MakeMeasuringCanvas() {
     return std::make_unique<QtCanvas>(nullptr);
 }
 
+std::unique_ptr<FileDialogPeer> QtWindowSystem::MakeFileDialogPeer(const PeerPlace& place,
+                                                                   const FileDialogSetup& setup) {
+    QWidget* parent = QtWidgetState::ParentWidget(place);
+    return std::make_unique<QtFileDialogPeer>(m_input, parent ? parent : ActiveWindow(), setup);
+}
+
 void QtWindowSystem::WakeUp() {
     if (!m_wakeUp.isActive()) m_wakeUp.start();
 }
@@ -120,6 +133,14 @@ bool QtWindowSystem::PickDay(CWnd* owner, CTime& day) {
 
 void QtWindowSystem::Beep(UINT) {
     QApplication::beep();
+}
+
+bool QtWindowSystem::PlaySoundFile(const CString& path) {
+    return m_sound.Play(ToQt(path.View()));
+}
+
+void QtWindowSystem::StopSound() {
+    m_sound.Stop();
 }
 
 // A shape belongs to the window under the pointer, but the waiting shape to all windows.

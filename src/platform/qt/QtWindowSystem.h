@@ -6,6 +6,7 @@
 #include <QWidget>
 #include <memory>
 
+#include <platform/qt/QtSound.h>
 #include <platform/qt/QtTimers.h>
 #include <platform/qt/QtWindowLink.h>
 #include <platform/window/WindowSystem.h>
@@ -29,6 +30,8 @@ public:
     std::unique_ptr<ListPeer> MakeListPeer(const PeerPlace& place) override;
     std::unique_ptr<EditPeer> MakeEditPeer(const PeerPlace& place) override;
     std::unique_ptr<Canvas> MakeMeasuringCanvas() override;
+    std::unique_ptr<FileDialogPeer> MakeFileDialogPeer(const PeerPlace& place,
+                                                       const FileDialogSetup& setup) override;
     void WakeUp() override;
     void StartTimer(HWND window, UINT_PTR id, UINT milliseconds) override;
     bool StopTimer(HWND window, UINT_PTR id) override;
@@ -36,6 +39,8 @@ public:
     int ShowMessageBox(CWnd* owner, const CString& text, UINT type) override;
     bool PickDay(CWnd* owner, CTime& day) override;
     void Beep(UINT type) override;
+    bool PlaySoundFile(const CString& path) override;
+    void StopSound() override;
     void ShowCursor(HCURSOR cursor) override;
     CPoint PointerPosition() const override;
     bool IsKeyDown(UINT key) const override;
@@ -46,6 +51,7 @@ public:
 private:
     QtInputState m_input;
     QtTimers m_timers;
+    QtSound m_sound;
     QTimer m_wakeUp;  // runs while posted messages wait for the event loop
     bool m_showsWaiting = false;
 };

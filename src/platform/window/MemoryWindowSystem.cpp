@@ -95,7 +95,7 @@ void MemoryWindowSystem::ChooseText(const CString& text) {
 }
 
 bool MemoryWindowSystem::HasAnswersLeft() const {
-    return !m_choices.empty() || !m_boxAnswers.empty() || !m_days.empty();
+    return !m_choices.empty() || !m_boxAnswers.empty() || !m_days.empty() || !m_fileDialogs.empty();
 }
 
 UINT MemoryWindowSystem::TrackPopupMenu(CMenu& menu, UINT flags, CPoint point, CWnd* owner) {
@@ -121,6 +121,20 @@ bool MemoryWindowSystem::PickDay(CWnd*, CTime& day) {
     const bool isChosen = answer && *answer;
     if (isChosen) day = **answer;
     return isChosen;
+}
+
+std::unique_ptr<FileDialogPeer> MemoryWindowSystem::MakeFileDialogPeer(
+    const PeerPlace& place, const FileDialogSetup& setup) {
+    const std::optional<MemoryFileDialogPeer::User> user = TakeFirst(m_fileDialogs);
+    if (!user) Complain("a file dialog was shown");
+    return std::make_unique<MemoryFileDialogPeer>(place, setup,
+                                                  user.value_or(MemoryFileDialogPeer::User()));
+}
+
+bool MemoryWindowSystem::PlaySoundFile(const CString& path) {
+    m_sounds.push_back(path);
+    m_isPlaying = true;
+    return true;
 }
 
 COLORREF MemoryWindowSystem::Colour(int id) const {

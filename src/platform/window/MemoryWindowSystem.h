@@ -13,6 +13,7 @@
 #include <string_view>
 #include <vector>
 
+#include <platform/window/MemoryFileDialogPeer.h>
 #include <platform/window/WindowSystem.h>
 
 namespace orvo {
@@ -35,7 +36,7 @@ class ORVO_API MemoryWindowSystem : public WindowSystem {
 public:
     // What happens at a question for which there is no answer: it is told to the hook, or where
     // there is none to standard error, and answered as a user who closes it does: no command,
-    // IDCANCEL, no day.
+    // IDCANCEL, no day, no file.
     void OnUnexpectedQuestion(std::function<void(const std::string&)> hook);
 
     // The answers to coming questions, each for one.
@@ -43,13 +44,18 @@ public:
     void ChooseText(const CString& text);
     void AnswerMessageBox(int answer) { m_boxAnswers.push_back(answer); }
     void AnswerDay(std::optional<CTime> day) { m_days.push_back(day); }
+    void UseFileDialog(MemoryFileDialogPeer::User user) {
+        m_fileDialogs.push_back(std::move(user));
+    }
     bool HasAnswersLeft() const;
 
     const std::vector<ShownMenu>& Menus() const { return m_menus; }
     const std::vector<CString>& MessageBoxes() const { return m_boxes; }
     const std::vector<HCURSOR>& Cursors() const { return m_cursors; }
     int Beeps() const { return m_beeps; }
-    bool IsAwake() const { return m_isAwake; }  // a message was posted
+    const std::vector<CString>& Sounds() const { return m_sounds; }  // the files, as they began
+    bool IsPlaying() const { return m_isPlaying; }                   // until it is stopped
+    bool IsAwake() const { return m_isAwake; }                       // a message was posted
 
     void SetColour(int id, COLORREF colour) { m_colours[id] = colour; }
     void SetPointer(CPoint point) { m_pointer = point; }
@@ -72,6 +78,8 @@ public:
     std::unique_ptr<ListPeer> MakeListPeer(const PeerPlace& place) override;
     std::unique_ptr<EditPeer> MakeEditPeer(const PeerPlace& place) override;
     std::unique_ptr<Canvas> MakeMeasuringCanvas() override;
+    std::unique_ptr<FileDialogPeer> MakeFileDialogPeer(const PeerPlace& place,
+                                                       const FileDialogSetup& setup) override;
     void WakeUp() override { m_isAwake = true; }
     void StartTimer(HWND window, UINT_PTR id, UINT milliseconds) override;
     bool StopTimer(HWND window, UINT_PTR id) override;
@@ -79,6 +87,8 @@ public:
     int ShowMessageBox(CWnd* owner, const CString& text, UINT type) override;
     bool PickDay(CWnd* owner, CTime& day) override;
     void Beep(UINT) override { ++m_beeps; }
+    bool PlaySoundFile(const CString& path) override;
+    void StopSound() override { m_isPlaying = false; }
     void ShowCursor(HCURSOR cursor) override { m_cursors.push_back(cursor); }
     CPoint PointerPosition() const override { return m_pointer; }
     bool IsKeyDown(UINT key) const override { return m_keysDown.count(key) != 0; }
@@ -106,9 +116,12 @@ private:
     std::deque<Choice> m_choices;
     std::deque<int> m_boxAnswers;
     std::deque<std::optional<CTime>> m_days;
+    std::deque<MemoryFileDialogPeer::User> m_fileDialogs;
     std::vector<ShownMenu> m_menus;
     std::vector<CString> m_boxes;
     std::vector<HCURSOR> m_cursors;
+    std::vector<CString> m_sounds;
+    bool m_isPlaying = false;
     int m_beeps = 0;
     bool m_isAwake = false;
     CPoint m_pointer;

@@ -1,6 +1,7 @@
 // Sent and posted messages.
 // SPDX-License-Identifier: MIT
 #include <platform/window/CWnd.h>
+#include <platform/window/ForeignWindow.h>
 #include <platform/window/WindowInput.h>
 #include <platform/window/WindowState.h>
 #include <platform/window/WindowSystem.h>
@@ -55,7 +56,7 @@ BOOL IsWindow(HWND window) {
 
 LRESULT SendMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     CWnd* target = WindowFromHandle(window);
-    if (!target) return 0;
+    if (!target) return SendToForeignWindow(window, message, wParam, lParam);
     const MSG sent{window, message, wParam, lParam};
     const CurrentMessage current(sent);
     return target->WindowProc(message, wParam, lParam);

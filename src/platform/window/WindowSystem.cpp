@@ -5,6 +5,7 @@
 
 #include <platform/window/CWnd.h>
 #include <platform/window/MemoryWindowSystem.h>
+#include <platform/window/PlaySound.h>
 #include <platform/window/WindowSystem.h>
 
 namespace orvo {
@@ -55,6 +56,16 @@ CWaitCursor::~CWaitCursor() {
 BOOL MessageBeep(UINT type) {
     WindowSystem::Current().Beep(type);
     return 1;
+}
+
+BOOL PlaySoundA(const char* path, const void* module, DWORD flags) {
+    WindowSystem& system = WindowSystem::Current();
+    if (!path || (flags & SND_PURGE) != 0) {
+        system.StopSound();
+        return 1;
+    }
+    constexpr DWORD kPlaysFile = SND_FILENAME | SND_ASYNC;
+    return !module && flags == kPlaysFile && system.PlaySoundFile(path) ? 1 : 0;
 }
 
 COLORREF GetSysColor(int id) {

@@ -9,6 +9,7 @@
 #include <platform/time/CTime.h>
 #include <platform/window/Cursor.h>
 #include <platform/window/EditPeer.h>
+#include <platform/window/FileDialogPeer.h>
 #include <platform/window/ListPeer.h>
 
 namespace orvo {
@@ -30,6 +31,11 @@ public:
     virtual std::unique_ptr<ListPeer> MakeListPeer(const PeerPlace& place) = 0;
     virtual std::unique_ptr<EditPeer> MakeEditPeer(const PeerPlace& place) = 0;
     virtual std::unique_ptr<Canvas> MakeMeasuringCanvas() = 0;
+
+    // The dialog belongs to the window of `place.parent`; the rest of the place is the system's
+    // choice.
+    virtual std::unique_ptr<FileDialogPeer> MakeFileDialogPeer(const PeerPlace& place,
+                                                               const FileDialogSetup& setup) = 0;
 
     // Called when a message is posted: PumpMessages is to be called before long, but not from here.
     virtual void WakeUp() = 0;
@@ -53,6 +59,13 @@ public:
     virtual bool PickDay(CWnd* owner, CTime& day) = 0;
 
     virtual void Beep(UINT type) = 0;
+
+    // Starts to play the file in place of what is playing, which may outlast all windows. A file
+    // that isn't a sound plays nothing.
+    // Gives: false where there is nothing to play sounds with.
+    virtual bool PlaySoundFile(const CString& path) = 0;
+    virtual void StopSound() = 0;
+
     virtual void ShowCursor(HCURSOR cursor) = 0;
     virtual CPoint PointerPosition() const = 0;  // on the screen
     virtual bool IsKeyDown(UINT key) const = 0;

@@ -1,8 +1,9 @@
-// A program that takes part in the table of accessors:
-//   Accessor crowd NAME             adds a row, and removes an older one, for each byte of its
-//   input Accessor row USER CREATOR OWNER adds a row and holds the table until its input ends
-//   Accessor claim STORE OWNER      claims a store until its input ends
+// A program that takes part in the table of accessors, as its first argument says.
 // SPDX-License-Identifier: MIT
+//
+// crowd NAME              adds a row, and removes an older one, for each byte of its input
+// row USER CREATOR OWNER  adds a row and holds the table until its input ends
+// claim STORE OWNER       claims a store until its input ends
 #include <cstdio>
 #include <cstdlib>
 #include <string>

@@ -1,0 +1,99 @@
+// Interfaces: their ids, the results of their methods, and the one that every object has.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <array>
+#include <compare>
+#include <cstdint>
+#include <utility>
+
+namespace orvo {
+
+using HRESULT = std::int32_t;
+using ULONG = std::uint32_t;
+
+constexpr HRESULT ResultOf(std::uint32_t code) {
+    return static_cast<HRESULT>(code);
+}
+
+constexpr HRESULT S_OK = 0;
+constexpr HRESULT S_FALSE = 1;
+constexpr HRESULT E_NOTIMPL = ResultOf(0x80004001);
+constexpr HRESULT E_NOINTERFACE = ResultOf(0x80004002);
+constexpr HRESULT E_POINTER = ResultOf(0x80004003);
+constexpr HRESULT E_FAIL = ResultOf(0x80004005);
+constexpr HRESULT E_OUTOFMEMORY = ResultOf(0x8007000E);
+constexpr HRESULT E_INVALIDARG = ResultOf(0x80070057);
+constexpr HRESULT STG_E_READFAULT = ResultOf(0x8003001E);
+constexpr HRESULT STG_E_MEDIUMFULL = ResultOf(0x80030070);
+constexpr HRESULT REGDB_E_IIDNOTREG = ResultOf(0x80040155);
+constexpr HRESULT CO_E_NOTINITIALIZED = ResultOf(0x800401F0);
+constexpr HRESULT CO_E_OBJNOTCONNECTED = ResultOf(0x800401FD);
+constexpr HRESULT RPC_E_SERVER_DIED = ResultOf(0x80010007);
+constexpr HRESULT RPC_E_SERVERFAULT = ResultOf(0x80010105);
+constexpr HRESULT RPC_E_DISCONNECTED = ResultOf(0x80010108);
+constexpr HRESULT RPC_E_WRONG_THREAD = ResultOf(0x8001010E);
+constexpr HRESULT RPC_E_TIMEOUT = ResultOf(0x8001011F);
+constexpr HRESULT RPC_E_SERVER_UNAVAILABLE = ResultOf(0x800706BA);  // no session bus
+
+constexpr bool Succeeded(HRESULT result) {
+    return result >= 0;
+}
+
+struct GUID {
+    std::uint32_t data1 = 0;
+    std::uint16_t data2 = 0;
+    std::uint16_t data3 = 0;
+    std::array<std::uint8_t, 8> data4{};
+
+    friend auto operator<=>(const GUID&, const GUID&) = default;
+};
+using IID = GUID;
+using REFIID = const IID&;
+
+constexpr IID IID_IUnknown{0, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
+
+class IUnknown {
+public:
+    // Sets `object` to the interface with a reference of the caller's, or to null with
+    // E_NOINTERFACE.
+    virtual HRESULT QueryInterface(REFIID id, void** object) = 0;
+    virtual ULONG AddRef() = 0;
+    virtual ULONG Release() = 0;
+
+protected:
+    // An object goes with its last reference.
+    ~IUnknown() = default;
+};
+
+// Holds one reference.
+template <class Interface>
+class ComPointer {
+public:
+    ComPointer() = default;
+    // Takes over a reference that the caller has.
+    explicit ComPointer(Interface* object) : m_object(object) {}
+    ComPointer(const ComPointer& other) : m_object(other.m_object) {
+        if (m_object) m_object->AddRef();
+    }
+    ComPointer(ComPointer&& other) noexcept : m_object(std::exchange(other.m_object, nullptr)) {}
+    ComPointer& operator=(ComPointer other) noexcept {
+        std::swap(m_object, other.m_object);
+        return *this;
+    }
+    ~ComPointer() {
+        if (m_object) m_object->Release();
+    }
+
+    Interface* Get() const { return m_object; }
+    Interface* operator->() const { return m_object; }
+    explicit operator bool() const { return m_object != nullptr; }
+
+    // Gives the reference to the caller.
+    Interface* Detach() { return std::exchange(m_object, nullptr); }
+
+private:
+    Interface* m_object = nullptr;
+};
+
+}  // namespace orvo

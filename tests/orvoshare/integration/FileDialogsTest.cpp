@@ -1,0 +1,250 @@
+// The dialogs for export, import and sound files, without a screen.
+// SPDX-License-Identifier: MIT
+#include <gmock/gmock.h>
+
+#include <contracts/ResourceScope.h>
+#include <orvoshare/integration/ExportFileDialog.h>
+#include <orvoshare/integration/ImportFileDialog.h>
+#include <orvoshare/integration/SoundFileDialog.h>
+#include <orvoshare/module/OrvoShareModule.h>
+#include <orvoshare/resources/StringTable.h>
+#include <platform/io/TempFolder.h>
+#include <platform/window/WindowFixture.h>
+#include <support/LocaleInForce.h>
+
+namespace orvo {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr UINT kAll = 9001;
+constexpr UINT kSelected = 9002;
+constexpr UINT kPlay = 9170;
+constexpr UINT kStop = 9171;
+
+struct FileDialogsTest : testing::Test {
+    FileDialogsTest() { OrvoShareMain(OwnModule(), DLL_PROCESS_ATTACH); }
+    ~FileDialogsTest() override { OrvoShareMain(OwnModule(), DLL_PROCESS_DETACH); }
+
+    LocaleInForce locale{"en-US", 65001};
+    SystemInForce system;
+    TempFolder folder;
+};
+
+// The user names a new file, and clicks before he accepts.
+MemoryFileDialogPeer::User Names(const std::string& path, UINT clicked = 0) {
+    return [path, clicked](MemoryFileDialogPeer& shown) {
+        shown.TypeFileName(CString(path));
+        if (clicked != 0) shown.ClickControl(clicked);
+        shown.PressOk();
+    };
+}
+
+TEST_F(FileDialogsTest, TheRangeIsThatOfTheButtonThatIsCheckedInTheEnd) {
+    struct Row {
+        const char* why;
+        unsigned long available;
+        unsigned long standard;
+        UINT clicked;
+        unsigned long want;
+    };
+    const Row rows[] = {
+        {"all by default", 3, 1, 0, 1},
+        {"the selected ones by default", 3, 2, 0, 2},
+        {"any other default is the selected ones", 3, 0, 0, 2},
+        {"a click chooses", 3, 1, kSelected, 2},
+        {"and chooses back", 3, 2, kAll, 1},
+        {"a default that isn't on offer holds", 2, 1, 0, 1},
+        {"until another one is clicked", 2, 1, kSelected, 2},
+        {"what isn't on offer can't be clicked", 1, 1, kSelected, 1},
+        {"bits beyond the two offer nothing", 8, 1, kSelected, 1},
+        {"with the bit of 4 among others", 7, 1, kSelected, 2},
+        {"no choice", 4, 2, kAll, 0},
+        {"the plain dialog", 0, 1, kAll, 2},
+    };
+    for (const Row& row : rows) {
+        CExportFileDialog dialog(nullptr, "vcf", "Cards|*.vcf||", nullptr, row.available,
+                                 row.standard);
+        system.UseFileDialog(Names(folder.Path("new"), row.clicked));
+        EXPECT_EQ(dialog.DoModal(), IDOK) << row.why;
+        EXPECT_EQ(dialog.GetRange(), row.want) << row.why;
+        EXPECT_EQ(dialog.GetPathName(), CString(folder.Path("new.vcf"))) << row.why;
+    }
+}
+
+TEST_F(FileDialogsTest, ExportSaysSoWhereverItShouldAndOffersWhatItMay) {
+    struct Row {
+        unsigned long available;
+        const char* title;
+        bool hasRow;
+        bool all;
+        bool selected;
+    };
+    const Row rows[] = {
+        {0, "", false, false, false},          {1, "Export As", true, true, false},
+        {2, "Export As", true, false, true},   {3, "Export As", true, true, true},
+        {4, "Export As", false, false, false}, {8, "Export As", true, false, false},
+    };
+    for (const Row& row : rows) {
+        CExportFileDialog dialog(nullptr, nullptr, nullptr, nullptr, row.available, 1);
+        system.UseFileDialog([&row](const MemoryFileDialogPeer& shown) {
+            const FileDialogSetup& setup = shown.Setup();
+            EXPECT_EQ(setup.title, row.title) << row.available;
+            EXPECT_EQ(setup.added.has_value(), row.hasRow) << row.available;
+            EXPECT_EQ(shown.IsControlEnabled(kAll), row.all) << row.available;
+            EXPECT_EQ(shown.IsControlEnabled(kSelected), row.selected) << row.available;
+            EXPECT_EQ(shown.IsControlChecked(kAll), row.hasRow) << row.available;
+            EXPECT_EQ(shown.ControlText(IDOK), "&Export");
+            EXPECT_EQ(shown.ControlText(1091), "Export &in:");
+            EXPECT_EQ(shown.ControlText(1089), "Export &type:");
+            EXPECT_TRUE(setup.asksBeforeOverwriting && setup.folderMustExist);
+            EXPECT_FALSE(setup.opens || setup.fileMustExist);
+        });
+        EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+        EXPECT_EQ(dialog.GetRange(), 0U) << "cancelled";
+    }
+}
+
+TEST_F(FileDialogsTest, TheTemplateIsThatOfTheModuleThatIsGiven) {
+    class Host : public Module {
+    public:
+        bool FindString(unsigned, std::string&) const override { return false; }
+        std::string_view FindResource(ResourceKind kind, unsigned number) const override {
+            const bool isTemplate = kind == ResourceKind::Dialog && number == 1006;
+            return isTemplate ? "size 9 9\nfont 8 Sans\npush-button 77 0 0 5 5 1\n" : "";
+        }
+    };
+    const Host host;
+    CExportFileDialog dialog(&host, nullptr, nullptr, nullptr, 3, 1);
+    system.UseFileDialog([](const MemoryFileDialogPeer& shown) {
+        EXPECT_TRUE(shown.IsControlEnabled(77));
+        EXPECT_FALSE(shown.IsControlEnabled(kAll));
+        EXPECT_EQ(shown.ControlText(IDOK), "&Export");
+    });
+    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+}
+
+TEST_F(FileDialogsTest, TextsAreThoseOfTheLanguage) {
+    OrvoShareMain(OwnModule(), DLL_PROCESS_DETACH);
+    const LocaleInForce german("de-DE", 65001);
+    OrvoShareMain(OwnModule(), DLL_PROCESS_ATTACH);
+    CExportFileDialog dialog(nullptr, nullptr, nullptr, nullptr, 3, 1);
+    system.UseFileDialog([](const MemoryFileDialogPeer& shown) {
+        EXPECT_NE(shown.Setup().title, "Export As");
+        EXPECT_NE(shown.ControlText(kAll), "&All");
+        EXPECT_NE(shown.ControlText(kAll), "");
+    });
+    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+}
+
+TEST_F(FileDialogsTest, ImportHasATitleOfItsHostAndTakesOnlyFilesThatAreThere) {
+    const CString there(folder.File("there.vcf", "x"));
+    CImportFileDialog dialog("Cards (*.vcf)|*.vcf||", nullptr, CString("Import ") + "cards");
+    system.AnswerMessageBox(IDOK);
+    system.UseFileDialog([&](MemoryFileDialogPeer& shown) {
+        EXPECT_EQ(shown.Setup().title, "Import cards");
+        EXPECT_EQ(shown.ControlText(IDOK), "Im&port");
+        EXPECT_EQ(shown.ControlText(1091), "") << "the system's own";
+        EXPECT_TRUE(shown.Setup().opens);
+        shown.TypeFileName(CString(folder.Path("absent.vcf")));
+        shown.PressOk();
+        EXPECT_THAT(system.MessageBoxes(), testing::SizeIs(1));
+        shown.TypeFileName(there);
+        shown.PressOk();
+    });
+    EXPECT_EQ(dialog.DoModal(), IDOK);
+    EXPECT_EQ(dialog.GetPathName(), there);
+}
+
+struct SoundFileDialogTest : FileDialogsTest {
+    int Show(MemoryFileDialogPeer::User user, const char* initialFolder = "") {
+        CSoundFileDialog dialog(initialFolder, 1, "wav", nullptr, OFN_FILEMUSTEXIST,
+                                "Sounds|*.wav||", nullptr);
+        system.UseFileDialog(std::move(user));
+        return dialog.DoModal();
+    }
+
+    static void ExpectEnabled(const MemoryFileDialogPeer& shown, bool play, bool stop,
+                              const char* why) {
+        EXPECT_EQ(shown.IsControlEnabled(kPlay), play) << why;
+        EXPECT_EQ(shown.IsControlEnabled(kStop), stop) << why;
+    }
+};
+
+TEST_F(SoundFileDialogTest, AButtonIsOnWhereItHasSomethingToDo) {
+    Show([](MemoryFileDialogPeer& shown) {
+        ExpectEnabled(shown, true, true, "at the start");
+        shown.TypeFileName("ring.wav");
+        ExpectEnabled(shown, true, true, "stop as before");
+        shown.TypeFileName("");
+        ExpectEnabled(shown, false, false, "no file");
+        shown.TypeFileName("bell.wav");
+        ExpectEnabled(shown, true, false, "stop as before");
+        shown.ClickControl(kPlay);
+        ExpectEnabled(shown, true, true, "played");
+        shown.ClickControl(kStop);
+        ExpectEnabled(shown, true, true, "stopped");
+    });
+}
+
+TEST_F(SoundFileDialogTest, ASoundReplacesTheOneBeforeAndOutlastsTheDialog) {
+    Show(
+        [this](MemoryFileDialogPeer& shown) {
+            shown.ClickControl(kStop);
+            EXPECT_THAT(system.Sounds(), IsEmpty());
+            shown.TypeFileName("ring");
+            shown.ClickControl(kPlay);
+            shown.ClickControl(kStop);
+            EXPECT_FALSE(system.IsPlaying());
+            shown.TypeFileName("/other/bell.wav");
+            shown.ClickControl(kPlay);
+        },
+        "/sounds");
+    EXPECT_THAT(system.Sounds(), ElementsAre("/sounds/ring.wav", "/other/bell.wav"));
+    EXPECT_TRUE(system.IsPlaying());
+}
+
+TEST_F(SoundFileDialogTest, TheFacesHaveTheColoursOfButtons) {
+    constexpr COLORREF kFace = RGB(1, 2, 3);
+    constexpr COLORREF kText = RGB(9, 8, 7);
+    system.SetColour(COLOR_BTNFACE, kFace);
+    system.SetColour(COLOR_BTNTEXT, kText);
+    Show([&](const MemoryFileDialogPeer& shown) {
+        system.SetColour(COLOR_BTNFACE, RGB(200, 200, 200));
+        const CBitmap play = shown.ControlBitmap(kPlay);
+        EXPECT_EQ(play.Size(), (CSize{8, 9}));
+        EXPECT_EQ(play.GetPixel({7, 0}), kFace);
+        EXPECT_EQ(play.GetPixel({1, 4}), kText);
+        EXPECT_EQ(shown.ControlBitmap(kStop), CBitmap({8, 8}, kText));
+    });
+}
+
+TEST_F(SoundFileDialogTest, AnEmptyFolderLeavesTheChoiceToTheSystem) {
+    for (const char* initialFolder : {"", "/sounds"}) {
+        Show(
+            [initialFolder](const MemoryFileDialogPeer& shown) {
+                EXPECT_EQ(shown.Setup().folder, initialFolder);
+                EXPECT_EQ(shown.Setup().defaultExtension, "wav");
+            },
+            initialFolder);
+    }
+}
+
+TEST_F(FileDialogsTest, EachDialogIsAFileDialogByItsClass) {
+    const CExportFileDialog exporting(nullptr, nullptr, nullptr, nullptr, 3, 1);
+    const CImportFileDialog importing(nullptr, nullptr, "");
+    const CSoundFileDialog sound("", 1, nullptr, nullptr, 0, nullptr, nullptr);
+    for (const CFileDialog* each :
+         {static_cast<const CFileDialog*>(&exporting), static_cast<const CFileDialog*>(&importing),
+          static_cast<const CFileDialog*>(&sound)}) {
+        EXPECT_TRUE(each->IsKindOf(CFileDialog::classCFileDialog));
+        EXPECT_EQ(each->GetRuntimeClass()->baseClass, &CFileDialog::classCFileDialog);
+    }
+    EXPECT_FALSE(importing.IsKindOf(CExportFileDialog::classCExportFileDialog));
+    EXPECT_EQ(exporting.m_ofn.Flags, OFN_EXPLORER | OFN_ENABLETEMPLATE | 0x806UL);
+    EXPECT_EQ(importing.m_ofn.Flags, OFN_EXPLORER | 0x1004UL);
+}
+
+}  // namespace
+}  // namespace orvo

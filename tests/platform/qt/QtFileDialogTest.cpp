@@ -1,0 +1,234 @@
+// File dialogs on the screen: their labels, the added row, and which names they take.
+// SPDX-License-Identifier: MIT
+#include <QComboBox>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include <gmock/gmock.h>
+
+#include <platform/qt/FileDialogHands.h>
+#include <platform/window/CFileDialog.h>
+#include <support/CodePages.h>
+#include <support/LocaleInForce.h>
+
+namespace orvo {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr const char* kTemplate =
+    "size 100 20\nfont 8 Sans\n"
+    "static -1 0 0 9 9 1\n"
+    "radio-button 71 0 0 9 9 2 group\nradio-button 72 0 0 9 9 3 disabled\n"
+    "bitmap-button 73 0 0 9 9 4 hidden-text\n";
+
+class TemplateModule : public Module {
+public:
+    bool FindString(unsigned number, std::string& utf8) const override {
+        utf8 = std::vector<const char*>{"", "Range:", "&All", "&Some", "Play"}[number];
+        return true;
+    }
+    std::string_view FindResource(ResourceKind, unsigned) const override { return kTemplate; }
+};
+
+class RowDialog : public CFileDialog {
+public:
+    explicit RowDialog(const HINSTANCE module) : CFileDialog(1, nullptr, nullptr, 0) {
+        m_ofn.hInstance = module;
+        m_ofn.lpTemplateName = 1;
+        m_ofn.Flags |= OFN_ENABLETEMPLATE;
+    }
+
+    const MessageMap& GetMessageMap() const override {
+        static const MessageMap map{CFileDialog::ThisMap(), {OnCommand(73, &RowDialog::OnPlay)}};
+        return map;
+    }
+
+    int plays = 0;
+    std::vector<CString> titles;
+
+protected:
+    void OnInitDone() override {
+        SetControlText(IDOK, "&Take");
+        SetControlText(IDCANCEL, "&Leave");
+        SetControlText(kFileDialogFolderLabel, "From(&I):");
+        SetControlText(kFileDialogNameLabel, "Na&me:");
+        SetControlText(kFileDialogTypeLabel, "T&ype:");
+        EnableControl(72, 1);
+        CheckDlgButton(71, 1);
+        SetControlBitmap(73, CBitmap({8, 9}, RGB(1, 2, 3)));
+        EnableControl(99, 1);
+        CheckDlgButton(99, 1);
+    }
+    void OnFileNameChange() override { titles.push_back(GetFileTitle()); }
+
+private:
+    void OnPlay() { ++plays; }
+};
+
+class QtFileDialogTest : public FileDialogOnScreen {};
+
+TEST_F(QtFileDialogTest, LabelsReadAsTheyAreTold) {
+    const TemplateModule module;
+    RowDialog dialog(&module);
+    Use([](QFileDialog& shown) {
+        EXPECT_EQ(Accept(shown).text(), "&Take");
+        EXPECT_EQ(Label(shown, "lookInLabel"), "From(&I):");
+        EXPECT_EQ(Label(shown, "fileNameLabel"), "Na&me:");
+        EXPECT_EQ(Label(shown, "fileTypeLabel"), "T&ype:");
+        for (const char* name : {"lookInLabel", "fileNameLabel", "fileTypeLabel"}) {
+            EXPECT_NE(shown.findChild<QLabel*>(name)->buddy(), nullptr) << name;
+        }
+    });
+    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+}
+
+TEST_F(QtFileDialogTest, TheRowWorksAsItsTemplateAndTheDialogSay) {
+    const TemplateModule module;
+    RowDialog dialog(&module);
+    Use([&](QFileDialog& shown) {
+        const auto radios = shown.findChildren<QRadioButton*>();
+        ASSERT_EQ(radios.size(), 2);
+        EXPECT_TRUE(radios[0]->isChecked());
+        EXPECT_TRUE(radios[1]->isEnabled());
+        radios[1]->click();
+        EXPECT_FALSE(dialog.IsDlgButtonChecked(71));
+        EXPECT_TRUE(dialog.IsDlgButtonChecked(72));
+        EXPECT_FALSE(dialog.IsDlgButtonChecked(99));
+
+        QPushButton* play = nullptr;
+        for (auto* each : shown.findChildren<QPushButton*>()) {
+            if (each->accessibleName() == "Play") play = each;
+        }
+        ASSERT_NE(play, nullptr);
+        EXPECT_EQ(play->text(), "") << "the text isn't shown";
+        EXPECT_EQ(play->iconSize(), QSize(8, 9));
+        QTest::mouseClick(play, Qt::LeftButton);
+        EXPECT_EQ(dialog.plays, 1);
+        dialog.EnableControl(73, 0);
+        QTest::mouseClick(play, Qt::LeftButton);
+        EXPECT_EQ(dialog.plays, 1);
+
+        for (QWidget* each : std::initializer_list<QWidget*>{radios[0], radios[1], play}) {
+            EXPECT_TRUE(
+                shown.rect().contains(QRect(each->mapTo(&shown, QPoint()), each->sizeHint())));
+        }
+    });
+    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+}
+
+TEST_F(QtFileDialogTest, EachChangeOfTheNameIsTold) {
+    const TemplateModule module;
+    RowDialog dialog(&module);
+    const std::string path = folder.Path("ring.wav");
+    Use([&](QFileDialog& shown) {
+        EXPECT_THAT(dialog.titles, IsEmpty());
+        Name(shown).setText(QString::fromStdString(path));
+        EXPECT_EQ(dialog.GetPathName(), CString(path));
+        Name(shown).clear();
+        EXPECT_EQ(dialog.GetPathName(), "");
+    });
+    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+    EXPECT_THAT(dialog.titles, ElementsAre("ring", ""));
+}
+
+TEST_F(QtFileDialogTest, NamesThatWontDoAreToldAndExistingOnesAskedAbout) {
+    const std::string there = folder.File("there.vcf", "x");
+    const std::string absent = folder.Path("absent");
+    const std::string nowhere = folder.Path("no/where.vcf");
+    struct Row {
+        const char* why;
+        BOOL opens;
+        DWORD flags;
+        std::string name;
+        QMessageBox::StandardButton answer;
+        int asked;
+        std::string want;  // empty where the dialog doesn't end by it
+    };
+    const auto none = QMessageBox::Close;
+    const Row rows[] = {
+        {"overwrite", 0, OFN_OVERWRITEPROMPT, there, QMessageBox::Yes, 1, there},
+        {"don't overwrite", 0, OFN_OVERWRITEPROMPT, there, QMessageBox::No, 1, ""},
+        {"without a question", 0, 0, there, none, 0, there},
+        {"the extension is added", 0, OFN_PATHMUSTEXIST, absent, none, 0, absent + ".vcf"},
+        {"must exist", 1, OFN_FILEMUSTEXIST, absent, QMessageBox::Ok, 1, ""},
+        {"does exist", 1, OFN_FILEMUSTEXIST, there, none, 0, there},
+        {"need not exist", 1, 0, absent, none, 0, absent + ".vcf"},
+        {"no such folder", 0, OFN_PATHMUSTEXIST, nowhere, QMessageBox::Ok, 1, ""},
+        {"nobody cares", 0, 0, nowhere, none, 0, nowhere},
+    };
+    for (const Row& row : rows) {
+        int asked = 0;
+        CFileDialog dialog(row.opens, "vcf", nullptr, row.flags, nullptr, &parent);
+        Use([&](QFileDialog& shown) {
+            Name(shown).setText(QString::fromStdString(row.name));
+            Answer(row.answer, asked);
+            QTest::keyClick(&Name(shown), Qt::Key_Return);
+            QCoreApplication::processEvents();  // the answer, where nothing was asked
+        });
+        EXPECT_EQ(dialog.DoModal(), row.want.empty() ? IDCANCEL : IDOK) << row.why;
+        EXPECT_EQ(dialog.GetPathName(), CString(row.want)) << row.why;
+        EXPECT_EQ(asked, row.asked) << row.why;
+    }
+}
+
+TEST_F(QtFileDialogTest, TheSetupIsSeen) {
+    CFileDialog dialog(0, "vcf", "mine", 0, "Cards (*.vcf)|*.vcf;*.vcs|All (*.*)|*.*||");
+    const CString path(folder.Path("mine.vcf"));
+    const CString initial(folder.Path(""));
+    dialog.m_ofn.lpstrTitle = "Where to?";
+    dialog.m_ofn.lpstrInitialDir = initial;
+    Use([&](QFileDialog& shown) {
+        EXPECT_EQ(shown.windowTitle(), "Where to?");
+        EXPECT_EQ(dialog.GetPathName(), path);
+        auto* types = shown.findChild<QComboBox*>("fileTypeCombo");
+        EXPECT_EQ(types->itemText(0), "Cards (*.vcf)");
+        EXPECT_EQ(types->itemText(1), "All (*.*)");
+        EXPECT_EQ(shown.nameFilters(),
+                  QStringList({"Cards (*.vcf) (*.vcf *.vcs)", "All (*.*) (*)"}));
+    });
+    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+}
+
+TEST_F(QtFileDialogTest, TheDialogMayGoWhileItIsShown) {
+    struct FleetingDialog : CFileDialog {
+        FleetingDialog() : CFileDialog(1) {}
+        void OnFileNameChange() override { DestroyWindow(); }
+    } fleeting;
+    Use([](QFileDialog& shown) { Name(shown).setText("a"); });
+    EXPECT_EQ(fleeting.DoModal(), IDCANCEL);
+
+    CFileDialog orphan(1, nullptr, nullptr, 0, nullptr, &parent);
+    Use([this](QFileDialog&) {
+        parent.DestroyWindow();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    });
+    EXPECT_EQ(orphan.DoModal(), IDCANCEL);
+}
+
+TEST_F(QtFileDialogTest, AFileIsChosenByItsNameInTheCodePage) {
+    folder.File("\xE8\xA1\xA8.vcf", "x");
+    for (const LocaleCase& page : kBothCodePages) {
+        const LocaleInForce locale(page.tag, page.codePage);
+        const CString name = page.codePage == 932 ? "\x95\x5C" : "\xE8\xA1\xA8";
+        const CString path = CString(folder.Path("")) + name + ".vcf";
+        CFileDialog dialog(1, nullptr, nullptr, OFN_FILEMUSTEXIST);
+        Use([&](QFileDialog& shown) {
+            Name(shown).setText(ToQt(path.View()));
+            EXPECT_EQ(dialog.GetFileTitle(), name) << page.codePage;
+            Accept(shown).click();
+        });
+        EXPECT_EQ(dialog.DoModal(), IDOK) << page.codePage;
+        EXPECT_EQ(dialog.GetPathName(), path) << page.codePage;
+    }
+}
+
+TEST_F(QtFileDialogTest, NothingPlaysWithoutASoundDevice) {
+    qputenv("PULSE_SERVER", "unix:/nonexistent/server");
+    EXPECT_FALSE(system.PlaySoundFile(CString(folder.File("ring.wav", "RIFF"))));
+    system.StopSound();
+}
+
+}  // namespace
+}  // namespace orvo

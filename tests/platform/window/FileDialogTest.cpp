@@ -1,0 +1,213 @@
+// File dialogs without a screen: what they are set up with, tell and give.
+// SPDX-License-Identifier: MIT
+#include <gmock/gmock.h>
+
+#include <platform/io/TempFolder.h>
+#include <platform/window/CFileDialog.h>
+#include <platform/window/PlaySound.h>
+#include <platform/window/WindowFixture.h>
+#include <support/CodePages.h>
+#include <support/LocaleInForce.h>
+
+namespace orvo {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+struct FileDialogTest : testing::Test {
+    SystemInForce system;
+    TempFolder folder;
+};
+
+class RecordingDialog : public CFileDialog {
+public:
+    using CFileDialog::CFileDialog;
+
+    std::vector<CString> calls;
+    BOOL refusal = 0;
+    CWnd* destroyedByName = nullptr;
+
+protected:
+    BOOL OnInitDialog() override { return Note("init"); }
+    void OnInitDone() override { Note("done"); }
+    void OnFileNameChange() override {
+        Note(CString("change ") + GetFileTitle());
+        if (destroyedByName) destroyedByName->DestroyWindow();
+    }
+    BOOL OnFileNameOK() override {
+        Note("ok");
+        return std::exchange(refusal, 0);
+    }
+
+private:
+    BOOL Note(const CString& call) {
+        calls.push_back(call);
+        return 1;
+    }
+};
+
+TEST_F(FileDialogTest, AFilterIsTakenApartByCharacters) {
+    struct Row {
+        const char* why;
+        CString filter;
+        std::vector<FileFilter> want;
+    };
+    for (const LocaleCase& page : kBothCodePages) {
+        const LocaleInForce locale(page.tag, page.codePage);
+        // In 932 the second byte of this one is that of '|'.
+        const CString po = page.codePage == 932 ? "\x83\x7C" : "\xE3\x83\x9D";
+        const Row rows[] = {
+            {"pairs",
+             "Cards (*.vcf)|*.vcf|All (*.*)|*.*||",
+             {{"Cards (*.vcf)", "*.vcf"}, {"All (*.*)", "*.*"}}},
+            {"a character with the byte of the mark", po + "|*.wav||", {{po, "*.wav"}}},
+            {"the end isn't marked", "Cards|*.vcf;*.vcs", {{"Cards", "*.vcf;*.vcs"}}},
+            {"no patterns", "Cards", {{"Cards", "*.*"}}},
+            {"nothing", "", {}},
+        };
+        for (const Row& row : rows) {
+            std::vector<FileFilter> filters{{"untouched", ""}};
+            system.UseFileDialog(
+                [&](MemoryFileDialogPeer& shown) { filters = shown.Setup().filters; });
+            CFileDialog dialog(1, nullptr, nullptr, 0, row.filter);
+            EXPECT_EQ(dialog.DoModal(), IDCANCEL) << row.why;
+            EXPECT_EQ(filters, row.want) << row.why << ' ' << page.codePage;
+        }
+    }
+}
+
+TEST_F(FileDialogTest, TheHandlersAreCalledInTurn) {
+    RecordingDialog dialog(0, "vcf", "old.vcf");
+    dialog.refusal = 1;
+    const std::string path = folder.Path("new.vcf");
+    system.UseFileDialog([&](MemoryFileDialogPeer& shown) {
+        EXPECT_EQ(dialog.GetFileName(), "old.vcf");
+        shown.TypeFileName(CString(folder.Path("new")));
+        shown.PressOk();  // refused
+        EXPECT_TRUE(IsWindow(dialog.GetSafeHwnd()));
+        shown.PressOk();
+    });
+
+    EXPECT_EQ(dialog.DoModal(), IDOK);
+
+    EXPECT_THAT(dialog.calls, ElementsAre("init", "done", "change new", "ok", "ok"));
+    EXPECT_EQ(dialog.GetPathName(), CString(path));
+    EXPECT_EQ(dialog.GetSafeHwnd(), nullptr);
+}
+
+TEST_F(FileDialogTest, ACancelledDialogGivesNoPath) {
+    RecordingDialog dialog(1);
+    system.UseFileDialog([&](MemoryFileDialogPeer& shown) {
+        shown.PressOk();  // no name
+        shown.TypeFileName("a.vcf");
+    });
+    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+    EXPECT_EQ(dialog.GetPathName(), "");
+    EXPECT_THAT(dialog.calls, ElementsAre("init", "done", "change a"));
+}
+
+TEST_F(FileDialogTest, AHandlerMayDestroyTheDialog) {
+    RecordingDialog dialog(1);
+    dialog.destroyedByName = &dialog;
+    system.UseFileDialog([](MemoryFileDialogPeer& shown) { shown.TypeFileName("a.vcf"); });
+    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+}
+
+TEST_F(FileDialogTest, NamesThatWontDoAreToldAndExistingOnesAskedAbout) {
+    const CString there(folder.File("there.vcf", "x"));
+    const CString absent(folder.Path("absent.vcf"));
+    const CString nowhere(folder.Path("no/where.vcf"));
+    struct Row {
+        const char* why;
+        BOOL opens;
+        DWORD flags;
+        CString name;
+        std::vector<int> answers;
+        int want;
+    };
+    const Row rows[] = {
+        {"overwrite", 0, OFN_OVERWRITEPROMPT, there, {IDYES}, IDOK},
+        {"don't overwrite", 0, OFN_OVERWRITEPROMPT, there, {IDNO}, IDCANCEL},
+        {"a new file", 0, OFN_OVERWRITEPROMPT, absent, {}, IDOK},
+        {"without a question", 0, 0, there, {}, IDOK},
+        {"opening asks nothing", 1, OFN_OVERWRITEPROMPT, there, {}, IDOK},
+        {"must exist", 1, OFN_FILEMUSTEXIST, absent, {IDOK}, IDCANCEL},
+        {"does exist", 1, OFN_FILEMUSTEXIST, there, {}, IDOK},
+        {"need not exist", 1, 0, absent, {}, IDOK},
+        {"no such folder", 0, OFN_PATHMUSTEXIST, nowhere, {IDOK}, IDCANCEL},
+        {"a folder in which to open", 1, OFN_FILEMUSTEXIST, nowhere, {IDOK}, IDCANCEL},
+    };
+    for (const Row& row : rows) {
+        CFileDialog dialog(row.opens, nullptr, row.name, row.flags);
+        for (const int answer : row.answers) system.AnswerMessageBox(answer);
+        system.UseFileDialog([](MemoryFileDialogPeer& shown) { shown.PressOk(); });
+        EXPECT_EQ(dialog.DoModal(), row.want) << row.why;
+        EXPECT_FALSE(system.HasAnswersLeft()) << row.why;
+    }
+}
+
+TEST_F(FileDialogTest, TheTitleIsTheNameWithoutFolderAndExtension) {
+    struct Row {
+        const char* path;
+        const char* name;
+        const char* title;
+    };
+    const Row rows[] = {
+        {"/a.b/ring.tone.wav", "ring.tone.wav", "ring.tone"},
+        {"/a.b/ring", "ring", "ring"},
+        {"/a/.wav", ".wav", ".wav"},
+        {"", "", ""},
+    };
+    for (const Row& row : rows) {
+        CFileDialog dialog(0, nullptr, row.path, 0);
+        system.UseFileDialog([&](MemoryFileDialogPeer&) {
+            EXPECT_EQ(dialog.GetFileName(), row.name);
+            EXPECT_EQ(dialog.GetFileTitle(), row.title) << row.path;
+        });
+        dialog.DoModal();
+    }
+}
+
+TEST_F(FileDialogTest, AFileIsFoundByItsNameInTheCodePage) {
+    folder.File("\xE8\xA1\xA8.vcf", "x");
+    for (const LocaleCase& page : kBothCodePages) {
+        const LocaleInForce locale(page.tag, page.codePage);
+        // In 932 the second byte is that of '\\'.
+        const CString name = page.codePage == 932 ? "\x95\x5C" : "\xE8\xA1\xA8";
+        CFileDialog dialog(1, "vcf", nullptr, OFN_FILEMUSTEXIST);
+        const CString initial(folder.Path(""));
+        dialog.m_ofn.lpstrInitialDir = initial;
+        system.UseFileDialog([&](MemoryFileDialogPeer& shown) {
+            shown.TypeFileName(name);
+            EXPECT_EQ(dialog.GetFileTitle(), name) << page.codePage;
+            shown.PressOk();
+        });
+        EXPECT_EQ(dialog.DoModal(), IDOK) << page.codePage;
+    }
+}
+
+TEST_F(FileDialogTest, ADialogThatCantBeShownSaysSo) {
+    CFileDialog withoutTemplate(1, nullptr, nullptr, OFN_ENABLETEMPLATE);
+    withoutTemplate.m_ofn.lpTemplateName = 4711;
+    EXPECT_EQ(withoutTemplate.DoModal(), -1);
+
+    CFileDialog twice(1);
+    system.UseFileDialog([&](MemoryFileDialogPeer&) { EXPECT_EQ(twice.DoModal(), -1); });
+    EXPECT_EQ(twice.DoModal(), IDCANCEL);
+}
+
+TEST_F(FileDialogTest, ASoundIsPlayedOnlyByFileAndWithoutWaiting) {
+    EXPECT_EQ(PlaySoundA("a.wav", nullptr, SND_FILENAME), 0);
+    EXPECT_EQ(PlaySoundA("a.wav", &system, SND_FILENAME | SND_ASYNC), 0);
+    EXPECT_THAT(system.Sounds(), IsEmpty());
+
+    EXPECT_NE(PlaySoundA("a.wav", nullptr, SND_FILENAME | SND_ASYNC), 0);
+    EXPECT_THAT(system.Sounds(), ElementsAre("a.wav"));
+    EXPECT_TRUE(system.IsPlaying());
+    EXPECT_NE(PlaySoundA(nullptr, nullptr, SND_PURGE), 0);
+    EXPECT_FALSE(system.IsPlaying());
+}
+
+}  // namespace
+}  // namespace orvo
