@@ -12,9 +12,12 @@ namespace orvo::desktop {
 
 void DesktopWindow::MakeMenus() {
     QMenu& file = *menuBar()->addMenu(Text("&File"));
-    QAction* import = file.addAction(Text("&Import..."));
-    import->setShortcut(QKeySequence("Ctrl+I"));
-    connect(import, &QAction::triggered, this, [this] { ChooseFilesToImport(); });
+    QAction* importing = file.addAction(Text("&Import..."));
+    importing->setShortcut(QKeySequence("Ctrl+I"));
+    connect(importing, &QAction::triggered, this, [this] { ChooseFileToImport(); });
+    QAction* exporting = file.addAction(Text("&Export..."));
+    exporting->setShortcut(QKeySequence("Ctrl+Shift+E"));
+    connect(exporting, &QAction::triggered, this, [this] { ChooseFileToExport(); });
     file.addSeparator();
     QAction* quit = file.addAction(Text("&Quit"));
     quit->setShortcut(QKeySequence("Ctrl+Q"));
@@ -45,19 +48,20 @@ void DesktopWindow::MakeViewMenu() {
     constexpr Choice kPrivacies[] = {{"S&how private entries", static_cast<int>(Privacy::Show)},
                                      {"&Mask private entries", static_cast<int>(Privacy::Mask)},
                                      {"Hi&de private entries", static_cast<int>(Privacy::Hide)}};
-    AddChoices(view, kPrivacies, static_cast<int>(PrivacyOf(m_options)), [this](int value) {
-        ChangeOptions([value](COrvoDesktopOptions& options) {
-            SetPrivacy(options, static_cast<Privacy>(value));
-        });
-    });
+    AddChoices(m_privacies, view, kPrivacies, static_cast<int>(PrivacyOf(m_options)),
+               [this](int value) {
+                   ChangeOptions([value](COrvoDesktopOptions& options) {
+                       SetPrivacy(options, static_cast<Privacy>(value));
+                   });
+               });
 }
 
 void DesktopWindow::MakeAddressMenu() {
     QMenu& addresses = *menuBar()->addMenu(Text("&Addresses"));
     constexpr Choice kOrders[] = {{"By &name", static_cast<int>(kListByName)},
                                   {"By &company", static_cast<int>(kListByCompany)}};
-    m_addressOrders = &AddChoices(addresses, kOrders, static_cast<int>(m_frame.AddressOrder()),
-                                  [this](int value) { m_frame.SetAddressOrder(value); });
+    AddChoices(m_addressOrders, addresses, kOrders, static_cast<int>(m_frame.AddressOrder()),
+               [this](int value) { m_frame.SetAddressOrder(value); });
     addresses.addSeparator();
     AddMailCommands(addresses);
 }
@@ -86,9 +90,8 @@ void DesktopWindow::MakeToDoMenu() {
                                   {"By &due date, then priority", eSortByDueDatePriority},
                                   {"By &category, then due date", eSortByCategoryDueDate},
                                   {"By c&ategory, then priority", eSortByCategoryPriority}};
-    m_toDoOrders = &AddChoices(toDos, kOrders, m_frame.ToDoOrder(), [this](int value) {
-        m_frame.SetToDoOrder(static_cast<eSortOrder>(value));
-    });
+    AddChoices(m_toDoOrders, toDos, kOrders, m_frame.ToDoOrder(),
+               [this](int value) { m_frame.SetToDoOrder(static_cast<eSortOrder>(value)); });
     toDos.addSeparator();
     AddFlag(toDos, "&Show completed", &COrvoDesktopOptions::GetTodoShowCompleted,
             &COrvoDesktopOptions::SetTodoShowCompleted);
@@ -98,9 +101,8 @@ void DesktopWindow::MakeToDoMenu() {
             &COrvoDesktopOptions::SetTodoMarkCompletionDate);
 }
 
-QActionGroup& DesktopWindow::AddChoices(QMenu& menu, std::span<const Choice> choices, int present,
-                                        const std::function<void(int)>& choose) {
-    auto& group = *new QActionGroup(&menu);
+void DesktopWindow::AddChoices(QActionGroup& group, QMenu& menu, std::span<const Choice> choices,
+                               int present, const std::function<void(int)>& choose) {
     for (const Choice& choice : choices) {
         QAction* action = menu.addAction(Text(choice.text));
         action->setCheckable(true);
@@ -109,7 +111,6 @@ QActionGroup& DesktopWindow::AddChoices(QMenu& menu, std::span<const Choice> cho
         connect(action, &QAction::triggered, this,
                 [choose, value = choice.value] { choose(value); });
     }
-    return group;
 }
 
 void DesktopWindow::AddFlag(QMenu& menu, const char* text, int (COrvoDesktopOptions::*get)() const,

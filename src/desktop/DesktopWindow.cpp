@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include <QApplication>
 #include <QCloseEvent>
-#include <QFileDialog>
 #include <QMessageBox>
 #include <QStatusBar>
 #include <QToolBar>
@@ -29,10 +28,6 @@ constexpr int kGap = 8;
 
 // Milliseconds. So often what other programs did to the store is looked for.
 constexpr int kForeignInterval = 200;
-constexpr int kProblemTime = 20000;
-
-// So many entries that were left out are told in a message.
-constexpr std::size_t kMostToldEntries = 12;
 
 QString LookUpText() {
     const CDllResourceHandler resources(OrvoShareRecord());
@@ -50,11 +45,14 @@ QLabel* MakeLabel(const QString& text) {
 }  // namespace
 
 DesktopWindow::DesktopWindow(StoreSession& session, COrvoDesktopOptions& options)
-    : m_session(session), m_options(options), m_frame(session, options), m_views(nullptr) {
+    : m_session(session), m_options(options), m_frame(session, options) {
     setWindowTitle(QApplication::applicationDisplayName());
     resize(kFirstSize);
     m_countTimer.setSingleShot(true);
     connect(&m_countTimer, &QTimer::timeout, this, [this] { ShowCounts(); });
+    m_importTimer.setSingleShot(true);
+    connect(&m_importTimer, &QTimer::timeout, this,
+            [this] { Import(std::exchange(m_filesToImport, {})); });
     m_foreignTimer.setInterval(kForeignInterval);
     connect(&m_foreignTimer, &QTimer::timeout, this, [this] { LookForForeignChange(); });
     session.SetFailureListener([this](const std::string& problem) { TellProblem(problem); });
@@ -72,10 +70,7 @@ bool DesktopWindow::Open(const WindowSettings& settings) {
     if (!m_frame.Open()) return false;
     setCentralWidget(QtWindowSystem::WidgetOf(&m_frame));
     m_drop = std::make_unique<QtDrop>(m_frame);
-    m_frame.SetDropListener([this](const std::vector<std::string>& files) {
-        // Not from within the drag, which must end before anything is asked.
-        QTimer::singleShot(0, this, [this, files] { Import(files); });
-    });
+    m_frame.SetDropListener([this](const std::vector<std::string>& files) { ImportLater(files); });
     m_frame.SetAddressOrder(settings.addressOrder);
     m_frame.SetToDoOrder(static_cast<eSortOrder>(settings.toDoOrder));
     MakeToolBar();
@@ -135,8 +130,8 @@ void DesktopWindow::ShowView(ViewKind kind) {
     m_frame.Show(kind);
     m_views.actions().at(static_cast<int>(kind))->setChecked(true);
     FillCategoryBox();
-    m_addressOrders->setEnabled(!m_frame.IsShowingToDos());
-    m_toDoOrders->setEnabled(m_frame.IsShowingToDos());
+    m_addressOrders.setEnabled(!m_frame.IsShowingToDos());
+    m_toDoOrders.setEnabled(m_frame.IsShowingToDos());
 }
 
 void DesktopWindow::FillCategoryBox() {
@@ -155,8 +150,8 @@ void DesktopWindow::FillCategoryBox() {
 // Of a thousand rows that are selected at once each tells; one look at the end is enough.
 void DesktopWindow::ShowChange() {
     m_countTimer.start();
-    m_addressOrders->actions().at(m_frame.AddressOrder() == kListByName ? 0 : 1)->setChecked(true);
-    m_toDoOrders->actions().at(m_frame.ToDoOrder())->setChecked(true);
+    m_addressOrders.actions().at(m_frame.AddressOrder() == kListByName ? 0 : 1)->setChecked(true);
+    m_toDoOrders.actions().at(m_frame.ToDoOrder())->setChecked(true);
 }
 
 void DesktopWindow::ShowCounts() {
@@ -171,7 +166,7 @@ void DesktopWindow::ShowCounts() {
 
 void DesktopWindow::TellProblem(const std::string& problem) {
     std::fprintf(stderr, "orvo-desktop: %s\n", problem.c_str());
-    statusBar()->showMessage(FromUtf8(problem), kProblemTime);
+    statusBar()->showMessage(FromUtf8(problem), kMessageTime);
 }
 
 // While a menu or a question is open, the rows that it is about stay.
@@ -180,40 +175,6 @@ void DesktopWindow::LookForForeignChange() {
     if (isAsking || !m_session.TakeForeignChange()) return;
     FillCategoryBox();
     m_frame.Refill();
-}
-
-void DesktopWindow::ChooseFilesToImport() {
-    const QStringList chosen = QFileDialog::getOpenFileNames(
-        this, Text("Import"), {}, Text("Cards and calendars") + " (*.vcf *.vcs *.ics)");
-    std::vector<std::string> files;
-    for (const QString& file : chosen) files.push_back(QFile::encodeName(file).toStdString());
-    if (!files.empty()) Import(files);
-}
-
-void DesktopWindow::Import(const std::vector<std::string>& files) {
-    const ImportResult result = m_session.Import(files);
-    if (!result.failure.empty()) {
-        QMessageBox::warning(this, windowTitle(),
-                             Text("Nothing was imported.") + "\n\n" + FromUtf8(result.failure));
-        return;
-    }
-    FillCategoryBox();
-    m_frame.Refill();
-    const QString told = Text("%1 addresses and %2 to-dos were imported.")
-                             .arg(QLocale().toString(static_cast<qulonglong>(result.addresses)),
-                                  QLocale().toString(static_cast<qulonglong>(result.toDos)));
-    statusBar()->showMessage(told, kProblemTime);
-    if (result.skipped.empty()) return;
-    QString details;
-    for (const std::string& entry : result.skipped) {
-        std::fprintf(stderr, "orvo-desktop: %s\n", entry.c_str());
-        if (&entry - result.skipped.data() < static_cast<std::ptrdiff_t>(kMostToldEntries)) {
-            details += '\n' + FromUtf8(entry);
-        }
-    }
-    QMessageBox::information(
-        this, windowTitle(),
-        told + "\n\n" + Text("%1 entries were left out:").arg(result.skipped.size()) + details);
 }
 
 void DesktopWindow::TellRefusal(const QString& refusal) {

@@ -10,12 +10,16 @@
 #include <functional>
 #include <memory>
 #include <span>
+#include <utility>
 
 #include <desktop/ViewFrame.h>
 #include <desktop/WindowSettings.h>
 #include <platform/qt/QtDrop.h>
 
 namespace orvo::desktop {
+
+// Milliseconds for which the status bar shows a message.
+constexpr int kMessageTime = 20000;
 
 class DesktopWindow : public QMainWindow {
 public:
@@ -33,6 +37,8 @@ public:
 
     // Takes in card and calendar files, and tells what became of them.
     void Import(const std::vector<std::string>& files);
+    // The same once the event loop is back, so that a drag has ended, and the window stands.
+    void ImportLater(const std::vector<std::string>& files);
 
     ViewFrame& Frame() { return m_frame; }
     void ShowView(ViewKind kind);
@@ -56,8 +62,8 @@ private:
     void AddMailCommands(QMenu& menu);
     void TellRefusal(const QString& refusal);
     void MakeToDoMenu();
-    QActionGroup& AddChoices(QMenu& menu, std::span<const Choice> choices, int present,
-                             const std::function<void(int)>& choose);
+    void AddChoices(QActionGroup& group, QMenu& menu, std::span<const Choice> choices, int present,
+                    const std::function<void(int)>& choose);
     void AddFlag(QMenu& menu, const char* text, int (COrvoDesktopOptions::*get)() const,
                  void (COrvoDesktopOptions::*set)(int));
     void FillColumnMenu(QMenu& menu);
@@ -65,7 +71,9 @@ private:
     void ShowCounts();
     void ShowChange();
     void LookForForeignChange();
-    void ChooseFilesToImport();
+    void ChooseFileToImport();
+    void ChooseFileToExport();
+    void Export(const std::string& file, bool isSelectionOnly);
     void ChangeOptions(const std::function<void(COrvoDesktopOptions&)>& change);
     void Save();
 
@@ -74,13 +82,16 @@ private:
     ViewFrame m_frame;
     QComboBox m_categoryBox;
     QLabel m_counts;
-    QActionGroup m_views;
-    QActionGroup* m_addressOrders = nullptr;  // Qt's, with the menus
-    QActionGroup* m_toDoOrders = nullptr;
+    QActionGroup m_views{nullptr};
+    QActionGroup m_privacies{nullptr};
+    QActionGroup m_addressOrders{nullptr};
+    QActionGroup m_toDoOrders{nullptr};
     std::unique_ptr<QtDrop> m_drop;
     std::vector<QAction*> m_selectionActions;  // Qt's; enabled where addresses are selected
-    QTimer m_countTimer;                       // runs while the counts are out of date
-    QTimer m_foreignTimer;                     // runs in a session
+    std::vector<std::string> m_filesToImport;
+    QTimer m_importTimer;   // runs while there are some
+    QTimer m_countTimer;    // runs while the counts are out of date
+    QTimer m_foreignTimer;  // runs in a session
     bool m_isSession = false;
 };
 

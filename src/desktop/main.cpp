@@ -93,10 +93,7 @@ int ShowWindow(StoreSession& session, const CommandLine& line) {
     window.show();
     window.activateWindow();
     window.Frame().LookupBox().SetFocus();
-    if (!line.files.empty()) {
-        // Behind the first painting, so that the window is there when something is to be told.
-        QTimer::singleShot(0, &window, [&] { window.Import(line.files); });
-    }
+    if (!line.files.empty()) window.ImportLater(line.files);
     return QApplication::exec();
 }
 
