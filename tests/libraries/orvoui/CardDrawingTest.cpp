@@ -187,7 +187,7 @@ TEST_F(CardDrawing, TheCategoryStandsSmallAtTheBottomAndTakesALine) {
     const DrawOperation& category = Painted("Friends");
     EXPECT_EQ(category.rect, (CRect{kBodyLeft, 148, kBodyRight, 164}));
     EXPECT_NE(category.format & DT_RIGHT, 0U);
-    EXPECT_EQ(category.font.height, 10);
+    EXPECT_EQ(category.font.height, 12);
 }
 
 TEST_F(CardDrawing, MarksStandAtTheRightOfTheTitle) {
