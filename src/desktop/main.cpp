@@ -66,6 +66,11 @@ COrvoDesktopOptions LoadOptions() {
     return LoadHostOptions([](const std::string& problem) { Fail(problem); });
 }
 
+// Without a display Qt warns of what a picture doesn't need.
+void TellFailures(QtMsgType type, const QMessageLogContext&, const QString& text) {
+    if (type == QtCriticalMsg || type == QtFatalMsg) Fail(text.toStdString());
+}
+
 int SavePicture(DesktopWindow& window, const std::string& file) {
     window.show();
     // What is shown may ask for another look.
@@ -102,6 +107,7 @@ int Run(const CommandLine& line, int count, char** arguments) {
     const std::unique_ptr<StoreSession> session = StoreSession::Open(line.store, error);
     if (!session || (line.picture.empty() && !session->Claim(error))) return Fail(error);
 
+    if (!line.picture.empty()) qInstallMessageHandler(TellFailures);
     const QApplication application(count, arguments);
     QApplication::setApplicationName("orvo-desktop");
     QApplication::setApplicationDisplayName("Orvo Desktop");
