@@ -1,0 +1,54 @@
+// Where the folders that are installed with the library lie.
+// SPDX-License-Identifier: MIT
+#include <cstdlib>
+#include <dlfcn.h>
+
+#include <platform/module/InstalledFolder.h>
+
+namespace orvo {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kUsualPrefix = "/usr";
+
+// The file of the running library, empty where it isn't known by its whole path. In a program that
+// holds the library it may be the name by which the program was called, which leads nowhere.
+fs::path LibraryFile() {
+    static const char placeInLibrary = 0;
+    Dl_info info{};
+    if (dladdr(&placeInLibrary, &info) == 0 || !info.dli_fname) return {};
+    const fs::path file = info.dli_fname;
+    return file.is_absolute() ? file : fs::path();
+}
+
+fs::path ProgramFile() {
+    std::error_code unreadable;
+    return fs::read_symlink("/proc/self/exe", unreadable);
+}
+
+// The folder below the prefix under which `file` lies: "prefix/bin/file", "prefix/lib/file" or, as
+// some systems part their libraries, "prefix/lib/machine/file". Empty where there is none.
+fs::path FolderBeside(const fs::path& file, const fs::path& belowPrefix) {
+    std::error_code nothing;
+    fs::path folder = fs::weakly_canonical(file, nothing).parent_path();
+    for (int level = 0; level < 2 && folder.has_relative_path(); ++level) {
+        folder = folder.parent_path();
+        if (fs::is_directory(folder / belowPrefix, nothing)) return folder / belowPrefix;
+    }
+    return {};
+}
+
+}  // namespace
+
+fs::path InstalledFolder(const char* variable, const fs::path& belowPrefix) {
+    const char* const named = std::getenv(variable);
+    if (named && *named != '\0') return named;
+    for (const fs::path& file : {LibraryFile(), ProgramFile()}) {
+        fs::path folder = FolderBeside(file, belowPrefix);
+        if (!folder.empty()) return folder;
+    }
+    return fs::path(kUsualPrefix) / belowPrefix;
+}
+
+}  // namespace orvo
