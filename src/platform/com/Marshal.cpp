@@ -59,6 +59,13 @@ private:
     InterfaceReference m_reference;
 };
 
+// The reference of a packet, and the bus on which it is reached.
+HRESULT ReadReference(IStream& stream, InterfaceReference& reference,
+                      std::shared_ptr<InterfaceBus>& bus) {
+    const HRESULT result = ReadPacket(stream, reference);
+    return result == S_OK ? Apartment::Get().FindBus(bus) : result;
+}
+
 HRESULT FindObject(const std::shared_ptr<InterfaceBus>& bus, const InterfaceReference& reference,
                    ComPointer<IUnknown>& object) {
     if (bus->IsOwn(reference)) {
@@ -126,10 +133,8 @@ HRESULT CoUnmarshalInterface(IStream* stream, REFIID id, void** object) {
     *object = nullptr;
     if (!stream) return E_INVALIDARG;
     InterfaceReference reference;
-    HRESULT result = ReadPacket(*stream, reference);
-    if (result != S_OK) return result;
     std::shared_ptr<InterfaceBus> bus;
-    result = Apartment::Get().FindBus(bus);
+    HRESULT result = ReadReference(*stream, reference, bus);
     if (result != S_OK) return result;
     ComPointer<IUnknown> found;
     result = FindObject(bus, reference, found);
@@ -139,10 +144,8 @@ HRESULT CoUnmarshalInterface(IStream* stream, REFIID id, void** object) {
 HRESULT CoReleaseMarshalData(IStream* stream) {
     if (!stream) return E_INVALIDARG;
     InterfaceReference reference;
-    HRESULT result = ReadPacket(*stream, reference);
-    if (result != S_OK) return result;
     std::shared_ptr<InterfaceBus> bus;
-    result = Apartment::Get().FindBus(bus);
+    const HRESULT result = ReadReference(*stream, reference, bus);
     if (result != S_OK) return result;
     return bus->IsOwn(reference) ? bus->Exports().Forget(reference.key) : bus->Forget(reference);
 }

@@ -48,43 +48,25 @@ ORVO_API void RegisterInterface(REFIID id, ProxyMaker makeProxy, Stub stub);
 // Null where that interface isn't registered.
 ORVO_API const RemoteInterface* FindInterface(REFIID id);
 
-// IUnknown of a proxy; the methods of the interface itself remain to be written with Call.
+// What stands for an interface of another process; the methods of the interface itself remain to be
+// written with Call.
 template <class Interface>
-class Proxy : public Interface {
+class Proxy : public ComObject<Interface> {
 public:
-    explicit Proxy(std::unique_ptr<RemoteObject> remote) : m_remote(std::move(remote)) {}
-    Proxy(const Proxy&) = delete;
-    Proxy& operator=(const Proxy&) = delete;
-
-    HRESULT QueryInterface(REFIID id, void** object) override {
-        if (object == nullptr) return E_POINTER;
-        const bool isKnown = id == IID_IUnknown || id == m_remote->InterfaceId();
-        *object = isKnown ? static_cast<Interface*>(this) : nullptr;
-        if (!isKnown) return E_NOINTERFACE;
-        AddRef();
-        return S_OK;
-    }
-    ULONG AddRef() override { return ++m_references; }
-    ULONG Release() override {
-        const ULONG left = --m_references;
-        if (left == 0) delete this;
-        return left;
-    }
+    explicit Proxy(std::unique_ptr<RemoteObject> remote)
+        : ComObject<Interface>(remote->InterfaceId()), m_remote(std::move(remote)) {}
 
 protected:
-    virtual ~Proxy() = default;
-
     HRESULT Call(std::uint32_t method, const CallBytes& arguments, CallBytes& results) {
         // The last reference may go while the call waits.
-        AddRef();
+        this->AddRef();
         const HRESULT result = m_remote->Call(method, arguments, results);
-        Release();
+        this->Release();
         return result;
     }
 
 private:
     std::unique_ptr<RemoteObject> m_remote;
-    ULONG m_references = 1;
 };
 
 }  // namespace orvo

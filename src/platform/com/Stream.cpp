@@ -8,26 +8,10 @@
 namespace orvo {
 namespace {
 
-class BlockStream final : public IStream {
+class BlockStream final : public ComObject<IStream> {
 public:
-    BlockStream(HGLOBAL block, bool isOwner) : m_block(block), m_isOwner(isOwner) {}
-    BlockStream(const BlockStream&) = delete;
-    BlockStream& operator=(const BlockStream&) = delete;
-
-    HRESULT QueryInterface(REFIID id, void** object) override {
-        if (object == nullptr) return E_POINTER;
-        const bool isKnown = id == IID_IUnknown || id == IID_IStream;
-        *object = isKnown ? this : nullptr;
-        if (!isKnown) return E_NOINTERFACE;
-        AddRef();
-        return S_OK;
-    }
-    ULONG AddRef() override { return ++m_references; }
-    ULONG Release() override {
-        const ULONG left = --m_references;
-        if (left == 0) delete this;
-        return left;
-    }
+    BlockStream(HGLOBAL block, bool isOwner)
+        : ComObject(IID_IStream), m_block(block), m_isOwner(isOwner) {}
 
     HRESULT Read(void* bytes, ULONG count, ULONG* done) override {
         const std::size_t size = GlobalSize(m_block);
@@ -71,13 +55,12 @@ public:
     }
 
 private:
-    ~BlockStream() {
+    ~BlockStream() override {
         if (m_isOwner) GlobalFree(m_block);
     }
 
     HGLOBAL m_block;
     bool m_isOwner;
-    ULONG m_references = 1;
     std::uint64_t m_place = 0;
 };
 

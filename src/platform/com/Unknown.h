@@ -66,6 +66,38 @@ protected:
     ~IUnknown() = default;
 };
 
+// An object with one interface besides IUnknown, whose own methods remain to be written. It is made
+// with one reference of the maker's, and goes with its last one.
+template <class Interface>
+class ComObject : public Interface {
+public:
+    ComObject(const ComObject&) = delete;
+    ComObject& operator=(const ComObject&) = delete;
+
+    HRESULT QueryInterface(REFIID id, void** object) override {
+        if (object == nullptr) return E_POINTER;
+        const bool isKnown = id == IID_IUnknown || id == m_id;
+        *object = isKnown ? static_cast<Interface*>(this) : nullptr;
+        if (!isKnown) return E_NOINTERFACE;
+        AddRef();
+        return S_OK;
+    }
+    ULONG AddRef() override { return ++m_references; }
+    ULONG Release() override {
+        const ULONG left = --m_references;
+        if (left == 0) delete this;
+        return left;
+    }
+
+protected:
+    explicit ComObject(REFIID id) : m_id(id) {}
+    virtual ~ComObject() = default;
+
+private:
+    IID m_id;
+    ULONG m_references = 1;
+};
+
 // Holds one reference.
 template <class Interface>
 class ComPointer {

@@ -70,11 +70,9 @@ inline void RegisterCounter() {
     RegisterInterface(IID_ICounter, &CounterProxy::Make, &CallCounter);
 }
 
-class Counter final : public ICounter {
+class Counter final : public ComObject<ICounter> {
 public:
-    Counter() { ++Living(); }
-    Counter(const Counter&) = delete;
-    Counter& operator=(const Counter&) = delete;
+    Counter() : ComObject(IID_ICounter) { ++Living(); }
 
     // How many counters this process has.
     static int& Living() {
@@ -84,20 +82,6 @@ public:
     static ComPointer<ICounter>& Partner() {
         static ComPointer<ICounter> partner;
         return partner;
-    }
-
-    HRESULT QueryInterface(REFIID id, void** object) override {
-        const bool isKnown = id == IID_IUnknown || id == IID_ICounter;
-        *object = isKnown ? static_cast<ICounter*>(this) : nullptr;
-        if (!isKnown) return E_NOINTERFACE;
-        AddRef();
-        return S_OK;
-    }
-    ULONG AddRef() override { return ++m_references; }
-    ULONG Release() override {
-        const ULONG left = --m_references;
-        if (left == 0) delete this;
-        return left;
     }
 
     HRESULT Add(std::int64_t number, std::int64_t& total) override {
@@ -120,9 +104,8 @@ public:
     HRESULT Throw() override { throw std::runtime_error("a fault of the object"); }
 
 private:
-    ~Counter() { --Living(); }
+    ~Counter() override { --Living(); }
 
-    ULONG m_references = 1;
     std::int64_t m_total = 0;
 };
 
