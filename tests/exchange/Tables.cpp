@@ -5,6 +5,7 @@
 #include <fmt/core.h>
 
 #include <exchange/TableTexts.h>
+#include <platform/text/SystemText.h>
 #include <platform/time/TimeZone.h>
 
 namespace orvo {

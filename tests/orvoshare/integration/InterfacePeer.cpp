@@ -1,13 +1,11 @@
 // A program with a window, which passes an interface and takes one: InterfacePeer NAME. It does
 // what messages tell it, and ends with its input.
 // SPDX-License-Identifier: MIT
-#include <cstdio>
-#include <unistd.h>
 
 #include <orvoshare/integration/InterfaceTransfer.h>
 #include <platform/com/Counter.h>
-#include <platform/ipc/Waiting.h>
 #include <platform/window/CWnd.h>
+#include <support/ServedWindow.h>
 
 #include "PeerMessages.h"
 
@@ -62,15 +60,7 @@ int Run(const char* name) {
     RegisterCounter();
     if (CoInitialize(nullptr) != S_OK) return 1;
     PeerWindow window;
-    const PublishedWindow published(name, window.GetSafeHwnd());
-    std::puts(published.IsPublished() ? "ready" : "failed");
-    std::fflush(stdout);
-    bool isOver = false;
-    const WaitSource input(STDIN_FILENO, [&] {
-        char byte = 0;
-        isOver = ::read(STDIN_FILENO, &byte, 1) <= 0;
-    });
-    while (!isOver) ServeSources(-1);
+    ServeWindow(window, name);
     Counter::Partner() = {};
     CoUninitialize();
     return 0;

@@ -1,12 +1,10 @@
 // A program with a window that tells what it gets: ForeignPeer NAME. It ends with its input.
 // SPDX-License-Identifier: MIT
-#include <cstdio>
 #include <numeric>
-#include <unistd.h>
 
-#include <platform/ipc/Waiting.h>
 #include <platform/window/CWnd.h>
 #include <platform/window/ForeignWindow.h>
+#include <support/ServedWindow.h>
 
 namespace orvo {
 namespace {
@@ -30,15 +28,7 @@ public:
 
 int Run(const char* name) {
     PeerWindow window;
-    const PublishedWindow published(name, window.GetSafeHwnd());
-    std::puts(published.IsPublished() ? "ready" : "failed");
-    std::fflush(stdout);
-    bool isOver = false;
-    const WaitSource input(STDIN_FILENO, [&] {
-        char byte = 0;
-        isOver = ::read(STDIN_FILENO, &byte, 1) <= 0;
-    });
-    while (!isOver) ServeSources(-1);
+    ServeWindow(window, name);
     return 0;
 }
 
