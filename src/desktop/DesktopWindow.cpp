@@ -8,6 +8,7 @@
 
 #include <contracts/ResourceScope.h>
 #include <desktop/DesktopWindow.h>
+#include <desktop/Problems.h>
 #include <desktop/Texts.h>
 #include <desktop/ViewIcons.h>
 #include <host/HostOptions.h>
@@ -106,7 +107,10 @@ void DesktopWindow::MakeToolBar() {
     auto* space = new QWidget;
     space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     bar->addWidget(space);
+    AddViewButtons(*bar);
+}
 
+void DesktopWindow::AddViewButtons(QToolBar& bar) {
     constexpr struct {
         ViewKind kind;
         const char* text;
@@ -117,12 +121,12 @@ void DesktopWindow::MakeToolBar() {
                   {ViewKind::Cards, "Cards", "Ctrl+4"},
                   {ViewKind::ToDos, "To Do", "Ctrl+5"}};
     for (const auto& view : kViews) {
-        if (view.kind == ViewKind::ToDos) bar->addSeparator();
+        if (view.kind == ViewKind::ToDos) bar.addSeparator();
         QAction* action = m_views.addAction(IconOf(view.kind), Text(view.text));
         action->setCheckable(true);
         action->setShortcut(QKeySequence(view.keys));
         connect(action, &QAction::triggered, this, [this, kind = view.kind] { ShowView(kind); });
-        bar->addAction(action);
+        bar.addAction(action);
     }
 }
 
@@ -165,7 +169,7 @@ void DesktopWindow::ShowCounts() {
 }
 
 void DesktopWindow::TellProblem(const std::string& problem) {
-    std::fprintf(stderr, "orvo-desktop: %s\n", problem.c_str());
+    PrintProblem(problem);
     statusBar()->showMessage(FromUtf8(problem), kMessageTime);
 }
 

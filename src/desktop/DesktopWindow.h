@@ -56,6 +56,7 @@ private:
     };
 
     void MakeToolBar();
+    void AddViewButtons(QToolBar& bar);
     void MakeMenus();
     void MakeViewMenu();
     void MakeAddressMenu();

@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QDateTime>
 #include <QPixmap>
-#include <cstdio>
 #include <cstdlib>
 #include <exception>
 #include <memory>
@@ -14,6 +13,7 @@
 #include <desktop/CommandLine.h>
 #include <desktop/DesktopWindow.h>
 #include <desktop/EndSignals.h>
+#include <desktop/Problems.h>
 #include <host/HostOptions.h>
 #include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/resources/StringTable.h>
@@ -28,7 +28,7 @@ constexpr int kDone = 0;
 constexpr int kFailed = 2;
 
 int Fail(const std::string& reason) {
-    fmt::print(stderr, "orvo-desktop: {}\n", reason);
+    PrintProblem(reason);
     return kFailed;
 }
 
@@ -63,12 +63,12 @@ void SetClock(const CommandLine& line) {
 }
 
 COrvoDesktopOptions LoadOptions() {
-    return LoadHostOptions([](const std::string& problem) { Fail(problem); });
+    return LoadHostOptions(PrintProblem);
 }
 
 // Without a display Qt warns of what a picture doesn't need.
 void TellFailures(QtMsgType type, const QMessageLogContext&, const QString& text) {
-    if (type == QtCriticalMsg || type == QtFatalMsg) Fail(text.toStdString());
+    if (type == QtCriticalMsg || type == QtFatalMsg) PrintProblem(text.toStdString());
 }
 
 int SavePicture(DesktopWindow& window, const std::string& file) {
