@@ -8,15 +8,9 @@
 #include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/resources/StringTable.h>
 #include <orvoshare/text/NameText.h>
-#include <platform/text/CodePage.h>
+#include <platform/text/SystemText.h>
 
 namespace orvo::cli {
-std::string ToUtf8(const CString& text) {
-    std::string utf8;
-    CodePage::System().ToUtf8(text.View(), utf8);
-    return utf8;
-}
-
 std::string ModuleText(unsigned number) {
     const CDllResourceHandler resources(OrvoShareRecord());
     CString text;

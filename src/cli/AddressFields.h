@@ -7,6 +7,7 @@
 
 #include <cli/Output.h>
 #include <contracts/RecordStore.h>
+#include <platform/text/SystemText.h>
 
 namespace orvo::cli {
 
@@ -33,9 +34,6 @@ constexpr std::array<FieldName, 12> kFieldNames{{
     {AddressField::ZipCode, "--zip", "zip", "Zip code"},
     {AddressField::Country, "--country", "country", "Country"},
 }};
-
-// Text of the system's code page as UTF-8.
-std::string ToUtf8(const CString& text);
 
 // The module's text of that number, UTF-8.
 std::string ModuleText(unsigned number);

@@ -7,6 +7,7 @@
 
 #include <cli/Store.h>
 #include <contracts/ListWidget.h>
+#include <orvoshare/text/ListHeading.h>
 
 namespace orvo::cli {
 
@@ -36,8 +37,8 @@ void SetUpHeading(List& list, const char* section, const std::string& columns) {
     if (columns.empty()) return;
     if (columns != "default") {
         const std::vector<int> ids = NamedColumns(list, columns);
-        for (const int id : list.GetShownColumns()) list.HideColumn(id);
-        for (const int id : ids) list.ShowColumn(id, -1);
+        HideColumns(list);
+        ShowColumns(list, ids);
     }
     if (list.WriteHeaderColumnInfo(section) == 0) {
         throw CommandError(kWrongUse, "--columns: the heading can't be saved");

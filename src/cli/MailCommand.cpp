@@ -10,7 +10,7 @@
 #include <cli/Commands.h>
 #include <host/MailReason.h>
 #include <orvoshare/integration/MapiMailer.h>
-#include <platform/text/CodePage.h>
+#include <platform/text/SystemText.h>
 
 namespace orvo::cli {
 namespace {
@@ -21,12 +21,6 @@ struct Mail {
     std::string body;
     std::vector<std::string> attachments;
 };
-
-CString SystemText(const std::string& utf8) {
-    CString text;
-    CodePage::System().FromUtf8(utf8, text.Bytes());
-    return text;
-}
 
 int SendMail(const Mail& mail) {
     std::vector<CEmailAddress> recipients;

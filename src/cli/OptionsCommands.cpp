@@ -14,7 +14,7 @@
 #include <cli/Output.h>
 #include <host/HostOptions.h>
 #include <platform/settings/SettingsStore.h>
-#include <platform/text/CodePage.h>
+#include <platform/text/SystemText.h>
 
 namespace orvo::cli {
 namespace {
@@ -149,8 +149,7 @@ int ReadNumber(const OptionName& option, const std::string& value) {
 }
 
 CString ReadText(const OptionName& option, const std::string& value) {
-    CString text;
-    CodePage::System().FromUtf8(value, text.Bytes());
+    CString text = SystemText(value);
     if (ToUtf8(text) != value) Refuse(option, value, "the code page lacks some of its characters");
     if (text.GetLength() > kLongestText) {
         Refuse(option, value, fmt::format("a text has at most {} bytes", kLongestText));

@@ -9,7 +9,7 @@
 #include <cli/AddressFields.h>
 #include <cli/Commands.h>
 #include <cli/Output.h>
-#include <platform/text/CodePage.h>
+#include <platform/text/SystemText.h>
 
 namespace orvo::cli {
 namespace {
@@ -69,8 +69,7 @@ void SetLabel(Store& store, const std::vector<std::string>& arguments) {
             fmt::format("labels --set {} {}: give phone 0 to {}, or custom 1 to {}", kind, digits,
                         store.Addresses().GetPhoneLabelCount(), kCustomFields));
     }
-    CString label;
-    CodePage::System().FromUtf8(arguments[2], label.Bytes());
+    const CString label = SystemText(arguments[2]);
     store.Check(isPhone ? store.Addresses().SetPhoneLabel(number, label)
                         : store.Addresses().SetCustomLabel(number, label));
     transaction.Commit();

@@ -3,16 +3,16 @@
 #include <QLocale>
 #include <QMessageBox>
 #include <QStatusBar>
-#include <cstdio>
 #include <unordered_set>
 
 #include <desktop/DesktopWindow.h>
+#include <desktop/Problems.h>
 #include <desktop/Texts.h>
 #include <exchange/ExportFile.h>
 #include <orvoshare/integration/ExportFileDialog.h>
 #include <orvoshare/integration/ImportFileDialog.h>
 #include <platform/qt/QtConvert.h>
-#include <platform/text/CodePage.h>
+#include <platform/text/SystemText.h>
 
 namespace orvo::desktop {
 namespace {
@@ -33,19 +33,13 @@ QString Lines(const std::vector<std::string>& lines) {
     return text;
 }
 
-std::string Utf8Path(const CFileDialog& dialog) {
-    std::string path;
-    CodePage::System().ToUtf8(dialog.GetPathName().View(), path);
-    return path;
-}
-
 }  // namespace
 
 void DesktopWindow::ChooseFileToImport() {
     const CString filter =
         FromQt(Text("Cards and calendars") + "|*.vcf;*.vcs;*.ics|" + Text("All files") + "|*||");
     CImportFileDialog dialog(filter, &m_frame, FromQt(Text("Import")));
-    if (dialog.DoModal() == IDOK) Import({Utf8Path(dialog)});
+    if (dialog.DoModal() == IDOK) Import({ToUtf8(dialog.GetPathName())});
 }
 
 void DesktopWindow::ImportLater(const std::vector<std::string>& files) {
@@ -65,9 +59,7 @@ void DesktopWindow::Import(const std::vector<std::string>& files) {
                              .arg(Count(result.addresses), Count(result.toDos));
     statusBar()->showMessage(told, kMessageTime);
     if (result.skipped.empty()) return;
-    for (const std::string& entry : result.skipped) {
-        std::fprintf(stderr, "orvo-desktop: %s\n", entry.c_str());
-    }
+    for (const std::string& entry : result.skipped) PrintProblem(entry);
     QMessageBox::information(this, windowTitle(),
                              told + "\n\n" +
                                  Text("%1 entries were left out:").arg(result.skipped.size()) +
@@ -82,7 +74,8 @@ void DesktopWindow::ChooseFileToExport() {
     CExportFileDialog dialog(nullptr, isCalendar ? "ics" : "vcf", filter, &m_frame,
                              kRangeAll | (hasSelection ? kRangeSelected : 0),
                              hasSelection ? kRangeSelected : kRangeAll);
-    if (dialog.DoModal() == IDOK) Export(Utf8Path(dialog), dialog.GetRange() == kRangeSelected);
+    if (dialog.DoModal() == IDOK)
+        Export(ToUtf8(dialog.GetPathName()), dialog.GetRange() == kRangeSelected);
 }
 
 // What is hidden or masked on the screen stays out of files, too.

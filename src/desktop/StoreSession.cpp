@@ -5,7 +5,7 @@
 #include <desktop/StoreSession.h>
 #include <exchange/ImportFile.h>
 #include <libraries/quire/UserStore.h>
-#include <platform/text/CodePage.h>
+#include <platform/text/SystemText.h>
 
 namespace orvo::desktop {
 namespace {
@@ -27,9 +27,8 @@ StoreSession::StoreSession(std::unique_ptr<SqliteEngine> engine)
 bool StoreSession::Claim(std::string& error) {
     m_claim.emplace(m_engine->Name(), kDesktopOwner, kPatience);
     if (m_claim->Access() != DataSetAccess::Refused) return true;
-    std::string holder;
-    CodePage::System().ToUtf8(m_claim->Holder().View(), holder);
-    error = fmt::format("{}: {} has this store open; try again later", m_engine->Name(), holder);
+    error = fmt::format("{}: {} has this store open; try again later", m_engine->Name(),
+                        ToUtf8(m_claim->Holder()));
     return false;
 }
 

@@ -5,7 +5,8 @@
 #include <cstdlib>
 
 #include <desktop/ViewFrame.h>
-#include <platform/text/CodePage.h>
+#include <orvoshare/text/ListHeading.h>
+#include <platform/text/SystemText.h>
 #include <platform/window/CDC.h>
 #include <platform/window/WindowSystem.h>
 
@@ -52,11 +53,6 @@ std::int64_t IdOfAddress(DWORD data) {
 
 std::int64_t IdOfToDo(DWORD data) {
     return reinterpret_cast<CToDoRecord*>(data)->GetId();
-}
-
-// A saved heading adds its columns to those that are shown.
-void HideColumns(COrvoUIListViewCtrl& list) {
-    for (const int id : list.GetShownColumns()) list.HideColumn(id);
 }
 
 // Which order a click on a heading asks for; a second click on a category turns to the other one.
@@ -305,7 +301,7 @@ LRESULT ViewFrame::OnFilesDropped(WPARAM, LPARAM paths) {
     const auto& dropped = *PointerOf<CStringArray>(paths);
     std::vector<std::string> files;
     for (int i = 0; i < dropped.GetSize(); ++i) {
-        CodePage::System().ToUtf8(dropped.GetAt(i).View(), files.emplace_back());
+        files.push_back(ToUtf8(dropped.GetAt(i)));
     }
     if (m_dropped) m_dropped(files);
     return 0;

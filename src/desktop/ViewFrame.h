@@ -57,7 +57,6 @@ public:
     bool IsShowingToDos() const { return m_shown == ViewKind::ToDos; }
 
     CLookupEdit& LookupBox() { return m_box; }
-    CDetailViewAddrList& List() { return m_list; }
     // The window of the view that is shown, and its columns; null for cards.
     CWnd& ShownWindow();
     COrvoUIListViewCtrl* ShownColumns();

@@ -5,6 +5,7 @@
 
 #include <exchange/TableTexts.h>
 #include <platform/text/CodePage.h>
+#include <platform/text/SystemText.h>
 
 namespace orvo {
 namespace {
@@ -21,12 +22,6 @@ std::string_view LabelOf(PhoneKind kind) {
 }
 
 }  // namespace
-
-std::string ToUtf8(const CString& text) {
-    std::string utf8;
-    CodePage::System().ToUtf8(text.View(), utf8);
-    return utf8;
-}
 
 PhoneLabels::PhoneLabels(const CAddressTable& table) {
     const int count = table.GetPhoneLabelCount();

@@ -14,9 +14,6 @@
 
 namespace orvo {
 
-// Text of the system's code page as UTF-8.
-std::string ToUtf8(const CString& text);
-
 class PhoneLabels {
 public:
     explicit PhoneLabels(const CAddressTable& table);

@@ -9,7 +9,7 @@
 #include <orvoshare/options/OptionsPath.h>
 #include <platform/io/CFile.h>
 #include <platform/settings/SettingsStore.h>
-#include <platform/text/CodePage.h>
+#include <platform/text/SystemText.h>
 
 namespace orvo {
 namespace {
@@ -49,9 +49,7 @@ CUser HostUser() {
     std::error_code error;
     const fs::path folder = fs::path(SettingsStore::Path()).parent_path();
     const fs::path directory = fs::proximate(folder, DataDirectory(), error);
-    CString inPage;
-    CodePage::System().FromUtf8(directory.string(), inPage.Bytes());
-    return CUser(inPage);
+    return CUser(SystemText(directory.string()));
 }
 
 }  // namespace

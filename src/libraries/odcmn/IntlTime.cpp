@@ -11,8 +11,8 @@
 #include <contracts/IntlTime.h>
 #include <libraries/odcmn/DatePicture.h>
 #include <libraries/odcmn/DateReader.h>
-#include <platform/text/CodePage.h>
 #include <platform/text/SystemLocale.h>
+#include <platform/text/SystemText.h>
 #include <platform/text/Utf8.h>
 
 namespace orvo {
@@ -89,18 +89,6 @@ LocaleDates ReadLocaleDates() {
     return U_SUCCESS(status) ? dates : LocaleDates{"yyyy-MM-dd", "yyyy-MM-dd", {}};
 }
 
-CString InSystemPage(const std::string& utf8) {
-    CString text;
-    CodePage::System().FromUtf8(utf8, text.Bytes());
-    return text;
-}
-
-std::string InUtf8(const CString& text) {
-    std::string utf8;
-    CodePage::System().ToUtf8(text.View(), utf8);
-    return utf8;
-}
-
 // The dates of the system's locale, ready for use in its code page.
 struct SystemDates {
     unsigned generation;
@@ -113,8 +101,8 @@ struct SystemDates {
 SystemDates ReadSystemDates() {
     const unsigned generation = SystemLocale::Generation();
     const LocaleDates dates = ReadLocaleDates();
-    return {generation, dates, InSystemPage(dates.shortPicture), InSystemPage(dates.longPicture),
-            InSystemPage(SeparatorOf(SplitPicture(dates.shortPicture)))};
+    return {generation, dates, SystemText(dates.shortPicture), SystemText(dates.longPicture),
+            SystemText(SeparatorOf(SplitPicture(dates.shortPicture)))};
 }
 
 const SystemDates& CurrentDates() {
@@ -147,15 +135,15 @@ const CString& CIntlTime::FormatDate(FormatType type) {
 const CString& CIntlTime::FormatDate(const CString& picture) {
     const std::optional<CivilTime> date = CivilOfMoment(m_time.GetTime());
     m_text = !date ? CString()
-                   : InSystemPage(FillPicture(SplitPicture(InUtf8(picture)), *date,
-                                              CurrentDates().dates.months));
+                   : SystemText(FillPicture(SplitPicture(ToUtf8(picture)), *date,
+                                            CurrentDates().dates.months));
     return m_text;
 }
 
 int CIntlTime::ParseDateFromFormat(const CString& picture, const CString& text, char separator,
                                    int& year, int& month, int& day) {
     const std::optional<TypedDate> date =
-        ReadDate(SplitPicture(InUtf8(picture)), InUtf8(text), separator, Today());
+        ReadDate(SplitPicture(ToUtf8(picture)), ToUtf8(text), separator, Today());
     if (!date) return 0;
     year = date->year.value_or(year);
     month = date->month.value_or(month);

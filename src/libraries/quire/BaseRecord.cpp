@@ -6,8 +6,9 @@
 
 #include <contracts/RecordStore.h>
 #include <platform/text/Charset.h>
+#include <platform/text/SystemText.h>
 
-#include "SystemText.h"
+#include "CheckedText.h"
 
 namespace orvo {
 
@@ -52,7 +53,7 @@ long CBaseRecord::GetNote(CString& note) const {
     RowExtra extra;
     const long status = ReadExtra(extra);
     if (status == kOk) {
-        note = Utf8ToSystem(extra.note);
+        note = SystemText(extra.note);
     }
     return status;
 }
@@ -128,7 +129,7 @@ long CBaseRecord::ChangeFlag(std::uint32_t flag, bool on) {
 }
 
 long CBaseRecord::GetText(std::uint8_t field, CString& text) const {
-    text = Utf8ToSystem(m_fields.Get(field));
+    text = SystemText(m_fields.Get(field));
     return kOk;
 }
 

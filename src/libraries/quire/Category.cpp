@@ -10,8 +10,9 @@
 #include <platform/io/CArchive.h>
 #include <platform/io/CFile.h>
 #include <platform/text/CodePage.h>
+#include <platform/text/SystemText.h>
 
-#include "SystemText.h"
+#include "CheckedText.h"
 
 namespace orvo {
 
@@ -66,12 +67,12 @@ void CCategory::Serialize(CArchive& archive) {
 }
 
 CString& CCategory::GetName() {
-    m_name = Utf8ToSystem(m_utf8);
+    m_name = SystemText(m_utf8);
     return m_name;
 }
 
 void CCategory::SetName(const CString& name) {
-    if (Utf8ToSystem(m_utf8) != name) {
+    if (SystemText(m_utf8) != name) {
         CodePage::System().ToUtf8(name.View(), m_utf8);
     }
 }

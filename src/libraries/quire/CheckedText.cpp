@@ -1,6 +1,6 @@
-// Text between the system's code page and UTF-8.
+// Text of the system's code page as UTF-8, where it is one.
 // SPDX-License-Identifier: MIT
-#include "SystemText.h"
+#include "CheckedText.h"
 
 #include <platform/text/Charset.h>
 #include <platform/text/CodePage.h>
@@ -38,12 +38,6 @@ bool SystemToUtf8(const CString& text, std::string& utf8) {
     }
     page.ToUtf8(text.View(), utf8);
     return utf8.find(kReplacement) == std::string::npos || IsFaultless(page, text.View());
-}
-
-CString Utf8ToSystem(std::string_view utf8) {
-    CString text;
-    CodePage::System().FromUtf8(utf8, text.Bytes());
-    return text;
 }
 
 }  // namespace orvo

@@ -1,4 +1,4 @@
-// Text between the system's code page, in which records give it, and UTF-8, in which they keep it.
+// Text of the system's code page as UTF-8, where it is one.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -11,7 +11,5 @@ namespace orvo {
 
 // Gives:  false where some of the bytes stand for no character of the page.
 bool SystemToUtf8(const CString& text, std::string& utf8);
-
-CString Utf8ToSystem(std::string_view utf8);
 
 }  // namespace orvo

@@ -8,8 +8,9 @@
 
 #include <contracts/RecordStore.h>
 #include <platform/text/CodePage.h>
+#include <platform/text/SystemText.h>
 
-#include "SystemText.h"
+#include "CheckedText.h"
 
 namespace orvo {
 
@@ -194,12 +195,12 @@ int CAddressTable::GetPhoneLabelCount() const {
 
 CString CAddressTable::GetPhoneLabel(long id) const {
     const bool isThere = id >= 0 && id < GetPhoneLabelCount();
-    return isThere ? Utf8ToSystem(m_phoneLabels[static_cast<std::size_t>(id)]) : CString();
+    return isThere ? SystemText(m_phoneLabels[static_cast<std::size_t>(id)]) : CString();
 }
 
 CString CAddressTable::GetCustomLabel(int number) const {
     const bool isThere = number >= 1 && number <= kCustomFields;
-    return isThere ? Utf8ToSystem(m_customLabels[static_cast<std::size_t>(number - 1)]) : CString();
+    return isThere ? SystemText(m_customLabels[static_cast<std::size_t>(number - 1)]) : CString();
 }
 
 long CAddressTable::SetPhoneLabel(long id, const CString& label) {

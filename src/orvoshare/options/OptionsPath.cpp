@@ -3,15 +3,14 @@
 #include <filesystem>
 
 #include <orvoshare/options/OptionsPath.h>
-#include <platform/text/CodePage.h>
+#include <platform/text/SystemText.h>
 
 namespace orvo {
 
 std::string FilePathOf(const CString& path) {
     CString slashed = path;
     slashed.Replace('\\', '/');
-    std::string utf8;
-    CodePage::System().ToUtf8(slashed.View(), utf8);
+    const std::string utf8 = ToUtf8(slashed);
     // A step up out of a folder that is gone leads where it would lead if it were there.
     const std::filesystem::path file = utf8;
     std::error_code error;

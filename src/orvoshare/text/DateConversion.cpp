@@ -7,8 +7,8 @@
 
 #include <contracts/IntlTime.h>
 #include <orvoshare/text/DateConversion.h>
-#include <platform/text/CodePage.h>
 #include <platform/text/SystemLocale.h>
+#include <platform/text/SystemText.h>
 #include <platform/time/COleDateTime.h>
 #include <platform/time/CTime.h>
 
@@ -59,8 +59,7 @@ int AcceptFullYear(int& year) {
 
 bool NamesAnEra(const CString& field) {
     // In Unicode, as a page that lacks the signs would take its substitute for them.
-    std::string utf8;
-    CodePage::System().ToUtf8(field.View(), utf8);
+    const std::string utf8 = ToUtf8(field);
     return utf8.find("平") != std::string::npos || utf8.find("昭") != std::string::npos;
 }
 

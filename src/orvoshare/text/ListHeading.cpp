@@ -37,6 +37,10 @@ int ShowHeading(COrvoUIListViewCtrl& list, const CString& text) {
     return 1;
 }
 
+void HideColumns(COrvoUIListViewCtrl& list) {
+    for (const int id : list.GetShownColumns()) list.HideColumn(id);
+}
+
 void ShowColumns(COrvoUIListViewCtrl& list, std::span<const int> ids) {
     for (const int id : ids) list.ShowColumn(id, -1);
 }

@@ -16,6 +16,9 @@ ORVO_API CString HeadingOf(COrvoUIListViewCtrl& list);
 // Gives:  1; 0, and no column is shown, for a text that begins with no number above 0.
 ORVO_API int ShowHeading(COrvoUIListViewCtrl& list, const CString& text);
 
+// Hides all columns, as those that are read from a heading are shown behind what stands there.
+ORVO_API void HideColumns(COrvoUIListViewCtrl& list);
+
 // Shows columns at their own widths.
 ORVO_API void ShowColumns(COrvoUIListViewCtrl& list, std::span<const int> ids);
 

@@ -8,7 +8,7 @@
 #include <platform/desktop/LinkEntry.h>
 #include <platform/desktop/ShellLinkFile.h>
 #include <platform/desktop/Shortcut.h>
-#include <platform/text/CodePage.h>
+#include <platform/text/SystemText.h>
 
 namespace orvo {
 namespace {
@@ -18,15 +18,11 @@ namespace fs = std::filesystem;
 constexpr std::size_t kGreatestFile = 1 << 20;  // far above any shortcut
 
 fs::path FileOf(const CString& path) {
-    std::string utf8;
-    CodePage::System().ToUtf8(path.View(), utf8);
-    return utf8;
+    return ToUtf8(path);
 }
 
 CString PathOf(const fs::path& file) {
-    CString path;
-    CodePage::System().FromUtf8(file.string(), path.Bytes());
-    return path;
+    return SystemText(file.string());
 }
 
 bool EndsIn(const CString& path, const CString& extension) {

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <string>
 
-#include <platform/text/CodePage.h>
+#include <platform/text/SystemText.h>
 #include <platform/window/CFileDialog.h>
 #include <platform/window/MemoryFileDialogPeer.h>
 #include <platform/window/WindowInput.h>
@@ -17,9 +17,7 @@ constexpr UINT kSystemControls[] = {IDOK, IDCANCEL, kFileDialogTypeLabel, kFileD
 
 // The file's name on the disk is UTF-8.
 std::filesystem::path FileOf(const CString& path) {
-    std::string utf8;
-    CodePage::System().ToUtf8(path.View(), utf8);
-    return utf8;
+    return ToUtf8(path);
 }
 
 int Ask(const CString& text, UINT type) {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
-#include <platform/text/CodePage.h>
+#include <platform/text/SystemText.h>
 #include <platform/window/ResourceWords.h>
 
 namespace orvo {
@@ -46,9 +46,7 @@ std::optional<int> NumberOf(std::string_view word) {
 
 CString StringOf(const Module& module, unsigned number) {
     std::string utf8;
-    CString text;
-    if (module.FindString(number, utf8)) CodePage::System().FromUtf8(utf8, text.Bytes());
-    return text;
+    return module.FindString(number, utf8) ? SystemText(utf8) : CString();
 }
 
 }  // namespace orvo
