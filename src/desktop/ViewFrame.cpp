@@ -300,6 +300,7 @@ LRESULT ViewFrame::OnGetOptions(WPARAM, LPARAM answer) {
 LRESULT ViewFrame::OnFilesDropped(WPARAM, LPARAM paths) {
     const auto& dropped = *PointerOf<CStringArray>(paths);
     std::vector<std::string> files;
+    files.reserve(static_cast<std::size_t>(dropped.GetSize()));
     for (int i = 0; i < dropped.GetSize(); ++i) {
         files.push_back(ToUtf8(dropped.GetAt(i)));
     }
