@@ -10,6 +10,7 @@ endforeach()
 install(TARGETS orvo)
 if(ORVO_DESKTOP)
     install(TARGETS orvo-desktop)
+    install(DIRECTORY "${PROJECT_BINARY_DIR}/share/locale" DESTINATION "${CMAKE_INSTALL_DATADIR}")
     install(FILES "${PROJECT_SOURCE_DIR}/docs/orvo-desktop.1"
             DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
 endif()

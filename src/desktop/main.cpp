@@ -14,6 +14,7 @@
 #include <desktop/DesktopWindow.h>
 #include <desktop/EndSignals.h>
 #include <desktop/Problems.h>
+#include <desktop/Texts.h>
 #include <host/HostOptions.h>
 #include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/resources/StringTable.h>
@@ -111,6 +112,7 @@ int Run(const CommandLine& line, int count, char** arguments) {
     const QApplication application(count, arguments);
     QApplication::setApplicationName("orvo-desktop");
     QApplication::setApplicationDisplayName("Orvo Desktop");
+    UseLanguage(SystemLocale::Language());
     SetColours(line.colours);
     QtWindowSystem system;
     WindowSystem::SetCurrent(&system);
