@@ -87,6 +87,8 @@ public:
     // The same by category, then id, beginning with the first row of `category`; rows of later
     // categories follow.
     virtual std::unique_ptr<StoreCursor> WalkFromCategory(TableKind kind, int category) = 0;
+    // A walk by rising id over the rows that are deleted; null on failure.
+    virtual std::unique_ptr<StoreCursor> WalkDeleted(TableKind kind) = 0;
 
     // `row.fields` then points into `fields`. Deleted rows are read too.
     virtual StoreStatus Read(TableKind kind, std::int64_t id, StoredRow& row,
@@ -101,6 +103,9 @@ public:
     virtual StoreStatus Update(TableKind kind, const StoredRow& row, const RowExtra* extra) = 0;
     // Removes the row for good.
     virtual StoreStatus Remove(TableKind kind, std::int64_t id) = 0;
+    // Puts a row that was removed back, under the id that Insert gave it. Refused where the store
+    // holds a row of that id.
+    virtual StoreStatus Restore(TableKind kind, const StoredRow& row, const RowExtra& extra) = 0;
     virtual std::int64_t Count(TableKind kind) = 0;
 
     // Named texts of a table, such as category names and labels, in the order of their numbers.
@@ -113,6 +118,8 @@ public:
                                   std::vector<NumberedText>& result) = 0;
     virtual StoreStatus WriteText(TableKind kind, TextKind texts, int number,
                                   std::string_view text) = 0;
+    // Takes the text of that number away; Ok, too, where there is none.
+    virtual StoreStatus RemoveText(TableKind kind, TextKind texts, int number) = 0;
 
     // Transactions don't nest: Begin fails inside one. It waits a short while for another writer,
     // then fails with Busy. A Commit that fails has dropped the changes; Rollback and Commit

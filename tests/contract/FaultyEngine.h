@@ -20,8 +20,10 @@ public:
         Insert,
         Update,
         Remove,
+        Restore,
         ReadTexts,
         WriteText,
+        RemoveText,
         Walk
     };
 
@@ -35,6 +37,9 @@ public:
     }
     std::unique_ptr<StoreCursor> WalkFromCategory(TableKind kind, int category) override {
         return TakeFault(Op::Walk) ? nullptr : m_real.WalkFromCategory(kind, category);
+    }
+    std::unique_ptr<StoreCursor> WalkDeleted(TableKind kind) override {
+        return TakeFault(Op::Walk) ? nullptr : m_real.WalkDeleted(kind);
     }
     StoreStatus Read(TableKind kind, std::int64_t id, StoredRow& row,
                      std::string& fields) override {
@@ -52,6 +57,9 @@ public:
     StoreStatus Remove(TableKind kind, std::int64_t id) override {
         return Run(Op::Remove, [&] { return m_real.Remove(kind, id); });
     }
+    StoreStatus Restore(TableKind kind, const StoredRow& row, const RowExtra& extra) override {
+        return Run(Op::Restore, [&] { return m_real.Restore(kind, row, extra); });
+    }
     std::int64_t Count(TableKind kind) override { return m_real.Count(kind); }
     StoreStatus ReadTexts(TableKind kind, TextKind texts,
                           std::vector<NumberedText>& result) override {
@@ -60,6 +68,9 @@ public:
     StoreStatus WriteText(TableKind kind, TextKind texts, int number,
                           std::string_view text) override {
         return Run(Op::WriteText, [&] { return m_real.WriteText(kind, texts, number, text); });
+    }
+    StoreStatus RemoveText(TableKind kind, TextKind texts, int number) override {
+        return Run(Op::RemoveText, [&] { return m_real.RemoveText(kind, texts, number); });
     }
     StoreStatus Begin() override {
         return Run(Op::Begin, [&] { return m_real.Begin(); });

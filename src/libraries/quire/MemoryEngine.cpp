@@ -14,11 +14,15 @@ namespace orvo {
 // Goes by the key of the row that it gave last, so that it doesn't mind what happens to that row.
 class MemoryEngine::Cursor : public StoreCursor {
 public:
-    Cursor(Table& table, bool byCategory, std::pair<int, std::int64_t> after)
-        : m_table(table), m_byCategory(byCategory), m_after(after) {}
+    enum class Rows { ById, ByCategory, Deleted };
+
+    Cursor(Table& table, Rows rows, std::pair<int, std::int64_t> after)
+        : m_table(table), m_rows(rows), m_after(after) {}
 
     StoreStatus Next(StoredRow& row) override {
-        const Row* found = m_atEnd ? nullptr : m_byCategory ? NextInCategories() : NextById();
+        const Row* found = m_atEnd                      ? nullptr
+                           : m_rows == Rows::ByCategory ? NextInCategories()
+                                                        : NextById();
         if (found == nullptr) {
             m_atEnd = true;
             return StoreStatus::End;
@@ -38,14 +42,16 @@ private:
 
     const Row* NextById() const {
         auto next = m_table.rows.upper_bound(m_after.second);
-        while (next != m_table.rows.end() && (next->second.row.flags & RowFlag::Deleted) != 0) {
+        const std::uint32_t wanted = m_rows == Rows::Deleted ? RowFlag::Deleted : 0;
+        while (next != m_table.rows.end() &&
+               (next->second.row.flags & RowFlag::Deleted) != wanted) {
             ++next;
         }
         return next == m_table.rows.end() ? nullptr : &next->second;
     }
 
     Table& m_table;
-    bool m_byCategory;
+    Rows m_rows;
     std::pair<int, std::int64_t> m_after;
     std::string m_fields;
     bool m_atEnd = false;
@@ -58,11 +64,18 @@ MemoryEngine::MemoryEngine() {
 }
 
 std::unique_ptr<StoreCursor> MemoryEngine::Walk(TableKind kind) {
-    return std::make_unique<Cursor>(TableOf(kind), false, std::pair(0, std::int64_t{0}));
+    return std::make_unique<Cursor>(TableOf(kind), Cursor::Rows::ById,
+                                    std::pair(0, std::int64_t{0}));
+}
+
+std::unique_ptr<StoreCursor> MemoryEngine::WalkDeleted(TableKind kind) {
+    return std::make_unique<Cursor>(TableOf(kind), Cursor::Rows::Deleted,
+                                    std::pair(0, std::int64_t{0}));
 }
 
 std::unique_ptr<StoreCursor> MemoryEngine::WalkFromCategory(TableKind kind, int category) {
-    return std::make_unique<Cursor>(TableOf(kind), true, std::pair(category, std::int64_t{0}));
+    return std::make_unique<Cursor>(TableOf(kind), Cursor::Rows::ByCategory,
+                                    std::pair(category, std::int64_t{0}));
 }
 
 StoreStatus MemoryEngine::Read(TableKind kind, std::int64_t id, StoredRow& row,
@@ -119,6 +132,18 @@ StoreStatus MemoryEngine::Remove(TableKind kind, std::int64_t id) {
     return StoreStatus::Ok;
 }
 
+StoreStatus MemoryEngine::Restore(TableKind kind, const StoredRow& row, const RowExtra& extra) {
+    Table& table = TableOf(kind);
+    if (table.rows.count(row.id) != 0) {
+        return Fail(StoreStatus::Refused, fmt::format("there is a record {} already", row.id));
+    }
+    if (!HasStorableDates(row)) {
+        return Fail(StoreStatus::Refused, kNoStorableDate);
+    }
+    Put(kind, row.id, Row{row, std::string(row.fields), extra});
+    return StoreStatus::Ok;
+}
+
 std::int64_t MemoryEngine::Count(TableKind kind) {
     return static_cast<std::int64_t>(TableOf(kind).byCategory.size());
 }
@@ -137,6 +162,11 @@ StoreStatus MemoryEngine::ReadTexts(TableKind kind, TextKind texts,
 StoreStatus MemoryEngine::WriteText(TableKind kind, TextKind texts, int number,
                                     std::string_view text) {
     PutText({{kind, texts}, number}, std::string(text));
+    return StoreStatus::Ok;
+}
+
+StoreStatus MemoryEngine::RemoveText(TableKind kind, TextKind texts, int number) {
+    PutText({{kind, texts}, number}, std::nullopt);
     return StoreStatus::Ok;
 }
 

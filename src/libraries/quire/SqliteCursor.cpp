@@ -13,8 +13,13 @@ namespace orvo {
 // of writers nor minds what happens to the rows that it has given.
 class SqliteEngine::Cursor : public StoreCursor {
 public:
-    Cursor(SqliteEngine& engine, TableKind kind, std::optional<int> category)
-        : m_engine(engine), m_kind(kind), m_category(category), m_changes(engine.m_changes) {}
+    // The statement takes the category, where there is one, an id and a limit.
+    Cursor(SqliteEngine& engine, TableKind kind, SqliteStatement& walk, std::optional<int> category)
+        : m_engine(engine),
+          m_kind(kind),
+          m_walk(walk),
+          m_category(category),
+          m_changes(engine.m_changes) {}
 
     StoreStatus Next(StoredRow& row) override {
         if (m_atEnd) {
@@ -64,22 +69,20 @@ private:
     }
 
     StoreStatus ReadAhead() {
-        SqliteTableStatements& statements = m_engine.m_statements->Of(m_kind);
-        SqliteStatement& statement = m_category ? statements.walkCategory : statements.walk;
-        const SqliteRun run(statement);
+        const SqliteRun run(m_walk);
         int parameter = 0;
         if (m_category) {
-            statement.Bind(++parameter, *m_category);
+            m_walk.Bind(++parameter, *m_category);
         }
-        statement.Bind(++parameter, m_after);
-        statement.Bind(++parameter, m_limit);
+        m_walk.Bind(++parameter, m_after);
+        m_walk.Bind(++parameter, m_limit);
         m_rows.clear();
         m_bytes.clear();
         m_next = 0;
         int result = SQLITE_ROW;
-        while (m_bytes.size() < kMostBytes && (result = statement.Step()) == SQLITE_ROW) {
+        while (m_bytes.size() < kMostBytes && (result = m_walk.Step()) == SQLITE_ROW) {
             Ahead& ahead = m_rows.emplace_back();
-            ahead.isGood = ReadSqliteRow(statement, m_kind, ahead.row);
+            ahead.isGood = ReadSqliteRow(m_walk, m_kind, ahead.row);
             ahead.offset = m_bytes.size();
             ahead.size = ahead.row.fields.size();
             m_bytes.append(ahead.row.fields);
@@ -105,7 +108,8 @@ private:
 
     SqliteEngine& m_engine;
     TableKind m_kind;
-    std::optional<int> m_category;  // nothing for a walk over all
+    SqliteStatement& m_walk;
+    std::optional<int> m_category;  // nothing for a walk by id
     std::uint64_t m_changes;        // the engine's, when the rows were read
     std::int64_t m_after = 0;
     std::int64_t m_limit = 4;
@@ -116,11 +120,15 @@ private:
 };
 
 std::unique_ptr<StoreCursor> SqliteEngine::Walk(TableKind kind) {
-    return std::make_unique<Cursor>(*this, kind, std::nullopt);
+    return std::make_unique<Cursor>(*this, kind, m_statements->Of(kind).walk, std::nullopt);
+}
+
+std::unique_ptr<StoreCursor> SqliteEngine::WalkDeleted(TableKind kind) {
+    return std::make_unique<Cursor>(*this, kind, m_statements->Of(kind).walkDeleted, std::nullopt);
 }
 
 std::unique_ptr<StoreCursor> SqliteEngine::WalkFromCategory(TableKind kind, int category) {
-    return std::make_unique<Cursor>(*this, kind, category);
+    return std::make_unique<Cursor>(*this, kind, m_statements->Of(kind).walkCategory, category);
 }
 
 }  // namespace orvo

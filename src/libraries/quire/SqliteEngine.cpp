@@ -175,6 +175,25 @@ StoreStatus SqliteEngine::Remove(TableKind kind, std::int64_t id) {
     return status == StoreStatus::Ok && ChangedNothing() ? Gone(kind, id) : status;
 }
 
+StoreStatus SqliteEngine::Restore(TableKind kind, const StoredRow& row, const RowExtra& extra) {
+    if (const StoreStatus status = CheckChange(row); status != StoreStatus::Ok) {
+        return status;
+    }
+    Unit unit(*this, true);
+    StoreStatus status = unit.Status();
+    if (status == StoreStatus::Ok) {
+        status = CheckFree(kind, row.id);
+    }
+    std::int64_t id = row.id;
+    if (status == StoreStatus::Ok) {
+        status = InsertRow(kind, row, id);
+    }
+    if (status == StoreStatus::Ok && extra != RowExtra()) {
+        status = WriteExtra(kind, id, extra);
+    }
+    return status == StoreStatus::Ok ? unit.Keep() : status;
+}
+
 std::int64_t SqliteEngine::Count(TableKind kind) {
     SqliteStatement& statement = m_statements->Of(kind).count;
     const SqliteRun run(statement);
@@ -207,6 +226,18 @@ StoreStatus SqliteEngine::WriteText(TableKind kind, TextKind texts, int number,
     statement.Bind(2, static_cast<std::int64_t>(texts));
     statement.Bind(3, number);
     statement.BindText(4, text);
+    return Result(statement.Step());
+}
+
+StoreStatus SqliteEngine::RemoveText(TableKind kind, TextKind texts, int number) {
+    if (const StoreStatus status = CheckTransaction(); status != StoreStatus::Ok) {
+        return status;
+    }
+    SqliteStatement& statement = m_statements->removeText;
+    const SqliteRun run(statement);
+    statement.Bind(1, static_cast<std::int64_t>(kind));
+    statement.Bind(2, static_cast<std::int64_t>(texts));
+    statement.Bind(3, number);
     return Result(statement.Step());
 }
 
@@ -301,6 +332,17 @@ StoreStatus SqliteEngine::CheckChange(const StoredRow& row) {
         return Fail(StoreStatus::Refused, fmt::format("{}: {}", m_path, kNoStorableDate));
     }
     return CheckTransaction();
+}
+
+StoreStatus SqliteEngine::CheckFree(TableKind kind, std::int64_t id) {
+    SqliteStatement& statement = m_statements->Of(kind).read;
+    const SqliteRun run(statement);
+    statement.Bind(1, id);
+    const int result = statement.Step();
+    return result == SQLITE_ROW
+               ? Fail(StoreStatus::Refused,
+                      fmt::format("{}: there is {} {} already", m_path, NameOf(kind), id))
+               : Result(result);
 }
 
 // SQLite gives an id again where the insertion was rolled back, but a record may still hold it.

@@ -28,16 +28,19 @@ public:
 
     std::unique_ptr<StoreCursor> Walk(TableKind kind) override;
     std::unique_ptr<StoreCursor> WalkFromCategory(TableKind kind, int category) override;
+    std::unique_ptr<StoreCursor> WalkDeleted(TableKind kind) override;
     StoreStatus Read(TableKind kind, std::int64_t id, StoredRow& row, std::string& fields) override;
     StoreStatus ReadExtra(TableKind kind, std::int64_t id, RowExtra& extra) override;
     StoreStatus Insert(TableKind kind, StoredRow& row, const RowExtra& extra) override;
     StoreStatus Update(TableKind kind, const StoredRow& row, const RowExtra* extra) override;
     StoreStatus Remove(TableKind kind, std::int64_t id) override;
+    StoreStatus Restore(TableKind kind, const StoredRow& row, const RowExtra& extra) override;
     std::int64_t Count(TableKind kind) override;
     StoreStatus ReadTexts(TableKind kind, TextKind texts,
                           std::vector<NumberedText>& result) override;
     StoreStatus WriteText(TableKind kind, TextKind texts, int number,
                           std::string_view text) override;
+    StoreStatus RemoveText(TableKind kind, TextKind texts, int number) override;
     StoreStatus Begin() override;
     StoreStatus Commit() override;
     void Rollback() override;
@@ -64,6 +67,7 @@ private:
     StoreStatus Gone(TableKind kind, std::int64_t id);
     StoreStatus CheckTransaction();
     StoreStatus CheckChange(const StoredRow& row);
+    StoreStatus CheckFree(TableKind kind, std::int64_t id);
     StoreStatus NewId(TableKind kind, std::int64_t& id);
     StoreStatus InsertRow(TableKind kind, const StoredRow& row, std::int64_t& id);
     StoreStatus UpdateRow(TableKind kind, const StoredRow& row);

@@ -51,6 +51,8 @@ int PrepareTable(SqliteFile& file, const TableSql& sql, SqliteTableStatements& t
         {
             {&table.walk, make("SELECT {columns} FROM {t} WHERE id > ?1 AND (flags & 4) = 0 "
                                "ORDER BY id LIMIT ?2")},
+            {&table.walkDeleted, make("SELECT {columns} FROM {t} WHERE id > ?1 AND "
+                                      "(flags & 4) <> 0 ORDER BY id LIMIT ?2")},
             {&table.walkCategory, make("SELECT {columns} FROM {t} WHERE category = ?1 AND id > ?2 "
                                        "AND (flags & 4) = 0 ORDER BY id LIMIT ?3")},
             {&table.nextCategory, make("SELECT category FROM {t} WHERE category > ?1 "
@@ -86,6 +88,8 @@ int SqliteStatements::Prepare(SqliteFile& file) {
                   {&writeText,
                    "INSERT INTO text (table_kind, text_kind, number, value) "
                    "VALUES (?1, ?2, ?3, ?4) ON CONFLICT DO UPDATE SET value = ?4"},
+                  {&removeText,
+                   "DELETE FROM text WHERE table_kind = ?1 AND text_kind = ?2 AND number = ?3"},
                   {&begin, "BEGIN IMMEDIATE"},
                   {&commit, "COMMIT"},
                   {&rollback, "ROLLBACK"},

@@ -14,6 +14,7 @@ namespace orvo {
 // id, placement, category, flags, fields, and for to-dos priority, due, completed.
 struct SqliteTableStatements {
     SqliteStatement walk;          // after an id, at most so many rows
+    SqliteStatement walkDeleted;   // the same over deleted rows
     SqliteStatement walkCategory;  // of a category, after an id, at most so many rows
     SqliteStatement nextCategory;  // the lowest above one
     SqliteStatement read;
@@ -31,6 +32,7 @@ struct SqliteStatements {
     std::array<SqliteTableStatements, 2> tables;
     SqliteStatement readTexts;
     SqliteStatement writeText;
+    SqliteStatement removeText;
     SqliteStatement begin;
     SqliteStatement commit;
     SqliteStatement rollback;

@@ -12,15 +12,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The XDG rules: a relative or empty XDG_DATA_HOME doesn't count. Empty where there is no home.
-fs::path OwnPath() {
-    const char* data = std::getenv("XDG_DATA_HOME");
-    if (data != nullptr && fs::path(data).is_absolute()) return fs::path(data) / "orvo" / "orvo.db";
-    const char* home = std::getenv("HOME");
-    if (home == nullptr || *home == '\0') return {};
-    return fs::path(home) / ".local" / "share" / "orvo" / "orvo.db";
-}
-
 bool MakeFolder(const fs::path& folder, std::string& error) {
     std::error_code failure;
     fs::create_directories(folder, failure);
@@ -35,9 +26,19 @@ bool MakeFolder(const fs::path& folder, std::string& error) {
 
 }  // namespace
 
+// The XDG rules: a relative or empty XDG_DATA_HOME doesn't count.
+std::string UserStorePath() {
+    const fs::path file = fs::path("orvo") / "orvo.db";
+    const char* data = std::getenv("XDG_DATA_HOME");
+    if (data != nullptr && fs::path(data).is_absolute()) return fs::path(data) / file;
+    const char* home = std::getenv("HOME");
+    if (home == nullptr || *home == '\0') return {};
+    return fs::path(home) / ".local" / "share" / file;
+}
+
 std::unique_ptr<SqliteEngine> OpenUserStore(const std::string& path, std::string& error) {
     if (!path.empty()) return SqliteEngine::Open(path, error);
-    const fs::path own = OwnPath();
+    const fs::path own = UserStorePath();
     if (own.empty()) {
         error = "HOME is not set: name the store with --store FILE";
         return nullptr;

@@ -10,8 +10,12 @@
 
 namespace orvo {
 
-// Opens or creates the store file at `path`; an empty path stands for orvo/orvo.db in the user's
-// data folder ($XDG_DATA_HOME, else ~/.local/share), whose folder is then made, for the user alone.
+// The file orvo/orvo.db in the user's data folder ($XDG_DATA_HOME, else ~/.local/share), whether it
+// is there or not; empty where there is no home.
+ORVO_API std::string UserStorePath();
+
+// Opens or creates the store file at `path`; an empty path stands for UserStorePath(), whose folder
+// is then made, for the user alone.
 // Gives:  the engine; null on failure, with the reason in one line in `error`.
 ORVO_API std::unique_ptr<SqliteEngine> OpenUserStore(const std::string& path, std::string& error);
 
