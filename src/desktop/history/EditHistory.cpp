@@ -1,0 +1,132 @@
+// Undo and redo of everything that the program changes in its store.
+// SPDX-License-Identifier: MIT
+#include <deque>
+#include <utility>
+
+#include <desktop/Texts.h>
+#include <desktop/history/EditHistory.h>
+
+#include "RecordingEngine.h"
+#include "StepNames.h"
+#include "TakeBack.h"
+
+namespace orvo::desktop {
+namespace {
+
+constexpr std::size_t kMostSteps = 200;
+
+struct NamedStep {
+    std::string name;
+    StepChanges changes;
+};
+using Steps = std::deque<NamedStep>;
+
+std::string LastName(const Steps& steps) {
+    return steps.empty() ? std::string() : steps.back().name;
+}
+
+}  // namespace
+
+struct EditHistory::State {
+    explicit State(StoreEngine& real)
+        : engine(real, [this](StepChanges changes) { Take(std::move(changes)); }) {}
+
+    void Take(StepChanges changes) {
+        open.Append(std::move(changes));
+        if (depth == 0) Close();
+    }
+
+    void Close() {
+        StepChanges changes = std::exchange(open, {});
+        std::string ownName = std::exchange(name, {});
+        changes.Finish();
+        if (changes.IsEmpty()) return;
+        if (ownName.empty()) ownName = NameOfStep(changes);
+        undo.push_back({std::move(ownName), std::move(changes)});
+        if (undo.size() > kMostSteps) undo.pop_front();
+        redo.clear();
+        Tell();
+    }
+
+    std::string Move(Steps& from, Steps& to);
+
+    void Tell() {
+        if (const std::function<void()> told = listener) told();
+    }
+
+    RecordingEngine engine;
+    Steps undo;
+    Steps redo;
+    StepChanges open;  // of the Step that lives
+    std::string name;
+    int depth = 0;
+    std::function<void()> listener;
+};
+
+// Takes the last step of `from` back and puts its inverse to `to`.
+std::string EditHistory::State::Move(Steps& from, Steps& to) {
+    if (from.empty()) return {};
+    if (depth > 0 || engine.InTransaction()) {
+        return Text("Another change isn't finished yet. Nothing was changed.").toStdString();
+    }
+    StoreEngine& real = engine.Real();
+    StoreTransaction transaction(real);
+    if (transaction.Status() != StoreStatus::Ok) return real.LastError();
+    NamedStep inverse{from.back().name, {}};
+    std::string reason;
+    if (!TakeBack(real, from.back().changes, inverse.changes, reason)) return reason;
+    if (transaction.Commit() != StoreStatus::Ok) return real.LastError();
+    inverse.changes.Finish();
+    from.pop_back();
+    to.push_back(std::move(inverse));
+    Tell();
+    return {};
+}
+
+EditHistory::EditHistory(StoreEngine& engine) : m_state(std::make_unique<State>(engine)) {}
+
+EditHistory::~EditHistory() = default;
+
+StoreEngine& EditHistory::Engine() {
+    return m_state->engine;
+}
+
+EditHistory::Step::Step(EditHistory& history, std::string name) : m_history(history) {
+    State& state = *m_history.m_state;
+    if (state.depth++ == 0) state.name = std::move(name);
+}
+
+EditHistory::Step::~Step() {
+    State& state = *m_history.m_state;
+    if (--state.depth == 0 && !state.engine.InTransaction()) state.Close();
+}
+
+bool EditHistory::CanUndo() const {
+    return !m_state->undo.empty();
+}
+
+bool EditHistory::CanRedo() const {
+    return !m_state->redo.empty();
+}
+
+std::string EditHistory::UndoName() const {
+    return LastName(m_state->undo);
+}
+
+std::string EditHistory::RedoName() const {
+    return LastName(m_state->redo);
+}
+
+std::string EditHistory::Undo() {
+    return m_state->Move(m_state->undo, m_state->redo);
+}
+
+std::string EditHistory::Redo() {
+    return m_state->Move(m_state->redo, m_state->undo);
+}
+
+void EditHistory::SetListener(std::function<void()> listener) {
+    m_state->listener = std::move(listener);
+}
+
+}  // namespace orvo::desktop
