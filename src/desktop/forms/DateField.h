@@ -1,0 +1,42 @@
+// A date, or none, in a form.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QCheckBox>
+#include <QDateEdit>
+#include <QTimeEdit>
+#include <QWidget>
+#include <optional>
+
+#include <desktop/forms/StillWheel.h>
+#include <platform/time/TimeZone.h>
+
+namespace orvo::desktop {
+
+// A check box with `text`, and the day, which counts while it is checked. Where a date with a time
+// of day is given, that is shown, too, unless `isDayOnly`; it stays when only the day is changed.
+class DateField : public QWidget {
+public:
+    // `date` in seconds as records have it, maxDate() for none. `preset` is what the user sees
+    // first where there is none and he checks the box.
+    DateField(const QString& text, long date, const CivilTime& preset, bool isDayOnly);
+
+    bool IsChanged() const { return Value() != m_given; }
+    std::optional<CivilTime> Value() const;
+    // Value() in seconds as records have it; the first or last date that they accept where it lies
+    // outside.
+    long Date() const;
+
+    void SetHasDate(bool hasDate) { m_box.setChecked(hasDate); }
+    bool HasDate() const { return m_box.isChecked(); }
+
+private:
+    std::optional<CivilTime> m_given;
+    CivilTime m_start;
+    QCheckBox m_box;
+    StillWheel<QDateEdit> m_day;
+    StillWheel<QTimeEdit> m_time;
+    bool m_hasTime;
+};
+
+}  // namespace orvo::desktop

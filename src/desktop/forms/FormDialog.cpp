@@ -1,0 +1,151 @@
+// What all forms do: scroll, save, and ask before something typed would be lost.
+// SPDX-License-Identifier: MIT
+#include <QDialogButtonBox>
+#include <QKeyEvent>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QStyle>
+
+#include <desktop/Texts.h>
+#include <desktop/forms/FormDialog.h>
+
+namespace orvo::desktop {
+namespace {
+
+QString Advice(StoreStatus status) {
+    if (status == StoreStatus::Busy) {
+        return Text(
+            "Another program is writing to the store. Nothing was saved; what you have typed is "
+            "still here. Save it again in a moment.");
+    }
+    return Text(
+        "Nothing was saved; what you have typed is still here. Remove the cause, then save it "
+        "again.");
+}
+
+QString WithReason(const QString& text, const std::string& reason) {
+    return reason.empty() ? text : text + "\n\n" + FromUtf8(reason);
+}
+
+void Tell(QWidget* parent, const QString& title, const QString& text) {
+    QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Ok, parent);
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+}
+
+}  // namespace
+
+FormDialog::FormDialog(QWidget* parent, const QString& title, FormSaver& saver)
+    : QDialog(parent), m_saver(saver), m_page(new QWidget), m_column(new QVBoxLayout(m_page)) {
+    setWindowTitle(title);
+    auto* scroll = new QScrollArea;
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidgetResizable(true);
+    scroll->setFocusPolicy(Qt::NoFocus);
+    scroll->setWidget(m_page);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(scroll);
+    constexpr int kEdge = 4;  // between the fields and the bar that scrolls them
+    m_column->setContentsMargins(kEdge, 0, kEdge, 0);
+}
+
+bool FormDialog::Run() {
+    AddButtons();
+    FitScreen();
+    return exec() == QDialog::Accepted;
+}
+
+// After the fields, as the Tab key goes by the order in which they were made.
+void FormDialog::AddButtons() {
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Save | QDialogButtonBox::Cancel);
+    QPushButton* save = buttons->button(QDialogButtonBox::Save);
+    save->setText(Text("&Save"));
+    save->setDefault(true);
+    buttons->button(QDialogButtonBox::Cancel)->setText(Text("Cancel"));
+    connect(buttons, &QDialogButtonBox::accepted, this, [this] { Save(); });
+    connect(buttons, &QDialogButtonBox::rejected, this, [this] { reject(); });
+    layout()->addWidget(buttons);
+}
+
+// As large as its fields ask for, where the screen has room; else it scrolls.
+void FormDialog::FitScreen() {
+    const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    const QMargins margins = layout()->contentsMargins();
+    const QSize page = m_page->sizeHint();
+    const QSize buttons = findChild<QDialogButtonBox*>()->sizeHint();
+    const QSize wanted(
+        page.width() + scrollBar + margins.left() + margins.right(),
+        page.height() + buttons.height() + layout()->spacing() + margins.top() + margins.bottom());
+    constexpr int kPercentOfScreen = 92;  // leaves room for the frame
+    const QSize room = screen()->availableSize() * kPercentOfScreen / 100;
+    resize(wanted.boundedTo(room));
+}
+
+void FormDialog::Save() {
+    SaveResult result = m_saver.Save();
+    if (result.status == StoreStatus::Gone) {
+        if (!AskToSaveAsNew()) return;
+        result = m_saver.SaveAsNew();
+    }
+    if (result.status == StoreStatus::Ok) {
+        accept();
+    } else {
+        TellFailure(result);
+    }
+}
+
+// Return alone makes a new line in some fields.
+void FormDialog::keyPressEvent(QKeyEvent* event) {
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isReturn && event->modifiers().testFlag(Qt::ControlModifier)) {
+        Save();
+    } else {
+        QDialog::keyPressEvent(event);
+    }
+}
+
+void FormDialog::reject() {
+    if (!m_saver.IsChanged()) {
+        QDialog::reject();
+        return;
+    }
+    QMessageBox box(QMessageBox::Question, windowTitle(), Text("Save what you have changed?"),
+                    QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
+    box.button(QMessageBox::Save)->setText(Text("&Save"));
+    box.button(QMessageBox::Discard)->setText(Text("&Discard"));
+    box.button(QMessageBox::Cancel)->setText(Text("Cancel"));
+    box.setDefaultButton(QMessageBox::Save);
+    switch (box.exec()) {
+        case QMessageBox::Save:
+            Save();
+            break;
+        case QMessageBox::Discard:
+            QDialog::reject();
+            break;
+        default:
+            break;
+    }
+}
+
+bool FormDialog::AskToSaveAsNew() {
+    QMessageBox box(QMessageBox::Question, windowTitle(),
+                    Text("This entry was deleted while you edited it. Save it as a new one?"),
+                    QMessageBox::Save | QMessageBox::Cancel, this);
+    box.button(QMessageBox::Save)->setText(Text("&Save as new"));
+    box.button(QMessageBox::Cancel)->setText(Text("Cancel"));
+    box.setDefaultButton(QMessageBox::Save);
+    return box.exec() == QMessageBox::Save;
+}
+
+void FormDialog::TellFailure(const SaveResult& result) {
+    Tell(this, windowTitle(), WithReason(Advice(result.status), result.reason));
+}
+
+void TellUnreadable(QWidget* parent, const QString& title, const SaveResult& result) {
+    Tell(parent, title, WithReason(Text("This entry can't be read."), result.reason));
+}
+
+}  // namespace orvo::desktop

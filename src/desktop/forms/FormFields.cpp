@@ -1,0 +1,101 @@
+// The fields of forms.
+// SPDX-License-Identifier: MIT
+#include <cmath>
+#include <limits>
+
+#include <desktop/Texts.h>
+#include <desktop/forms/FormFields.h>
+#include <orvoshare/text/CategoryText.h>
+#include <platform/qt/QtConvert.h>
+
+namespace orvo::desktop {
+
+LineField::LineField(std::string_view utf8) : m_given(utf8) {
+    setMaxLength(std::numeric_limits<int>::max());
+    setText(FromUtf8(utf8));
+    setCursorPosition(0);
+    m_shown = text();
+}
+
+std::string LineField::Utf8() const {
+    return IsChanged() ? text().toStdString() : m_given;
+}
+
+TextField::TextField(std::string_view utf8, int lines) : m_given(utf8), m_lines(lines) {
+    setTabChangesFocus(true);
+    setPlainText(FromUtf8(utf8));
+    m_shown = Shown();
+}
+
+// toPlainText would turn hard blanks into others.
+QString TextField::Shown() const {
+    QString text = document()->toRawText();
+    text.replace(QChar::ParagraphSeparator, '\n');
+    text.replace(QChar::LineSeparator, '\n');
+    return text;
+}
+
+std::string TextField::Utf8() const {
+    QString text = Shown();
+    if (text == m_shown) return m_given;
+    if (m_given.find("\r\n") != std::string::npos) text.replace('\n', QLatin1String("\r\n"));
+    return text.toStdString();
+}
+
+QSize TextField::sizeHint() const {
+    const int frame =
+        2 * (frameWidth() + static_cast<int>(std::ceil(document()->documentMargin())));
+    constexpr int kColumns = 42;
+    return {fontMetrics().averageCharWidth() * kColumns,
+            fontMetrics().lineSpacing() * m_lines + frame};
+}
+
+QSize TextField::minimumSizeHint() const {
+    return {fontMetrics().averageCharWidth(), sizeHint().height()};
+}
+
+ChoiceField::ChoiceField() {
+    setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    constexpr int kCharacters = 14;
+    setMinimumContentsLength(kCharacters);
+}
+
+void ChoiceField::Give(int number, const QString& textIfMissing) {
+    if (findData(number) < 0) addItem(textIfMissing, number);
+    setCurrentIndex(findData(number));
+    m_given = number;
+}
+
+ChoiceField* MakeCategoryField(CBaseTable& table, const CBaseRecord& record) {
+    auto* field = new ChoiceField;
+    CCategoryMgr* categories = table.GetCategoryManager();
+    CCategory* category = nullptr;
+    for (categories->FindFirst(category); category; categories->FindNext(category)) {
+        field->addItem(ToQt(CategoryText(*category).View()), category->GetIndex());
+    }
+    int present = kNoCategory;
+    record.GetCategoryId(present);
+    field->Give(present, ToQt(CategoryText(table, record).View()));
+    field->setObjectName("category");
+    return field;
+}
+
+QLabel* MakeLabel(const QString& text, QWidget& field) {
+    auto* label = new QLabel(text);
+    label->setTextFormat(Qt::PlainText);
+    label->setBuddy(&field);
+    return label;
+}
+
+QFont MakeBold(QFont font) {
+    font.setBold(true);
+    return font;
+}
+
+QLabel* MakeHeading(const QString& text) {
+    auto* label = new QLabel(text);
+    label->setFont(MakeBold(label->font()));
+    return label;
+}
+
+}  // namespace orvo::desktop

@@ -1,0 +1,14 @@
+// The form of a to-do.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QWidget>
+
+#include <contracts/RecordStore.h>
+
+namespace orvo::desktop {
+
+// As EditAddress, for a to-do.
+bool EditToDo(QWidget* parent, CToDoTable& table, CToDoRecord& record);
+
+}  // namespace orvo::desktop

@@ -1,0 +1,142 @@
+// The form of a to-do.
+// SPDX-License-Identifier: MIT
+#include <QCheckBox>
+#include <QDateEdit>
+#include <QTimeEdit>
+
+#include <desktop/forms/FormFixture.h>
+#include <desktop/forms/ToDoForm.h>
+#include <platform/time/CTime.h>
+#include <platform/time/ZonedTest.h>
+
+namespace orvo::desktop {
+namespace {
+
+// It is 2026-05-03 12:00 in Tokyo.
+class ToDoFormTest : public ZonedTest, protected FormStore {
+protected:
+    ToDoFormTest() {
+        SetSystemTimeZone("Asia/Tokyo");
+        CTime::SetClock(At(2026, 5, 3, 12));
+    }
+    ~ToDoFormTest() override { CTime::SetClock(-1); }
+
+    static long At(int year, int month, int day, int hour = 0, int minute = 0, int second = 0) {
+        return CTime(year, month, day, hour, minute, second).GetTime();
+    }
+    bool Edit(std::deque<Hands::Step> steps) {
+        const Hands hands(std::move(steps));
+        return EditToDo(nullptr, own.toDos, record);
+    }
+    long StoredDue() {
+        CToDoRecord present(other.toDos);
+        EXPECT_EQ(other.toDos.Find(record.GetId(), present), 0);
+        long due = -1;
+        present.GetDueDate(due);
+        return due;
+    }
+
+    CToDoRecord record{own.toDos};
+};
+
+QDateEdit& DayOf(QDialog& form, const char* name) {
+    return *Field<QWidget>(form, name).findChild<QDateEdit*>();
+}
+void Check(QDialog& form, const char* name) {
+    auto* box = Field<QWidget>(form, name).findChild<QCheckBox*>();
+    box->setFocus();
+    QTest::keyClick(box, Qt::Key_Space);
+}
+
+TEST_F(ToDoFormTest, ANewToDoHoldsWhatWasTyped) {
+    ASSERT_TRUE(Edit({[](QDialog& form) {
+        Type(form, "description", "買う\nmilk");
+        Type(form, "note", "عربي");
+        QTest::keyClick(&Field<QWidget>(form, "priority"), Qt::Key_End);
+        Check(form, "due");
+        Press(form, "Private");
+        Save(form);
+    }}));
+
+    int priority = 0;
+    std::string note;
+    record.GetPriority(priority);
+    record.GetNoteUtf8(note);
+    EXPECT_EQ(record.DescriptionUtf8(), "買う\nmilk");
+    EXPECT_EQ(note, "عربي");
+    EXPECT_EQ(priority, 5);
+    EXPECT_EQ(StoredDue(), At(2026, 5, 3));
+    EXPECT_TRUE(record.IsPrivate());
+    EXPECT_FALSE(record.IsCompleted());
+}
+
+TEST_F(ToDoFormTest, DueDatesComeBackAsTheyWere) {
+    struct Row {
+        const char* why;
+        long before;
+        Hands::Step step;
+        long want;
+    };
+    const auto day = [](int year, int month, int number) {
+        return [=](QDialog& form) { DayOf(form, "due").setDate(QDate(year, month, number)); };
+    };
+    const Row rows[] = {
+        {"no date stays none", maxDate(), [](QDialog&) {}, maxDate()},
+        {"unchecked there is none", At(2026, 1, 2), [](QDialog& form) { Check(form, "due"); },
+         maxDate()},
+        {"the day alone is changed", At(2026, 1, 2, 17, 30, 45), day(2027, 3, 4),
+         At(2027, 3, 4, 17, 30, 45)},
+        {"the time alone is changed", At(2026, 1, 2, 17, 30),
+         [](QDialog& form) {
+             Field<QWidget>(form, "due").findChild<QTimeEdit*>("time")->setTime(QTime(9, 5));
+         },
+         At(2026, 1, 2, 9, 5)},
+        {"no day is before the first", At(1971, 1, 1), day(1969, 1, 1), 0},
+        {"nor behind the last", At(2026, 1, 2), day(2100, 1, 1), At(2038, 1, 19)},
+        {"the last moment is a date", maxDate() - 1, [](QDialog&) {}, maxDate() - 1},
+    };
+    for (const Row& row : rows) {
+        CToDoRecord fresh(own.toDos);
+        fresh.SetDueDate(row.before);
+        own.toDos.Add(fresh);
+        own.toDos.Find(fresh.GetId(), record);
+
+        ASSERT_TRUE(Edit({[&](QDialog& form) {
+            row.step(form);
+            Save(form);
+        }})) << row.why;
+
+        EXPECT_EQ(StoredDue(), row.want) << row.why;
+    }
+}
+
+TEST_F(ToDoFormTest, CompletingTakesTodayAndUndoingDropsIt) {
+    own.toDos.Add(record);
+    long completed = 0;
+
+    ASSERT_TRUE(Edit({[](QDialog& form) {
+        Press(form, "Completed");
+        Save(form);
+    }}));
+    record.GetCompletionDate(completed);
+    EXPECT_TRUE(record.IsCompleted());
+    EXPECT_EQ(completed, At(2026, 5, 3, 12));
+
+    ASSERT_TRUE(Edit({[](QDialog& form) {
+        DayOf(form, "completedOn").setDate(QDate(2026, 5, 1));
+        Save(form);
+    }}));
+    record.GetCompletionDate(completed);
+    EXPECT_EQ(completed, At(2026, 5, 1, 12));
+
+    ASSERT_TRUE(Edit({[](QDialog& form) {
+        Press(form, "Completed");
+        Save(form);
+    }}));
+    record.GetCompletionDate(completed);
+    EXPECT_FALSE(record.IsCompleted());
+    EXPECT_EQ(completed, maxDate());
+}
+
+}  // namespace
+}  // namespace orvo::desktop
