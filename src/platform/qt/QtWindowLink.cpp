@@ -99,6 +99,8 @@ void QtWindowLink::Paint(QWidget& painted, const QRegion& part) {
     const PaintUnderWay paint;
     const QPoint origin = painted.mapTo(&m_client, QPoint());
     QPainter painter(&painted);
+    // A painter begins with the program's direction, in which a telephone number would be turned.
+    painter.setLayoutDirection(painted.layoutDirection());
     painter.translate(-origin);
     QtCanvas canvas(&painter, part.boundingRect().translated(origin));
     CDC dc(canvas);
