@@ -12,19 +12,44 @@ namespace orvo::desktop {
 
 void DesktopWindow::MakeMenus() {
     QMenu& file = *menuBar()->addMenu(Text("&File"));
-    QAction* importing = file.addAction(Text("&Import..."));
-    importing->setShortcut(QKeySequence("Ctrl+I"));
-    connect(importing, &QAction::triggered, this, [this] { ChooseFileToImport(); });
-    QAction* exporting = file.addAction(Text("&Export..."));
-    exporting->setShortcut(QKeySequence("Ctrl+Shift+E"));
-    connect(exporting, &QAction::triggered, this, [this] { ChooseFileToExport(); });
+    AddCommand(file, Text("New &address..."), "Ctrl+N", [this] { NewAddress(); });
+    AddCommand(file, Text("New &to-do..."), "Ctrl+Shift+N", [this] { NewToDo(); });
     file.addSeparator();
-    QAction* quit = file.addAction(Text("&Quit"));
-    quit->setShortcut(QKeySequence("Ctrl+Q"));
-    connect(quit, &QAction::triggered, this, [this] { close(); });
+    AddCommand(file, Text("&Import..."), "Ctrl+I", [this] { ChooseFileToImport(); });
+    AddCommand(file, Text("&Export..."), "Ctrl+Shift+E", [this] { ChooseFileToExport(); });
+    file.addSeparator();
+    AddCommand(file, Text("&Quit"), "Ctrl+Q", [this] { close(); });
+    MakeEditMenu();
     MakeViewMenu();
     MakeAddressMenu();
     MakeToDoMenu();
+}
+
+void DesktopWindow::MakeEditMenu() {
+    QMenu& edit = *menuBar()->addMenu(Text("&Edit"));
+    m_undo =
+        AddCommand(edit, {}, "Ctrl+Z", [this] { TakeBack([this] { return m_session.Undo(); }); });
+    m_redo = AddCommand(edit, {}, "Ctrl+Shift+Z",
+                        [this] { TakeBack([this] { return m_session.Redo(); }); });
+    edit.addSeparator();
+    m_selectionActions = {
+        AddCommand(edit, Text("&Open..."), "Ctrl+O", [this] { OpenSelected(); }),
+        AddCommand(edit, Text("Set &category..."), "Ctrl+K", [this] { SetCategoryOfSelected(); }),
+        AddCommand(edit, Text("&Copy"), "Ctrl+C", [this] { CopySelected(); }),
+        AddCommand(edit, Text("&Delete"), "Del", [this] { DeleteSelected(); })};
+    AddCommand(edit, Text("Select &all"), "Ctrl+A", [this] { SelectAll(); });
+    edit.addSeparator();
+    AddCommand(edit, Text("&Trash..."), "", [this] { OpenTrash(); });
+    m_session.History().SetListener([this] { ShowSteps(); });
+    ShowSteps();
+}
+
+QAction* DesktopWindow::AddCommand(QMenu& menu, const QString& text, const char* keys,
+                                   const std::function<void()>& run) {
+    QAction* action = menu.addAction(text);
+    action->setShortcut(QKeySequence(keys));
+    connect(action, &QAction::triggered, this, [run] { run(); });
+    return action;
 }
 
 void DesktopWindow::MakeViewMenu() {
@@ -74,14 +99,11 @@ void DesktopWindow::AddMailCommands(QMenu& menu) {
         }
         return records;
     };
-    QAction* mail = menu.addAction(Text("Send &mail to selected"));
-    mail->setShortcut(QKeySequence("Ctrl+M"));
-    connect(mail, &QAction::triggered, this,
-            [this, selected] { TellRefusal(SendMailTo(selected())); });
-    QAction* cards = menu.addAction(Text("Send as &vCard"));
-    connect(cards, &QAction::triggered, this,
-            [this, selected] { TellRefusal(SendAsCards(selected(), m_session.Addresses())); });
-    m_selectionActions = {mail, cards};
+    m_addressActions = {AddCommand(menu, Text("Send &mail to selected"), "Ctrl+M",
+                                   [this, selected] { TellRefusal(SendMailTo(selected())); }),
+                        AddCommand(menu, Text("Send as &vCard"), "", [this, selected] {
+                            TellRefusal(SendAsCards(selected(), m_session.Addresses()));
+                        })};
 }
 
 void DesktopWindow::MakeToDoMenu() {

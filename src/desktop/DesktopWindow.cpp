@@ -2,12 +2,15 @@
 // SPDX-License-Identifier: MIT
 #include <QApplication>
 #include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QStatusBar>
 #include <QToolBar>
 
 #include <contracts/ResourceScope.h>
 #include <desktop/DesktopWindow.h>
+#include <desktop/LookupKeys.h>
 #include <desktop/Problems.h>
 #include <desktop/Texts.h>
 #include <desktop/ViewIcons.h>
@@ -18,6 +21,7 @@
 #include <platform/qt/QtConvert.h>
 #include <platform/qt/QtWindowSystem.h>
 #include <platform/settings/SettingsStore.h>
+#include <platform/text/SystemLocale.h>
 
 namespace orvo::desktop {
 namespace {
@@ -62,6 +66,7 @@ DesktopWindow::DesktopWindow(StoreSession& session, COrvoDesktopOptions& options
 // The views' widgets lie inside of this window, and are to be told of its end while it stands.
 DesktopWindow::~DesktopWindow() {
     m_session.SetFailureListener([](const std::string&) {});
+    m_session.History().SetListener(nullptr);
     m_frame.SetChangeListener(nullptr);
     m_frame.DestroyWindow();
 }
@@ -70,8 +75,10 @@ bool DesktopWindow::Open(const WindowSettings& settings) {
     AfxSetMainWnd(&m_frame);
     if (!m_frame.Open()) return false;
     setCentralWidget(QtWindowSystem::WidgetOf(&m_frame));
+    if (SystemLocale::Language() == "ja") MakeKanaIndex();
     m_drop = std::make_unique<QtDrop>(m_frame);
     m_frame.SetDropListener([this](const std::vector<std::string>& files) { ImportLater(files); });
+    m_frame.SetOpenListener([this] { OpenSelected(); });
     m_frame.SetAddressOrder(settings.addressOrder);
     m_frame.SetToDoOrder(static_cast<eSortOrder>(settings.toDoOrder));
     MakeToolBar();
@@ -82,6 +89,25 @@ bool DesktopWindow::Open(const WindowSettings& settings) {
     m_frame.SetChangeListener([this] { ShowChange(); });
     ShowView(settings.view);
     return true;
+}
+
+// It stands beside the views, whose widget the central one takes in.
+void DesktopWindow::MakeKanaIndex() {
+    auto* both = new QWidget;
+    auto* line = new QHBoxLayout(both);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->setSpacing(0);
+    m_kana = new KanaIndex;
+    m_kana->SetChooseListener([this](KanaRow row) { GoToKanaRow(m_frame.AddressView(), row); });
+    line->addWidget(takeCentralWidget(), 1);
+    line->addWidget(m_kana);
+    setCentralWidget(both);
+}
+
+void DesktopWindow::ShowKanaEntries() {
+    if (!m_kana) return;
+    m_kana->setVisible(!m_frame.IsShowingToDos());
+    if (!m_frame.IsShowingToDos()) m_kana->ShowEntries(FirstKanaEntries(m_frame.AddressView()));
 }
 
 void DesktopWindow::BeginSession() {
@@ -95,6 +121,8 @@ void DesktopWindow::MakeToolBar() {
     bar->setContextMenuPolicy(Qt::PreventContextMenu);
     QWidget* box = QtWindowSystem::WidgetOf(&m_frame.LookupBox());
     box->setFixedWidth(kLookupWidth);
+    box->setAccessibleName(Text("Look up"));
+    if (auto* line = dynamic_cast<QLineEdit*>(box)) new LookupKeys(*line);
     bar->addWidget(MakeLabel(LookUpText()));
     bar->addWidget(box);
     bar->addWidget(MakeLabel(Text("Category:")));
@@ -159,13 +187,18 @@ void DesktopWindow::ShowChange() {
 }
 
 void DesktopWindow::ShowCounts() {
-    const QString rows = QLocale().toString(m_frame.RowCount());
-    const QString selected = QLocale().toString(m_frame.SelectedCount());
-    m_counts.setText(m_frame.IsShowingToDos()
-                         ? Text("%1 to-dos, %2 selected").arg(rows, selected)
-                         : Text("%1 addresses, %2 selected").arg(rows, selected));
-    const bool hasAddresses = !m_frame.IsShowingToDos() && m_frame.SelectedCount() > 0;
-    for (QAction* action : m_selectionActions) action->setEnabled(hasAddresses);
+    const int rows = m_frame.RowCount();
+    const int selected = m_frame.SelectedCount();
+    const QString all = m_frame.IsShowingToDos() ? CountText("%1 to-do", "%1 to-dos", rows)
+                                                 : CountText("%1 address", "%1 addresses", rows);
+    m_counts.setText(
+        selected == 0 ? all : Text("%1 (%2 selected)").arg(all, QLocale().toString(selected)));
+    ShowKanaEntries();
+    const bool isSelected = m_frame.SelectedCount() > 0;
+    for (QAction* action : m_selectionActions) action->setEnabled(isSelected);
+    for (QAction* action : m_addressActions) {
+        action->setEnabled(isSelected && !m_frame.IsShowingToDos());
+    }
 }
 
 void DesktopWindow::TellProblem(const std::string& problem) {

@@ -14,6 +14,7 @@
 
 #include <desktop/ViewFrame.h>
 #include <desktop/WindowSettings.h>
+#include <desktop/kana/KanaIndex.h>
 #include <platform/qt/QtDrop.h>
 
 namespace orvo::desktop {
@@ -58,6 +59,9 @@ private:
     void MakeToolBar();
     void AddViewButtons(QToolBar& bar);
     void MakeMenus();
+    void MakeEditMenu();
+    QAction* AddCommand(QMenu& menu, const QString& text, const char* keys,
+                        const std::function<void()>& run);
     void MakeViewMenu();
     void MakeAddressMenu();
     void AddMailCommands(QMenu& menu);
@@ -68,6 +72,26 @@ private:
     void AddFlag(QMenu& menu, const char* text, int (COrvoDesktopOptions::*get)() const,
                  void (COrvoDesktopOptions::*set)(int));
     void FillColumnMenu(QMenu& menu);
+
+    void NewAddress();
+    void NewToDo();
+    void OpenSelected();
+    // Each gives true after the entry was saved, with the id that it has then.
+    bool OpenAddress(std::int64_t& id);
+    bool OpenToDo(std::int64_t& id);
+    bool IsFound(long status);
+    void ShowEdited(std::int64_t id);
+    void ChangeSelected(const QString& name, const std::function<long(CBaseRecord&)>& change);
+    void DeleteSelected();
+    void SetCategoryOfSelected();
+    void CopySelected();
+    void SelectAll();
+    void TakeBack(const std::function<std::string()>& undoOrRedo);
+    void ShowSteps();
+    void OpenTrash();
+
+    void MakeKanaIndex();
+    void ShowKanaEntries();
     void FillCategoryBox();
     void ShowCounts();
     void ShowChange();
@@ -83,12 +107,16 @@ private:
     ViewFrame m_frame;
     QComboBox m_categoryBox;
     QLabel m_counts;
+    KanaIndex* m_kana = nullptr;  // Qt's; null where the user's language isn't Japanese
     QActionGroup m_views{nullptr};
     QActionGroup m_privacies{nullptr};
     QActionGroup m_addressOrders{nullptr};
     QActionGroup m_toDoOrders{nullptr};
     std::unique_ptr<QtDrop> m_drop;
-    std::vector<QAction*> m_selectionActions;  // Qt's; enabled where addresses are selected
+    std::vector<QAction*> m_addressActions;    // Qt's; enabled where addresses are selected
+    std::vector<QAction*> m_selectionActions;  // where anything is
+    QAction* m_undo = nullptr;
+    QAction* m_redo = nullptr;
     std::vector<std::string> m_filesToImport;
     QTimer m_importTimer;   // runs while there are some
     QTimer m_countTimer;    // runs while the counts are out of date

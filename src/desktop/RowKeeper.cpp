@@ -27,6 +27,9 @@ RowKeeper::RowKeeper(const CWnd& view, IdOf idOf) : m_idOf(std::move(idOf)) {
     m_top = idAt(rows->TopRow());
 }
 
+RowKeeper::RowKeeper(IdOf idOf, std::int64_t id)
+    : m_idOf(std::move(idOf)), m_selected{id}, m_focus(id), m_top(0) {}
+
 void RowKeeper::Restore(const CWnd& view) const {
     ListPeer* rows = RowsOf(view);
     if (!rows || (m_selected.empty() && m_focus == 0 && m_top == 0)) return;
@@ -44,10 +47,11 @@ void RowKeeper::Restore(const CWnd& view) const {
         rows->SetFocusRow(focus);
         rows->SetAnchor(focus);
     }
-    if (top < 0) return;
-    // From below, a row comes into view as the first one.
-    rows->EnsureVisible(rows->RowCount() - 1, false);
-    rows->EnsureVisible(top, false);
+    if (top >= 0) {
+        // From below, a row comes into view as the first one.
+        rows->EnsureVisible(rows->RowCount() - 1, false);
+        rows->EnsureVisible(top, false);
+    }
     if (focus >= 0 && rows->IsSelected(focus)) rows->EnsureVisible(focus, false);
 }
 

@@ -20,6 +20,8 @@ public:
 
     // Takes selection, focus and the first row in view; of a window that shows no rows, none.
     RowKeeper(const CWnd& view, IdOf idOf);
+    // Takes the one record, which is to be seen.
+    RowKeeper(IdOf idOf, std::int64_t id);
 
     // Selects the same records, as far as they are there, and shows the first of them where it was.
     void Restore(const CWnd& view) const;

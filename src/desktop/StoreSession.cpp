@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <desktop/StoreSession.h>
+#include <desktop/Texts.h>
 #include <exchange/ImportFile.h>
 #include <libraries/quire/UserStore.h>
 #include <platform/text/SystemText.h>
@@ -22,7 +23,10 @@ std::unique_ptr<StoreSession> StoreSession::Open(const std::string& path, std::s
 }
 
 StoreSession::StoreSession(std::unique_ptr<SqliteEngine> engine)
-    : m_engine(std::move(engine)), m_addresses(*m_engine), m_toDos(*m_engine) {}
+    : m_engine(std::move(engine)),
+      m_history(*m_engine),
+      m_addresses(m_history.Engine()),
+      m_toDos(m_history.Engine()) {}
 
 bool StoreSession::Claim(std::string& error) {
     m_claim.emplace(m_engine->Name(), kDesktopOwner, kPatience);
@@ -33,6 +37,7 @@ bool StoreSession::Claim(std::string& error) {
 }
 
 ImportResult StoreSession::Import(const std::vector<std::string>& files) {
+    const EditHistory::Step step(m_history, Text("Import").toStdString());
     ImportResult result;
     try {
         ImportAll(files, result);
@@ -47,10 +52,11 @@ ImportResult StoreSession::Import(const std::vector<std::string>& files) {
 }
 
 void StoreSession::ImportAll(const std::vector<std::string>& files, ImportResult& result) {
-    const auto check = [this](auto status) {
-        if (static_cast<long>(status) != 0) throw ExchangeError(m_engine->LastError());
+    StoreEngine& engine = m_history.Engine();
+    const auto check = [&engine](auto status) {
+        if (static_cast<long>(status) != 0) throw ExchangeError(engine.LastError());
     };
-    StoreTransaction transaction(*m_engine);
+    StoreTransaction transaction(engine);
     check(transaction.Status());
     check(m_addresses.RefreshTexts());
     check(m_toDos.RefreshTexts());
@@ -63,6 +69,31 @@ void StoreSession::ImportAll(const std::vector<std::string>& files, ImportResult
         }
     }
     check(transaction.Commit());
+}
+
+std::string StoreSession::Change(const std::string& name, const std::function<long()>& change) {
+    const EditHistory::Step step(m_history, name);
+    const StoreEngine& engine = m_history.Engine();
+    StoreTransaction transaction(m_history.Engine());
+    if (transaction.Status() == StoreStatus::Ok && change() == 0 &&
+        transaction.Commit() == StoreStatus::Ok) {
+        return {};
+    }
+    return engine.LastError();
+}
+
+std::string StoreSession::Undo() {
+    return Refreshed(m_history.Undo());
+}
+
+std::string StoreSession::Redo() {
+    return Refreshed(m_history.Redo());
+}
+
+std::string StoreSession::Refreshed(std::string result) {
+    m_addresses.RefreshTexts();
+    m_toDos.RefreshTexts();
+    return result;
 }
 
 void StoreSession::SetFailureListener(const std::function<void(const std::string&)>& listener) {

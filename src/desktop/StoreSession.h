@@ -9,6 +9,7 @@
 #include <vector>
 
 #include <contracts/RecordStore.h>
+#include <desktop/history/EditHistory.h>
 #include <libraries/quire/SqliteEngine.h>
 #include <orvoshare/shared/DataSetClaim.h>
 
@@ -35,6 +36,18 @@ public:
     CAddressTable& Addresses() { return m_addresses; }
     CToDoTable& ToDos() { return m_toDos; }
 
+    // What is changed through the tables can be taken back.
+    EditHistory& History() { return m_history; }
+    // As those of the history; categories and labels of the tables are read again.
+    std::string Undo();
+    std::string Redo();
+
+    // Runs `change`, which gives 0 on success, as one step of that name (UTF-8, of the user's
+    // language): all that it does to the store, or nothing.
+    // Gives:  an empty text on success, else why not, in one line. Records that the change has
+    //         touched are to be read again then.
+    std::string Change(const std::string& name, const std::function<long()>& change);
+
     // Takes in card and calendar files: all of them, or none.
     ImportResult Import(const std::vector<std::string>& files);
 
@@ -51,7 +64,10 @@ private:
     // Fails:  ExchangeError, and the store is as it was.
     void ImportAll(const std::vector<std::string>& files, ImportResult& result);
 
+    std::string Refreshed(std::string result);
+
     std::unique_ptr<SqliteEngine> m_engine;
+    EditHistory m_history;
     std::optional<DataSetClaim> m_claim;
     CAddressTable m_addresses;
     CToDoTable m_toDos;

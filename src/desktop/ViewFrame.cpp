@@ -73,14 +73,17 @@ eSortOrder OrderOfColumn(int column, eSortOrder present) {
 }  // namespace
 
 const MessageMap& ViewFrame::ThisMap() {
-    static const MessageMap map{CWnd::ThisMap(),
-                                {On<WM_PAINT>(&ViewFrame::OnPaint), On<WM_SIZE>(&ViewFrame::OnSize),
-                                 On<WM_GET_DESKTOP_OPTIONS>(&ViewFrame::OnGetOptions),
-                                 On<kFilesDropped>(&ViewFrame::OnFilesDropped),
-                                 OnCommand(ID_DV_SELECTION_CHANGED, &ViewFrame::Tell),
-                                 OnCommand(ID_DV_CATEGORY_CHANGED, &ViewFrame::Tell),
-                                 OnCommand(ID_TODO_ROW_REMOVED, &ViewFrame::Tell),
-                                 OnCommand(ID_TODO_ROW_CHANGED, &ViewFrame::Tell)}};
+    static const MessageMap map{
+        CWnd::ThisMap(),
+        {On<WM_PAINT>(&ViewFrame::OnPaint), On<WM_SIZE>(&ViewFrame::OnSize),
+         On<WM_GET_DESKTOP_OPTIONS>(&ViewFrame::OnGetOptions),
+         On<kFilesDropped>(&ViewFrame::OnFilesDropped), On<WM_DV_RETURN>(&ViewFrame::OnReturn),
+         OnCommand(ID_DV_RETURN_KEY, &ViewFrame::OpenSelected),
+         OnCommand(ID_DV_ITEM_DBLCLK, &ViewFrame::OpenSelected),
+         OnCommand(ID_DV_SELECTION_CHANGED, &ViewFrame::Tell),
+         OnCommand(ID_DV_CATEGORY_CHANGED, &ViewFrame::Tell),
+         OnCommand(ID_TODO_ROW_REMOVED, &ViewFrame::Tell),
+         OnCommand(ID_TODO_ROW_CHANGED, &ViewFrame::Tell)}};
     return map;
 }
 
@@ -265,6 +268,25 @@ std::vector<CBaseRecord*> ViewFrame::SelectedRecords() {
     return records;
 }
 
+void ViewFrame::SelectRecord(std::int64_t id) {
+    if (auto* rows = dynamic_cast<ListPeer*>(ShownWindow().GetPeer())) {
+        if (rows->RowCount() > 0) rows->Select(0, rows->RowCount() - 1, false);
+    }
+    RowKeeper(IsShowingToDos() ? IdOfToDo : IdOfAddress, id).Restore(ShownWindow());
+    Tell();
+}
+
+// The list and the to-dos post the same message.
+LRESULT ViewFrame::OnReturn(WPARAM, LPARAM) {
+    static_assert(WM_DV_RETURN == WM_TODO_RETURN);
+    OpenSelected();
+    return 0;
+}
+
+void ViewFrame::OpenSelected() {
+    if (m_opened) m_opened();
+}
+
 void ViewFrame::SaveHeadings() {
     if (m_listSpread->IsChanged()) m_list.WriteHeaderColumnInfo(kListSection);
     if (m_toDoSpread->IsChanged()) m_toDos->WriteHeaderColumnInfo(kToDoSection);
@@ -316,6 +338,11 @@ BOOL ViewFrame::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) {
     const NMHDR header = *PointerOf<NMHDR>(lParam);
     const BOOL isHandled = CWnd::OnNotify(wParam, lParam, result);
     if (header.code == LVN_ITEMCHANGED) Tell();
+    // A click on a to-do edits it in place.
+    if (header.code == NM_DBLCLK && !IsShowingToDos() &&
+        PointerOf<NMITEMACTIVATE>(lParam)->iItem >= 0) {
+        OpenSelected();
+    }
     if (header.code == LVN_COLUMNCLICK) {
         HeadingClicked(PointerOf<NMLISTVIEW>(lParam)->iSubItem);
     }

@@ -57,6 +57,8 @@ public:
     bool IsShowingToDos() const { return m_shown == ViewKind::ToDos; }
 
     CLookupEdit& LookupBox() { return m_box; }
+    // The address view that is shown; while the to-dos are, the list, which is empty then.
+    CDetailViewAddrInf& AddressView();
     // The window of the view that is shown, and its columns; null for cards.
     CWnd& ShownWindow();
     COrvoUIListViewCtrl* ShownColumns();
@@ -66,6 +68,11 @@ public:
 
     // The selected records, without those that are masked. They are the view's.
     std::vector<CBaseRecord*> SelectedRecords();
+    // Selects the record of that id in the view that is shown, and nothing else.
+    void SelectRecord(std::int64_t id);
+
+    // Called where the user asks to open what he has selected: by Return or a double click.
+    void SetOpenListener(std::function<void()> listener) { m_opened = std::move(listener); }
 
     // Called with the paths, in UTF-8, of card and calendar files that were dropped on the views.
     void SetDropListener(std::function<void(const std::vector<std::string>&)> listener) {
@@ -87,8 +94,9 @@ private:
     LRESULT OnFilesDropped(WPARAM, LPARAM paths);
     void OnSize(UINT kind, int width, int height);
     void HeadingClicked(int column);
+    LRESULT OnReturn(WPARAM, LPARAM);
+    void OpenSelected();
 
-    CDetailViewAddrInf& AddressView();
     RowKeeper Remember();
     std::optional<RowKeeper>& RowsLeft() { return IsShowingToDos() ? m_toDoRows : m_addressRows; }
     void Empty();
@@ -107,6 +115,7 @@ private:
     std::optional<RowKeeper> m_addressRows;  // of the views that aren't shown
     std::optional<RowKeeper> m_toDoRows;
     std::function<void()> m_changed;
+    std::function<void()> m_opened;
     std::function<void(const std::vector<std::string>&)> m_dropped;
     COrvoOleDropTarget m_dropTarget;
     CCategoryCombo m_categories;  // the lists open no menu of categories without it

@@ -2,10 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include <QApplication>
 #include <QDateTime>
+#include <QIcon>
+#include <QLocale>
 #include <QPixmap>
 #include <cstdlib>
 #include <exception>
 #include <memory>
+#include <utility>
 
 #include <fmt/format.h>
 
@@ -15,6 +18,7 @@
 #include <desktop/EndSignals.h>
 #include <desktop/Problems.h>
 #include <desktop/Texts.h>
+#include <desktop/instance/Instance.h>
 #include <host/HostOptions.h>
 #include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/resources/StringTable.h>
@@ -63,6 +67,12 @@ void SetClock(const CommandLine& line) {
     CTime::SetClock(now.toSecsSinceEpoch());
 }
 
+QIcon WindowIcon() {
+    QIcon icon;
+    for (const int side : {16, 32, 48, 128}) icon.addFile(QString(":/icons/%1.png").arg(side));
+    return icon;
+}
+
 COrvoDesktopOptions LoadOptions() {
     return LoadHostOptions(PrintProblem);
 }
@@ -81,7 +91,37 @@ int SavePicture(DesktopWindow& window, const std::string& file) {
     return Fail(fmt::format("{}: the picture can't be written", file));
 }
 
-int ShowWindow(StoreSession& session, const CommandLine& line) {
+StartRequest RequestOf(const CommandLine& line) {
+    StartRequest request;
+    request.files = line.files;
+    for (const ViewName& view : kViewNames) {
+        if (line.view == view.kind) request.action = view.name;
+    }
+    for (const char* variable : {"XDG_ACTIVATION_TOKEN", "DESKTOP_STARTUP_ID"}) {
+        if (request.token.empty() && IsSet(variable)) request.token = std::getenv(variable);
+    }
+    return request;
+}
+
+// Does what a later start was asked for.
+void Answer(DesktopWindow& window, const StartRequest& request) {
+    // The platform takes it from there when the window asks to come to the front.
+    if (!request.token.empty()) {
+        qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(request.token));
+    }
+    for (const ViewName& view : kViewNames) {
+        if (request.action == view.name) window.ShowView(view.kind);
+    }
+    if (window.isMinimized()) window.showNormal();
+    QWidget* asking = QApplication::activeModalWidget();
+    QWidget& front = asking == nullptr ? window : *asking;
+    front.raise();
+    front.activateWindow();
+    if (!request.files.empty()) window.ImportLater(request.files);
+}
+
+// The instance is null for a picture.
+int ShowWindow(StoreSession& session, const CommandLine& line, std::unique_ptr<Instance> instance) {
     COrvoDesktopOptions options = LoadOptions();
     DesktopWindow window(session, options);
     WindowSettings settings = WindowSettings::Load();
@@ -100,10 +140,18 @@ int ShowWindow(StoreSession& session, const CommandLine& line) {
     window.activateWindow();
     window.Frame().LookupBox().SetFocus();
     if (!line.files.empty()) window.ImportLater(line.files);
-    return QApplication::exec();
+    instance->SetListener([&window](const StartRequest& request) { Answer(window, request); });
+    const int code = QApplication::exec();
+    instance.reset();
+    return code;
 }
 
 int Run(const CommandLine& line, int count, char** arguments) {
+    std::unique_ptr<Instance> instance;
+    if (line.picture.empty()) {
+        instance = Instance::Claim(InstanceName(line.store), RequestOf(line));
+        if (!instance) return kDone;
+    }
     std::string error;
     const std::unique_ptr<StoreSession> session = StoreSession::Open(line.store, error);
     if (!session || (line.picture.empty() && !session->Claim(error))) return Fail(error);
@@ -112,11 +160,15 @@ int Run(const CommandLine& line, int count, char** arguments) {
     const QApplication application(count, arguments);
     QApplication::setApplicationName("orvo-desktop");
     QApplication::setApplicationDisplayName("Orvo Desktop");
+    QGuiApplication::setDesktopFileName("org.orvoshare.OrvoDesktop");
+    QApplication::setWindowIcon(WindowIcon());
     UseLanguage(SystemLocale::Language());
+    const QLocale locale(QString::fromStdString(SystemLocale::Tag()));
+    QApplication::setLayoutDirection(locale.textDirection());
     SetColours(line.colours);
     QtWindowSystem system;
     WindowSystem::SetCurrent(&system);
-    const int code = ShowWindow(*session, line);
+    const int code = ShowWindow(*session, line, std::move(instance));
     AfxSetMainWnd(nullptr);
     WindowSystem::SetCurrent(nullptr);
     return code;

@@ -1,0 +1,162 @@
+// What the user does to the entries that he has selected, and taking it back.
+// SPDX-License-Identifier: MIT
+#include <QApplication>
+#include <QClipboard>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QStatusBar>
+
+#include <desktop/DesktopWindow.h>
+#include <desktop/EntryTexts.h>
+#include <desktop/Texts.h>
+#include <desktop/TrashDialog.h>
+#include <desktop/forms/AddressForm.h>
+#include <desktop/forms/CategoryChoice.h>
+#include <desktop/forms/ToDoForm.h>
+
+namespace orvo::desktop {
+
+void DesktopWindow::NewAddress() {
+    CAddressRecord record(m_session.Addresses());
+    if (m_frame.Category() != kAllCategories && !m_frame.IsShowingToDos()) {
+        record.SetCategoryId(m_frame.Category());
+    }
+    const EditHistory::Step step(m_session.History(), Text("New address").toStdString());
+    if (!EditAddress(this, m_session.Addresses(), record)) return m_frame.Refill();
+    if (m_frame.IsShowingToDos()) ShowView(ViewKind::List);
+    ShowEdited(record.GetId());
+}
+
+void DesktopWindow::NewToDo() {
+    CToDoRecord record(m_session.ToDos());
+    if (m_frame.Category() != kAllCategories && m_frame.IsShowingToDos()) {
+        record.SetCategoryId(m_frame.Category());
+    }
+    const EditHistory::Step step(m_session.History(), Text("New to-do").toStdString());
+    if (!EditToDo(this, m_session.ToDos(), record)) return m_frame.Refill();
+    ShowView(ViewKind::ToDos);
+    ShowEdited(record.GetId());
+}
+
+void DesktopWindow::OpenSelected() {
+    const std::vector<CBaseRecord*> records = m_frame.SelectedRecords();
+    if (records.size() != 1) return;
+    std::int64_t id = records.front()->GetId();
+    if (m_frame.IsShowingToDos() ? OpenToDo(id) : OpenAddress(id)) {
+        ShowEdited(id);
+    } else {
+        m_frame.Refill();
+    }
+}
+
+// The form works on a record of its own, as the view may read its records anew meanwhile.
+bool DesktopWindow::OpenAddress(std::int64_t& id) {
+    CAddressRecord record(m_session.Addresses());
+    if (!IsFound(m_session.Addresses().Find(id, record))) return false;
+    const EditHistory::Step step(m_session.History(), Text("Edit address").toStdString());
+    if (!EditAddress(this, m_session.Addresses(), record)) return false;
+    // Where the entry was gone, it may have been saved as a new one.
+    id = record.GetId();
+    return true;
+}
+
+bool DesktopWindow::OpenToDo(std::int64_t& id) {
+    CToDoRecord record(m_session.ToDos());
+    if (!IsFound(m_session.ToDos().Find(id, record))) return false;
+    const EditHistory::Step step(m_session.History(), Text("Edit to-do").toStdString());
+    if (!EditToDo(this, m_session.ToDos(), record)) return false;
+    id = record.GetId();
+    return true;
+}
+
+bool DesktopWindow::IsFound(long status) {
+    if (status != 0) TellRefusal(Text("Another program has removed this entry."));
+    return status == 0;
+}
+
+void DesktopWindow::ShowEdited(std::int64_t id) {
+    m_frame.Refill();
+    m_frame.SelectRecord(id);
+    m_frame.ShownWindow().SetFocus();
+}
+
+void DesktopWindow::ChangeSelected(const QString& name,
+                                   const std::function<long(CBaseRecord&)>& change) {
+    const std::string failure = m_session.Change(name.toStdString(), [&] {
+        for (CBaseRecord* record : m_frame.SelectedRecords()) {
+            if (const long status = change(*record); status != 0) return status;
+        }
+        return 0L;
+    });
+    // What was taken back is still in the view's records.
+    m_frame.Refill();
+    if (!failure.empty()) TellRefusal(Text("Nothing was changed.") + "\n\n" + FromUtf8(failure));
+}
+
+void DesktopWindow::DeleteSelected() {
+    const auto count = static_cast<std::int64_t>(m_frame.SelectedRecords().size());
+    if (count == 0) return;
+    const bool isToDos = m_frame.IsShowingToDos();
+    const QString question =
+        isToDos
+            ? CountText("Move %1 to-do to the trash?", "Move %1 to-dos to the trash?", count)
+            : CountText("Move %1 address to the trash?", "Move %1 addresses to the trash?", count);
+    if (m_options.IsConfirmOnDelete() &&
+        QMessageBox::question(this, windowTitle(), question) != QMessageBox::Yes) {
+        return;
+    }
+    CBaseTable& table = m_frame.ShownTable();
+    ChangeSelected(isToDos ? CountText("Delete %1 to-do", "Delete %1 to-dos", count)
+                           : CountText("Delete %1 address", "Delete %1 addresses", count),
+                   [&table](CBaseRecord& record) { return table.Delete(record); });
+}
+
+void DesktopWindow::SetCategoryOfSelected() {
+    if (m_frame.SelectedRecords().empty()) return;
+    const std::optional<int> category = ChooseCategory(this, m_frame.ShownTable());
+    if (!category) return;
+    ChangeSelected(Text("Change category"),
+                   [category](CBaseRecord& record) { return record.SetCategoryId(*category); });
+}
+
+void DesktopWindow::CopySelected() {
+    const std::vector<CBaseRecord*> records = m_frame.SelectedRecords();
+    if (records.empty()) return;
+    QApplication::clipboard()->setMimeData(EntriesAsMimeData(records).release());
+}
+
+void DesktopWindow::SelectAll() {
+    auto* rows = dynamic_cast<ListPeer*>(m_frame.ShownWindow().GetPeer());
+    if (!rows || rows->RowCount() == 0) return;
+    rows->Select(0, rows->RowCount() - 1, true);
+    m_frame.ShownWindow().SetFocus();
+    ShowChange();
+}
+
+void DesktopWindow::TakeBack(const std::function<std::string()>& undoOrRedo) {
+    TellRefusal(FromUtf8(undoOrRedo()));
+    FillCategoryBox();
+    m_frame.Refill();
+}
+
+void DesktopWindow::ShowSteps() {
+    const EditHistory& history = m_session.History();
+    m_undo->setEnabled(history.CanUndo());
+    m_redo->setEnabled(history.CanRedo());
+    // A name may hold what the user has typed.
+    const auto escaped = [](const std::string& name) {
+        return FromUtf8(name).replace('&', QLatin1String("&&"));
+    };
+    m_undo->setText(history.CanUndo() ? Text("&Undo: %1").arg(escaped(history.UndoName()))
+                                      : Text("&Undo"));
+    m_redo->setText(history.CanRedo() ? Text("&Redo: %1").arg(escaped(history.RedoName()))
+                                      : Text("&Redo"));
+}
+
+void DesktopWindow::OpenTrash() {
+    if (!ShowTrash(this, m_session, PrivacyOf(m_options))) return;
+    FillCategoryBox();
+    m_frame.Refill();
+}
+
+}  // namespace orvo::desktop

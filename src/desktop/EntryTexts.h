@@ -1,0 +1,21 @@
+// How entries are told outside of their views: in one line, and for other programs.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+#include <memory>
+#include <vector>
+
+#include <contracts/RecordStore.h>
+
+class QMimeData;
+
+namespace orvo::desktop {
+
+// A person's or company's name, or the first line of what is to be done.
+QString EntryName(CBaseRecord& record);
+
+// Addresses as text and as vCards; to-dos as text, a line each. The records are of one table.
+std::unique_ptr<QMimeData> EntriesAsMimeData(const std::vector<CBaseRecord*>& records);
+
+}  // namespace orvo::desktop

@@ -1,0 +1,41 @@
+// The keys of commands that the lookup box leaves to the window.
+// SPDX-License-Identifier: MIT
+#include <QKeyEvent>
+#include <QLineEdit>
+
+#include <desktop/LookupKeys.h>
+
+namespace orvo::desktop {
+
+LookupKeys::LookupKeys(QLineEdit& box) : QObject(&box), m_box(box) {
+    box.installEventFilter(this);
+}
+
+bool LookupKeys::eventFilter(QObject* watched, QEvent* event) {
+    // Where the box doesn't accept this event, the window's shortcuts are tried.
+    if (event->type() == QEvent::ShortcutOverride && IsOfNoUse(*static_cast<QKeyEvent*>(event))) {
+        event->ignore();
+        return true;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+bool LookupKeys::IsOfNoUse(QKeyEvent& key) const {
+    const bool isSelected = m_box.hasSelectedText();
+    const bool isAtEnd = m_box.cursorPosition() == m_box.text().size();
+    struct Row {
+        QKeySequence::StandardKey key;
+        bool isOfNoUse;
+    };
+    const Row rows[] = {{QKeySequence::Delete, isAtEnd && !isSelected},
+                        {QKeySequence::Copy, !isSelected},
+                        {QKeySequence::SelectAll, m_box.text().isEmpty()},
+                        {QKeySequence::Undo, true},  // what is typed here can't be taken back
+                        {QKeySequence::Redo, true}};
+    for (const Row& row : rows) {
+        if (key.matches(row.key)) return row.isOfNoUse;
+    }
+    return false;
+}
+
+}  // namespace orvo::desktop

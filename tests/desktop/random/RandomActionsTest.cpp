@@ -1,0 +1,144 @@
+// A thousand actions at random, after each of which the rows shown are those of the store.
+// SPDX-License-Identifier: MIT
+#include <QApplication>
+#include <QTemporaryDir>
+#include <algorithm>
+#include <cstdlib>
+#include <map>
+#include <memory>
+#include <set>
+
+#include <gtest/gtest.h>
+
+#include <desktop/Texts.h>
+#include <libraries/quire/SqliteEngine.h>
+#include <orvoshare/addressviews/AddrCompare.h>
+#include <orvoshare/module/OrvoShareModule.h>
+#include <orvoshare/resources/StringTable.h>
+#include <platform/qt/QtWindowSystem.h>
+#include <platform/window/ListPeer.h>
+
+#include "RandomUser.h"
+
+namespace orvo::desktop {
+namespace {
+
+constexpr int kActions = 1000;
+constexpr int kForeignEvery = 40;
+
+// What another program finds in the store.
+class StoreReader {
+public:
+    explicit StoreReader(const std::string& path) : m_engine(SqliteEngine::Open(path, m_error)) {
+        if (!m_engine) throw std::runtime_error(m_error);
+    }
+
+    // The rows that a view is to show.
+    std::set<std::int64_t> Wanted(TableKind kind, int category,
+                                  const COrvoDesktopOptions& options) {
+        const std::unique_ptr<StoreCursor> walk = m_engine->Walk(kind);
+        std::set<std::int64_t> ids;
+        StoredRow row;
+        while (walk->Next(row) == StoreStatus::Ok) {
+            const bool isHidden =
+                (row.flags & RowFlag::Private) != 0 && PrivacyOf(options) == Privacy::Hide;
+            const bool isDone =
+                (row.flags & RowFlag::Completed) != 0 && options.GetTodoShowCompleted() == 0;
+            const bool isElsewhere = category != kAllCategories && row.category != category;
+            if (!isHidden && !isDone && !isElsewhere) ids.insert(row.id);
+        }
+        return ids;
+    }
+
+    // Adds an address, as another program would.
+    void Add(const std::string& name) {
+        CAddressTable table(*m_engine);
+        CAddressRecord record(table);
+        ASSERT_EQ(record.SetUtf8(AddressField::Name, name), 0);
+        ASSERT_EQ(table.Add(record), 0);
+    }
+
+private:
+    std::string m_error;
+    std::unique_ptr<SqliteEngine> m_engine;
+};
+
+CBaseRecord* RecordOf(const ViewFrame& frame, DWORD data) {
+    if (frame.IsShowingToDos()) return reinterpret_cast<CToDoRecord*>(data);
+    return reinterpret_cast<CAddressRecord*>(data);
+}
+
+int ComparedRows(ViewFrame& frame, DWORD before, DWORD after) {
+    const auto first = static_cast<long>(before);
+    const auto second = static_cast<long>(after);
+    if (!frame.IsShowingToDos()) return AddrCompareFunc(first, second, frame.AddressOrder());
+    auto* toDos = dynamic_cast<CTodoListbox*>(&frame.ShownWindow());
+    return TodoCompareRecords(first, second, reinterpret_cast<long>(toDos));
+}
+
+void ExpectRowsOfTheStore(ViewFrame& frame, StoreReader& store,
+                          const COrvoDesktopOptions& options) {
+    const auto* rows = dynamic_cast<const ListPeer*>(frame.ShownWindow().GetPeer());
+    ASSERT_NE(rows, nullptr);
+    std::set<std::int64_t> shown;
+    for (int row = 0; row < rows->RowCount(); ++row) {
+        const DWORD data = rows->Data(row);
+        shown.insert(RecordOf(frame, data)->GetId());
+        if (row == 0) continue;
+        EXPECT_LE(ComparedRows(frame, rows->Data(row - 1), data), 0) << "row " << row;
+    }
+    const TableKind kind = frame.IsShowingToDos() ? TableKind::ToDo : TableKind::Address;
+    EXPECT_EQ(shown.size(), static_cast<std::size_t>(rows->RowCount()));
+    EXPECT_EQ(shown, store.Wanted(kind, frame.Category(), options));
+}
+
+TEST(RandomActions, RowsAreThoseOfTheStoreAfterEach) {
+    const QTemporaryDir folder;
+    const std::string path = folder.filePath("orvo.db").toStdString();
+    std::string error;
+    const std::unique_ptr<StoreSession> session = StoreSession::Open(path, error);
+    ASSERT_NE(session, nullptr) << error;
+    COrvoDesktopOptions options;
+    DesktopWindow window(*session, options);
+    ASSERT_TRUE(window.Open({}));
+    window.BeginSession();
+    window.show();
+    window.activateWindow();
+    window.Import({std::string(ORVO_SAMPLES) + "/friends.vcf"});
+    StoreReader store(path);
+    const char* chosen = std::getenv("ORVO_SEED");
+    const unsigned seed = chosen ? static_cast<unsigned>(std::atoi(chosen)) : 1;
+    RandomUser user(window, seed);
+    for (int i = 0; i < kActions; ++i) {
+        if (i % kForeignEvery == 0) {
+            store.Add("Foreign " + std::to_string(i));
+            window.Frame().Refill();
+        }
+        const std::string what = user.Act();
+        ExpectRowsOfTheStore(window.Frame(), store, options);
+        ASSERT_FALSE(testing::Test::HasFailure())
+            << "after action " << i << " (" << what << ") of ORVO_SEED=" << seed;
+    }
+}
+
+}  // namespace
+}  // namespace orvo::desktop
+
+int main(int argc, char** argv) {
+    using namespace orvo;
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    // No settings of this user.
+    const QTemporaryDir home;
+    for (const char* variable : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME"}) {
+        qputenv(variable, home.path().toUtf8());
+    }
+    const QApplication application(argc, argv);
+    OrvoShareMain(OwnModule(), DLL_PROCESS_ATTACH);
+    QtWindowSystem system;
+    WindowSystem::SetCurrent(&system);
+    testing::InitGoogleTest(&argc, argv);
+    const int result = RUN_ALL_TESTS();
+    AfxSetMainWnd(nullptr);
+    WindowSystem::SetCurrent(nullptr);
+    return result;
+}
