@@ -5,6 +5,7 @@
 #include <QIcon>
 #include <QLocale>
 #include <QPixmap>
+#include <csignal>
 #include <cstdlib>
 #include <exception>
 #include <memory>
@@ -194,5 +195,7 @@ int Main(int count, char** arguments) {
 }  // namespace orvo::desktop
 
 int main(int count, char** arguments) {
+    // A file that may not grow is a failure to be told, and no reason to end.
+    std::signal(SIGXFSZ, SIG_IGN);
     return orvo::desktop::Main(count, arguments);
 }

@@ -188,6 +188,10 @@ StoreStatus SqliteEngine::Restore(TableKind kind, const StoredRow& row, const Ro
     if (status == StoreStatus::Ok) {
         status = InsertRow(kind, row, id);
     }
+    // InsertRow takes a placement of 0 for none.
+    if (status == StoreStatus::Ok && row.placement == 0) {
+        status = UpdateRow(kind, row);
+    }
     if (status == StoreStatus::Ok && extra != RowExtra()) {
         status = WriteExtra(kind, id, extra);
     }
@@ -245,7 +249,10 @@ StoreStatus SqliteEngine::Begin() {
     if (m_inTransaction) {
         return Fail(StoreStatus::Failed, m_path + ": a transaction is open already");
     }
-    const StoreStatus status = Run(m_statements->begin);
+    StoreStatus status = CheckPlace();
+    if (status == StoreStatus::Ok) {
+        status = Run(m_statements->begin);
+    }
     m_inTransaction = status == StoreStatus::Ok;
     return status;
 }
@@ -255,6 +262,9 @@ StoreStatus SqliteEngine::Commit() {
         return Fail(StoreStatus::Failed, m_path + ": no transaction is open");
     }
     StoreStatus status = CheckTransaction();
+    if (status == StoreStatus::Ok) {
+        status = CheckPlace();
+    }
     if (status == StoreStatus::Ok) {
         status = Run(m_statements->commit);
     }
@@ -322,9 +332,20 @@ StoreStatus SqliteEngine::Gone(TableKind kind, std::int64_t id) {
 // Each change begins here, so that none slips out of a transaction that SQLite has dropped.
 StoreStatus SqliteEngine::CheckTransaction() {
     ++m_changes;
-    return m_lost ? Fail(StoreStatus::Failed,
-                         m_path + ": the changes were dropped after an earlier failure")
-                  : StoreStatus::Ok;
+    if (m_lost) {
+        return Fail(StoreStatus::Failed,
+                    m_path + ": the changes were dropped after an earlier failure");
+    }
+    return m_inTransaction ? StoreStatus::Ok : CheckPlace();
+}
+
+// What is written to a file without a name is lost when it is closed.
+StoreStatus SqliteEngine::CheckPlace() {
+    return m_file->HasMoved() ? Fail(StoreStatus::Failed,
+                                     m_path +
+                                         ": another program has removed or replaced this file "
+                                         "while it was open")
+                              : StoreStatus::Ok;
 }
 
 StoreStatus SqliteEngine::CheckChange(const StoredRow& row) {

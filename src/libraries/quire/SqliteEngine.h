@@ -66,6 +66,7 @@ private:
     StoreStatus Damaged(TableKind kind, std::int64_t id);
     StoreStatus Gone(TableKind kind, std::int64_t id);
     StoreStatus CheckTransaction();
+    StoreStatus CheckPlace();
     StoreStatus CheckChange(const StoredRow& row);
     StoreStatus CheckFree(TableKind kind, std::int64_t id);
     StoreStatus NewId(TableKind kind, std::int64_t& id);

@@ -94,6 +94,12 @@ int SqliteFile::ReadStart(std::size_t count, std::string& bytes) {
     return result;
 }
 
+bool SqliteFile::HasMoved() const {
+    int hasMoved = 0;
+    sqlite3_file_control(Handle(), "main", SQLITE_FCNTL_HAS_MOVED, &hasMoved);
+    return hasMoved != 0;
+}
+
 bool SqliteFile::LacksRoom(int result) const {
     const int error = sqlite3_system_errno(Handle());
     const bool isNoRoom = error == ENOSPC || error == EDQUOT || error == EFBIG;

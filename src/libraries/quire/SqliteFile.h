@@ -73,6 +73,9 @@ public:
     // other way would drop the locks that this process has on it.
     int ReadStart(std::size_t count, std::string& bytes);
 
+    // True once another file, or none, lies at the path that was opened.
+    bool HasMoved() const;
+
     // Why the last operation, whose result `result` was, failed.
     std::string Reason(int result) const;
 

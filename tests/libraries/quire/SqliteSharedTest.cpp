@@ -1,5 +1,6 @@
 // Tests of a store file that several programs have open.
 // SPDX-License-Identifier: MIT
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
@@ -263,6 +264,34 @@ TEST_F(SqliteShared, NotesGoWithTheirRecordAndEmptyOnesTakeNoRow) {
     EXPECT_EQ(record.SetSource("a source"), 0);
     EXPECT_EQ(table.Remove(record), 0);
     EXPECT_EQ(raw.Run("SELECT count(*) FROM address_extra"), "0");
+}
+
+TEST_F(SqliteShared, NothingIsWrittenToAFileThatLiesElsewhereByNow) {
+    CAddressRecord record(table);
+    ASSERT_EQ(table.Add(record), 0);
+    const auto isRefused = [&] {
+        const long alone = record.SetUtf8(AddressField::Name, "Ito");
+        const bool isNamed = table.LastError().find(folder.Path()) != std::string::npos;
+        const StoreTransaction transaction(*engine);
+        return alone == static_cast<long>(StoreStatus::Failed) && isNamed &&
+               transaction.Status() == StoreStatus::Failed;
+    };
+    std::filesystem::rename(folder.Path(), folder.Path("away"));
+    EXPECT_TRUE(isRefused()) << "another program has moved it";
+    const auto inItsPlace = folder.Open();
+    EXPECT_TRUE(isRefused()) << "another store is there";
+    std::filesystem::rename(folder.Path("away"), folder.Path());
+    EXPECT_EQ(record.SetUtf8(AddressField::Name, "Ito"), 0) << "it is back";
+}
+
+TEST_F(SqliteShared, ATransactionWhoseFileIsTakenAwayKeepsNothing) {
+    StoreTransaction transaction(*engine);
+    CAddressRecord record(table);
+    ASSERT_EQ(table.Add(record), 0);
+    std::filesystem::rename(folder.Path(), folder.Path("away"));
+    EXPECT_EQ(transaction.Commit(), StoreStatus::Failed);
+    std::filesystem::rename(folder.Path("away"), folder.Path());
+    EXPECT_EQ(other->Count(TableKind::Address), 0);
 }
 
 }  // namespace orvo
