@@ -122,7 +122,8 @@ void DesktopWindow::MakeToolBar() {
     QWidget* box = QtWindowSystem::WidgetOf(&m_frame.LookupBox());
     box->setFixedWidth(kLookupWidth);
     box->setAccessibleName(Text("Look up"));
-    if (auto* line = dynamic_cast<QLineEdit*>(box)) new LookupKeys(*line);
+    if (auto* line = dynamic_cast<QLineEdit*>(box))
+        new LookupKeys(*line, [this] { OpenSelected(); });
     bar->addWidget(MakeLabel(LookUpText()));
     bar->addWidget(box);
     bar->addWidget(MakeLabel(Text("Category:")));
@@ -143,11 +144,11 @@ void DesktopWindow::AddViewButtons(QToolBar& bar) {
         ViewKind kind;
         const char* text;
         const char* keys;
-    } kViews[] = {{ViewKind::List, "List", "Ctrl+1"},
-                  {ViewKind::LargeIcons, "Large icons", "Ctrl+2"},
-                  {ViewKind::SmallIcons, "Small icons", "Ctrl+3"},
-                  {ViewKind::Cards, "Cards", "Ctrl+4"},
-                  {ViewKind::ToDos, "To Do", "Ctrl+5"}};
+    } kViews[] = {{ViewKind::List, Untranslated("List"), "Ctrl+1"},
+                  {ViewKind::LargeIcons, Untranslated("Large icons"), "Ctrl+2"},
+                  {ViewKind::SmallIcons, Untranslated("Small icons"), "Ctrl+3"},
+                  {ViewKind::Cards, Untranslated("Cards"), "Ctrl+4"},
+                  {ViewKind::ToDos, Untranslated("To Do"), "Ctrl+5"}};
     for (const auto& view : kViews) {
         if (view.kind == ViewKind::ToDos) bar.addSeparator();
         QAction* action = m_views.addAction(IconOf(view.kind), Text(view.text));

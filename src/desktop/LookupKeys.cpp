@@ -7,7 +7,8 @@
 
 namespace orvo::desktop {
 
-LookupKeys::LookupKeys(QLineEdit& box) : QObject(&box), m_box(box) {
+LookupKeys::LookupKeys(QLineEdit& box, std::function<void()> open)
+    : QObject(&box), m_box(box), m_open(std::move(open)) {
     box.installEventFilter(this);
 }
 
@@ -16,6 +17,13 @@ bool LookupKeys::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::ShortcutOverride && IsOfNoUse(*static_cast<QKeyEvent*>(event))) {
         event->ignore();
         return true;
+    }
+    if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            m_open();
+            return true;
+        }
     }
     return QObject::eventFilter(watched, event);
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QObject>
+#include <functional>
 
 class QKeyEvent;
 class QLineEdit;
@@ -13,8 +14,8 @@ namespace orvo::desktop {
 // in its text, such as Delete behind it, is then meant for what is selected in the list.
 class LookupKeys : public QObject {
 public:
-    // It ends with the box.
-    explicit LookupKeys(QLineEdit& box);
+    // It ends with the box. `open` is called for Return, which opens what the lookup has found.
+    LookupKeys(QLineEdit& box, std::function<void()> open);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -22,6 +23,7 @@ private:
     bool IsOfNoUse(QKeyEvent& key) const;
 
     QLineEdit& m_box;
+    std::function<void()> m_open;
 };
 
 }  // namespace orvo::desktop

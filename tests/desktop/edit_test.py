@@ -66,6 +66,16 @@ class EditTest(unittest.TestCase):
         self.until_names("King")
         self.assertEqual(self.home.rows("addresses")[0]["first"], "Ada")
 
+    def test_what_was_looked_up_is_opened_by_return(self):
+        self.add("Adams", "Baker")
+        self.start()
+        self.screen.after("typing selects", lambda: self.screen.type("bak"))
+        form = self.dialog("Return")
+        self.screen.keys("ctrl+a")
+        self.screen.type("Carter")
+        self.close(form, "Return")
+        self.until_names("Adams", "Carter")
+
     def test_what_was_typed_is_only_lost_where_the_user_says_so(self):
         self.start()
         form = self.dialog("ctrl+n")
