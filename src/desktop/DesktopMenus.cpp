@@ -62,7 +62,8 @@ void DesktopWindow::MakeViewMenu() {
         const char* text;
         const char* keys;
         int change;
-    } kCardSteps[] = {{"Lar&ger cards", "Ctrl++", 1}, {"S&maller cards", "Ctrl+-", -1}};
+    } kCardSteps[] = {{Untranslated("Lar&ger cards"), "Ctrl++", 1},
+                      {Untranslated("S&maller cards"), "Ctrl+-", -1}};
     for (const auto& step : kCardSteps) {
         QAction* action = view.addAction(Text(step.text));
         action->setShortcut(QKeySequence(step.keys));
@@ -70,9 +71,10 @@ void DesktopWindow::MakeViewMenu() {
                 [this, change = step.change] { m_frame.SetCardStep(m_frame.CardStep() + change); });
     }
     view.addSeparator();
-    constexpr Choice kPrivacies[] = {{"S&how private entries", static_cast<int>(Privacy::Show)},
-                                     {"&Mask private entries", static_cast<int>(Privacy::Mask)},
-                                     {"Hi&de private entries", static_cast<int>(Privacy::Hide)}};
+    constexpr Choice kPrivacies[] = {
+        {Untranslated("S&how private entries"), static_cast<int>(Privacy::Show)},
+        {Untranslated("&Mask private entries"), static_cast<int>(Privacy::Mask)},
+        {Untranslated("Hi&de private entries"), static_cast<int>(Privacy::Hide)}};
     AddChoices(m_privacies, view, kPrivacies, static_cast<int>(PrivacyOf(m_options)),
                [this](int value) {
                    ChangeOptions([value](COrvoDesktopOptions& options) {
@@ -83,8 +85,8 @@ void DesktopWindow::MakeViewMenu() {
 
 void DesktopWindow::MakeAddressMenu() {
     QMenu& addresses = *menuBar()->addMenu(Text("&Addresses"));
-    constexpr Choice kOrders[] = {{"By &name", static_cast<int>(kListByName)},
-                                  {"By &company", static_cast<int>(kListByCompany)}};
+    constexpr Choice kOrders[] = {{Untranslated("By &name"), static_cast<int>(kListByName)},
+                                  {Untranslated("By &company"), static_cast<int>(kListByCompany)}};
     AddChoices(m_addressOrders, addresses, kOrders, static_cast<int>(m_frame.AddressOrder()),
                [this](int value) { m_frame.SetAddressOrder(value); });
     addresses.addSeparator();
@@ -108,18 +110,20 @@ void DesktopWindow::AddMailCommands(QMenu& menu) {
 
 void DesktopWindow::MakeToDoMenu() {
     QMenu& toDos = *menuBar()->addMenu(Text("&To Do"));
-    constexpr Choice kOrders[] = {{"By &priority, then due date", eSortByPriorityDueDate},
-                                  {"By &due date, then priority", eSortByDueDatePriority},
-                                  {"By &category, then due date", eSortByCategoryDueDate},
-                                  {"By c&ategory, then priority", eSortByCategoryPriority}};
+    constexpr Choice kOrders[] = {
+        {Untranslated("By &priority, then due date"), eSortByPriorityDueDate},
+        {Untranslated("By &due date, then priority"), eSortByDueDatePriority},
+        {Untranslated("By &category, then due date"), eSortByCategoryDueDate},
+        {Untranslated("By c&ategory, then priority"), eSortByCategoryPriority}};
     AddChoices(m_toDoOrders, toDos, kOrders, m_frame.ToDoOrder(),
                [this](int value) { m_frame.SetToDoOrder(static_cast<eSortOrder>(value)); });
     toDos.addSeparator();
-    AddFlag(toDos, "&Show completed", &COrvoDesktopOptions::GetTodoShowCompleted,
+    AddFlag(toDos, Untranslated("&Show completed"), &COrvoDesktopOptions::GetTodoShowCompleted,
             &COrvoDesktopOptions::SetTodoShowCompleted);
-    AddFlag(toDos, "Only what is d&ue", &COrvoDesktopOptions::GetTodoShowDueItemsOnly,
+    AddFlag(toDos, Untranslated("Only what is d&ue"), &COrvoDesktopOptions::GetTodoShowDueItemsOnly,
             &COrvoDesktopOptions::SetTodoShowDueItemsOnly);
-    AddFlag(toDos, "&Record the day of completion", &COrvoDesktopOptions::GetTodoMarkCompletionDate,
+    AddFlag(toDos, Untranslated("&Record the day of completion"),
+            &COrvoDesktopOptions::GetTodoMarkCompletionDate,
             &COrvoDesktopOptions::SetTodoMarkCompletionDate);
 }
 

@@ -1,6 +1,9 @@
 // The desktop program's own texts.
 // SPDX-License-Identifier: MIT
+#include <QCoreApplication>
+#include <QLibraryInfo>
 #include <QLocale>
+#include <QTranslator>
 #include <clocale>
 #include <cstdlib>
 #include <libintl.h>
@@ -13,6 +16,15 @@ namespace {
 
 constexpr const char* kDomain = "orvo-desktop";
 
+// Buttons and file dialogs are Qt's. Where its texts aren't installed they are English.
+void UseQtLanguage(const std::string& language) {
+    auto* texts = new QTranslator(qApp);  // Qt's
+    if (texts->load(FromUtf8("qtbase_" + language),
+                    QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+        QCoreApplication::installTranslator(texts);
+    }
+}
+
 }  // namespace
 
 void UseLanguage(const std::string& language) {
@@ -22,6 +34,7 @@ void UseLanguage(const std::string& language) {
     if (locale == "C" || locale == "POSIX") setlocale(LC_MESSAGES, "C.UTF-8");
     bindtextdomain(kDomain, InstalledFolder("ORVO_LOCALE_DIR", "share/locale").c_str());
     bind_textdomain_codeset(kDomain, "UTF-8");
+    UseQtLanguage(language);
 }
 
 QString Text(const char* english) {

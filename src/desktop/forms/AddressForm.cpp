@@ -34,19 +34,19 @@ struct NameRow {
     LineRow reading;  // of which the label is only heard
 };
 constexpr NameRow kNames[] = {
-    {{AddressField::Name, "name", "Na&me:"},
-     {AddressField::NameYomi, "nameReading", "Reading of the name"}},
-    {{AddressField::First, "first", "&First name:"},
-     {AddressField::FirstYomi, "firstReading", "Reading of the first name"}},
-    {{AddressField::Company, "company", "C&ompany:"},
-     {AddressField::CompanyYomi, "companyReading", "Reading of the company"}},
+    {{AddressField::Name, "name", Untranslated("Na&me:")},
+     {AddressField::NameYomi, "nameReading", Untranslated("Reading of the name")}},
+    {{AddressField::First, "first", Untranslated("&First name:")},
+     {AddressField::FirstYomi, "firstReading", Untranslated("Reading of the first name")}},
+    {{AddressField::Company, "company", Untranslated("C&ompany:")},
+     {AddressField::CompanyYomi, "companyReading", Untranslated("Reading of the company")}},
 };
-constexpr LineRow kTitle{AddressField::Title, "title", "Job &title:"};
+constexpr LineRow kTitle{AddressField::Title, "title", Untranslated("Job &title:")};
 constexpr LineRow kPlaces[] = {
-    {AddressField::City, "city", "C&ity:"},
-    {AddressField::State, "state", "Stat&e:"},
-    {AddressField::ZipCode, "zipCode", "&ZIP code:"},
-    {AddressField::Country, "country", "Co&untry:"},
+    {AddressField::City, "city", Untranslated("C&ity:")},
+    {AddressField::State, "state", Untranslated("Stat&e:")},
+    {AddressField::ZipCode, "zipCode", Untranslated("&ZIP code:")},
+    {AddressField::Country, "country", Untranslated("Co&untry:")},
 };
 
 // What the user has named himself has no mnemonic.
