@@ -93,7 +93,8 @@ StoreEngine& EditHistory::Engine() {
 
 EditHistory::Step::Step(EditHistory& history, std::string name) : m_history(history) {
     State& state = *m_history.m_state;
-    if (state.depth++ == 0) state.name = std::move(name);
+    // One that has ended may still wait for its transaction.
+    if (state.depth++ == 0 && state.name.empty()) state.name = std::move(name);
 }
 
 EditHistory::Step::~Step() {

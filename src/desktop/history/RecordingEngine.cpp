@@ -141,17 +141,15 @@ StoreStatus RecordingEngine::Begin() {
 
 StoreStatus RecordingEngine::Commit() {
     const StoreStatus status = m_real.Commit();
-    if (status == StoreStatus::Ok) {
-        Keep();
-    } else if (!InTransaction()) {
-        m_changes = {};
-    }
+    if (status != StoreStatus::Ok) m_changes = {};
+    Keep();
     return Result(status);
 }
 
 void RecordingEngine::Rollback() {
     m_real.Rollback();
     m_changes = {};
+    Keep();
 }
 
 StoreStatus RecordingEngine::Result(StoreStatus status) {

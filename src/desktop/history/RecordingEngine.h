@@ -18,7 +18,8 @@ namespace orvo::desktop {
 // Stands before another engine, which outlives it.
 class RecordingEngine : public StoreEngine {
 public:
-    // Given the changes of a transaction once they are kept, and each change outside of one.
+    // Given what a transaction has changed, at its end: nothing where it was dropped. Given each
+    // change outside of a transaction, too.
     using Keeper = std::function<void(StepChanges)>;
 
     RecordingEngine(StoreEngine& real, Keeper keeper);

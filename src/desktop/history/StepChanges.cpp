@@ -24,7 +24,7 @@ bool IsAsBefore(const RowChange& change) {
 }  // namespace
 
 void StepChanges::AddRow(TableKind kind, std::int64_t id, RowChange change) {
-    Table& table = m_rows[Place(kind)];
+    Table& table = m_rows[IndexOf(kind)];
     if (const auto added = FindAdded(table.added, id); added != table.added.end()) {
         if (change.after) {
             added->after = *change.after;
@@ -60,7 +60,7 @@ void StepChanges::Append(StepChanges later) {
         return;
     }
     for (const TableKind kind : {TableKind::Address, TableKind::ToDo}) {
-        Table& table = later.m_rows[Place(kind)];
+        Table& table = later.m_rows[IndexOf(kind)];
         for (const AddedRow& added : table.added) {
             AddRow(kind, added.id, {std::nullopt, added.after, Deed::Add});
         }

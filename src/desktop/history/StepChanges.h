@@ -55,8 +55,8 @@ public:
     bool IsEmpty() const;
 
     using Rows = std::map<std::int64_t, RowChange>;
-    const std::vector<AddedRow>& Added(TableKind kind) const { return m_rows[Place(kind)].added; }
-    const Rows& Changed(TableKind kind) const { return m_rows[Place(kind)].changed; }
+    const std::vector<AddedRow>& Added(TableKind kind) const { return m_rows[IndexOf(kind)].added; }
+    const Rows& Changed(TableKind kind) const { return m_rows[IndexOf(kind)].changed; }
     const std::map<TextKey, TextChange>& Texts() const { return m_texts; }
 
 private:
@@ -65,7 +65,7 @@ private:
         Rows changed;
     };
 
-    static std::size_t Place(TableKind kind) { return static_cast<std::size_t>(kind); }
+    static std::size_t IndexOf(TableKind kind) { return static_cast<std::size_t>(kind); }
 
     std::array<Table, 2> m_rows;
     std::map<TextKey, TextChange> m_texts;

@@ -97,8 +97,10 @@ std::size_t RowCount(const StepChanges& step, TableKind kind) {
 }
 
 QString FirstLine(std::string_view text) {
-    const QString line = FromUtf8(text.substr(0, text.find_first_of("\r\n"))).simplified();
-    return line.size() > kLongestName ? line.left(kLongestName) + QChar(0x2026) : line;
+    QString line = FromUtf8(text.substr(0, text.find_first_of("\r\n"))).simplified();
+    if (line.size() <= kLongestName) return line;
+    const bool isInCharacter = line.at(kLongestName).isLowSurrogate();
+    return line.left(isInCharacter ? kLongestName - 1 : kLongestName) + QChar(0x2026);
 }
 
 // Empty where the row has no name, or may not be named.

@@ -13,12 +13,12 @@
 namespace orvo::desktop {
 namespace {
 
-class Taker {
+class Reverter {
 public:
-    Taker(StoreEngine& engine, StepChanges& inverse, std::string& reason)
+    Reverter(StoreEngine& engine, StepChanges& inverse, std::string& reason)
         : m_engine(engine), m_inverse(inverse), m_reason(reason) {}
 
-    bool TakeRow(TableKind kind, std::int64_t id, const RowChange& change) {
+    bool RevertRow(TableKind kind, std::int64_t id, const RowChange& change) {
         std::optional<std::string> now;
         if (!IsDone(ReadImage(m_engine, kind, id, now))) return false;
         if ((now ? std::optional(HashOf(*now)) : std::nullopt) != change.after) {
@@ -33,7 +33,7 @@ public:
         return true;
     }
 
-    bool TakeText(const TextKey& key, const TextChange& change) {
+    bool RevertText(const TextKey& key, const TextChange& change) {
         std::vector<StoreEngine::NumberedText> stored;
         if (!IsDone(m_engine.ReadTexts(key.table, key.texts, stored))) return false;
         const auto found = std::find_if(stored.begin(), stored.end(), [&](const auto& text) {
@@ -73,19 +73,19 @@ private:
 
 bool TakeBack(StoreEngine& engine, const StepChanges& step, StepChanges& inverse,
               std::string& reason) {
-    Taker taker(engine, inverse, reason);
+    Reverter reverter(engine, inverse, reason);
     for (const TableKind kind : {TableKind::Address, TableKind::ToDo}) {
         for (const AddedRow& added : step.Added(kind)) {
-            if (!taker.TakeRow(kind, added.id, {std::nullopt, added.after, Deed::Add})) {
+            if (!reverter.RevertRow(kind, added.id, {std::nullopt, added.after, Deed::Add})) {
                 return false;
             }
         }
         for (const auto& [id, change] : step.Changed(kind)) {
-            if (!taker.TakeRow(kind, id, change)) return false;
+            if (!reverter.RevertRow(kind, id, change)) return false;
         }
     }
     return std::all_of(step.Texts().begin(), step.Texts().end(), [&](const auto& entry) {
-        return taker.TakeText(entry.first, entry.second);
+        return reverter.RevertText(entry.first, entry.second);
     });
 }
 

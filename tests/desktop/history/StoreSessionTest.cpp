@@ -1,0 +1,84 @@
+// Tests of undo and redo in the session of a window.
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <contract/StoreFolder.h>
+#include <desktop/StoreSession.h>
+
+#include "HistoryFixture.h"
+
+namespace orvo::desktop {
+namespace {
+
+class StoreSessionTest : public testing::Test {
+protected:
+    int Categories() { return session->Addresses().GetCategoryManager()->GetCount(); }
+
+    StoreFolder folder;
+    std::string error;
+    std::unique_ptr<StoreSession> session = StoreSession::Open(folder.Path(), error);
+    StoreEngine& engine = session->History().Engine();
+};
+
+}  // namespace
+
+TEST_F(StoreSessionTest, AnImportIsTakenBackAndDoneAgainWithItsCategories) {
+    const StoreContent before = ContentOf(engine);
+    const int categories = Categories();
+    const ImportResult result = session->Import(
+        {ORVO_SAMPLES "/friends.vcf", ORVO_SAMPLES "/duties.ics", ORVO_SAMPLES "/office.vcf"});
+    ASSERT_EQ(result.failure, "");
+    ASSERT_GT(result.addresses, 0u);
+    ASSERT_GT(result.toDos, 0u);
+    ASSERT_GT(Categories(), categories);
+    const StoreContent after = ContentOf(engine);
+    EXPECT_EQ(session->History().UndoName(), "Import");
+
+    EXPECT_EQ(session->Undo(), "");
+    EXPECT_EQ(ContentOf(engine), before);
+    EXPECT_EQ(Categories(), categories);
+    EXPECT_FALSE(session->History().CanUndo());
+
+    EXPECT_EQ(session->Redo(), "");
+    EXPECT_EQ(ContentOf(engine), after);
+    EXPECT_GT(Categories(), categories);
+}
+
+TEST_F(StoreSessionTest, AnImportOfWhichAFileFailsIsNoStepAndHoldsNoLaterOne) {
+    const StoreContent before = ContentOf(engine);
+
+    EXPECT_NE(session->Import({ORVO_SAMPLES "/friends.vcf", folder.Path("none.vcf")}).failure, "");
+
+    EXPECT_EQ(ContentOf(engine), before);
+    EXPECT_FALSE(session->History().CanUndo());
+
+    EXPECT_EQ(session->Import({ORVO_SAMPLES "/friends.vcf"}).failure, "");
+    EXPECT_EQ(session->Undo(), "");
+    EXPECT_EQ(ContentOf(engine), before);
+}
+
+TEST_F(StoreSessionTest, AChangeThatFailsLeavesNothingInTheStoreAndInTheTables) {
+    const StoreContent before = ContentOf(engine);
+    const int categories = Categories();
+
+    const std::string reason = session->Change("too much", [this]() -> long {
+        CAddressRecord record(session->Addresses());
+        EXPECT_EQ(session->Addresses().Add(record), 0);
+        EXPECT_EQ(session->Addresses().SetCustomLabel(1, "Birthday"), 0);
+        auto category = std::make_unique<CCategory>();
+        category->SetNameUtf8("Friends");
+        if (session->Addresses().GetCategoryManager()->Add(category.get()) == 0) {
+            static_cast<void>(category.release());
+        }
+        EXPECT_EQ(Categories(), 2);
+        return record.SetCategoryId(99);
+    });
+
+    EXPECT_NE(reason, "");
+    EXPECT_EQ(ContentOf(engine), before);
+    EXPECT_EQ(Categories(), categories);
+    EXPECT_EQ(session->Addresses().GetCustomLabel(1), "Custom 1");
+    EXPECT_FALSE(session->History().CanUndo());
+}
+
+}  // namespace orvo::desktop
