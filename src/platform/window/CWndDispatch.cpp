@@ -11,7 +11,7 @@ namespace orvo {
 using Kind = MessageMapEntry::Kind;
 
 const MessageMap& CWnd::ThisMap() {
-    static const MessageMap map{{}};
+    static const MessageMap map(std::initializer_list<MessageMapEntry>{});
     return map;
 }
 

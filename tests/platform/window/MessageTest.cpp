@@ -107,6 +107,13 @@ TEST_F(MessageTest, ASentMessageIsHandledAtOnceAndAPostedOneAfterItsHandlerHasLe
     EXPECT_THAT(log, testing::Contains("parent: second"));
 }
 
+TEST_F(MessageTest, AMessageThatNobodyHandlesGivesZero) {
+    for (const UINT message : {WM_NULL, WM_COPYDATA, UINT{WM_APP + 99}}) {
+        EXPECT_EQ(parent.SendMessage(message), 0) << message;
+    }
+    EXPECT_TRUE(log.empty());
+}
+
 TEST_F(MessageTest, MessagesThatHandlersPostAreHandledInTheSamePump) {
     parent.PostMessage(kFirst);
     child.PostMessage(kSecond);
