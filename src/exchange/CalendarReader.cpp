@@ -31,9 +31,10 @@ std::string Printable(std::string_view text) {
 }  // namespace
 
 CalendarReader::CalendarReader(CToDoTable& table, ImportReport& report,
-                               std::string_view fileCharset)
+                               std::string_view fileCharset, ProgressMeter& meter)
     : m_table(table),
       m_report(report),
+      m_meter(meter),
       m_categories(*table.GetCategoryManager()),
       m_fileCharset(fileCharset) {}
 
@@ -112,6 +113,7 @@ void CalendarReader::Finish() {
         EntryReader reader(waiting.source, waiting.number);
         Entry entry;
         if (reader.Next(entry)) Store(entry, dialect);
+        m_meter.Pass(waiting.source);
     }
     m_waiting.clear();
     m_zones.clear();

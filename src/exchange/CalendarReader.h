@@ -10,7 +10,7 @@
 #include <contracts/RecordStore.h>
 #include <exchange/CalendarClock.h>
 #include <exchange/EntryReader.h>
-#include <exchange/ImportFile.h>
+#include <exchange/ProgressMeter.h>
 #include <exchange/TableTexts.h>
 
 namespace orvo {
@@ -19,13 +19,16 @@ namespace orvo {
 // its version and its zones may stand after them. The text that was read must outlive it.
 class CalendarReader {
 public:
-    // `fileCharset` is the legacy set of the file, empty where it has none.
-    CalendarReader(CToDoTable& table, ImportReport& report, std::string_view fileCharset);
+    // `fileCharset` is the legacy set of the file, empty where it has none. The meter is told of
+    // the to-dos that are stored.
+    CalendarReader(CToDoTable& table, ImportReport& report, std::string_view fileCharset,
+                   ProgressMeter& meter);
 
     void Take(const Entry& entry);
     // Stores the to-dos that wait.
     // Fails:  ExchangeError where the store refuses to write.
     void Finish();
+    bool IsWaiting() const { return !m_waiting.empty(); }
 
 private:
     struct WaitingToDo {
@@ -39,6 +42,7 @@ private:
 
     CToDoTable& m_table;
     ImportReport& m_report;
+    ProgressMeter& m_meter;
     CategoryNames m_categories;
     std::string m_fileCharset;
     CalendarClock m_clock;

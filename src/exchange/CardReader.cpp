@@ -62,6 +62,7 @@ std::string_view CardReader::Store(const Entry& card) {
         throw ExchangeError(
             fmt::format("line {}: the card can't be stored: {}", card.number, m_table.LastError()));
     }
+    m_storedId = record.GetId();
     return {};
 }
 

@@ -22,6 +22,9 @@ public:
     // Fails: ExchangeError where the store refuses to write.
     std::string_view Store(const Entry& card);
 
+    // Of the record that was stored last.
+    std::int64_t StoredId() const { return m_storedId; }
+
 private:
     void TakeLabel(std::string_view text);
 
@@ -29,6 +32,7 @@ private:
     PhoneLabels m_labels;
     CategoryNames m_categories;
     std::string m_fileCharset;
+    std::int64_t m_storedId = 0;
     CardFields m_fields;  // kept for its memory
 };
 

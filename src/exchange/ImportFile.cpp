@@ -11,6 +11,7 @@
 #include <exchange/CalendarReader.h>
 #include <exchange/CardReader.h>
 #include <exchange/ImportFile.h>
+#include <exchange/ProgressMeter.h>
 #include <platform/text/Charset.h>
 
 namespace orvo {
@@ -38,21 +39,27 @@ std::string ReadWhole(const std::string& path) {
 
 }  // namespace
 
-ImportReport ImportFile(const std::string& path, CAddressTable& addresses, CToDoTable& toDos) {
+ImportReport ImportFile(const std::string& path, CAddressTable& addresses, CToDoTable& toDos,
+                        const ImportProgress& progress) {
     try {
-        return ImportBytes(ReadWhole(path), addresses, toDos);
+        return ImportBytes(ReadWhole(path), addresses, toDos, progress);
+    } catch (const ImportCancelled&) {
+        throw;
     } catch (const ExchangeError& error) {
         throw ExchangeError(fmt::format("{}: {}", path, error.what()));
     }
 }
 
-ImportReport ImportBytes(std::string_view bytes, CAddressTable& addresses, CToDoTable& toDos) {
+ImportReport ImportBytes(std::string_view bytes, CAddressTable& addresses, CToDoTable& toDos,
+                         const ImportProgress& progress) {
+    const std::size_t total = bytes.size();
     std::string decoded;
     if (DecodeMarked(bytes, decoded)) bytes = decoded;
     ImportReport report;
     const std::string_view charset = GuessFileCharset(bytes);
     CardReader cards(addresses, charset);
-    CalendarReader calendar(toDos, report, charset);
+    ProgressMeter meter(bytes, total, progress);
+    CalendarReader calendar(toDos, report, charset, meter);
     EntryReader reader(bytes);
     Entry entry;
     bool isKnown = false;
@@ -61,18 +68,24 @@ ImportReport ImportBytes(std::string_view bytes, CAddressTable& addresses, CToDo
             isKnown || entry.kind == EntryKind::Card || entry.kind == EntryKind::CalendarBegin;
         if (entry.kind == EntryKind::Card) {
             const std::string_view reason = cards.Store(entry);
-            if (reason.empty())
+            if (reason.empty()) {
                 ++report.addresses;
-            else
+                report.lastAddress = cards.StoredId();
+                if (report.firstAddress == 0) report.firstAddress = report.lastAddress;
+            } else {
                 report.skipped.push_back({entry.number, std::string(reason)});
+            }
         } else if (entry.kind == EntryKind::Stray) {
             report.skipped.push_back({entry.number, "the text is outside of any card or calendar"});
         } else {
             calendar.Take(entry);
         }
+        // To-dos that wait come to the store, and are told, later than what follows them.
+        if (!calendar.IsWaiting()) meter.Pass(entry.source);
     }
     if (!isKnown) throw ExchangeError("holds no card or calendar");
     calendar.Finish();
+    meter.Finish();
     std::stable_sort(report.skipped.begin(), report.skipped.end(),
                      [](const auto& a, const auto& b) { return a.line < b.line; });
     return report;

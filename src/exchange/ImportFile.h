@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <functional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -19,6 +21,16 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+// The import was ended by its progress function.
+class ImportCancelled : public ExchangeError {
+public:
+    ImportCancelled() : ExchangeError("the import was cancelled") {}
+};
+
+// Told, every few thousand bytes, how many of a file's bytes are in the store, and at the end that
+// all are. The numbers never fall. To give false ends the import.
+using ImportProgress = std::function<bool(std::size_t done, std::size_t total)>;
+
 // An entry of a file that was left out.
 struct SkippedEntry {
     std::size_t line;    // of the entry's first line, from 1
@@ -28,6 +40,10 @@ struct SkippedEntry {
 struct ImportReport {
     std::size_t addresses = 0;
     std::size_t toDos = 0;
+    // The ids of the first and the last address; both 0 where there is none. In a transaction all
+    // between them are of the file, too.
+    std::int64_t firstAddress = 0;
+    std::int64_t lastAddress = 0;
     std::vector<SkippedEntry> skipped;
 };
 
@@ -35,10 +51,12 @@ struct ImportReport {
 // name. Records get rising ids and placement positions in the file's order.
 // Requires: the caller has a transaction open if the import must be all or nothing.
 // Fails:    ExchangeError where the file can't be read, is no card or calendar file, or the store
-//           refuses to write.
-ImportReport ImportFile(const std::string& path, CAddressTable& addresses, CToDoTable& toDos);
+//           refuses to write; ImportCancelled where `progress` gives false.
+ImportReport ImportFile(const std::string& path, CAddressTable& addresses, CToDoTable& toDos,
+                        const ImportProgress& progress = nullptr);
 
 // The same for bytes that the caller has read.
-ImportReport ImportBytes(std::string_view bytes, CAddressTable& addresses, CToDoTable& toDos);
+ImportReport ImportBytes(std::string_view bytes, CAddressTable& addresses, CToDoTable& toDos,
+                         const ImportProgress& progress = nullptr);
 
 }  // namespace orvo
