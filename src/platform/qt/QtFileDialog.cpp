@@ -10,6 +10,7 @@
 
 #include <platform/qt/QtFileDialog.h>
 #include <platform/qt/QtFileDialogRow.h>
+#include <platform/qt/QtFileIcons.h>
 #include <platform/window/CFileDialog.h>
 #include <platform/window/WindowInput.h>
 
@@ -57,7 +58,12 @@ QString NameFilterOf(const FileFilter& filter) {
 
 }  // namespace
 
-class QtFileDialogPeer::Dialog : public QFileDialog {
+// Qt's dialog asks it until its own end.
+struct WithFileIcons {
+    QtFileIcons icons;
+};
+
+class QtFileDialogPeer::Dialog : private WithFileIcons, public QFileDialog {
 public:
     Dialog(QtInputState& input, QWidget* owner, const FileDialogSetup& setup)
         : QFileDialog(owner),
@@ -94,6 +100,7 @@ protected:
 
 private:
     void SetUp(const FileDialogSetup& setup) {
+        setIconProvider(&icons);
         setOption(HideNameFilterDetails);
         setOption(DontConfirmOverwrite, !setup.asksBeforeOverwriting);
         setAcceptMode(setup.opens ? AcceptOpen : AcceptSave);
