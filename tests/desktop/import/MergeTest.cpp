@@ -1,0 +1,182 @@
+// Merging two addresses loses nothing of either.
+// SPDX-License-Identifier: MIT
+#include <random>
+#include <set>
+
+#include <fmt/format.h>
+#include <gmock/gmock.h>
+
+#include <desktop/import/AddressRows.h>
+#include <desktop/import/Duplicates.h>
+#include <desktop/import/MergeAddresses.h>
+#include <exchange/ExportFile.h>
+#include <libraries/quire/MemoryEngine.h>
+
+namespace orvo::desktop {
+namespace {
+
+using testing::HasSubstr;
+using enum AddressField;
+
+class MergeTest : public testing::Test {
+protected:
+    // Imports a card with those lines, whose first line is 1.
+    std::unique_ptr<CAddressRecord> Imported(const std::string& lines) {
+        const ImportReport report =
+            ImportBytes("BEGIN:VCARD\r\nVERSION:3.0\r\n" + lines + "END:VCARD\r\n", table, toDos);
+        auto record = std::make_unique<CAddressRecord>(table);
+        EXPECT_EQ(table.Find(report.lastAddress, *record), 0);
+        return record;
+    }
+
+    static std::string NoteOf(const CAddressRecord& record) {
+        std::string note;
+        EXPECT_EQ(record.GetNoteUtf8(note), 0);
+        return note;
+    }
+
+    MemoryEngine engine;
+    CAddressTable table{engine};
+    CToDoTable toDos{engine};
+};
+
+// One of a few, so that both records often have the same or none.
+std::string OneOf(std::mt19937& random, std::initializer_list<const char*> texts) {
+    return texts.begin()[random() % texts.size()];
+}
+
+std::string RandomLines(std::mt19937& random) {
+    std::string lines = "N:Lee;Ann;;;\r\n";
+    const auto add = [&](const char* name, std::initializer_list<const char*> values) {
+        const std::string value = OneOf(random, values);
+        if (!value.empty()) lines += std::string(name) + ":" + value + "\r\n";
+    };
+    add("ORG", {"", "Mill", "Dale", "Mill;Flour"});
+    add("TITLE", {"", "Miller", "Baker"});
+    add("ADR", {"", ";;Hill 1;Ulm;;;", ";;Hill 1;;;89073;", ";;Dale 2;Bonn;;;Germany"});
+    add("CATEGORIES", {"", "Friends", "Work", "Work,Chess"});
+    add("CLASS", {"", "PRIVATE"});
+    add("NOTE", {"", "likes tea", "likes tea and chess", "of \xE6\x9D\xB1\xE4\xBA\xAC"});
+    add("X-ORVO-CUSTOM2", {"", "blue", "green"});
+    add("X-PHONETIC-LAST-NAME", {"", "Ri", "Rii"});
+    add("X-SPORT", {"", "chess", "go"});
+    add("BDAY", {"", "1990-01-01", "1990-01-02"});
+    add("UID", {"", "1", "2"});
+    for (std::size_t count = random() % 7; count > 0; --count) {
+        lines += fmt::format("TEL;TYPE={}:{}\r\n", OneOf(random, {"HOME", "WORK", "CELL"}),
+                             OneOf(random, {"030 1234567", "+49 30 1234567", "1111111", "2222222",
+                                            "3333333", "4444444", "5555555", "6666666"}));
+    }
+    return lines;
+}
+
+// The values of all TEL lines, of which a record has room for five.
+std::vector<std::string> NumbersOf(std::string_view lines) {
+    std::vector<std::string> numbers;
+    for (std::size_t at = 0; (at = lines.find("TEL", at)) != std::string::npos; ++at) {
+        const std::size_t begin = lines.find(':', at) + 1;
+        numbers.emplace_back(lines.substr(begin, lines.find("\r\n", begin) - begin));
+    }
+    return numbers;
+}
+
+std::string WithoutFolds(std::string card) {
+    for (std::size_t at = 0; (at = card.find("\r\n ", at)) != std::string::npos;) card.erase(at, 3);
+    return card;
+}
+
+}  // namespace
+
+TEST_F(MergeTest, AllThatEitherSaysIsSaidByTheMergedOne) {
+    std::mt19937 random(42);
+    for (int round = 0; round < 400; ++round) {
+        const std::string keptLines = RandomLines(random);
+        const std::string otherLines = RandomLines(random);
+        const auto kept = Imported(keptLines);
+        const auto other = Imported(otherLines);
+        std::multiset<std::string> texts;
+        const std::vector<std::string> numbers = NumbersOf(keptLines + otherLines);
+        for (const CAddressRecord* record : {kept.get(), other.get()}) {
+            for (int field = 1; field <= static_cast<int>(Custom4); ++field) {
+                const auto each = static_cast<AddressField>(field);
+                if (each >= Phone1 && each <= Phone5) continue;
+                texts.emplace(record->Utf8(each));
+            }
+            if (record->IsNote()) texts.insert(NoteOf(*record));
+            texts.insert(CategoryOf(*record));
+        }
+        const bool isPrivate = kept->IsPrivate() || other->IsPrivate();
+
+        ASSERT_EQ(MergeInto(*kept, *other), 0) << table.LastError();
+
+        CAddressRecord merged(table);
+        ASSERT_EQ(table.Find(kept->GetId(), merged), 0);
+        const std::string card = WithoutFolds(ExportCard(merged, table));
+        const std::string context = keptLines + "---\n" + otherLines + "---\n" + card;
+        std::string all = NoteOf(merged) + "\n" + CategoryOf(merged) + "\n";
+        for (int field = 1; field <= static_cast<int>(Custom4); ++field) {
+            all += std::string(merged.Utf8(static_cast<AddressField>(field))) + "\n";
+        }
+        for (const std::string& text : texts) EXPECT_THAT(all, HasSubstr(text)) << context;
+        for (const std::string& number : numbers) {
+            bool isThere = (all + card).find(number) != std::string::npos;
+            for (long slot = 1; slot <= kPhoneSlots; ++slot) {
+                isThere = isThere || IsSameContact(merged.Utf8(PhoneField(slot)), number);
+            }
+            EXPECT_TRUE(isThere) << number << "\n" << context;
+        }
+        EXPECT_EQ(merged.IsPrivate() != 0, isPrivate);
+        for (const std::string& lines : {keptLines, otherLines}) {
+            for (const char* const name : {"X-SPORT:", "BDAY:", "UID:", "ORG:Mill;Flour"}) {
+                const std::size_t at = lines.find(name);
+                if (at == std::string::npos) continue;
+                EXPECT_THAT(card,
+                            HasSubstr(lines.substr(at, lines.find("\r\n", at) - at) + "\r\n"));
+            }
+        }
+        CAddressRecord dropped(table);
+        ASSERT_EQ(table.Find(other->GetId(), dropped), 0);
+        EXPECT_TRUE(dropped.IsDeleted());
+        ASSERT_EQ(table.Delete(merged), 0);
+    }
+}
+
+TEST_F(MergeTest, AnAddressIsFilledOnlyAsAWhole) {
+    const auto kept = Imported("N:Lee\r\nADR:;;;Berlin;;;\r\n");
+    const auto other = Imported("N:Lee\r\nADR:;;Hill 1;Munich;;;\r\n");
+    ASSERT_EQ(MergeInto(*kept, *other), 0);
+    EXPECT_EQ(kept->Utf8(Address), "");
+    EXPECT_EQ(NoteOf(*kept), "Address: Hill 1\nCity: Munich");
+}
+
+TEST_F(MergeTest, NumbersFillFreeSlotsWithTheirLabelsThenGoIntoTheNote) {
+    const auto kept =
+        Imported("N:Lee\r\nTEL:1111111\r\nTEL:2222222\r\nTEL:3333333\r\nTEL:4444444\r\n");
+    const auto other =
+        Imported("N:Lee\r\nTEL;TYPE=WORK:5555555\r\nTEL:030 1111111\r\nTEL;TYPE=CELL:6666666\r\n");
+    ASSERT_EQ(MergeInto(*kept, *other), 0);
+    EXPECT_EQ(kept->Utf8(PhoneField(1)), "030 1111111");
+    EXPECT_EQ(kept->Utf8(PhoneField(5)), "5555555");
+    EXPECT_EQ(PhoneLabelOf(*kept, 5), "Work");
+    EXPECT_EQ(NoteOf(*kept), "Mobile: 6666666");
+}
+
+TEST_F(MergeTest, WordsAtANumberAreKept) {
+    const auto kept = Imported("N:Lee\r\nTEL:030 1234567 (only at night)\r\n");
+    const auto other = Imported("N:Lee\r\nTEL:+49 30 1234567\r\n");
+    ASSERT_EQ(MergeInto(*kept, *other), 0);
+    EXPECT_EQ(kept->Utf8(Phone1), "+49 30 1234567");
+    EXPECT_THAT(NoteOf(*kept), HasSubstr("030 1234567 (only at night)"));
+}
+
+TEST_F(MergeTest, EqualOnesBecomeOneWithoutANote) {
+    const std::string lines = "N:Lee;Ann;;;\r\nTEL:1111111\r\nCATEGORIES:Friends\r\nORG:Mill\r\n";
+    const auto kept = Imported(lines);
+    const auto other = Imported(lines);
+    const std::string card = ExportCard(*kept, table);
+    ASSERT_EQ(MergeInto(*kept, *other), 0);
+    EXPECT_EQ(NoteOf(*kept), "");
+    EXPECT_EQ(ExportCard(*kept, table), card);
+}
+
+}  // namespace orvo::desktop
