@@ -75,7 +75,9 @@ bool QtDrop::IsAnothers(const QWidget& widget) const {
 }
 
 bool QtDrop::FilesDragged(const QWidget& widget, QDropEvent& event) {
-    if (event.type() == QEvent::DragEnter) m_files = FilesOf(*event.mimeData());
+    // A program that ended in the middle of its drag has told nobody of that: what is dropped may
+    // be another's.
+    if (event.type() != QEvent::DragMove) m_files = FilesOf(*event.mimeData());
     COleDropTarget* target = COleDropTarget::FromWindow(m_window);
     if (!m_files || !target) return false;
     event.setDropAction(Qt::IgnoreAction);
