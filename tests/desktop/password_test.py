@@ -1,0 +1,109 @@
+#!/usr/bin/env python3
+# Guards private entries by a password: chosen in the options, asked for at the next start, and taken away again.
+# SPDX-License-Identifier: MIT
+import stat
+import sys
+import unittest
+
+from screen import TITLE, Home, Screen, until
+from views import is_open, opened
+
+SECRET, OPEN = "Xanadu", "Adams"
+PASSWORD, WRONG = "Kubla Khan", "Coleridge"
+
+
+class PasswordTest(unittest.TestCase):
+    def setUp(self):
+        self.home = self.enterContext(Home(sys.argv[2], sys.argv[1]))
+        self.screen = self.enterContext(Screen())
+        self.home.orvo("add", "--name", OPEN)
+        self.home.orvo("add", "--name", SECRET, "--private", "yes")
+
+    def dialog(self, *keys):
+        dialog = opened(self.screen, "a dialog", lambda: self.screen.keys(*keys))
+        until("it has the keys",
+              lambda: self.screen.xdotool("windowfocus", dialog, "getwindowfocus").split() == [dialog])
+        until("it is drawn", lambda: not self.screen.picture(dialog).is_blank())
+        return dialog
+
+    def close(self, dialog, *keys, back=TITLE):
+        self.screen.keys(*keys)
+        until("the dialog is gone", lambda: not is_open(self.screen, dialog))
+        self.screen.focus(back)
+
+    def shown(self):
+        """What a copy of all rows holds."""
+        self.screen.copy("")
+        self.screen.keys("ctrl+a", "ctrl+c")
+        until("something is copied", lambda: OPEN in self.screen.clipboard())
+        return self.screen.clipboard()
+
+    def switch_lock(self):
+        """Turns the password on or off in the options; the dialog that asks for it has the keys then."""
+        options = self.dialog("ctrl+comma")
+        self.screen.keys("ctrl+Tab", "Tab", "Tab", "space")
+        return options, self.dialog("Return")
+
+    def choose_password(self):
+        options, choice = self.switch_lock()
+        self.screen.type(PASSWORD)
+        self.screen.keys("Tab")
+        self.screen.type(PASSWORD)
+        self.screen.keys("Return")
+        until("both are gone", lambda: not is_open(self.screen, choice) and not is_open(self.screen, options))
+        self.screen.focus(TITLE)
+
+    def settings(self):
+        return self.home.folder / "config/orvo/settings.ini"
+
+    def test_private_entries_are_hidden_until_the_password_is_given(self):
+        with self.home.window(self.screen):
+            self.choose_password()
+            self.assertIn(SECRET, self.shown())
+        self.assertIn("$argon2id$", self.settings().read_text())
+        self.assertNotIn(PASSWORD, self.settings().read_text())
+        self.assertEqual(stat.S_IMODE(self.settings().stat().st_mode), 0o600)
+        with self.home.window(self.screen):
+            self.assertNotIn(SECRET, self.shown())
+            question = self.dialog("ctrl+l")
+            self.screen.after("the wrong one is told", lambda: (self.screen.type(WRONG), self.screen.keys("Return")))
+            self.assertTrue(is_open(self.screen, question))
+            self.close(question, "Escape")
+            self.assertNotIn(SECRET, self.shown())
+            question = self.dialog("ctrl+l")
+            self.screen.type(PASSWORD)
+            self.close(question, "Return")
+            self.assertIn(SECRET, self.shown())
+            self.screen.keys("ctrl+l")
+            self.assertNotIn(SECRET, self.shown())
+        self.assertRegex(self.home.orvo("options"), r"showing-private +yes")
+
+    def test_only_who_knows_the_password_takes_it_away(self):
+        with self.home.window(self.screen):
+            self.choose_password()
+        with self.home.window(self.screen):
+            options, question = self.switch_lock()
+            self.close(question, "Escape", back="Options")
+            self.close(options, "Escape")
+            self.assertNotIn(SECRET, self.shown())
+            options, question = self.switch_lock()
+            self.screen.type(PASSWORD)
+            self.screen.keys("Return")
+            until("both are gone", lambda: not is_open(self.screen, question) and not is_open(self.screen, options))
+            self.screen.focus(TITLE)
+            self.assertIn(SECRET, self.shown())
+        self.assertNotIn("argon2", self.settings().read_text())
+
+    def test_what_is_rendered_without_a_window_is_locked_too(self):
+        def rendered():
+            file = self.home.folder / "list.pdf"
+            self.home.desktop("--pdf", str(file)).check_returncode()
+            return file.stat().st_size
+        before = rendered()
+        with self.home.window(self.screen):
+            self.choose_password()
+        self.assertLess(rendered(), before)
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])
