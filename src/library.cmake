@@ -23,3 +23,15 @@ target_link_libraries(orvoshare
     PRIVATE $<BUILD_INTERFACE:orvo_flags> $<BUILD_INTERFACE:ICU::i18n> $<BUILD_INTERFACE:ICU::uc>
             $<BUILD_INTERFACE:SQLite::SQLite3> $<BUILD_INTERFACE:fmt::fmt>
             $<BUILD_INTERFACE:PkgConfig::sdbus>)
+
+# liborvoshareqt: real windows for a program that embeds the library. Its objects ask for nothing but what liborvoshare
+# shows, which the linker sees to.
+if(ORVO_DESKTOP)
+    add_library(orvoshareqt SHARED $<TARGET_OBJECTS:orvo_platform_qt>)
+    set_target_properties(orvoshareqt PROPERTIES VERSION ${PROJECT_VERSION}
+                                                 SOVERSION ${PROJECT_VERSION_MAJOR})
+    target_link_options(orvoshareqt PRIVATE "LINKER:--no-undefined")
+    target_link_libraries(orvoshareqt
+        PUBLIC orvoshare Qt6::Widgets
+        PRIVATE $<BUILD_INTERFACE:orvo_flags> $<BUILD_INTERFACE:Qt6::Multimedia>)
+endif()
