@@ -138,6 +138,7 @@ protected:
     int m_bMaskPrivate = 0;
 
 private:
+    CString ColumnName(int column) override;
     COrvoLVColumn* FindColumn(int nId);
     int IndexFromId(int nId) const;
     void ShowSortMark(int nId);

@@ -15,6 +15,11 @@ COrvoLVColumn* COrvoUIListViewCtrl::FindColumn(int nId) {
     return found == m_aColumns.end() ? nullptr : &*found;
 }
 
+CString COrvoUIListViewCtrl::ColumnName(int column) {
+    const COrvoLVColumn* found = FindColumn(SubItemFromIndex(column));
+    return found ? found->strName : CString();
+}
+
 int COrvoUIListViewCtrl::IndexFromId(int nId) const {
     const auto found = std::find(m_shownIds.begin(), m_shownIds.end(), nId);
     return found == m_shownIds.end() ? -1 : static_cast<int>(found - m_shownIds.begin());

@@ -118,6 +118,13 @@ TodoCell CTodoListbox::GetCell(CToDoRecord* record, int nId, bool isSelected) {
     return cell;
 }
 
+std::optional<bool> CTodoListbox::IsChecked(int row, int column) {
+    const CToDoRecord* record = RecordAt(row);
+    const bool isBox = SubItemFromIndex(column) == TodoColumn::Completed;
+    if (!isBox || !record || IsRowMasked(GetItemData(row))) return std::nullopt;
+    return record->IsCompleted() != 0;
+}
+
 void CTodoListbox::StrikeOutEntry(CToDoRecord* record, CRect& rect, int animate) {
     if (!GetSafeHwnd()) return;
     CString text = Description(*record);

@@ -164,6 +164,7 @@ protected:
     void OnCategoryChange(UINT command);
 
 private:
+    std::optional<bool> IsChecked(int row, int column) override;
     CToDoRecord* RecordAt(int row) const;
     void RemoveRow(int row);  // and frees its record
     int RemoveFiltered(int row);

@@ -34,7 +34,7 @@ QVariant QtListModel::data(const QModelIndex& index, int role) const {
         case Qt::SizeHintRole:
             return QSize(0, m_peer->RowHeight());
         case Qt::DisplayRole:
-            return ToQt(m_peer->ShownText(index.row(), index.column()).View());
+            return m_peer->SpokenCell(index.row(), index.column());
         default:
             return {};
     }

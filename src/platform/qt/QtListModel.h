@@ -18,7 +18,8 @@ class QtListModel : public QAbstractTableModel {
 public:
     QtListModel(QtListPeer& peer, QObject* parent) : QAbstractTableModel(parent), m_peer(&peer) {}
 
-    void LosePeer() { m_peer = nullptr; }  // no row is left
+    QtListPeer* Peer() const { return m_peer; }  // null once the list is gone
+    void LosePeer() { m_peer = nullptr; }        // no row is left
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;

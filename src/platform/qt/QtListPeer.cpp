@@ -9,11 +9,10 @@
 #include <QStackedWidget>
 #include <algorithm>
 
-#include <platform/qt/QtCanvas.h>
+#include <platform/qt/QtListAccess.h>
 #include <platform/qt/QtListModel.h>
 #include <platform/qt/QtListPeer.h>
 #include <platform/qt/QtListViews.h>
-#include <platform/window/CDC.h>
 
 namespace orvo {
 
@@ -49,27 +48,6 @@ public:
 
 }  // namespace
 
-namespace {
-
-// Finds the text at a point that is drawn with an ellipsis in place of its end.
-class CutTextCanvas : public QtCanvas {
-public:
-    explicit CutTextCanvas(CPoint point) : QtCanvas(nullptr), m_point(point) {}
-
-    const CString& Found() const { return m_found; }
-
-    void DrawText(std::string_view text, const CRect& rect, const TextLook& look) override {
-        const bool mayBeCut = (look.format & DT_END_ELLIPSIS) != 0 && rect.PtInRect(m_point);
-        if (mayBeCut && TextExtent(text, look.font).cx > rect.Width()) m_found = CString(text);
-    }
-
-private:
-    CPoint m_point;
-    CString m_found;
-};
-
-}  // namespace
-
 class QtListPeer::Frame : public QStackedWidget {
 public:
     Frame(QtInputState& input, QWidget* parent)
@@ -97,9 +75,11 @@ QtListPeer::QtListPeer(Frame& frame, const PeerPlace& place)
     m_report = new QtReportView(*frame.Link(), *m_model, Metrics().headingHeight);
     m_icons = new QtIconView(*frame.Link(), *m_model);
     m_icons->setSelectionModel(m_report->selectionModel());
+    m_teller = new QtListTeller(*this, m_model);
     for (auto* view :
          {static_cast<QAbstractItemView*>(m_report), static_cast<QAbstractItemView*>(m_icons)}) {
         if ((place.style & WS_BORDER) != 0) view->setFrameShape(QFrame::StyledPanel);
+        view->installEventFilter(m_teller);
     }
     frame.addWidget(m_report);
     frame.addWidget(m_icons);
@@ -113,6 +93,7 @@ QtListPeer::~QtListPeer() {
     if (!m_model) return;
     if (m_report) QObject::disconnect(m_report->header(), nullptr, m_model, nullptr);
     m_model->LosePeer();
+    delete m_teller;
 }
 
 void QtListPeer::ConnectHeader() {
@@ -214,6 +195,12 @@ void QtListPeer::DeleteAllRows() {
 void QtListPeer::Reorder(const std::vector<std::uint32_t>& order) {
     RowListPeer::Reorder(order);
     ShowFocus();
+    if (m_teller && View()) m_teller->RowsMoved(*View());
+}
+
+void QtListPeer::InvalidateRows(int first, int last) {
+    RowListPeer::InvalidateRows(first, last);
+    if (m_teller) m_teller->Later();
 }
 
 bool QtListPeer::TellsQt() const {
@@ -314,24 +301,16 @@ void QtListPeer::TakeFocus() {
     if (View()) View()->setFocus();
 }
 
-CString QtListPeer::ShownText(int row, int column) const {
-    return Client() ? Client()->CellText(row, column) : CString();
-}
-
 CString QtListPeer::ShownTip(CPoint point) const {
     const int row = HitTest(point).row;
     return Client() && row >= 0 ? Client()->InfoTip(row) : CString();
 }
 
-// Only the window knows what it shows in a cell: it draws the row once more.
 CString QtListPeer::CutText(CPoint point) const {
     const int row = HitTest(point).row;
     CRect bounds;
     if (!Client() || !RowRect(row, RowPart::Bounds, bounds)) return {};
-    CutTextCanvas canvas(point);
-    CDC dc(canvas);
-    Client()->DrawRow(dc, row, bounds);
-    return canvas.Found();
+    return CutTextAt(*Client(), row, bounds, point);
 }
 
 CRect QtListPeer::PlaceInView(int row) const {

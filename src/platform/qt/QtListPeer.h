@@ -2,9 +2,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QString>
 #include <memory>
+#include <optional>
 
 #include <platform/qt/QtPeer.h>
+#include <platform/qt/QtRowParts.h>
 #include <platform/window/RowListPeer.h>
 
 class QAbstractItemView;
@@ -14,6 +17,7 @@ namespace orvo {
 
 class QtIconView;
 class QtListModel;
+class QtListTeller;
 class QtReportView;
 
 // Rows, selection and focus are RowListPeer's; Qt knows only how many rows there are and which has
@@ -28,6 +32,7 @@ public:
     bool DeleteRow(int row) override;
     void DeleteAllRows() override;
     void Reorder(const std::vector<std::uint32_t>& order) override;
+    void InvalidateRows(int first, int last) override;
     bool SetFocusRow(int row) override;
     int InsertColumn(int column, const ListColumn& content) override;
     bool DeleteColumn(int column) override;
@@ -44,13 +49,23 @@ public:
 
     // What the model asks.
     int RowHeight() const { return Metrics().rowHeight; }
-    CString ShownText(int row, int column) const;
     CString ShownTip(CPoint point) const;
     CString CutText(CPoint point) const;  // of a cell whose end isn't seen
     CRect PlaceInView(int row) const;     // in coordinates of the view's ground, as those below
     int RowInView(CPoint point) const;
     using RowListPeer::LastLine;
     using RowListPeer::LinesPerPage;
+
+    // What assistive technology is told: what is seen in a row or a cell, in which a picture has
+    // its column's name, and whether the cell is a box that is checked.
+    QString SpokenRow(int row) const;
+    QString SpokenCell(int row, int column) const;
+    QString SpokenColumn(int column) const;
+    std::optional<bool> CellCheck(int row, int column) const;
+    QAbstractItemView* ShownView() const { return View(); }  // null once the widget is gone
+
+    // The list's name, and that of a row in which nothing can be read.
+    void SetSpokenNames(const QString& list, const QString& bareRow);
 
 protected:
     CRect RowsArea() const override;
@@ -66,6 +81,8 @@ private:
 
     QAbstractItemView* View() const;  // null once the widget is gone
     void ConnectHeader();
+    RowParts Parts(int row) const;
+    QString TextOfCell(const RowParts& parts, int row, int column) const;
     bool TellsQt() const;
     void TellBatch();
     void ShowView();
@@ -78,6 +95,8 @@ private:
     QPointer<QtReportView> m_report;
     QPointer<QtIconView> m_icons;
     QPointer<QtListModel> m_model;
+    QPointer<QtListTeller> m_teller;
+    QString m_bareRow;
     bool m_isShowingColumns = false;
     bool m_isBatch = false;       // drawing is off
     bool m_batchHasRows = false;  // rows have come or gone in the batch

@@ -18,12 +18,14 @@ public:
     QtReportView(QtWindowLink& link, QtListModel& model, int headingHeight);
 
     QtHeading& Heading() const { return m_heading; }
+    QtListModel& Model() const { return m_model; }
     void LayOut() { executeDelayedItemsLayout(); }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
     bool viewportEvent(QEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
+    void currentChanged(const QModelIndex&, const QModelIndex&) override {}  // QtListTeller tells
 
 private:
     QtWindowLink& m_link;
@@ -37,6 +39,7 @@ class QtIconView : public QListView {
 public:
     QtIconView(QtWindowLink& link, QtListModel& model);
 
+    QtListModel& Model() const { return m_model; }
     QScrollBar& LineBar() const;
     void LayOut() { updateGeometries(); }
 
@@ -49,6 +52,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void updateGeometries() override;
     void scrollContentsBy(int dx, int dy) override;
+    void currentChanged(const QModelIndex&, const QModelIndex&) override {}  // QtListTeller tells
     bool viewportEvent(QEvent* event) override;
 
 private:

@@ -11,6 +11,7 @@
 #include <platform/qt/QtEditPeer.h>
 #include <platform/qt/QtFileDialog.h>
 #include <platform/qt/QtKeys.h>
+#include <platform/qt/QtListAccess.h>
 #include <platform/qt/QtListPeer.h>
 #include <platform/qt/QtWindowPeer.h>
 #include <platform/qt/QtWindowSystem.h>
@@ -71,6 +72,7 @@ QWidget* OwnerWidget(const CWnd* owner) {
 }  // namespace
 
 QtWindowSystem::QtWindowSystem() {
+    TellOfLists();
     m_wakeUp.setSingleShot(true);
     QObject::connect(&m_wakeUp, &QTimer::timeout, &m_wakeUp, [] { PumpMessages(); });
 }
@@ -83,6 +85,10 @@ QtWindowSystem::~QtWindowSystem() {
 QWidget* QtWindowSystem::WidgetOf(const CWnd* window) {
     const auto* peer = window ? dynamic_cast<QtWidgetState*>(window->GetPeer()) : nullptr;
     return peer ? peer->Widget() : nullptr;
+}
+
+void QtWindowSystem::NameList(const CWnd& list, const QString& name, const QString& bareRow) {
+    if (auto* peer = dynamic_cast<QtListPeer*>(list.GetPeer())) peer->SetSpokenNames(name, bareRow);
 }
 
 std::unique_ptr<WindowPeer> QtWindowSystem::MakeWindowPeer(const PeerPlace& place) {

@@ -6,6 +6,7 @@
 #include <QWidget>
 #include <memory>
 
+#include <platform/Export.h>
 #include <platform/qt/QtSound.h>
 #include <platform/qt/QtTimers.h>
 #include <platform/qt/QtWindowLink.h>
@@ -15,7 +16,7 @@ namespace orvo {
 
 // The QApplication is made before it and goes after it. Posted messages are handled by Qt's event
 // loop. Places are in Qt's device-independent pixels.
-class QtWindowSystem : public WindowSystem {
+class ORVO_API QtWindowSystem : public WindowSystem {
 public:
     QtWindowSystem();
     ~QtWindowSystem() override;
@@ -25,6 +26,10 @@ public:
     // The widget behind a window, for a host that puts it into a layout of its own; null where the
     // window isn't there, or isn't on the screen.
     static QWidget* WidgetOf(const CWnd* window);
+
+    // What assistive technology calls a list, and in it a row in which nothing can be read. A
+    // window that is no list is left alone.
+    static void NameList(const CWnd& list, const QString& name, const QString& bareRow);
 
     std::unique_ptr<WindowPeer> MakeWindowPeer(const PeerPlace& place) override;
     std::unique_ptr<ListPeer> MakeListPeer(const PeerPlace& place) override;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include <platform/window/ListMessages.h>
@@ -28,6 +29,11 @@ public:
     virtual void StateChanged(int row, UINT oldState, UINT newState) = 0;
 
     virtual void HeadingClicked(int column) = 0;
+
+    // For those who don't see: the name of a column whose heading is a picture, and whether the box
+    // in a cell is checked; null where the cell is none.
+    virtual CString ColumnName(int) { return {}; }
+    virtual std::optional<bool> IsChecked(int, int) { return std::nullopt; }
 };
 
 enum class ListMode { Icon = 0, Report = 1, SmallIcon = 2, List = 3, Card = 4 };

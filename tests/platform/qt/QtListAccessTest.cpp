@@ -1,0 +1,136 @@
+// What assistive technology is told of a list: its parts, their places and states.
+// SPDX-License-Identifier: MIT
+#include <QAccessible>
+#include <QApplication>
+#include <QListView>
+#include <QTreeView>
+#include <array>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <gmock/gmock.h>
+
+#include <platform/qt/QtFixture.h>
+#include <platform/window/CListCtrl.h>
+
+namespace orvo {
+
+namespace {
+
+using testing::ElementsAre;
+
+class QtListAccess : public QtWindowFixture {
+protected:
+    void SetUp() override {
+        QtWindowFixture::SetUp();
+        list.Create(LVS_REPORT, {0, 0, 400, 200}, &parent, 1);
+        list.InsertColumn(0, "Name", LVCFMT_LEFT, 100);
+        list.InsertColumn(1, "City", LVCFMT_LEFT, 80);
+        constexpr std::array kRows{std::pair{"Lee", "Boston"}, std::pair{"Ito", "Tokyo"},
+                                   std::pair{"", ""}};
+        for (int row = 0; row < static_cast<int>(kRows.size()); ++row) {
+            const auto& [name, city] = kRows.at(static_cast<std::size_t>(row));
+            list.InsertItem(row, name);
+            list.SetItemText(row, 1, city);
+        }
+        QtWindowSystem::NameList(list, "People", "Private");
+        list.SetFocus();
+    }
+
+    void TearDown() override { QApplication::setLayoutDirection(Qt::LeftToRight); }
+
+    QAccessibleInterface& Access() const {
+        return *QAccessible::queryAccessibleInterface(Widget(list).findChild<QTreeView*>());
+    }
+
+    static std::vector<std::string> Names(const QAccessibleInterface& of) {
+        std::vector<std::string> names;
+        names.reserve(static_cast<std::size_t>(of.childCount()));
+        for (int child = 0; child < of.childCount(); ++child) {
+            names.push_back(of.child(child)->text(QAccessible::Name).toStdString());
+        }
+        return names;
+    }
+
+    CListCtrl list;
+};
+
+TEST_F(QtListAccess, HeadingsComeBeforeRowsAndCellsAreInsideOfRows) {
+    EXPECT_EQ(Access().text(QAccessible::Name), "People");
+    EXPECT_THAT(Names(Access()),
+                ElementsAre("Name", "City", "Lee, Boston", "Ito, Tokyo", "Private"));
+    const QAccessibleInterface& row = *Access().child(3);
+    EXPECT_THAT(Names(row), ElementsAre("Ito", "Tokyo"));
+    EXPECT_EQ(Access().indexOfChild(&row), 3);
+    EXPECT_EQ(row.child(1)->parent(), &row);
+    EXPECT_EQ(row.role(), QAccessible::Row);
+}
+
+TEST_F(QtListAccess, APartIsFoundWhereItIsSeen) {
+    const std::array<int, 2> order{1, 0};
+    list.SetColumnOrderArray(2, order.data());
+    QAccessibleInterface& row = *Access().child(2);
+    EXPECT_THAT(Names(row), ElementsAre("Boston", "Lee"));
+    for (int place = 0; place < 2; ++place) {
+        const QRect cell = row.child(place)->rect();
+        EXPECT_EQ(Access().childAt(cell.center().x(), cell.center().y()), &row);
+        EXPECT_EQ(row.childAt(cell.center().x(), cell.center().y()), row.child(place));
+        EXPECT_EQ(Access().child(place)->rect().left(), cell.left());
+    }
+}
+
+TEST_F(QtListAccess, TheRowThatTheUserHasBeforeHimIsKnown) {
+    Press(Qt::Key_Down);
+    Press(Qt::Key_Down);
+
+    EXPECT_EQ(Access().focusChild(), Access().child(3));
+    for (int row = 0; row < 3; ++row) {
+        const QAccessible::State state = Access().child(2 + row)->state();
+        EXPECT_EQ(state.selected != 0, row == 1);
+        EXPECT_EQ(state.focused != 0, row == 1);
+    }
+}
+
+TEST_F(QtListAccess, RowsThatAreNoMoreAreNotTold) {
+    const QAccessible::Id last = QAccessible::uniqueId(Access().child(4));
+    EXPECT_TRUE(QAccessible::accessibleInterface(last)->isValid());
+
+    list.DeleteItem(0);
+
+    const QAccessibleInterface* gone = QAccessible::accessibleInterface(last);
+    EXPECT_FALSE(gone && gone->isValid());
+    EXPECT_THAT(Names(Access()), ElementsAre("Name", "City", "Ito, Tokyo", "Private"));
+    EXPECT_EQ(Access().child(4), nullptr);
+}
+
+TEST_F(QtListAccess, OfTwoViewsOnlyTheOneThatIsShownHasRows) {
+    list.SetView(LVS_ICON);
+    QAccessibleInterface& icons =
+        *QAccessible::queryAccessibleInterface(Widget(list).findChild<QListView*>());
+
+    EXPECT_EQ(Access().childCount(), 0);
+    EXPECT_THAT(Names(icons), ElementsAre("Lee", "Ito", "Private"));
+    EXPECT_EQ(icons.child(1)->childCount(), 0);
+}
+
+TEST_F(QtListAccess, InARightToLeftProgramAClickReachesTheCellThatIsSeenThere) {
+    QApplication::setLayoutDirection(Qt::RightToLeft);
+    QCoreApplication::processEvents();
+    QAccessibleInterface& row = *Access().child(3);
+    for (int column = 0; column < 2; ++column) {
+        const QRect cell = row.child(column)->rect();
+        EXPECT_EQ(Access().child(column)->rect().left(), cell.left()) << "below its heading";
+        const CPoint point = FromQt(Widget(list).mapFromGlobal(cell.center()));
+        LVHITTESTINFO hit;
+        hit.pt = point;
+        list.SubItemHitTest(&hit);
+        EXPECT_EQ(hit.iSubItem, column);
+        Click(list, point);
+        EXPECT_EQ(list.GetNextItem(-1, LVNI_SELECTED), 1);
+    }
+}
+
+}  // namespace
+
+}  // namespace orvo
