@@ -67,6 +67,7 @@ std::optional<CommandLine> ReadCommandLine(int count, char** arguments) {
         ->transform(CLI::CheckedTransformer(kColoursByName).description(""));
     app.add_option("--picture", line.picture,
                    "Render the window into this file, such as window.png, and end");
+    app.add_option("--pdf", line.pdf, "Print what the view shows into this PDF file, and end");
     app.add_option("FILE", line.files, "Card and calendar files to import");
     app.set_version_flag("--version", "orvo-desktop " ORVO_VERSION);
     try {

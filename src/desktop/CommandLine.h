@@ -20,11 +20,15 @@ struct CommandLine {
     std::string locale;
     unsigned codePage = 0;
     std::string now;
-    std::string picture;  // empty where a window is shown
+    std::string picture;  // a file to render the window into
+    std::string pdf;      // a file to print the view into
     std::optional<ViewKind> view;
     std::optional<QSize> size;
     Colours colours = Colours::Desktop;
     std::vector<std::string> files;  // to import
+
+    // Files are written, and no window is shown.
+    bool IsOffScreen() const { return !picture.empty() || !pdf.empty(); }
 };
 
 // What is wrong with the command line, in one line.

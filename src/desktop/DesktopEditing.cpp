@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <QApplication>
 #include <QClipboard>
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QStatusBar>
@@ -13,6 +15,7 @@
 #include <desktop/forms/AddressForm.h>
 #include <desktop/forms/CategoryChoice.h>
 #include <desktop/forms/ToDoForm.h>
+#include <platform/qt/QtWindowSystem.h>
 
 namespace orvo::desktop {
 
@@ -125,6 +128,17 @@ void DesktopWindow::CopySelected() {
     QApplication::clipboard()->setMimeData(EntriesAsMimeData(records).release());
 }
 
+// A press on a to-do begins to edit it in place, so that only addresses can be dragged.
+std::unique_ptr<QMimeData> DesktopWindow::DraggedFrom(QPoint place) {
+    if (m_frame.IsShowingToDos()) return nullptr;
+    const auto* rows = dynamic_cast<const ListPeer*>(m_frame.ShownWindow().GetPeer());
+    const QPoint point = QtWindowSystem::WidgetOf(&m_frame.ShownWindow())->mapFromGlobal(place);
+    const int row = rows ? rows->HitTest({point.x(), point.y()}).row : -1;
+    if (row < 0 || !rows->IsSelected(row)) return nullptr;
+    const std::vector<CBaseRecord*> records = m_frame.SelectedRecords();
+    return records.empty() ? nullptr : EntriesAsMimeData(records);
+}
+
 void DesktopWindow::SelectAll() {
     auto* rows = dynamic_cast<ListPeer*>(m_frame.ShownWindow().GetPeer());
     if (!rows || rows->RowCount() == 0) return;
@@ -151,6 +165,39 @@ void DesktopWindow::ShowSteps() {
                                       : Text("&Undo"));
     m_redo->setText(history.CanRedo() ? Text("&Redo: %1").arg(escaped(history.RedoName()))
                                       : Text("&Redo"));
+}
+
+// Qt asks at the menu key only.
+void DesktopWindow::AskForMenu() {
+    QWidget* focus = QApplication::focusWidget();
+    if (!focus) return;
+    const QPoint place = focus->rect().center();
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, place, focus->mapToGlobal(place));
+    QApplication::sendEvent(focus, &event);
+}
+
+// By a key it comes from what has the focus, by the mouse from what is below it.
+void DesktopWindow::contextMenuEvent(QContextMenuEvent* event) {
+    const QWidget* view = QtWindowSystem::WidgetOf(&m_frame.ShownWindow());
+    const bool isByMouse = event->reason() == QContextMenuEvent::Mouse;
+    const QWidget* asked = isByMouse ? childAt(event->pos()) : QApplication::focusWidget();
+    if (!view || !view->isAncestorOf(asked)) return;
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (QAction* action : m_selectionActions) menu->addAction(action);
+    menu->popup(isByMouse ? event->globalPos() : MenuPlace());
+}
+
+// Below the row that has the focus, or in the middle where that isn't in view.
+QPoint DesktopWindow::MenuPlace() {
+    const auto* rows = dynamic_cast<const ListPeer*>(m_frame.ShownWindow().GetPeer());
+    const QWidget* view = QtWindowSystem::WidgetOf(&m_frame.ShownWindow());
+    if (!rows || !view) return pos();
+    CRect row;
+    const bool isFocused = rows->RowRect(rows->FocusRow(), RowPart::Label, row);
+    const QPoint below(row.left, row.bottom);
+    const QPoint seen = isFocused && view->rect().contains(below) ? below : view->rect().center();
+    return view->mapToGlobal(seen);
 }
 
 void DesktopWindow::OpenTrash() {

@@ -4,10 +4,13 @@
 #include <QMessageBox>
 #include <QStatusBar>
 #include <unordered_set>
+#include <utility>
 
 #include <desktop/DesktopWindow.h>
 #include <desktop/Problems.h>
 #include <desktop/Texts.h>
+#include <desktop/import/ImportProgress.h>
+#include <desktop/import/ImportReportDialog.h>
 #include <exchange/ExportFile.h>
 #include <orvoshare/integration/ExportFileDialog.h>
 #include <orvoshare/integration/ImportFileDialog.h>
@@ -48,7 +51,29 @@ void DesktopWindow::ImportLater(const std::vector<std::string>& files) {
 }
 
 void DesktopWindow::Import(const std::vector<std::string>& files) {
-    const ImportResult result = m_session.Import(files);
+    if (m_isImporting) {
+        m_filesToImport.insert(m_filesToImport.end(), files.begin(), files.end());
+        return;
+    }
+    m_isImporting = true;
+    {
+        // What becomes of duplicates is taken back with the import.
+        const EditHistory::Step step(m_session.History(), Text("Import").toStdString());
+        const ImportResult result = RunImport(this, files, [&](const FileProgress& progress) {
+            return m_session.Import(files, progress);
+        });
+        ShowImported(result);
+        OfferDuplicates(result);
+    }
+    m_isImporting = false;
+    if (!m_filesToImport.empty()) m_importTimer.start(0);
+}
+
+void DesktopWindow::ShowImported(const ImportResult& result) {
+    if (result.isCancelled) {
+        statusBar()->showMessage(Text("Nothing was imported."), kMessageTime);
+        return;
+    }
     if (!result.failure.empty()) {
         TellRefusal(Text("Nothing was imported.") + "\n\n" + FromUtf8(result.failure));
         return;
@@ -59,11 +84,37 @@ void DesktopWindow::Import(const std::vector<std::string>& files) {
                              .arg(Count(result.addresses), Count(result.toDos));
     statusBar()->showMessage(told, kMessageTime);
     if (result.skipped.empty()) return;
-    for (const std::string& entry : result.skipped) PrintProblem(entry);
-    QMessageBox::information(this, windowTitle(),
-                             told + "\n\n" +
-                                 Text("%1 entries were left out:").arg(result.skipped.size()) +
-                                 Lines(result.skipped));
+    for (const SkippedLine& entry : result.skipped) PrintProblem(TextOf(entry));
+    ShowImportReport(this, told, result.skipped);
+}
+
+void DesktopWindow::OfferDuplicates(const ImportResult& result) {
+    if (result.firstAddress == 0) return;
+    const std::vector<DuplicatePair> pairs =
+        FindDuplicates(m_session.Addresses(), PrivacyOf(m_options) == Privacy::Show,
+                       {result.firstAddress, result.lastAddress});
+    if (pairs.empty() || !AskToReview(this, pairs.size())) return;
+    ReviewDuplicates(pairs, DuplicateOrigin::Import);
+}
+
+void DesktopWindow::FindAllDuplicates() {
+    const std::vector<DuplicatePair> pairs =
+        FindDuplicates(m_session.Addresses(), PrivacyOf(m_options) == Privacy::Show);
+    if (pairs.empty()) {
+        QMessageBox::information(this, windowTitle(), Text("No duplicates were found."));
+        return;
+    }
+    ReviewDuplicates(pairs, DuplicateOrigin::Store);
+}
+
+void DesktopWindow::ReviewDuplicates(const std::vector<DuplicatePair>& pairs,
+                                     DuplicateOrigin origin) {
+    const auto change = [this](const std::string& name, const std::function<long()>& run) {
+        return m_session.Change(name, run);
+    };
+    if (!ShowDuplicates(this, m_session.Addresses(), pairs, origin, change)) return;
+    FillCategoryBox();
+    m_frame.Refill();
 }
 
 void DesktopWindow::ChooseFileToExport() {

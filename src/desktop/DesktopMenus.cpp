@@ -1,32 +1,46 @@
 // The menus of the main window.
 // SPDX-License-Identifier: MIT
 #include <QMenuBar>
+#include <QShortcut>
 #include <algorithm>
 
 #include <desktop/DesktopWindow.h>
 #include <desktop/Mail.h>
+#include <desktop/PrintCommands.h>
 #include <desktop/Texts.h>
+#include <desktop/plugins/PluginMenu.h>
 #include <platform/qt/QtConvert.h>
 
 namespace orvo::desktop {
 
 void DesktopWindow::MakeMenus() {
     QMenu& file = *menuBar()->addMenu(Text("&File"));
+    SetLocator(*file.menuAction(), ORVO_MENU_FILE);
     AddCommand(file, Text("New &address..."), "Ctrl+N", [this] { NewAddress(); });
     AddCommand(file, Text("New &to-do..."), "Ctrl+Shift+N", [this] { NewToDo(); });
     file.addSeparator();
     AddCommand(file, Text("&Import..."), "Ctrl+I", [this] { ChooseFileToImport(); });
     AddCommand(file, Text("&Export..."), "Ctrl+Shift+E", [this] { ChooseFileToExport(); });
     file.addSeparator();
+    AddCommand(file, Text("&Print..."), "Ctrl+P", [this] { PrintView(*this, m_frame); });
+    AddCommand(file, Text("Print pre&view..."), "", [this] { PreviewView(*this, m_frame); });
+    AddCommand(file, Text("Save as P&DF..."), "", [this] { SaveViewAsPdf(*this, m_frame); });
+    AddCommand(file, Text("Page set&up..."), "", [this] { SetUpPages(*this); });
+    file.addSeparator();
+    AddCommand(file, Text("&Categories and labels..."), "", [this] { OpenNames(); });
+    AddCommand(file, Text("&Options..."), "Ctrl+,", [this] { OpenOptions(); });
+    file.addSeparator();
     AddCommand(file, Text("&Quit"), "Ctrl+Q", [this] { close(); });
     MakeEditMenu();
     MakeViewMenu();
     MakeAddressMenu();
     MakeToDoMenu();
+    LoadPlugins();
 }
 
 void DesktopWindow::MakeEditMenu() {
     QMenu& edit = *menuBar()->addMenu(Text("&Edit"));
+    SetLocator(*edit.menuAction(), ORVO_MENU_EDIT);
     m_undo =
         AddCommand(edit, {}, "Ctrl+Z", [this] { TakeBack([this] { return m_session.Undo(); }); });
     m_redo = AddCommand(edit, {}, "Ctrl+Shift+Z",
@@ -38,6 +52,8 @@ void DesktopWindow::MakeEditMenu() {
         AddCommand(edit, Text("&Copy"), "Ctrl+C", [this] { CopySelected(); }),
         AddCommand(edit, Text("&Delete"), "Del", [this] { DeleteSelected(); })};
     AddCommand(edit, Text("Select &all"), "Ctrl+A", [this] { SelectAll(); });
+    auto* menuKey = new QShortcut(QKeySequence("Shift+F10"), this);
+    connect(menuKey, &QShortcut::activated, this, [this] { AskForMenu(); });
     edit.addSeparator();
     AddCommand(edit, Text("&Trash..."), "", [this] { OpenTrash(); });
     m_session.History().SetListener([this] { ShowSteps(); });
@@ -54,6 +70,7 @@ QAction* DesktopWindow::AddCommand(QMenu& menu, const QString& text, const char*
 
 void DesktopWindow::MakeViewMenu() {
     QMenu& view = *menuBar()->addMenu(Text("&View"));
+    SetLocator(*view.menuAction(), ORVO_MENU_VIEW);
     view.addActions(m_views.actions());
     view.addSeparator();
     QMenu& columns = *view.addMenu(Text("C&olumns"));
@@ -76,21 +93,22 @@ void DesktopWindow::MakeViewMenu() {
         {Untranslated("&Mask private entries"), static_cast<int>(Privacy::Mask)},
         {Untranslated("Hi&de private entries"), static_cast<int>(Privacy::Hide)}};
     AddChoices(m_privacies, view, kPrivacies, static_cast<int>(PrivacyOf(m_options)),
-               [this](int value) {
-                   ChangeOptions([value](COrvoDesktopOptions& options) {
-                       SetPrivacy(options, static_cast<Privacy>(value));
-                   });
-               });
+               [this](int value) { ChoosePrivacy(static_cast<Privacy>(value)); });
+    m_lock = AddCommand(view, {}, "Ctrl+L", [this] { LockOrUnlock(); });
+    ShowPrivacy();
 }
 
 void DesktopWindow::MakeAddressMenu() {
     QMenu& addresses = *menuBar()->addMenu(Text("&Addresses"));
+    SetLocator(*addresses.menuAction(), ORVO_MENU_ADDRESSES);
     constexpr Choice kOrders[] = {{Untranslated("By &name"), static_cast<int>(kListByName)},
                                   {Untranslated("By &company"), static_cast<int>(kListByCompany)}};
     AddChoices(m_addressOrders, addresses, kOrders, static_cast<int>(m_frame.AddressOrder()),
                [this](int value) { m_frame.SetAddressOrder(value); });
     addresses.addSeparator();
     AddMailCommands(addresses);
+    addresses.addSeparator();
+    AddCommand(addresses, Text("Find &duplicates..."), "", [this] { FindAllDuplicates(); });
 }
 
 void DesktopWindow::AddMailCommands(QMenu& menu) {
@@ -110,6 +128,7 @@ void DesktopWindow::AddMailCommands(QMenu& menu) {
 
 void DesktopWindow::MakeToDoMenu() {
     QMenu& toDos = *menuBar()->addMenu(Text("&To Do"));
+    SetLocator(*toDos.menuAction(), ORVO_MENU_TO_DO);
     constexpr Choice kOrders[] = {
         {Untranslated("By &priority, then due date"), eSortByPriorityDueDate},
         {Untranslated("By &due date, then priority"), eSortByDueDatePriority},
@@ -158,6 +177,7 @@ void DesktopWindow::FillColumnMenu(QMenu& menu) {
     }
     const std::vector<int> shown = list->GetShownColumns();
     for (const COrvoLVColumn& column : list->GetColumns()) {
+        if (column.strName.IsEmpty()) continue;  // of a label that was removed
         QString name = ToQt(column.strName.View());
         QAction* action = menu.addAction(name.replace('&', "&&"));
         action->setCheckable(true);

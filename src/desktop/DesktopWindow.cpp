@@ -5,15 +5,18 @@
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QStatusBar>
 #include <QToolBar>
 
 #include <contracts/ResourceScope.h>
 #include <desktop/DesktopWindow.h>
+#include <desktop/DragOut.h>
 #include <desktop/LookupKeys.h>
 #include <desktop/Problems.h>
 #include <desktop/Texts.h>
 #include <desktop/ViewIcons.h>
+#include <desktop/reminder/Notification.h>
 #include <host/HostOptions.h>
 #include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/resources/StringTable.h>
@@ -41,8 +44,9 @@ QString LookUpText() {
     return ToQt(text.View());
 }
 
-QLabel* MakeLabel(const QString& text) {
+QLabel* MakeLabel(const QString& text, QWidget& labelled) {
     auto* label = new QLabel(text);
+    label->setBuddy(&labelled);
     label->setContentsMargins(kGap, 0, kGap, 0);
     return label;
 }
@@ -50,7 +54,13 @@ QLabel* MakeLabel(const QString& text) {
 }  // namespace
 
 DesktopWindow::DesktopWindow(StoreSession& session, COrvoDesktopOptions& options)
-    : m_session(session), m_options(options), m_frame(session, options) {
+    : m_session(session),
+      m_options(options),
+      m_frame(session, options),
+      m_reminder(session.History().Engine(), options,
+                 [this](const QString& title, const QString& body) {
+                     ShowNotification(*this, title, body);
+                 }) {
     setWindowTitle(QApplication::applicationDisplayName());
     resize(kFirstSize);
     m_countTimer.setSingleShot(true);
@@ -72,13 +82,16 @@ DesktopWindow::~DesktopWindow() {
 }
 
 bool DesktopWindow::Open(const WindowSettings& settings) {
-    AfxSetMainWnd(&m_frame);
+    m_isLocked = IsLockable(m_options);
+    HoldLock();
     if (!m_frame.Open()) return false;
     setCentralWidget(QtWindowSystem::WidgetOf(&m_frame));
     if (SystemLocale::Language() == "ja") MakeKanaIndex();
     m_drop = std::make_unique<QtDrop>(m_frame);
     m_frame.SetDropListener([this](const std::vector<std::string>& files) { ImportLater(files); });
     m_frame.SetOpenListener([this] { OpenSelected(); });
+    m_frame.SetCloseListener([this] { CloseUnlessAsking(); });
+    new DragOut(*centralWidget(), [this](QPoint place) { return DraggedFrom(place); });
     m_frame.SetAddressOrder(settings.addressOrder);
     m_frame.SetToDoOrder(static_cast<eSortOrder>(settings.toDoOrder));
     MakeToolBar();
@@ -107,12 +120,16 @@ void DesktopWindow::MakeKanaIndex() {
 void DesktopWindow::ShowKanaEntries() {
     if (!m_kana) return;
     m_kana->setVisible(!m_frame.IsShowingToDos());
-    if (!m_frame.IsShowingToDos()) m_kana->ShowEntries(FirstKanaEntries(m_frame.AddressView()));
+    const std::pair rows(m_frame.FillCount(), m_frame.RowCount());
+    if (m_frame.IsShowingToDos() || m_kanaRows == rows) return;
+    m_kanaRows = rows;
+    m_kana->ShowEntries(FirstKanaEntries(m_frame.AddressView()));
 }
 
 void DesktopWindow::BeginSession() {
     m_isSession = true;
     m_foreignTimer.start();
+    m_reminder.Start();
 }
 
 void DesktopWindow::MakeToolBar() {
@@ -124,9 +141,9 @@ void DesktopWindow::MakeToolBar() {
     box->setAccessibleName(Text("Look up"));
     if (auto* line = dynamic_cast<QLineEdit*>(box))
         new LookupKeys(*line, [this] { OpenSelected(); });
-    bar->addWidget(MakeLabel(LookUpText()));
+    bar->addWidget(MakeLabel(LookUpText(), *box));
     bar->addWidget(box);
-    bar->addWidget(MakeLabel(Text("Category:")));
+    bar->addWidget(MakeLabel(Text("Category:"), m_categoryBox));
     m_categoryBox.setFixedWidth(kCategoryWidth);
     m_categoryBox.setFocusPolicy(Qt::StrongFocus);
     m_categoryBox.setAccessibleName(Text("Category"));
@@ -161,6 +178,8 @@ void DesktopWindow::AddViewButtons(QToolBar& bar) {
 
 void DesktopWindow::ShowView(ViewKind kind) {
     m_frame.Show(kind);
+    const QString name = m_frame.IsShowingToDos() ? Text("To Do") : Text("Addresses");
+    QtWindowSystem::NameList(m_frame.ShownWindow(), name, Text("Private entry"));
     m_views.actions().at(static_cast<int>(kind))->setChecked(true);
     FillCategoryBox();
     m_addressOrders.setEnabled(!m_frame.IsShowingToDos());
@@ -223,12 +242,14 @@ void DesktopWindow::ChangeOptions(const std::function<void(COrvoDesktopOptions&)
     if (m_isSession) {
         // What orvo has set since stays.
         const SettingsLock lock;
-        m_options = LoadHostOptions([this](const std::string& problem) { TellProblem(problem); });
+        m_options = StoredOptions();
         change(m_options);
         SaveHostOptions(m_options);
     } else {
         change(m_options);
     }
+    HoldLock();
+    ShowPrivacy();
     m_frame.Refill();
 }
 
@@ -243,11 +264,18 @@ void DesktopWindow::Save() {
     settings.Save();
 }
 
+// Another program may not take a form or a menu away from under the user's hand.
+void DesktopWindow::CloseUnlessAsking() {
+    const bool isAsking = QApplication::activeModalWidget() || QApplication::activePopupWidget();
+    if (!isAsking && !m_isImporting) close();
+}
+
 void DesktopWindow::closeEvent(QCloseEvent* event) {
     event->accept();
     if (!m_isSession) return;
     m_isSession = false;
     m_foreignTimer.stop();
+    m_reminder.Stop();
     Save();
     // Not quit(), which asks the windows: a menu or a question that is still open ends, too.
     QCoreApplication::exit(0);

@@ -14,8 +14,13 @@
 
 #include <desktop/ViewFrame.h>
 #include <desktop/WindowSettings.h>
+#include <desktop/import/DuplicatesDialog.h>
 #include <desktop/kana/KanaIndex.h>
+#include <desktop/plugins/Plugins.h>
+#include <desktop/reminder/Reminder.h>
 #include <platform/qt/QtDrop.h>
+
+class QMimeData;
 
 namespace orvo::desktop {
 
@@ -49,6 +54,7 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
     struct Choice {
@@ -67,6 +73,7 @@ private:
     void AddMailCommands(QMenu& menu);
     void TellRefusal(const QString& refusal);
     void MakeToDoMenu();
+    void LoadPlugins();
     void AddChoices(QActionGroup& group, QMenu& menu, std::span<const Choice> choices, int present,
                     const std::function<void(int)>& choose);
     void AddFlag(QMenu& menu, const char* text, int (COrvoDesktopOptions::*get)() const,
@@ -85,10 +92,13 @@ private:
     void DeleteSelected();
     void SetCategoryOfSelected();
     void CopySelected();
+    std::unique_ptr<QMimeData> DraggedFrom(QPoint place);
     void SelectAll();
     void TakeBack(const std::function<std::string()>& undoOrRedo);
     void ShowSteps();
     void OpenTrash();
+    void AskForMenu();
+    QPoint MenuPlace();
 
     void MakeKanaIndex();
     void ShowKanaEntries();
@@ -96,9 +106,22 @@ private:
     void ShowCounts();
     void ShowChange();
     void LookForForeignChange();
+    void CloseUnlessAsking();
     void ChooseFileToImport();
+    void ShowImported(const ImportResult& result);
+    void OfferDuplicates(const ImportResult& result);
+    void FindAllDuplicates();
+    void ReviewDuplicates(const std::vector<DuplicatePair>& pairs, DuplicateOrigin origin);
     void ChooseFileToExport();
     void Export(const std::string& file, bool isSelectionOnly);
+    void OpenOptions();
+    void OpenNames();
+    void ChoosePrivacy(Privacy privacy);
+    void LockOrUnlock();
+    bool Unlock();
+    void HoldLock();
+    void ShowPrivacy();
+    COrvoDesktopOptions StoredOptions();
     void ChangeOptions(const std::function<void(COrvoDesktopOptions&)>& change);
     void Save();
 
@@ -107,21 +130,27 @@ private:
     ViewFrame m_frame;
     QComboBox m_categoryBox;
     QLabel m_counts;
-    KanaIndex* m_kana = nullptr;  // Qt's; null where the user's language isn't Japanese
+    KanaIndex* m_kana = nullptr;           // Qt's; null where the user's language isn't Japanese
+    std::pair<int, int> m_kanaRows{0, 0};  // which the index shows: how often filled, and how many
     QActionGroup m_views{nullptr};
     QActionGroup m_privacies{nullptr};
     QActionGroup m_addressOrders{nullptr};
     QActionGroup m_toDoOrders{nullptr};
     std::unique_ptr<QtDrop> m_drop;
+    std::unique_ptr<Plugins> m_plugins;
     std::vector<QAction*> m_addressActions;    // Qt's; enabled where addresses are selected
     std::vector<QAction*> m_selectionActions;  // where anything is
     QAction* m_undo = nullptr;
     QAction* m_redo = nullptr;
+    QAction* m_lock = nullptr;
     std::vector<std::string> m_filesToImport;
     QTimer m_importTimer;   // runs while there are some
     QTimer m_countTimer;    // runs while the counts are out of date
     QTimer m_foreignTimer;  // runs in a session
+    Reminder m_reminder;    // works in a session
+    bool m_isImporting = false;
     bool m_isSession = false;
+    bool m_isLocked = false;  // private entries are hidden until the password is given
 };
 
 }  // namespace orvo::desktop

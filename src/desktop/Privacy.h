@@ -18,4 +18,7 @@ inline void SetPrivacy(COrvoDesktopOptions& options, Privacy privacy) {
     options.SetMaskingPrivate(privacy == Privacy::Mask);
 }
 
+// Private entries may only be seen by who gives the password.
+bool IsLockable(const COrvoDesktopOptions& options);
+
 }  // namespace orvo::desktop

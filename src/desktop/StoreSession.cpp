@@ -36,14 +36,16 @@ bool StoreSession::Claim(std::string& error) {
     return false;
 }
 
-ImportResult StoreSession::Import(const std::vector<std::string>& files) {
+ImportResult StoreSession::Import(const std::vector<std::string>& files,
+                                  const FileProgress& progress) {
     const EditHistory::Step step(m_history, Text("Import").toStdString());
     ImportResult result;
     try {
-        ImportAll(files, result);
+        ImportAll(files, progress, result);
     } catch (const ExchangeError& error) {
         result = {};
         result.failure = error.what();
+        result.isCancelled = dynamic_cast<const ImportCancelled*>(&error) != nullptr;
         // Of what was taken back nothing may stay in memory.
         m_addresses.RefreshTexts();
         m_toDos.RefreshTexts();
@@ -51,7 +53,8 @@ ImportResult StoreSession::Import(const std::vector<std::string>& files) {
     return result;
 }
 
-void StoreSession::ImportAll(const std::vector<std::string>& files, ImportResult& result) {
+void StoreSession::ImportAll(const std::vector<std::string>& files, const FileProgress& progress,
+                             ImportResult& result) {
     StoreEngine& engine = m_history.Engine();
     const auto check = [&engine](auto status) {
         if (static_cast<long>(status) != 0) throw ExchangeError(engine.LastError());
@@ -60,12 +63,18 @@ void StoreSession::ImportAll(const std::vector<std::string>& files, ImportResult
     check(transaction.Status());
     check(m_addresses.RefreshTexts());
     check(m_toDos.RefreshTexts());
-    for (const std::string& file : files) {
-        const ImportReport report = ImportFile(file, m_addresses, m_toDos);
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        ImportProgress tell;
+        if (progress) {
+            tell = [&](std::size_t done, std::size_t total) { return progress(i, done, total); };
+        }
+        const ImportReport report = ImportFile(files[i], m_addresses, m_toDos, tell);
         result.addresses += report.addresses;
         result.toDos += report.toDos;
+        if (result.firstAddress == 0) result.firstAddress = report.firstAddress;
+        if (report.lastAddress != 0) result.lastAddress = report.lastAddress;
         for (const SkippedEntry& entry : report.skipped) {
-            result.skipped.push_back(fmt::format("{}:{}: {}", file, entry.line, entry.reason));
+            result.skipped.push_back({files[i], entry.line, entry.reason});
         }
     }
     check(transaction.Commit());
@@ -73,13 +82,16 @@ void StoreSession::ImportAll(const std::vector<std::string>& files, ImportResult
 
 std::string StoreSession::Change(const std::string& name, const std::function<long()>& change) {
     const EditHistory::Step step(m_history, name);
-    const StoreEngine& engine = m_history.Engine();
-    StoreTransaction transaction(m_history.Engine());
-    if (transaction.Status() == StoreStatus::Ok && change() == 0 &&
-        transaction.Commit() == StoreStatus::Ok) {
-        return {};
+    std::string reason;
+    {
+        StoreTransaction transaction(m_history.Engine());
+        if (transaction.Status() == StoreStatus::Ok && change() == 0 &&
+            transaction.Commit() == StoreStatus::Ok) {
+            return {};
+        }
+        reason = m_history.Engine().LastError();
     }
-    return engine.LastError();
+    return Refreshed(std::move(reason));
 }
 
 std::string StoreSession::Undo() {

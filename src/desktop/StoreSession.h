@@ -10,18 +10,11 @@
 
 #include <contracts/RecordStore.h>
 #include <desktop/history/EditHistory.h>
+#include <desktop/import/ImportResult.h>
 #include <libraries/quire/SqliteEngine.h>
 #include <orvoshare/shared/DataSetClaim.h>
 
 namespace orvo::desktop {
-
-// What became of files that were imported together.
-struct ImportResult {
-    std::size_t addresses = 0;
-    std::size_t toDos = 0;
-    std::vector<std::string> skipped;  // one line an entry: file, line and reason
-    std::string failure;               // one line; empty on success. Nothing was imported then.
-};
 
 class StoreSession {
 public:
@@ -34,6 +27,7 @@ public:
     bool Claim(std::string& error);
 
     CAddressTable& Addresses() { return m_addresses; }
+    const CAddressTable& Addresses() const { return m_addresses; }
     CToDoTable& ToDos() { return m_toDos; }
 
     // What is changed through the tables can be taken back.
@@ -49,7 +43,8 @@ public:
     std::string Change(const std::string& name, const std::function<long()>& change);
 
     // Takes in card and calendar files: all of them, or none.
-    ImportResult Import(const std::vector<std::string>& files);
+    ImportResult Import(const std::vector<std::string>& files,
+                        const FileProgress& progress = nullptr);
 
     // Told, in one line, of a record that can't be read, or of a walk over the store that ended
     // early.
@@ -62,7 +57,8 @@ private:
     explicit StoreSession(std::unique_ptr<SqliteEngine> engine);
 
     // Fails:  ExchangeError, and the store is as it was.
-    void ImportAll(const std::vector<std::string>& files, ImportResult& result);
+    void ImportAll(const std::vector<std::string>& files, const FileProgress& progress,
+                   ImportResult& result);
 
     std::string Refreshed(std::string result);
 

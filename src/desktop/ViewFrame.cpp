@@ -76,7 +76,7 @@ const MessageMap& ViewFrame::ThisMap() {
     static const MessageMap map{
         CWnd::ThisMap(),
         {On<WM_PAINT>(&ViewFrame::OnPaint), On<WM_SIZE>(&ViewFrame::OnSize),
-         On<WM_GET_DESKTOP_OPTIONS>(&ViewFrame::OnGetOptions),
+         On<WM_CLOSE>(&ViewFrame::OnClose), On<WM_GET_DESKTOP_OPTIONS>(&ViewFrame::OnGetOptions),
          On<kFilesDropped>(&ViewFrame::OnFilesDropped), On<WM_DV_RETURN>(&ViewFrame::OnReturn),
          OnCommand(ID_DV_RETURN_KEY, &ViewFrame::OpenSelected),
          OnCommand(ID_DV_ITEM_DBLCLK, &ViewFrame::OpenSelected),
@@ -98,6 +98,7 @@ ViewFrame::~ViewFrame() {
 bool ViewFrame::Open() {
     constexpr DWORD kChild = WS_CHILD | WS_TABSTOP;
     if (!Create(0, kFirstPlace, nullptr, 0)) return false;
+    AfxSetMainWnd(this);
     m_toDos = std::make_unique<CTodoListbox>();
     if (!m_box.Create(kChild | WS_VISIBLE | WS_BORDER, {}, this, kBoxId) ||
         !m_list.Create(kChild | LVS_REPORT | LVS_SHOWSELALWAYS, {}, this, kListId) ||
@@ -194,6 +195,7 @@ void ViewFrame::Empty() {
 }
 
 void ViewFrame::Fill() {
+    ++m_fillCount;
     const Privacy privacy = PrivacyOf(m_options);
     const int hidesPrivate = privacy == Privacy::Hide ? 1 : 0;
     const int masks = privacy == Privacy::Mask ? 1 : 0;
@@ -328,6 +330,11 @@ LRESULT ViewFrame::OnFilesDropped(WPARAM, LPARAM paths) {
     }
     if (m_dropped) m_dropped(files);
     return 0;
+}
+
+// The views go with the window around them, and never alone.
+void ViewFrame::OnClose() {
+    if (m_closed) m_closed();
 }
 
 void ViewFrame::OnSize(UINT, int, int) {

@@ -52,6 +52,9 @@ public:
     void SetCardStep(int step);
     int CardStep() const;
 
+    // How often rows have been read: as long as neither this nor their count changes, they are the
+    // same.
+    int FillCount() const { return m_fillCount; }
     int RowCount();
     int SelectedCount();
     bool IsShowingToDos() const { return m_shown == ViewKind::ToDos; }
@@ -74,6 +77,9 @@ public:
     // Called where the user asks to open what he has selected: by Return or a double click.
     void SetOpenListener(std::function<void()> listener) { m_opened = std::move(listener); }
 
+    // Called where another program asks the window to close.
+    void SetCloseListener(std::function<void()> listener) { m_closed = std::move(listener); }
+
     // Called with the paths, in UTF-8, of card and calendar files that were dropped on the views.
     void SetDropListener(std::function<void(const std::vector<std::string>&)> listener) {
         m_dropped = std::move(listener);
@@ -92,6 +98,7 @@ private:
     LRESULT OnPaint(WPARAM wParam, LPARAM lParam);
     LRESULT OnGetOptions(WPARAM, LPARAM answer);
     LRESULT OnFilesDropped(WPARAM, LPARAM paths);
+    void OnClose();
     void OnSize(UINT kind, int width, int height);
     void HeadingClicked(int column);
     LRESULT OnReturn(WPARAM, LPARAM);
@@ -108,6 +115,7 @@ private:
     StoreSession& m_session;
     COrvoDesktopOptions& m_options;
     ViewKind m_shown = ViewKind::List;
+    int m_fillCount = 0;
     int m_addressCategory = kAllCategories;
     int m_toDoCategory = kAllCategories;
     long m_addressOrder = kListByName;
@@ -116,6 +124,7 @@ private:
     std::optional<RowKeeper> m_toDoRows;
     std::function<void()> m_changed;
     std::function<void()> m_opened;
+    std::function<void()> m_closed;
     std::function<void(const std::vector<std::string>&)> m_dropped;
     COrvoOleDropTarget m_dropTarget;
     CCategoryCombo m_categories;  // the lists open no menu of categories without it

@@ -17,15 +17,19 @@
 #include <desktop/CommandLine.h>
 #include <desktop/DesktopWindow.h>
 #include <desktop/EndSignals.h>
+#include <desktop/PrintCommands.h>
 #include <desktop/Problems.h>
 #include <desktop/Texts.h>
 #include <desktop/instance/Instance.h>
+#include <desktop/options/DesktopPreferences.h>
 #include <host/HostOptions.h>
 #include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/resources/StringTable.h>
+#include <platform/qt/QtWaiting.h>
 #include <platform/qt/QtWindowSystem.h>
 #include <platform/text/SystemLocale.h>
 #include <platform/time/CTime.h>
+#include <platform/window/ForeignWindow.h>
 
 namespace orvo::desktop {
 namespace {
@@ -43,15 +47,21 @@ bool IsSet(const char* variable) {
     return value != nullptr && *value != '\0';
 }
 
-// A picture is rendered without a display; a window needs one.
+// Files are rendered without a display; a window needs one.
 bool ChoosePlatform(const CommandLine& line) {
     if (IsSet("QT_QPA_PLATFORM")) return true;
-    if (line.picture.empty()) return IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY");
+    if (!line.IsOffScreen()) return IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY");
     return setenv("QT_QPA_PLATFORM", "offscreen", 1) == 0;
 }
 
+// Text in memory stays in the system's code page.
+void UsePreferredLanguage() {
+    const std::string locale = PreferredLocale();
+    if (!locale.starts_with(SystemLocale::Language())) SystemLocale::Set(locale, GetACP());
+}
+
 void SetLocale(const CommandLine& line) {
-    if (line.locale.empty() && line.codePage == 0) return;
+    if (line.locale.empty() && line.codePage == 0) return UsePreferredLanguage();
     const std::string tag = line.locale.empty() ? SystemLocale::Tag() : line.locale;
     if (SystemLocale::Set(tag, line.codePage)) return;
     throw CommandLineError(fmt::format("--locale {} --code-page {}: no such locale or code page",
@@ -78,18 +88,22 @@ COrvoDesktopOptions LoadOptions() {
     return LoadHostOptions(PrintProblem);
 }
 
-// Without a display Qt warns of what a picture doesn't need.
+// Without a display Qt warns of what files don't need.
 void TellFailures(QtMsgType type, const QMessageLogContext&, const QString& text) {
     if (type == QtCriticalMsg || type == QtFatalMsg) PrintProblem(text.toStdString());
 }
 
-int SavePicture(DesktopWindow& window, const std::string& file) {
+int SaveFiles(DesktopWindow& window, const CommandLine& line) {
     window.show();
     // What is shown may ask for another look.
     QCoreApplication::processEvents();
     QCoreApplication::processEvents();
-    if (window.grab().save(QString::fromStdString(file))) return kDone;
-    return Fail(fmt::format("{}: the picture can't be written", file));
+    if (!line.picture.empty() && !window.grab().save(QString::fromStdString(line.picture))) {
+        return Fail(fmt::format("{}: the picture can't be written", line.picture));
+    }
+    if (line.pdf.empty()) return kDone;
+    const std::string problem = WriteViewAsPdf(window.Frame(), line.pdf);
+    return problem.empty() ? kDone : Fail(problem);
 }
 
 StartRequest RequestOf(const CommandLine& line) {
@@ -121,21 +135,22 @@ void Answer(DesktopWindow& window, const StartRequest& request) {
     if (!request.files.empty()) window.ImportLater(request.files);
 }
 
-// The instance is null for a picture.
+// The instance is null where no window is shown.
 int ShowWindow(StoreSession& session, const CommandLine& line, std::unique_ptr<Instance> instance) {
     COrvoDesktopOptions options = LoadOptions();
     DesktopWindow window(session, options);
     WindowSettings settings = WindowSettings::Load();
-    const bool isPicture = !line.picture.empty();
-    if (isPicture) settings = {};
+    if (line.IsOffScreen()) settings = {};
     if (line.view) settings.view = *line.view;
     const EndSignals endSignals([&window] { window.close(); });
     if (!window.Open(settings)) return Fail("the window can't be made");
     if (line.size) window.resize(*line.size);
-    if (isPicture) {
+    if (line.IsOffScreen()) {
         if (!line.files.empty()) window.Import(line.files);
-        return SavePicture(window, line.picture);
+        return SaveFiles(window, line);
     }
+    const QtWaiting waiting;
+    const PublishedWindow published("Orvo Desktop", window.Frame().GetSafeHwnd());
     window.BeginSession();
     window.show();
     window.activateWindow();
@@ -149,15 +164,15 @@ int ShowWindow(StoreSession& session, const CommandLine& line, std::unique_ptr<I
 
 int Run(const CommandLine& line, int count, char** arguments) {
     std::unique_ptr<Instance> instance;
-    if (line.picture.empty()) {
+    if (!line.IsOffScreen()) {
         instance = Instance::Claim(InstanceName(line.store), RequestOf(line));
         if (!instance) return kDone;
     }
     std::string error;
     const std::unique_ptr<StoreSession> session = StoreSession::Open(line.store, error);
-    if (!session || (line.picture.empty() && !session->Claim(error))) return Fail(error);
+    if (!session || (!line.IsOffScreen() && !session->Claim(error))) return Fail(error);
 
-    if (!line.picture.empty()) qInstallMessageHandler(TellFailures);
+    if (line.IsOffScreen()) qInstallMessageHandler(TellFailures);
     const QApplication application(count, arguments);
     QApplication::setApplicationName("orvo-desktop");
     QApplication::setApplicationDisplayName("Orvo Desktop");
@@ -182,7 +197,9 @@ int Main(int count, char** arguments) {
         SetLocale(*line);
         SetClock(*line);
         if (!ChoosePlatform(*line)) {
-            return Fail("there is no display: --picture FILE renders the window into a file");
+            return Fail(
+                "there is no display: --picture FILE renders the window into a file, and --pdf "
+                "FILE prints what it shows");
         }
         OrvoShareMain(OwnModule(), DLL_PROCESS_ATTACH);
         return Run(*line, count, arguments);

@@ -70,6 +70,15 @@ class InstanceTest(unittest.TestCase):
                 self.assertEqual((again.returncode, again.stderr), (0, ""), name)
                 until(f"{name!r} is imported", lambda: len(self.names()) == number + 1)
 
+    def test_a_second_start_chooses_the_view(self):
+        self.home.orvo("import", self.file("ada.vcf", "Adams"))
+        with self.window("--view", "cards"):
+            cards = self.screen.at_rest()
+        with self.window("--view", "list"):
+            self.assertGreater(self.screen.at_rest().difference(cards).worst, 0.2)
+            self.assertEqual(self.start_again("--view", "cards").returncode, 0)
+            until("the cards are shown", lambda: self.screen.picture().difference(cards).worst < 0.05)
+
     def test_the_same_store_by_another_path_is_the_same_window(self):
         link = self.home.folder / "link.db"
         with self.window():
@@ -102,8 +111,8 @@ class InstanceTest(unittest.TestCase):
             until("the window", self.windows)
             uri = self.file("ada.vcf", "Adams").as_uri()
             until("the call is answered", lambda: subprocess.run(
-                ["busctl", f"--address={self.bus['DBUS_SESSION_BUS_ADDRESS']}", "call", NAME,
-                 "/" + NAME.replace(".", "/"), "org.freedesktop.Application", "Open", "asa{sv}", "1", uri, "0"],
+                ["gdbus", "call", "--address", self.bus["DBUS_SESSION_BUS_ADDRESS"], "--dest", NAME, "--object-path",
+                 "/" + NAME.replace(".", "/"), "--method", "org.freedesktop.Application.Open", f"['{uri}']", "{}"],
                 env=environment, capture_output=True).returncode == 0)
             self.home.store = self.home.folder / "data" / "orvo" / "orvo.db"
             until("the file is imported", lambda: self.names() == ["Adams"])

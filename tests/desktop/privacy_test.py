@@ -8,12 +8,14 @@ import unittest
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "support"))
 from mail_program import MailProgram
 from screen import TITLE, Home, Screen, until
-from views import is_open, opened, windows
+from views import ADDRESSES, Rows, is_open, opened, set_heading, windows
 
 SECRET = "Xanadu"
 OPEN = "Adams"  # what everybody may know
 # Options, and what they are to be set to.
 HIDDEN, MASKED = (("showing-private", "no"),), (("showing-private", "yes"), ("masking-private", "yes"))
+COLUMNS = ((0, 300), (2, 200))
+LOOKUP_BOX = (240, 38)
 VIEWS = ("list", "cards", "todos")
 CARD = f"""BEGIN:VCARD
 VERSION:3.0
@@ -108,6 +110,24 @@ class PrivacyTest(unittest.TestCase):
                 for way, said in self.everything_said(view).items():
                     with self.subTest(way, view=view, options=options):
                         self.assertNotIn(SECRET.lower(), said.lower())
+
+    def test_a_row_is_dragged_as_text_unless_it_is_masked(self):
+        set_heading(self.home, ADDRESSES, COLUMNS)
+        for masking, want in (("yes", ""), ("no", f"{SECRET}, {SECRET}")):
+            self.home.orvo("options", "--set", "masking-private", masking)
+            with self.subTest(masking), self.home.window(self.screen):
+                place = Rows(self.screen, COLUMNS).cell(1, 0)
+                self.screen.xdotool("mousemove", *place, "mousedown", 1)
+                for x, y in ((place[0] + 20, place[1]), LOOKUP_BOX, (LOOKUP_BOX[0] + 1, LOOKUP_BOX[1])):
+                    self.screen.move(x, y)
+                    self.screen.at_rest()
+                self.screen.xdotool("mouseup", 1)
+                self.screen.at_rest()
+                self.screen.copy("")
+                self.screen.click(*LOOKUP_BOX)
+                self.screen.keys("shift+Home", "ctrl+x")  # nothing where nothing was dropped
+                self.screen.at_rest()
+                self.assertEqual(self.screen.clipboard(), want)
 
     def test_each_way_out_tells_what_is_shown(self):
         """Else the other test would find nothing in any case."""

@@ -199,6 +199,7 @@ ChoiceField* AddressForm::MakePhoneLabel(long slot) {
     label->setObjectName(QString("label%1").arg(slot));
     label->setMinimumContentsLength(kPhoneLabelLength);
     for (int id = 0; id < m_table.GetPhoneLabelCount(); ++id) {
+        if (m_table.GetPhoneLabel(id).IsEmpty()) continue;  // it was removed
         label->addItem(ToQt(m_table.GetPhoneLabel(id).View()), id);
     }
     long given = 0;

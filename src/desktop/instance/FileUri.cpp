@@ -12,7 +12,6 @@ namespace {
 
 constexpr std::string_view kScheme = "file://";
 
-// In front of the path, which begins with a slash.
 // In front of the path, whose first slash is their last.
 constexpr std::array<std::string_view, 2> kOfThisMachine{"file:///", "file://localhost/"};
 

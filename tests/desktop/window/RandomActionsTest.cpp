@@ -1,6 +1,5 @@
 // A thousand actions at random, after each of which the rows shown are those of the store.
 // SPDX-License-Identifier: MIT
-#include <QApplication>
 #include <QTemporaryDir>
 #include <algorithm>
 #include <cstdlib>
@@ -13,9 +12,6 @@
 #include <desktop/Texts.h>
 #include <libraries/quire/SqliteEngine.h>
 #include <orvoshare/addressviews/AddrCompare.h>
-#include <orvoshare/module/OrvoShareModule.h>
-#include <orvoshare/resources/StringTable.h>
-#include <platform/qt/QtWindowSystem.h>
 #include <platform/window/ListPeer.h>
 
 #include "RandomUser.h"
@@ -123,22 +119,3 @@ TEST(RandomActions, RowsAreThoseOfTheStoreAfterEach) {
 
 }  // namespace
 }  // namespace orvo::desktop
-
-int main(int argc, char** argv) {
-    using namespace orvo;
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    // No settings of this user.
-    const QTemporaryDir home;
-    for (const char* variable : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME"}) {
-        qputenv(variable, home.path().toUtf8());
-    }
-    const QApplication application(argc, argv);
-    OrvoShareMain(OwnModule(), DLL_PROCESS_ATTACH);
-    QtWindowSystem system;
-    WindowSystem::SetCurrent(&system);
-    testing::InitGoogleTest(&argc, argv);
-    const int result = RUN_ALL_TESTS();
-    AfxSetMainWnd(nullptr);
-    WindowSystem::SetCurrent(nullptr);
-    return result;
-}

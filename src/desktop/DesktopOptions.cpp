@@ -1,0 +1,65 @@
+// The options while the window is open, and the lock on private entries.
+// SPDX-License-Identifier: MIT
+#include <desktop/DesktopWindow.h>
+#include <desktop/NamesDialog.h>
+#include <desktop/Texts.h>
+#include <desktop/options/OptionsDialog.h>
+#include <desktop/security/Password.h>
+#include <desktop/security/PasswordDialogs.h>
+#include <host/HostOptions.h>
+
+namespace orvo::desktop {
+
+bool IsLockable(const COrvoDesktopOptions& options) {
+    return options.IsPasswordRequired() != 0 && IsPasswordSet();
+}
+
+COrvoDesktopOptions DesktopWindow::StoredOptions() {
+    return LoadHostOptions([this](const std::string& problem) { TellProblem(problem); });
+}
+
+void DesktopWindow::OpenOptions() {
+    COrvoDesktopOptions chosen = StoredOptions();
+    if (!EditOptions(this, chosen)) return;
+    ChangeOptions([&chosen](COrvoDesktopOptions& options) { options = chosen; });
+}
+
+void DesktopWindow::OpenNames() {
+    EditNames(this, m_session);
+    FillCategoryBox();
+    m_frame.Refill();
+}
+
+void DesktopWindow::ChoosePrivacy(Privacy privacy) {
+    if (privacy != Privacy::Hide && !Unlock()) return ShowPrivacy();
+    ChangeOptions([privacy](COrvoDesktopOptions& options) { SetPrivacy(options, privacy); });
+}
+
+void DesktopWindow::LockOrUnlock() {
+    if (!m_isLocked) {
+        m_isLocked = true;
+    } else if (!Unlock()) {
+        return;
+    }
+    // Read again: the lock holds in memory only.
+    ChangeOptions([](COrvoDesktopOptions&) {});
+}
+
+bool DesktopWindow::Unlock() {
+    if (m_isLocked && AskForPassword(this)) m_isLocked = false;
+    return !m_isLocked;
+}
+
+void DesktopWindow::HoldLock() {
+    if (!IsLockable(m_options)) m_isLocked = false;
+    if (m_isLocked) SetPrivacy(m_options, Privacy::Hide);
+}
+
+void DesktopWindow::ShowPrivacy() {
+    m_privacies.actions().at(static_cast<int>(PrivacyOf(m_options)))->setChecked(true);
+    m_lock->setVisible(IsLockable(m_options));
+    m_lock->setText(m_isLocked ? Text("&Unlock private entries...")
+                               : Text("Loc&k private entries"));
+}
+
+}  // namespace orvo::desktop

@@ -1,0 +1,125 @@
+#!/usr/bin/env python3
+# Listens to what the program plays, at a sound server of its own: in the dialog that chooses a sound, and at a reminder.
+# SPDX-License-Identifier: MIT
+import array
+import contextlib
+import math
+import re
+import subprocess
+import sys
+import unittest
+import wave
+
+from screen import PATIENCE, TITLE, Home, Screen, running, until
+from views import is_open, opened
+
+RATE = 8000  # samples a second
+LENGTH = 2 * PATIENCE  # seconds: it doesn't end before somebody stops it
+LOUD = 1000  # of 32767
+EAR_SPAN = RATE // 10  # samples that are looked at together
+SINK = "ears"
+REMINDER = "Reminder of 1 to-do"
+# The middle of the dialog's buttons: pixels from the left, and from the bottom.
+PLAY, STOP = (104, 19), (130, 19)
+
+
+class Ears:
+    """A sound server, as long as the block lasts; its environment is what programs need that play."""
+
+    def __init__(self, home):
+        self.home = home
+        self.environment = {"PULSE_SERVER": f"unix:{home.folder}/run/sound"}
+
+    def __enter__(self):
+        with contextlib.ExitStack() as stack:
+            everybody = {**self.home.environment, **self.environment}
+            server = ["pulseaudio", "-n", "--daemonize=no", "--use-pid-file=no", "--exit-idle-time=-1",
+                      "--disallow-exit", f"--load=module-null-sink sink_name={SINK} rate={RATE}",
+                      f"--load=module-native-protocol-unix auth-anonymous=1 socket={self.home.folder}/run/sound"]
+            stack.enter_context(running(server, self.home.environment))
+            self.call = lambda *words: subprocess.run(["pactl", *words], env=everybody, capture_output=True, text=True)
+            until("the sound server", lambda: SINK in self.call("list", "short", "sinks").stdout)
+            recorder = ["parec", f"--device={SINK}.monitor", "--format=s16le", "--channels=1", f"--rate={RATE}",
+                        "--latency-msec=50"]
+            self.recorder = stack.enter_context(running(recorder, everybody, stdout=subprocess.PIPE))
+            self.stack = stack.pop_all()
+        return self
+
+    def __exit__(self, *error):
+        self.stack.close()
+
+    def peak(self):
+        """The loudest of the next samples."""
+        samples = array.array("h", self.recorder.stdout.read(2 * EAR_SPAN))
+        return max(map(abs, samples))
+
+    def streams(self):
+        return self.call("list", "short", "sink-inputs").stdout.split("\n")[:-1]
+
+    def hear(self, what):
+        until(f"{what} is heard", lambda: self.peak() > LOUD)
+        assert self.streams(), "what is heard comes from nobody"
+
+    def hear_nothing_after(self, what):
+        until(f"it is silent after {what}", lambda: self.peak() == 0 and not self.streams())
+
+
+class SoundTest(unittest.TestCase):
+    def setUp(self):
+        self.home = self.enterContext(Home(sys.argv[2], sys.argv[1]))
+        self.screen = self.enterContext(Screen())
+        self.ears = self.enterContext(Ears(self.home))
+        self.sound = self.home.folder / "ring.wav"
+        with wave.open(str(self.sound), "wb") as file:
+            file.setparams((1, 2, RATE, 0, "NONE", ""))
+            period = array.array("h", (int(20000 * math.sin(math.tau * i / 20)) for i in range(20)))
+            file.writeframes(period.tobytes() * (RATE * LENGTH // len(period)))
+
+    def dialog(self, *keys):
+        dialog = opened(self.screen, "a dialog", lambda: self.screen.keys(*keys))
+        until("it has the keys",
+              lambda: self.screen.xdotool("windowfocus", dialog, "getwindowfocus").split() == [dialog])
+        until("it is drawn", lambda: not self.screen.picture(dialog).is_blank())
+        return dialog
+
+    def closed(self, dialog, back, *keys):
+        self.screen.keys(*keys)
+        until("the dialog is gone", lambda: not is_open(self.screen, dialog))
+        self.screen.focus(back)
+
+    def press(self, dialog, button):
+        """One of the dialog's own buttons, which stand below the files."""
+        geometry = self.screen.xdotool("getwindowgeometry", "--shell", dialog)
+        height = int(dict(line.split("=") for line in geometry.split())["HEIGHT"])
+        x, above = button
+        self.screen.xdotool("mousemove", "--window", dialog, x, height - above, "click", 1)
+
+    def choose_sound(self):
+        """Turns reminders on and chooses a sound for them, which is played and stopped before."""
+        options = self.dialog("ctrl+comma")
+        self.screen.keys("ctrl+shift+Tab", "Tab", "space")  # the last page, and its first box
+        choice = self.dialog("alt+c")
+        self.screen.type(str(self.sound))
+        self.screen.keys("Escape")  # the names that are proposed
+        self.press(choice, PLAY)
+        self.ears.hear("the sound in the dialog")
+        self.press(choice, STOP)
+        self.ears.hear_nothing_after("the stop")
+        self.screen.focus("Open")
+        self.closed(choice, "Options", "Return")
+        self.closed(options, TITLE, "Return")
+
+    def test_a_sound_is_tried_chosen_and_played_by_a_reminder(self):
+        with self.home.window(self.screen, **self.ears.environment):
+            self.assertEqual(self.ears.peak(), 0)
+            self.choose_sound()
+            until("the options are kept", lambda: re.search("alarm-set +yes", self.home.orvo("options")))
+        self.home.orvo("todo", "add", "Feed the cat", "--due", "2026-11-25")
+        with self.home.window(self.screen, "--now", "2026-11-25T10:00", **self.ears.environment):
+            until("the reminder", lambda: self.screen.window(REMINDER))
+            self.ears.hear("the reminder")
+        self.ears.hear_nothing_after("the end")
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])
