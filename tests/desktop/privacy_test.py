@@ -2,6 +2,7 @@
 # Walks all ways out of the window with a secret word in each field of private entries that are hidden or masked.
 # SPDX-License-Identifier: MIT
 import pathlib
+import subprocess
 import sys
 import unittest
 
@@ -90,6 +91,13 @@ class PrivacyTest(unittest.TestCase):
             self.screen.focus(TITLE)
         return said
 
+    def printed(self, view):
+        file = self.home.folder / "printed.pdf"
+        self.home.desktop("--view", view, "--pdf", str(file)).check_returncode()
+        text = subprocess.run(["pdftotext", file, "-"], capture_output=True, text=True, check=True).stdout
+        self.assertIn(OPEN, text)
+        return text + subprocess.run(["pdfinfo", file], capture_output=True, text=True, check=True).stdout
+
     WAYS = (copied, exported, mailed)
 
     def everything_said(self, view):
@@ -100,6 +108,7 @@ class PrivacyTest(unittest.TestCase):
             for way in self.WAYS:
                 said[way.__name__] = way(self, view)
         said["standard error"] = self.home.said()
+        said["printed"] = self.printed(view)
         return said
 
     def test_no_way_out_tells_what_is_private(self):

@@ -239,7 +239,7 @@ private:
         row->addWidget(m_name, 1);
         AddButton(*row, Text("&Choose..."), [this] { Choose(); });
         m_play = AddButton(*row, Text("P&lay"), [this] { Play(); });
-        m_stop = AddButton(*row, Text("S&top"), [this] { Stop(); });
+        m_stop = AddButton(*row, Text("S&top"), [] { Stop(); });
         m_none = AddButton(*row, Text("&None"), [this] { Take({}); });
         details.addRow(Text("Sound:"), row);
         Take(m_path);
