@@ -16,8 +16,11 @@ SAMPLES = [str(ROOT / "samples" / name) for name in ("friends.vcf", "office.vcf"
 NOW = ("--now", "2026-11-25T10:00")
 SIZE = ("--size", "900x560")
 # Drawn without a display: what the window shows.
-VIEWS = {"list": (), "cards-dark": ("--view", "cards", "--colours", "dark"), "todos": ("--view", "todos"),
-         "japanese": ("--locale", "ja-JP")}
+VIEWS = {"list": (), "cards-dark": ("--view", "cards", "--colours", "dark"), "todos": ("--view", "todos")}
+JAPANESE = {"japanese": ("--locale", "ja-JP")}
+# Somebody who is there already.
+DUPLICATE = ("add", "--name", "Lee", "--first", "Ann", "--company", "Acme Limited", "--phone1", "+1 617 555 0177",
+             "--city", "Boston")
 # A window that opens by keys: the keys, one after the other.
 WINDOWS = {"address-form": (("Down",), ("Return",)), "todo-form": (("ctrl+5",), ("Down",), ("ctrl+o",)),
            "category": (("Down",), ("ctrl+a",), ("ctrl+k",)), "print-preview": (("alt+f", "v"),),
@@ -31,13 +34,21 @@ def save(picture, name):
     subprocess.run(["mogrify", "-strip", "-colors", "255", f"png8:{file}"], check=True)
 
 
+def draw(home, views):
+    for name, arguments in views.items():
+        file = home.folder / "view.png"
+        home.desktop("--picture", str(file), *NOW, *SIZE, *arguments).check_returncode()
+        save(Picture.read(file), name)
+
+
 def main():
     with Home(sys.argv[2], sys.argv[1]) as home, Screen() as screen:
+        home.orvo("import", str(ROOT / "samples/japan.vcf"))
+        draw(home, JAPANESE)
+    with Home(sys.argv[2], sys.argv[1]) as home, Screen() as screen:
         home.orvo("import", *SAMPLES)
-        for name, arguments in VIEWS.items():
-            file = home.folder / "view.png"
-            home.desktop("--picture", str(file), *NOW, *SIZE, *arguments).check_returncode()
-            save(Picture.read(file), name)
+        draw(home, VIEWS)
+        home.orvo(*DUPLICATE)
         for name, steps in WINDOWS.items():
             with home.window(screen, *NOW, *SIZE):
                 for keys in steps[:-1]:
