@@ -4,8 +4,8 @@
 import sys
 import unittest
 
-from screen import TITLE, Home, Screen, until
-from views import is_open, opened
+from screen import Home, Screen, until
+from views import close, dialog, is_open
 
 SECRET = "Xanadu"
 
@@ -17,19 +17,6 @@ class EditTest(unittest.TestCase):
 
     def start(self, *arguments):
         return self.enterContext(self.home.window(self.screen, *arguments))
-
-    def dialog(self, *keys):
-        """Presses keys that open a dialog, which has the keys then."""
-        dialog = opened(self.screen, "a dialog", lambda: self.screen.keys(*keys))
-        until("the dialog has the keys",
-              lambda: self.screen.xdotool("windowfocus", dialog, "getwindowfocus").split() == [dialog])
-        until("the dialog is drawn", lambda: not self.screen.picture(dialog).is_blank())
-        return dialog
-
-    def close(self, dialog, *keys):
-        self.screen.keys(*keys)
-        until("the dialog is gone", lambda: not is_open(self.screen, dialog))
-        self.screen.focus(TITLE)
 
     def names(self):
         return [row["name"] for row in self.home.rows("addresses")]
@@ -43,20 +30,20 @@ class EditTest(unittest.TestCase):
 
     def make(self, *words):
         """A new address by its form, whose fields are filled in the order of the Tab key."""
-        form = self.dialog("ctrl+n")
+        form = dialog(self.screen, "ctrl+n")
         for word in words:
             self.screen.type(word)
             self.screen.keys("Tab")
-        self.close(form, "ctrl+Return")
+        close(self.screen, form, "ctrl+Return")
 
     def test_an_address_is_made_edited_taken_back_and_made_again(self):
         self.start()
         self.make("Lovelace", "Ada")
         self.until_names("Lovelace")
-        form = self.dialog("Return")  # the new one is selected
+        form = dialog(self.screen, "Return")  # the new one is selected
         self.screen.keys("ctrl+a")
         self.screen.type("King")
-        self.close(form, "Return")
+        close(self.screen, form, "Return")
         self.until_names("King")
         self.screen.keys("ctrl+z")
         self.until_names("Lovelace")
@@ -70,42 +57,42 @@ class EditTest(unittest.TestCase):
         self.add("Adams", "Baker")
         self.start()
         self.screen.after("typing selects", lambda: self.screen.type("bak"))
-        form = self.dialog("Return")
+        form = dialog(self.screen, "Return")
         self.screen.keys("ctrl+a")
         self.screen.type("Carter")
-        self.close(form, "Return")
+        close(self.screen, form, "Return")
         self.until_names("Adams", "Carter")
 
     def test_what_was_typed_is_only_lost_where_the_user_says_so(self):
         self.start()
-        form = self.dialog("ctrl+n")
+        form = dialog(self.screen, "ctrl+n")
         self.screen.type("Lovelace")
-        question = self.dialog("Escape")
+        question = dialog(self.screen, "Escape")
         self.screen.keys("Escape")
         until("the question is gone", lambda: not is_open(self.screen, question))
         self.screen.xdotool("windowfocus", form)
-        self.close(form, "Return")
+        close(self.screen, form, "Return")
         self.until_names("Lovelace")
 
     def test_a_to_do_is_made_and_shown(self):
         self.start()
-        form = self.dialog("ctrl+shift+n")
+        form = dialog(self.screen, "ctrl+shift+n")
         self.screen.type("Order flour")
-        self.close(form, "ctrl+Return")
+        close(self.screen, form, "ctrl+Return")
         until("the to-do is stored", lambda: [row["description"] for row in self.home.rows("todos")] == ["Order flour"])
-        self.close(self.dialog("Delete"), "Return")  # it stands selected in the list of to-dos
+        close(self.screen, dialog(self.screen, "Delete"), "Return")  # it stands selected in the list of to-dos
         until("it is deleted", lambda: self.home.rows("todos") == [])
 
     def test_deleted_entries_come_back_from_the_trash_or_by_undo(self):
         self.add("Adams", "Baker", "Carter")
         self.start()
         self.screen.keys("Down", "shift+Down")
-        self.close(self.dialog("Delete"), "Return")
+        close(self.screen, dialog(self.screen, "Delete"), "Return")
         self.until_names("Carter")
-        trash = self.dialog("alt+e", "t")
+        trash = dialog(self.screen, "alt+e", "t")
         self.screen.keys("alt+r")  # the first is selected
         self.until_names("Adams", "Carter")
-        self.close(trash, "Escape")
+        close(self.screen, trash, "Escape")
         self.screen.keys("ctrl+z")
         self.until_names("Carter")
         self.screen.keys("ctrl+z")
@@ -115,14 +102,14 @@ class EditTest(unittest.TestCase):
         self.add("Adams")
         self.start()
         self.screen.keys("Down")
-        self.close(self.dialog("Delete"), "Return")
+        close(self.screen, dialog(self.screen, "Delete"), "Return")
         self.until_names()
-        trash = self.dialog("alt+e", "t")
-        question = self.dialog("Delete")
+        trash = dialog(self.screen, "alt+e", "t")
+        question = dialog(self.screen, "Delete")
         self.screen.keys("alt+y")
         until("the question is gone", lambda: not is_open(self.screen, question))
         self.screen.xdotool("windowfocus", trash)
-        self.close(trash, "Escape")
+        close(self.screen, trash, "Escape")
         self.screen.keys("ctrl+z")
         self.screen.keys("ctrl+z")
         self.until_names("Adams")
@@ -132,9 +119,9 @@ class EditTest(unittest.TestCase):
         self.add("Carter", category="Friends")
         self.start()
         self.screen.keys("Down", "ctrl+a")
-        choice = self.dialog("ctrl+k")
+        choice = dialog(self.screen, "ctrl+k")
         self.screen.type("frie")
-        self.close(choice, "Return")
+        close(self.screen, choice, "Return")
 
         def categories():
             return [row["category"] for row in self.home.rows("addresses")]
@@ -147,8 +134,8 @@ class EditTest(unittest.TestCase):
         self.make("Lovelace")
         self.until_names("Lovelace")
         self.home.orvo("edit", str(self.home.rows("addresses")[0]["id"]), "--name", "Byron")
-        message = self.dialog("ctrl+z")
-        self.close(message, "Return")
+        message = dialog(self.screen, "ctrl+z")
+        close(self.screen, message, "Return")
         self.until_names("Byron")
 
     def test_a_copy_takes_along_what_is_shown_and_nothing_that_is_masked(self):

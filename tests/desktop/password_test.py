@@ -6,7 +6,7 @@ import sys
 import unittest
 
 from screen import TITLE, Home, Screen, until
-from views import is_open, opened
+from views import close, dialog, is_open
 
 SECRET, OPEN = "Xanadu", "Adams"
 PASSWORD, WRONG = "Kubla Khan", "Coleridge"
@@ -19,18 +19,6 @@ class PasswordTest(unittest.TestCase):
         self.home.orvo("add", "--name", OPEN)
         self.home.orvo("add", "--name", SECRET, "--private", "yes")
 
-    def dialog(self, *keys):
-        dialog = opened(self.screen, "a dialog", lambda: self.screen.keys(*keys))
-        until("it has the keys",
-              lambda: self.screen.xdotool("windowfocus", dialog, "getwindowfocus").split() == [dialog])
-        until("it is drawn", lambda: not self.screen.picture(dialog).is_blank())
-        return dialog
-
-    def close(self, dialog, *keys, back=TITLE):
-        self.screen.keys(*keys)
-        until("the dialog is gone", lambda: not is_open(self.screen, dialog))
-        self.screen.focus(back)
-
     def shown(self):
         """What a copy of all rows holds."""
         self.screen.copy("")
@@ -40,9 +28,9 @@ class PasswordTest(unittest.TestCase):
 
     def switch_lock(self):
         """Turns the password on or off in the options; the dialog that asks for it has the keys then."""
-        options = self.dialog("ctrl+comma")
+        options = dialog(self.screen, "ctrl+comma")
         self.screen.keys("ctrl+Tab", "Tab", "Tab", "space")
-        return options, self.dialog("Return")
+        return options, dialog(self.screen, "Return")
 
     def choose_password(self):
         options, choice = self.switch_lock()
@@ -65,14 +53,14 @@ class PasswordTest(unittest.TestCase):
         self.assertEqual(stat.S_IMODE(self.settings().stat().st_mode), 0o600)
         with self.home.window(self.screen):
             self.assertNotIn(SECRET, self.shown())
-            question = self.dialog("ctrl+l")
+            question = dialog(self.screen, "ctrl+l")
             self.screen.after("the wrong one is told", lambda: (self.screen.type(WRONG), self.screen.keys("Return")))
             self.assertTrue(is_open(self.screen, question))
-            self.close(question, "Escape")
+            close(self.screen, question, "Escape")
             self.assertNotIn(SECRET, self.shown())
-            question = self.dialog("ctrl+l")
+            question = dialog(self.screen, "ctrl+l")
             self.screen.type(PASSWORD)
-            self.close(question, "Return")
+            close(self.screen, question, "Return")
             self.assertIn(SECRET, self.shown())
             self.screen.keys("ctrl+l")
             self.assertNotIn(SECRET, self.shown())
@@ -83,8 +71,8 @@ class PasswordTest(unittest.TestCase):
             self.choose_password()
         with self.home.window(self.screen):
             options, question = self.switch_lock()
-            self.close(question, "Escape", back="Options")
-            self.close(options, "Escape")
+            close(self.screen, question, "Escape", back="Options")
+            close(self.screen, options, "Escape")
             self.assertNotIn(SECRET, self.shown())
             options, question = self.switch_lock()
             self.screen.type(PASSWORD)

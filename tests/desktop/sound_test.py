@@ -10,8 +10,8 @@ import sys
 import unittest
 import wave
 
-from screen import PATIENCE, TITLE, Home, Screen, running, until
-from views import is_open, opened
+from screen import PATIENCE, Home, Screen, running, until
+from views import close, dialog
 
 RATE = 8000  # samples a second
 LENGTH = 2 * PATIENCE  # seconds: it doesn't end before somebody stops it
@@ -75,18 +75,6 @@ class SoundTest(unittest.TestCase):
             period = array.array("h", (int(20000 * math.sin(math.tau * i / 20)) for i in range(20)))
             file.writeframes(period.tobytes() * (RATE * LENGTH // len(period)))
 
-    def dialog(self, *keys):
-        dialog = opened(self.screen, "a dialog", lambda: self.screen.keys(*keys))
-        until("it has the keys",
-              lambda: self.screen.xdotool("windowfocus", dialog, "getwindowfocus").split() == [dialog])
-        until("it is drawn", lambda: not self.screen.picture(dialog).is_blank())
-        return dialog
-
-    def closed(self, dialog, back, *keys):
-        self.screen.keys(*keys)
-        until("the dialog is gone", lambda: not is_open(self.screen, dialog))
-        self.screen.focus(back)
-
     def press(self, dialog, button):
         """One of the dialog's own buttons, which stand below the files."""
         geometry = self.screen.xdotool("getwindowgeometry", "--shell", dialog)
@@ -103,17 +91,17 @@ class SoundTest(unittest.TestCase):
 
     def choose_sound(self):
         """Turns reminders on and chooses a sound for them, which is played and stopped before."""
-        options = self.dialog("ctrl+comma")
+        options = dialog(self.screen, "ctrl+comma")
         self.screen.keys("ctrl+shift+Tab", "Tab", "space")  # the last page, and its first box
-        choice = self.dialog("alt+c")
+        choice = dialog(self.screen, "alt+c")
         self.screen.type(str(self.sound))
         until("something plays", lambda: self.is_playing_after_press(choice))
         self.ears.hear("the sound in the dialog")
         self.press(choice, STOP)
         self.ears.hear_nothing_after("the stop")
         self.screen.focus("Open")
-        self.closed(choice, "Options", "Return")
-        self.closed(options, TITLE, "Return")
+        close(self.screen, choice, "Return", back="Options")
+        close(self.screen, options, "Return")
 
     def test_a_sound_is_tried_chosen_and_played_by_a_reminder(self):
         with self.home.window(self.screen, **self.ears.environment):

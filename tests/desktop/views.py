@@ -82,6 +82,22 @@ def opened(screen, what, action):
     return until(what, lambda: windows(screen) - before).pop()
 
 
+def dialog(screen, *keys):
+    """Presses keys that open a dialog, and gives its window, which has the keys then."""
+    window = opened(screen, "a dialog", lambda: screen.keys(*keys))
+    until("the dialog has the keys",
+          lambda: screen.xdotool("windowfocus", window, "getwindowfocus").split() == [window])
+    until("the dialog is drawn", lambda: not screen.picture(window).is_blank())
+    return window
+
+
+def close(screen, window, *keys, back=TITLE):
+    """Presses keys that close a dialog, and gives the keys to the window behind it."""
+    screen.keys(*keys)
+    until("the dialog is gone", lambda: not is_open(screen, window))
+    screen.focus(back)
+
+
 def is_open(screen, window):
     return window in windows(screen)
 
