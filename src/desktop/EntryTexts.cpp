@@ -74,8 +74,8 @@ std::unique_ptr<QMimeData> EntriesAsMimeData(const std::vector<CBaseRecord*>& re
             const std::string card =
                 ExportCard(*address, static_cast<CAddressTable&>(record->GetTable()));
             cards.append(card.data(), static_cast<qsizetype>(card.size()));
-        } else {
-            texts += FromUtf8(static_cast<CToDoRecord*>(record)->DescriptionUtf8());
+        } else if (const auto* toDo = dynamic_cast<CToDoRecord*>(record)) {
+            texts += FromUtf8(toDo->DescriptionUtf8());
         }
     }
     data->setText(texts.join('\n'));

@@ -96,7 +96,7 @@ long ChangeLabels(StoreSession& session, int label, int other) {
 
 QString AddCategory(StoreSession& session, CBaseTable& table, const QString& typed) {
     const QString name = typed.trimmed();
-    if (const QString wrong = WrongWithCategory(table, name, -1); !wrong.isEmpty()) return wrong;
+    if (QString wrong = WrongWithCategory(table, name, -1); !wrong.isEmpty()) return wrong;
     if (table.GetCategoryManager()->GetCount() >= kCategoryCount) {
         return Text("There is room for 16 categories. Rename or remove another one.");
     }
@@ -111,7 +111,7 @@ QString AddCategory(StoreSession& session, CBaseTable& table, const QString& typ
 
 QString RenameCategory(StoreSession& session, CBaseTable& table, int index, const QString& typed) {
     const QString name = typed.trimmed();
-    if (const QString wrong = WrongWithCategory(table, name, index); !wrong.isEmpty()) return wrong;
+    if (QString wrong = WrongWithCategory(table, name, index); !wrong.isEmpty()) return wrong;
     return Run(session, Text("Rename category"), [&] {
         return WriteText(session, KindOf(session, table), TextKind::Category, index, name);
     });
@@ -134,7 +134,7 @@ QString RemoveCategory(StoreSession& session, CBaseTable& table, int index) {
 QString AddLabel(StoreSession& session, const QString& typed) {
     const QString name = typed.trimmed();
     const CAddressTable& table = session.Addresses();
-    if (const QString wrong = WrongWithLabel(table, name, -1); !wrong.isEmpty()) return wrong;
+    if (QString wrong = WrongWithLabel(table, name, -1); !wrong.isEmpty()) return wrong;
     int number = 0;
     while (!table.GetPhoneLabel(number).IsEmpty()) ++number;
     return Run(session, Text("New label"),
@@ -143,7 +143,7 @@ QString AddLabel(StoreSession& session, const QString& typed) {
 
 QString RenameLabel(StoreSession& session, int label, const QString& typed) {
     const QString name = typed.trimmed();
-    if (const QString wrong = WrongWithLabel(session.Addresses(), name, label); !wrong.isEmpty()) {
+    if (QString wrong = WrongWithLabel(session.Addresses(), name, label); !wrong.isEmpty()) {
         return wrong;
     }
     return Run(session, Text("Rename label"), [&] {
