@@ -84,6 +84,14 @@ QIcon WindowIcon() {
     return icon;
 }
 
+// Numbers, hours and days in Qt's windows are those of the views.
+void UseCountry() {
+    const QString tag = QString::fromStdString(SystemLocale::Tag());
+    const QLocale locale(tag.section("-u-", 0, 0));
+    QLocale::setDefault(locale);
+    QApplication::setLayoutDirection(locale.textDirection());
+}
+
 COrvoDesktopOptions LoadOptions() {
     return LoadHostOptions(PrintProblem);
 }
@@ -179,8 +187,7 @@ int Run(const CommandLine& line, int count, char** arguments) {
     QGuiApplication::setDesktopFileName("org.orvoshare.OrvoDesktop");
     QApplication::setWindowIcon(WindowIcon());
     UseLanguage(SystemLocale::Language());
-    const QLocale locale(QString::fromStdString(SystemLocale::Tag()));
-    QApplication::setLayoutDirection(locale.textDirection());
+    UseCountry();
     SetColours(line.colours);
     QtWindowSystem system;
     WindowSystem::SetCurrent(&system);
