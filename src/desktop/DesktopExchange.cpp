@@ -1,6 +1,5 @@
 // Import into the store of the window, and export from it.
 // SPDX-License-Identifier: MIT
-#include <QLocale>
 #include <QMessageBox>
 #include <QStatusBar>
 #include <unordered_set>
@@ -23,8 +22,8 @@ namespace {
 // So many entries that were left out are told in a message.
 constexpr std::size_t kMostToldEntries = 12;
 
-QString Count(std::size_t count) {
-    return QLocale().toString(static_cast<qulonglong>(count));
+std::int64_t SizeOf(std::size_t count) {
+    return static_cast<std::int64_t>(count);
 }
 
 // The rest of a message: the first of the lines.
@@ -80,8 +79,9 @@ void DesktopWindow::ShowImported(const ImportResult& result) {
     }
     FillCategoryBox();
     m_frame.Refill();
-    const QString told = Text("%1 addresses and %2 to-dos were imported.")
-                             .arg(Count(result.addresses), Count(result.toDos));
+    const QString told = Text("Imported: %1, %2.")
+                             .arg(CountText("%1 address", "%1 addresses", SizeOf(result.addresses)),
+                                  CountText("%1 to-do", "%1 to-dos", SizeOf(result.toDos)));
     statusBar()->showMessage(told, kMessageTime);
     if (result.skipped.empty()) return;
     for (const SkippedLine& entry : result.skipped) PrintProblem(TextOf(entry));
@@ -140,12 +140,14 @@ void DesktopWindow::Export(const std::string& file, bool isSelectionOnly) {
                 if (record.IsPrivate() && !showsPrivate) return false;
                 return !isSelectionOnly || selected.count(record.GetId()) != 0;
             });
-        const QString told = Text("%1 entries were exported.").arg(Count(report.written));
+        const QString told = CountText("%1 entry was exported.", "%1 entries were exported.",
+                                       SizeOf(report.written));
         statusBar()->showMessage(told, kMessageTime);
         if (report.leftOut.empty()) return;
         QMessageBox::warning(this, windowTitle(),
                              told + "\n\n" +
-                                 Text("%1 entries were left out:").arg(report.leftOut.size()) +
+                                 CountText("%1 entry was left out:", "%1 entries were left out:",
+                                           SizeOf(report.leftOut.size())) +
                                  Lines(report.leftOut));
     } catch (const ExchangeError& error) {
         TellRefusal(Text("Nothing was exported.") + "\n\n" + FromUtf8(error.what()));

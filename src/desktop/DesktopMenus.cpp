@@ -48,7 +48,7 @@ void DesktopWindow::MakeEditMenu() {
     edit.addSeparator();
     m_selectionActions = {
         AddCommand(edit, Text("&Open..."), "Ctrl+O", [this] { OpenSelected(); }),
-        AddCommand(edit, Text("Set &category..."), "Ctrl+K", [this] { SetCategoryOfSelected(); }),
+        AddCommand(edit, Text("Set cate&gory..."), "Ctrl+K", [this] { SetCategoryOfSelected(); }),
         AddCommand(edit, Text("&Copy"), "Ctrl+C", [this] { CopySelected(); }),
         AddCommand(edit, Text("&Delete"), "Del", [this] { DeleteSelected(); })};
     AddCommand(edit, Text("Select &all"), "Ctrl+A", [this] { SelectAll(); });
@@ -80,7 +80,7 @@ void DesktopWindow::MakeViewMenu() {
         const char* keys;
         int change;
     } kCardSteps[] = {{Untranslated("Lar&ger cards"), "Ctrl++", 1},
-                      {Untranslated("S&maller cards"), "Ctrl+-", -1}};
+                      {Untranslated("&Smaller cards"), "Ctrl+-", -1}};
     for (const auto& step : kCardSteps) {
         QAction* action = view.addAction(Text(step.text));
         action->setShortcut(QKeySequence(step.keys));

@@ -98,7 +98,7 @@ QString AddCategory(StoreSession& session, CBaseTable& table, const QString& typ
     const QString name = typed.trimmed();
     if (QString wrong = WrongWithCategory(table, name, -1); !wrong.isEmpty()) return wrong;
     if (table.GetCategoryManager()->GetCount() >= kCategoryCount) {
-        return Text("There is room for 16 categories. Rename or remove another one.");
+        return Text("There is room for 16 categories. Rename or remove one of them.");
     }
     return Run(session, Text("New category"), [&] {
         auto category = std::make_unique<CCategory>();

@@ -145,7 +145,7 @@ NameRules CategoryRules(StoreSession& session, CBaseTable& table) {
         [&](const QString& name) { return AddCategory(session, table, name); },
         [&](int index, const QString& name) { return RenameCategory(session, table, index, name); },
         [&](int index) { return RemoveCategory(session, table, index); },
-        Text("Remove the category \"%1\"? Its entries stay, in no category.")};
+        Text("Remove the category \"%1\"? Its entries stay, without a category.")};
 }
 
 std::vector<Name> Labels(const CAddressTable& table) {
@@ -174,7 +174,8 @@ NameRules LabelRules(StoreSession& session) {
         [&session](int label, const QString& name) { return RenameLabel(session, label, name); },
         [&session, &table](int label) {
             const int other = LabelInstead(table, label);
-            return other < 0 ? Text("The last label stays.") : RemoveLabel(session, label, other);
+            return other < 0 ? Text("The last label can't be removed.")
+                             : RemoveLabel(session, label, other);
         },
         Text("Remove the label \"%1\"? Numbers that have it get the last of the others.")};
 }

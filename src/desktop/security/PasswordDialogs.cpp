@@ -74,7 +74,7 @@ private:
 };
 
 QString WrongPassword() {
-    return Text("This isn't the password.");
+    return Text("The password is wrong.");
 }
 
 }  // namespace
