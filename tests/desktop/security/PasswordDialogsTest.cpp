@@ -42,8 +42,8 @@ TEST_F(PasswordDialogs, WithoutAPasswordNobodyIsAsked) {
 
 TEST_F(PasswordDialogs, AsksUntilThePasswordIsRight) {
     ASSERT_TRUE(SetPassword(TypedPassword("Khan")));
-    const Hands hands({Typing({"Coleridge"}), Seeing("This isn't the password."), Typing({""}),
-                       Seeing("This isn't the password."), Typing({"Khan"})});
+    const Hands hands({Typing({"Coleridge"}), Seeing("The password is wrong."), Typing({""}),
+                       Seeing("The password is wrong."), Typing({"Khan"})});
     EXPECT_TRUE(AskForPassword(nullptr));
 }
 
@@ -65,7 +65,7 @@ TEST_F(PasswordDialogs, OnlyTheOldPasswordLetsItBeChanged) {
     ASSERT_TRUE(SetPassword(TypedPassword("Khan")));
     {
         const Hands hands(
-            {Typing({"Coleridge", "new", "new"}), Seeing("This isn't the password."), Escape});
+            {Typing({"Coleridge", "new", "new"}), Seeing("The password is wrong."), Escape});
         EXPECT_FALSE(ChoosePassword(nullptr));
     }
     EXPECT_TRUE(IsPassword(TypedPassword("Khan")));
