@@ -41,35 +41,32 @@ void DesktopWindow::NewToDo() {
     ShowEdited(record.GetId());
 }
 
-void DesktopWindow::OpenSelected() {
-    const std::vector<CBaseRecord*> records = m_frame.SelectedRecords();
-    if (records.size() != 1) return;
-    std::int64_t id = records.front()->GetId();
-    if (m_frame.IsShowingToDos() ? OpenToDo(id) : OpenAddress(id)) {
-        ShowEdited(id);
-    } else {
-        m_frame.Refill();
-    }
-}
-
 // The form works on a record of its own, as the view may read its records anew meanwhile.
-bool DesktopWindow::OpenAddress(std::int64_t& id) {
-    CAddressRecord record(m_session.Addresses());
-    if (!IsFound(m_session.Addresses().Find(id, record))) return false;
-    const EditHistory::Step step(m_session.History(), Text("Edit address").toStdString());
-    if (!EditAddress(this, m_session.Addresses(), record)) return false;
+template <class Table, class Record>
+bool DesktopWindow::OpenForm(Table& table, bool (*edit)(QWidget*, Table&, Record&),
+                             const QString& name, std::int64_t& id) {
+    Record record(table);
+    if (!IsFound(table.Find(id, record))) return false;
+    const EditHistory::Step step(m_session.History(), name.toStdString());
+    if (!edit(this, table, record)) return false;
     // Where the entry was gone, it may have been saved as a new one.
     id = record.GetId();
     return true;
 }
 
-bool DesktopWindow::OpenToDo(std::int64_t& id) {
-    CToDoRecord record(m_session.ToDos());
-    if (!IsFound(m_session.ToDos().Find(id, record))) return false;
-    const EditHistory::Step step(m_session.History(), Text("Edit to-do").toStdString());
-    if (!EditToDo(this, m_session.ToDos(), record)) return false;
-    id = record.GetId();
-    return true;
+void DesktopWindow::OpenSelected() {
+    const std::vector<CBaseRecord*> records = m_frame.SelectedRecords();
+    if (records.size() != 1) return;
+    std::int64_t id = records.front()->GetId();
+    const bool isSaved =
+        m_frame.IsShowingToDos()
+            ? OpenForm(m_session.ToDos(), EditToDo, Text("Edit to-do"), id)
+            : OpenForm(m_session.Addresses(), EditAddress, Text("Edit address"), id);
+    if (isSaved) {
+        ShowEdited(id);
+    } else {
+        m_frame.Refill();
+    }
 }
 
 bool DesktopWindow::IsFound(long status) {

@@ -83,9 +83,10 @@ private:
     void NewAddress();
     void NewToDo();
     void OpenSelected();
-    // Each gives true after the entry was saved, with the id that it has then.
-    bool OpenAddress(std::int64_t& id);
-    bool OpenToDo(std::int64_t& id);
+    // Gives true after the entry was saved, with the id that it has then.
+    template <class Table, class Record>
+    bool OpenForm(Table& table, bool (*edit)(QWidget*, Table&, Record&), const QString& name,
+                  std::int64_t& id);
     bool IsFound(long status);
     void ShowEdited(std::int64_t id);
     void ChangeSelected(const QString& name, const std::function<long(CBaseRecord&)>& change);

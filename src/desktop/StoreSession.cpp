@@ -91,6 +91,7 @@ std::string StoreSession::Change(const std::string& name, const std::function<lo
         }
         reason = m_history.Engine().LastError();
     }
+    if (reason.empty()) reason = fmt::format("{}: the change was refused", m_engine->Name());
     return Refreshed(std::move(reason));
 }
 

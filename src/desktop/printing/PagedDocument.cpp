@@ -20,15 +20,6 @@ constexpr qreal kNumberGap = 2;
 // Of the width, for the title; the rest is the date's.
 constexpr qreal kTitleShare = 0.68;
 
-const QColor kDimText(0x55, 0x55, 0x55);
-
-QFont FontOf(int points, bool isBold) {
-    QFont font = QGuiApplication::font();
-    font.setPointSize(points);
-    font.setBold(isBold);
-    return font;
-}
-
 int EndOfParts(const PrintedItem& item, int first, qreal room, qreal& height) {
     int end = first;
     height = 0;
@@ -56,8 +47,8 @@ bool PagedDocument::LayOut(QPaintDevice& device, const PrintProgress& progress) 
     m_paper = {&device, QRectF(0, 0, device.width(), device.height()),
                device.logicalDpiX() / kMillimetresOfInch,
                QGuiApplication::layoutDirection() == Qt::RightToLeft};
-    m_titleFont = std::make_unique<PrintedFont>(FontOf(kTitlePoints, true), device);
-    m_smallFont = std::make_unique<PrintedFont>(FontOf(kSmallPoints, false), device);
+    m_titleFont = std::make_unique<PrintedFont>(PaperFont(kTitlePoints, true), device);
+    m_smallFont = std::make_unique<PrintedFont>(PaperFont(kSmallPoints, false), device);
     m_items->SetPaper(m_paper);
     m_pages.assign(1, {});
     Position position = FillPage({}, nullptr);

@@ -1,6 +1,5 @@
 // Address cards, in as many columns as the page has room for.
 // SPDX-License-Identifier: MIT
-#include <QGuiApplication>
 #include <algorithm>
 #include <utility>
 
@@ -26,14 +25,6 @@ constexpr qreal kBandHeight = 1.2;
 const QColor kFrameColour(0x99, 0x99, 0x99);
 const QColor kBandColour(0xEC, 0xEC, 0xEC);
 const QColor kMaskColour(0xC8, 0xC8, 0xC8);
-const QColor kDimText(0x55, 0x55, 0x55);
-
-QFont FontOf(int points, bool isBold) {
-    QFont font = QGuiApplication::font();
-    font.setPointSize(points);
-    font.setBold(isBold);
-    return font;
-}
 
 // A text of the card, one of whose lines stands in a part of it.
 struct Piece {
@@ -214,9 +205,9 @@ PrintedCards::PrintedCards(int cardCount, int tabStop, std::function<PrintedCard
 
 void PrintedCards::SetPaper(const Paper& paper) {
     m_paper = paper;
-    m_titleFont = std::make_unique<PrintedFont>(FontOf(kTitlePoints, true), *paper.device);
-    m_font = std::make_unique<PrintedFont>(FontOf(kPoints, false), *paper.device);
-    m_smallFont = std::make_unique<PrintedFont>(FontOf(kSmallPoints, false), *paper.device);
+    m_titleFont = std::make_unique<PrintedFont>(PaperFont(kTitlePoints, true), *paper.device);
+    m_font = std::make_unique<PrintedFont>(PaperFont(kPoints, false), *paper.device);
+    m_smallFont = std::make_unique<PrintedFont>(PaperFont(kSmallPoints, false), *paper.device);
 }
 
 std::unique_ptr<PrintedItem> PrintedCards::LayOut(int index) const {

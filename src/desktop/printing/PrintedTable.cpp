@@ -1,7 +1,6 @@
 // Rows of cells below a heading.
 // SPDX-License-Identifier: MIT
 #include <QFontMetricsF>
-#include <QGuiApplication>
 #include <algorithm>
 #include <optional>
 #include <utility>
@@ -27,13 +26,6 @@ constexpr int kMeasuredRows = 200;
 
 const QColor kLineColour(0xBB, 0xBB, 0xBB);
 const QColor kMaskColour(0xC8, 0xC8, 0xC8);
-
-QFont FontOf(bool isBold) {
-    QFont font = QGuiApplication::font();
-    font.setPointSize(kPoints);
-    font.setBold(isBold);
-    return font;
-}
 
 // Columns that lack width get what others have to spare, first those that lack least, so that one
 // with endless cells takes nothing from them. One without any width stays so.
@@ -139,8 +131,8 @@ PrintedTable::PrintedTable(std::vector<PrintedColumn> columns, int rowCount,
 
 void PrintedTable::SetPaper(const Paper& paper) {
     m_paper = paper;
-    m_font = std::make_unique<PrintedFont>(FontOf(false), *paper.device);
-    m_boldFont = std::make_unique<PrintedFont>(FontOf(true), *paper.device);
+    m_font = std::make_unique<PrintedFont>(PaperFont(kPoints, false), *paper.device);
+    m_boldFont = std::make_unique<PrintedFont>(PaperFont(kPoints, true), *paper.device);
     Spread();
 }
 

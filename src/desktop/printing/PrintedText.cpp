@@ -1,6 +1,7 @@
 // A text on paper, broken into lines of one width.
 // SPDX-License-Identifier: MIT
 #include <QFontMetricsF>
+#include <QGuiApplication>
 #include <QTextOption>
 #include <algorithm>
 
@@ -25,6 +26,13 @@ QString InOneParagraph(QString text) {
 }
 
 }  // namespace
+
+QFont PaperFont(int points, bool isBold) {
+    QFont font = QGuiApplication::font();
+    font.setPointSize(points);
+    font.setBold(isBold);
+    return font;
+}
 
 PrintedFont::PrintedFont(const QFont& font, QPaintDevice& device)
     : m_font(font), m_device(&device) {

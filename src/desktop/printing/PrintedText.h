@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QColor>
 #include <QFont>
 #include <QPainter>
 #include <QString>
@@ -9,6 +10,12 @@
 #include <memory>
 
 namespace orvo::desktop {
+
+// For texts of less weight.
+inline constexpr QColor kDimText(0x55, 0x55, 0x55);
+
+// The font of the desktop in a size for paper.
+QFont PaperFont(int points, bool isBold);
 
 // How texts of one kind are set: the font as a device has it.
 class PrintedFont {

@@ -20,6 +20,14 @@ const char* NameOf(TableKind kind) {
     return kind == TableKind::Address ? "address" : "to-do";
 }
 
+// The first three parameters of what writes and removes texts.
+void BindTextKey(SqliteStatement& statement, TableKind kind, StoreEngine::TextKind texts,
+                 int number) {
+    statement.Bind(1, static_cast<std::int64_t>(kind));
+    statement.Bind(2, static_cast<std::int64_t>(texts));
+    statement.Bind(3, number);
+}
+
 }  // namespace
 
 // Makes several statements one: a transaction of its own, or a part of the open one.
@@ -226,9 +234,7 @@ StoreStatus SqliteEngine::WriteText(TableKind kind, TextKind texts, int number,
     }
     SqliteStatement& statement = m_statements->writeText;
     const SqliteRun run(statement);
-    statement.Bind(1, static_cast<std::int64_t>(kind));
-    statement.Bind(2, static_cast<std::int64_t>(texts));
-    statement.Bind(3, number);
+    BindTextKey(statement, kind, texts, number);
     statement.BindText(4, text);
     return Result(statement.Step());
 }
@@ -239,9 +245,7 @@ StoreStatus SqliteEngine::RemoveText(TableKind kind, TextKind texts, int number)
     }
     SqliteStatement& statement = m_statements->removeText;
     const SqliteRun run(statement);
-    statement.Bind(1, static_cast<std::int64_t>(kind));
-    statement.Bind(2, static_cast<std::int64_t>(texts));
-    statement.Bind(3, number);
+    BindTextKey(statement, kind, texts, number);
     return Result(statement.Step());
 }
 
