@@ -21,8 +21,8 @@ target_compile_options(orvo_flags INTERFACE -Wall -Wextra -Wpedantic -Werror -Ws
                                             -Wnon-virtual-dtor -Wold-style-cast -Wcast-qual
                                             -Wformat=2 -Wimplicit-fallthrough)
 if(ORVO_SANITIZE)
-    # Tests are compiled once for each time they run: most of their time was the optimiser's.
-    target_compile_options(orvo_flags INTERFACE $<IF:$<BOOL:$<TARGET_PROPERTY:ORVO_IS_TEST>>,-O0,-O1>
+    # Where a source is mostly the templates of its headers, most of the compiler's time was the optimizer's.
+    target_compile_options(orvo_flags INTERFACE $<IF:$<BOOL:$<TARGET_PROPERTY:ORVO_UNOPTIMIZED>>,-O0,-O1>
                                                 -fsanitize=address,undefined
                                                 -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(orvo_flags INTERFACE -fsanitize=address,undefined)
@@ -54,17 +54,23 @@ function(orvo_program name)
     target_link_libraries(${name} PRIVATE orvo_flags ${ARG_LINK})
 endfunction()
 
+# orvo_precompile(<target> <header>...): compiles these headers once for the sources of a target, and of those that reuse
+# them.
+function(orvo_precompile target)
+    target_precompile_headers(${target} PRIVATE ${ARGN})
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+        # Without a time in it the same header gives the same file, and ccache the same results.
+        target_compile_options(${target} PRIVATE "SHELL:-Xclang -fno-pch-timestamp")
+    endif()
+endfunction()
+
 # orvo_test_headers: the headers that every test has, compiled once for all of them.
 function(orvo_test_headers)
     file(WRITE "${CMAKE_CURRENT_BINARY_DIR}/test_headers.cpp" "")
     add_library(orvo_test_headers OBJECT "${CMAKE_CURRENT_BINARY_DIR}/test_headers.cpp")
-    set_target_properties(orvo_test_headers PROPERTIES ORVO_IS_TEST ON)
+    set_target_properties(orvo_test_headers PROPERTIES ORVO_UNOPTIMIZED ON)
     target_link_libraries(orvo_test_headers PRIVATE orvo_flags GTest::gmock)
-    target_precompile_headers(orvo_test_headers PRIVATE <gmock/gmock.h> <gtest/gtest.h>)
-    if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
-        # Without a time in it the same header gives the same file, and ccache the same results.
-        target_compile_options(orvo_test_headers PRIVATE "SHELL:-Xclang -fno-pch-timestamp")
-    endif()
+    orvo_precompile(orvo_test_headers <gmock/gmock.h> <gtest/gtest.h>)
 endfunction()
 
 # orvo_test(<library> SOURCES <file>... [LINK <target>...]): one test program a folder; it links that folder's
@@ -73,12 +79,14 @@ function(orvo_test library)
     cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "SOURCES;LINK")
     set(name ${library}_test)
     add_executable(${name} ${ARG_SOURCES})
-    set_target_properties(${name} PROPERTIES ORVO_IS_TEST ON)
+    set_target_properties(${name} PROPERTIES ORVO_UNOPTIMIZED ON)
     target_precompile_headers(${name} REUSE_FROM orvo_test_headers)
+    # As the headers were compiled for, and as Qt wants it.
+    target_compile_options(${name} PRIVATE -fPIC)
     target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/src"
                                                "${PROJECT_SOURCE_DIR}/tests")
     target_link_libraries(${name} PRIVATE orvo_flags ${library} ${ARG_LINK} GTest::gmock
                                           GTest::gtest_main)
     include(GoogleTest)
-    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+    gtest_discover_tests(${name} DISCOVERY_TIMEOUT ${ORVO_TEST_LIMIT} PROPERTIES TIMEOUT ${ORVO_TEST_LIMIT})
 endfunction()

@@ -5,7 +5,7 @@ say() { printf '==> %s\n' "$*" >&2; }
 
 build_packages="g++ cmake ninja-build ccache pkg-config libsodium-dev libicu-dev libsqlite3-dev libical-dev libfmt-dev libsdbus-c++-dev libsystemd-dev libcli11-dev nlohmann-json3-dev gettext qt6-base-dev qt6-multimedia-dev"
 picture_packages="fonts-dejavu-core fonts-noto-cjk fonts-lohit-deva fonts-tlwg-loma-otf"
-test_packages="clang libclang-rt-14-dev qt6-translations-l10n at-spi2-core gir1.2-atspi-2.0 python3-gi libgtest-dev libgmock-dev clang-format python3 xvfb xdotool xauth xclip imagemagick poppler-utils xdg-utils dbus-daemon pulseaudio pulseaudio-utils libglib2.0-bin fcitx5 fcitx5-anthy fcitx5-frontend-qt6"
+test_packages="clang libclang-rt-14-dev qt6-translations-l10n at-spi2-core gir1.2-atspi-2.0 python3-gi libgtest-dev libgmock-dev clang-format python3 xvfb xdotool xauth xclip imagemagick poppler-utils xdg-utils dbus-daemon pulseaudio pulseaudio-utils dunst libglib2.0-bin fcitx5 fcitx5-anthy fcitx5-frontend-qt6"
 check_packages="clang-tidy libbenchmark-dev dpkg-dev lintian desktop-file-utils appstream shared-mime-info man-db doxygen"
 
 # need_packages PACKAGE...: installs those that aren't there, and asks nothing where all are.

@@ -30,7 +30,9 @@ if(ORVO_DESKTOP)
     add_library(orvoshareqt SHARED $<TARGET_OBJECTS:orvo_platform_qt>)
     set_target_properties(orvoshareqt PROPERTIES VERSION ${PROJECT_VERSION}
                                                  SOVERSION ${PROJECT_VERSION_MAJOR})
-    target_link_options(orvoshareqt PRIVATE "LINKER:--no-undefined")
+    if(NOT ORVO_SANITIZE)  # whose runtime is the program's
+        target_link_options(orvoshareqt PRIVATE "LINKER:--no-undefined")
+    endif()
     target_link_libraries(orvoshareqt
         PUBLIC orvoshare Qt6::Widgets
         PRIVATE $<BUILD_INTERFACE:orvo_flags> $<BUILD_INTERFACE:Qt6::Multimedia>)

@@ -25,7 +25,7 @@ class MailTest(unittest.TestCase):
 
     def mail(self, *arguments, code=0):
         result = subprocess.run([ORVO, "--store", self.folder / "orvo.db", "mail", *arguments], capture_output=True,
-                                timeout=120, env=self.environment, text=True)
+                                env=self.environment, text=True)
         self.assertEqual(result.returncode, code, (arguments, result.stdout, result.stderr))
         return result.stderr
 

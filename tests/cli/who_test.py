@@ -23,7 +23,7 @@ class WhoTest(unittest.TestCase):
                             "XDG_CONFIG_HOME": str(self.folder / "config"), "XDG_RUNTIME_DIR": str(self.folder)}
 
     def orvo(self, *arguments, code=0):
-        result = subprocess.run([ORVO, "--store", self.store, *arguments], capture_output=True, timeout=120,
+        result = subprocess.run([ORVO, "--store", self.store, *arguments], capture_output=True,
                                 env=self.environment, text=True)
         self.assertEqual(result.returncode, code, (arguments, result.stdout, result.stderr))
         self.errors = result.stderr

@@ -11,10 +11,9 @@ import gi
 
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
-from screen import Home, Screen, running, until  # noqa: E402
+from screen import Home, Screen, session_bus, until  # noqa: E402
 from views import opened  # noqa: E402
 
-BUS = ["dbus-daemon", "--session", "--nofork", "--print-address"]
 LAUNCHER = ["/usr/libexec/at-spi-bus-launcher", "--launch-immediately"]
 ALWAYS_ON = {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
 # What the user can act on, or reads to find his way.
@@ -34,10 +33,7 @@ SECRET = "Xanadu"
 class AccessTest(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
-        daemon = cls.enterClassContext(running(BUS, os.environ, stdout=subprocess.PIPE))
-        address = daemon.stdout.readline().decode().strip()
-        assert address, "dbus-daemon doesn't start"
-        cls.bus = {"DBUS_SESSION_BUS_ADDRESS": address, **ALWAYS_ON}
+        cls.bus = {**cls.enterClassContext(session_bus(os.environ)), **ALWAYS_ON}
         os.environ.update(cls.bus)  # for this program's own calls
         launcher = subprocess.Popen(LAUNCHER)
         cls.addClassCleanup(launcher.wait)

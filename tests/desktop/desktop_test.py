@@ -4,7 +4,7 @@
 import sys
 import unittest
 
-from screen import PATIENCE, TITLE, Home, Picture, Screen, until
+from screen import LONGEST, TITLE, Home, Picture, Screen, until
 
 # Pixels from a row's right end into its Category cell, and from the first row's top up into the heading, to its
 # middle and to where only the lines between the columns are drawn.
@@ -79,7 +79,7 @@ class DesktopTest(unittest.TestCase):
                          lambda: screen.drag((edge, heading), (edge + 20, heading), (edge + 40, heading)))
             screen.at_rest()
             program.terminate()
-            self.assertEqual(program.wait(PATIENCE), 0)
+            self.assertEqual(program.wait(LONGEST), 0)
         name_column = int(self.home.orvo("heading").split()[2])
         self.assertAlmostEqual(name_column, edge + 40 - left, delta=3)
 

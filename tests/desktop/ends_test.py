@@ -5,7 +5,7 @@ import random
 import sys
 import unittest
 
-from screen import PATIENCE, TITLE, Home, Picture, Screen, until
+from screen import LONGEST, TITLE, Home, Picture, Screen, until
 from views import TO_DOS, Rows, close_window, is_open, item, opened, set_heading
 
 DESCRIPTION, PRIORITY, DUE, CATEGORY, COMPLETED = 0, 1, 2, 3, 6
@@ -77,7 +77,7 @@ class EndsTest(unittest.TestCase):
                         self.home.orvo("todo", "add", text, "--category", "Work", "--due", OLD_DAY)
                     program = self.start()
                     end(program, **begin())
-                    self.assertEqual(program.wait(PATIENCE), 0)
+                    self.assertEqual(program.wait(LONGEST), 0)
                     self.assertEqual(self.home.said(), "")
                     settings = (self.home.folder / "config" / "orvo" / "settings.ini").read_text()
                     self.assertIn("View=todos", settings)

@@ -5,7 +5,7 @@ import re
 import sys
 import unittest
 
-from screen import PATIENCE, TITLE, Home, Screen, until
+from screen import LONGEST, TITLE, Home, Screen, until
 from views import windows
 
 
@@ -32,7 +32,7 @@ class ExportTest(unittest.TestCase):
             until("the dialog is gone", lambda: len(windows(self.screen)) == 1)
             self.screen.focus(TITLE)
             self.screen.keys("ctrl+q")
-            self.assertEqual(program.wait(PATIENCE), 0)
+            self.assertEqual(program.wait(LONGEST), 0)
         return sorted(re.findall(r"^N:(\w+)", self.file.read_text(), re.MULTILINE))
 
     def test_the_selected_entry_is_what_goes_out_at_first(self):

@@ -6,7 +6,7 @@ import subprocess
 import sys
 import unittest
 
-from screen import PATIENCE, TITLE, Home, Screen, until
+from screen import LONGEST, TITLE, Home, Screen, until
 from views import is_open, opened
 
 CAME_THROUGH = "0 0\n"
@@ -21,7 +21,7 @@ class ForeignTest(unittest.TestCase):
 
     def send(self, message, data=b""):
         return subprocess.run([sys.argv[3], TITLE, message], input=data, capture_output=True,
-                              env=self.home.environment, timeout=PATIENCE).stdout.decode()
+                              env=self.home.environment, timeout=LONGEST).stdout.decode()
 
     def test_it_answers_at_rest_in_a_menu_and_in_a_form(self):
         for what, keys in (("at rest", ()), ("in a menu", ("alt+f",)), ("in a form", ("ctrl+n",))):
@@ -45,7 +45,7 @@ class ForeignTest(unittest.TestCase):
     def test_it_closes_as_its_user_would_close_it(self):
         self.screen.keys("ctrl+4")
         self.assertEqual(self.send("close"), CAME_THROUGH)
-        self.assertEqual(self.program.wait(PATIENCE), 0)
+        self.assertEqual(self.program.wait(LONGEST), 0)
         self.assertIn("cards", (self.home.folder / "config/orvo/settings.ini").read_text())
         self.assertNotEqual(self.send("null"), CAME_THROUGH)
 

@@ -4,7 +4,7 @@
 import sys
 import unittest
 
-from screen import PATIENCE, TITLE, Home, Screen, until
+from screen import LONGEST, TITLE, Home, Screen, until
 from views import windows
 
 GOOD = "BEGIN:VCARD\nVERSION:3.0\nN:Adams;Ada;;;\nFN:Ada Adams\nEND:VCARD\n"
@@ -30,7 +30,7 @@ class ImportTest(unittest.TestCase):
         """The window takes keys, and ends by one."""
         self.screen.focus(TITLE)
         self.screen.keys("ctrl+q")
-        self.assertEqual(program.wait(PATIENCE), 0)
+        self.assertEqual(program.wait(LONGEST), 0)
 
     def answer_box(self):
         """Waits for the box that tells something, and closes it."""

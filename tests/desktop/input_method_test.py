@@ -4,7 +4,7 @@
 import sys
 import unittest
 
-from screen import PATIENCE, Home, Screen, composes_japanese, japanese_input, until
+from screen import LONGEST, Home, Screen, composes_japanese, japanese_input, until
 
 JAPANESE = ("--locale", "ja-JP")
 NAMES = ("阿部", "佐藤", "山田", "渡辺")
@@ -37,7 +37,7 @@ class InputMethodTest(unittest.TestCase):
 
         with japanese_input(self.home, self.screen) as environment, \
                 self.home.window(self.screen, *JAPANESE, **environment) as program:
-            until("the input method serves the box", lambda: composes_japanese(self.screen, environment))
+            until("the input method serves the box", lambda: composes_japanese(self.home, self.screen))
             empty = self.screen.at_rest()
             self.screen.after("what is composed shows", lambda: self.screen.type("yamada"))
             self.assertLess(self.screen.change(empty)[1], LINE_HEIGHT, "a reading looks nothing up")
@@ -49,7 +49,7 @@ class InputMethodTest(unittest.TestCase):
             until("the text is in the box", lambda: self.box() == "山田")
             until("the window is as after pasting", lambda: self.screen.picture() == pasted)
             program.terminate()
-            self.assertEqual(program.wait(PATIENCE), 0)
+            self.assertEqual(program.wait(LONGEST), 0)
 
 
 if __name__ == "__main__":

@@ -7,7 +7,7 @@ import subprocess
 import sys
 import unittest
 
-from screen import PATIENCE, TITLE, Home, Screen, running, until
+from screen import LONGEST, TITLE, Home, Screen, running, until
 
 NAME = "org.orvoshare.OrvoDesktop"
 CARD = "BEGIN:VCARD\nVERSION:3.0\nN:{0};;;;\nFN:{0}\nEND:VCARD\n"
@@ -18,27 +18,22 @@ class InstanceTest(unittest.TestCase):
     def setUp(self):
         self.home = self.enterContext(Home(sys.argv[2], sys.argv[1]))
         self.screen = self.enterContext(Screen())
-        bus = ["dbus-daemon", "--session", "--nofork", "--print-address"]
-        daemon = self.enterContext(running(bus, self.home.environment, stdout=subprocess.PIPE))
-        address = daemon.stdout.readline().decode().strip()
-        self.assertTrue(address, "dbus-daemon doesn't start")
-        self.bus = {"DBUS_SESSION_BUS_ADDRESS": address}
 
     def window(self, *arguments):
-        return self.home.window(self.screen, *arguments, **self.bus)
+        return self.home.window(self.screen, *arguments)
 
     def start_again(self, *arguments, store=None, folder=None):
         """Runs a start that is to end by itself."""
         command = [self.home.programs["orvo-desktop"], "--store", store or self.home.store, *arguments]
-        return subprocess.run(command, capture_output=True, text=True, timeout=PATIENCE, cwd=folder,
-                              env={**self.home.environment, **self.screen.environment, **self.bus})
+        return subprocess.run(command, capture_output=True, text=True, timeout=LONGEST, cwd=folder,
+                              env={**self.home.environment, **self.screen.environment})
 
     @contextlib.contextmanager
     def other_window(self):
         """A window of another store, in front of what shows already, as long as the block lasts."""
         command = [self.home.programs["orvo-desktop"], "--store", self.home.folder / "other.db"]
         before = len(self.windows())
-        with running(command, {**self.home.environment, **self.screen.environment, **self.bus}) as program:
+        with running(command, {**self.home.environment, **self.screen.environment}) as program:
             until("one more window", lambda: len(self.windows()) > before)
             yield program
 
@@ -106,19 +101,19 @@ class InstanceTest(unittest.TestCase):
             self.assertRegex(again.stderr, r"\Aorvo-desktop: the program that shows this store .* doesn't answer.*\n\Z")
 
     def test_a_desktop_finds_the_users_own_store_by_the_known_name(self):
-        environment = {**self.home.environment, **self.screen.environment, **self.bus}
+        environment = {**self.home.environment, **self.screen.environment}
         with running([self.home.programs["orvo-desktop"]], environment):
             until("the window", self.windows)
             uri = self.file("ada.vcf", "Adams").as_uri()
             until("the call is answered", lambda: subprocess.run(
-                ["gdbus", "call", "--address", self.bus["DBUS_SESSION_BUS_ADDRESS"], "--dest", NAME, "--object-path",
+                ["gdbus", "call", "--address", self.home.environment["DBUS_SESSION_BUS_ADDRESS"], "--dest", NAME, "--object-path",
                  "/" + NAME.replace(".", "/"), "--method", "org.freedesktop.Application.Open", f"['{uri}']", "{}"],
                 env=environment, capture_output=True).returncode == 0)
             self.home.store = self.home.folder / "data" / "orvo" / "orvo.db"
             until("the file is imported", lambda: self.names() == ["Adams"])
 
     def test_without_a_bus_it_starts_all_the_same(self):
-        self.bus = {"DBUS_SESSION_BUS_ADDRESS": f"unix:path={self.home.folder}/none"}
+        self.home.environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={self.home.folder}/none"
         with self.window():
             self.assertEqual(len(self.windows()), 1)
 

@@ -7,7 +7,7 @@ import unittest
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "support"))
 from mail_program import MailProgram
-from screen import PATIENCE, TITLE, Home, Screen, until
+from screen import LONGEST, TITLE, Home, Screen, until
 from views import windows
 
 
@@ -28,7 +28,7 @@ class MailTest(unittest.TestCase):
             action()
             self.screen.focus(TITLE)
             self.screen.keys("ctrl+q")
-            self.assertEqual(program.wait(PATIENCE), 0)
+            self.assertEqual(program.wait(LONGEST), 0)
 
     def sent(self, *keys):
         self.screen.keys(*keys)

@@ -4,7 +4,7 @@
 import sys
 import unittest
 
-from screen import PATIENCE, TITLE, Home, Picture, Screen, until
+from screen import LONGEST, TITLE, Home, Picture, Screen, until
 from views import ADDRESSES, Rows, set_heading
 
 NAME, COMPANY, CATEGORY, PRIVATE = 0, 2, 3, 5
@@ -84,7 +84,7 @@ class NextStartTest(unittest.TestCase):
 
     def end(self, program):
         program.terminate()
-        self.assertEqual(program.wait(PATIENCE), 0)
+        self.assertEqual(program.wait(LONGEST), 0)
 
     def rows(self, home):
         """Where the rows are; the selection that tells it ends with its window."""

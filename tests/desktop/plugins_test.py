@@ -5,7 +5,7 @@ import shutil
 import sys
 import unittest
 
-from screen import PATIENCE, Home, Screen, until
+from screen import LONGEST, Home, Screen, until
 from views import opened
 
 COUNTING, NEWER, NAMELESS = sys.argv[3:]
@@ -30,7 +30,7 @@ class PluginsTest(unittest.TestCase):
 
     def end(self, program):
         self.screen.keys("ctrl+q")
-        self.assertEqual(program.wait(PATIENCE), 0)
+        self.assertEqual(program.wait(LONGEST), 0)
 
     def test_a_plug_in_adds_its_entry_where_it_wants_it(self):
         shutil.copy(COUNTING, self.folder / "a.so")

@@ -7,7 +7,7 @@ import sys
 import unicodedata
 import unittest
 
-from screen import PATIENCE, TITLE, Home, Screen, until
+from screen import LONGEST, TITLE, Home, Screen, until
 from views import opened, windows
 
 SECRET = "Xanadu"
@@ -146,7 +146,7 @@ class FromTheWindow(PrintTest):
 
     def quit(self):
         self.screen.keys("ctrl+q")
-        self.assertEqual(self.program.wait(PATIENCE), 0)
+        self.assertEqual(self.program.wait(LONGEST), 0)
 
     def save_as_pdf(self, file, *keys_before):
         self.choose("d")

@@ -14,11 +14,13 @@ from screen import PATIENCE, Home, Screen, running, until
 from views import close, dialog
 
 RATE = 8000  # samples a second
-LENGTH = 2 * PATIENCE  # seconds: it doesn't end before somebody stops it
+LENGTH = 5 * PATIENCE  # seconds: it doesn't end before somebody stops it
 LOUD = 1000  # of 32767
 EAR_SPAN = RATE // 10  # samples that are looked at together
 SINK = "ears"
 REMINDER = "Reminder of 1 to-do"
+TO_DO = "Feed the cat"
+SERVICE = ["--dest=org.freedesktop.Notifications", "--object-path=/org/freedesktop/Notifications"]
 # The middle of the dialog's buttons: pixels from the left, and from the bottom.
 PLAY, STOP = (104, 19), (130, 19)
 
@@ -103,16 +105,32 @@ class SoundTest(unittest.TestCase):
         close(self.screen, choice, "Return", back="Options")
         close(self.screen, options, "Return")
 
+    def remind(self):
+        """The window, in which a reminder with its sound is due."""
+        return self.home.window(self.screen, "--now", "2026-11-25T10:00", **self.ears.environment)
+
+    def ask_service(self, method):
+        """What the desktop's notification service answers; empty while there is none."""
+        return subprocess.run(["gdbus", "call", "--session", *SERVICE, f"--method=org.{method}"], capture_output=True,
+                              text=True, env=self.home.environment).stdout
+
     def test_a_sound_is_tried_chosen_and_played_by_a_reminder(self):
         with self.home.window(self.screen, **self.ears.environment):
             self.assertEqual(self.ears.peak(), 0)
             self.choose_sound()
             until("the options are kept", lambda: re.search("alarm-set +yes", self.home.orvo("options")))
-        self.home.orvo("todo", "add", "Feed the cat", "--due", "2026-11-25")
-        with self.home.window(self.screen, "--now", "2026-11-25T10:00", **self.ears.environment):
+        self.home.orvo("todo", "add", TO_DO, "--due", "2026-11-25")
+        with self.remind():
             until("the reminder", lambda: self.screen.window(REMINDER))
             self.ears.hear("the reminder")
         self.ears.hear_nothing_after("the end")
+        with running(["dunst"], {**self.home.environment, **self.screen.environment}):
+            until("the notification service", lambda: self.ask_service("freedesktop.Notifications.GetServerInformation"))
+            with self.remind():
+                self.ears.hear("the reminder beside a notification")
+            self.ask_service("dunstproject.cmd0.NotificationCloseAll")
+            shown = until("the notification", lambda: self.ask_service("dunstproject.cmd0.NotificationListHistory"))
+            self.assertIn(TO_DO, shown)
 
 
 if __name__ == "__main__":

@@ -5,7 +5,7 @@ import signal
 import sys
 import unittest
 
-from screen import PATIENCE, Home, Screen, until
+from screen import Home, Screen, until
 from views import TO_DOS, Rows, is_open, item, opened, set_heading
 
 DESCRIPTION, PRIORITY, DUE, CATEGORY, COMPLETED = 0, 1, 2, 3, 6

@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-# Checks what the compiler doesn't: the floors of the house, the licence lines, and that headers compile alone.
+# Checks what the compiler doesn't: the floors of the house, the licence lines, and that headers compile alone: those that
+# a change can have broken, and with --all every one.
 # SPDX-License-Identifier: MIT
 import argparse
 import concurrent.futures
@@ -56,12 +57,18 @@ def check_floors():
     yield from check_circles()
 
 
-def check_circles():
-    edges = {}
-    for source in pathlib.Path("src").rglob("*.h"):
-        name = str(source.relative_to("src"))
-        edges[name] = [m.group(1) for m in map(INCLUDE.match, source.read_text().splitlines()) if m]
+def includes_of_headers():
+    """What each header includes, by the names that headers have below src/."""
+    result = {}
+    for header in pathlib.Path("src").rglob("*.h"):
+        names = [match.group(1) for match in map(INCLUDE.match, header.read_text().splitlines()) if match]
+        beside = header.parent.relative_to("src")
+        result[str(header.relative_to("src"))] = [name if "/" in name else str(beside / name) for name in names]
+    return result
 
+
+def check_circles():
+    edges = includes_of_headers()
     done, path = set(), []
 
     def visit(name):
@@ -81,10 +88,8 @@ def check_circles():
 
 
 def check_licence():
-    files = subprocess.run(
-        ["git", "ls-files", "-co", "--exclude-standard", "src", "tests", "bench", "fuzz", "scripts", "run", "test"],
-        capture_output=True, text=True, check=True).stdout.splitlines()
-    for name in files:
+    for name in output_of("git", "ls-files", "-co", "--exclude-standard", "src", "tests", "bench", "fuzz", "scripts", "run",
+                          "test"):
         path = pathlib.Path(name)
         is_code = path.suffix in (".h", ".cpp", ".py") or (path.suffix in ("", ".sh") and os.access(path, os.X_OK))
         head = path.read_text(errors="replace").splitlines()[:4] if is_code else []
@@ -96,7 +101,27 @@ def may_include_qt(source):
     return source.is_relative_to("src/desktop") or source.is_relative_to("src/platform/qt")
 
 
-def check_headers(compiler):
+def output_of(*command):
+    return subprocess.run(command, capture_output=True, text=True, check=True).stdout.splitlines()
+
+
+def touched_headers():
+    """The headers that differ from the base of the change, and all that include one of them."""
+    includes = includes_of_headers()
+    base = output_of("scripts/change_base")
+    if not base:
+        return sorted(includes)
+    changed = (output_of("git", "diff", "--name-only", base[0], "--", "src/*.h") +
+               output_of("git", "ls-files", "-o", "--exclude-standard", "src/*.h"))
+    touched = set()
+    new = {name.removeprefix("src/") for name in changed}
+    while new:
+        touched |= new
+        new = {name for name, targets in includes.items() if name not in touched and touched.intersection(targets)}
+    return sorted(touched.intersection(includes))
+
+
+def check_headers(compiler, headers):
     qt = subprocess.run(["pkg-config", "--cflags", "Qt6Widgets"], capture_output=True, text=True)
     qt_options = ["-fPIC", *qt.stdout.split()]
 
@@ -112,7 +137,7 @@ def check_headers(compiler):
         return None if result.returncode == 0 else f"{header}: doesn't compile alone: {first}"
 
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        for fault in pool.map(compile_alone, sorted(pathlib.Path("src").rglob("*.h"))):
+        for fault in pool.map(compile_alone, (pathlib.Path("src") / header for header in headers)):
             if fault:
                 yield fault
 
@@ -121,9 +146,10 @@ def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("check", choices=["floors", "licence", "headers"])
     parser.add_argument("--compiler", default="c++")
+    parser.add_argument("--all", action="store_true")
     arguments = parser.parse_args()
     if arguments.check == "headers":
-        faults = list(check_headers(arguments.compiler))
+        faults = list(check_headers(arguments.compiler, sorted(includes_of_headers()) if arguments.all else touched_headers()))
     else:
         faults = list({"floors": check_floors, "licence": check_licence}[arguments.check]())
     print("\n".join(faults))

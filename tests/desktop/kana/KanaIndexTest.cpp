@@ -10,6 +10,7 @@
 
 #include <desktop/kana/KanaIndex.h>
 #include <orvoshare/addressviews/ViewFixture.h>
+#include <support/Patience.h>
 
 namespace orvo::desktop {
 namespace {
@@ -91,7 +92,7 @@ protected:
         index.show();
         index.activateWindow();
     }
-    void SetUp() override { ASSERT_TRUE(QTest::qWaitForWindowActive(&index)); }
+    void SetUp() override { ASSERT_TRUE(QTest::qWaitForWindowActive(&index, kPatience)); }
 
     void Press(Qt::Key key) {
         QTest::keyClick(index.focusWidget() ? index.focusWidget() : &index, key);

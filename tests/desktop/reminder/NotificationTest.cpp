@@ -13,6 +13,7 @@
 #include <gtest/gtest.h>
 
 #include <desktop/reminder/Notification.h>
+#include <support/Patience.h>
 
 namespace orvo::desktop {
 namespace {
@@ -38,13 +39,13 @@ protected:
 // The bus of the session is chosen once for the process, so that both cases stand in one test.
 TEST_F(Notification, GoesToTheServiceOfTheDesktopElseIntoAWindow) {
     QProcess daemon;
-    daemon.start("dbus-daemon", {"--session", "--nofork", "--print-address"});
+    daemon.start("dbus-daemon", {"--config-file=" ORVO_TEST_BUS, "--nofork", "--print-address"});
     ASSERT_TRUE(daemon.waitForReadyRead());
     const QByteArray address = daemon.readLine().trimmed();
     qputenv("DBUS_SESSION_BUS_ADDRESS", address);
 
     ShowNotification(parent, "Reminder", "Fish & <b>chips</b>");
-    ASSERT_TRUE(QTest::qWaitFor([this] { return Window() != nullptr; }));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return Window() != nullptr; }, kPatience));
     EXPECT_EQ(Window()->windowTitle(), "Reminder");
     EXPECT_FALSE(Window()->isModal());
     EXPECT_EQ(Window()->findChild<QLabel*>()->text(), "Fish & <b>chips</b>");
@@ -58,7 +59,7 @@ TEST_F(Notification, GoesToTheServiceOfTheDesktopElseIntoAWindow) {
     ASSERT_TRUE(bus.registerVirtualObject("/org/freedesktop/Notifications", &service));
     ASSERT_TRUE(bus.registerService(kService));
     ShowNotification(parent, "Reminder", "Fish & <b>chips</b>");
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !service.calls.isEmpty(); }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !service.calls.isEmpty(); }, kPatience));
     const QDBusMessage call = service.calls.front();
     EXPECT_EQ(call.member(), "Notify");
     EXPECT_EQ(call.signature(), "susssasa{sv}i");

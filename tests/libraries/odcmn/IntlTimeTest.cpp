@@ -80,7 +80,7 @@ TEST_P(PictureOnPage, ItsLettersBecomeTheFieldsOfTheDate) {
 INSTANTIATE_TEST_SUITE_P(Pages, PictureOnPage, testing::Values(kUtf8CodePage, kJapaneseCodePage));
 
 TEST_F(IntlTime, AMomentWithoutLocalTimeHasNoText) {
-    CIntlTime beyond(CTime(std::numeric_limits<std::time_t>::max()));
+    CIntlTime beyond{CTime(std::numeric_limits<std::time_t>::max())};
     EXPECT_EQ(Utf8(beyond.FormatDate(eShortDate)), "");
 }
 

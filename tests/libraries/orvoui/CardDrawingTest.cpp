@@ -59,7 +59,6 @@ protected:
 };
 
 const CRect kCard{8, 8, 248, 168};
-const CRect kBand{9, 9, 247, 31};
 const CRect kTitle{15, 9, 241, 31};
 constexpr int kBodyLeft = 15;
 constexpr int kBodyTop = 34;

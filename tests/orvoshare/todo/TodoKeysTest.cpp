@@ -189,7 +189,7 @@ TEST_F(TodoKeys, TheLineHasThirtyStrokesAndEndsOneBlankBehindTheText) {
         ASSERT_THAT(lines, SizeIs(row.hasRest ? 31 : 30));
         for (int i = 0; i < 30; ++i) {
             const int left = 10 + i * row.step;
-            EXPECT_EQ(lines[static_cast<std::size_t>(i)], CRect(left, 30, left + row.step, 30));
+            EXPECT_EQ(lines[static_cast<std::size_t>(i)], (CRect{left, 30, left + row.step, 30}));
         }
         EXPECT_EQ(lines.back().right, 10 + row.end);
         EXPECT_GE(ticks, 30U * 12) << "each pause is longer than 10 ticks";
@@ -211,7 +211,7 @@ TEST_F(TodoKeys, ATextThatIsCutIsStruckOutAsItIsShown) {
     view->StrikeOutEntry(record.get(), rect, 0);
 
     // Twelve characters with the ellipsis, and a blank.
-    EXPECT_THAT(Lines(), ElementsAre(CRect(10, 30, 10 + 13 * 8 + 2, 30)));
+    EXPECT_THAT(Lines(), ElementsAre(CRect{10, 30, 10 + 13 * 8 + 2, 30}));
     EXPECT_EQ(ticks, 0U) << "in one stroke, without a pause";
     view->DestroyWindow();
     view->StrikeOutEntry(record.get(), rect, 1);

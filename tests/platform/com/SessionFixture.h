@@ -39,7 +39,9 @@ private:
 
 class SessionBus {
 public:
-    SessionBus() : m_daemon("/usr/bin/dbus-daemon", {"--session", "--nofork", "--print-address"}) {
+    SessionBus()
+        : m_daemon("/usr/bin/dbus-daemon",
+                   {"--config-file=" ORVO_TEST_BUS, "--nofork", "--print-address"}) {
         ScratchRuntime::Get();
         const std::string address = m_daemon.Line();
         EXPECT_NE(address, "") << "dbus-daemon doesn't start";

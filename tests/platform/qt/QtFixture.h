@@ -13,6 +13,7 @@
 #include <platform/qt/QtConvert.h>
 #include <platform/qt/QtWindowSystem.h>
 #include <platform/window/CWnd.h>
+#include <support/Patience.h>
 
 namespace orvo {
 
@@ -27,7 +28,7 @@ protected:
     void SetUp() override {
         parent.Create(WS_POPUP | WS_VISIBLE, {0, 0, 400, 300}, nullptr, 0);
         Widget(parent).activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&Widget(parent)));
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&Widget(parent), kPatience));
     }
 
     static QWidget& Widget(const CWnd& window) { return *QtWindowSystem::WidgetOf(&window); }

@@ -5,6 +5,7 @@
 #include <contract/PeerContract.h>
 #include <contract/TimerContract.h>
 #include <platform/qt/QtWindowSystem.h>
+#include <support/Patience.h>
 
 namespace orvo {
 
@@ -14,7 +15,7 @@ INSTANTIATE_TYPED_TEST_SUITE_P(Qt, EditPeerContract, QtWindowSystem);
 struct QtClock {
     using System = QtWindowSystem;
     static bool Run(System&, const std::function<bool()>& isDone) {
-        return QTest::qWaitFor(isDone);
+        return QTest::qWaitFor(isDone, kPatience);
     }
 };
 INSTANTIATE_TYPED_TEST_SUITE_P(Qt, TimerContract, QtClock);

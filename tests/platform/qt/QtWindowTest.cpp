@@ -13,6 +13,7 @@
 #include <platform/window/CDC.h>
 #include <support/CodePages.h>
 #include <support/LocaleInForce.h>
+#include <support/Patience.h>
 
 namespace orvo {
 
@@ -105,7 +106,7 @@ QImage Seen(QWidget& widget) {
 }
 
 TEST_F(QtWindowTest, EachPieceThatIsDrawnIsSeenBeforeTheEventLoopTurns) {
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&Widget(window)));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&Widget(window), kPatience));
     CClientDC dc(&window);
     dc.SetPenColor(kBlue);
     for (int piece = 0; piece < 5; ++piece) {
@@ -117,7 +118,7 @@ TEST_F(QtWindowTest, EachPieceThatIsDrawnIsSeenBeforeTheEventLoopTurns) {
 }
 
 TEST_F(QtWindowTest, APaintThatDrawsOnItsWindowPaintsOnceMoreAndNotInsideItself) {
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&Widget(window)));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&Widget(window), kPatience));
     QCoreApplication::processEvents();
     window.onPaint = [this] {
         if (window.paints == 1) CClientDC(&window).FillSolidRect({50, 10, 60, 20}, kBlue);
@@ -127,7 +128,7 @@ TEST_F(QtWindowTest, APaintThatDrawsOnItsWindowPaintsOnceMoreAndNotInsideItself)
 
     window.RedrawWindow();
     EXPECT_EQ(window.paints, 1);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return window.paints == 2; }));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return window.paints == 2; }, kPatience));
     QCoreApplication::processEvents();
 
     EXPECT_EQ(window.paints, 2);
@@ -136,7 +137,7 @@ TEST_F(QtWindowTest, APaintThatDrawsOnItsWindowPaintsOnceMoreAndNotInsideItself)
 }
 
 TEST_F(QtWindowTest, AWindowMayGoWhileItIsDrawnOn) {
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&Widget(window)));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&Widget(window), kPatience));
     CClientDC dc(&window);
     window.onPaint = [this] { window.DestroyWindow(); };
 
