@@ -36,7 +36,11 @@ int SendMail(const Mail& mail) {
     }
     CMapiMailer mailer;
     if (!mailer.Initialize()) {
-        throw CommandError(kWrongUse, "mail: the mail library MAPI32.DLL isn't installed");
+        const std::string untrusted = WhyNotLoaded(kMailLibrary);
+        throw CommandError(
+            kWrongUse, untrusted.empty()
+                           ? fmt::format("mail: the mail library {} isn't installed", kMailLibrary)
+                           : fmt::format("mail: the mail library isn't loaded: {}", untrusted));
     }
     const unsigned long code = mailer.SendMultipleMailAttachmentsWithUI(
         nullptr, recipients.size(), recipients.data(), SystemText(mail.subject),

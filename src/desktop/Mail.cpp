@@ -32,6 +32,10 @@ QString Refusal(unsigned long code) {
 }
 
 QString NoLibrary() {
+    const std::string untrusted = WhyNotLoaded(kMailLibrary);
+    if (!untrusted.empty()) {
+        return Text("The mail library isn't loaded: %1").arg(FromUtf8(untrusted));
+    }
     return Text("The mail library MAPI32.DLL isn't installed.");
 }
 

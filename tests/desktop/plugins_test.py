@@ -59,6 +59,14 @@ class PluginsTest(unittest.TestCase):
                           "c.so: the plug-in is no library that can be loaded"])
         self.assertEqual(len(told), 4)
 
+    def test_one_that_others_could_have_put_there_is_not_run(self):
+        plugin = self.folder / "a.so"
+        shutil.copy(COUNTING, plugin)
+        plugin.chmod(0o722)
+        program = self.start()
+        self.end(program)
+        self.assertIn(f"{plugin}: the plug-in isn't loaded: {plugin} may be written by other users\n", self.home.said())
+
 
 if __name__ == "__main__":
     unittest.main(argv=sys.argv[:1])

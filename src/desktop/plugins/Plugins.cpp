@@ -54,6 +54,8 @@ std::vector<std::string> Plugins::Load(const fs::path& folder) {
 }
 
 std::string Plugins::Start(const fs::path& file) {
+    const std::string untrusted = WhyNotLoaded(file.c_str());
+    if (!untrusted.empty()) return "the plug-in isn't loaded: " + untrusted;
     const HMODULE library = LoadLibraryA(file.c_str());
     if (!library) return "the plug-in is no library that can be loaded";
     const auto start = reinterpret_cast<OrvoPluginStartFunction>(GetProcAddress(library, kStart));

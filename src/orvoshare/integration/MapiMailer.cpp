@@ -8,7 +8,6 @@
 namespace orvo {
 namespace {
 
-constexpr const char* kMailLibrary = "MAPI32.DLL";
 constexpr const char* kSendFunction = "MAPISendMail";
 
 MapiFileDesc FileOf(const char* path, const char* name) {

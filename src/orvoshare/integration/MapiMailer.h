@@ -13,6 +13,8 @@
 
 namespace orvo {
 
+constexpr const char* kMailLibrary = "MAPI32.DLL";
+
 // Each send comes back when the compose window is closed, as far as the mail program tells. It
 // gives 0 when the message was sent or the user cancelled, else the code of the mail library, or
 // MAPI_E_FAILURE before Initialize has succeeded. Recipients are an array of `count`. Texts may be

@@ -11,6 +11,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* kUsualPrefix = "/usr";
+constexpr const char* kLibraries = "lib";
 
 // The file of the running library, empty where it isn't known by its whole path. In a program that
 // holds the library it may be the name by which the program was called, which leads nowhere.
@@ -28,15 +29,14 @@ fs::path ProgramFile() {
 }
 
 // The folder below the prefix under which `file` lies: "prefix/bin/file", "prefix/lib/file" or, as
-// some systems part their libraries, "prefix/lib/machine/file". Empty where there is none.
+// some systems part their libraries, "prefix/lib/machine/file". Empty where there is none. What
+// stands beside the prefix is no part of the program: anybody may have put it there.
 fs::path FolderBeside(const fs::path& file, const fs::path& belowPrefix) {
     std::error_code nothing;
-    fs::path folder = fs::weakly_canonical(file, nothing).parent_path();
-    for (int level = 0; level < 2 && folder.has_relative_path(); ++level) {
-        folder = folder.parent_path();
-        if (fs::is_directory(folder / belowPrefix, nothing)) return folder / belowPrefix;
-    }
-    return {};
+    fs::path prefix = fs::weakly_canonical(file, nothing).parent_path().parent_path();
+    if (prefix.filename() == kLibraries) prefix = prefix.parent_path();
+    const fs::path folder = prefix / belowPrefix;
+    return prefix.has_relative_path() && fs::is_directory(folder, nothing) ? folder : fs::path();
 }
 
 }  // namespace

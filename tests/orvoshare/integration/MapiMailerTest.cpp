@@ -78,6 +78,24 @@ TEST_F(LibraryTest, ALibraryIsTakenFromNoOtherFolderThanTheModules) {
     EXPECT_FALSE(IsLoaded(kEmpty));
 }
 
+TEST_F(LibraryTest, WhatOthersCouldHavePutThereIsNotRun) {
+    namespace fs = std::filesystem;
+    const TempFolder folder;
+    const std::string file = folder.Path("MAPI32.DLL");
+    fs::copy_file(kRecording + "/MAPI32.DLL", file);
+    fs::permissions(file, fs::perms::owner_all);
+    environment.Set("ORVO_MODULE_DIR", folder.Path(""));
+    CMapiMailer mailer;
+
+    fs::permissions(folder.Path(""), fs::perms::all);
+    EXPECT_EQ(mailer.Initialize(), 0);
+    EXPECT_THAT(WhyNotLoaded("MAPI32.DLL"), testing::HasSubstr("may be written by other users"));
+
+    fs::permissions(folder.Path(""), fs::perms::owner_all);
+    EXPECT_EQ(WhyNotLoaded("MAPI32.DLL"), "");
+    EXPECT_EQ(mailer.Initialize(), 1);
+}
+
 struct MapiMailerTest : LibraryTest {
     MapiMailerTest() {
         environment.Set("ORVO_MODULE_DIR", kRecording);
