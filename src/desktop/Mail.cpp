@@ -8,7 +8,9 @@
 #include <exchange/ExportFile.h>
 #include <host/MailReason.h>
 #include <orvoshare/integration/MapiMailer.h>
+#include <platform/io/FileName.h>
 #include <platform/qt/QtConvert.h>
+#include <platform/text/SystemText.h>
 
 namespace orvo::desktop {
 namespace {
@@ -59,8 +61,7 @@ CString AttachmentName(const std::vector<CAddressRecord*>& records) {
         if (name.IsEmpty()) records.front()->GetCompany(name);
     }
     if (name.IsEmpty()) name = FromQt(Text("Addresses"));
-    name += ".vcf";
-    return name;
+    return SystemText(PlainFileName(ToUtf8(name)) + ".vcf");
 }
 
 }  // namespace

@@ -20,6 +20,7 @@ class MailTest(unittest.TestCase):
         self.mail = MailProgram(folder)
         self.home.orvo("add", "--name", "Adams", "--first", "Ada", "--phone5", "ada@example.org")
         self.home.orvo("add", "--name", "Baker", "--phone1", "+1 617 555 0142")
+        self.home.orvo("add", "--name", "Cole',bcc='evil@x.org")
 
     def choose(self, typed, action):
         """Looks somebody up in a new window, and does something about him."""
@@ -46,6 +47,11 @@ class MailTest(unittest.TestCase):
         card = pathlib.Path(fields["attach"][0])
         self.assertEqual(card.name, "Baker.vcf")
         self.assertIn("+1 617 555 0142", card.read_text())
+
+    def test_no_name_says_more_to_the_mail_program_than_a_name(self):
+        self.choose("col", lambda: self.sent("alt+a", "v"))
+        card = pathlib.Path(self.mail.message()[1]["attach"][0])
+        self.assertEqual(card.name, "Cole_bcc_evil_x.org.vcf")
 
     def test_without_a_mail_address_a_message_tells(self):
         def ask():

@@ -1,6 +1,5 @@
 // Copies of files under the names that they bear in a message.
 // SPDX-License-Identifier: MIT
-#include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
@@ -8,6 +7,7 @@
 #include <unistd.h>
 
 #include <platform/desktop/AttachmentCopies.h>
+#include <platform/io/FileName.h>
 
 namespace orvo {
 namespace {
@@ -31,17 +31,6 @@ bool IsOld(const fs::path& folder) {
 }
 
 }  // namespace
-
-std::string PlainFileName(std::string_view name) {
-    std::string plain(name);
-    const auto isHarmful = [](char character) {
-        return character == '/' || character == '\\' || (character >= '\0' && character < ' ') ||
-               character == '\x7F';
-    };
-    std::replace_if(plain.begin(), plain.end(), isHarmful, '_');
-    if (plain == "." || plain == "..") plain.front() = '_';
-    return plain;
-}
 
 std::string CopyUnderName(const std::string& path, const std::string& name) {
     std::error_code error;

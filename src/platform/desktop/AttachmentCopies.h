@@ -3,16 +3,11 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 namespace orvo {
 
-// `name` as the name of a file: slashes, backslashes and control characters become '_', and it
-// leads to no other folder.
-std::string PlainFileName(std::string_view name);
-
-// Copies the file into a new folder of the user alone. The copy stays, as a composer reads it at a
-// time that nobody tells; RemoveOldCopies takes it away.
+// Copies the file under `name`, as PlainFileName makes it, into a new folder of the user alone. The
+// copy stays, as a composer reads it at a time that nobody tells; RemoveOldCopies takes it away.
 // Gives: the path of the copy, or an empty text where it can't be made; nothing is left then.
 std::string CopyUnderName(const std::string& path, const std::string& name);
 

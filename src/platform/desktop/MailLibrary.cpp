@@ -6,6 +6,7 @@
 #include <platform/Export.h>
 #include <platform/desktop/AttachmentCopies.h>
 #include <platform/desktop/MailComposer.h>
+#include <platform/io/FileName.h>
 #include <platform/module/LoadLibrary.h>
 
 namespace orvo {
@@ -37,8 +38,10 @@ ULONG AddFile(const MapiFileDesc& file, MailDraft& draft) {
     if (!fs::is_regular_file(path, error) || ::access(path.c_str(), R_OK) != 0) {
         return MAPI_E_ATTACHMENT_OPEN_FAILURE;
     }
-    const std::string name = toUtf8(file.lpszFileName);
-    const bool bearsItsName = name.empty() || name == path.filename();
+    std::string name = toUtf8(file.lpszFileName);
+    if (name.empty()) name = path.filename().string();
+    // Composers take the path apart: some read a quotation mark or a comma as the end of it.
+    const bool bearsItsName = name == path.filename() && IsPlainPath(path.string());
     draft.attachments.push_back(bearsItsName ? path.string() : CopyUnderName(path, name));
     return draft.attachments.back().empty() ? MAPI_E_ATTACHMENT_WRITE_FAILURE : SUCCESS_SUCCESS;
 }

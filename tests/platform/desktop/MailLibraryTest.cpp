@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <platform/desktop/SimpleMapi.h>
+#include <platform/io/FileName.h>
 #include <platform/io/TempFolder.h>
 #include <platform/module/LoadLibrary.h>
 #include <platform/text/CodePage.h>
@@ -170,7 +171,7 @@ TEST_F(MailLibraryTest, ALineEndBeginsNoFieldOfTheMessage) {
 TEST_F(MailLibraryTest, AFileIsAttachedByItsWholePath) {
     for (const LocaleCase& locale : kBothCodePages) {
         const LocaleInForce inForce(locale.tag, locale.codePage);
-        const std::string name = "-\xE8\xA1\xA8 '$(id)`&%.vcf";
+        const std::string name = "\xE8\xA1\xA8 1.vcf";
         std::string folder = home.Path("");
         while (folder.size() + name.size() < 259) {
             folder +=
@@ -190,6 +191,29 @@ TEST_F(MailLibraryTest, AFileIsAttachedByItsWholePath) {
         EXPECT_THAT(Received()["attach"], ElementsAre(path));
         EXPECT_GE(path.size(), 259U);
     }
+}
+
+TEST_F(MailLibraryTest, AFileWhoseNameSaysMoreIsAttachedUnderAPlainOne) {
+    constexpr const char* kName = "Bob',bcc='evil@x.org',body='hi.vcf";
+    fs::create_directory(home.Path("a,b"));
+    const std::string named = home.File(kName, "first");
+    const std::string inFolder = home.File("a,b/Ann.vcf", "second");
+    const std::string plain = home.File("x", "third");
+    AddFile(named.c_str(), nullptr);
+    AddFile(inFolder.c_str(), "");
+    AddFile(plain.c_str(), kName);
+
+    EXPECT_EQ(Send(), SUCCESS_SUCCESS);
+
+    const std::vector<std::string> paths = Received()["attach"];
+    ASSERT_EQ(paths.size(), 3U);
+    const char* const contents[] = {"first", "second", "third"};
+    for (std::size_t i = 0; i < paths.size(); ++i) {
+        EXPECT_TRUE(IsPlainPath(paths[i])) << paths[i];
+        EXPECT_EQ(TempFolder::Content(paths[i]), contents[i]);
+    }
+    EXPECT_EQ(fs::path(paths[1]).filename(), "Ann.vcf");
+    EXPECT_EQ(fs::path(paths[2]).filename(), "Bob_bcc_evil_x.org_body_hi.vcf");
 }
 
 TEST_F(MailLibraryTest, AFileOfAnotherNameIsAttachedUnderTheNameGiven) {
@@ -215,7 +239,6 @@ TEST_F(MailLibraryTest, WhatCantBeSentIsToldByItsCode) {
     const std::string missing = home.Path("missing.vcf");
     const std::string folder = home.Path("data");
     const std::string longText(1 << 20, 'x');
-    const std::string longName(300, 'x');
     struct Row {
         const char* why;
         std::function<void()> prepare;
@@ -225,7 +248,11 @@ TEST_F(MailLibraryTest, WhatCantBeSentIsToldByItsCode) {
         {"a missing file", [&] { AddFile(missing.c_str(), ""); }, MAPI_E_ATTACHMENT_NOT_FOUND},
         {"no path", [&] { AddFile("", ""); }, MAPI_E_ATTACHMENT_NOT_FOUND},
         {"a folder", [&] { AddFile(folder.c_str(), ""); }, MAPI_E_ATTACHMENT_OPEN_FAILURE},
-        {"a name too long", [&] { AddFile(file.c_str(), longName.c_str()); },
+        {"no room for a copy",
+         [&] {
+             environment.Set("TMPDIR", home.Path("nothing"));
+             AddFile(file.c_str(), "b.vcf");
+         },
          MAPI_E_ATTACHMENT_WRITE_FAILURE},
         {"a name for an address", [&] { AddRecipient("Ann"); }, MAPI_E_UNKNOWN_RECIPIENT},
         {"a body too long", [&] { message.lpszNoteText = longText.c_str(); },
