@@ -8,6 +8,7 @@
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <vector>
 
 #include <platform/io/Descriptor.h>
 #include <platform/ipc/ProcessMessage.h>
@@ -57,12 +58,21 @@ void Enclose(msghdr& envelope, Control& control, int file) {
     std::memcpy(CMSG_DATA(enclosed), &file, sizeof file);
 }
 
-Descriptor EnclosedFile(msghdr& envelope) {
-    const cmsghdr* enclosed = CMSG_FIRSTHDR(&envelope);
-    if (enclosed == nullptr || enclosed->cmsg_type != SCM_RIGHTS) return {};
-    int file = -1;
-    std::memcpy(&file, CMSG_DATA(enclosed), sizeof file);
-    return Descriptor(file);
+// All of them, so that those are closed, too, that nobody expects: the room that one takes may hold
+// two.
+std::vector<Descriptor> EnclosedFiles(msghdr& envelope) {
+    std::vector<Descriptor> files;
+    for (cmsghdr* enclosed = CMSG_FIRSTHDR(&envelope); enclosed != nullptr;
+         enclosed = CMSG_NXTHDR(&envelope, enclosed)) {
+        if (enclosed->cmsg_level != SOL_SOCKET || enclosed->cmsg_type != SCM_RIGHTS) continue;
+        const std::size_t count = (enclosed->cmsg_len - CMSG_LEN(0)) / sizeof(int);
+        for (std::size_t i = 0; i < count; ++i) {
+            int file = -1;
+            std::memcpy(&file, CMSG_DATA(enclosed) + i * sizeof file, sizeof file);
+            files.emplace_back(file);
+        }
+    }
+    return files;
 }
 
 }  // namespace
@@ -83,13 +93,14 @@ bool ReceivedMessage::Receive(int socket) {
     envelope.msg_controllen = control.bytes.size();
     const ssize_t count = ::recvmsg(socket, &envelope, MSG_CMSG_CLOEXEC | MSG_DONTWAIT);
     if (count < 0) return false;
-    const Descriptor file = EnclosedFile(envelope);
+    const std::vector<Descriptor> files = EnclosedFiles(envelope);
     if (count < static_cast<ssize_t>(sizeof header) || header.magic != kMagic ||
-        (envelope.msg_flags & (MSG_TRUNC | MSG_CTRUNC)) != 0) {
+        (envelope.msg_flags & (MSG_TRUNC | MSG_CTRUNC)) != 0 ||
+        files.size() != (header.hasFile != 0 ? 1U : 0U)) {
         return false;
     }
     m_message = {header.window, header.message, header.wParam, header.lParam, header.tag, {}};
-    if (header.hasFile != 0) return Map(file.Number(), header.size);
+    if (header.hasFile != 0) return Map(files.front().Number(), header.size);
     m_bytes.resize(static_cast<std::size_t>(count) - sizeof header);
     m_message.block = m_bytes;
     return header.size == m_bytes.size();
