@@ -2,9 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
-#include <memory>
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <vector>
 
 #include <fmt/core.h>
 
@@ -12,29 +15,60 @@
 #include <exchange/CardReader.h>
 #include <exchange/ImportFile.h>
 #include <exchange/ProgressMeter.h>
+#include <platform/io/Descriptor.h>
 #include <platform/text/Charset.h>
 
 namespace orvo {
 namespace {
 
-struct CloseFile {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
+constexpr std::size_t kChunk = 1u << 20;
+// So long, in milliseconds, the first writer of a pipe is waited for.
+constexpr int kPatience = 2000;
+
+[[noreturn]] void FailToRead() {
+    throw ExchangeError(fmt::format("can't be read: {}", std::strerror(errno)));
+}
+
+// Devices are refused, as some never end. Sets `isPipe`. To open it waits for nobody.
+Descriptor OpenToRead(const std::string& path, bool& isPipe) {
+    Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    struct stat status {};
+    if (!file.IsOpen() || ::fstat(file.Number(), &status) != 0) FailToRead();
+    isPipe = S_ISFIFO(status.st_mode);
+    if (!isPipe && !S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode)) {
+        throw ExchangeError("can't be read: it is neither a file nor a pipe");
+    }
+    return file;
+}
+
+// Waits until there is something to read, or the last writer has gone; false where that takes
+// longer.
+bool WaitToRead(const Descriptor& file, int milliseconds) {
+    pollfd state{file.Number(), POLLIN, 0};
+    return ::poll(&state, 1, milliseconds) != 0;
+}
 
 std::string ReadWhole(const std::string& path) {
-    constexpr std::size_t chunk = 1u << 20;
-    const std::unique_ptr<std::FILE, CloseFile> file(std::fopen(path.c_str(), "rb"));
+    bool isPipe = false;
+    const Descriptor file = OpenToRead(path, isPipe);
     std::string bytes;
-    std::size_t size = 0;
-    while (file && !std::ferror(file.get()) && !std::feof(file.get())) {
-        bytes.resize(size + chunk);
-        size += std::fread(bytes.data() + size, 1, chunk, file.get());
+    std::vector<char> chunk(kChunk);
+    bool mayHaveNoWriter = isPipe;
+    for (;;) {
+        const ssize_t count = ::read(file.Number(), chunk.data(), chunk.size());
+        if (count > 0) {
+            bytes.append(chunk.data(), static_cast<std::size_t>(count));
+        } else if (count == 0 && !mayHaveNoWriter) {
+            return bytes;
+        } else if (count == 0 && !WaitToRead(file, kPatience)) {
+            throw ExchangeError("can't be read: nobody writes to this pipe");
+        } else if (count < 0 && errno == EAGAIN) {
+            WaitToRead(file, -1);
+        } else if (count < 0 && errno != EINTR) {
+            FailToRead();
+        }
+        mayHaveNoWriter = false;
     }
-    if (!file || std::ferror(file.get())) {
-        throw ExchangeError(fmt::format("can't be read: {}", std::strerror(errno)));
-    }
-    bytes.resize(size);
-    return bytes;
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <fstream>
 #include <iterator>
 #include <sys/stat.h>
+#include <thread>
 
 #include <fmt/core.h>
 #include <gmock/gmock.h>
@@ -241,6 +242,24 @@ TEST_F(Files, AFileThatCannotBeReadIsToldWithItsName) {
     EXPECT_EQ(import(Path("a.vcf")), Path("a.vcf") + ": holds no card or calendar");
     EXPECT_EQ(import(Path("b.vcf")), Path("b.vcf") + ": can't be read: No such file or directory");
     EXPECT_EQ(import(Path("")), Path("") + ": can't be read: Is a directory");
+}
+
+TEST_F(Files, APipeIsReadAndADeviceIsRefused) {
+    const auto import = [&](const std::string& path) {
+        return ErrorOf([&] { ImportFile(path, m_tables.addresses, m_tables.toDos); });
+    };
+    for (const char* device : {"/dev/full", "/dev/zero"}) {
+        EXPECT_EQ(import(device),
+                  std::string(device) + ": can't be read: it is neither a file nor a pipe");
+    }
+    const std::string pipe = Path("pipe");
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    EXPECT_EQ(import(pipe), pipe + ": can't be read: nobody writes to this pipe");
+    // More than a pipe holds, so that the reader and the writer wait for each other.
+    const std::string note(200'000, 'x');
+    std::thread writer([&] { Write(pipe, Card("3.0", "FN:a\nNOTE:" + note + "\n")); });
+    EXPECT_EQ(ImportFile(pipe, m_tables.addresses, m_tables.toDos).addresses, 1u);
+    writer.join();
 }
 
 TEST_F(Files, WhatGoesOutComesBackIn) {
