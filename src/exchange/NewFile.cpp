@@ -2,10 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <cerrno>
 #include <charconv>
-#include <csignal>
 #include <cstring>
 #include <filesystem>
-#include <fstream>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <vector>
@@ -14,29 +12,20 @@
 
 #include <exchange/ImportFile.h>
 #include <exchange/NewFile.h>
+#include <platform/io/NewFileMode.h>
+#include <platform/io/TrustedPath.h>
 
 namespace orvo {
 namespace {
 
-constexpr mode_t kNewFileMode = 0666;  // less what the process masks
 constexpr mode_t kPermissions = 07777;
 constexpr int kAttempts = 100;
 
 std::string TargetOf(const std::string& path) {
-    std::error_code error;
-    const auto target = std::filesystem::canonical(path, error);
-    return error ? path : target.string();
-}
-
-// Linux has no call that only asks.
-mode_t MaskOfProcess() {
-    std::ifstream status("/proc/self/status");
-    std::string word;
-    unsigned mask = 0077;
-    while (status >> word) {
-        if (word == "Umask:") status >> std::oct >> mask;
-    }
-    return static_cast<mode_t>(mask);
+    std::string target;
+    const std::string refusal = FollowTrustedLinks(path, target);
+    if (!refusal.empty()) throw ExchangeError("can't be written: " + refusal);
+    return target;
 }
 
 // Removes what exports that were killed have left beside the target: "TARGET.PROCESS-ATTEMPT.tmp".
@@ -55,10 +44,9 @@ void RemoveStale(const std::string& target) {
         const bool isOurs = failed == std::errc() && *rest == '-' && process > 0 &&
                             name.find_first_not_of("0123456789", rest - name.data() + 1) ==
                                 name.size() - end.size();
-        const bool isDead = isOurs && ::kill(static_cast<pid_t>(process), 0) != 0 && errno == ESRCH;
-        if (isDead) stale.push_back(file->path());
+        if (isOurs) stale.push_back(file->path());
     }
-    for (const auto& path : stale) std::filesystem::remove(path, error);
+    for (const auto& path : stale) RemoveAbandoned(path.string());
 }
 
 }  // namespace
@@ -78,7 +66,7 @@ NewFile::NewFile(const std::string& path) : m_target(TargetOf(path)) {
         if (!isOpen && errno != EEXIST) break;
     }
     if (!isOpen) Fail("can't be written");
-    m_mode = replaces ? old.st_mode & kPermissions : kNewFileMode & ~MaskOfProcess();
+    m_mode = replaces ? old.st_mode & kPermissions : NewFileMode(FolderOf(m_target));
 }
 
 void NewFile::Write(std::string_view bytes) {

@@ -10,6 +10,7 @@
 #include <fmt/core.h>
 #include <gmock/gmock.h>
 
+#include <exchange/ImportFile.h>
 #include <exchange/NewFile.h>
 
 namespace orvo {
@@ -17,6 +18,8 @@ namespace {
 
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
+
+constexpr uid_t kNobody = 65534;
 
 class NewFiles : public testing::Test {
 protected:
@@ -47,20 +50,40 @@ protected:
     std::filesystem::path m_folder;
 };
 
-TEST_F(NewFiles, WhatIsntWholeYetIsForTheUserAlone) {
-    const mode_t mask = ::umask(0027);
-    {
-        NewFile file(Target());
-        ASSERT_EQ(Others().size(), 1u);
-        EXPECT_EQ(ModeOf(m_folder / Others().front()), 0600u);
-
-        file.Write("x");
-        file.Replace();
+TEST_F(NewFiles, ItIsForTheUserAndTheGroupOfItsFolderWhateverIsMasked) {
+    for (const mode_t mask : {0000, 0022, 0777}) {
+        for (const mode_t folderMode : {0700, 02700}) {
+            ASSERT_EQ(::chmod(m_folder.c_str(), folderMode), 0);
+            const mode_t before = ::umask(mask);
+            {
+                NewFile file(Target());
+                EXPECT_EQ(ModeOf(m_folder / Others().at(0)), 0600u & ~mask);
+                file.Write("x");
+                file.Replace();
+            }
+            ::umask(before);
+            EXPECT_EQ(ModeOf(Target()), folderMode == 0700 ? 0600u : 0640u) << mask;
+            EXPECT_THAT(Others(), IsEmpty());
+            std::filesystem::remove(Target());
+        }
     }
-    ::umask(mask);
+}
 
-    EXPECT_EQ(ModeOf(Target()), 0640u);
-    EXPECT_THAT(Others(), IsEmpty());
+TEST_F(NewFiles, ALinkThatAnotherUserPutThereIsNotFollowed) {
+    const std::filesystem::path shared = m_folder / "shared";
+    const std::filesystem::path link = shared / "a.vcf";
+    std::filesystem::create_directory(shared);
+    ASSERT_EQ(::chmod(shared.c_str(), 01777), 0);
+    std::ofstream(Target()) << "old";
+    std::filesystem::create_symlink(Target(), link);
+    // An ordinary user can't make another one's link, but follows the own.
+    if (::geteuid() == 0) {
+        ASSERT_EQ(::lchown(link.c_str(), kNobody, kNobody), 0);
+        EXPECT_THROW(NewFile{link.string()}, ExchangeError);
+        ASSERT_EQ(::lchown(link.c_str(), 0, 0), 0);
+    }
+    NewFile(link.string()).Replace();
+    EXPECT_TRUE(std::filesystem::is_empty(Target()));
 }
 
 TEST_F(NewFiles, WhatAKilledExportOfTheSameFileHasLeftIsRemoved) {
@@ -71,8 +94,10 @@ TEST_F(NewFiles, WhatAKilledExportOfTheSameFileHasLeftIsRemoved) {
     for (const std::string& name : {fmt::format("a.vcf.{}-0.tmp", child), kept}) {
         std::ofstream(m_folder / name) << "x";
     }
-    const std::string running = fmt::format("a.vcf.{}-7.tmp", ::getpid());
-    std::ofstream(m_folder / running) << "x";
+    // As of a process on another machine, or of a container, whose number tells nothing here.
+    const std::string running = fmt::format("a.vcf.{}-7.tmp", child);
+    FileReplacement writer;
+    ASSERT_TRUE(writer.Open(Target(), (m_folder / running).string()));
 
     NewFile(Target()).Replace();
 

@@ -1,6 +1,7 @@
 // Sends a document's pages to a printer, or into a PDF file.
 // SPDX-License-Identifier: MIT
 #include <QCoreApplication>
+#include <QFile>
 #include <QPagedPaintDevice>
 #include <QPdfWriter>
 #include <QPrinter>
@@ -8,10 +9,13 @@
 #include <algorithm>
 #include <cerrno>
 #include <functional>
+#include <sys/stat.h>
 #include <vector>
 
 #include <desktop/Texts.h>
 #include <desktop/printing/PrintJob.h>
+#include <platform/io/FileReplacement.h>
+#include <platform/io/NewFileMode.h>
 
 namespace orvo::desktop {
 namespace {
@@ -43,8 +47,13 @@ class PdfFile : public QSaveFile {
 public:
     using QSaveFile::QSaveFile;
 
+    // A new file gets the permissions of any other with people's records.
     bool Open() {
-        return Try([this] { return open(WriteOnly); });
+        const bool isNew = !QFile::exists(fileName());
+        const std::string folder = FolderOf(QFile::encodeName(fileName()).toStdString());
+        return Try([&] {
+            return open(WriteOnly) && (!isNew || ::fchmod(handle(), NewFileMode(folder)) == 0);
+        });
     }
     bool Commit() {
         return Try([this] { return commit(); });

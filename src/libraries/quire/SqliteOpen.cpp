@@ -13,6 +13,7 @@
 #include <fmt/format.h>
 
 #include <contracts/DefaultTexts.h>
+#include <platform/io/NewFileMode.h>
 
 namespace orvo {
 
@@ -273,6 +274,8 @@ std::unique_ptr<SqliteFile> OpenStore(const std::string& path, std::string& erro
     if (!CheckHeader(path, error)) {
         return nullptr;
     }
+    // SQLite gives the files beside a store the permissions of the store.
+    MakePrivateFile(FileName(path));
     auto file = std::make_unique<SqliteFile>();
     Marks marks;
     const int result =

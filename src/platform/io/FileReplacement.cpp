@@ -3,15 +3,22 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <filesystem>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <platform/io/FileReplacement.h>
+#include <platform/io/LockFile.h>
 
 namespace orvo {
 namespace {
 
 constexpr mode_t kOwnFile = 0600;
+
+bool IsRemoved(int file) {
+    struct stat status {};
+    return ::fstat(file, &status) == 0 && status.st_nlink == 0;
+}
 
 }  // namespace
 
@@ -20,10 +27,17 @@ FileReplacement::~FileReplacement() {
 }
 
 bool FileReplacement::Open(const std::string& target, const std::string& temporary) {
-    m_file.Reset(::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kOwnFile));
     m_target = target;
     m_temporary = temporary;
-    return m_file.IsOpen();
+    do {
+        m_file.Reset(::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kOwnFile));
+        if (!m_file.IsOpen()) return false;
+        // On a file system without locks this fails, and others leave the file alone for that.
+        while (::flock(m_file.Number(), LOCK_EX) != 0 && errno == EINTR) {
+        }
+        // Until the lock was held, somebody may have taken the file for an abandoned one.
+    } while (IsRemoved(m_file.Number()));
+    return true;
 }
 
 bool FileReplacement::Write(std::string_view bytes) {
@@ -46,6 +60,18 @@ bool FileReplacement::Replace(mode_t permissions) {
     const Descriptor folder(::open(FolderOf(m_target).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (folder.IsOpen()) ::fsync(folder.Number());
     return true;
+}
+
+void RemoveAbandoned(const std::string& temporary) {
+    const Descriptor file(
+        ::open(temporary.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
+    struct stat status {};
+    const bool isUsers = file.IsOpen() && ::fstat(file.Number(), &status) == 0 &&
+                         S_ISREG(status.st_mode) && status.st_uid == ::geteuid();
+    if (isUsers && ::flock(file.Number(), LOCK_EX | LOCK_NB) == 0 &&
+        IsFileAt(temporary, file.Number())) {
+        ::unlink(temporary.c_str());
+    }
 }
 
 std::string FolderOf(const std::string& path) {

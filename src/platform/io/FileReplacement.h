@@ -21,7 +21,8 @@ public:
     FileReplacement& operator=(const FileReplacement&) = delete;
     ~FileReplacement();
 
-    // Makes the file `temporary`, which must lie in the folder of `target`.
+    // Makes the file `temporary`, which must lie in the folder of `target`. As long as it is being
+    // written nobody else can lock it.
     // Fails:  where a file of that name is there already, with EEXIST.
     bool Open(const std::string& target, const std::string& temporary);
 
@@ -38,6 +39,10 @@ private:
     std::string m_temporary;
     Descriptor m_file;
 };
+
+// Removes a temporary file whose writer is surely gone, killed or not: nobody holds its lock. Where
+// that can't be told, or another user made it, it stays.
+ORVO_API void RemoveAbandoned(const std::string& temporary);
 
 // The folder in which a file lies; "." for a bare name.
 ORVO_API std::string FolderOf(const std::string& path);

@@ -9,17 +9,13 @@
 #include <platform/io/LockFile.h>
 
 namespace orvo {
-namespace {
 
-// False where the former holder has removed the file between the opening and the lock.
-bool IsAt(const std::string& path, int file) {
+bool IsFileAt(const std::string& path, int file) {
     struct stat own {};
     struct stat there {};
     return ::fstat(file, &own) == 0 && ::lstat(path.c_str(), &there) == 0 &&
            own.st_dev == there.st_dev && own.st_ino == there.st_ino;
 }
-
-}  // namespace
 
 bool LockFile::Lock(const std::string& path) {
     return Take(path, LOCK_EX);
@@ -43,7 +39,7 @@ bool LockFile::Take(const std::string& path, int operation) {
             m_file.Reset();
             errno = reason;
         }
-    } while (m_file.IsOpen() && !IsAt(path, m_file.Number()));
+    } while (m_file.IsOpen() && !IsFileAt(path, m_file.Number()));
     return m_file.IsOpen();
 }
 

@@ -36,4 +36,8 @@ private:
     Descriptor m_file;
 };
 
+// Whether the open file still lies at `path`: false where a former holder of its lock has removed
+// it between the opening and the lock.
+ORVO_API bool IsFileAt(const std::string& path, int file);
+
 }  // namespace orvo
