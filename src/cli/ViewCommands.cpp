@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <memory>
 #include <optional>
+#include <set>
 
 #include <fmt/format.h>
 
@@ -13,6 +14,7 @@
 #include <contracts/Profile.h>
 #include <orvoshare/text/ListHeading.h>
 #include <platform/text/CodePage.h>
+#include <platform/text/Utf8.h>
 
 namespace orvo::cli {
 namespace {
@@ -25,18 +27,38 @@ struct RowOptions {
     std::string category;
 };
 
+// Types the text into the box with the focus. What the box has refused it refuses again for as long
+// as nothing else comes: so even a text of a hundred thousand characters is answered at once.
+// Gives: how often the box has beeped.
+int TypeInto(MemoryWindowSystem& system, std::string_view typed) {
+    std::set<std::string_view> refused;
+    int repeated = 0;
+    while (!typed.empty()) {
+        const std::string_view character = typed.substr(0, FirstCodePoint(typed).length);
+        typed.remove_prefix(character.size());
+        const int before = system.Beeps();
+        if (refused.count(character) != 0) {
+            ++repeated;
+            continue;
+        }
+        system.TypeText(character);
+        if (system.Beeps() == before)
+            refused.clear();
+        else
+            refused.insert(character);
+    }
+    return system.Beeps() + repeated;
+}
+
 int PrintLookup(Store& store, const ListOptions& options, const std::string& typed, bool json) {
     AddressView view(store, options);
     view.Box().SetFocus();
-    view.System().TypeText(typed);
+    const int beeps = TypeInto(view.System(), typed);
     CString box;
     view.Box().GetWindowText(box);
     const int row = view.List().GetFirstSelectedItem();
     if (json) {
-        PrintJson({{"typed", typed},
-                   {"box", ToUtf8(box)},
-                   {"row", row},
-                   {"beeps", view.System().Beeps()}});
+        PrintJson({{"typed", typed}, {"box", ToUtf8(box)}, {"row", row}, {"beeps", beeps}});
     } else {
         const std::string found =
             row < 0 ? "no row" : fmt::format("row {}: {}", row, FormattedName(view.RecordAt(row)));

@@ -137,7 +137,7 @@ class OrvoTest(unittest.TestCase):
         for name in ("Adams", "Baker", "Baker", "Bakerson", "Carter", "Émile", "漢字"):
             self.orvo("add", "--name", name)
         table = (("bak", "bak", 1, 0), ("BAKERS", "BAKERS", 3, 0), ("bax", "ba", 1, 1), ("é", "é", 5, 0), ("emi", "emi", 5, 0),
-                 ("漢", "漢", 6, 0), ("x", "", -1, 1))
+                 ("漢", "漢", 6, 0), ("x", "", -1, 1), ("bax" + "xyz" * 30000 + "k", "bak", 1, 90001))
         for typed, box, row, beeps in table:
             printed = self.rows("lookup", typed, code=0 if row >= 0 else 1)
             self.assertEqual(printed, [{"typed": typed, "box": box, "row": row, "beeps": beeps}])

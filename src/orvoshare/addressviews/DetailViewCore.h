@@ -168,6 +168,7 @@ int CDetailViewCore<View>::DVC_Lookup(CString strKey) {
     if (count == 0) return -1;
     const KeyFields fields = SystemKeyFields();
     LookupKey key(strKey, Self().DV_GetListBy(), KeyMatch::CaseAndAccents);
+    if (key.IsLongerThanAnyKey()) return -1;
 
     int low = 0;
     int high = count - 1;

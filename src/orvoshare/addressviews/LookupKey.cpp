@@ -126,6 +126,12 @@ LookupKey::LookupKey(CString typed, long listBy, KeyMatch match)
     m_separator = m_hasSeparator ? sample.View().substr(1, sample.View().size() - 2) : "";
 }
 
+// A key has two parts of 256 bytes at most, and what the locale puts between them.
+bool LookupKey::IsLongerThanAnyKey() const {
+    constexpr int kNoKeyHas = 1000;
+    return m_typedCharacters > kNoKeyHas;
+}
+
 LookupKey::Parts LookupKey::PartsOf(const CAddressRecord& record, KeyFields fields) const {
     Parts parts;
     for (const KeyRule& rule : RulesOf(fields, m_listBy)) {

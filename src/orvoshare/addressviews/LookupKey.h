@@ -46,6 +46,9 @@ public:
     // True for a text with which every key begins.
     bool IsEmpty() const { return m_typed.IsEmpty(); }
 
+    // True for a text that is longer than any key can be, so that it needn't be held against one.
+    bool IsLongerThanAnyKey() const;
+
     // Compares the typed text with the record's key, both folded by ToFullwidthAndHira, the key
     // then cut to the length of the typed text: to its bytes, or under UTF-8, where letters that
     // match may differ in bytes, to its characters. No more of the key is made than that takes.

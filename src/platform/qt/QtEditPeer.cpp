@@ -10,6 +10,7 @@
 #include <QMimeData>
 #include <algorithm>
 #include <limits>
+#include <set>
 
 #include <platform/qt/QtEditPeer.h>
 #include <platform/qt/QtKeys.h>
@@ -65,7 +66,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override {
         if (event->button() != Qt::MiddleButton) return QLineEdit::mouseReleaseEvent(event);
         setCursorPosition(cursorPositionAt(event->position().toPoint()));
-        Enter(QGuiApplication::clipboard()->text(QClipboard::Selection));
+        EnterWhole(QGuiApplication::clipboard()->text(QClipboard::Selection));
     }
 
     // What an input method composes is shown by Qt; what it has composed is typed.
@@ -79,7 +80,7 @@ protected:
     void dropEvent(QDropEvent* event) override {
         setCursorPosition(cursorPositionAt(event->position().toPoint()));
         event->acceptProposedAction();
-        Enter(event->mimeData()->text());
+        EnterWhole(event->mimeData()->text());
     }
 
     void contextMenuEvent(QContextMenuEvent* event) override {
@@ -96,6 +97,22 @@ protected:
 
 private:
     void Enter(const QString& text) { HandleText(m_link.Handle(), text); }
+
+    // For a text that comes as a whole. What the window refuses, as a lookup box does, it isn't
+    // given again until it has taken something: so even a long text is over at once.
+    void EnterWhole(const QString& whole) {
+        std::set<char32_t> refused;
+        for (const char32_t character : whole.toStdU32String()) {
+            if (refused.count(character) != 0) continue;
+            const QString before = text();
+            Enter(QString::fromUcs4(&character, 1));
+            if (text() == before) {
+                refused.insert(character);
+            } else {
+                refused.clear();
+            }
+        }
+    }
 
     QtWindowLink& m_link;
 };

@@ -170,14 +170,15 @@ TEST_F(QtEditTest, ADropIsTypedWhereItFalls) {
     edit.SetWindowText("ab");
     edit.SetSel(2, 2);
     QMimeData data;
-    data.setText("4Z");
+    data.setText("44Z4Y");
     QDragEnterEvent comes({0, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
     QDropEvent drop({0, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
 
     QCoreApplication::sendEvent(&Line(), &comes);
     QCoreApplication::sendEvent(&Line(), &drop);
 
-    EXPECT_EQ(edit.Text(), CString("Zab"));
+    EXPECT_EQ(edit.Text(), CString("ZYab"));
+    EXPECT_THAT(edit.characters, ElementsAre('4', 'Z', '4', 'Y')) << "not again what it refused";
 }
 
 TEST_F(QtEditTest, AClickSetsTheCaretAndTheFocus) {
