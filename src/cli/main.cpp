@@ -10,6 +10,8 @@
 #include <cli/Commands.h>
 #include <cli/LocalDate.h>
 #include <cli/Output.h>
+#include <host/OpenFolders.h>
+#include <libraries/quire/UserStore.h>
 #include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/resources/StringTable.h>
 #include <platform/text/Charset.h>
@@ -88,6 +90,8 @@ int Run(int count, char** arguments) {
     if (!invocation.now.empty()) CTime::SetClock(TimeOfText(invocation.now, "--now"));
     OrvoShareMain(OwnModule(), DLL_PROCESS_ATTACH);
     Store store(invocation.store);
+    const std::string ownStore = invocation.store.empty() ? UserStorePath() : std::string();
+    for (const std::string& line : OpenFolders(ownStore)) PrintWarning(line);
     return invocation.command(store);
 }
 

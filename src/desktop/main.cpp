@@ -10,6 +10,7 @@
 #include <exception>
 #include <memory>
 #include <utility>
+#include <vector>
 
 #include <fmt/format.h>
 
@@ -23,6 +24,8 @@
 #include <desktop/instance/Instance.h>
 #include <desktop/options/DesktopPreferences.h>
 #include <host/HostOptions.h>
+#include <host/OpenFolders.h>
+#include <libraries/quire/UserStore.h>
 #include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/resources/StringTable.h>
 #include <platform/qt/QtWaiting.h>
@@ -152,8 +155,11 @@ int ShowWindow(StoreSession& session, const CommandLine& line, std::unique_ptr<I
     if (line.view) settings.view = *line.view;
     const EndSignals endSignals([&window] { window.close(); });
     if (!window.Open(settings)) return Fail("the window can't be made");
+    const std::vector<std::string> openFolders =
+        OpenFolders(line.store.empty() ? UserStorePath() : std::string());
     if (line.size) window.resize(*line.size);
     if (line.IsOffScreen()) {
+        for (const std::string& problem : openFolders) PrintProblem(problem);
         if (!line.files.empty()) window.Import(line.files);
         return SaveFiles(window, line);
     }
@@ -161,6 +167,8 @@ int ShowWindow(StoreSession& session, const CommandLine& line, std::unique_ptr<I
     const PublishedWindow published("Orvo Desktop", window.Frame().GetSafeHwnd());
     window.BeginSession();
     window.show();
+    // A status bar that doesn't show yet would write it over the counts.
+    for (const std::string& problem : openFolders) window.TellProblem(problem);
     window.activateWindow();
     window.Frame().LookupBox().SetFocus();
     if (!line.files.empty()) window.ImportLater(line.files);

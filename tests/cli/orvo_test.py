@@ -338,7 +338,8 @@ class OrvoTest(unittest.TestCase):
         good = self.file("good.vcf", card("Good"))
         self.orvo("import", good)
         before = self.rows("addresses")
-        for bad in (self.file("x.vcf", "no card at all"), self.file("empty.vcf", ""), self.folder / "missing.vcf", self.folder):
+        for bad in (self.file("x.vcf", "no card at all"), self.file("empty.vcf", ""), self.folder / "missing.vcf", self.folder,
+                    "/dev/full"):
             self.orvo("import", good, bad, code=2)
             self.assertEqual(self.errors.count("\n"), 1, self.errors)
             self.assertEqual(self.rows("addresses"), before)
@@ -456,6 +457,29 @@ class OrvoTest(unittest.TestCase):
         data = self.folder / "data"
         self.run_orvo("add", "--name", "Lee", environment={"HOME": str(home), "XDG_DATA_HOME": str(data)})
         self.assertTrue((data / "orvo/orvo.db").exists())
+
+    def test_a_folder_of_the_user_that_others_may_write_is_told(self):
+        home = self.folder / "home"
+        config, data = home / ".config", home / ".local/share"
+        for folder in (config / "orvo", data):
+            folder.mkdir(parents=True)
+        run = lambda: self.run_orvo("add", "--name", "Lee", environment={"HOME": str(home), "XDG_CONFIG_HOME": str(config)})
+        self.assertEqual(run().stderr, b"")
+        told = "orvo: {}/orvo: others could change what lies there: {} may be written by other users\n"
+        config.chmod(0o777)
+        data.chmod(0o777)
+        self.assertEqual(run().stderr.decode(), told.format(config, config) + told.format(data, data))
+        home.chmod(0o777)
+        self.assertEqual(run().stderr.decode(), told.format(config, home))
+        home.chmod(0o1777)
+        config.chmod(0o700)
+        data.chmod(0o700)
+        self.assertEqual(run().stderr, b"")
+
+    def test_a_card_comes_through_a_pipe(self):
+        command = f"exec '{ORVO}' --store '{self.store}' import <(printf 'BEGIN:VCARD\\nFN:Lee\\nEND:VCARD\\n')"
+        done = subprocess.run(["bash", "-c", command], capture_output=True, timeout=120)
+        self.assertEqual((done.returncode, done.stdout), (0, b"imported 1 addresses, 0 to-dos, 0 skipped\n"), done.stderr)
 
     def test_nothing_found_is_told_by_exit_code_1(self):
         self.orvo("addresses", code=1)

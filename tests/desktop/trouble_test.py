@@ -8,7 +8,7 @@ import subprocess
 import sys
 import unittest
 
-from screen import TITLE, Home, Screen, until
+from screen import PATIENCE, TITLE, Home, Screen, until
 from views import is_open, opened
 
 
@@ -45,6 +45,17 @@ class TroubleTest(unittest.TestCase):
 
     def save(self):
         self.screen.keys("ctrl+Return")
+
+    def test_a_folder_that_others_may_write_is_told_once_a_start(self):
+        config = self.home.folder / "open"
+        (config / "orvo").mkdir(parents=True)
+        config.chmod(0o777)
+        with self.home.window(self.screen, XDG_CONFIG_HOME=str(config)) as program:
+            self.screen.focus(TITLE)
+            self.screen.keys("ctrl+q")
+            self.assertEqual(program.wait(PATIENCE), 0)
+        self.assertEqual(self.home.said(), f"orvo-desktop: {config}/orvo: others could change what lies there: "
+                                           f"{config} may be written by other users\n")
 
     def test_an_address_is_kept_in_its_form_until_it_can_be_saved(self):
         for trouble in (self.removed, self.locked, self.full):
