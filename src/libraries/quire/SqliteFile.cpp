@@ -5,14 +5,53 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+#include <unistd.h>
 
 namespace orvo {
 
 namespace {
 
+constexpr const char* kFullDisk = "the disk is full";
+
 // SQLite takes a null pointer for a null value, and a view of an empty text may have one.
 const char* NeverNull(std::string_view bytes) {
     return bytes.data() != nullptr ? bytes.data() : "";
+}
+
+bool LacksRoomIn(const std::string& folder) {
+    struct statvfs disk {};
+    return statvfs(folder.c_str(), &disk) == 0 &&
+           (disk.f_bavail == 0 || (disk.f_files != 0 && disk.f_favail == 0));
+}
+
+std::string FolderOf(const std::string& path) {
+    return std::filesystem::path(path).parent_path().string();
+}
+
+// Why one of SQLite's own files can't be had beside the store, where SQLite itself knows only that
+// it isn't there; empty where there is no reason. None of them is opened: to close it again would
+// drop the locks that this process has on it.
+std::string WhyNoFileBeside(const std::string& path) {
+    for (const char* ending : {"-wal", "-shm", "-journal"}) {
+        const std::string name = path + ending;
+        struct stat status {};
+        const bool isThere = lstat(name.c_str(), &status) == 0;
+        if (isThere && !S_ISREG(status.st_mode)) {
+            return name + " is in the way: it is no file";
+        }
+        if (isThere && access(name.c_str(), R_OK | W_OK) != 0) {
+            return name + ": " + std::strerror(errno);
+        }
+    }
+    const std::string folder = FolderOf(path);
+    if (faccessat(AT_FDCWD, folder.c_str(), W_OK, AT_EACCESS) != 0) {
+        return "no file can be made in " + folder + ": " + std::strerror(errno);
+    }
+    return LacksRoomIn(folder) ? kFullDisk : "";
 }
 
 }  // namespace
@@ -94,6 +133,11 @@ int SqliteFile::ReadStart(std::size_t count, std::string& bytes) {
     return result;
 }
 
+std::string SqliteFile::Path() const {
+    const char* path = sqlite3_db_filename(Handle(), "main");
+    return path != nullptr ? path : "";
+}
+
 bool SqliteFile::HasMoved() const {
     int hasMoved = 0;
     sqlite3_file_control(Handle(), "main", SQLITE_FCNTL_HAS_MOVED, &hasMoved);
@@ -104,7 +148,8 @@ bool SqliteFile::LacksRoom(int result) const {
     const int error = sqlite3_system_errno(Handle());
     const bool isNoRoom = error == ENOSPC || error == EDQUOT || error == EFBIG;
     return result == SQLITE_FULL || result == SQLITE_IOERR_SHMSIZE ||
-           ((result & 0xFF) == SQLITE_IOERR && isNoRoom);
+           ((result & 0xFF) == SQLITE_IOERR && isNoRoom) ||
+           ((result & 0xFF) == SQLITE_CANTOPEN && WhyNoFileBeside(Path()) == kFullDisk);
 }
 
 std::string SqliteFile::Reason(int result) const {
@@ -114,7 +159,17 @@ std::string SqliteFile::Reason(int result) const {
         return m_whyReadOnly;
     }
     if (LacksRoom(result)) {
-        return error == EFBIG ? "a file may not grow beyond its limit" : "the disk is full";
+        return error == EFBIG ? "a file may not grow beyond its limit" : kFullDisk;
+    }
+    if (kind == SQLITE_READONLY && result != SQLITE_READONLY_DIRECTORY &&
+        access(Path().c_str(), W_OK) != 0) {
+        return std::string("it may not be written: ") + std::strerror(errno);
+    }
+    if (kind == SQLITE_READONLY || kind == SQLITE_CANTOPEN) {
+        const std::string reason = access(Path().c_str(), F_OK) == 0 ? WhyNoFileBeside(Path()) : "";
+        if (!reason.empty()) {
+            return reason;
+        }
     }
     if (kind == SQLITE_CANTOPEN && error != 0) {
         return std::strerror(error);

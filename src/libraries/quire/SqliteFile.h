@@ -89,6 +89,8 @@ public:
     sqlite3* Handle() const { return m_database.get(); }
 
 private:
+    std::string Path() const;
+
     struct Close {
         void operator()(sqlite3* database) const { sqlite3_close_v2(database); }
     };
