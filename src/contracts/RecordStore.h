@@ -270,8 +270,12 @@ public:
     long RefreshTexts();
 
     // True, once, after another process or engine has changed the store. Categories and labels have
-    // been read again then.
+    // been read again then, unless they couldn't be read at first.
     bool TakeForeignChange();
+
+    // Why some categories and labels couldn't be read when the table was made, in one line; those
+    // of a new store stand for them. Empty where all were read.
+    const std::string& TextsFailure() const { return m_textsFailure; }
 
     StoreEngine& GetEngine() const { return m_engine; }
     // Why the last operation failed, in one line.
@@ -282,6 +286,10 @@ protected:
 
     // What was there stays where they can't be read.
     virtual StoreStatus LoadTexts();
+    // While the table is being made, the texts of a new store take the places of those that can't
+    // be read.
+    StoreStatus ReadTexts(StoreEngine::TextKind texts,
+                          std::vector<StoreEngine::NumberedText>& result);
     // Begins a change of a category or label: reads all texts again in the transaction.
     StoreStatus BeginTexts(const StoreTransaction& transaction);
     void Tell(RecordChange::Kind kind, std::int64_t id);
@@ -293,6 +301,8 @@ protected:
     Listener m_listener;
     FailureListener m_failed;
     std::int64_t m_foreignVersion;
+    std::string m_textsFailure;
+    bool m_isMade = false;
 
 private:
     long Mark(CBaseRecord& record, bool deleted);

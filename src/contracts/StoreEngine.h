@@ -65,8 +65,9 @@ public:
 
     // Gives:  Ok when `row` holds the next row; End after the last one and at each call from then
     //         on.
-    // Fails:  for a row that is damaged, whose id is in `row` then; the next call goes on behind
-    //         it. Where the walk itself fails `row` stays as it was, and the walk is over.
+    // Fails:  for a row that is damaged, or for several in a row that can't be read, with the first
+    //         id in `row`; the next call goes on behind them. Where the walk itself fails `row`
+    //         stays as it was, and the walk is over.
     virtual StoreStatus Next(StoredRow& row) = 0;
 };
 
@@ -114,6 +115,7 @@ public:
         int number;
         std::string text;  // UTF-8
     };
+    // Fails:  with those in `result` that could be read.
     virtual StoreStatus ReadTexts(TableKind kind, TextKind texts,
                                   std::vector<NumberedText>& result) = 0;
     virtual StoreStatus WriteText(TableKind kind, TextKind texts, int number,

@@ -10,11 +10,14 @@
 #include "RowRules.h"
 #include "SqliteOpen.h"
 #include "SqliteRow.h"
+#include "SqliteSalvage.h"
 #include "SqliteStatements.h"
 
 namespace orvo {
 
 namespace {
+
+constexpr int kMostTexts = 256;  // of one kind
 
 const char* NameOf(TableKind kind) {
     return kind == TableKind::Address ? "address" : "to-do";
@@ -85,7 +88,7 @@ std::unique_ptr<SqliteEngine> SqliteEngine::Open(const std::string& path, std::s
     engine->m_statements = std::make_unique<SqliteStatements>();
     const int result = engine->m_statements->Prepare(*engine->m_file);
     if (result != SQLITE_OK) {
-        error = fmt::format("{}: can't be opened: {}", path, engine->m_file->Reason(result));
+        error = DamageError(path, engine->m_file->Reason(result));
         return nullptr;
     }
     return engine;
@@ -224,7 +227,26 @@ StoreStatus SqliteEngine::ReadTexts(TableKind kind, TextKind texts,
     while ((step = statement.Step()) == SQLITE_ROW) {
         result.push_back({static_cast<int>(statement.Integer(0)), std::string(statement.Bytes(1))});
     }
-    return Result(step);
+    return TellsDamage(step) ? ReadTextsSingly(kind, texts, result) : Result(step);
+}
+
+// Reads the texts that a damaged table still gives.
+StoreStatus SqliteEngine::ReadTextsSingly(TableKind kind, TextKind texts,
+                                          std::vector<NumberedText>& result) {
+    SqliteStatement& statement = m_statements->readText;
+    StoreStatus status = StoreStatus::Ok;
+    result.clear();
+    for (int number = 0; number < kMostTexts; ++number) {
+        const SqliteRun run(statement);
+        BindTextKey(statement, kind, texts, number);
+        const int step = statement.Step();
+        if (step == SQLITE_ROW) {
+            result.push_back({number, std::string(statement.Bytes(0))});
+        } else if (step != SQLITE_DONE) {
+            status = Result(step);
+        }
+    }
+    return status;
 }
 
 StoreStatus SqliteEngine::WriteText(TableKind kind, TextKind texts, int number,
@@ -327,6 +349,12 @@ StoreStatus SqliteEngine::Run(SqliteStatement& statement) {
 
 StoreStatus SqliteEngine::Damaged(TableKind kind, std::int64_t id) {
     return Fail(StoreStatus::Failed, fmt::format("{}: {} {} is damaged", m_path, NameOf(kind), id));
+}
+
+StoreStatus SqliteEngine::Lost(TableKind kind, const SalvagedEntry& lost,
+                               const std::string& reason) {
+    return Fail(StoreStatus::Failed,
+                fmt::format("{}: {}: {}", m_path, LostText(kind, lost), reason));
 }
 
 StoreStatus SqliteEngine::Gone(TableKind kind, std::int64_t id) {

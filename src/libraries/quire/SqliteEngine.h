@@ -10,6 +10,7 @@ namespace orvo {
 
 class SqliteFile;
 class SqliteStatement;
+struct SalvagedEntry;
 struct SqliteStatements;
 
 class ORVO_API SqliteEngine : public StoreEngine {
@@ -63,7 +64,9 @@ private:
     // Ok for SQLite's results of success, else what Fail gives with SQLite's reason.
     StoreStatus Result(int result);
     StoreStatus Run(SqliteStatement& statement);
+    StoreStatus ReadTextsSingly(TableKind kind, TextKind texts, std::vector<NumberedText>& result);
     StoreStatus Damaged(TableKind kind, std::int64_t id);
+    StoreStatus Lost(TableKind kind, const SalvagedEntry& lost, const std::string& reason);
     StoreStatus Gone(TableKind kind, std::int64_t id);
     StoreStatus CheckTransaction();
     StoreStatus CheckPlace();

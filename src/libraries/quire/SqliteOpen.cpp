@@ -15,6 +15,8 @@
 #include <contracts/DefaultTexts.h>
 #include <platform/io/NewFileMode.h>
 
+#include "SqliteSalvage.h"
+
 namespace orvo {
 
 namespace {
@@ -26,6 +28,10 @@ constexpr std::string_view kMagic{"SQLite format 3\0", 16};
 constexpr std::size_t kHeaderSize = 100;
 constexpr std::size_t kVersionOffset = 60;
 constexpr std::size_t kApplicationIdOffset = 68;
+
+constexpr int kOpenFlags = SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
+
+constexpr const char* kWayOut = "; `orvo rescue` copies what can be read into a new store";
 
 constexpr const char* kSettings =
     "PRAGMA foreign_keys = ON; PRAGMA trusted_schema = OFF; PRAGMA synchronous = FULL;"
@@ -95,16 +101,9 @@ std::string NotOpened(const std::string& path, const std::string& reason) {
     return fmt::format("{}: can't be opened: {}", path, reason);
 }
 
-// SQLite takes names such as ":memory:" for something else than a file.
-std::string FileName(const std::string& path) {
-    std::error_code error;
-    const std::filesystem::path absolute = std::filesystem::absolute(path, error);
-    return error ? path : absolute.string();
-}
-
 // The system's number of why a file can't be made there; 0 where it can.
 int WhyNotMade(const std::string& path) {
-    const std::filesystem::path folder = std::filesystem::path(FileName(path)).parent_path();
+    const std::filesystem::path folder = std::filesystem::path(StoreFileName(path)).parent_path();
     return faccessat(AT_FDCWD, folder.c_str(), W_OK, AT_EACCESS) == 0 ? 0 : errno;
 }
 
@@ -134,7 +133,7 @@ bool CheckHeader(const std::string& path, std::string& error) {
     }
     SqliteFile file;
     std::string header;
-    int result = file.Open(FileName(path), SQLITE_OPEN_READONLY | SQLITE_OPEN_EXRESCODE);
+    int result = file.Open(StoreFileName(path), SQLITE_OPEN_READONLY | SQLITE_OPEN_EXRESCODE);
     if (result == SQLITE_OK) {
         result = file.ReadStart(kHeaderSize, header);
     }
@@ -235,36 +234,58 @@ int SetUp(SqliteFile& file, Marks& marks) {
 }
 
 int OpenFile(const std::string& name, int flags, SqliteFile& file, Marks& marks) {
-    const int result = file.Open(name, flags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE);
+    const int result = file.Open(name, flags | kOpenFlags);
     return result == SQLITE_OK ? SetUp(file, marks) : result;
-}
-
-// The name as SQLite's URI, with that parameter.
-std::string Uri(const std::string& path, const char* parameter) {
-    std::string uri = "file:";
-    for (const char c : FileName(path)) {
-        const bool hasMeaning = c == '%' || c == '?' || c == '#';
-        uri += hasMeaning ? fmt::format("%{:02X}", c) : std::string(1, c);
-    }
-    return uri + "?" + parameter;
 }
 
 // Opens for reading a store beside which there is no room for the log's index. A process that
 // writes to the store has that index already, so that nobody changes a store without a log.
 // Gives:  null where it can't be read so either.
 std::unique_ptr<SqliteFile> OpenWithoutRoom(const std::string& path, std::string reason) {
-    std::error_code error;
-    const auto logSize = std::filesystem::file_size(FileName(path) + "-wal", error);
-    const bool hasLog = !error && logSize != 0;
     auto file = std::make_unique<SqliteFile>();
     Marks marks;
-    const std::string name = Uri(path, hasLog ? "readonly_shm=1" : "immutable=1");
-    const int result = OpenFile(name, SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, *file, marks);
+    const int result =
+        OpenFile(ReadOnlyUri(path), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, *file, marks);
     file->SetWhyReadOnly(std::move(reason));
     return result == SQLITE_OK && IsStore(marks) ? std::move(file) : nullptr;
 }
 
+// Opens for reading a store that SQLite holds to be damaged as a whole, as one whose end is cut
+// off.
+// Gives:  null where it can't be read so either.
+std::unique_ptr<SqliteFile> OpenDamaged(const std::string& path, const std::string& reason) {
+    auto file = std::make_unique<SqliteFile>();
+    Marks marks;
+    int result = file->Open(ReadOnlyUri(path), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI | kOpenFlags);
+    if (result == SQLITE_OK) {
+        result = file->Run(kReadDamaged);
+    }
+    if (result == SQLITE_OK) {
+        result = SetUp(*file, marks);
+    }
+    file->SetWhyReadOnly(fmt::format("the store is damaged ({}){}", reason, kWayOut));
+    return result == SQLITE_OK && IsStore(marks) ? std::move(file) : nullptr;
+}
+
 }  // namespace
+
+std::string StoreFileName(const std::string& path) {
+    std::error_code error;
+    const std::filesystem::path absolute = std::filesystem::absolute(path, error);
+    return error ? path : absolute.string();
+}
+
+std::string ReadOnlyUri(const std::string& path) {
+    std::string uri = "file:";
+    for (const char c : StoreFileName(path)) {
+        const bool hasMeaning = c == '%' || c == '?' || c == '#';
+        uri += hasMeaning ? fmt::format("%{:02X}", c) : std::string(1, c);
+    }
+    std::error_code error;
+    const auto logSize = std::filesystem::file_size(StoreFileName(path) + "-wal", error);
+    const bool hasLog = !error && logSize != 0;
+    return uri + (hasLog ? "?readonly_shm=1" : "?immutable=1");
+}
 
 std::unique_ptr<SqliteFile> OpenStore(const std::string& path, std::string& error) {
     if (path.empty()) {
@@ -279,20 +300,37 @@ std::unique_ptr<SqliteFile> OpenStore(const std::string& path, std::string& erro
     auto file = std::make_unique<SqliteFile>();
     Marks marks;
     const int result =
-        OpenFile(FileName(path), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, *file, marks);
+        OpenFile(StoreFileName(path), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, *file, marks);
     if (result != SQLITE_OK) {
         error = (result & 0xFF) == SQLITE_BUSY ? StoreError(path, *file, result)
                                                : NotOpened(path, file->Reason(result));
         std::string reason = file->Reason(result);
         const bool lacksRoom = file->LacksRoom(result);
         file.reset();
-        return lacksRoom ? OpenWithoutRoom(path, std::move(reason)) : nullptr;
+        if (lacksRoom) {
+            return OpenWithoutRoom(path, std::move(reason));
+        }
+        if (!TellsDamage(result)) {
+            return nullptr;
+        }
+        error = DamageError(path, reason);
+        return OpenDamaged(path, reason);
     }
     if (!IsStore(marks)) {
         error = Refusal(path, marks);
         return nullptr;
     }
     return file;
+}
+
+bool HasStoreMarks(const std::string& path) {
+    std::error_code failure;
+    std::string error;
+    return std::filesystem::file_size(path, failure) != 0 && !failure && CheckHeader(path, error);
+}
+
+std::string DamageError(const std::string& path, const std::string& reason) {
+    return NotOpened(path, reason) + kWayOut;
 }
 
 std::string StoreError(const std::string& path, const SqliteFile& file, int result) {

@@ -40,20 +40,16 @@ int PrepareAll(SqliteFile& file, std::initializer_list<Item> items) {
     return SQLITE_OK;
 }
 
-int PrepareTable(SqliteFile& file, const TableSql& sql, SqliteTableStatements& table) {
-    const auto make = [&](const char* pattern) {
-        return fmt::format(fmt::runtime(pattern), fmt::arg("t", sql.name),
-                           fmt::arg("columns", sql.columns), fmt::arg("values", sql.parameters),
-                           fmt::arg("assignments", sql.assignments));
-    };
+int PrepareTable(SqliteFile& file, TableKind kind, SqliteTableStatements& table) {
+    const auto make = [kind](const char* pattern) { return SqliteSql(kind, pattern); };
     return PrepareAll(
         file,
         {
-            {&table.walk, make("SELECT {columns} FROM {t} WHERE id > ?1 AND (flags & 4) = 0 "
+            {&table.walk, make("SELECT {columns} FROM {t} WHERE id >= ?1 AND (flags & 4) = 0 "
                                "ORDER BY id LIMIT ?2")},
-            {&table.walkDeleted, make("SELECT {columns} FROM {t} WHERE id > ?1 AND "
+            {&table.walkDeleted, make("SELECT {columns} FROM {t} WHERE id >= ?1 AND "
                                       "(flags & 4) <> 0 ORDER BY id LIMIT ?2")},
-            {&table.walkCategory, make("SELECT {columns} FROM {t} WHERE category = ?1 AND id > ?2 "
+            {&table.walkCategory, make("SELECT {columns} FROM {t} WHERE category = ?1 AND id >= ?2 "
                                        "AND (flags & 4) = 0 ORDER BY id LIMIT ?3")},
             {&table.nextCategory, make("SELECT category FROM {t} WHERE category > ?1 "
                                        "ORDER BY category LIMIT 1")},
@@ -74,9 +70,17 @@ int PrepareTable(SqliteFile& file, const TableSql& sql, SqliteTableStatements& t
 
 }  // namespace
 
+std::string SqliteSql(TableKind kind, const char* pattern) {
+    const TableSql& sql = kTables[static_cast<std::size_t>(kind)];
+    return fmt::format(fmt::runtime(pattern), fmt::arg("t", sql.name),
+                       fmt::arg("columns", sql.columns), fmt::arg("values", sql.parameters),
+                       fmt::arg("assignments", sql.assignments));
+}
+
 int SqliteStatements::Prepare(SqliteFile& file) {
     for (std::size_t i = 0; i < tables.size(); ++i) {
-        if (const int result = PrepareTable(file, kTables[i], tables[i]); result != SQLITE_OK) {
+        const auto kind = static_cast<TableKind>(i);
+        if (const int result = PrepareTable(file, kind, tables[i]); result != SQLITE_OK) {
             return result;
         }
     }
@@ -85,6 +89,9 @@ int SqliteStatements::Prepare(SqliteFile& file) {
                   {&readTexts,
                    "SELECT number, value FROM text WHERE table_kind = ?1 AND text_kind = ?2 "
                    "ORDER BY number"},
+                  {&readText,
+                   "SELECT value FROM text WHERE table_kind = ?1 AND text_kind = ?2 "
+                   "AND number = ?3"},
                   {&writeText,
                    "INSERT INTO text (table_kind, text_kind, number, value) "
                    "VALUES (?1, ?2, ?3, ?4) ON CONFLICT DO UPDATE SET value = ?4"},

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <string>
 
 #include <contracts/StoreEngine.h>
 
@@ -10,12 +11,16 @@
 
 namespace orvo {
 
+// The pattern with the table's name for {t}, the columns that reading gives for {columns}, the
+// parameters of `insert` for {values} and the assignments of `update` for {assignments}.
+std::string SqliteSql(TableKind kind, const char* pattern);
+
 // The parameters of `insert` and `update`, in the order of the columns that the reading ones give:
 // id, placement, category, flags, fields, and for to-dos priority, due, completed.
 struct SqliteTableStatements {
-    SqliteStatement walk;          // after an id, at most so many rows
+    SqliteStatement walk;          // from an id on, at most so many rows
     SqliteStatement walkDeleted;   // the same over deleted rows
-    SqliteStatement walkCategory;  // of a category, after an id, at most so many rows
+    SqliteStatement walkCategory;  // of a category, from an id on, at most so many rows
     SqliteStatement nextCategory;  // the lowest above one
     SqliteStatement read;
     SqliteStatement readExtra;
@@ -31,6 +36,7 @@ struct SqliteTableStatements {
 struct SqliteStatements {
     std::array<SqliteTableStatements, 2> tables;
     SqliteStatement readTexts;
+    SqliteStatement readText;
     SqliteStatement writeText;
     SqliteStatement removeText;
     SqliteStatement begin;

@@ -6,6 +6,7 @@
 
 #include <fmt/format.h>
 
+#include <contracts/DefaultTexts.h>
 #include <contracts/RecordStore.h>
 #include <platform/text/CodePage.h>
 #include <platform/text/SystemText.h>
@@ -124,7 +125,10 @@ std::int64_t CBaseTable::GetCount() {
 
 bool CBaseTable::TakeForeignChange() {
     const std::int64_t version = m_engine.ForeignVersion();
-    if (version == m_foreignVersion || LoadTexts() != StoreStatus::Ok) {
+    if (version == m_foreignVersion) {
+        return false;
+    }
+    if (LoadTexts() != StoreStatus::Ok && m_textsFailure.empty()) {
         return false;
     }
     m_foreignVersion = version;
@@ -139,9 +143,26 @@ StoreStatus CBaseTable::BeginTexts(const StoreTransaction& transaction) {
     return transaction.Status() == StoreStatus::Ok ? LoadTexts() : transaction.Status();
 }
 
+StoreStatus CBaseTable::ReadTexts(TextKind texts, NumberedTexts& result) {
+    const StoreStatus status = m_engine.ReadTexts(m_kind, texts, result);
+    if (status == StoreStatus::Ok || m_isMade) {
+        return status;
+    }
+    m_textsFailure = m_engine.LastError() +
+                     "; the usual categories and labels stand for those that can't be read";
+    for (const DefaultText& usual : kDefaultTexts) {
+        const auto isThere = [&](const auto& text) { return text.number == usual.number; };
+        if (usual.table == m_kind && usual.kind == texts &&
+            std::none_of(result.begin(), result.end(), isThere)) {
+            result.push_back({usual.number, usual.text});
+        }
+    }
+    return StoreStatus::Ok;
+}
+
 StoreStatus CBaseTable::LoadTexts() {
     NumberedTexts names;
-    const StoreStatus status = m_engine.ReadTexts(m_kind, TextKind::Category, names);
+    const StoreStatus status = ReadTexts(TextKind::Category, names);
     if (status != StoreStatus::Ok) {
         return status;
     }
@@ -187,6 +208,7 @@ long CBaseTable::RefuseRecord(const char* reason) {
 
 CAddressTable::CAddressTable(StoreEngine& engine) : CBaseTable(engine, TableKind::Address) {
     CAddressTable::LoadTexts();
+    m_isMade = true;
 }
 
 int CAddressTable::GetPhoneLabelCount() const {
@@ -275,9 +297,9 @@ long CAddressTable::ChangeLabel(StoreTransaction& transaction, TextKind texts, i
 StoreStatus CAddressTable::LoadTexts() {
     NumberedTexts phones;
     NumberedTexts customs;
-    StoreStatus status = m_engine.ReadTexts(m_kind, TextKind::PhoneLabel, phones);
+    StoreStatus status = ReadTexts(TextKind::PhoneLabel, phones);
     if (status == StoreStatus::Ok) {
-        status = m_engine.ReadTexts(m_kind, TextKind::CustomLabel, customs);
+        status = ReadTexts(TextKind::CustomLabel, customs);
     }
     if (status == StoreStatus::Ok) {
         status = CBaseTable::LoadTexts();
@@ -293,6 +315,7 @@ StoreStatus CAddressTable::LoadTexts() {
 
 CToDoTable::CToDoTable(StoreEngine& engine) : CBaseTable(engine, TableKind::ToDo) {
     CBaseTable::LoadTexts();
+    m_isMade = true;
 }
 
 }  // namespace orvo

@@ -9,7 +9,7 @@
 
 namespace orvo {
 
-using testing::ElementsAre;
+using testing::StartsWith;
 using Op = FaultyEngine::Op;
 
 namespace {
@@ -126,6 +126,19 @@ TEST_F(StoreFault, AWalkThatCantBeginIsOver) {
     EXPECT_EQ(iterator.FindFirst(other), kFailed);
     EXPECT_NE(iterator.FindNext(other), 0);
     EXPECT_EQ(iterator.FindFirst(other), 0);
+}
+
+TEST(StoreFaultAtStart, LabelsThatCantBeReadAreThoseOfANewStore) {
+    MemoryEngine memory;
+    FaultyEngine engine(memory);
+    engine.FailNext(Op::ReadTexts, "bad sector");
+
+    CAddressTable table(engine);
+
+    EXPECT_EQ(table.GetPhoneLabelCount(), 8);
+    EXPECT_EQ(table.GetPhoneLabel(7), "Other");
+    EXPECT_EQ(table.GetCustomLabel(4), "Custom 4");
+    EXPECT_THAT(table.TextsFailure(), StartsWith("bad sector"));
 }
 
 }  // namespace orvo
