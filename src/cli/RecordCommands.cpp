@@ -59,7 +59,18 @@ std::unique_ptr<CAddressRecord> FindAddress(Store& store, std::int64_t id) {
     return record;
 }
 
-Json AsJson(Store& store, const CAddressRecord& record) {
+// A note that can't be read doesn't keep the rest from being shown.
+std::string NoteOf(Store& store, const CAddressRecord& record, ExitCode& code) {
+    std::string note;
+    if (record.GetNoteUtf8(note) != 0) {
+        PrintError(fmt::format("{}: the note of address {} can't be read",
+                               store.Engine().LastError(), record.GetId()));
+        code = kSomeSkipped;
+    }
+    return note;
+}
+
+Json AsJson(Store& store, const CAddressRecord& record, ExitCode& code) {
     Json json{{"id", record.GetId()}};
     for (const FieldName& field : kFieldNames)
         json[field.key] = std::string(record.Utf8(field.field));
@@ -81,9 +92,7 @@ Json AsJson(Store& store, const CAddressRecord& record) {
     for (int number = 1; number <= kCustomFields; ++number) {
         json["custom"].push_back(std::string(record.Utf8(CustomField(number))));
     }
-    std::string note;
-    store.Check(record.GetNoteUtf8(note));
-    json["note"] = note;
+    json["note"] = NoteOf(store, record, code);
     json["category"] = CategoryName(store.Addresses(), record);
     json["private"] = record.IsPrivate() != 0;
     json["archived"] = record.IsArchived() != 0;
@@ -103,8 +112,8 @@ void PrintField(const std::string& title, std::string text) {
     }
 }
 
-void PrintAsText(Store& store, const CAddressRecord& record) {
-    const Json json = AsJson(store, record);
+void PrintAsText(Store& store, const CAddressRecord& record, ExitCode& code) {
+    const Json json = AsJson(store, record, code);
     PrintField("ID", fmt::format("{}", record.GetId()));
     for (const FieldName& field : kFieldNames) PrintField(field.title, json[field.key]);
     for (const Json& phone : json["phones"]) {
@@ -123,12 +132,13 @@ void PrintAsText(Store& store, const CAddressRecord& record) {
 
 int Show(Store& store, std::int64_t id, bool json) {
     const auto record = FindAddress(store, id);
+    ExitCode code = kDone;
     if (json) {
-        PrintJson(AsJson(store, *record));
+        PrintJson(AsJson(store, *record, code));
     } else {
-        PrintAsText(store, *record);
+        PrintAsText(store, *record, code);
     }
-    return kDone;
+    return code;
 }
 
 int Tell(const char* verb, std::int64_t id, bool json) {

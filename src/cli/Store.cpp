@@ -23,6 +23,11 @@ std::unique_ptr<SqliteEngine> OpenEngine(const std::string& path) {
 Store::Store(const std::string& path)
     : m_engine(OpenEngine(path)), m_addresses(*m_engine), m_toDos(*m_engine) {}
 
+std::string Store::TextsFailure() const {
+    const std::string& failure = m_addresses.TextsFailure();
+    return failure.empty() ? m_toDos.TextsFailure() : failure;
+}
+
 void Store::Check(long status) {
     if (status == 0) return;
     if (status == static_cast<long>(StoreStatus::Gone)) {

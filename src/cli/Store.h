@@ -39,6 +39,9 @@ public:
     StoreEngine& Engine() { return *m_engine; }
     std::string Path() const { return m_engine->Name(); }
 
+    // Why categories and labels are in part those of a new store; else empty.
+    std::string TextsFailure() const;
+
     // Fails:  CommandError where `status` isn't 0.
     void Check(long status);
 

@@ -52,6 +52,13 @@ void CheckArguments(int count, char** arguments) {
     }
 }
 
+int RunWith(Store& store, const Invocation& invocation) {
+    const std::string damage = store.TextsFailure();
+    if (!damage.empty()) PrintError(damage);
+    const int code = invocation.command(store);
+    return code == kDone && !damage.empty() ? kSomeSkipped : code;
+}
+
 int Run(int count, char** arguments) {
     CheckArguments(count, arguments);
     CLI::App app("Addresses and to-dos in one store.", "orvo");
@@ -92,7 +99,7 @@ int Run(int count, char** arguments) {
     Store store(invocation.store);
     const std::string ownStore = invocation.store.empty() ? UserStorePath() : std::string();
     for (const std::string& line : OpenFolders(ownStore)) PrintWarning(line);
-    return invocation.command(store);
+    return RunWith(store, invocation);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <exchange/CardWriter.h>
 #include <exchange/EntryReader.h>
 #include <exchange/ImportFile.h>
+#include <exchange/LossText.h>
 
 namespace orvo {
 namespace {
@@ -25,12 +26,16 @@ Origin CardWriter::OriginHere(const CardFields& fields) {
     return origin;
 }
 
-std::string CardWriter::Write(const CAddressRecord& record) {
+std::string CardWriter::Write(const CAddressRecord& record, std::string* loss) {
     std::string source;
     std::string originText;
     AddressValues now;
-    if (record.GetSource(source) != 0 || record.GetOrigin(originText) != 0 || !now.Read(record)) {
-        throw ExchangeError("an address can't be read from the store: " + m_table.LastError());
+    const bool isWhole = now.Read(record);
+    if (!isWhole || record.GetSource(source) != 0 || record.GetOrigin(originText) != 0) {
+        const std::string reason = m_table.LastError();
+        if (!loss) throw ExchangeError("an address can't be read from the store: " + reason);
+        *loss = LossText("address", record, reason);
+        source.clear();
     }
     Entry entry;
     EntryReader reader(source);

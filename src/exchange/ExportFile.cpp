@@ -1,5 +1,7 @@
 // Writing the store to card and calendar files.
 // SPDX-License-Identifier: MIT
+#include <utility>
+
 #include <fmt/core.h>
 
 #include <exchange/CardWriter.h>
@@ -29,7 +31,8 @@ FileKind KindOf(const std::string& path) {
         "{}: the name of a card file ends in .vcf, of a calendar in .ics or .vcs", path));
 }
 
-// Calls `write` for each record that is wanted and not damaged.
+// Calls `write` for each record that is wanted and not damaged. It tells in the text that it is
+// given what it couldn't write.
 template <class Record, class Iterator, class Table, class Write>
 void ForEach(Table& table, const IsWanted& isWanted, ExportReport& report, Write write) {
     constexpr long kEnd = static_cast<long>(StoreStatus::End);
@@ -45,8 +48,10 @@ void ForEach(Table& table, const IsWanted& isWanted, ExportReport& report, Write
             continue;
         }
         if (!isWanted(record)) continue;
-        write(record);
+        std::string loss;
+        write(record, loss);
         ++report.written;
+        if (!loss.empty()) report.leftOut.push_back(std::move(loss));
     }
 }
 
@@ -75,8 +80,8 @@ ExportReport ExportFile(const std::string& path, CAddressTable& addresses, CToDo
             CardWriter writer(addresses);
             std::string text;
             ForEach<CAddressRecord, CAddressIterator>(
-                addresses, isWanted, report, [&](const CAddressRecord& record) {
-                    text += writer.Write(record);
+                addresses, isWanted, report, [&](const CAddressRecord& record, std::string& loss) {
+                    text += writer.Write(record, &loss);
                     if (!text.ends_with('\n') && !text.ends_with('\r')) text += "\r\n";
                     if (text.size() < kChunk) return;
                     file.Write(text);
@@ -88,9 +93,10 @@ ExportReport ExportFile(const std::string& path, CAddressTable& addresses, CToDo
                 kind == FileKind::Calendar ? Dialect::Calendar20 : Dialect::Calendar10;
             ToDoWriter writer(toDos, dialect);
             CalendarText calendar(dialect);
-            ForEach<CToDoRecord, CToDoIterator>(
-                toDos, isWanted, report,
-                [&](const CToDoRecord& record) { calendar.Add(writer.Write(record)); });
+            ForEach<CToDoRecord, CToDoIterator>(toDos, isWanted, report,
+                                                [&](const CToDoRecord& record, std::string& loss) {
+                                                    calendar.Add(writer.Write(record, &loss));
+                                                });
             file.Write(calendar.Text());
         }
         if (report.written != 0) file.Replace();

@@ -17,7 +17,8 @@ bool IsCardFile(const std::string& path);
 
 struct ExportReport {
     std::size_t written = 0;
-    std::vector<std::string> leftOut;  // one line for each damaged record
+    // One line for each damaged record, and for each that was written in part.
+    std::vector<std::string> leftOut;
 };
 
 // Writes the addresses to a .vcf file, or the to-dos to a .ics or .vcs file, as the name ends: all

@@ -7,6 +7,7 @@
 #include <fmt/core.h>
 
 #include <exchange/CalendarReader.h>
+#include <exchange/LossText.h>
 #include <exchange/ToDoConversion.h>
 #include <exchange/ToDoEdits.h>
 #include <exchange/ToDoWriter.h>
@@ -71,19 +72,25 @@ Origin ToDoWriter::OriginHere(const ToDoFields& fields) {
     return origin;
 }
 
-ToDoWriter::Written ToDoWriter::Write(const CToDoRecord& record) {
+ToDoWriter::Written ToDoWriter::Write(const CToDoRecord& record, std::string* loss) {
     std::string text;
     std::string originText;
     ToDoValues now;
-    if (record.GetSource(text) != 0 || record.GetOrigin(originText) != 0 || !now.Read(record)) {
-        throw ExchangeError("a to-do can't be read from the store: " + m_table.LastError());
+    const bool isWhole = now.Read(record);
+    if (!isWhole || record.GetSource(text) != 0 || record.GetOrigin(originText) != 0) {
+        const std::string reason = m_table.LastError();
+        if (!loss) throw ExchangeError("a to-do can't be read from the store: " + reason);
+        *loss = LossText("to-do", record, reason);
+        text.clear();
+        originText.clear();
     }
     if (text.empty()) {
         text = SourceWithNewUid();
         originText = kOnlyExported;
         // Where the store can't be written, the export goes on; the next one gives another UID.
         CToDoRecord stored(m_table);
-        if (m_table.Find(record.GetId(), stored) == 0) stored.SetSource(text, originText);
+        const bool isKept = (!loss || loss->empty()) && m_table.Find(record.GetId(), stored) == 0;
+        if (isKept) stored.SetSource(text, originText);
     }
     EntryReader reader(text);
     ToDoSource source;
