@@ -21,6 +21,7 @@ struct Invocation {
     unsigned codePage = 0;
     bool json = false;
     std::function<int(Store&)> command;  // gives the exit code
+    std::function<int()> withoutStore;   // the same for a command that opens no store
 };
 
 void AddExchangeCommands(CLI::App& app, Invocation& invocation);   // import, export
@@ -34,5 +35,6 @@ void AddRecordCommands(CLI::App& app, Invocation& invocation);     // show, add,
 void AddOptionsCommands(CLI::App& app, Invocation& invocation);    // options
 void AddMailCommand(CLI::App& app, Invocation& invocation);        // mail
 void AddWhoCommand(CLI::App& app, Invocation& invocation);         // who
+void AddRescueCommand(CLI::App& app, Invocation& invocation);      // rescue
 
 }  // namespace orvo::cli

@@ -77,6 +77,7 @@ int Run(int count, char** arguments) {
     AddOptionsCommands(app, invocation);
     AddMailCommand(app, invocation);
     AddWhoCommand(app, invocation);
+    AddRescueCommand(app, invocation);
     app.footer(
         "Exit codes: 0 done; 1 nothing found; 2 wrong use or a file that can't be read;\n"
         "3 done, with some entries skipped, each told on standard error.");
@@ -96,6 +97,7 @@ int Run(int count, char** arguments) {
     ApplyLocale(invocation);
     if (!invocation.now.empty()) CTime::SetClock(TimeOfText(invocation.now, "--now"));
     OrvoShareMain(OwnModule(), DLL_PROCESS_ATTACH);
+    if (invocation.withoutStore) return invocation.withoutStore();
     Store store(invocation.store);
     const std::string ownStore = invocation.store.empty() ? UserStorePath() : std::string();
     for (const std::string& line : OpenFolders(ownStore)) PrintWarning(line);

@@ -64,6 +64,9 @@ public:
         return *this;
     }
 
+    // The longest part with which `packed` begins that is of this form.
+    static std::string_view GoodStart(std::string_view packed);
+
     // Takes a copy of a buffer of this form.
     // Gives:  false, and changes nothing, where the bytes are not of this form.
     bool Assign(std::string_view packed);

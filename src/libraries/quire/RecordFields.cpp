@@ -53,18 +53,6 @@ std::optional<Field> TakeField(std::string_view& packed) {
     return field;
 }
 
-bool IsPacked(std::string_view packed) {
-    int last = 0;
-    while (!packed.empty()) {
-        const std::optional<Field> field = TakeField(packed);
-        if (!field || field->number <= last) {
-            return false;
-        }
-        last = field->number;
-    }
-    return true;
-}
-
 // Where a field of that number begins in a good buffer, or would begin.
 std::string_view::const_iterator FieldStart(std::string_view packed, std::uint8_t number) {
     while (!packed.empty() && static_cast<std::uint8_t>(packed.front()) < number) {
@@ -85,8 +73,23 @@ std::size_t WriteHead(std::uint8_t number, std::uint64_t length, char* head) {
 
 }  // namespace
 
+std::string_view PackedFields::GoodStart(std::string_view packed) {
+    std::string_view rest = packed;
+    std::size_t good = 0;
+    int last = 0;
+    while (!rest.empty()) {
+        const std::optional<Field> field = TakeField(rest);
+        if (!field || field->number <= last) {
+            break;
+        }
+        last = field->number;
+        good = packed.size() - rest.size();
+    }
+    return packed.substr(0, good);
+}
+
 bool PackedFields::Assign(std::string_view packed) {
-    if (!IsPacked(packed)) {
+    if (GoodStart(packed).size() != packed.size()) {
         return false;
     }
     if (packed.size() != m_size) {

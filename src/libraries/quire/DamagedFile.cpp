@@ -1,0 +1,117 @@
+// A damaged store file, open for reading as far as it goes.
+// SPDX-License-Identifier: MIT
+#include "DamagedFile.h"
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <utility>
+
+#include <fmt/format.h>
+
+#include "SqliteOpen.h"
+#include "SqliteStatements.h"
+
+namespace orvo {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// Within the first page: its size, and what SQLite knows of the file's other pages.
+constexpr std::size_t kPageSizeOffset = 16;
+constexpr std::size_t kFreePagesOffset = 32;
+constexpr std::size_t kFreePagesSize = 8;
+constexpr std::size_t kCountIsValidOffset = 92;
+
+int PrepareTables(SqliteFile& file) {
+    int result = SQLITE_OK;
+    for (const TableKind kind : {TableKind::Address, TableKind::ToDo}) {
+        SqliteStatement statement;
+        if (result == SQLITE_OK) {
+            result = file.Prepare(SqliteSql(kind, "SELECT {columns} FROM {t}"), statement);
+        }
+    }
+    return result;
+}
+
+int OpenForReading(const std::string& name, int flags, SqliteFile& file) {
+    int result = file.Open(name, flags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE);
+    if (result == SQLITE_OK) {
+        sqlite3_busy_timeout(file.Handle(), kBusyTimeout);
+        result = file.Run(kReadDamaged);
+    }
+    return result == SQLITE_OK ? PrepareTables(file) : result;
+}
+
+std::string ReadWhole(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+// The first page of the new store, made to fit any number of pages behind it.
+std::string FirstPage(const std::string& fresh) {
+    std::string page = ReadWhole(fresh);
+    const auto byte = [&](std::size_t place) { return static_cast<unsigned char>(page[place]); };
+    page.resize(byte(kPageSizeOffset) << 8 | byte(kPageSizeOffset + 1));
+    page.replace(kFreePagesOffset, kFreePagesSize, kFreePagesSize, '\0');
+    // Where this differs from the count of changes SQLite takes the number of pages from the size.
+    page[kCountIsValidOffset] = static_cast<char>(~byte(kCountIsValidOffset));
+    return page;
+}
+
+}  // namespace
+
+std::unique_ptr<SqliteFile> OpenDamagedFile(const std::string& path, std::string& error) {
+    // Where the log has no index, SQLite makes one beside it.
+    const std::pair<std::string, int> ways[] = {
+        {ReadOnlyUri(path), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI},
+        {StoreFileName(path), SQLITE_OPEN_READONLY}};
+    for (const auto& [name, flags] : ways) {
+        auto file = std::make_unique<SqliteFile>();
+        const int result = OpenForReading(name, flags, *file);
+        if (result == SQLITE_OK) {
+            return file;
+        }
+        error = StoreError(path, *file, result);
+    }
+    return nullptr;
+}
+
+std::unique_ptr<SqliteFile> OpenDamagedCopy(const std::string& path, const std::string& copy,
+                                            const std::string& fresh, std::string& error) {
+    std::error_code failure;
+    fs::copy_file(path, copy, failure);
+    if (failure) {
+        error = fmt::format("{}: can't be copied: {}", path, failure.message());
+        return nullptr;
+    }
+    std::error_code noLog;
+    fs::copy_file(path + "-wal", copy + "-wal", noLog);
+    std::fstream start(copy, std::ios::binary | std::ios::in | std::ios::out);
+    const std::string page = FirstPage(fresh);
+    start.write(page.data(), static_cast<std::streamsize>(page.size()));
+    start.close();
+    if (!start) {
+        error = copy + ": can't be written";
+        return nullptr;
+    }
+    auto file = std::make_unique<SqliteFile>();
+    const int result = OpenForReading(copy, SQLITE_OPEN_READWRITE, *file);
+    if (result != SQLITE_OK) {
+        error = StoreError(path, *file, result);
+    }
+    return result == SQLITE_OK ? std::move(file) : nullptr;
+}
+
+bool IsForeignFile(const std::string& path) {
+    SqliteFile file;
+    std::string tables;
+    return file.Open(StoreFileName(path), SQLITE_OPEN_READONLY) == SQLITE_OK &&
+           file.ReadText(
+               "SELECT count(*) FROM sqlite_schema WHERE name NOT IN ('address', 'todo') "
+               "HAVING count(*) = (SELECT count(*) FROM sqlite_schema)",
+               tables) == SQLITE_OK;
+}
+
+}  // namespace orvo

@@ -1,0 +1,331 @@
+// Saving what a damaged store file still gives.
+// SPDX-License-Identifier: MIT
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <filesystem>
+
+#include <fmt/format.h>
+
+#include <contracts/Category.h>
+#include <contracts/RecordFields.h>
+#include <libraries/quire/SqliteEngine.h>
+#include <libraries/quire/StoreRescue.h>
+
+#include "DamagedFile.h"
+#include "SqliteOpen.h"
+#include "SqliteRow.h"
+#include "SqliteSalvage.h"
+#include "SqliteStatements.h"
+
+namespace orvo {
+
+namespace {
+
+namespace fs = std::filesystem;
+using TextKind = StoreEngine::TextKind;
+
+constexpr std::uint32_t kKnownFlags =
+    RowFlag::Private | RowFlag::Archived | RowFlag::Deleted | RowFlag::Note | RowFlag::Completed;
+constexpr int kMostTexts = 256;  // of one kind
+constexpr int kLowestPriority = 5;
+constexpr int kUsualPriority = 3;
+constexpr std::int64_t kLikelyIds = std::int64_t{1} << 40;
+
+const char* NameOf(TableKind kind) {
+    return kind == TableKind::Address ? "address" : "to-do";
+}
+
+// A folder of its own beside the new store, gone with all in it at the end of the scope.
+class ScratchFolder {
+public:
+    explicit ScratchFolder(const std::string& fresh) : m_path(fresh + ".XXXXXX") {
+        m_isMade = ::mkdtemp(m_path.data()) != nullptr;
+    }
+    ScratchFolder(const ScratchFolder&) = delete;
+    ScratchFolder& operator=(const ScratchFolder&) = delete;
+    ~ScratchFolder() {
+        std::error_code error;
+        if (m_isMade) {
+            fs::remove_all(m_path, error);
+        }
+    }
+
+    bool IsMade() const { return m_isMade; }
+    std::string File(const char* name) const { return m_path + "/" + name; }
+
+private:
+    std::string m_path;
+    bool m_isMade;
+};
+
+// Copies the tables of a damaged file into a new store.
+class Rescue {
+public:
+    Rescue(SqliteFile& file, StoreEngine& fresh, RescueReport& report)
+        : m_file(file), m_fresh(fresh), m_report(report) {}
+
+    // False where the new store can't take it; its LastError tells why.
+    bool Run() {
+        return CopyTexts() && CopyTable(TableKind::Address, m_report.addresses) &&
+               CopyTable(TableKind::ToDo, m_report.toDos);
+    }
+
+    bool FoundNothing() const {
+        return m_report.addresses == 0 && m_report.toDos == 0 && m_texts == 0;
+    }
+
+private:
+    void Tell(std::string what, int result) {
+        m_report.lost.push_back(fmt::format("{}: {}", what, m_file.Reason(result)));
+    }
+
+    bool CopyTexts() {
+        constexpr struct {
+            TableKind table;
+            TextKind kind;
+            const char* name;
+        } kTexts[] = {{TableKind::Address, TextKind::Category, "categories of addresses"},
+                      {TableKind::ToDo, TextKind::Category, "categories of to-dos"},
+                      {TableKind::Address, TextKind::PhoneLabel, "labels of phones"},
+                      {TableKind::Address, TextKind::CustomLabel, "labels of custom fields"}};
+        for (const auto& texts : kTexts) {
+            if (!CopyTexts(texts.table, texts.kind, texts.name)) {
+                return false;
+            }
+        }
+        return true;
+    }
+
+    // What can't be read keeps the text of a new store.
+    bool CopyTexts(TableKind table, TextKind kind, const char* name) {
+        SqliteStatement statement;
+        const int prepared = m_file.Prepare(
+            "SELECT value FROM text WHERE table_kind = ?1 AND text_kind = ?2 AND number = ?3",
+            statement);
+        std::string reason = prepared == SQLITE_OK ? "" : m_file.Reason(prepared);
+        for (int number = 0; number < kMostTexts && prepared == SQLITE_OK; ++number) {
+            const SqliteRun run(statement);
+            statement.Bind(1, static_cast<std::int64_t>(table));
+            statement.Bind(2, static_cast<std::int64_t>(kind));
+            statement.Bind(3, number);
+            const int result = statement.Step();
+            StoreStatus status = StoreStatus::Ok;
+            if (result == SQLITE_ROW) {
+                status = m_fresh.WriteText(table, kind, number, statement.Bytes(0));
+                ++m_texts;
+            } else if (result == SQLITE_DONE) {
+                status = m_fresh.RemoveText(table, kind, number);
+            } else {
+                reason = m_file.Reason(result);
+            }
+            if (status != StoreStatus::Ok) {
+                return false;
+            }
+        }
+        if (!reason.empty()) {
+            m_report.lost.push_back(fmt::format("some {} can't be read: {}", name, reason));
+        }
+        return true;
+    }
+
+    bool CopyTable(TableKind kind, std::int64_t& count) {
+        SqliteStatement readRow;
+        m_file.Prepare(SqliteSql(kind, "SELECT {columns} FROM {t} WHERE id = ?1"), readRow);
+        std::int64_t highest = 0;
+        const SalvagedTable table = SalvageTable(m_file, kind, 0);
+        for (const SalvagedEntry& entry : table.entries) {
+            if (entry.isLost) {
+                m_report.lost.push_back(fmt::format("{}: {}", LostText(kind, entry), table.reason));
+                continue;
+            }
+            if (!CopyRow(kind, entry, readRow)) {
+                return false;
+            }
+            highest = entry.first;
+            ++count;
+        }
+        return KeepIdsApart(kind, highest);
+    }
+
+    bool CopyRow(TableKind kind, const SalvagedEntry& entry, SqliteStatement& readRow) {
+        const SqliteRun run(readRow);
+        StoredRow row;
+        bool isWhole = true;
+        if (entry.kept) {
+            row = entry.kept->row;
+            row.fields = entry.kept->fields;
+        } else {
+            readRow.Bind(1, entry.first);
+            if (const int result = readRow.Step(); result != SQLITE_ROW) {
+                Tell(LostText(kind, entry), result);
+                return true;
+            }
+            isWhole = ReadSqliteRow(readRow, kind, row);
+        }
+        isWhole = Mend(kind, row) && isWhole;
+        if (!isWhole) {
+            m_report.lost.push_back(fmt::format("{} {} is damaged: what can be read of it is kept",
+                                                NameOf(kind), entry.first));
+        }
+        const RowExtra extra = ReadExtra(kind, entry.first);
+        row.flags &= ~RowFlag::Note;
+        row.flags |= extra.note.empty() ? 0 : RowFlag::Note;
+        return m_fresh.Restore(kind, row, extra) == StoreStatus::Ok;
+    }
+
+    // Leaves of the row what a store may hold; false where that isn't all.
+    static bool Mend(TableKind kind, StoredRow& row) {
+        const std::string_view fields = PackedFields::GoodStart(row.fields);
+        const bool hasCategory = row.category >= 0 && row.category < kCategoryCount;
+        const bool hasPriority =
+            kind == TableKind::Address || (row.priority >= 1 && row.priority <= kLowestPriority);
+        const bool isWhole = fields.size() == row.fields.size() && hasCategory && hasPriority;
+        row.fields = fields;
+        row.flags &= kKnownFlags;
+        row.category = hasCategory ? row.category : kNoCategory;
+        row.priority = hasPriority ? row.priority : kUsualPriority;
+        return isWhole;
+    }
+
+    RowExtra ReadExtra(TableKind kind, std::int64_t id) {
+        RowExtra extra;
+        ReadExtraColumn(kind, "note", id, extra.note);
+        ReadExtraColumn(kind, "source", id, extra.source);
+        ReadExtraColumn(kind, "origin", id, extra.origin);
+        return extra;
+    }
+
+    // Each on its own: a note can be read where the source behind it can't.
+    void ReadExtraColumn(TableKind kind, const char* column, std::int64_t id, std::string& bytes) {
+        SqliteStatement statement;
+        const std::string sql = fmt::format("SELECT {} FROM {}_extra WHERE id = {}", column,
+                                            SqliteSql(kind, "{t}"), id);
+        int result = m_file.Prepare(sql, statement);
+        if (result == SQLITE_OK) {
+            result = statement.Step();
+        }
+        if (result == SQLITE_ROW) {
+            bytes = statement.Bytes(0);
+        } else if (result != SQLITE_DONE) {
+            Tell(fmt::format("the {} of {} {} can't be read", column, NameOf(kind), id), result);
+        }
+    }
+
+    // Ids that were given once are never given again, also those of records that are gone.
+    bool KeepIdsApart(TableKind kind, std::int64_t highest) {
+        SqliteStatement statement;
+        if (m_file.Prepare(SqliteSql(kind, "SELECT seq FROM sqlite_sequence WHERE name = '{t}'"),
+                           statement) != SQLITE_OK ||
+            statement.Step() != SQLITE_ROW) {
+            return true;
+        }
+        StoredRow row;
+        row.id = statement.Integer(0);
+        row.priority = kUsualPriority;
+        if (row.id <= highest || row.id > kLikelyIds) {
+            return true;
+        }
+        return m_fresh.Restore(kind, row, {}) == StoreStatus::Ok &&
+               m_fresh.Remove(kind, row.id) == StoreStatus::Ok;
+    }
+
+    SqliteFile& m_file;
+    StoreEngine& m_fresh;
+    RescueReport& m_report;
+    int m_texts = 0;
+};
+
+// Fills the new store at `fresh` from the file.
+// Gives:  false, with `error`, where it can't be written; `isEmpty` where nothing was found.
+bool Fill(SqliteFile& file, const std::string& fresh, RescueReport& report, bool& isEmpty,
+          std::string& error) {
+    std::unique_ptr<SqliteEngine> engine = SqliteEngine::Open(fresh, error);
+    if (!engine) {
+        return false;
+    }
+    report = {};
+    StoreTransaction transaction(*engine);
+    Rescue rescue(file, *engine, report);
+    file.Run("BEGIN");
+    const bool isDone = transaction.Status() == StoreStatus::Ok && rescue.Run();
+    file.Run("ROLLBACK");
+    isEmpty = isDone && rescue.FoundNothing();
+    if (isEmpty || (isDone && transaction.Commit() == StoreStatus::Ok)) {
+        return true;
+    }
+    error = engine->LastError();
+    return false;
+}
+
+// Gives:  false, with `error`, where nothing was found or the new store can't be written.
+bool RescueInto(const ScratchFolder& scratch, const std::string& damaged, const std::string& fresh,
+                RescueReport& report, std::string& error) {
+    bool isEmpty = true;
+    if (const auto file = OpenDamagedFile(damaged, error)) {
+        if (!Fill(*file, fresh, report, isEmpty, error)) {
+            return false;
+        }
+    } else if (IsForeignFile(damaged)) {
+        error = damaged + ": is not an Orvo store";
+        return false;
+    }
+    if (!isEmpty) {
+        return true;
+    }
+    const std::string start = scratch.File("start.db");
+    if (!SqliteEngine::Open(start, error)) {
+        return false;
+    }
+    const auto copy = OpenDamagedCopy(damaged, scratch.File("copy.db"), start, error);
+    if (!copy || !Fill(*copy, fresh, report, isEmpty, error)) {
+        return false;
+    }
+    if (isEmpty) {
+        error = damaged + ": holds nothing of an Orvo store that can be read";
+    }
+    return !isEmpty;
+}
+
+// Puts the finished store in its place, where no other file may be.
+bool Place(const std::string& store, const std::string& place, std::string& error) {
+    const bool hasLog = fs::exists(place + "-wal");
+    if (hasLog ||
+        ::renameat2(AT_FDCWD, store.c_str(), AT_FDCWD, place.c_str(), RENAME_NOREPLACE) != 0) {
+        error = fmt::format("{}: can't be made: {}", place, std::strerror(hasLog ? EEXIST : errno));
+        return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+bool IsDamagedStore(const std::string& path) {
+    std::string reason;
+    return HasStoreMarks(path) && !OpenDamagedFile(path, reason);
+}
+
+bool RescueStore(const std::string& damaged, const std::string& fresh, RescueReport& report,
+                 std::string& error) {
+    std::error_code failure;
+    if (!fs::is_regular_file(damaged, failure)) {
+        error = fmt::format("{}: can't be read: {}", damaged,
+                            failure ? failure.message() : "it is no file");
+        return false;
+    }
+    if (fs::exists(fs::symlink_status(fresh, failure))) {
+        error = fresh + ": is there already; name a new file";
+        return false;
+    }
+    const ScratchFolder scratch(fresh);
+    if (!scratch.IsMade()) {
+        error = fmt::format("{}: can't be made: {}", fresh, std::strerror(errno));
+        return false;
+    }
+    const std::string made = scratch.File("new.db");
+    return RescueInto(scratch, damaged, made, report, error) && Place(made, fresh, error);
+}
+
+}  // namespace orvo

@@ -1,0 +1,30 @@
+// Saving what a damaged store file still gives.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include <platform/Export.h>
+
+namespace orvo {
+
+struct RescueReport {
+    std::int64_t addresses = 0;  // rescued, deleted ones among them
+    std::int64_t toDos = 0;
+    std::vector<std::string> lost;  // what couldn't be read, a line each
+};
+
+// Copies all records with their notes and sources, the categories and the labels that SQLite still
+// gives of the store `damaged` into the new store `fresh`, under the ids that they had. `damaged`
+// is only read, and needs no header and no tables of contents that can be read.
+// Gives:  false, with one line in `error`, where there is a `fresh` already, where it can't be
+//         written, and where nothing of a store is found. It is then not made.
+ORVO_API bool RescueStore(const std::string& damaged, const std::string& fresh,
+                          RescueReport& report, std::string& error);
+
+// True for a file that is marked as a store and whose tables can't be found.
+ORVO_API bool IsDamagedStore(const std::string& path);
+
+}  // namespace orvo
