@@ -1,5 +1,7 @@
 // The store that a window shows.
 // SPDX-License-Identifier: MIT
+#include <algorithm>
+
 #include <fmt/format.h>
 
 #include <desktop/StoreSession.h>
@@ -26,7 +28,10 @@ StoreSession::StoreSession(std::unique_ptr<SqliteEngine> engine)
     : m_engine(std::move(engine)),
       m_history(*m_engine),
       m_addresses(m_history.Engine()),
-      m_toDos(m_history.Engine()) {}
+      m_toDos(m_history.Engine()) {
+    NoteDamage(m_addresses.TextsFailure());
+    NoteDamage(m_toDos.TextsFailure());
+}
 
 bool StoreSession::Claim(std::string& error) {
     m_claim.emplace(m_engine->Name(), kDesktopOwner, kPatience);
@@ -110,9 +115,18 @@ std::string StoreSession::Refreshed(std::string result) {
 }
 
 void StoreSession::SetFailureListener(const std::function<void(const std::string&)>& listener) {
-    const auto tell = [listener](const std::string& reason, bool) { listener(reason); };
+    const auto tell = [this, listener](const std::string& reason, bool isOver) {
+        if (!isOver) NoteDamage(reason);
+        listener(reason);
+    };
     m_addresses.SetFailureListener(tell);
     m_toDos.SetFailureListener(tell);
+}
+
+// Each view that is filled meets it again.
+void StoreSession::NoteDamage(const std::string& damage) {
+    const bool isKnown = std::find(m_damage.begin(), m_damage.end(), damage) != m_damage.end();
+    if (!damage.empty() && !isKnown) m_damage.push_back(damage);
 }
 
 bool StoreSession::TakeForeignChange() {

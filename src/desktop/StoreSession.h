@@ -50,6 +50,10 @@ public:
     // early.
     void SetFailureListener(const std::function<void(const std::string&)>& listener);
 
+    // What of the store couldn't be read so far, a line each.
+    const std::vector<std::string>& Damage() const { return m_damage; }
+    std::string Path() const { return m_engine->Name(); }
+
     // True, once, after another process has changed the store.
     bool TakeForeignChange();
 
@@ -61,12 +65,14 @@ private:
                    ImportResult& result);
 
     std::string Refreshed(std::string result);
+    void NoteDamage(const std::string& damage);
 
     std::unique_ptr<SqliteEngine> m_engine;
     EditHistory m_history;
     std::optional<DataSetClaim> m_claim;
     CAddressTable m_addresses;
     CToDoTable m_toDos;
+    std::vector<std::string> m_damage;
 };
 
 }  // namespace orvo::desktop

@@ -5,6 +5,7 @@
 #include <QIcon>
 #include <QLocale>
 #include <QPixmap>
+#include <QTimer>
 #include <csignal>
 #include <cstdlib>
 #include <exception>
@@ -23,8 +24,10 @@
 #include <desktop/Texts.h>
 #include <desktop/instance/Instance.h>
 #include <desktop/options/DesktopPreferences.h>
+#include <desktop/rescue/RescueOffer.h>
 #include <host/HostOptions.h>
 #include <host/OpenFolders.h>
+#include <libraries/quire/StoreRescue.h>
 #include <libraries/quire/UserStore.h>
 #include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/resources/StringTable.h>
@@ -172,10 +175,35 @@ int ShowWindow(StoreSession& session, const CommandLine& line, std::unique_ptr<I
     window.activateWindow();
     window.Frame().LookupBox().SetFocus();
     if (!line.files.empty()) window.ImportLater(line.files);
+    if (!session.Damage().empty()) {
+        QTimer::singleShot(0, &window,
+                           [&] { OfferRescue(&window, session.Path(), session.Damage()); });
+    }
     instance->SetListener([&window](const StartRequest& request) { Answer(window, request); });
     const int code = QApplication::exec();
     instance.reset();
     return code;
+}
+
+void SetUpApplication(const CommandLine& line) {
+    QApplication::setApplicationName("orvo-desktop");
+    QApplication::setApplicationDisplayName("Orvo Desktop");
+    QGuiApplication::setDesktopFileName("org.orvoshare.OrvoDesktop");
+    QApplication::setWindowIcon(WindowIcon());
+    UseLanguage(SystemLocale::Language());
+    UseCountry();
+    SetColours(line.colours);
+}
+
+// A store that can't be opened is told of; one that is damaged can be rescued then.
+int TellUnopened(const CommandLine& line, const std::string& error, int count, char** arguments) {
+    const std::string store = line.store.empty() ? UserStorePath() : line.store;
+    if (line.IsOffScreen() || !IsDamagedStore(store)) return Fail(error);
+    PrintProblem(error);
+    const QApplication application(count, arguments);
+    SetUpApplication(line);
+    OfferRescue(nullptr, store, {error});
+    return kFailed;
 }
 
 int Run(const CommandLine& line, int count, char** arguments) {
@@ -186,17 +214,12 @@ int Run(const CommandLine& line, int count, char** arguments) {
     }
     std::string error;
     const std::unique_ptr<StoreSession> session = StoreSession::Open(line.store, error);
-    if (!session || (!line.IsOffScreen() && !session->Claim(error))) return Fail(error);
+    if (!session) return TellUnopened(line, error, count, arguments);
+    if (!line.IsOffScreen() && !session->Claim(error)) return Fail(error);
 
     if (line.IsOffScreen()) qInstallMessageHandler(TellFailures);
     const QApplication application(count, arguments);
-    QApplication::setApplicationName("orvo-desktop");
-    QApplication::setApplicationDisplayName("Orvo Desktop");
-    QGuiApplication::setDesktopFileName("org.orvoshare.OrvoDesktop");
-    QApplication::setWindowIcon(WindowIcon());
-    UseLanguage(SystemLocale::Language());
-    UseCountry();
-    SetColours(line.colours);
+    SetUpApplication(line);
     QtWindowSystem system;
     WindowSystem::SetCurrent(&system);
     const int code = ShowWindow(*session, line, std::move(instance));

@@ -1,0 +1,82 @@
+// Offering to copy what can still be read of a damaged store into a new one.
+// SPDX-License-Identifier: MIT
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QPushButton>
+#include <algorithm>
+
+#include <desktop/Problems.h>
+#include <desktop/Texts.h>
+#include <desktop/rescue/RescueOffer.h>
+#include <libraries/quire/StoreRescue.h>
+
+namespace orvo::desktop {
+namespace {
+
+// So many lines are told in a message.
+constexpr std::size_t kMostToldLines = 12;
+
+QString Title() {
+    return Text("Damaged store");
+}
+
+QString Lines(const std::vector<std::string>& lines) {
+    const std::size_t told = std::min(lines.size(), kMostToldLines);
+    QString text;
+    for (std::size_t i = 0; i < told; ++i) text += '\n' + FromUtf8(lines[i]);
+    if (told == lines.size()) return text;
+    const auto rest = static_cast<std::int64_t>(lines.size() - told);
+    return text + '\n' + CountText("and %1 more", "and %1 more", rest);
+}
+
+bool IsWanted(QWidget* parent, const std::vector<std::string>& damage) {
+    QMessageBox question(QMessageBox::Warning, Title(),
+                         Text("Parts of this store can't be read any more.") + '\n' + Lines(damage),
+                         QMessageBox::NoButton, parent);
+    question.setInformativeText(
+        Text("What can still be read can be copied into a new store. This one stays as it is."));
+    QPushButton* rescue =
+        question.addButton(Text("Rescue into a new store..."), QMessageBox::AcceptRole);
+    question.setDefaultButton(rescue);
+    question.addButton(Text("Not now"), QMessageBox::RejectRole);
+    question.exec();
+    return question.clickedButton() == rescue;
+}
+
+QString ChooseNewStore(QWidget* parent, const std::string& store) {
+    const QFileInfo old(FromUtf8(store));
+    const QString proposed =
+        old.absolutePath() + '/' + old.completeBaseName() + '-' + Text("rescued") + ".db";
+    // What is there already is never replaced.
+    return QFileDialog::getSaveFileName(parent, Text("Rescue into a new store"), proposed,
+                                        Text("Stores") + " (*.db)", nullptr,
+                                        QFileDialog::DontConfirmOverwrite);
+}
+
+}  // namespace
+
+void OfferRescue(QWidget* parent, const std::string& store,
+                 const std::vector<std::string>& damage) {
+    if (!IsWanted(parent, damage)) return;
+    const QString fresh = ChooseNewStore(parent, store);
+    if (fresh.isEmpty()) return;
+    RescueReport report;
+    std::string error;
+    if (!RescueStore(store, fresh.toStdString(), report, error)) {
+        PrintProblem(error);
+        QMessageBox::warning(parent, Title(),
+                             Text("Nothing was rescued.") + "\n\n" + FromUtf8(error));
+        return;
+    }
+    QString told = Text("The new store %1 holds %2 and %3.")
+                       .arg(fresh, CountText("%1 address", "%1 addresses", report.addresses),
+                            CountText("%1 to-do", "%1 to-dos", report.toDos));
+    if (!report.lost.empty()) {
+        told += "\n\n" + Text("This couldn't be read:") + Lines(report.lost);
+    }
+    told += "\n\n" + Text("It is opened by: %1").arg("orvo-desktop --store " + fresh);
+    QMessageBox::information(parent, Title(), told);
+}
+
+}  // namespace orvo::desktop

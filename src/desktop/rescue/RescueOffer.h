@@ -1,0 +1,16 @@
+// Offering to copy what can still be read of a damaged store into a new one.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <vector>
+
+class QWidget;
+
+namespace orvo::desktop {
+
+// Tells the damage, a line each, and asks whether to rescue; where the user wants it, asks for the
+// new store, makes it and tells what became of it.
+void OfferRescue(QWidget* parent, const std::string& store, const std::vector<std::string>& damage);
+
+}  // namespace orvo::desktop
