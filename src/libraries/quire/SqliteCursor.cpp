@@ -32,27 +32,23 @@ public:
         if (m_salvaged) {
             return NextSalvaged(row);
         }
-        if (m_atEnd) {
-            return StoreStatus::End;
-        }
-        if (m_next == m_rows.size() || m_changes != m_engine.m_changes) {
-            if (const StoreStatus status = Fill(); status != StoreStatus::Ok) {
-                m_atEnd = true;
-                return status;
+        while (!m_atEnd) {
+            if (m_next == m_rows.size() || m_changes != m_engine.m_changes) {
+                if (const StoreStatus status = Fill(); status != StoreStatus::Ok) {
+                    m_atEnd = true;
+                    return status;
+                }
+                if (m_salvaged) {
+                    return NextSalvaged(row);
+                }
             }
-            if (m_salvaged) {
-                return NextSalvaged(row);
+            const Ahead& ahead = m_rows[m_next++];
+            m_after = ahead.row.id;
+            if (IsWanted(ahead.row.flags)) {
+                return Give(ahead, row);
             }
         }
-        const Ahead& ahead = m_rows[m_next++];
-        m_after = ahead.row.id;
-        if (!ahead.isGood) {
-            row.id = m_after;
-            return m_engine.Damaged(m_kind, m_after);
-        }
-        row = ahead.row;
-        row.fields = std::string_view(m_bytes).substr(ahead.offset, ahead.size);
-        return StoreStatus::Ok;
+        return StoreStatus::End;
     }
 
 private:
@@ -66,6 +62,20 @@ private:
         std::size_t size;
         bool isGood;
     };
+
+    bool IsWanted(std::uint32_t flags) const {
+        return ((flags & RowFlag::Deleted) != 0) == m_isOverDeleted;
+    }
+
+    StoreStatus Give(const Ahead& ahead, StoredRow& row) {
+        if (!ahead.isGood) {
+            row.id = m_after;
+            return m_engine.Damaged(m_kind, m_after);
+        }
+        row = ahead.row;
+        row.fields = std::string_view(m_bytes).substr(ahead.offset, ahead.size);
+        return StoreStatus::Ok;
+    }
 
     // Few rows are read ahead while the steps of the walk alternate with changes.
     StoreStatus Fill() {
@@ -169,9 +179,7 @@ private:
             std::sort(entries.begin(), entries.end(),
                       [&](const auto& a, const auto& b) { return place(a) < place(b); });
         }
-        std::erase_if(entries, [this](const auto& entry) {
-            return ((entry.flags & RowFlag::Deleted) != 0) != m_isOverDeleted;
-        });
+        std::erase_if(entries, [this](const auto& entry) { return !IsWanted(entry.flags); });
         m_next = 0;
     }
 
@@ -188,8 +196,7 @@ private:
                 return StoreStatus::Ok;
             }
             const StoreStatus status = m_engine.Read(m_kind, entry.first, row, m_bytes);
-            const bool isWanted = ((row.flags & RowFlag::Deleted) != 0) == m_isOverDeleted;
-            if (status == StoreStatus::Ok && isWanted) {
+            if (status == StoreStatus::Ok && IsWanted(row.flags)) {
                 return status;
             }
             if (status != StoreStatus::Ok && status != StoreStatus::Gone) {
@@ -221,8 +228,7 @@ std::unique_ptr<StoreCursor> SqliteEngine::Walk(TableKind kind) {
 }
 
 std::unique_ptr<StoreCursor> SqliteEngine::WalkDeleted(TableKind kind) {
-    return std::make_unique<Cursor>(*this, kind, m_statements->Of(kind).walkDeleted, std::nullopt,
-                                    true);
+    return std::make_unique<Cursor>(*this, kind, m_statements->Of(kind).walk, std::nullopt, true);
 }
 
 std::unique_ptr<StoreCursor> SqliteEngine::WalkFromCategory(TableKind kind, int category) {

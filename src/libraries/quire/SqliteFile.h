@@ -34,6 +34,9 @@ public:
     bool IsNull(int column) const {
         return sqlite3_column_type(m_statement.get(), column) == SQLITE_NULL;
     }
+    bool IsInteger(int column) const {
+        return sqlite3_column_type(m_statement.get(), column) == SQLITE_INTEGER;
+    }
     // Valid until the next Step or Reset; empty for null.
     std::string_view Bytes(int column) const;
 

@@ -43,6 +43,10 @@ bool ReadSqliteRow(const SqliteStatement& statement, TableKind kind, StoredRow& 
     row.category = ToInt32(statement.Integer(kCategory));
     row.flags = static_cast<std::uint32_t>(statement.Integer(kFlags));
     row.fields = statement.Bytes(kFields);
+    if (!statement.IsInteger(kCategory) || !statement.IsInteger(kFlags)) {
+        row.flags = 0;
+        return false;
+    }
     if (kind == TableKind::Address) {
         return true;
     }

@@ -45,12 +45,9 @@ int PrepareTable(SqliteFile& file, TableKind kind, SqliteTableStatements& table)
     return PrepareAll(
         file,
         {
-            {&table.walk, make("SELECT {columns} FROM {t} WHERE id >= ?1 AND (flags & 4) = 0 "
-                               "ORDER BY id LIMIT ?2")},
-            {&table.walkDeleted, make("SELECT {columns} FROM {t} WHERE id >= ?1 AND "
-                                      "(flags & 4) <> 0 ORDER BY id LIMIT ?2")},
+            {&table.walk, make("SELECT {columns} FROM {t} WHERE id >= ?1 ORDER BY id LIMIT ?2")},
             {&table.walkCategory, make("SELECT {columns} FROM {t} WHERE category = ?1 AND id >= ?2 "
-                                       "AND (flags & 4) = 0 ORDER BY id LIMIT ?3")},
+                                       "ORDER BY id LIMIT ?3")},
             {&table.nextCategory, make("SELECT category FROM {t} WHERE category > ?1 "
                                        "ORDER BY category LIMIT 1")},
             {&table.read, make("SELECT {columns} FROM {t} WHERE id = ?1")},

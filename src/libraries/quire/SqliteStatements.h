@@ -19,7 +19,6 @@ std::string SqliteSql(TableKind kind, const char* pattern);
 // id, placement, category, flags, fields, and for to-dos priority, due, completed.
 struct SqliteTableStatements {
     SqliteStatement walk;          // from an id on, at most so many rows
-    SqliteStatement walkDeleted;   // the same over deleted rows
     SqliteStatement walkCategory;  // of a category, from an id on, at most so many rows
     SqliteStatement nextCategory;  // the lowest above one
     SqliteStatement read;
