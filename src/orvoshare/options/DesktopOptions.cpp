@@ -1,13 +1,19 @@
 // COrvoDesktopOptions: the user's desktop options, and where they are kept.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
+#include <cerrno>
+#include <filesystem>
 #include <memory>
+#include <system_error>
+#include <unistd.h>
 
 #include <contracts/Settings.h>
 #include <contracts/TextServices.h>
 #include <orvoshare/options/DesktopOptions.h>
 #include <orvoshare/options/OptionsPath.h>
 #include <platform/io/CArchive.h>
+#include <platform/io/FileReplacement.h>
+#include <platform/settings/SettingsFile.h>
 
 namespace orvo {
 namespace {
@@ -15,7 +21,7 @@ namespace {
 constexpr int kArchiveBuffer = 4096;
 constexpr int kTextBuffer = 261;
 constexpr int kLeastInterval = 10;
-constexpr const char* kUserFileName = "xtrauser.dat";
+constexpr mode_t kOwnFile = 0600;
 constexpr const char* kUserFileVersion = "1";
 
 CString ReadText(const char* section, const char* key, const char* defaultText) {
@@ -25,11 +31,44 @@ CString ReadText(const char* section, const char* key, const char* defaultText) 
     return buffer;
 }
 
+// A file whose bytes go into the replacement of another one.
+class ReplacementFile : public CFile {
+public:
+    // Gives:  false where the replacement can't be begun.
+    bool Begin(const std::string& target) {
+        m_target = target;
+        std::error_code error;
+        const auto old = std::filesystem::status(target, error);
+        if (std::filesystem::exists(old) && !std::filesystem::is_regular_file(old)) return false;
+        // Always the same name, so that what a killed program leaves behind doesn't pile up.
+        const std::string fresh = target + ".new";
+        ::unlink(fresh.c_str());
+        return m_replacement.Open(target, fresh);
+    }
+
+    void Write(const void* buffer, std::size_t count) override {
+        if (!m_replacement.Write({static_cast<const char*>(buffer), count})) Throw();
+    }
+
+    void Replace() {
+        m_replacement.TakeOwner();
+        if (!m_replacement.Replace(kOwnFile)) Throw();
+    }
+
+private:
+    [[noreturn]] void Throw() const {
+        const std::string reason = std::generic_category().message(errno);
+        throw CFileException(m_target + ": can't be written: " + reason);
+    }
+
+    std::string m_target;
+    FileReplacement m_replacement;
+};
+
 void SerializeAndClose(CObject& object, CFile& file, unsigned mode) {
     CArchive archive(&file, mode, kArchiveBuffer);
     object.Serialize(archive);
     archive.Close();
-    file.Close();
 }
 
 }  // namespace
@@ -113,14 +152,14 @@ void COrvoDesktopOptions::LoadPerUserOptions() {
         return;
     }
     SerializeAndClose(*this, file, CArchive::load);
+    file.Close();
 }
 
 void COrvoDesktopOptions::SavePerUserOptions() {
-    CFile file;
-    if (!file.Open(FilePathOf(m_userFile).c_str(), CFile::modeCreate | CFile::modeReadWrite)) {
-        return;
-    }
+    ReplacementFile file;
+    if (!file.Begin(FollowLinks(FilePathOf(m_userFile)))) return;
     SerializeAndClose(*this, file, CArchive::store);
+    file.Replace();
 }
 
 void COrvoDesktopOptions::LoadAppWideOptions() {

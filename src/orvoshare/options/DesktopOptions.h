@@ -47,8 +47,10 @@ public:
     // A file that can't be opened gives the defaults.
     // Fails:  with CException where the file ends early or can't be read; the flag stays as it was.
     void LoadPerUserOptions();
-    // Does nothing where the file can't be opened; its folder must be there.
-    // Fails:  with CException where it can't be written.
+    // Puts a new file, for its owner alone, in the place of the old one, which is whole until then.
+    // Does nothing where that can't be begun: its folder must be there, and what it replaces a
+    // file.
+    // Fails:  with CException where it can't be written; the old file stays.
     void SavePerUserOptions();
     void SetDefaultUserOptions() { m_passwordRequired = 0; }
 

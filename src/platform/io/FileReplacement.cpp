@@ -50,6 +50,13 @@ bool FileReplacement::Write(std::string_view bytes) {
     return true;
 }
 
+void FileReplacement::TakeOwner() {
+    struct stat old {};
+    if (::stat(m_target.c_str(), &old) != 0) return;
+    if (old.st_uid == ::geteuid() && old.st_gid == ::getegid()) return;
+    static_cast<void>(::fchown(m_file.Number(), old.st_uid, old.st_gid) == 0);
+}
+
 bool FileReplacement::Replace(mode_t permissions) {
     if (::fchmod(m_file.Number(), permissions) != 0 || ::fsync(m_file.Number()) != 0 ||
         ::rename(m_temporary.c_str(), m_target.c_str()) != 0) {

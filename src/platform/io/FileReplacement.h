@@ -28,8 +28,9 @@ public:
 
     bool Write(std::string_view bytes);
 
-    // The number of the open file, for what its owner and permissions are set by.
-    int Number() const { return m_file.Number(); }
+    // Gives the new file the owner of the one in its place, where the system lets the program: only
+    // an administrator's may. For any other the file becomes the writer's own.
+    void TakeOwner();
 
     // Gives the file these permissions, makes it safe on disk, and puts it in its place.
     bool Replace(mode_t permissions);

@@ -43,14 +43,6 @@ bool MakeFolder(const fs::path& folder) {
            (::mkdir(folder.c_str(), kOwnFolder) == 0 || errno == EEXIST);
 }
 
-// Gives a new file the owner of the old one.
-void TakeOwner(int file, const struct stat& old) {
-    if (old.st_uid == ::geteuid() && old.st_gid == ::getegid()) return;
-    // Only an administrator's program may give the file back to its owner; for any other it
-    // becomes the writer's own, as it would with any editor.
-    static_cast<void>(::fchown(file, old.st_uid, old.st_gid) == 0);
-}
-
 }  // namespace
 
 FileStamp FileStamp::Of(const struct stat& status) {
@@ -127,7 +119,7 @@ bool ReplaceFile(const std::string& path, std::string_view bytes, std::string& e
         error = Because("its folder can't be written");
         return false;
     }
-    if (replaces) TakeOwner(file.Number(), old);
+    file.TakeOwner();
     if (!file.Write(bytes) || !file.Replace(replaces ? old.st_mode & kPermissions : kOwnFile)) {
         error = Because("it can't be written");
         return false;

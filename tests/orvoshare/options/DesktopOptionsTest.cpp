@@ -1,7 +1,10 @@
 // Tests of the desktop options and of their two stores.
 // SPDX-License-Identifier: MIT
+#include <csignal>
 #include <filesystem>
 #include <string>
+#include <sys/resource.h>
+#include <sys/stat.h>
 
 #include <gtest/gtest.h>
 
@@ -147,6 +150,46 @@ TEST_F(DesktopOptions, ADamagedUserFileIsToldToTheCallerAndChangesNothing) {
         EXPECT_EQ(options.IsPasswordRequired(), 3);
         EXPECT_EQ(TempFolder::Content(UserFile()), bytes);
     }
+}
+
+TEST_F(DesktopOptions, ASaveReplacesTheUserFileInOneStepAndForItsOwnerAlone) {
+    const mode_t mask = ::umask(0);
+    COrvoDesktopOptions options(&ann);
+    for (const bool isOpenToAll : {false, true}) {
+        if (isOpenToAll) fs::permissions(UserFile(), fs::perms(0666));
+        std::ofstream(UserFile() + ".new") << "left behind by a program that was killed";
+        options.SavePerUserOptions();
+        EXPECT_EQ(fs::status(UserFile()).permissions(), fs::perms(0600));
+        EXPECT_FALSE(fs::exists(UserFile() + ".new"));
+    }
+    ::umask(mask);
+}
+
+TEST_F(DesktopOptions, ASaveThatFailsLeavesTheOldUserFile) {
+    COrvoDesktopOptions options(&ann);
+    options.SetPasswordRequired(1);
+    options.SavePerUserOptions();
+    const std::string before = TempFolder::Content(UserFile());
+    options.SetPasswordRequired(0);
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit usual{};
+    ::getrlimit(RLIMIT_FSIZE, &usual);
+    const rlimit nothing{0, usual.rlim_max};
+
+    ::setrlimit(RLIMIT_FSIZE, &nothing);
+    EXPECT_THROW(options.SavePerUserOptions(), CFileException);
+    ::setrlimit(RLIMIT_FSIZE, &usual);
+
+    EXPECT_EQ(TempFolder::Content(UserFile()), before);
+}
+
+TEST_F(DesktopOptions, ALinkToTheUserFileStays) {
+    fs::create_symlink(folder / "elsewhere", UserFile());
+    COrvoDesktopOptions options(&ann);
+    options.SetPasswordRequired(1);
+    options.SavePerUserOptions();
+    EXPECT_TRUE(fs::is_symlink(UserFile()));
+    EXPECT_EQ(COrvoDesktopOptions(&ann).IsPasswordRequired(), 1);
 }
 
 TEST_F(DesktopOptions, AUserFileThatCantBeMadeCostsTheSettingsNothing) {
