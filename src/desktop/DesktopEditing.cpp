@@ -55,7 +55,7 @@ bool DesktopWindow::OpenForm(Table& table, bool (*edit)(QWidget*, Table&, Record
 }
 
 void DesktopWindow::OpenSelected() {
-    const std::vector<CBaseRecord*> records = m_frame.SelectedRecords();
+    const std::vector<CBaseRecord*> records = m_frame.SelectedRecords(WayOut::Change);
     if (records.size() != 1) return;
     std::int64_t id = records.front()->GetId();
     const bool isSaved =
@@ -83,7 +83,7 @@ void DesktopWindow::ShowEdited(std::int64_t id) {
 void DesktopWindow::ChangeSelected(const QString& name,
                                    const std::function<long(CBaseRecord&)>& change) {
     const std::string failure = m_session.Change(name.toStdString(), [&] {
-        for (CBaseRecord* record : m_frame.SelectedRecords()) {
+        for (CBaseRecord* record : m_frame.SelectedRecords(WayOut::Change)) {
             if (const long status = change(*record); status != 0) return status;
         }
         return 0L;
@@ -94,7 +94,7 @@ void DesktopWindow::ChangeSelected(const QString& name,
 }
 
 void DesktopWindow::DeleteSelected() {
-    const auto count = static_cast<std::int64_t>(m_frame.SelectedRecords().size());
+    const auto count = static_cast<std::int64_t>(m_frame.SelectedRecords(WayOut::Change).size());
     if (count == 0) return;
     const bool isToDos = m_frame.IsShowingToDos();
     const QString question =
@@ -112,7 +112,7 @@ void DesktopWindow::DeleteSelected() {
 }
 
 void DesktopWindow::SetCategoryOfSelected() {
-    if (m_frame.SelectedRecords().empty()) return;
+    if (m_frame.SelectedRecords(WayOut::Change).empty()) return;
     const std::optional<int> category = ChooseCategory(this, m_frame.ShownTable());
     if (!category) return;
     ChangeSelected(Text("Change category"),
@@ -120,7 +120,8 @@ void DesktopWindow::SetCategoryOfSelected() {
 }
 
 void DesktopWindow::CopySelected() {
-    const std::vector<CBaseRecord*> records = m_frame.SelectedRecords();
+    const std::vector<CBaseRecord*> records = m_frame.SelectedRecords(WayOut::Clipboard);
+    TellLeftOut(m_frame.LeftOutOfSelection(WayOut::Clipboard));
     if (records.empty()) return;
     QApplication::clipboard()->setMimeData(EntriesAsMimeData(records).release());
 }
@@ -132,7 +133,7 @@ std::unique_ptr<QMimeData> DesktopWindow::DraggedFrom(QPoint place) {
     const QPoint point = QtWindowSystem::WidgetOf(&m_frame.ShownWindow())->mapFromGlobal(place);
     const int row = rows ? rows->HitTest({point.x(), point.y()}).row : -1;
     if (row < 0 || !rows->IsSelected(row)) return nullptr;
-    const std::vector<CBaseRecord*> records = m_frame.SelectedRecords();
+    const std::vector<CBaseRecord*> records = m_frame.SelectedRecords(WayOut::Drag);
     return records.empty() ? nullptr : EntriesAsMimeData(records);
 }
 
@@ -198,7 +199,7 @@ QPoint DesktopWindow::MenuPlace() {
 }
 
 void DesktopWindow::OpenTrash() {
-    if (!ShowTrash(this, m_session, PrivacyOf(m_options))) return;
+    if (!ShowTrash(this, m_session, m_frame.Disclosed())) return;
     FillCategoryBox();
     m_frame.Refill();
 }

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include <desktop/DesktopWindow.h>
+#include <desktop/EntryTexts.h>
 #include <desktop/Problems.h>
 #include <desktop/Texts.h>
 #include <desktop/import/ImportProgress.h>
@@ -88,18 +89,21 @@ void DesktopWindow::ShowImported(const ImportResult& result) {
     ShowImportReport(this, told, result.skipped);
 }
 
+bool DesktopWindow::ComparesPrivate() const {
+    return m_frame.Disclosed().Of(WayOut::Duplicates) == Told::Whole;
+}
+
 void DesktopWindow::OfferDuplicates(const ImportResult& result) {
     if (result.firstAddress == 0) return;
-    const std::vector<DuplicatePair> pairs =
-        FindDuplicates(m_session.Addresses(), PrivacyOf(m_options) == Privacy::Show,
-                       {result.firstAddress, result.lastAddress});
+    const std::vector<DuplicatePair> pairs = FindDuplicates(
+        m_session.Addresses(), ComparesPrivate(), {result.firstAddress, result.lastAddress});
     if (pairs.empty() || !AskToReview(this, pairs.size())) return;
     ReviewDuplicates(pairs, DuplicateOrigin::Import);
 }
 
 void DesktopWindow::FindAllDuplicates() {
     const std::vector<DuplicatePair> pairs =
-        FindDuplicates(m_session.Addresses(), PrivacyOf(m_options) == Privacy::Show);
+        FindDuplicates(m_session.Addresses(), ComparesPrivate());
     if (pairs.empty()) {
         QMessageBox::information(this, windowTitle(), Text("No duplicates were found."));
         return;
@@ -129,19 +133,24 @@ void DesktopWindow::ChooseFileToExport() {
         Export(ToUtf8(dialog.GetPathName()), dialog.GetRange() == kRangeSelected);
 }
 
-// What is hidden or masked on the screen stays out of files, too.
 void DesktopWindow::Export(const std::string& file, bool isSelectionOnly) {
     std::unordered_set<std::int64_t> selected;
-    for (const CBaseRecord* record : m_frame.SelectedRecords()) selected.insert(record->GetId());
-    const bool showsPrivate = PrivacyOf(m_options) == Privacy::Show;
+    for (const CBaseRecord* record : m_frame.SelectedRecords(WayOut::Export)) {
+        selected.insert(record->GetId());
+    }
+    const Disclosure disclosure = m_frame.Disclosed();
+    int untold = isSelectionOnly ? m_frame.LeftOutOfSelection(WayOut::Export) : 0;
     try {
         const ExportReport report = ExportFile(
             file, m_session.Addresses(), m_session.ToDos(), [&](const CBaseRecord& record) {
-                if (record.IsPrivate() && !showsPrivate) return false;
-                return !isSelectionOnly || selected.count(record.GetId()) != 0;
+                if (isSelectionOnly) return selected.count(record.GetId()) != 0;
+                if (disclosure.Of(WayOut::Export, record) == Told::Whole) return true;
+                ++untold;
+                return false;
             });
-        const QString told = CountText("%1 entry was exported.", "%1 entries were exported.",
-                                       SizeOf(report.written));
+        QString told = CountText("%1 entry was exported.", "%1 entries were exported.",
+                                 SizeOf(report.written));
+        if (untold != 0) told += ' ' + LeftOutText(untold);
         statusBar()->showMessage(told, kMessageTime);
         if (report.leftOut.empty()) return;
         QMessageBox::warning(this, windowTitle(),

@@ -112,18 +112,21 @@ void DesktopWindow::MakeAddressMenu() {
 }
 
 void DesktopWindow::AddMailCommands(QMenu& menu) {
-    const auto selected = [this] {
+    const auto send = [this](const auto& mail) {
         std::vector<CAddressRecord*> records;
-        for (CBaseRecord* record : m_frame.SelectedRecords()) {
+        for (CBaseRecord* record : m_frame.SelectedRecords(WayOut::Mail)) {
             records.push_back(static_cast<CAddressRecord*>(record));
         }
-        return records;
+        TellLeftOut(m_frame.LeftOutOfSelection(WayOut::Mail));
+        if (!records.empty()) TellRefusal(mail(records));
     };
-    m_addressActions = {AddCommand(menu, Text("Send &mail to selected"), "Ctrl+M",
-                                   [this, selected] { TellRefusal(SendMailTo(selected())); }),
-                        AddCommand(menu, Text("Send as &vCard"), "", [this, selected] {
-                            TellRefusal(SendAsCards(selected(), m_session.Addresses()));
-                        })};
+    m_addressActions = {
+        AddCommand(menu, Text("Send &mail to selected"), "Ctrl+M", [send] { send(SendMailTo); }),
+        AddCommand(menu, Text("Send as &vCard"), "", [this, send] {
+            send([this](const std::vector<CAddressRecord*>& records) {
+                return SendAsCards(records, m_session.Addresses());
+            });
+        })};
 }
 
 void DesktopWindow::MakeToDoMenu() {

@@ -4,15 +4,10 @@
 #include <desktop/NamesDialog.h>
 #include <desktop/Texts.h>
 #include <desktop/options/OptionsDialog.h>
-#include <desktop/security/Password.h>
 #include <desktop/security/PasswordDialogs.h>
 #include <host/HostOptions.h>
 
 namespace orvo::desktop {
-
-bool IsLockable(const COrvoDesktopOptions& options) {
-    return options.IsPasswordRequired() != 0 && IsPasswordSet();
-}
 
 COrvoDesktopOptions DesktopWindow::StoredOptions() {
     return LoadHostOptions([this](const std::string& problem) { TellProblem(problem); });
@@ -51,13 +46,13 @@ bool DesktopWindow::Unlock() {
 }
 
 void DesktopWindow::HoldLock() {
-    if (!IsLockable(m_options)) m_isLocked = false;
-    if (m_isLocked) SetPrivacy(m_options, Privacy::Hide);
+    if (!IsGuarded(m_options)) m_isLocked = false;
+    SetPrivacy(m_options, Disclosure(m_options, !m_isLocked).InForce());
 }
 
 void DesktopWindow::ShowPrivacy() {
     m_privacies.actions().at(static_cast<int>(PrivacyOf(m_options)))->setChecked(true);
-    m_lock->setVisible(IsLockable(m_options));
+    m_lock->setVisible(IsGuarded(m_options));
     m_lock->setText(m_isLocked ? Text("&Unlock private entries...")
                                : Text("Loc&k private entries"));
 }

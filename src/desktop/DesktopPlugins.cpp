@@ -14,7 +14,9 @@ void DesktopWindow::LoadPlugins() {
     Plugins::Services services;
     services.selectedIds = [this] {
         std::vector<std::int64_t> ids;
-        for (const CBaseRecord* record : m_frame.SelectedRecords()) ids.push_back(record->GetId());
+        for (const CBaseRecord* record : m_frame.SelectedRecords(WayOut::Export)) {
+            ids.push_back(record->GetId());
+        }
         return ids;
     };
     services.tell = [this](const std::string& line) {

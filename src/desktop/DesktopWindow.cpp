@@ -12,6 +12,7 @@
 #include <contracts/ResourceScope.h>
 #include <desktop/DesktopWindow.h>
 #include <desktop/DragOut.h>
+#include <desktop/EntryTexts.h>
 #include <desktop/LookupKeys.h>
 #include <desktop/Problems.h>
 #include <desktop/Texts.h>
@@ -82,7 +83,7 @@ DesktopWindow::~DesktopWindow() {
 }
 
 bool DesktopWindow::Open(const WindowSettings& settings) {
-    m_isLocked = IsLockable(m_options);
+    m_isLocked = IsGuarded(m_options);
     HoldLock();
     if (!m_frame.Open()) return false;
     setCentralWidget(QtWindowSystem::WidgetOf(&m_frame));
@@ -238,13 +239,18 @@ void DesktopWindow::TellRefusal(const QString& refusal) {
     if (!refusal.isEmpty()) QMessageBox::warning(this, windowTitle(), refusal);
 }
 
+void DesktopWindow::TellLeftOut(int count) {
+    if (count != 0) statusBar()->showMessage(LeftOutText(count), kMessageTime);
+}
+
 void DesktopWindow::ChangeOptions(const std::function<void(COrvoDesktopOptions&)>& change) {
     if (m_isSession) {
         // What orvo has set since stays.
         const SettingsLock lock;
         m_options = StoredOptions();
         change(m_options);
-        SaveHostOptions(m_options);
+        const std::string problem = SaveHostOptions(m_options);
+        TellRefusal(FromUtf8(problem));
     } else {
         change(m_options);
     }

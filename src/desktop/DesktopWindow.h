@@ -72,6 +72,8 @@ private:
     void MakeAddressMenu();
     void AddMailCommands(QMenu& menu);
     void TellRefusal(const QString& refusal);
+    // Says in the status bar how many private entries didn't go out; nothing where all did.
+    void TellLeftOut(int count);
     void MakeToDoMenu();
     void LoadPlugins();
     void AddChoices(QActionGroup& group, QMenu& menu, std::span<const Choice> choices, int present,
@@ -111,6 +113,7 @@ private:
     void ChooseFileToImport();
     void ShowImported(const ImportResult& result);
     void OfferDuplicates(const ImportResult& result);
+    bool ComparesPrivate() const;
     void FindAllDuplicates();
     void ReviewDuplicates(const std::vector<DuplicatePair>& pairs, DuplicateOrigin origin);
     void ChooseFileToExport();

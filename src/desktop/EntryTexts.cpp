@@ -64,6 +64,10 @@ QString EntryName(CBaseRecord& record) {
     return text.section('\n', 0, 0);
 }
 
+QString LeftOutText(std::int64_t count) {
+    return CountText("%1 private entry was left out.", "%1 private entries were left out.", count);
+}
+
 std::unique_ptr<QMimeData> EntriesAsMimeData(const std::vector<CBaseRecord*>& records) {
     auto data = std::make_unique<QMimeData>();
     QStringList texts;

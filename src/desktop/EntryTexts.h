@@ -18,4 +18,7 @@ QString EntryName(CBaseRecord& record);
 // Addresses as text and as vCards; to-dos as text, a line each. The records are of one table.
 std::unique_ptr<QMimeData> EntriesAsMimeData(const std::vector<CBaseRecord*>& records);
 
+// How many private entries didn't go out, as a sentence.
+QString LeftOutText(std::int64_t count);
+
 }  // namespace orvo::desktop

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include <desktop/DesktopWindow.h>
+#include <desktop/EntryTexts.h>
 #include <desktop/PrintCommands.h>
 #include <desktop/PrintedView.h>
 #include <desktop/Texts.h>
@@ -85,6 +86,14 @@ void TellFailure(QWidget& parent, const PrintResult& result) {
     QMessageBox::warning(&parent, parent.windowTitle(), result.problem);
 }
 
+// On paper nothing shows that there is more than what was printed.
+void TellHidden(QMainWindow& window, ViewFrame& frame, bool isSelection, const QString& done) {
+    const int hidden = isSelection ? 0 : frame.HiddenCount();
+    QStringList told{done, hidden != 0 ? LeftOutText(hidden) : QString()};
+    told.removeAll(QString());
+    if (!told.isEmpty()) window.statusBar()->showMessage(told.join(' '), kMessageTime);
+}
+
 void SetUp(QPrinter& printer, ViewFrame& frame) {
     printer.setPageLayout(LoadPageLayout());
     printer.setDocName(TitleOf(frame).name);
@@ -101,8 +110,10 @@ void PrintView(QMainWindow& window, ViewFrame& frame) {
     if (dialog.exec() != QDialog::Accepted) return;
     SavePageLayout(printer.pageLayout());
     const bool isSelection = printer.printRange() == QPrinter::Selection;
-    TellFailure(window,
-                Send(window, frame, isSelection ? SelectedRows(frame) : AllRows(frame), printer));
+    const PrintResult result =
+        Send(window, frame, isSelection ? SelectedRows(frame) : AllRows(frame), printer);
+    TellFailure(window, result);
+    if (result.end == PrintEnd::Done) TellHidden(window, frame, isSelection, {});
 }
 
 void PreviewView(QMainWindow& window, ViewFrame& frame) {
@@ -144,7 +155,7 @@ void SaveViewAsPdf(QMainWindow& window, ViewFrame& frame) {
         SaveAsPdf(document, LoadPageLayout(), file, title.name, {}, box.Progress());
     TellFailure(window, result);
     if (result.end != PrintEnd::Done) return;
-    window.statusBar()->showMessage(Text("The file \"%1\" was saved.").arg(file), kMessageTime);
+    TellHidden(window, frame, isSelection, Text("The file \"%1\" was saved.").arg(file));
 }
 
 void SetUpPages(QWidget& window) {

@@ -17,7 +17,7 @@ void SaveViewAsPdf(QMainWindow& window, ViewFrame& frame);
 // Paper, orientation and margins of all that is printed from now on.
 void SetUpPages(QWidget& window);
 
-// Writes all rows of the view into a PDF file, and asks nothing.
+// Writes all rows of the view into a PDF file, and asks nothing. Hidden entries are left out.
 // Gives:  what went wrong, in one line; empty where nothing did.
 std::string WriteViewAsPdf(ViewFrame& frame, const std::string& file);
 

@@ -59,7 +59,7 @@ private:
 };
 
 template <class Record, class Table>
-void ReadDeleted(StoreEngine& engine, TableKind kind, Table& table, Privacy privacy,
+void ReadDeleted(StoreEngine& engine, TableKind kind, Table& table, Disclosure disclosure,
                  TrashRows& rows) {
     const std::unique_ptr<StoreCursor> cursor = engine.WalkDeleted(kind);
     std::vector<std::int64_t> ids;
@@ -68,15 +68,15 @@ void ReadDeleted(StoreEngine& engine, TableKind kind, Table& table, Privacy priv
     for (const std::int64_t id : ids) {
         Record record(table);
         if (table.Find(id, record) != 0) continue;
-        if (record.IsPrivate() && privacy != Privacy::Show) continue;
+        if (disclosure.Of(WayOut::Trash, record) != Told::Whole) continue;
         rows.push_back({kind, id, EntryName(record)});
     }
 }
 
 class TrashDialog : public QDialog {
 public:
-    TrashDialog(QWidget* parent, StoreSession& session, Privacy privacy)
-        : QDialog(parent), m_session(session), m_privacy(privacy) {
+    TrashDialog(QWidget* parent, StoreSession& session, Disclosure disclosure)
+        : QDialog(parent), m_session(session), m_disclosure(disclosure) {
         setWindowTitle(Text("Trash"));
         resize(kDialogSize);
         MakeTable();
@@ -124,9 +124,9 @@ private:
     void Read() {
         TrashRows rows;
         StoreEngine& engine = m_session.History().Engine();
-        ReadDeleted<CAddressRecord>(engine, TableKind::Address, m_session.Addresses(), m_privacy,
+        ReadDeleted<CAddressRecord>(engine, TableKind::Address, m_session.Addresses(), m_disclosure,
                                     rows);
-        ReadDeleted<CToDoRecord>(engine, TableKind::ToDo, m_session.ToDos(), m_privacy, rows);
+        ReadDeleted<CToDoRecord>(engine, TableKind::ToDo, m_session.ToDos(), m_disclosure, rows);
         m_model.SetRows(std::move(rows));
         if (!m_model.Rows().empty()) m_table.selectRow(0);
         ShowState();
@@ -195,7 +195,7 @@ private:
     }
 
     StoreSession& m_session;
-    Privacy m_privacy;
+    Disclosure m_disclosure;
     TrashModel m_model;
     QTableView m_table;
     QLabel m_count;
@@ -207,8 +207,8 @@ private:
 
 }  // namespace
 
-bool ShowTrash(QWidget* parent, StoreSession& session, Privacy privacy) {
-    TrashDialog dialog(parent, session, privacy);
+bool ShowTrash(QWidget* parent, StoreSession& session, Disclosure disclosure) {
+    TrashDialog dialog(parent, session, disclosure);
     dialog.exec();
     return dialog.IsChanged();
 }

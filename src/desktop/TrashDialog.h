@@ -4,13 +4,13 @@
 
 #include <QWidget>
 
-#include <desktop/Privacy.h>
 #include <desktop/StoreSession.h>
+#include <host/Disclosure.h>
 
 namespace orvo::desktop {
 
 // Private entries are shown only where the user lets them be seen.
 // Gives:  true where the user has changed something.
-bool ShowTrash(QWidget* parent, StoreSession& session, Privacy privacy);
+bool ShowTrash(QWidget* parent, StoreSession& session, Disclosure disclosure);
 
 }  // namespace orvo::desktop

@@ -55,6 +55,21 @@ std::int64_t IdOfToDo(DWORD data) {
     return reinterpret_cast<CToDoRecord*>(data)->GetId();
 }
 
+// Damaged records don't count.
+template <class Record, class Iterator, class Table>
+int CountPrivate(Table& table, const std::function<int(Record&)>& isOfView) {
+    constexpr long kEnd = static_cast<long>(StoreStatus::End);
+    Record record(table);
+    Iterator iterator(table);
+    int count = 0;
+    for (long status = iterator.FindFirst(record); status != kEnd;
+         status = iterator.FindNext(record)) {
+        if (status != 0 && !iterator.IsAtDamage()) break;
+        if (status == 0 && record.IsPrivate() && isOfView(record)) ++count;
+    }
+    return count;
+}
+
 // Which order a click on a heading asks for; a second click on a category turns to the other one.
 eSortOrder OrderOfColumn(int column, eSortOrder present) {
     switch (column) {
@@ -196,23 +211,21 @@ void ViewFrame::Empty() {
 
 void ViewFrame::Fill() {
     ++m_fillCount;
-    const Privacy privacy = PrivacyOf(m_options);
-    const int hidesPrivate = privacy == Privacy::Hide ? 1 : 0;
-    const int masks = privacy == Privacy::Mask ? 1 : 0;
+    const Disclosure disclosure = Disclosed();
     if (IsShowingToDos()) {
         m_toDos->ShowDueItemsOnly(m_options.GetTodoShowDueItemsOnly());
         m_toDos->HideCompletedItems(m_options.GetTodoShowCompleted() == 0);
         m_toDos->SetMarkCompletionDate(m_options.GetTodoMarkCompletionDate());
-        m_toDos->HidePrivateItems(hidesPrivate);
-        m_toDos->SetMaskPrivate(masks);
+        m_toDos->HidePrivateItems(disclosure.Hides());
+        m_toDos->SetMaskPrivate(disclosure.Masks());
         m_toDos->SetCategoryShown(m_toDoCategory);
         m_toDos->SetSortOrder(m_toDoOrder);
         m_toDos->RefreshAllItemData(&m_session.ToDos());
         return;
     }
     CDetailViewAddrInf& view = AddressView();
-    view.DV_SetMaskPrivate(masks);
-    view.DV_FillFromTable(&m_session.Addresses(), m_addressCategory, hidesPrivate,
+    view.DV_SetMaskPrivate(disclosure.Masks());
+    view.DV_FillFromTable(&m_session.Addresses(), m_addressCategory, disclosure.Hides(),
                           static_cast<int>(m_addressOrder));
 }
 
@@ -256,18 +269,38 @@ int ViewFrame::SelectedCount() {
                             : static_cast<int>(AddressView().DV_GetSelectedCount());
 }
 
-std::vector<CBaseRecord*> ViewFrame::SelectedRecords() {
+std::vector<CBaseRecord*> ViewFrame::SelectedRecords(WayOut way) {
     std::vector<CBaseRecord*> records;
     const auto* rows = dynamic_cast<const ListPeer*>(ShownWindow().GetPeer());
-    const bool masks = PrivacyOf(m_options) == Privacy::Mask;
+    const Disclosure disclosure = Disclosed();
     for (int row = rows ? rows->NextSelected(-1) : -1; row >= 0; row = rows->NextSelected(row)) {
         const DWORD data = rows->Data(row);
         CBaseRecord* record = IsShowingToDos()
                                   ? static_cast<CBaseRecord*>(reinterpret_cast<CToDoRecord*>(data))
                                   : RecordOf(data);
-        if (record && !(masks && record->IsPrivate())) records.push_back(record);
+        if (record && disclosure.Of(way, *record) == Told::Whole) records.push_back(record);
     }
     return records;
+}
+
+int ViewFrame::LeftOutOfSelection(WayOut way) {
+    return SelectedCount() - static_cast<int>(SelectedRecords(way).size());
+}
+
+int ViewFrame::HiddenCount() {
+    if (Disclosed().Hides() == 0) return 0;
+    if (!IsShowingToDos()) {
+        return CountPrivate<CAddressRecord, CAddressIterator>(
+            m_session.Addresses(), [this](CAddressRecord& record) {
+                return AddressView().DV_VerifyCategoryAndPrivate(&record, m_addressCategory, 0);
+            });
+    }
+    m_toDos->HidePrivateItems(0);
+    const int count = CountPrivate<CToDoRecord, CToDoIterator>(
+        m_session.ToDos(),
+        [this](CToDoRecord& record) { return m_toDos->PassThruFilter(&record); });
+    m_toDos->HidePrivateItems(1);
+    return count;
 }
 
 void ViewFrame::SelectRecord(std::int64_t id) {

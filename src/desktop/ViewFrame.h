@@ -7,10 +7,10 @@
 #include <optional>
 
 #include <desktop/HeadingSpread.h>
-#include <desktop/Privacy.h>
 #include <desktop/RowKeeper.h>
 #include <desktop/StoreSession.h>
 #include <desktop/ViewKind.h>
+#include <host/Disclosure.h>
 #include <orvoshare/addresslist/DetailViewAddrList.h>
 #include <orvoshare/addressviews/DetailViewAddrCard.h>
 #include <orvoshare/addressviews/LookupEdit.h>
@@ -69,8 +69,13 @@ public:
     // Saves headings and the size of the cards.
     void SaveHeadings();
 
-    // The selected records, without those that are masked. They are the view's.
-    std::vector<CBaseRecord*> SelectedRecords();
+    // The selected records that are told whole on that way out. They are the view's.
+    std::vector<CBaseRecord*> SelectedRecords(WayOut way);
+    // How many selected ones aren't.
+    int LeftOutOfSelection(WayOut way);
+    // How many records the view would show if private ones weren't hidden.
+    int HiddenCount();
+    Disclosure Disclosed() const { return Disclosure(m_options); }
     // Selects the record of that id in the view that is shown, and nothing else.
     void SelectRecord(std::int64_t id);
 

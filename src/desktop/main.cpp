@@ -42,6 +42,7 @@ namespace {
 
 constexpr int kDone = 0;
 constexpr int kFailed = 2;
+constexpr int kSomeLeftOut = 3;
 
 int Fail(const std::string& reason) {
     PrintProblem(reason);
@@ -117,7 +118,12 @@ int SaveFiles(DesktopWindow& window, const CommandLine& line) {
     }
     if (line.pdf.empty()) return kDone;
     const std::string problem = WriteViewAsPdf(window.Frame(), line.pdf);
-    return problem.empty() ? kDone : Fail(problem);
+    if (!problem.empty()) return Fail(problem);
+    const int hidden = window.Frame().HiddenCount();
+    if (hidden == 0) return kDone;
+    PrintProblem(fmt::format("{}: {} private {} left out", line.pdf, hidden,
+                             hidden == 1 ? "entry was" : "entries were"));
+    return kSomeLeftOut;
 }
 
 StartRequest RequestOf(const CommandLine& line) {

@@ -6,8 +6,10 @@
 
 #include <contracts/Settings.h>
 #include <host/HostOptions.h>
+#include <host/Password.h>
 #include <orvoshare/options/OptionsPath.h>
 #include <platform/io/CFile.h>
+#include <platform/settings/SettingsFile.h>
 #include <platform/settings/SettingsStore.h>
 #include <platform/text/SystemText.h>
 
@@ -52,19 +54,81 @@ CUser HostUser() {
     return CUser(SystemText(directory.string()));
 }
 
-}  // namespace
+std::string UserFile() {
+    return (fs::path(SettingsStore::Path()).parent_path() / kUserFileName).string();
+}
 
-COrvoDesktopOptions LoadHostOptions(const std::function<void(const std::string&)>& warn) {
+constexpr std::size_t kFlagSize = 4;
+
+// A counted text and a number of four bytes, and nothing else. A file of zeros, as a crash of the
+// system leaves it, would be read as one that requires no password.
+bool IsOfItsForm(std::string_view bytes) {
+    constexpr std::size_t kLongestVersion = 254;
+    const std::size_t length = bytes.empty() ? 0 : static_cast<unsigned char>(bytes.front());
+    return length > 0 && length <= kLongestVersion && bytes.size() == 1 + length + kFlagSize;
+}
+
+struct UserFileState {
+    bool isThere = false;
+    bool requiresPassword = false;
+    std::string problem;  // empty for one that can be relied on
+};
+
+UserFileState LookAtUserFile() {
+    UserFileState file;
+    std::string bytes;
+    FileStamp stamp;
+    const bool isRead = ReadFile(UserFile(), bytes, stamp, file.problem);
+    file.isThere = !isRead || stamp != FileStamp();
+    if (isRead) {
+        const bool isSound = IsOfItsForm(bytes);
+        file.problem = isSound ? "" : "it is cut, or of another form";
+        file.requiresPassword =
+            isSound && bytes.find_first_not_of('\0', bytes.size() - kFlagSize) != bytes.npos;
+    }
+    return file;
+}
+
+// Gives:  why the file doesn't count, in one line; nothing where it does, or isn't there.
+std::string LoadUserFile(COrvoDesktopOptions& options) {
+    UserFileState file = LookAtUserFile();
+    if (!file.isThere) {
+        options.SetPasswordRequired(IsPasswordSet() ? 1 : 0);
+        return {};
+    }
+    if (file.problem.empty()) {
+        try {
+            options.LoadPerUserOptions();
+            // One that the options couldn't open counts for them as none.
+            if (options.IsPasswordRequired() != 0 || !file.requiresPassword) return {};
+            file.problem = "it can't be opened";
+        } catch (const CException& error) {
+            file.problem = error.what();
+        }
+    }
+    if (IsPasswordSet()) {
+        options.SetPasswordRequired(1);
+        return fmt::format("{}: {}: the password counts as required", UserFile(), file.problem);
+    }
+    options.SetDefaultUserOptions();
+    return fmt::format("{}: {}: no password is required now", UserFile(), file.problem);
+}
+
+COrvoDesktopOptions OptionsOfUser() {
     CUser user = HostUser();
     COrvoDesktopOptions options;
     options.SetUser(&user);
-    try {
-        options.LoadPerUserOptions();
-    } catch (const CException& error) {
-        warn(fmt::format("{}: no password is required now", error.what()));
-        options.SetDefaultUserOptions();
-    }
+    return options;
+}
+
+}  // namespace
+
+COrvoDesktopOptions LoadHostOptions(const std::function<void(const std::string&)>& warn) {
+    COrvoDesktopOptions options = OptionsOfUser();
+    const std::string problem = LoadUserFile(options);
+    if (!problem.empty()) warn(problem);
     options.LoadAppWideOptions();
+    if (!SettingsStore::IsReadable()) options.SetShowingPrivate(0);
     for (const HostOption& option : kHostOptions) {
         int value = 0;
         CmnGetProfileInt(kHostSection, option.key, &value, (options.*option.get)());
@@ -73,11 +137,22 @@ COrvoDesktopOptions LoadHostOptions(const std::function<void(const std::string&)
     return options;
 }
 
-void SaveHostOptions(COrvoDesktopOptions& options) {
-    options.SaveOptions();
+std::string SaveHostOptions(COrvoDesktopOptions& options) {
+    try {
+        options.SavePerUserOptions();
+    } catch (const CException& error) {
+        return error.what();
+    }
+    COrvoDesktopOptions kept = OptionsOfUser();
+    LoadUserFile(kept);
+    if (kept.IsPasswordRequired() != options.IsPasswordRequired()) {
+        return UserFile() + ": whether a password is required can't be kept there";
+    }
+    options.SaveAppWideOptions();
     for (const HostOption& option : kHostOptions) {
         CmnWriteProfileInt(kHostSection, option.key, (options.*option.get)());
     }
+    return {};
 }
 
 }  // namespace orvo

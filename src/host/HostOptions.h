@@ -13,8 +13,14 @@ namespace orvo {
 // COrvoDesktopOptions holds in memory only lies in the section "Orvo" of the settings.
 // Requires: where options are changed, a SettingsLock lives from before the load until after the
 //           save.
-// A user's file that is damaged gives the defaults; `warn` is told why in one line.
+// The guard of private entries holds in doubt. Where a password is set, a user's file that isn't
+// there, can't be read, or isn't of its form counts as one that requires it; settings that can't be
+// read hide private entries. `warn` is told of a damaged file in one line.
 COrvoDesktopOptions LoadHostOptions(const std::function<void(const std::string&)>& warn);
-void SaveHostOptions(COrvoDesktopOptions& options);
+
+// Gives:  what went wrong where the user's file can't be kept, in one line, with the settings left
+//         alone; else nothing. Settings that can't be written are told as contracts/Settings.h
+//         says.
+std::string SaveHostOptions(COrvoDesktopOptions& options);
 
 }  // namespace orvo

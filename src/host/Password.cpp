@@ -3,13 +3,15 @@
 #include <array>
 #include <filesystem>
 #include <sodium.h>
-#include <string>
+
+#include <unicode/bytestream.h>
+#include <unicode/normalizer2.h>
 
 #include <contracts/Settings.h>
-#include <desktop/security/Password.h>
+#include <host/Password.h>
 #include <platform/settings/SettingsStore.h>
 
-namespace orvo::desktop {
+namespace orvo {
 namespace {
 
 namespace fs = std::filesystem;
@@ -31,33 +33,49 @@ std::string Hash() {
     return buffer.data();
 }
 
+// Composing makes a text longer only where it has one of a few old characters.
+constexpr std::size_t kMostGrowth = 3;
+
 }  // namespace
 
-TypedPassword::TypedPassword(const QString& typed)
-    : m_bytes(typed.normalized(QString::NormalizationForm_C).toUtf8()) {}
+TypedPassword::TypedPassword(std::string_view utf8) {
+    UErrorCode error = U_ZERO_ERROR;
+    const icu::Normalizer2* composer = icu::Normalizer2::getNFCInstance(error);
+    // A string that grew would leave a part of the password behind in memory.
+    m_bytes.reserve(kMostGrowth * utf8.size());
+    if (U_SUCCESS(error)) {
+        icu::StringByteSink<std::string> sink(&m_bytes);
+        const icu::StringPiece piece(utf8.data(), static_cast<int32_t>(utf8.size()));
+        composer->normalizeUTF8(0, piece, sink, nullptr, error);
+    }
+    if (U_FAILURE(error)) m_bytes = utf8;
+}
 
 TypedPassword::~TypedPassword() {
-    sodium_memzero(m_bytes.data(), static_cast<std::size_t>(m_bytes.size()));
+    Wipe(m_bytes);
+}
+
+void Wipe(std::string& secret) {
+    sodium_memzero(secret.data(), secret.size());
 }
 
 bool IsPasswordSet() {
-    return !Hash().empty();
+    return !Hash().empty() || !SettingsStore::IsReadable();
 }
 
 bool IsPassword(const TypedPassword& typed) {
-    const QByteArray& bytes = typed.Bytes();
+    const std::string_view bytes = typed.Bytes();
     return sodium_init() >= 0 &&
-           crypto_pwhash_str_verify(Hash().c_str(), bytes.constData(),
-                                    static_cast<unsigned long long>(bytes.size())) == 0;
+           crypto_pwhash_str_verify(Hash().c_str(), bytes.data(), bytes.size()) == 0;
 }
 
 bool SetPassword(const TypedPassword& typed) {
-    const QByteArray& bytes = typed.Bytes();
+    const std::string_view bytes = typed.Bytes();
     std::array<char, crypto_pwhash_STRBYTES> hash{};
     return sodium_init() >= 0 &&
-           crypto_pwhash_str(
-               hash.data(), bytes.constData(), static_cast<unsigned long long>(bytes.size()),
-               crypto_pwhash_OPSLIMIT_INTERACTIVE, crypto_pwhash_MEMLIMIT_INTERACTIVE) == 0 &&
+           crypto_pwhash_str(hash.data(), bytes.data(), bytes.size(),
+                             crypto_pwhash_OPSLIMIT_INTERACTIVE,
+                             crypto_pwhash_MEMLIMIT_INTERACTIVE) == 0 &&
            MakeSettingsOwn() && CmnWriteProfileString(kSection, kHashKey, hash.data()) != 0;
 }
 
@@ -65,4 +83,4 @@ bool RemovePassword() {
     return CmnWriteProfileString(kSection, kHashKey, "") != 0;
 }
 
-}  // namespace orvo::desktop
+}  // namespace orvo

@@ -3,10 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <desktop/security/Password.h>
+#include <host/Password.h>
 #include <platform/settings/SettingsFixture.h>
 
-namespace orvo::desktop {
+namespace orvo {
 namespace {
 
 using testing::HasSubstr;
@@ -14,8 +14,8 @@ using testing::Not;
 
 class Password : public SettingsFixture {
 protected:
-    static bool Set(const QString& text) { return SetPassword(TypedPassword(text)); }
-    static bool Is(const QString& text) { return IsPassword(TypedPassword(text)); }
+    static bool Set(std::string_view text) { return SetPassword(TypedPassword(text)); }
+    static bool Is(std::string_view text) { return IsPassword(TypedPassword(text)); }
 };
 
 TEST_F(Password, IsNoneAtFirstNotEvenTheEmptyOne) {
@@ -34,22 +34,20 @@ TEST_F(Password, IsKeptAsAHashWithASaltOfItsOwn) {
 }
 
 TEST_F(Password, IsTheWholeTextToTheLetter) {
-    const QString longOne(300, QChar('x'));
+    const std::string longOne(300, 'x');
     struct {
         const char* why;
-        QString set;
-        QString typed;
+        std::string set;
+        std::string typed;
         bool want;
-    } const rows[] = {
-        {"the same", "Khan", "Khan", true},
-        {"another case", "Khan", "khan", false},
-        {"a blank more", "Khan", "Khan ", false},
-        {"a part", "Khan", "Kha", false},
-        {"a long one differs at its end", longOne, longOne + "y", false},
-        {"composed as well as decomposed", QString::fromUtf8("M\u00fcller"),
-         QString::fromUtf8("Mu\u0308ller"), true},
-        {"another letter", QString::fromUtf8("M\u00fcller"), "Muller", false},
-        {"any script", QString::fromUtf8("秘密の言葉"), QString::fromUtf8("秘密の言葉"), true}};
+    } const rows[] = {{"the same", "Khan", "Khan", true},
+                      {"another case", "Khan", "khan", false},
+                      {"a blank more", "Khan", "Khan ", false},
+                      {"a part", "Khan", "Kha", false},
+                      {"a long one differs at its end", longOne, longOne + "y", false},
+                      {"composed as well as decomposed", "M\u00fcller", "Mu\u0308ller", true},
+                      {"another letter", "M\u00fcller", "Muller", false},
+                      {"any script", "秘密の言葉", "秘密の言葉", true}};
     for (const auto& row : rows) {
         ASSERT_TRUE(Set(row.set)) << row.why;
         EXPECT_EQ(Is(row.typed), row.want) << row.why;
@@ -96,4 +94,4 @@ TEST_F(Password, NoneFitsAHashThatIsDamaged) {
 }
 
 }  // namespace
-}  // namespace orvo::desktop
+}  // namespace orvo

@@ -16,12 +16,12 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include <desktop/Privacy.h>
 #include <desktop/Texts.h>
 #include <desktop/options/DesktopPreferences.h>
 #include <desktop/options/OptionsPages.h>
-#include <desktop/security/Password.h>
 #include <desktop/security/PasswordDialogs.h>
+#include <host/Disclosure.h>
+#include <host/Password.h>
 #include <orvoshare/integration/SoundFileDialog.h>
 #include <platform/qt/QtConvert.h>
 #include <platform/text/SystemText.h>
@@ -101,8 +101,7 @@ private:
 
 class PrivacyPage : public OptionsPage {
 public:
-    explicit PrivacyPage(const COrvoDesktopOptions& options)
-        : m_hadPassword(options.IsPasswordRequired() != 0 && IsPasswordSet()) {
+    explicit PrivacyPage(const COrvoDesktopOptions& options) : m_hadPassword(IsGuarded(options)) {
         auto* column = new QVBoxLayout(this);
         AddChoices(*column, options);
         m_needsPassword = new QCheckBox(Text("&Hide them at each start until I give my password"));

@@ -4,8 +4,8 @@
 #include <memory>
 
 #include <contracts/RecordFields.h>
-#include <desktop/Privacy.h>
 #include <desktop/reminder/DueReminders.h>
+#include <host/Disclosure.h>
 #include <platform/time/CTime.h>
 
 namespace orvo::desktop {
@@ -41,7 +41,7 @@ bool IsWholeDay(const CivilTime& due) {
 
 std::vector<DueReminder> DueReminders(StoreEngine& engine, const COrvoDesktopOptions& options) {
     const std::int64_t until = CTime::GetCurrentTime().GetTime() + Advance(options);
-    const bool tellsPrivate = PrivacyOf(options) == Privacy::Show;
+    const Disclosure disclosure(options);
     const auto timeDue = [&options](const DueReminder& reminder) {
         return TimeDue(reminder.due, options.GetWorkDayBegins());
     };
@@ -56,8 +56,10 @@ std::vector<DueReminder> DueReminders(StoreEngine& engine, const COrvoDesktopOpt
         }
         DueReminder reminder{row.id, *row.due, {}};
         if (MomentOfCivil(timeDue(reminder)) > until) continue;
-        const bool isTold = tellsPrivate || (row.flags & RowFlag::Private) == 0;
-        if (isTold) reminder.description = DescriptionOf(row);
+        const bool isPrivate = (row.flags & RowFlag::Private) != 0;
+        const Told told = disclosure.Of(WayOut::Reminder, isPrivate);
+        if (told == Told::Nothing) continue;
+        if (told == Told::Whole) reminder.description = DescriptionOf(row);
         found.push_back(std::move(reminder));
     }
     std::ranges::stable_sort(found, {}, timeDue);

@@ -11,8 +11,8 @@
 #include <functional>
 
 #include <desktop/Texts.h>
-#include <desktop/security/Password.h>
 #include <desktop/security/PasswordDialogs.h>
+#include <host/Password.h>
 
 namespace orvo::desktop {
 namespace {
@@ -73,6 +73,10 @@ private:
     QDialogButtonBox* m_buttons = nullptr;  // Qt's
 };
 
+TypedPassword TypedIn(const QLineEdit& field) {
+    return TypedPassword(field.text().toStdString());
+}
+
 QString WrongPassword() {
     return Text("The password is wrong.");
 }
@@ -83,7 +87,7 @@ bool AskForPassword(QWidget* parent) {
     if (!IsPasswordSet()) return true;
     QLineEdit* typed = nullptr;
     PasswordDialog dialog(parent, Text("Unlock private entries"), Text("&Unlock"), [&typed] {
-        return IsPassword(TypedPassword(typed->text())) ? QString() : WrongPassword();
+        return IsPassword(TypedIn(*typed)) ? QString() : WrongPassword();
     });
     typed = &dialog.AddField(Text("&Password:"));
     return dialog.Run();
@@ -94,10 +98,10 @@ bool ChoosePassword(QWidget* parent) {
     QLineEdit* first = nullptr;
     QLineEdit* second = nullptr;
     const auto check = [&]() -> QString {
-        if (old && !IsPassword(TypedPassword(old->text()))) return WrongPassword();
-        const TypedPassword chosen(first->text());
+        if (old && !IsPassword(TypedIn(*old))) return WrongPassword();
+        const TypedPassword chosen = TypedIn(*first);
         if (chosen.IsEmpty()) return Text("The new password is empty.");
-        if (!(chosen == TypedPassword(second->text()))) {
+        if (!(chosen == TypedIn(*second))) {
             return Text("The new password and its repetition differ.");
         }
         return SetPassword(chosen) ? QString()

@@ -36,6 +36,7 @@ class ReplacementFile : public CFile {
 public:
     // Gives:  false where the replacement can't be begun.
     bool Begin(const std::string& target) {
+        if (target.empty()) return false;
         m_target = target;
         std::error_code error;
         const auto old = std::filesystem::status(target, error);

@@ -170,6 +170,13 @@ std::optional<int> SettingsStore::ReadInt(std::string_view group, std::string_vi
     return value;
 }
 
+bool SettingsStore::IsReadable() {
+    StoreState& state = State();
+    const std::lock_guard guard(state.mutex);
+    std::string error;
+    return Refresh(state, error);
+}
+
 bool SettingsStore::Write(std::string_view group, std::string_view section, std::string_view key,
                           std::string_view text) {
     const std::string sectionName = SpellSection(group, section);

@@ -38,6 +38,9 @@ public:
     static std::optional<int> ReadInt(std::string_view group, std::string_view section,
                                       std::string_view key);
 
+    // False where the file is there and can't be read, so that it has no keys.
+    static bool IsReadable();
+
     // Puts the text in the file, which is safe on disk after that. A key that has this text already
     // leaves the file untouched.
     // Fails:  with false, and the file as it was, told in one line on standard error; the same line

@@ -10,7 +10,7 @@
 
 #include <desktop/options/DesktopPreferences.h>
 #include <desktop/options/OptionsDialog.h>
-#include <desktop/security/Password.h>
+#include <host/Password.h>
 #include <platform/settings/SettingsFixture.h>
 
 #include "../forms/FormFixture.h"

@@ -3,8 +3,8 @@
 #include <QLabel>
 #include <QLineEdit>
 
-#include <desktop/security/Password.h>
 #include <desktop/security/PasswordDialogs.h>
+#include <host/Password.h>
 #include <platform/settings/SettingsFixture.h>
 
 #include "../forms/FormFixture.h"
