@@ -27,7 +27,7 @@ void AddListOptions(CLI::App& command, ListOptions& options) {
                      "Keep the rows of private addresses, without their content");
 }
 
-AddressHost::AddressHost() {
+AddressHost::AddressHost(Store& store) : ViewHost(store) {
     m_box.Create(WS_CHILD | WS_VISIBLE, kBoxPlace, &m_frame, kBoxId);
 }
 
@@ -37,13 +37,14 @@ void AddressHost::Fill(CDetailViewAddrInf& view, Store& store, const ListOptions
         options.category.empty() ? kAllCategories : CategoryIndex(table, options.category);
     view.DV_SetEdit(&m_box);
     m_box.SetListBox(&view);
-    const COrvoDesktopOptions& user = m_frame.Options();
-    const bool hides = options.hidePrivate || !user.IsShowingPrivate();
-    view.DV_SetMaskPrivate(options.maskPrivate || user.IsMaskingPrivate());
-    Watch(table, [&] { view.DV_FillFromTable(&table, shown, hides, options.ListBy()); });
+    const Disclosure disclosure =
+        Narrowed(store.Guard().Disclosed(), options.hidePrivate, options.maskPrivate);
+    view.DV_SetMaskPrivate(disclosure.Masks());
+    Watch(table,
+          [&] { view.DV_FillFromTable(&table, shown, disclosure.Hides(), options.ListBy()); });
 }
 
-AddressView::AddressView(Store& store, const ListOptions& options) {
+AddressView::AddressView(Store& store, const ListOptions& options) : AddressHost(store) {
     m_list.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT, kViewPlace, &m_frame, kViewId);
     m_list.Initialize(&store.Addresses(), &m_categories);
     Fill(m_list, store, options);
@@ -54,7 +55,7 @@ CAddressRecord& AddressView::RecordAt(int row) {
     return *RecordOf(m_list.DV_GetItemData(row));
 }
 
-CardView::CardView(Store& store, const ListOptions& options) {
+CardView::CardView(Store& store, const ListOptions& options) : AddressHost(store) {
     m_cards.Create(WS_CHILD | WS_VISIBLE, kViewPlace, &m_frame, kViewId);
     m_cards.Initialize(&store.Addresses());
     Fill(m_cards, store, options);

@@ -38,7 +38,7 @@ public:
     CLookupEdit& Box() { return m_box; }
 
 protected:
-    AddressHost();
+    explicit AddressHost(Store& store);
 
     // Connects the view, whose window stands, and fills it from the store.
     // Fails:  CommandError.

@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 
+#include <cli/PrivateGuard.h>
 #include <cli/Store.h>
 
 namespace CLI {
@@ -20,6 +21,7 @@ struct Invocation {
     std::string now;
     unsigned codePage = 0;
     bool json = false;
+    PrivateRequest privates;
     std::function<int(Store&)> command;  // gives the exit code
     std::function<int()> withoutStore;   // the same for a command that opens no store
 };

@@ -49,15 +49,27 @@ CBaseTable& TableOf(Store& store, const std::string& file) {
 int Export(Store& store, const std::string& file, const std::string& category, bool json) {
     const int index =
         category.empty() ? kAllCategories : CategoryIndex(TableOf(store, file), category);
-    const ExportReport report = ExportFile(file, store.Addresses(), store.ToDos(), index);
+    const Disclosure disclosure = store.Guard().Disclosed();
+    std::size_t untold = 0;
+    const ExportReport report =
+        ExportFile(file, store.Addresses(), store.ToDos(), [&](const CBaseRecord& record) {
+            int own = kNoCategory;
+            record.GetCategoryId(own);
+            if (index != kAllCategories && own != index) return false;
+            if (disclosure.Of(WayOut::Export, record) == Told::Whole) return true;
+            ++untold;
+            return false;
+        });
+    const std::size_t leftOut = report.leftOut.size() + untold;
     if (json) {
-        PrintJson({{"exported", report.written}, {"leftOut", report.leftOut.size()}});
+        PrintJson({{"exported", report.written}, {"leftOut", leftOut}});
     } else {
-        PrintLine(fmt::format("exported {} records to {}, {} left out", report.written, file,
-                              report.leftOut.size()));
+        PrintLine(
+            fmt::format("exported {} records to {}, {} left out", report.written, file, leftOut));
     }
     for (const std::string& line : report.leftOut) PrintError(line);
-    if (!report.leftOut.empty()) return kSomeSkipped;
+    if (untold != 0) PrintWarning(LeftOutLine(untold));
+    if (leftOut != 0) return kSomeSkipped;
     return report.written == 0 ? kNothingFound : kDone;
 }
 

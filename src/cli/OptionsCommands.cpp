@@ -104,10 +104,7 @@ std::string AsText(const Json& value) {
     return value.is_string() ? value.get<std::string>() : value.dump();
 }
 
-int PrintOptions(bool json) {
-    // So that no save of another process is seen half-way; without it, what is there is shown.
-    const SettingsLock lock;
-    const Options options = LoadHostOptions(PrintWarning);
+int PrintOptions(const Options& options, bool json) {
     Json object;
     for (const OptionName& option : kOptions) object[option.name] = ValueOf(option, options);
     if (json) {
@@ -163,22 +160,38 @@ CString ReadText(const OptionName& option, const std::string& value) {
     return text;
 }
 
-int SetOption(const std::string& name, const std::string& value) {
+// Whether a change takes the guard off private entries, or lets more be seen of them.
+bool FreesPrivate(const Options& before, const Options& after) {
+    const bool isReleased = before.IsPasswordRequired() != 0 && after.IsPasswordRequired() == 0;
+    return isReleased || PrivacyOf(after) < PrivacyOf(before);
+}
+
+int SetOption(PrivateGuard& guard, const std::string& name, const std::string& value) {
     const OptionName& option = FindOption(name);
     const bool isText = option.setText != nullptr;
     const int number = isText ? 0 : ReadNumber(option, value);
     const CString text = isText ? ReadText(option, value) : CString();
 
+    const auto change = [&](Options options) {
+        if (isText) {
+            option.setText(options, text);
+        } else {
+            option.set(options, number);
+        }
+        return options;
+    };
+    // Asked for before the lock, which others wait for.
+    if (FreesPrivate(guard.Options(), change(guard.Options()))) guard.Unlock();
     const SettingsLock lock;
     if (!lock.IsHeld()) Refuse(option, value, "the settings can't be saved: " + lock.Error());
-    Options options = LoadHostOptions(PrintWarning);
-    if (isText) {
-        option.setText(options, text);
-    } else {
-        option.set(options, number);
+    const Options before = LoadHostOptions([](const std::string&) {});
+    Options options = change(before);
+    if (!guard.IsUnlocked() && IsGuarded(before) && FreesPrivate(before, options)) {
+        Refuse(option, value, "the password was set meanwhile: try again");
     }
-    SaveHostOptions(options);
-    if (ValueOf(option, LoadHostOptions(PrintWarning)) != ValueOf(option, options)) {
+    const std::string problem = SaveHostOptions(options);
+    if (!problem.empty()) Refuse(option, value, problem);
+    if (ValueOf(option, LoadHostOptions([](const std::string&) {})) != ValueOf(option, options)) {
         Refuse(option, value, "it can't be saved beside " + SettingsStore::Path());
     }
     return kDone;
@@ -192,9 +205,9 @@ void AddOptionsCommands(CLI::App& app, Invocation& invocation) {
     options->add_option("--set", *change, "NAME VALUE: change an option; flags take yes or no")
         ->expected(2);
     options->callback([change, &invocation] {
-        invocation.command = [change, &invocation](Store&) {
-            return change->empty() ? PrintOptions(invocation.json)
-                                   : SetOption(change->front(), change->back());
+        invocation.command = [change, &invocation](Store& store) {
+            return change->empty() ? PrintOptions(store.Guard().Options(), invocation.json)
+                                   : SetOption(store.Guard(), change->front(), change->back());
         };
     });
 }

@@ -10,6 +10,7 @@
 #include <cli/AddressFields.h>
 #include <cli/Commands.h>
 #include <cli/Output.h>
+#include <orvoshare/resources/StringTable.h>
 
 namespace orvo::cli {
 namespace {
@@ -130,10 +131,26 @@ void PrintAsText(Store& store, const CAddressRecord& record, ExitCode& code) {
     if (record.IsArchived()) PrintField("Archived", "yes");
 }
 
+void PrintMasked(const CAddressRecord& record, bool json) {
+    if (json) {
+        PrintJson({{"id", record.GetId()}, {"private", true}, {"masked", true}});
+    } else {
+        PrintField("ID", fmt::format("{}", record.GetId()));
+        PrintLine(ModuleText(kStringPrivate));
+    }
+}
+
 int Show(Store& store, std::int64_t id, bool json) {
     const auto record = FindAddress(store, id);
+    const Told told = store.Guard().Disclosed().Of(WayOut::View, *record);
+    if (told == Told::Nothing) {
+        PrintWarning(fmt::format("address {} is private and hidden: --show-private shows it", id));
+        return kSomeSkipped;
+    }
     ExitCode code = kDone;
-    if (json) {
+    if (told == Told::Masked) {
+        PrintMasked(*record, json);
+    } else if (json) {
         PrintJson(AsJson(store, *record, code));
     } else {
         PrintAsText(store, *record, code);
@@ -162,6 +179,7 @@ int Add(Store& store, const Changes& changes, bool json) {
 int Edit(Store& store, std::int64_t id, const Changes& changes, bool json) {
     Transaction transaction(store);
     const auto record = FindAddress(store, id);
+    store.Guard().CheckChange(*record, fmt::format("address {}", id));
     Apply(store, *record, changes);
     transaction.Commit();
     return Tell("edited", id, json);
@@ -170,6 +188,7 @@ int Edit(Store& store, std::int64_t id, const Changes& changes, bool json) {
 int Delete(Store& store, std::int64_t id, bool json) {
     const WriteClaim claim(store);
     const auto record = FindAddress(store, id);
+    store.Guard().CheckChange(*record, fmt::format("address {}", id));
     store.Check(store.Addresses().Delete(*record));
     return Tell("deleted", id, json);
 }

@@ -20,8 +20,8 @@ std::unique_ptr<SqliteEngine> OpenEngine(const std::string& path) {
 
 }  // namespace
 
-Store::Store(const std::string& path)
-    : m_engine(OpenEngine(path)), m_addresses(*m_engine), m_toDos(*m_engine) {}
+Store::Store(const std::string& path, PrivateGuard& guard)
+    : m_guard(guard), m_engine(OpenEngine(path)), m_addresses(*m_engine), m_toDos(*m_engine) {}
 
 std::string Store::TextsFailure() const {
     const std::string& failure = m_addresses.TextsFailure();

@@ -6,6 +6,7 @@
 #include <stdexcept>
 #include <string>
 
+#include <cli/PrivateGuard.h>
 #include <contracts/RecordStore.h>
 #include <libraries/quire/SqliteEngine.h>
 #include <orvoshare/shared/DataSetClaim.h>
@@ -26,17 +27,19 @@ private:
     ExitCode m_code;
 };
 
-// An open store with its tables.
+// An open store with its tables, and what may be told of the private entries in it.
 class Store {
 public:
     // Opens or creates the store; an empty path stands for the user's own store, whose folder is
     // then made.
-    // Fails: CommandError.
-    explicit Store(const std::string& path);
+    // Requires: the guard outlives the store.
+    // Fails:    CommandError.
+    Store(const std::string& path, PrivateGuard& guard);
 
     CAddressTable& Addresses() { return m_addresses; }
     CToDoTable& ToDos() { return m_toDos; }
     StoreEngine& Engine() { return *m_engine; }
+    PrivateGuard& Guard() { return m_guard; }
     std::string Path() const { return m_engine->Name(); }
 
     // Why categories and labels are in part those of a new store; else empty.
@@ -46,6 +49,7 @@ public:
     void Check(long status);
 
 private:
+    PrivateGuard& m_guard;
     std::unique_ptr<SqliteEngine> m_engine;
     CAddressTable m_addresses;
     CToDoTable m_toDos;

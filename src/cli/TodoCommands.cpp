@@ -162,6 +162,7 @@ int PrintNoteTitle(Store& store, const RowEdit& options, bool json) {
 int DeleteRow(Store& store, const RowEdit& options, bool json) {
     const WriteClaim claim(store);
     TodoView view(store, options.list);
+    RefuseMasked(view, options.row);
     CToDoRecord& record = view.RecordAt(options.row);
     store.Check(store.ToDos().Delete(record));
     if (json) {

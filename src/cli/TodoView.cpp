@@ -35,7 +35,7 @@ void AddTodoOptions(CLI::App& command, TodoOptions& options) {
     command.add_option("--category", options.category, "Only the to-dos of this category");
 }
 
-TodoView::TodoView(Store& store, const TodoOptions& options) {
+TodoView::TodoView(Store& store, const TodoOptions& options) : ViewHost(store) {
     CToDoTable& table = store.ToDos();
     m_list.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT, kViewPlace, &m_frame, kViewId);
     m_list.Initialize();
@@ -44,8 +44,10 @@ TodoView::TodoView(Store& store, const TodoOptions& options) {
     m_list.ShowDueItemsOnly(options.dueOnly || user.GetTodoShowDueItemsOnly());
     m_list.HideCompletedItems(options.hideCompleted || !user.GetTodoShowCompleted());
     m_list.SetMarkCompletionDate(user.GetTodoMarkCompletionDate());
-    if (options.hidePrivate) m_list.HidePrivateItems(1);
-    m_list.SetMaskPrivate(options.maskPrivate || user.IsMaskingPrivate());
+    const Disclosure disclosure =
+        Narrowed(store.Guard().Disclosed(), options.hidePrivate, options.maskPrivate);
+    m_list.HidePrivateItems(disclosure.Hides());
+    m_list.SetMaskPrivate(disclosure.Masks());
     if (!options.category.empty()) m_list.SetCategoryShown(CategoryIndex(table, options.category));
     m_list.SetSortOrder(OrderOf(options.sort));
     Watch(table, [&] { m_list.RefreshAllItemData(&table); });

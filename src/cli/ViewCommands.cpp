@@ -12,6 +12,7 @@
 #include <cli/Commands.h>
 #include <cli/Output.h>
 #include <contracts/Profile.h>
+#include <orvoshare/resources/StringTable.h>
 #include <orvoshare/text/ListHeading.h>
 #include <platform/text/CodePage.h>
 #include <platform/text/Utf8.h>
@@ -50,6 +51,14 @@ int TypeInto(MemoryWindowSystem& system, std::string_view typed) {
     return system.Beeps() + repeated;
 }
 
+bool IsMasked(AddressView& view, int row) {
+    return view.List().IsRowMasked(view.List().DV_GetItemData(row));
+}
+
+std::string NameOfRow(AddressView& view, int row) {
+    return IsMasked(view, row) ? ModuleText(kStringPrivate) : FormattedName(view.RecordAt(row));
+}
+
 int PrintLookup(Store& store, const ListOptions& options, const std::string& typed, bool json) {
     AddressView view(store, options);
     view.Box().SetFocus();
@@ -61,7 +70,7 @@ int PrintLookup(Store& store, const ListOptions& options, const std::string& typ
         PrintJson({{"typed", typed}, {"box", ToUtf8(box)}, {"row", row}, {"beeps", beeps}});
     } else {
         const std::string found =
-            row < 0 ? "no row" : fmt::format("row {}: {}", row, FormattedName(view.RecordAt(row)));
+            row < 0 ? "no row" : fmt::format("row {}: {}", row, NameOfRow(view, row));
         PrintLine(fmt::format("{} (the box holds \"{}\")", found, ToUtf8(box)));
     }
     return row < 0 ? kNothingFound : view.Code();
@@ -70,6 +79,11 @@ int PrintLookup(Store& store, const ListOptions& options, const std::string& typ
 int PrintTip(Store& store, const RowOptions& options, bool json) {
     AddressView view(store, options.list);
     view.RecordAt(options.row);
+    if (IsMasked(view, options.row)) {
+        PrintWarning(
+            fmt::format("row {} is private and masked: --show-private shows its tip", options.row));
+        return kSomeSkipped;
+    }
     view.List().SetViewMode(kLargeIconView);
     const std::string tip = ToUtf8(view.List().GetInfoTip(options.row));
     if (json) {
@@ -130,7 +144,7 @@ void ChooseCategory(AddressView& view, int row, int category) {
 }
 
 std::string Reason(AddressView& view, Store& store, int row) {
-    if (view.List().IsRowMasked(view.List().DV_GetItemData(row))) return ": it is masked";
+    if (IsMasked(view, row)) return ": it is masked";
     const std::string& error = store.Addresses().LastError();
     return error.empty() ? std::string() : ": " + error;
 }

@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include <cli/Output.h>
 #include <cli/ViewHost.h>
-#include <host/HostOptions.h>
-#include <platform/settings/SettingsStore.h>
 
 namespace orvo::cli {
 namespace {
@@ -18,17 +16,18 @@ const MessageMap& HostWindow::ThisMap() {
     return map;
 }
 
-HostWindow::HostWindow() {
-    const SettingsLock lock;
-    m_options = LoadHostOptions(PrintWarning);
-}
-
 LRESULT HostWindow::OnGetOptions(WPARAM, LPARAM answer) {
     *PointerOf<COrvoDesktopOptions*>(answer) = &m_options;
     return 1;
 }
 
-ViewHost::ViewHost() {
+Disclosure Narrowed(Disclosure disclosure, bool hidesPrivate, bool masksPrivate) {
+    return disclosure.AtLeast(hidesPrivate   ? Privacy::Hide
+                              : masksPrivate ? Privacy::Mask
+                                             : Privacy::Show);
+}
+
+ViewHost::ViewHost(Store& store) : m_frame(store.Guard().Options()) {
     // Nobody is there to answer; who asked for the change tells why it didn't come.
     m_system.OnUnexpectedQuestion([](const std::string&) {});
     WindowSystem::SetCurrent(&m_system);

@@ -14,10 +14,10 @@ namespace orvo::cli {
 constexpr CRect kViewPlace{0, 20, 1000, 700};
 constexpr UINT kViewId = 2;
 
-// The main window, which hands out the user's options as they were when it was made.
+// The main window, which hands out the user's options.
 class HostWindow : public CWnd {
 public:
-    HostWindow();
+    explicit HostWindow(const COrvoDesktopOptions& options) : m_options(options) {}
 
     COrvoDesktopOptions& Options() { return m_options; }
 
@@ -29,6 +29,9 @@ private:
 
     COrvoDesktopOptions m_options;
 };
+
+// What a command that was told to hide or to mask private entries tells of them.
+Disclosure Narrowed(Disclosure disclosure, bool hidesPrivate, bool masksPrivate);
 
 // The window system in force, and the main window, as long as it lives.
 class ViewHost {
@@ -42,7 +45,7 @@ public:
     ExitCode Code() const { return m_code; }
 
 protected:
-    ViewHost();
+    explicit ViewHost(Store& store);
     ~ViewHost();
 
     // Runs `fill`, a walk over the table; a damaged record is told on standard error.

@@ -30,6 +30,11 @@ void AddGlobalOptions(CLI::App& app, Invocation& invocation) {
                    "The code page of text in memory: 65001, 932 or an 8-bit page");
     app.add_option("--now", invocation.now,
                    "The local time that this call takes for the present, such as 2026-12-24T18:00");
+    app.add_flag("--show-private", invocation.privates.showsPrivate,
+                 "Show private entries whole, whatever the options say; asks for the password that "
+                 "guards them");
+    app.add_option("--password-file", invocation.privates.passwordFile,
+                   "Take the password from the first line of a file, or of standard input (-)");
     app.add_flag("--json", invocation.json, "Print JSON, one object a line");
     app.set_version_flag("--version", "orvo " ORVO_VERSION);
 }
@@ -98,7 +103,8 @@ int Run(int count, char** arguments) {
     if (!invocation.now.empty()) CTime::SetClock(TimeOfText(invocation.now, "--now"));
     OrvoShareMain(OwnModule(), DLL_PROCESS_ATTACH);
     if (invocation.withoutStore) return invocation.withoutStore();
-    Store store(invocation.store);
+    PrivateGuard guard(invocation.privates);
+    Store store(invocation.store, guard);
     const std::string ownStore = invocation.store.empty() ? UserStorePath() : std::string();
     for (const std::string& line : OpenFolders(ownStore)) PrintWarning(line);
     return RunWith(store, invocation);

@@ -529,7 +529,7 @@ class OrvoTest(unittest.TestCase):
         self.orvo("options", "--set", "password-required", "yes")
         file = self.folder / "config/orvo/xtrauser.dat"
         file.write_bytes(b"\x011")
-        self.assertFalse(self.options()["password-required"], "a damaged file gives the defaults")
+        self.assertFalse(self.options()["password-required"], "no password is set that a damaged file might require")
         self.assertIn("xtrauser.dat", self.errors)
         self.assertEqual(self.errors.count("\n"), 1)
         self.orvo("options", "--set", "password-required", "yes")

@@ -1,0 +1,19 @@
+// Where a command gets the user's password from: the terminal or a file, and never its own
+// arguments, which every process may read. SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+namespace orvo::cli {
+
+// Asks on the terminal that standard input is, without showing what is typed.
+// Gives:  what was typed up to the end of the line; the caller wipes it.
+// Fails:  CommandError, wrong use, where standard input is no terminal.
+std::string AskForPassword();
+
+// The first line of a file; "-" is standard input.
+// Gives:  the line without its end; the caller wipes it.
+// Fails:  CommandError, wrong use, where the file can't be read.
+std::string ReadPassword(const std::string& file);
+
+}  // namespace orvo::cli
