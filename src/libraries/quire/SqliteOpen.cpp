@@ -296,7 +296,7 @@ std::unique_ptr<SqliteFile> OpenStore(const std::string& path, std::string& erro
         return nullptr;
     }
     // SQLite gives the files beside a store the permissions of the store.
-    MakePrivateFile(FileName(path));
+    MakePrivateFile(StoreFileName(path));
     auto file = std::make_unique<SqliteFile>();
     Marks marks;
     const int result =
