@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 # Prints each view into PDF files, from the window and without one, and reads them back.
 # SPDX-License-Identifier: MIT
+import os
 import re
 import subprocess
 import sys
@@ -124,6 +125,24 @@ class WithoutWindow(PrintTest):
         done = self.home.desktop("--view", "list", "--pdf", UNWRITABLE)
         self.assertEqual(done.returncode, 2)
         self.assertRegex(done.stderr, f'^orvo-desktop: The file "{UNWRITABLE}" can\'t be written: .+\n$')
+
+    def test_a_file_is_for_the_user_alone_and_no_link_of_others_is_followed(self):
+        self.printed("list")
+        self.assertEqual(self.file.stat().st_mode & 0o777, 0o600)
+        self.file.write_text("old")
+        shared = self.home.folder / "shared"
+        shared.mkdir()
+        shared.chmod(0o1777)
+        link = shared / "out.pdf"
+        link.symlink_to(self.file)
+        if os.geteuid() == 0:  # who else can make a link of another user
+            os.lchown(link, 65534, 65534)
+            done = self.home.desktop("--view", "list", "--pdf", link)
+            self.assertEqual((done.returncode, self.file.read_text()), (2, "old"))
+            self.assertIn(f"{link} is a link of another user", done.stderr)
+            os.lchown(link, 0, 0)
+        self.assertEqual(self.home.desktop("--view", "list", "--pdf", link).returncode, 0)
+        self.assertTrue(self.file.read_bytes().startswith(b"%PDF"))
 
 
 class FromTheWindow(PrintTest):

@@ -16,6 +16,7 @@
 #include <desktop/printing/PrintJob.h>
 #include <platform/io/FileReplacement.h>
 #include <platform/io/NewFileMode.h>
+#include <platform/io/TrustedPath.h>
 
 namespace orvo::desktop {
 namespace {
@@ -47,12 +48,17 @@ class PdfFile : public QSaveFile {
 public:
     using QSaveFile::QSaveFile;
 
-    // A new file gets the permissions of any other with people's records.
+    // A new file gets the permissions of any other with people's records, and no link of another
+    // user is followed.
     bool Open() {
+        const std::string path = QFile::encodeName(fileName()).toStdString();
+        std::string target;
+        m_problem = QString::fromStdString(FollowTrustedLinks(path, target));
+        if (!m_problem.isEmpty()) return false;
         const bool isNew = !QFile::exists(fileName());
-        const std::string folder = FolderOf(QFile::encodeName(fileName()).toStdString());
         return Try([&] {
-            return open(WriteOnly) && (!isNew || ::fchmod(handle(), NewFileMode(folder)) == 0);
+            return open(WriteOnly) &&
+                   (!isNew || ::fchmod(handle(), NewFileMode(FolderOf(target))) == 0);
         });
     }
     bool Commit() {
