@@ -224,7 +224,8 @@ void DesktopWindow::ShowCounts() {
 
 void DesktopWindow::TellProblem(const std::string& problem) {
     PrintProblem(problem);
-    statusBar()->showMessage(FromUtf8(problem), kMessageTime);
+    // Shown before its window, a message would stand over the counts.
+    if (isVisible()) statusBar()->showMessage(FromUtf8(problem), kMessageTime);
 }
 
 // While a menu or a question is open, the rows that it is about stay.
