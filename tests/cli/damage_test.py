@@ -157,6 +157,13 @@ class DamageTest(unittest.TestCase):
                     self.assertEqual(*(sorted(sqlite3.connect(path).execute(query).fetchall())
                                        for path in (self.fresh, self.whole)), query)
 
+    def test_a_store_of_a_newer_version_isnt_rescued_without_a_word(self):
+        self.damage(lambda data: data.__setitem__(63, 99))
+        code, _, errors = self.orvo.run("rescue", self.store, self.fresh)
+        self.assertEqual(code, 3)
+        self.assertIn("newer program", errors)
+        self.assertEqual(ids_of(self.fresh, "address"), self.addresses)
+
     def test_a_store_whose_end_is_cut_off_opens_for_reading(self):
         self.damage(lambda data: data.__delitem__(slice(len(data) * 3 // 4, None)))
         out, _ = self.run_orvo("--json", "addresses", code=3)

@@ -329,6 +329,12 @@ bool HasStoreMarks(const std::string& path) {
     return std::filesystem::file_size(path, failure) != 0 && !failure && CheckHeader(path, error);
 }
 
+bool IsOfNewerVersion(SqliteFile& file) {
+    Marks marks;
+    bool isEmpty = false;
+    return Inspect(file, marks, isEmpty) == SQLITE_OK && marks.version > kVersion;
+}
+
 std::string DamageError(const std::string& path, const std::string& reason) {
     return NotOpened(path, reason) + kWayOut;
 }

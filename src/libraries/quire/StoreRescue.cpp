@@ -268,6 +268,11 @@ bool RescueInto(const ScratchFolder& scratch, const std::string& damaged, const 
         if (!Fill(*file, fresh, report, isEmpty, error)) {
             return false;
         }
+        if (IsOfNewerVersion(*file)) {
+            report.lost.push_back(
+                "the mark of its version is damaged, or it was made by a newer "
+                "program, from which only what this one knows was copied");
+        }
     } else if (IsForeignFile(damaged)) {
         error = damaged + ": is not an Orvo store";
         return false;
