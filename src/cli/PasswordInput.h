@@ -1,10 +1,12 @@
-// Where a command gets the user's password from: the terminal or a file, and never its own
-// arguments, which every process may read. SPDX-License-Identifier: MIT
+// Where a command gets the user's password from: the terminal or a file.
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include <string>
 
 namespace orvo::cli {
+
+// Arguments are no place for it: every process may read them.
 
 // Asks on the terminal that standard input is, without showing what is typed.
 // Gives:  what was typed up to the end of the line; the caller wipes it.
