@@ -79,8 +79,12 @@ public:
     long GetSource(std::string& source) const;
     // What the importer noted beside the source; empty where it noted nothing.
     long GetOrigin(std::string& origin) const;
-    // Replaces both of them.
-    long SetSource(std::string_view source, std::string_view origin = {});
+    // The source in two parts: the texts that it begins with and shares with other records, and the
+    // rest of it.
+    long GetSourceParts(std::vector<SharedText>& shared, std::string& rest) const;
+    // Replaces the source, which is the shared texts and behind them `rest`, and the origin.
+    long SetSource(std::string_view rest, std::string_view origin = {},
+                   const std::vector<SharedText>& shared = {});
 
     // The number under which the store knows the record for ever; 0 for one that isn't in its table
     // yet.

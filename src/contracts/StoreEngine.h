@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include <platform/Export.h>
@@ -48,11 +49,35 @@ struct StoredRow {
     std::string_view fields;             // from a cursor: valid until its next step
 };
 
+// A text that many rows may have, such as the time zone of all to-dos of a calendar. Copies are the
+// same text, in memory too.
+class SharedText {
+public:
+    explicit SharedText(std::string text)
+        : m_text(std::make_shared<const std::string>(std::move(text))) {}
+
+    const std::string& Text() const { return *m_text; }
+    bool operator==(const SharedText& other) const {
+        return m_text == other.m_text || *m_text == *other.m_text;
+    }
+
+    // For who keeps one only as long as somebody else does. Requires: `text` isn't null.
+    using Pointer = std::shared_ptr<const std::string>;
+    explicit SharedText(Pointer text) : m_text(std::move(text)) {}
+    const Pointer& Handle() const { return m_text; }
+
+private:
+    Pointer m_text;
+};
+
 // What a row has beside its fields and a walk doesn't read.
 struct RowExtra {
     std::string note;    // UTF-8
     std::string source;  // what the record was imported from, byte for byte; else empty
     std::string origin;  // UTF-8: what the import took from its surroundings; means nothing here
+    // What stands before the source, in this order. A file keeps equal texts once, and each for as
+    // long as a row has it.
+    std::vector<SharedText> shared{};
     bool operator==(const RowExtra&) const = default;
 };
 

@@ -4,6 +4,7 @@
 import json
 import os
 import pathlib
+import re
 import signal
 import sqlite3
 import subprocess
@@ -14,6 +15,7 @@ import unittest
 
 ORVO = str(pathlib.Path(sys.argv[1]).resolve())
 SAMPLES = sorted(str(path) for path in pathlib.Path(sys.argv[2]).resolve().iterdir())
+STORES = pathlib.Path(__file__).resolve().parents[1] / "libraries/quire/stores"
 
 
 def card(name, first="", extra=""):
@@ -409,6 +411,17 @@ class OrvoTest(unittest.TestCase):
         self.orvo("addresses", code=2)
         self.assertIn("newer", self.errors)
         self.assertEqual(self.store.read_bytes(), content)
+
+    def test_a_store_of_version_1_gives_the_files_that_it_gave_then(self):
+        self.store.write_bytes((STORES / "version-1.db").read_bytes())
+        for kind in ("vcf", "ics", "vcs"):
+            path = self.folder / f"exported.{kind}"
+            exported = self.run_orvo("--store", self.store, "export", path, environment={"TZ": "Europe/Berlin"})
+            self.assertEqual((exported.returncode, exported.stderr), (0, b""))
+            # What came from vCalendar gets the time of its export.
+            contents = [re.sub(rb"DTSTAMP:\d{8}T\d{6}Z", b"", file.read_bytes())
+                        for file in (path, STORES / f"version-1.{kind}")]
+            self.assertEqual(*contents)
 
     def test_a_store_that_another_process_writes_is_told(self):
         self.orvo("add", "--name", "Lee")

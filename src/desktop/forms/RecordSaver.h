@@ -44,7 +44,7 @@ public:
     // Reads what a record doesn't hold in memory.
     SaveResult Load() {
         long status = m_record.GetNoteUtf8(m_note);
-        if (status == 0) status = m_record.GetSource(m_source);
+        if (status == 0) status = m_record.GetSourceParts(m_shared, m_source);
         if (status == 0) status = m_record.GetOrigin(m_origin);
         return Result(status);
     }
@@ -77,7 +77,7 @@ public:
     SaveResult SaveAsNew() override {
         Record fresh(m_table);
         long status = fresh.SetArchived(m_record.IsArchived());
-        if (status == 0) status = fresh.SetSource(m_source, m_origin);
+        if (status == 0) status = fresh.SetSource(m_source, m_origin, m_shared);
         for (const Field& field : m_fields) {
             if (status == 0) status = field.write(fresh);
         }
@@ -121,6 +121,7 @@ private:
     Record& m_record;
     bool m_wasDeleted;
     std::string m_note;
+    std::vector<SharedText> m_shared;
     std::string m_source;
     std::string m_origin;
     std::vector<Field> m_fields;

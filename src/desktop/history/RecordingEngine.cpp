@@ -82,7 +82,7 @@ StoreStatus RecordingEngine::Update(TableKind kind, const StoredRow& row, const 
         StoreStatus status = ReadBefore(kind, row.id, before);
         if (status == StoreStatus::Ok) status = m_real.Update(kind, row, extra);
         if (status == StoreStatus::Ok) {
-            const std::string after = ImageOf(kind, row, extra != nullptr ? *extra : before.extra);
+            const RowImage after = ImageOf(kind, row, extra != nullptr ? *extra : before.extra);
             m_changes.AddRow(
                 kind, row.id,
                 {ImageOf(kind, before.row, before.extra), HashOf(after), DeedOf(before.row, row)});

@@ -73,7 +73,7 @@ private:
 }  // namespace
 
 // An engine need not keep what only to-dos have with an address.
-std::string ImageOf(TableKind kind, const StoredRow& row, const RowExtra& extra) {
+RowImage ImageOf(TableKind kind, const StoredRow& row, const RowExtra& extra) {
     const bool isToDo = kind == TableKind::ToDo;
     ImageWriter image;
     image.Add(row.id);
@@ -87,12 +87,12 @@ std::string ImageOf(TableKind kind, const StoredRow& row, const RowExtra& extra)
     image.AddText(extra.note);
     image.AddText(extra.source);
     image.AddText(extra.origin);
-    return image.Take();
+    return {image.Take(), extra.shared};
 }
 
-WholeRow RowOfImage(std::string_view image) {
+WholeRow RowOfImage(const RowImage& image) {
     WholeRow whole;
-    ImageReader reader(image);
+    ImageReader reader(image.bytes);
     reader.Take(whole.row.id);
     reader.Take(whole.row.placement);
     reader.Take(whole.row.category);
@@ -104,15 +104,21 @@ WholeRow RowOfImage(std::string_view image) {
     reader.TakeText(whole.extra.note);
     reader.TakeText(whole.extra.source);
     reader.TakeText(whole.extra.origin);
+    whole.extra.shared = image.shared;
     return whole;
 }
 
-std::uint64_t HashOf(std::string_view image) {
-    return std::hash<std::string_view>()(image);
+std::uint64_t HashOf(const RowImage& image) {
+    constexpr std::uint64_t factor = 0x9E3779B97F4A7C15;  // odd, so that no bit is lost
+    std::uint64_t hash = std::hash<std::string>()(image.bytes);
+    for (const SharedText& text : image.shared) {
+        hash = hash * factor + std::hash<std::string>()(text.Text());
+    }
+    return hash;
 }
 
 StoreStatus ReadImage(StoreEngine& engine, TableKind kind, std::int64_t id,
-                      std::optional<std::string>& image) {
+                      std::optional<RowImage>& image) {
     StoredRow row;
     std::string fields;
     RowExtra extra;

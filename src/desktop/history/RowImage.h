@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <string_view>
+#include <vector>
 
 #include <contracts/StoreEngine.h>
 
@@ -17,16 +17,21 @@ struct WholeRow {
     RowExtra extra;
 };
 
-// One text for each content, so that equal images are equal rows.
-std::string ImageOf(TableKind kind, const StoredRow& row, const RowExtra& extra);
+// A row in as little memory as it takes. Equal images are equal rows.
+struct RowImage {
+    std::string bytes;
+    std::vector<SharedText> shared;  // the same texts as those of other rows
+};
+
+RowImage ImageOf(TableKind kind, const StoredRow& row, const RowExtra& extra);
 // Requires: an image that ImageOf gave.
-WholeRow RowOfImage(std::string_view image);
+WholeRow RowOfImage(const RowImage& image);
 
 // Stands for an image where that itself isn't needed.
-std::uint64_t HashOf(std::string_view image);
+std::uint64_t HashOf(const RowImage& image);
 
 // Reads the image of a stored row; nothing where the store holds no such row, which is Ok here.
 StoreStatus ReadImage(StoreEngine& engine, TableKind kind, std::int64_t id,
-                      std::optional<std::string>& image);
+                      std::optional<RowImage>& image);
 
 }  // namespace orvo::desktop

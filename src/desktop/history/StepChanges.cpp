@@ -5,8 +5,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "RowImage.h"
-
 namespace orvo::desktop {
 namespace {
 

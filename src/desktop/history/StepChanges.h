@@ -12,6 +12,8 @@
 
 #include <contracts/StoreEngine.h>
 
+#include "RowImage.h"
+
 namespace orvo::desktop {
 
 // What was done to a row, as the user would say it.
@@ -19,7 +21,7 @@ enum class Deed { Add, Edit, ChangeCategory, Complete, Reopen, Delete, Undelete,
 
 // By itself, with what the store held before.
 struct RowChange {
-    std::optional<std::string> before;   // an image; nothing where there was no row
+    std::optional<RowImage> before;      // nothing where there was no row
     std::optional<std::uint64_t> after;  // the hash of an image; nothing where there is no row
     Deed deed = Deed::Edit;
 };

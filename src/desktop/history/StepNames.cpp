@@ -138,9 +138,9 @@ std::string NameOfStep(const StepChanges& step) {
     return name.toStdString();
 }
 
-std::string RowIsOtherwise(TableKind kind, const std::optional<std::string>& now,
-                           const std::optional<std::string>& before) {
-    const std::optional<std::string>& known = now ? now : before;
+std::string RowIsOtherwise(TableKind kind, const std::optional<RowImage>& now,
+                           const std::optional<RowImage>& before) {
+    const std::optional<RowImage>& known = now ? now : before;
     const QString name = known ? NameOfRow(kind, RowOfImage(*known)) : QString();
     if (name.isEmpty()) {
         return (now ? Text("Another program has changed an entry of this step. Nothing was "

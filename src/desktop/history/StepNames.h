@@ -14,8 +14,8 @@ std::string NameOfStep(const StepChanges& step);
 
 // That another program has changed a row, of which these are images, or has removed it. The row is
 // named, but never where it is private.
-std::string RowIsOtherwise(TableKind kind, const std::optional<std::string>& now,
-                           const std::optional<std::string>& before);
+std::string RowIsOtherwise(TableKind kind, const std::optional<RowImage>& now,
+                           const std::optional<RowImage>& before);
 // The same of a category or a label.
 std::string TextIsOtherwise(const TextKey& key, const TextChange& change);
 

@@ -19,7 +19,7 @@ public:
         : m_engine(engine), m_inverse(inverse), m_reason(reason) {}
 
     bool RevertRow(TableKind kind, std::int64_t id, const RowChange& change) {
-        std::optional<std::string> now;
+        std::optional<RowImage> now;
         if (!IsDone(ReadImage(m_engine, kind, id, now))) return false;
         if ((now ? std::optional(HashOf(*now)) : std::nullopt) != change.after) {
             m_reason = RowIsOtherwise(kind, now, change.before);
@@ -56,7 +56,7 @@ private:
     }
 
     StoreStatus Write(TableKind kind, std::int64_t id, bool isThere,
-                      const std::optional<std::string>& image) {
+                      const std::optional<RowImage>& image) {
         if (!image) return isThere ? m_engine.Remove(kind, id) : StoreStatus::Ok;
         WholeRow whole = RowOfImage(*image);
         whole.row.fields = whole.fields;

@@ -93,10 +93,25 @@ long CBaseRecord::SetNoteUtf8(std::string_view note) {
 }
 
 long CBaseRecord::GetSource(std::string& source) const {
+    std::vector<SharedText> shared;
+    std::string rest;
+    const long status = GetSourceParts(shared, rest);
+    if (status == kOk) {
+        std::string beginning;
+        for (const SharedText& text : shared) {
+            beginning += text.Text();
+        }
+        source = std::move(rest.insert(0, beginning));
+    }
+    return status;
+}
+
+long CBaseRecord::GetSourceParts(std::vector<SharedText>& shared, std::string& rest) const {
     RowExtra extra;
     const long status = ReadExtra(extra);
     if (status == kOk) {
-        source = std::move(extra.source);
+        shared = std::move(extra.shared);
+        rest = std::move(extra.source);
     }
     return status;
 }
@@ -110,14 +125,16 @@ long CBaseRecord::GetOrigin(std::string& origin) const {
     return status;
 }
 
-long CBaseRecord::SetSource(std::string_view source, std::string_view origin) {
+long CBaseRecord::SetSource(std::string_view rest, std::string_view origin,
+                            const std::vector<SharedText>& shared) {
     if (!IsValidUtf8(origin)) {
         return Refuse("the origin isn't UTF-8");
     }
     return Change(
-        [=](Draft& draft) {
-            draft.extra.source = source;
+        [&](Draft& draft) {
+            draft.extra.source = rest;
             draft.extra.origin = origin;
+            draft.extra.shared = shared;
         },
         Parts::All);
 }
@@ -246,8 +263,8 @@ void CBaseRecord::ChangeNew(const std::function<void(Draft&)>& change, Parts par
     Draft draft;
     ToRow(draft.row);
     draft.fields = std::move(m_fields);
-    if (parts == Parts::All) {
-        ReadExtra(draft.extra);
+    if (parts == Parts::All && m_newExtra) {
+        draft.extra = std::move(*m_newExtra);
     }
     change(draft);
     FromRow(draft.row);

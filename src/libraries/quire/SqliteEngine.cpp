@@ -8,9 +8,11 @@
 #include <libraries/quire/SqliteEngine.h>
 
 #include "RowRules.h"
+#include "SqliteMigration.h"
 #include "SqliteOpen.h"
 #include "SqliteRow.h"
 #include "SqliteSalvage.h"
+#include "SqliteSharedTexts.h"
 #include "SqliteStatements.h"
 
 namespace orvo {
@@ -51,6 +53,7 @@ public:
             const std::string reason = m_engine.LastError();
             Run(m_engine.m_statements->dropPart);
             Run(m_engine.m_statements->keepPart);
+            m_engine.m_sharedTexts->Forget();
             m_engine.Fail(StoreStatus::Failed, reason);
         } else if (m_isOpen) {
             m_engine.Rollback();
@@ -77,7 +80,11 @@ private:
 
 SqliteEngine::SqliteEngine(std::string path) : m_path(std::move(path)) {}
 
-SqliteEngine::~SqliteEngine() = default;
+SqliteEngine::~SqliteEngine() {
+    if (m_sharedTexts && !m_inTransaction) {
+        RemoveOldCopy(*m_file);
+    }
+}
 
 std::unique_ptr<SqliteEngine> SqliteEngine::Open(const std::string& path, std::string& error) {
     std::unique_ptr<SqliteEngine> engine(new SqliteEngine(path));
@@ -91,6 +98,7 @@ std::unique_ptr<SqliteEngine> SqliteEngine::Open(const std::string& path, std::s
         error = DamageError(path, engine->m_file->Reason(result));
         return nullptr;
     }
+    engine->m_sharedTexts = std::make_unique<SqliteSharedTexts>(*engine->m_statements);
     return engine;
 }
 
@@ -118,6 +126,11 @@ StoreStatus SqliteEngine::Read(TableKind kind, std::int64_t id, StoredRow& row,
 }
 
 StoreStatus SqliteEngine::ReadExtra(TableKind kind, std::int64_t id, RowExtra& extra) {
+    if (m_file->IsOlder()) {
+        if (const int result = FollowMigration(*m_file); result != SQLITE_OK) {
+            return Result(result);
+        }
+    }
     SqliteStatement& statement = m_statements->Of(kind).readExtra;
     const SqliteRun run(statement);
     statement.Bind(1, id);
@@ -125,9 +138,15 @@ StoreStatus SqliteEngine::ReadExtra(TableKind kind, std::int64_t id, RowExtra& e
     if (result != SQLITE_ROW) {
         return result == SQLITE_DONE ? Gone(kind, id) : Result(result);
     }
+    // The statement is still running, so that both read the store as it is at one moment.
+    std::vector<SharedText> shared;
+    if (const StoreStatus status = ReadShared(kind, id, shared); status != StoreStatus::Ok) {
+        return status;
+    }
     extra.note = statement.Bytes(0);
     extra.source = statement.Bytes(1);
     extra.origin = statement.Bytes(2);
+    extra.shared = std::move(shared);
     return StoreStatus::Ok;
 }
 
@@ -171,6 +190,9 @@ StoreStatus SqliteEngine::Update(TableKind kind, const StoredRow& row, const Row
     }
     if (status == StoreStatus::Ok && extra != nullptr) {
         status = WriteExtra(kind, row.id, *extra);
+    }
+    if (status == StoreStatus::Ok && extra != nullptr) {
+        status = CutShared(kind, row.id, extra->shared.size());
     }
     return status == StoreStatus::Ok ? unit.Keep() : status;
 }
@@ -314,6 +336,7 @@ void SqliteEngine::Rollback() {
     for (Ids& ids : m_ids) {
         ids.dropped = true;
     }
+    m_sharedTexts->Forget();
     ++m_changes;
 }
 
@@ -437,6 +460,9 @@ StoreStatus SqliteEngine::UpdateRow(TableKind kind, const StoredRow& row) {
 }
 
 StoreStatus SqliteEngine::WriteExtra(TableKind kind, std::int64_t id, const RowExtra& extra) {
+    if (const StoreStatus status = WriteShared(kind, id, extra.shared); status != StoreStatus::Ok) {
+        return status;
+    }
     SqliteTableStatements& statements = m_statements->Of(kind);
     const bool isEmpty = extra == RowExtra();
     SqliteStatement& statement = isEmpty ? statements.removeExtra : statements.writeExtra;
@@ -448,6 +474,49 @@ StoreStatus SqliteEngine::WriteExtra(TableKind kind, std::int64_t id, const RowE
         statement.BindText(4, extra.origin);
     }
     return Result(statement.Step());
+}
+
+StoreStatus SqliteEngine::ReadShared(TableKind kind, std::int64_t id,
+                                     std::vector<SharedText>& shared) {
+    SqliteStatement& statement = m_statements->Of(kind).readShared;
+    const SqliteRun run(statement);
+    statement.Bind(1, id);
+    int step = SQLITE_ROW;
+    while ((step = statement.Step()) == SQLITE_ROW) {
+        const int result = m_sharedTexts->Read(statement.Integer(0), shared);
+        if (result != SQLITE_ROW) {
+            return result == SQLITE_DONE ? Damaged(kind, id) : Result(result);
+        }
+    }
+    return Result(step);
+}
+
+StoreStatus SqliteEngine::WriteShared(TableKind kind, std::int64_t id,
+                                      const std::vector<SharedText>& shared) {
+    SqliteTableStatements& statements = m_statements->Of(kind);
+    std::int64_t place = 0;
+    for (const SharedText& text : shared) {
+        std::int64_t number = 0;
+        if (const StoreStatus status = Result(m_sharedTexts->Keep(text, number));
+            status != StoreStatus::Ok) {
+            return status;
+        }
+        const SqliteRun run(statements.writeShared);
+        run->Bind(1, id);
+        run->Bind(2, place++);
+        run->Bind(3, number);
+        if (const StoreStatus status = Result(run->Step()); status != StoreStatus::Ok) {
+            return status;
+        }
+    }
+    return StoreStatus::Ok;
+}
+
+StoreStatus SqliteEngine::CutShared(TableKind kind, std::int64_t id, std::size_t count) {
+    const SqliteRun run(m_statements->Of(kind).cutShared);
+    run->Bind(1, id);
+    run->Bind(2, static_cast<std::int64_t>(count));
+    return Result(run->Step());
 }
 
 bool SqliteEngine::ChangedNothing() const {

@@ -9,6 +9,7 @@
 namespace orvo {
 
 class SqliteFile;
+class SqliteSharedTexts;
 class SqliteStatement;
 struct SalvagedEntry;
 struct SqliteStatements;
@@ -76,11 +77,16 @@ private:
     StoreStatus InsertRow(TableKind kind, const StoredRow& row, std::int64_t& id);
     StoreStatus UpdateRow(TableKind kind, const StoredRow& row);
     StoreStatus WriteExtra(TableKind kind, std::int64_t id, const RowExtra& extra);
+    StoreStatus ReadShared(TableKind kind, std::int64_t id, std::vector<SharedText>& shared);
+    StoreStatus WriteShared(TableKind kind, std::int64_t id, const std::vector<SharedText>& shared);
+    // Takes away what the row has beyond so many shared texts.
+    StoreStatus CutShared(TableKind kind, std::int64_t id, std::size_t count);
     bool ChangedNothing() const;
 
     std::string m_path;
     std::unique_ptr<SqliteFile> m_file;
     std::unique_ptr<SqliteStatements> m_statements;
+    std::unique_ptr<SqliteSharedTexts> m_sharedTexts;
     std::array<Ids, 2> m_ids;
     bool m_inTransaction = false;
     bool m_lost = false;  // SQLite itself has dropped the open transaction

@@ -86,6 +86,10 @@ public:
     const std::string& WhyReadOnly() const { return m_whyReadOnly; }
     void SetWhyReadOnly(std::string reason) { m_whyReadOnly = std::move(reason); }
 
+    // True for a store of an older version that is read as it is.
+    bool IsOlder() const { return m_isOlder; }
+    void SetOlder(bool isOlder) { m_isOlder = isOlder; }
+
     // True for a result that tells that a file found no room to grow.
     bool LacksRoom(int result) const;
 
@@ -99,6 +103,7 @@ private:
     };
     std::unique_ptr<sqlite3, Close> m_database;
     std::string m_whyReadOnly;
+    bool m_isOlder = false;
 };
 
 }  // namespace orvo

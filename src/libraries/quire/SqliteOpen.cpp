@@ -17,12 +17,15 @@
 
 #include "SqliteSalvage.h"
 
+#include "SqliteMigration.h"
+
 namespace orvo {
 
 namespace {
 
 constexpr std::int64_t kApplicationId = 0x4F52564F;  // "ORVO"
-constexpr std::int64_t kVersion = 1;
+constexpr std::int64_t kOldestVersion = 1;
+constexpr std::int64_t kVersion = 2;
 
 constexpr std::string_view kMagic{"SQLite format 3\0", 16};
 constexpr std::size_t kHeaderSize = 100;
@@ -85,11 +88,12 @@ struct Marks {
 };
 
 bool IsStore(const Marks& marks) {
-    return marks.applicationId == kApplicationId && marks.version == kVersion;
+    return marks.applicationId == kApplicationId && marks.version >= kOldestVersion &&
+           marks.version <= kVersion;
 }
 
 std::string Refusal(const std::string& path, const Marks& marks) {
-    if (marks.applicationId != kApplicationId || marks.version < kVersion) {
+    if (marks.applicationId != kApplicationId || marks.version < kOldestVersion) {
         return path + ": is not an Orvo store";
     }
     return fmt::format(
@@ -200,6 +204,9 @@ int CreateStore(SqliteFile& file, Marks& marks) {
                                   kSchema, kApplicationId, kVersion)
                           .c_str());
     if (result == SQLITE_OK) {
+        result = MakeSharedTables(file);
+    }
+    if (result == SQLITE_OK) {
         result = WriteDefaultTexts(file);
     }
     return result == SQLITE_OK ? file.Run("COMMIT") : result;
@@ -217,6 +224,19 @@ int UseWal(SqliteFile& file) {
     return result;
 }
 
+// Brings a store of an older version to this one. Where that can't be done it is read as it is.
+int TakeOlderVersion(SqliteFile& file, bool isReadOnly) {
+    std::string reason;
+    const int result = isReadOnly ? SQLITE_READONLY : MigrateToVersion2(file, reason);
+    if (result == SQLITE_OK || (result & 0xFF) == SQLITE_BUSY) {
+        return result;
+    }
+    if (!isReadOnly) {
+        file.SetWhyReadOnly("is of an older version, and " + reason);
+    }
+    return ReadAsVersion2(file);
+}
+
 // Brings an open file to where it can be worked with; `marks` tell what it is.
 int SetUp(SqliteFile& file, Marks& marks) {
     sqlite3_busy_timeout(file.Handle(), kBusyTimeout);
@@ -230,7 +250,11 @@ int SetUp(SqliteFile& file, Marks& marks) {
     }
     result = file.Run(kSettings);
     const bool isReadOnly = sqlite3_db_readonly(file.Handle(), "main") != 0;
-    return result == SQLITE_OK && !isReadOnly ? UseWal(file) : result;
+    if (result == SQLITE_OK && !isReadOnly) {
+        result = UseWal(file);
+    }
+    return result == SQLITE_OK && marks.version < kVersion ? TakeOlderVersion(file, isReadOnly)
+                                                           : result;
 }
 
 int OpenFile(const std::string& name, int flags, SqliteFile& file, Marks& marks) {

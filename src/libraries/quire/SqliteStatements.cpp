@@ -60,6 +60,11 @@ int PrepareTable(SqliteFile& file, TableKind kind, SqliteTableStatements& table)
                                      "VALUES (?1, ?2, ?3, ?4) ON CONFLICT (id) "
                                      "DO UPDATE SET note = ?2, source = ?3, origin = ?4")},
             {&table.removeExtra, make("DELETE FROM {t}_extra WHERE id = ?1")},
+            {&table.readShared, make("SELECT shared FROM {t}_shared WHERE id = ?1 ORDER BY place")},
+            {&table.writeShared, make("INSERT INTO {t}_shared (id, place, shared) "
+                                      "VALUES (?1, ?2, ?3) ON CONFLICT (id, place) "
+                                      "DO UPDATE SET shared = ?3 WHERE shared <> ?3")},
+            {&table.cutShared, make("DELETE FROM {t}_shared WHERE id = ?1 AND place >= ?2")},
             {&table.count, make("SELECT count(*) FROM {t} WHERE (flags & 4) = 0")},
             {&table.lastId, make("SELECT seq FROM sqlite_sequence WHERE name = '{t}'")},
         });
@@ -94,6 +99,10 @@ int SqliteStatements::Prepare(SqliteFile& file) {
                    "VALUES (?1, ?2, ?3, ?4) ON CONFLICT DO UPDATE SET value = ?4"},
                   {&removeText,
                    "DELETE FROM text WHERE table_kind = ?1 AND text_kind = ?2 AND number = ?3"},
+                  {&readSharedText, "SELECT bytes FROM shared WHERE id = ?1"},
+                  {&hasSharedText, "SELECT 1 FROM shared WHERE id = ?1"},
+                  {&findSharedText, "SELECT id FROM shared WHERE bytes = ?1"},
+                  {&addSharedText, "INSERT INTO shared (bytes) VALUES (?1) RETURNING id"},
                   {&begin, "BEGIN IMMEDIATE"},
                   {&commit, "COMMIT"},
                   {&rollback, "ROLLBACK"},

@@ -28,6 +28,9 @@ struct SqliteTableStatements {
     SqliteStatement remove;
     SqliteStatement writeExtra;  // id, note, source, origin
     SqliteStatement removeExtra;
+    SqliteStatement readShared;   // the numbers of a row's shared texts, in order
+    SqliteStatement writeShared;  // id, place, number
+    SqliteStatement cutShared;    // id, the place from which on they go
     SqliteStatement count;
     SqliteStatement lastId;
 };
@@ -38,6 +41,10 @@ struct SqliteStatements {
     SqliteStatement readText;
     SqliteStatement writeText;
     SqliteStatement removeText;
+    SqliteStatement readSharedText;
+    SqliteStatement hasSharedText;
+    SqliteStatement findSharedText;
+    SqliteStatement addSharedText;
     SqliteStatement begin;
     SqliteStatement commit;
     SqliteStatement rollback;

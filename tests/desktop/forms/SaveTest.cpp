@@ -14,7 +14,7 @@ class SaveTest : public testing::Test, protected FormStore {
 protected:
     SaveTest() {
         record.SetUtf8(AddressField::Name, "Ann");
-        record.SetSource("as imported", "from");
+        record.SetSource("imported", "from", {SharedText("as ")});
         own.addresses.Add(record);
         other.addresses.Find(record.GetId(), theirs);
     }

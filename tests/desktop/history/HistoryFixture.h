@@ -33,13 +33,15 @@ inline void ReadRows(StoreEngine& engine, TableKind kind, StoreCursor& cursor,
         RowExtra extra;
         if (cursor.Next(row) != StoreStatus::Ok) return;
         EXPECT_EQ(engine.ReadExtra(kind, row.id, extra), StoreStatus::Ok);
+        std::string shared;
+        for (const SharedText& text : extra.shared) shared += text.Text() + ";";
         const bool isNew =
             content
                 .emplace(
                     fmt::format("{} {}", kind == TableKind::ToDo ? "to-do" : "address", row.id),
-                    fmt::format("{}|{}|{}|{}|{}|{}|{}|{}|{}|{}", row.placement, row.category,
+                    fmt::format("{}|{}|{}|{}|{}|{}|{}|{}|{}|{}|{}", row.placement, row.category,
                                 row.flags, row.priority, LineOf(row.due), LineOf(row.completed),
-                                row.fields, extra.note, extra.source, extra.origin))
+                                row.fields, extra.note, extra.source, extra.origin, shared))
                 .second;
         EXPECT_TRUE(isNew) << row.id;
     }

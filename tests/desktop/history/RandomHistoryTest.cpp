@@ -34,7 +34,7 @@ protected:
         CAddressRecord record(this->addresses);
         record.SetUtf8(AddressField::Name, RandomText());
         record.SetNoteUtf8(RandomText());
-        record.SetSource(RandomText(), RandomText());
+        record.SetSource(RandomText(), RandomText(), {SharedText(RandomText())});
         EXPECT_EQ(this->addresses.Add(record), 0);
     }
 
@@ -56,7 +56,8 @@ protected:
                 EXPECT_EQ(record.SetNoteUtf8(RandomText()), 0);
                 break;
             case 5:
-                EXPECT_EQ(record.SetSource(RandomText(), RandomText()), 0);
+                EXPECT_EQ(record.SetSource(RandomText(), RandomText(), {SharedText(RandomText())}),
+                          0);
                 break;
             case 6:
                 EXPECT_EQ(table.Delete(record), 0);

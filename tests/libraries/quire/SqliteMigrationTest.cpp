@@ -1,0 +1,253 @@
+// Tests of bringing a store of version 1, which a program of that time made, to version 2.
+// SPDX-License-Identifier: MIT
+#include <filesystem>
+#include <map>
+#include <signal.h>
+#include <string>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <vector>
+
+#include <fmt/format.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <contract/StoreFolder.h>
+#include <support/ChildProcess.h>
+
+#include "RawStore.h"
+
+namespace orvo {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+namespace {
+
+constexpr const char* kCopy = "test.orvo.version-1";
+
+std::string Hex(std::string_view bytes) {
+    std::string text;
+    for (const char byte : bytes) text += fmt::format("{:02X}", static_cast<unsigned char>(byte));
+    return text;
+}
+
+// Every row of a store with its whole source, one a line.
+std::string ContentOf(StoreEngine& engine) {
+    std::string content;
+    for (const TableKind kind : {TableKind::Address, TableKind::ToDo}) {
+        std::map<std::int64_t, std::string> lines;
+        for (const auto& cursor : {engine.Walk(kind), engine.WalkDeleted(kind)}) {
+            StoredRow row;
+            while (cursor->Next(row) == StoreStatus::Ok) {
+                RowExtra extra;
+                EXPECT_EQ(engine.ReadExtra(kind, row.id, extra), StoreStatus::Ok);
+                std::string source;
+                for (const SharedText& text : extra.shared) source += text.Text();
+                source += extra.source;
+                lines[row.id] = fmt::format("{}|{}|{}|{}|{}|{}|{}|{}\n", row.id, row.placement,
+                                            row.category, row.flags, Hex(row.fields),
+                                            Hex(extra.note), Hex(source), extra.origin);
+            }
+        }
+        for (const auto& [id, line] : lines) content += line;
+    }
+    return content;
+}
+
+std::string ContentOfVersion1(const std::string& path) {
+    RawStore store(path);
+    const auto table = [&](const char* name) {
+        return store.Run(fmt::format(
+            "SELECT group_concat(format('%d|%d|%d|%d|%s|%s|%s|%s', id, ifnull(placement, id), "
+            "category, flags, hex(fields), hex(note), hex(source), origin) || char(10), '') FROM "
+            "(SELECT * FROM {0} LEFT JOIN {0}_extra USING (id) ORDER BY id)",
+            name));
+    };
+    return table("address") + table("todo");
+}
+
+class SqliteMigration : public testing::Test {
+protected:
+    SqliteMigration() { std::filesystem::copy_file(ORVO_VERSION_1_STORE, folder.Path()); }
+
+    std::string Content() const {
+        const auto engine = folder.Open();
+        return engine ? ContentOf(*engine) : "";
+    }
+
+    const StoreFolder folder;
+    const std::string old = ContentOfVersion1(ORVO_VERSION_1_STORE);
+};
+
+// What no file of a process may grow beyond; where it does, the process ends or the write fails.
+void LimitFiles(rlim_t bytes, bool isFatal) {
+    signal(SIGXFSZ, isFatal ? SIG_DFL : SIG_IGN);
+    const rlimit limit{bytes, bytes};
+    const rlimit noCore{0, 0};
+    setrlimit(RLIMIT_CORE, &noCore);
+    EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+}
+
+}  // namespace
+
+TEST_F(SqliteMigration, EveryRecordIsAsItWasAndEachZoneIsThereOnce) {
+    {
+        const auto engine = folder.Open();
+        EXPECT_EQ(ContentOf(*engine), old);
+        EXPECT_EQ(ContentOfVersion1(folder.Path(kCopy)), old);
+        struct stat copy {};
+        ASSERT_EQ(stat(folder.Path(kCopy).c_str(), &copy), 0);
+        EXPECT_EQ(copy.st_mode & 0777u, 0600u);
+    }
+    EXPECT_THAT(folder.Names(), ElementsAre("test.orvo")) << "the copy goes with a clean close";
+    RawStore raw(folder.Path());
+    EXPECT_EQ(raw.Run("PRAGMA user_version"), "2");
+    EXPECT_EQ(raw.Run("PRAGMA integrity_check"), "ok");
+    EXPECT_EQ(raw.Run("SELECT count(*) FROM pragma_foreign_key_check"), "0");
+    EXPECT_EQ(raw.Run("SELECT count(*) FROM todo_extra WHERE source LIKE '%VTIMEZONE%'"), "0");
+    EXPECT_EQ(raw.Run("SELECT count(*) FROM shared WHERE CAST(bytes AS TEXT) LIKE '%TZID:%'"), "2");
+    EXPECT_EQ(Content(), old);
+}
+
+TEST_F(SqliteMigration, WhereverItEndsOrTheDiskIsFullNothingIsLost) {
+    const auto size = static_cast<rlim_t>(std::filesystem::file_size(folder.Path()));
+    int read = 0;
+    int migrated = 0;
+    for (const bool isFatal : {true, false}) {
+        for (rlim_t limit = 0; limit < 3 * size; limit += 4096 * 3) {
+            SCOPED_TRACE(fmt::format("{} at {}", isFatal ? "killed" : "no room", limit));
+            std::filesystem::copy_file(ORVO_VERSION_1_STORE, folder.Path(),
+                                       std::filesystem::copy_options::overwrite_existing);
+            ChildProcess opener([&](const Line&) {
+                LimitFiles(limit, isFatal);
+                std::string error;
+                const auto engine = SqliteEngine::Open(folder.Path(), error);
+                if (!engine || ContentOf(*engine) != old) return 1;
+                const bool isMigrated =
+                    engine->WriteText(TableKind::Address, StoreEngine::TextKind::Category, 15,
+                                      "new") == StoreStatus::Ok;
+                return isMigrated ? 3 : 2;
+            });
+            const int result = opener.Wait();
+            EXPECT_NE(result, 1);
+            read += result == 2 ? 1 : 0;
+            migrated += result == 3 ? 1 : 0;
+            EXPECT_EQ(Content(), old);
+            EXPECT_THAT(folder.Names(), ElementsAre("test.orvo"));
+        }
+    }
+    EXPECT_GT(read, 3);
+    EXPECT_GT(migrated, 3);
+}
+
+TEST_F(SqliteMigration, AStoreThatCantBeCopiedOrWrittenIsReadAsItIs) {
+    const std::string before = folder.Read();
+    std::filesystem::create_directory(folder.Path(kCopy + std::string(".part")));
+    {
+        const auto engine = folder.Open();
+        EXPECT_EQ(ContentOf(*engine), old);
+        StoredRow row;
+        EXPECT_EQ(engine->Insert(TableKind::ToDo, row, {}), StoreStatus::Failed);
+        EXPECT_EQ(engine->LastError(),
+                  fmt::format("{0}: is of an older version, and a copy of it can't be kept as "
+                              "{0}.version-1: File exists",
+                              folder.Path()));
+    }
+    EXPECT_TRUE(folder.Read() == before);
+    std::filesystem::remove(folder.Path(kCopy + std::string(".part")));
+    ASSERT_EQ(chmod(folder.Path().c_str(), 0444), 0);
+    ASSERT_EQ(chmod(folder.Path(".").c_str(), 0777), 0);
+    ChildProcess reader([&](const Line&) {
+        constexpr uid_t kNobody = 65534;
+        EXPECT_TRUE(geteuid() != 0 || setuid(kNobody) == 0);
+        const auto engine = folder.Open();
+        EXPECT_EQ(ContentOf(*engine), old);
+        StoredRow row;
+        EXPECT_EQ(engine->Insert(TableKind::ToDo, row, {}), StoreStatus::Failed);
+        EXPECT_THAT(engine->LastError(), HasSubstr("attempt to write a readonly database"));
+        return testing::Test::HasFailure() ? 1 : 0;
+    });
+    EXPECT_EQ(reader.Wait(), 0);
+    EXPECT_TRUE(folder.Read() == before);
+}
+
+TEST_F(SqliteMigration, WhoReadsAnOldStoreGoesOnOnceAnotherProgramHasMigratedIt) {
+    const std::string obstacle = folder.Path(kCopy + std::string(".part"));
+    std::filesystem::create_directory(obstacle);
+    const auto reader = folder.Open();
+    EXPECT_EQ(ContentOf(*reader), old);
+    std::filesystem::remove(obstacle);
+
+    EXPECT_EQ(Content(), old);
+
+    EXPECT_EQ(ContentOf(*reader), old);
+    StoredRow row;
+    EXPECT_EQ(reader->Insert(TableKind::ToDo, row, {"", "", "", {SharedText("a")}}),
+              StoreStatus::Ok);
+}
+
+TEST_F(SqliteMigration, OfProcessesThatOpenAStoreAtOnceOneMigratesAndTheOthersWait) {
+    std::vector<std::unique_ptr<ChildProcess>> openers;
+    for (int i = 0; i < 6; ++i) {
+        openers.push_back(std::make_unique<ChildProcess>([&](const Line& parent) {
+            parent.Tell();
+            parent.Await();
+            std::string error;
+            const auto engine = SqliteEngine::Open(folder.Path(), error);
+            return engine && ContentOf(*engine) == old ? 0 : 1;
+        }));
+    }
+    for (const auto& opener : openers) ASSERT_TRUE(opener->Await());
+    for (const auto& opener : openers) opener->Tell();
+    for (const auto& opener : openers) EXPECT_EQ(opener->Wait(), 0);
+    EXPECT_EQ(RawStore(folder.Path())
+                  .Run("SELECT count(*) FROM shared WHERE CAST(bytes AS TEXT) "
+                       "LIKE '%TZID:%'"),
+              "2");
+}
+
+TEST_F(SqliteMigration, ASourceIsCutOnlyWhereAnImportPutItTogether) {
+    const std::string zone = "BEGIN:VTIMEZONE\nTZID:A\nEND:VTIMEZONE\n";
+    const std::string todo = "BEGIN:VTODO\nSUMMARY:a\nEND:VTODO\n";
+    struct Row {
+        const char* why;
+        std::string source;
+        std::size_t shared;
+    };
+    const Row rows[] = {
+        {"no zone", todo, 0},
+        {"two zones", zone + zone + todo, 2},
+        {"small letters", "begin:vtimezone\rend:vtimezone\rbegin:vtodo\rend:vtodo\r", 1},
+        {"an old calendar", "BEGIN:VCALENDAR\r\nVERSION:1.0\r\nTZ:+01\r\n" + zone + todo, 2},
+        {"no to-do", zone, 0},
+        {"an end that goes on", "BEGIN:VTIMEZONE\nEND:VTIMEZONE\n X\nEND:VTIMEZONE\n" + todo, 0},
+        {"a zone that doesn't end", "BEGIN:VTIMEZONE\n" + todo, 0},
+        {"an end without a zone", "END:VTIMEZONE\n" + todo, 0},
+        {"any bytes", std::string("\0\xFF\n", 3) + todo, 1},
+        {"nothing", "", 0},
+    };
+    {
+        RawStore raw(folder.Path());
+        raw.Run("DELETE FROM todo_extra; DELETE FROM todo");
+        for (std::size_t i = 0; i < std::size(rows); ++i) {
+            raw.Run(
+                fmt::format("INSERT INTO todo VALUES ({0}, NULL, 0, 0, X'', 3, NULL, NULL);"
+                            "INSERT INTO todo_extra VALUES ({0}, '', X'{1}', '')",
+                            i + 1, Hex(rows[i].source)));
+        }
+    }
+    const auto engine = folder.Open();
+    for (std::size_t i = 0; i < std::size(rows); ++i) {
+        RowExtra extra;
+        ASSERT_EQ(engine->ReadExtra(TableKind::ToDo, static_cast<std::int64_t>(i) + 1, extra),
+                  StoreStatus::Ok);
+        std::string source;
+        for (const SharedText& text : extra.shared) source += text.Text();
+        EXPECT_EQ(source + extra.source, rows[i].source) << rows[i].why;
+        EXPECT_EQ(extra.shared.size(), rows[i].shared) << rows[i].why;
+    }
+}
+
+}  // namespace orvo
