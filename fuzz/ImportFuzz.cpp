@@ -52,11 +52,11 @@ void CheckToDos(Tables& tables) {
     CToDoRecord record(tables.toDos);
     CToDoIterator iterator(tables.toDos);
     for (long s = iterator.FindFirst(record); s == 0; s = iterator.FindNext(record)) {
-        std::string text;
-        record.GetSource(text);
-        EntryReader reader(text);
+        ToDoParts parts;
+        record.GetSourceParts(parts.shared, parts.rest);
+        EntryReader reader(parts.rest);
         ToDoSource source;
-        Require(ReadToDoSource(text, reader, source));
+        Require(ReadToDoSource(parts, reader, source));
         ToDoWriter writer(tables.toDos, source.dialect);
         Require(writer.Write(record).toDo == source.toDo.source);
 

@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <array>
+#include <map>
 #include <vector>
 
 #include <libical/ical.h>
 
 #include <exchange/CalendarClock.h>
-#include <exchange/EntryReader.h>
 #include <platform/time/TimeZone.h>
 
 namespace orvo {
@@ -16,7 +16,9 @@ namespace {
 constexpr std::size_t kLongestDate = 40;
 constexpr std::size_t kLongestZoneName = 255;
 constexpr std::size_t kLargestZone = 1u << 16;
-constexpr std::size_t kKnownCalendars = 500;
+// How much text of zones is remembered, and how much of it worked out.
+constexpr std::size_t kKnownText = 8u << 20;
+constexpr std::size_t kWorkedOutText = 1u << 18;
 // Beyond them no record takes a date, whatever the zone.
 constexpr int kFirstYear = 1969;
 constexpr int kLastYear = 2039;
@@ -98,6 +100,15 @@ std::optional<int> ParseOffset(std::string_view value) {
     return isWest ? -offset : offset;
 }
 
+std::optional<int> OffsetOf(std::string_view opening) {
+    ContentLineReader reader(opening);
+    ContentLine line;
+    while (reader.Next(line)) {
+        if (EqualsIgnoringCase(line.name, "TZ")) return ParseOffset(line.value);
+    }
+    return std::nullopt;
+}
+
 // vCalendar also writes "1996-04-15T08:30:00".
 icaltimetype ParseTime(std::string_view value) {
     std::string text(Trimmed(value));
@@ -110,20 +121,101 @@ icaltimetype ParseTime(std::string_view value) {
 
 }  // namespace
 
+bool IsZone(std::string_view text) {
+    ContentLineReader reader(text);
+    ContentLine line;
+    return reader.Next(line) && EqualsIgnoringCase(line.name, "BEGIN") &&
+           EqualsIgnoringCase(Trimmed(line.value), "VTIMEZONE");
+}
+
+std::string ZoneNameOf(std::string_view zone) {
+    ContentLineReader reader(zone);
+    ContentLine line;
+    while (reader.Next(line)) {
+        if (EqualsIgnoringCase(line.name, "TZID")) return std::string(Trimmed(line.value));
+    }
+    return {};
+}
+
+// Working a zone out takes hundreds of times as long as reading a to-do, and a hundred times its
+// memory, so that only those are worked out that a date asks for.
 struct CalendarClock::Zones {
-    explicit Zones(std::string_view timeZones);
+    struct Known {
+        SharedText text;
+        std::string name;           // of a zone
+        std::optional<int> offset;  // of an opening: seconds east of UTC
+    };
 
-    Component calendar{icalcomponent_new(ICAL_VCALENDAR_COMPONENT)};
-    std::optional<int> offset;  // seconds east of UTC, of times that name no zone
+    void Set(const std::vector<SharedText>& timeZones) {
+        if (knownText > kKnownText) {
+            known.clear();
+            knownText = 0;
+        }
+        own.clear();
+        offset.reset();
+        for (const SharedText& text : timeZones) {
+            const auto place = known.find(&text.Text());
+            const Known& zone = place != known.end() ? place->second : Learn(text);
+            if (!offset) offset = zone.offset;
+            if (!zone.name.empty()) own.push_back(&zone);
+        }
+    }
 
-    icaltimezone* Find(const std::string& name) const {
+    icaltimezone* Find(const std::string& name) {
         if (name.empty() || name.size() > kLongestZoneName) return nullptr;
-        icaltimezone* zone = icalcomponent_get_timezone(calendar.get(), name.c_str());
+        icaltimezone* zone = FindOwn(name);
         if (!zone) zone = icaltimezone_get_builtin_timezone(name.c_str());
         return zone ? zone : icaltimezone_get_builtin_timezone_from_tzid(name.c_str());
     }
 
-    CalendarDate DateOf(const icaltimetype& time, const std::string& zoneName) const {
+    std::optional<int> offset;  // of times that name no zone
+
+private:
+    const Known& Learn(const SharedText& text) {
+        Known zone{text, {}, {}};
+        if (IsZone(text.Text())) {
+            zone.name = ZoneNameOf(text.Text());
+        } else {
+            zone.offset = OffsetOf(text.Text());
+        }
+        knownText += text.Text().size();
+        return known.emplace(&text.Text(), std::move(zone)).first->second;
+    }
+
+    icaltimezone* FindOwn(const std::string& name) {
+        const auto place = std::find_if(own.begin(), own.end(),
+                                        [&](const Known* zone) { return zone->name == name; });
+        if (place == own.end()) return nullptr;
+        const std::string& text = (*place)->text.Text();
+        const auto found = workedOut.find(&text);
+        const Component& calendar = found != workedOut.end() ? found->second : WorkOut(text);
+        return icalcomponent_get_timezone(calendar.get(), name.c_str());
+    }
+
+    const Component& WorkOut(const std::string& text) {
+        if (workedOutText > kWorkedOutText) {
+            workedOut.clear();
+            workedOutText = 0;
+        }
+        Component calendar(icalcomponent_new(ICAL_VCALENDAR_COMPONENT));
+        if (IsUsualZone(text)) {
+            Component zone(icalparser_parse_string(text.c_str()));
+            if (zone && icalcomponent_isa(zone.get()) == ICAL_VTIMEZONE_COMPONENT) {
+                icalcomponent_add_component(calendar.get(), zone.release());
+            }
+        }
+        workedOutText += text.size();
+        return workedOut.emplace(&text, std::move(calendar)).first->second;
+    }
+
+    std::map<const std::string*, Known> known;
+    std::vector<const Known*> own;  // of the calendar
+    std::map<const std::string*, Component> workedOut;
+    std::size_t knownText = 0;
+    std::size_t workedOutText = 0;
+
+public:
+    CalendarDate DateOf(const icaltimetype& time, const std::string& zoneName) {
         CalendarDate date;
         const CivilTime civil{time.year, time.month, time.day, time.hour, time.minute, time.second};
         icaltimezone* const zone = time.is_date ? nullptr : Find(zoneName);
@@ -146,38 +238,14 @@ struct CalendarClock::Zones {
     }
 };
 
-CalendarClock::CalendarClock() {
+CalendarClock::CalendarClock() : m_zones(std::make_unique<Zones>()) {
     icalerror_set_errors_are_fatal(false);
-    SetZones({});
 }
 
 CalendarClock::~CalendarClock() = default;
 
-// Working a zone out takes hundreds of times as long as reading a to-do.
-void CalendarClock::SetZones(std::string_view timeZones) {
-    if (m_known.size() > kKnownCalendars) m_known.clear();
-    std::unique_ptr<Zones>& known = m_known[std::string(timeZones)];
-    if (!known) known = std::make_unique<Zones>(timeZones);
-    m_zones = known.get();
-}
-
-CalendarClock::Zones::Zones(std::string_view timeZones) {
-    EntryReader reader(timeZones);
-    Entry entry;
-    while (reader.Next(entry)) {
-        for (const ContentLine& line : entry.lines) {
-            const bool isOffset =
-                entry.kind == EntryKind::Stray && EqualsIgnoringCase(line.name, "TZ");
-            if (isOffset && !offset) offset = ParseOffset(line.value);
-        }
-        if (entry.kind != EntryKind::TimeZone || !entry.complete || !IsUsualZone(entry.source)) {
-            continue;
-        }
-        Component zone(icalparser_parse_string(std::string(entry.source).c_str()));
-        if (zone && icalcomponent_isa(zone.get()) == ICAL_VTIMEZONE_COMPONENT) {
-            icalcomponent_add_component(calendar.get(), zone.release());
-        }
-    }
+void CalendarClock::SetZones(const std::vector<SharedText>& timeZones) {
+    m_zones->Set(timeZones);
 }
 
 std::optional<CalendarDate> CalendarClock::Read(const ContentLine& line) {

@@ -3,12 +3,13 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include <contracts/StoreEngine.h>
 #include <exchange/ContentLine.h>
 
 namespace orvo {
@@ -27,9 +28,9 @@ public:
     CalendarClock();
     ~CalendarClock();
 
-    // Sets the calendar's own zones: the text of its VTIMEZONE components, before which a TZ line
-    // of vCalendar may stand, which tells the zone of the times that name none.
-    void SetZones(std::string_view timeZones);
+    // Sets the calendar's own zones: texts of VTIMEZONE components, and the opening of a calendar
+    // of vCalendar, whose TZ line tells the zone of the times that name none.
+    void SetZones(const std::vector<SharedText>& timeZones);
 
     // Nothing where the line isn't a date that is there, or where its year is far outside of the
     // dates that a record takes.
@@ -42,8 +43,11 @@ public:
 
 private:
     struct Zones;
-    std::map<std::string, std::unique_ptr<Zones>> m_known;  // by the text of the zones
-    Zones* m_zones = nullptr;
+    std::unique_ptr<Zones> m_zones;
 };
+
+// True for the text of a VTIMEZONE component; its TZID.
+bool IsZone(std::string_view text);
+std::string ZoneNameOf(std::string_view zone);
 
 }  // namespace orvo

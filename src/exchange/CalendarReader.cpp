@@ -38,24 +38,6 @@ CalendarReader::CalendarReader(CToDoTable& table, ImportReport& report,
       m_categories(*table.GetCategoryManager()),
       m_fileCharset(fileCharset) {}
 
-std::string_view ZoneNameOf(const Entry& timeZone) {
-    for (const ContentLine& line : timeZone.lines) {
-        if (EqualsIgnoringCase(line.name, "TZID")) return Trimmed(line.value);
-    }
-    return {};
-}
-
-std::map<std::string, std::string_view, std::less<>> ListZones(std::string_view timeZones) {
-    std::map<std::string, std::string_view, std::less<>> zones;
-    EntryReader reader(timeZones);
-    Entry entry;
-    while (reader.Next(entry)) {
-        if (entry.kind == EntryKind::TimeZone)
-            zones.try_emplace(std::string(ZoneNameOf(entry)), entry.source);
-    }
-    return zones;
-}
-
 void CalendarReader::Take(const Entry& entry) {
     switch (entry.kind) {
         case EntryKind::CalendarBegin:
@@ -71,7 +53,7 @@ void CalendarReader::Take(const Entry& entry) {
             break;
         case EntryKind::TimeZone:
             if (entry.complete) {
-                m_zones.try_emplace(std::string(ZoneNameOf(entry)), entry.source);
+                TakeZone(entry.source);
             } else {
                 Skip(entry);
             }
@@ -86,6 +68,15 @@ void CalendarReader::Take(const Entry& entry) {
         default:
             Skip(entry);
     }
+}
+
+// Of several zones of one name the first counts.
+void CalendarReader::TakeZone(std::string_view source) {
+    std::string name = ZoneNameOf(source);
+    if (m_zones.count(name) != 0) return;
+    std::string text(source);
+    if (!text.ends_with('\n') && !text.ends_with('\r')) text += "\r\n";
+    m_zones.emplace(std::move(name), SharedText(std::move(text)));
 }
 
 void CalendarReader::Skip(const Entry& entry) {
@@ -109,6 +100,7 @@ void CalendarReader::Skip(const Entry& entry) {
 
 void CalendarReader::Finish() {
     const Dialect dialect = m_version.starts_with('1') ? Dialect::Calendar10 : Dialect::Calendar20;
+    if (dialect == Dialect::Calendar10) m_opening = OpeningOf(m_zoneLine);
     for (const WaitingToDo& waiting : m_waiting) {
         EntryReader reader(waiting.source, waiting.number);
         Entry entry;
@@ -117,24 +109,24 @@ void CalendarReader::Finish() {
     }
     m_waiting.clear();
     m_zones.clear();
+    m_opening.reset();
     m_version.clear();
     m_zoneLine.clear();
 }
 
-std::string CalendarReader::ZonesOf(const Entry& toDo) const {
+std::vector<SharedText> CalendarReader::SharedOf(const Entry& toDo) const {
     std::set<std::string_view> names;
     for (const ContentLine& line : toDo.lines) {
         const std::string_view name = FindParameter(line.parameters, "TZID");
         if (!name.empty()) names.insert(name);
     }
-    std::string text;
+    std::vector<SharedText> shared;
+    if (m_opening) shared.push_back(*m_opening);
     for (const std::string_view name : names) {
         const auto zone = m_zones.find(name);
-        if (zone == m_zones.end()) continue;
-        text.append(zone->second);
-        if (!text.ends_with('\n') && !text.ends_with('\r')) text += "\r\n";
+        if (zone != m_zones.end()) shared.push_back(zone->second);
     }
-    return text;
+    return shared;
 }
 
 void CalendarReader::Store(const Entry& toDo, Dialect dialect) {
@@ -142,9 +134,8 @@ void CalendarReader::Store(const Entry& toDo, Dialect dialect) {
         m_report.skipped.push_back({toDo.number, "the to-do holds nothing"});
         return;
     }
-    const std::string zones =
-        (dialect == Dialect::Calendar10 ? m_zoneLine : std::string()) + ZonesOf(toDo);
-    m_clock.SetZones(zones);
+    const ToDoParts parts = MakeToDoParts(toDo, dialect, SharedOf(toDo));
+    m_clock.SetZones(parts.shared);
     Origin origin;
     if (!m_fileCharset.empty()) origin.charset = LegacyCharsetOf(toDo.lines, m_fileCharset);
     const ToDoFields fields = DeriveToDo(toDo.lines, dialect, origin.charset, m_clock);
@@ -162,7 +153,7 @@ void CalendarReader::Store(const Entry& toDo, Dialect dialect) {
     origin.completed = CivilOfRecordDate(fields.completionDate);
     if (fields.isPrivate) status |= record.SetPrivate(1);
     if (fields.isArchived) status |= record.SetArchived(1);
-    status |= record.SetSource(MakeToDoSource(toDo, dialect, zones), FormatOrigin(origin));
+    status |= record.SetSource(parts.rest, FormatOrigin(origin), parts.shared);
     if (status != 0 || m_table.Add(record) != 0) {
         throw ExchangeError(fmt::format("line {}: the to-do can't be stored: {}", toDo.number,
                                         m_table.LastError()));

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -37,7 +38,9 @@ private:
     };
 
     void Store(const Entry& toDo, Dialect dialect);
-    std::string ZonesOf(const Entry& toDo) const;
+    // The opening of its calendar, where it has one, and the zones that the to-do names.
+    std::vector<SharedText> SharedOf(const Entry& toDo) const;
+    void TakeZone(std::string_view source);
     void Skip(const Entry& entry);
 
     CToDoTable& m_table;
@@ -49,12 +52,8 @@ private:
     std::string m_version;
     std::string m_zoneLine;  // the TZ of the calendar
     std::vector<WaitingToDo> m_waiting;
-    std::map<std::string, std::string_view, std::less<>> m_zones;  // by TZID
+    std::map<std::string, SharedText, std::less<>> m_zones;  // by TZID
+    std::optional<SharedText> m_opening;                     // of a calendar of vCalendar
 };
-
-// The zones of a text of VTIMEZONE components, by TZID; of several for one TZID the first.
-std::map<std::string, std::string_view, std::less<>> ListZones(std::string_view timeZones);
-// The TZID of one of them.
-std::string_view ZoneNameOf(const Entry& timeZone);
 
 }  // namespace orvo

@@ -79,17 +79,18 @@ ToDoFields DeriveToDo(std::span<const ContentLine> lines, Dialect dialect, std::
     }
     const auto lineOf = [&](ToDoProperty property) {
         const std::ptrdiff_t line = fields.Line(property);
-        return line == kNoLine ? nullptr : &lines[static_cast<std::size_t>(line)];
+        return line == kNoLine ? std::nullopt
+                               : std::optional(lines[static_cast<std::size_t>(line)]);
     };
     std::string storage;
     const auto textOf = [&](ToDoProperty property) {
         std::string text;
-        const ContentLine* const line = lineOf(property);
+        const std::optional<ContentLine> line = lineOf(property);
         if (line) Unescape(decoder.Decode(*line, storage), dialect, text);
         return text;
     };
     const auto dateOf = [&](ToDoProperty property) {
-        const ContentLine* const line = lineOf(property);
+        const std::optional<ContentLine> line = lineOf(property);
         return line ? clock.Read(*line) : std::nullopt;
     };
 
@@ -100,11 +101,11 @@ ToDoFields DeriveToDo(std::span<const ContentLine> lines, Dialect dialect, std::
     const auto completed = dateOf(ToDoProperty::Completed);
     fields.isCompleted =
         SaysCompleted(textOf(ToDoProperty::Status), textOf(ToDoProperty::PercentComplete),
-                      lineOf(ToDoProperty::Completed) != nullptr);
+                      lineOf(ToDoProperty::Completed).has_value());
     if (fields.isCompleted) fields.completionDate = RecordDate(completed).value_or(kMaxDate);
     std::optional<CalendarDate> due = dateOf(ToDoProperty::Due);
-    const ContentLine* const start = lineOf(ToDoProperty::Start);
-    const ContentLine* const duration = lineOf(ToDoProperty::Duration);
+    const std::optional<ContentLine> start = lineOf(ToDoProperty::Start);
+    const std::optional<ContentLine> duration = lineOf(ToDoProperty::Duration);
     if (!lineOf(ToDoProperty::Due) && start && duration) due = clock.ReadEnd(*start, *duration);
     fields.dueDate = RecordDate(due).value_or(kMaxDate);
     if (due) fields.due = *due;
@@ -113,24 +114,48 @@ ToDoFields DeriveToDo(std::span<const ContentLine> lines, Dialect dialect, std::
     return fields;
 }
 
-std::string MakeToDoSource(const Entry& toDo, Dialect dialect, std::string_view timeZones) {
-    const bool isOld = dialect == Dialect::Calendar10;
-    std::string source(isOld ? kOldCalendar : std::string_view());
-    source.append(timeZones).append(toDo.source);
-    if (!isOld) return source;
-    if (!source.ends_with('\n') && !source.ends_with('\r')) source += "\r\n";
-    return source.append(kOldCalendarEnd);
+ToDoParts MakeToDoParts(const Entry& toDo, Dialect dialect,
+                        const std::vector<SharedText>& timeZones) {
+    ToDoParts parts{timeZones, std::string(toDo.source)};
+    if (dialect != Dialect::Calendar10) return parts;
+    if (!parts.rest.ends_with('\n') && !parts.rest.ends_with('\r')) parts.rest += "\r\n";
+    parts.rest.append(kOldCalendarEnd);
+    return parts;
 }
 
-bool ReadToDoSource(std::string_view source, EntryReader& reader, ToDoSource& result) {
-    const bool isOld = source.starts_with(kOldCalendar);
+SharedText OpeningOf(std::string_view zoneLine) {
+    return SharedText(std::string(kOldCalendar).append(zoneLine));
+}
+
+std::string_view ZoneLineOf(std::string_view opening) {
+    if (!opening.starts_with(kOldCalendar)) return {};
+    return opening.substr(kOldCalendar.size());
+}
+
+bool ReadToDoSource(const ToDoParts& parts, EntryReader& reader, ToDoSource& result) {
+    const std::string_view rest = parts.rest;
+    const std::string_view first =
+        parts.shared.empty() ? rest : std::string_view(parts.shared.front().Text());
+    const bool isOld = first.starts_with(kOldCalendar);
     result.dialect = isOld ? Dialect::Calendar10 : Dialect::Calendar20;
-    const std::size_t start = isOld ? kOldCalendar.size() : 0;
+    result.timeZones.clear();
+    for (const SharedText& text : parts.shared) {
+        if (text.Text() != kOldCalendar) result.timeZones.push_back(text);
+    }
+    // A store of an older version has the whole source in the rest.
+    const char* opening = rest.data();
+    const auto takeOpening = [&](const char* end) {
+        const std::string_view text(opening, static_cast<std::size_t>(end - opening));
+        if (!text.empty() && text != kOldCalendar) result.timeZones.emplace_back(std::string(text));
+    };
     while (reader.Next(result.toDo)) {
-        if (result.toDo.kind != EntryKind::ToDo) continue;
-        const auto end = static_cast<std::size_t>(result.toDo.source.data() - source.data());
-        result.timeZones = source.substr(start, end - start);
-        return result.toDo.complete;
+        const Entry& entry = result.toDo;
+        const bool isZone = entry.kind == EntryKind::TimeZone;
+        if (entry.kind != EntryKind::ToDo && !isZone) continue;
+        takeOpening(entry.source.data());
+        if (!isZone) return entry.complete;
+        result.timeZones.emplace_back(std::string(entry.source));
+        opening = entry.source.data() + entry.source.size();
     }
     return false;
 }

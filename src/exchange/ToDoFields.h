@@ -67,15 +67,30 @@ std::string_view FirstLineOf(std::string_view text);
 int PriorityOfCalendar(std::string_view value);
 std::string_view CalendarPriority(int priority);
 
-// The source of a to-do record: the VTODO behind the zones that it names; where it came from
-// vCalendar, both inside a calendar of that version.
+// The source of a to-do record in its two parts: what all to-dos of a calendar may have, which is
+// the opening of a calendar of vCalendar and the zones, each for itself; and the VTODO.
+struct ToDoParts {
+    std::vector<SharedText> shared;
+    std::string rest;
+};
+
+// `timeZones` are texts of VTIMEZONE components, before which the calendar's opening stands where
+// the dialect is Calendar10.
+ToDoParts MakeToDoParts(const Entry& toDo, Dialect dialect,
+                        const std::vector<SharedText>& timeZones);
+
+// The opening of a calendar of vCalendar: with its TZ line, which may be empty.
+SharedText OpeningOf(std::string_view zoneLine);
+// The TZ line of an opening; empty where it has none and for other texts.
+std::string_view ZoneLineOf(std::string_view opening);
+
 struct ToDoSource {
     Dialect dialect = Dialect::Calendar20;
-    std::string_view timeZones;
+    std::vector<SharedText> timeZones;  // as in the parts, but for an opening that tells nothing
     Entry toDo;
 };
-std::string MakeToDoSource(const Entry& toDo, Dialect dialect, std::string_view timeZones);
-// Gives:  false where the source holds no to-do. The entry is valid as long as the reader.
-bool ReadToDoSource(std::string_view source, EntryReader& reader, ToDoSource& result);
+// Gives:  false where the parts hold no to-do. The entry is valid as long as the reader, which reads
+//         the rest of the parts.
+bool ReadToDoSource(const ToDoParts& parts, EntryReader& reader, ToDoSource& result);
 
 }  // namespace orvo

@@ -6,7 +6,7 @@
 
 #include <fmt/core.h>
 
-#include <exchange/CalendarReader.h>
+#include <exchange/ImportFile.h>
 #include <exchange/LossText.h>
 #include <exchange/ToDoConversion.h>
 #include <exchange/ToDoEdits.h>
@@ -32,12 +32,6 @@ bool HasUid(std::string_view lines) {
         if (EqualsIgnoringCase(line.name, "UID")) return true;
     }
     return false;
-}
-
-// The TZ line that the zones of a to-do may begin with.
-std::string_view ZoneLineOf(std::string_view timeZones) {
-    if (!StartsIgnoringCase(timeZones, "TZ:")) return {};
-    return timeZones.substr(0, std::min(timeZones.find("BEGIN:"), timeZones.size()));
 }
 
 // The lines that a fresh to-do begins with, those of another format that it keeps among them.
@@ -73,28 +67,29 @@ Origin ToDoWriter::OriginHere(const ToDoFields& fields) {
 }
 
 ToDoWriter::Written ToDoWriter::Write(const CToDoRecord& record, std::string* loss) {
-    std::string text;
+    ToDoParts parts;
     std::string originText;
     ToDoValues now;
     const bool isWhole = now.Read(record);
-    if (!isWhole || record.GetSource(text) != 0 || record.GetOrigin(originText) != 0) {
+    if (!isWhole || record.GetSourceParts(parts.shared, parts.rest) != 0 ||
+        record.GetOrigin(originText) != 0) {
         const std::string reason = m_table.LastError();
         if (!loss) throw ExchangeError("a to-do can't be read from the store: " + reason);
         *loss = LossText("to-do", record, reason);
-        text.clear();
+        parts = {};
         originText.clear();
     }
-    if (text.empty()) {
-        text = SourceWithNewUid();
+    if (parts.rest.empty()) {
+        parts = {{}, SourceWithNewUid()};
         originText = kOnlyExported;
         // Where the store can't be written, the export goes on; the next one gives another UID.
         CToDoRecord stored(m_table);
         const bool isKept = (!loss || loss->empty()) && m_table.Find(record.GetId(), stored) == 0;
-        if (isKept) stored.SetSource(text, originText);
+        if (isKept) stored.SetSource(parts.rest, originText);
     }
-    EntryReader reader(text);
+    EntryReader reader(parts.rest);
     ToDoSource source;
-    const bool hasSource = ReadToDoSource(text, reader, source);
+    const bool hasSource = ReadToDoSource(parts, reader, source);
     const bool isFresh = !hasSource || source.dialect != m_dialect || originText == kOnlyExported;
     std::optional<Origin> origin = ParseOrigin(originText);
     std::string charset = origin ? origin->charset : std::string();
@@ -120,8 +115,15 @@ ToDoWriter::Written ToDoWriter::Write(const CToDoRecord& record, std::string* lo
 }
 
 void CalendarText::Add(const ToDoWriter::Written& written) {
-    const auto zones = ListZones(written.timeZones);
-    const std::string_view zoneLine = ZoneLineOf(written.timeZones);
+    std::map<std::string, SharedText> zones;
+    std::string zoneLine;
+    for (const SharedText& text : written.timeZones) {
+        if (IsZone(text.Text())) {
+            zones.try_emplace(ZoneNameOf(text.Text()), text);
+        } else {
+            zoneLine += ZoneLineOf(text.Text());
+        }
+    }
     const auto fits = [&](const Calendar& calendar) {
         if (!calendar.toDos.empty() && calendar.zoneLine != zoneLine) return false;
         return std::all_of(zones.begin(), zones.end(), [&](const auto& zone) {
@@ -143,7 +145,7 @@ std::string CalendarText::Text() const {
         text.append("BEGIN:VCALENDAR\r\nPRODID:-//OrvoShare//Orvo//EN\r\n");
         text.append(m_dialect == Dialect::Calendar10 ? "VERSION:1.0\r\n" : "VERSION:2.0\r\n");
         text.append(calendar.zoneLine);
-        for (const auto& zone : calendar.zones) text.append(zone.second);
+        for (const auto& zone : calendar.zones) text.append(zone.second.Text());
         text.append(calendar.toDos).append("END:VCALENDAR\r\n");
     }
     return text;

@@ -21,8 +21,8 @@ public:
     ToDoWriter(CToDoTable& table, Dialect dialect);
 
     struct Written {
-        std::string timeZones;  // the calendar's TZ and the zones that the to-do names, where its
-                                // source had them
+        // The opening and the zones that its source had (ToDoSource).
+        std::vector<SharedText> timeZones;
         std::string toDo;
     };
 
@@ -56,7 +56,7 @@ public:
 private:
     struct Calendar {
         std::string zoneLine;
-        std::map<std::string, std::string> zones;
+        std::map<std::string, SharedText> zones;
         std::string toDos;
     };
 

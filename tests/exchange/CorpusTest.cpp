@@ -60,11 +60,11 @@ void ExpectToDosAsTheyCame(Tables& tables) {
     CToDoRecord record(tables.toDos);
     CToDoIterator iterator(tables.toDos);
     for (long s = iterator.FindFirst(record); s == 0; s = iterator.FindNext(record)) {
-        std::string text;
-        record.GetSource(text);
-        EntryReader reader(text);
+        ToDoParts parts;
+        record.GetSourceParts(parts.shared, parts.rest);
+        EntryReader reader(parts.rest);
         ToDoSource source;
-        ASSERT_TRUE(ReadToDoSource(text, reader, source));
+        ASSERT_TRUE(ReadToDoSource(parts, reader, source));
         const ToDoWriter::Written written = ToDoWriter(tables.toDos, source.dialect).Write(record);
         EXPECT_EQ(written.toDo, source.toDo.source);
         EXPECT_EQ(written.timeZones, source.timeZones);

@@ -360,6 +360,52 @@ TEST_F(ToDos, ZonesStandOnceInAFileAndDifferentOnesOfOneNameApart) {
     EXPECT_EQ(zones, 2u);
 }
 
+TEST_F(ToDos, ToDosOfACalendarShareWhatStandsBeforeThem) {
+    const std::string toDo = ToDo("SUMMARY:a\nDUE;TZID=Office:20250630T170000\n");
+    const std::string zone(kZone);
+    const std::string opening = "BEGIN:VCALENDAR\nVERSION:1.0\n";
+    struct Row {
+        const char* why;
+        std::string calendar;
+        Strings shared;
+        std::string rest;
+    };
+    const Row rows[] = {
+        {"iCalendar", Calendar("2.0", zone + toDo + toDo), {zone}, toDo},
+        {"the zone last", Calendar("2.0", toDo + toDo + zone), {zone}, toDo},
+        {"vCalendar",
+         Calendar("1.0", zone + toDo + toDo),
+         {opening, zone},
+         toDo + "END:VCALENDAR\n"},
+        {"vCalendar with a zone of all",
+         Calendar("1.0", "TZ:+01\n" + toDo + toDo),
+         {opening + "TZ:+01\n"},
+         toDo + "END:VCALENDAR\n"},
+    };
+    for (const Row& row : rows) {
+        Tables tables;
+        tables.Import(row.calendar);
+        std::vector<SharedText> first;
+        for (const std::int64_t id : {1, 2}) {
+            CToDoRecord record(tables.toDos);
+            ASSERT_EQ(tables.toDos.Find(id, record), 0) << row.why;
+            std::vector<SharedText> shared;
+            std::string rest;
+            ASSERT_EQ(record.GetSourceParts(shared, rest), 0);
+            std::erase(rest, '\r');
+            EXPECT_EQ(rest, row.rest) << row.why;
+            ASSERT_EQ(shared.size(), row.shared.size()) << row.why;
+            if (id == 1) first = shared;
+            for (std::size_t i = 0; i < shared.size(); ++i) {
+                std::string text = shared[i].Text();
+                std::erase(text, '\r');
+                EXPECT_EQ(text, row.shared[i]) << row.why;
+                EXPECT_EQ(&shared[i].Text(), &first[i].Text()) << row.why;
+            }
+        }
+    }
+}
+
 // Zones whose changes would run into the billions, or that have no end, are not worked out.
 TEST_F(ToDos, AZoneOfAnotherKindIsPassedOver) {
     for (const char* rule :
