@@ -48,8 +48,7 @@ bool IsBlank(std::string_view text) {
 // Derives the fields of one card; the members are what all steps need.
 class Deriver {
 public:
-    Deriver(std::span<const ContentLine> lines, Dialect dialect, std::string_view charset,
-            CardFields& fields)
+    Deriver(const LineList& lines, Dialect dialect, std::string_view charset, CardFields& fields)
         : m_lines(lines), m_dialect(dialect), m_fields(fields), m_decoder(lines, charset) {}
 
     void Run() {
@@ -86,7 +85,7 @@ private:
         m_fields.nameIsFormatted = false;
     }
 
-    const ContentLine& LineAt(std::ptrdiff_t number) const {
+    ContentLine LineAt(std::ptrdiff_t number) const {
         return m_lines[static_cast<std::size_t>(number)];
     }
 
@@ -266,7 +265,7 @@ private:
         }
     }
 
-    std::span<const ContentLine> m_lines;
+    LineList m_lines;
     Dialect m_dialect;
     CardFields& m_fields;
     ValueDecoder m_decoder;
@@ -276,12 +275,12 @@ private:
 
 }  // namespace
 
-void DeriveFields(std::span<const ContentLine> lines, Dialect dialect, std::string_view charset,
+void DeriveFields(const LineList& lines, Dialect dialect, std::string_view charset,
                   CardFields& fields) {
     Deriver(lines, dialect, charset, fields).Run();
 }
 
-bool HoldsAnything(std::span<const ContentLine> lines) {
+bool HoldsAnything(const LineList& lines) {
     return std::any_of(lines.begin(), lines.end(), [](const ContentLine& line) {
         return !line.name.empty() && !IsBlank(line.value) &&
                !EqualsIgnoringCase(line.name, "BEGIN") && !EqualsIgnoringCase(line.name, "END") &&
@@ -293,13 +292,13 @@ std::string_view CategoryDividers(Dialect dialect) {
     return dialect == Dialect::Calendar10 ? ";," : ",";
 }
 
-void AppendCategories(std::span<const ContentLine> lines, std::size_t line, Dialect dialect,
+void AppendCategories(const LineList& lines, std::size_t line, Dialect dialect,
                       ValueDecoder& decoder, std::vector<ListedCategory>& categories) {
     std::string storage;
     std::string name;
     PartWalk walk(decoder.Decode(lines[line], storage), CategoryDividers(dialect));
     std::string_view part;
-    for (std::size_t number = 0; walk.Next(part); ++number) {
+    for (std::size_t number = 0; categories.size() < kMostListed && walk.Next(part); ++number) {
         // In a list a comma of a name is escaped in every format.
         Unescape(Trimmed(part), Dialect::Card30, name);
         if (!name.empty()) categories.push_back({line, number, name});

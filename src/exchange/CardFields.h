@@ -4,7 +4,6 @@
 
 #include <array>
 #include <cstddef>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -56,14 +55,16 @@ struct CardFields {
 
 // Fills `fields` from the lines of one card, whose legacy set is `charset`; where it is empty, the
 // lines are asked.
-void DeriveFields(std::span<const ContentLine> lines, Dialect dialect, std::string_view charset,
+void DeriveFields(const LineList& lines, Dialect dialect, std::string_view charset,
                   CardFields& fields);
 
 // True where anything but the version is filled in.
-bool HoldsAnything(std::span<const ContentLine> lines);
+bool HoldsAnything(const LineList& lines);
 
-// Appends the names that a CATEGORIES line lists.
-void AppendCategories(std::span<const ContentLine> lines, std::size_t line, Dialect dialect,
+// Appends the names that a CATEGORIES line lists; no more where there are kMostListed already, as
+// none of them could become a category.
+constexpr std::size_t kMostListed = 1000;
+void AppendCategories(const LineList& lines, std::size_t line, Dialect dialect,
                       ValueDecoder& decoder, std::vector<ListedCategory>& categories);
 
 // The characters that divide the names of a CATEGORIES line.

@@ -38,7 +38,10 @@ std::size_t FindColon(std::string_view text) {
     return first;
 }
 
-void TakeApart(std::string_view text, ContentLine& line) {
+}  // namespace
+
+void TakeApart(ContentLine& line) {
+    const std::string_view text = line.text;
     line.group = line.name = line.parameters = {};
     line.value = text;
     const std::size_t colon = FindColon(text);
@@ -59,8 +62,6 @@ void TakeApart(std::string_view text, ContentLine& line) {
     if (semicolon != npos) line.parameters = head.substr(semicolon + 1);
     line.value = text.substr(colon + 1);
 }
-
-}  // namespace
 
 std::string_view ContentLineReader::TakePhysicalLine() {
     if (!m_lineFeedKnown || m_lineFeed < m_position) {
@@ -106,7 +107,8 @@ void ContentLineReader::Unfold(std::string_view first) {
     while (m_position < m_text.size()) {
         if (!encoding && m_joined.find(':', searched) != npos) {
             ContentLine line;
-            TakeApart(m_joined, line);
+            line.text = m_joined;
+            TakeApart(line);
             encoding = EncodingOf(line.parameters);
         }
         searched = m_joined.size();
@@ -146,7 +148,8 @@ bool ContentLineReader::Next(ContentLine& line) {
         }
     }
     line.source = m_text.substr(start, m_position - start);
-    TakeApart(text, line);
+    line.text = text;
+    TakeApart(line);
     return true;
 }
 

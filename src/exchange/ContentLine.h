@@ -14,12 +14,16 @@ namespace orvo {
 // name; all of its text is the value.
 struct ContentLine {
     std::string_view source;  // as it came, with folds and line ends
+    std::string_view text;    // without them; all that follows is of it
     std::string_view group;
     std::string_view name;
     std::string_view parameters;
     std::string_view value;
     std::size_t number = 0;  // of its first physical line, from 1
 };
+
+// Sets all that is of the line's text.
+void TakeApart(ContentLine& line);
 
 // Reads the content lines of a text one after the other, in time linear to the text. Lines end at
 // CR LF, LF or CR. A line goes on on the next one where that begins with a blank or a tab, where it
@@ -35,6 +39,9 @@ public:
 
     // Goes back to the line that was read last, so that Next gives it again.
     void GoBackTo(const ContentLine& line);
+
+    // From the line that Next gives next on.
+    std::string_view Rest() const { return m_text.substr(m_position); }
 
     // Frees what was unfolded so far.
     void Forget() { m_unfolded.release(); }

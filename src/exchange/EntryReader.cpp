@@ -44,27 +44,29 @@ bool IsCalendar(std::string_view component) {
 
 }  // namespace
 
+void EntryReader::Keep(const ContentLine& line, bool isNested) {
+    m_lines.Add(line, isNested, m_reader.Rest());
+}
+
 void EntryReader::Close(Entry& entry, bool complete) {
-    const char* const begin = m_lines.front().source.data();
-    const std::string_view last = m_lines.back().source;
-    entry.source = {begin, static_cast<std::size_t>(last.data() + last.size() - begin)};
-    entry.number = m_lines.front().number;
+    entry.source = m_lines.Source();
+    entry.number = m_lines.Line(0).number;
     entry.complete = complete;
-    entry.lines = m_lines;
+    entry.lines = LineList(m_lines);
 }
 
 void EntryReader::ReadStray(Entry& entry) {
     ContentLine line;
-    std::size_t used = m_lines.size();
+    std::size_t used = m_lines.Size();
     while (m_reader.Next(line)) {
         if (IsNamed(line, "BEGIN") || (m_inCalendar && !line.name.empty())) {
             m_reader.GoBackTo(line);
             break;
         }
-        m_lines.push_back(line);
-        if (!IsBlank(line)) used = m_lines.size();
+        Keep(line);
+        if (!IsBlank(line)) used = m_lines.Size();
     }
-    m_lines.resize(used);
+    m_lines.Cut(used);
     entry.component = {};
     entry.kind = EntryKind::Stray;
     Close(entry, true);
@@ -94,25 +96,24 @@ bool EntryReader::ReadComponent(Entry& entry) {
                 m_open.clear();
             }
             if (m_open.empty()) {
-                m_lines.push_back(line);
+                Keep(line);
                 return true;
             }
         }
         if (!IsBlank(line)) opensAgent = IsNamed(line, "AGENT") && component.empty();
-        if (m_open.size() > 1 || IsNamed(line, "END")) line.name = {};
-        m_lines.push_back(line);
+        Keep(line, m_open.size() > 1 || IsNamed(line, "END"));
     }
     return false;
 }
 
 bool EntryReader::Next(Entry& entry) {
-    m_lines.clear();
+    m_lines.Clear();
     m_reader.Forget();
     ContentLine line;
     do {
         if (!m_reader.Next(line)) return false;
     } while (IsBlank(line));
-    m_lines.push_back(line);
+    Keep(line);
     entry.component = Trimmed(line.value);
     if (IsNamed(line, "BEGIN") && IsCalendar(entry.component)) {
         m_inCalendar = true;

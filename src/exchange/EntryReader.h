@@ -3,11 +3,11 @@
 #pragma once
 
 #include <cstddef>
-#include <span>
 #include <string_view>
 #include <vector>
 
 #include <exchange/ContentLine.h>
+#include <exchange/LineList.h>
 
 namespace orvo {
 
@@ -29,12 +29,12 @@ struct Entry {
     std::size_t number;          // of its first line, from 1
     bool complete;               // false where its END is missing
     // Valid until the next entry is read. Lines of components inside it have no name.
-    std::span<const ContentLine> lines;
+    LineList lines;
 };
 
-// Reads the entries of a text one after the other. A component inside another one, such as the
-// card of an AGENT or an alarm, is part of the outer one. An entry that has no END ends where the
-// next one begins.
+// Reads the entries of a text one after the other. It stays where it is while an entry is in use. A
+// component inside another one, such as the card of an AGENT or an alarm, is part of the outer one.
+// An entry that has no END ends where the next one begins.
 class EntryReader {
 public:
     explicit EntryReader(std::string_view text, std::size_t firstNumber = 1)
@@ -46,11 +46,12 @@ public:
 private:
     bool ReadComponent(Entry& entry);
     void ReadStray(Entry& entry);
+    void Keep(const ContentLine& line, bool isNested = false);
     void Close(Entry& entry, bool complete);
 
     std::string_view m_text;
     ContentLineReader m_reader;
-    std::vector<ContentLine> m_lines;
+    LineKeeper m_lines;
     std::vector<std::string_view> m_open;  // the names of the components that are open
     bool m_inCalendar = false;
 };

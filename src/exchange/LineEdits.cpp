@@ -15,7 +15,7 @@ bool IsBrokenOff(const ContentLine& line) {
 
 }  // namespace
 
-LineEdits::LineEdits(std::span<const ContentLine> lines, Dialect dialect, std::string_view charset)
+LineEdits::LineEdits(const LineList& lines, Dialect dialect, std::string_view charset)
     : m_lines(lines),
       m_dialect(dialect),
       m_lineEnd(LineEndOf(lines.front().source)),

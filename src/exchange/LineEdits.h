@@ -5,7 +5,6 @@
 #include <cstddef>
 #include <deque>
 #include <map>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -28,7 +27,7 @@ struct EditedLine {
 class LineEdits {
 public:
     // `charset` is the legacy set of the lines, empty where they are to be asked.
-    LineEdits(std::span<const ContentLine> lines, Dialect dialect, std::string_view charset = {});
+    LineEdits(const LineList& lines, Dialect dialect, std::string_view charset = {});
 
     // The line as it is to be written; what is asked for once is written anew.
     EditedLine& At(std::ptrdiff_t line);
@@ -47,13 +46,11 @@ public:
 
 private:
     void EditLegacyLines();
-    const ContentLine& Line(std::ptrdiff_t line) const {
-        return m_lines[static_cast<std::size_t>(line)];
-    }
+    ContentLine Line(std::ptrdiff_t line) const { return m_lines[static_cast<std::size_t>(line)]; }
     void Append(const EditedLine& line, std::string& text) const;
     std::ptrdiff_t PlaceOfAdded() const;
 
-    std::span<const ContentLine> m_lines;
+    LineList m_lines;
     Dialect m_dialect;
     std::string_view m_lineEnd;
     ValueDecoder m_decoder;

@@ -61,7 +61,7 @@ bool HasBareParameter(std::string_view parameters) {
 
 }  // namespace
 
-Dialect DialectOfCard(std::span<const ContentLine> lines) {
+Dialect DialectOfCard(const LineList& lines) {
     for (const ContentLine& line : lines) {
         if (!EqualsIgnoringCase(line.name, "VERSION")) continue;
         const std::string_view version = Trimmed(line.value);

@@ -5,12 +5,12 @@
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include <exchange/ContentLine.h>
+#include <exchange/LineList.h>
 
 namespace orvo {
 
@@ -23,7 +23,7 @@ constexpr bool IsQuotedDialect(Dialect dialect) {
 }
 
 // The format of a card, by its VERSION; without one, by how its parameters are written.
-Dialect DialectOfCard(std::span<const ContentLine> lines);
+Dialect DialectOfCard(const LineList& lines);
 
 // Undoes quoted-printable; what isn't of its form stays. Undoes base64; what isn't of it is passed
 // over.

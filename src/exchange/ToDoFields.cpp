@@ -59,7 +59,7 @@ std::string_view CalendarPriority(int priority) {
     return kCalendarPriorities[static_cast<std::size_t>(priority) - 1];
 }
 
-ToDoFields DeriveToDo(std::span<const ContentLine> lines, Dialect dialect, std::string_view charset,
+ToDoFields DeriveToDo(const LineList& lines, Dialect dialect, std::string_view charset,
                       CalendarClock& clock) {
     ToDoFields fields;
     ValueDecoder decoder(lines, charset);

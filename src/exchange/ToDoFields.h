@@ -5,7 +5,6 @@
 #include <array>
 #include <cstddef>
 #include <optional>
-#include <span>
 #include <string>
 #include <vector>
 
@@ -57,7 +56,7 @@ struct ToDoFields {
 };
 
 // `clock` has the zones of the to-do; `charset` is its legacy set, empty where the lines are asked.
-ToDoFields DeriveToDo(std::span<const ContentLine> lines, Dialect dialect, std::string_view charset,
+ToDoFields DeriveToDo(const LineList& lines, Dialect dialect, std::string_view charset,
                       CalendarClock& clock);
 
 // The text up to its first line end.

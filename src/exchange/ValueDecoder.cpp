@@ -81,7 +81,7 @@ std::string_view GuessFileCharset(std::string_view text) {
     return sample.empty() ? std::string_view() : GuessLegacyCharset(sample);
 }
 
-std::string LegacyCharsetOf(std::span<const ContentLine> lines, std::string_view fileCharset) {
+std::string LegacyCharsetOf(const LineList& lines, std::string_view fileCharset) {
     std::string sample;
     std::string decoded;
     std::string_view named;

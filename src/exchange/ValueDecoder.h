@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <span>
 #include <string>
 #include <string_view>
 
 #include <exchange/ContentLine.h>
+#include <exchange/LineList.h>
 
 namespace orvo {
 
@@ -18,14 +18,14 @@ std::string_view GuessFileCharset(std::string_view text);
 
 // The legacy set of the lines of one entry: one that another of its lines names, else the file's,
 // else the one that its bytes together point to; empty where no line is of one.
-std::string LegacyCharsetOf(std::span<const ContentLine> lines, std::string_view fileCharset);
+std::string LegacyCharsetOf(const LineList& lines, std::string_view fileCharset);
 
 // Gives the values of the lines of one entry. Transfer encoding and CHARSET are undone.
 class ValueDecoder {
 public:
     // `charset` is the entry's legacy set; where it is empty, the lines themselves are asked. The
     // lines must outlive it.
-    explicit ValueDecoder(std::span<const ContentLine> lines, std::string_view charset = {})
+    explicit ValueDecoder(const LineList& lines, std::string_view charset = {})
         : m_lines(lines), m_charset(charset) {}
 
     // The value with its escapes and dividers as they are. Valid as long as the line and `storage`.
@@ -40,7 +40,7 @@ public:
 private:
     bool IsOfLegacySet(std::string_view bytes);
 
-    std::span<const ContentLine> m_lines;
+    LineList m_lines;
     std::string m_charset;
 };
 

@@ -1,6 +1,7 @@
 // Content lines: unfolding, taking apart, and the entries that they make up.
 // SPDX-License-Identifier: MIT
 #include <random>
+#include <tuple>
 
 #include <fmt/core.h>
 #include <gmock/gmock.h>
@@ -158,6 +159,54 @@ TEST(EntryReader, LinesOfAnInnerComponentHaveNoName) {
     for (const ContentLine& line : entry.lines) names.emplace_back(line.name);
 
     EXPECT_THAT(names, ElementsAre("BEGIN", "AGENT", "", "", "", "FN", "END"));
+}
+
+TEST(EntryReader, LinesAreKeptAsTheyWereRead) {
+    const std::string longName(70'000, 'N');
+    struct Row {
+        const char* why;
+        std::string text;
+    };
+    const Row rows[] = {
+        {"plain", "A:1\nB;X=y;Z:2\r\nC:\r:\rno colon\n:\n"},
+        {"groups and blanks", "g.A:1\ng.B ;X:2\ng. C:3\ng.:4\n g:5\na.b.C;X=\"a:b;c\":6\n"},
+        {"folds", "A:1\n 2\n  3\nB;X=\n y:4\nC\n :5\n"},
+        {"soft breaks", "A;QUOTED-PRINTABLE:=\nB:1\nC:2\n"},
+        {"long heads", "A:1\n" + longName + ";X:2\n" + longName + ".A:3\n"},
+        {"any bytes", std::string("A\0B;\xFF:\0\n\xEF\xBB\xBF"
+                                  "B:1\n",
+                                  15)},
+    };
+    for (const Row& row : rows) {
+        const std::string text = "BEGIN:X\n" + row.text + "END:X";
+        EntryReader entries(text);
+        Entry entry;
+        ASSERT_TRUE(entries.Next(entry)) << row.why;
+        ContentLineReader reader(text);
+        ContentLine want;
+        for (const ContentLine& line : entry.lines) {
+            ASSERT_TRUE(reader.Next(want)) << row.why;
+            EXPECT_EQ(std::tuple(line.source, line.text, line.group, line.parameters, line.value,
+                                 line.number),
+                      std::tuple(want.source, want.text, want.group, want.parameters, want.value,
+                                 want.number))
+                << row.why;
+            EXPECT_EQ(line.name, want.name) << row.why;
+        }
+        EXPECT_FALSE(reader.Next(want)) << row.why;
+    }
+}
+
+TEST(EntryReader, EmptyLinesThatFollowEachOtherAreOne) {
+    EntryReader reader("BEGIN:X\n\n\r\n\rA:1\n\nEND:X\n");
+    Entry entry;
+    ASSERT_TRUE(reader.Next(entry));
+
+    std::vector<std::string> sources;
+    for (const ContentLine& line : entry.lines) sources.emplace_back(line.source);
+
+    EXPECT_THAT(sources, ElementsAre("BEGIN:X\n", "\n\r\n\r", "A:1\n", "\n", "END:X\n"));
+    EXPECT_EQ(entry.lines[2].number, 5u);
 }
 
 }  // namespace

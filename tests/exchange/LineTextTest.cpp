@@ -16,11 +16,11 @@ constexpr Dialect kDialects[] = {Dialect::Card21, Dialect::Card30, Dialect::Card
                                  Dialect::Calendar10, Dialect::Calendar20};
 
 std::string DecodeFirst(std::string_view text) {
-    std::vector<ContentLine> lines;
+    LineKeeper lines;
     ContentLineReader reader(text);
-    for (ContentLine line; reader.Next(line);) lines.push_back(line);
+    for (ContentLine line; reader.Next(line);) lines.Add(line, false, reader.Rest());
     std::string storage;
-    return std::string(ValueDecoder(lines).Decode(lines.front(), storage));
+    return std::string(ValueDecoder(LineList(lines)).Decode(lines.Line(0), storage));
 }
 
 TEST(ValueDecoder, EachWayToWriteTextGivesUtf8) {
