@@ -6,6 +6,8 @@
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
+#include <map>
+#include <optional>
 
 #include <fmt/format.h>
 
@@ -195,7 +197,58 @@ private:
         ReadExtraColumn(kind, "note", id, extra.note);
         ReadExtraColumn(kind, "source", id, extra.source);
         ReadExtraColumn(kind, "origin", id, extra.origin);
+        if (HasSharedTexts() && !ReadSharedTexts(kind, id, extra.shared)) {
+            Tell(fmt::format("what stands before the source of {} {} can't be read", NameOf(kind),
+                             id),
+                 sqlite3_extended_errcode(m_file.Handle()));
+        }
         return extra;
+    }
+
+    // A store of version 1 has none.
+    bool HasSharedTexts() {
+        if (!m_hasSharedTexts) {
+            SqliteStatement statement;
+            m_hasSharedTexts =
+                m_file.Prepare("SELECT bytes FROM shared WHERE id = ?1", statement) == SQLITE_OK;
+        }
+        return *m_hasSharedTexts;
+    }
+
+    // False where one of them is missing.
+    bool ReadSharedTexts(TableKind kind, std::int64_t id, std::vector<SharedText>& texts) {
+        SqliteStatement places;
+        int result = m_file.Prepare(
+            SqliteSql(kind, "SELECT shared FROM {t}_shared WHERE id = ?1 ORDER BY place"), places);
+        if (result != SQLITE_OK) {
+            return false;
+        }
+        places.Bind(1, id);
+        while ((result = places.Step()) == SQLITE_ROW) {
+            const std::int64_t number = places.Integer(0);
+            auto known = m_sharedTexts.find(number);
+            if (known == m_sharedTexts.end()) {
+                std::optional<SharedText> text = ReadSharedText(number);
+                if (!text) {
+                    return false;
+                }
+                known = m_sharedTexts.emplace(number, std::move(*text)).first;
+            }
+            texts.push_back(known->second);
+        }
+        return result == SQLITE_DONE;
+    }
+
+    std::optional<SharedText> ReadSharedText(std::int64_t number) {
+        SqliteStatement statement;
+        if (m_file.Prepare("SELECT bytes FROM shared WHERE id = ?1", statement) != SQLITE_OK) {
+            return std::nullopt;
+        }
+        statement.Bind(1, number);
+        if (statement.Step() != SQLITE_ROW) {
+            return std::nullopt;
+        }
+        return SharedText(std::string(statement.Bytes(0)));
     }
 
     // Each on its own: a note can be read where the source behind it can't.
@@ -236,6 +289,8 @@ private:
     StoreEngine& m_fresh;
     RescueReport& m_report;
     int m_texts = 0;
+    std::optional<bool> m_hasSharedTexts;
+    std::map<std::int64_t, SharedText> m_sharedTexts;  // those read so far, by their numbers
 };
 
 // Fills the new store at `fresh` from the file.
