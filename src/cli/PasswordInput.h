@@ -1,12 +1,10 @@
-// Where a command gets the user's password from: the terminal or a file.
+// Where a command gets the password from, as any process may read its arguments: terminal or file.
 // SPDX-License-Identifier: MIT
 #pragma once
 
 #include <string>
 
 namespace orvo::cli {
-
-// Arguments are no place for it: every process may read them.
 
 // Asks on the terminal that standard input is, without showing what is typed.
 // Gives:  what was typed up to the end of the line; the caller wipes it.

@@ -134,6 +134,7 @@ std::unique_ptr<QMimeData> DesktopWindow::DraggedFrom(QPoint place) {
     const int row = rows ? rows->HitTest({point.x(), point.y()}).row : -1;
     if (row < 0 || !rows->IsSelected(row)) return nullptr;
     const std::vector<CBaseRecord*> records = m_frame.SelectedRecords(WayOut::Drag);
+    TellLeftOut(m_frame.LeftOutOfSelection(WayOut::Drag));
     return records.empty() ? nullptr : EntriesAsMimeData(records);
 }
 

@@ -136,6 +136,8 @@ void PreviewView(QMainWindow& window, ViewFrame& frame) {
     });
     dialog.exec();
     SavePageLayout(printer.pageLayout());
+    // What was leafed through may have been printed from there.
+    TellHidden(window, frame, false, {});
 }
 
 void SaveViewAsPdf(QMainWindow& window, ViewFrame& frame) {

@@ -39,7 +39,7 @@ class DuplicatesTest(unittest.TestCase):
 
     def card(self):
         path = self.home.folder / "out.vcf"
-        self.home.orvo("export", path)
+        self.home.orvo("export", path, "--show-private")
         return path.read_text()
 
     def names(self):
