@@ -103,7 +103,11 @@ private:
         if (!isRead && !TellsDamage(result)) {
             return m_engine.Result(result);
         }
-        if (!isRead || !IsInOrder(isAnchored)) {
+        const bool isInOrder = isRead && IsInOrder(isAnchored);
+        if (isRead && !isInOrder && m_engine.ForeignVersion() != foreignVersion) {
+            return ReadAhead();  // another process has changed the store just before the rows
+        }
+        if (!isInOrder) {
             Salvage();
             return StoreStatus::Ok;
         }

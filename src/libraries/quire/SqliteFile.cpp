@@ -166,7 +166,7 @@ std::string SqliteFile::Reason(int result) const {
         return std::string("it may not be written: ") + std::strerror(errno);
     }
     if (kind == SQLITE_READONLY || kind == SQLITE_CANTOPEN) {
-        const std::string reason = access(Path().c_str(), F_OK) == 0 ? WhyNoFileBeside(Path()) : "";
+        std::string reason = access(Path().c_str(), F_OK) == 0 ? WhyNoFileBeside(Path()) : "";
         if (!reason.empty()) {
             return reason;
         }
