@@ -21,6 +21,15 @@ namespace {
 // table's tree hold. Behind them the steps grow.
 constexpr std::int64_t kSingleSteps = 1 << 16;
 
+SalvagedEntry EntryOf(const StoredRow& row) {
+    SalvagedEntry entry;
+    entry.first = row.id;
+    entry.last = row.id;
+    entry.category = row.category;
+    entry.flags = row.flags;
+    return entry;
+}
+
 class Salvage {
 public:
     Salvage(SqliteFile& file, TableKind kind, std::int64_t after)
@@ -152,8 +161,7 @@ private:
     // Takes the row, where it is the one that a search by its id finds; else, where it is wanted
     // and the search finds none, as it is.
     bool Take(KeptRow&& found, bool isWanted) {
-        SalvagedEntry entry{found.row.id,    found.row.id, found.row.category,
-                            found.row.flags, false,        std::nullopt};
+        SalvagedEntry entry = EntryOf(found.row);
         const SqliteRun run(m_rowOf);
         m_rowOf.Bind(1, found.row.id);
         StoredRow row;
@@ -237,7 +245,7 @@ private:
             }
             StoredRow row;
             ReadSqliteRow(m_rowOf, m_kind, row);
-            m_rows.emplace(id, SalvagedEntry{id, id, row.category, row.flags, false, {}});
+            m_rows.emplace(id, EntryOf(row));
         }
     }
 
@@ -298,7 +306,13 @@ private:
     // Lost rows between which none can be read are told as one.
     void AddLost(const Ids& ids, std::vector<SalvagedEntry>& entries) const {
         const auto indexed = m_indexed.find(ids.first);
-        SalvagedEntry entry{ids.first, ids.second, 0, 0, true, std::nullopt};
+        SalvagedEntry entry;
+        entry.first = ids.first;
+        entry.last = ids.second;
+        entry.isLost = true;
+        if (ids.first == ids.second) {
+            entry.ids = {ids.first};
+        }
         if (indexed != m_indexed.end()) {
             entry.category = indexed->second.category;
             entry.flags = indexed->second.flags;
@@ -309,6 +323,11 @@ private:
             const bool isApart = next != m_rows.end() && next->first < ids.first;
             if (!isApart && (before.flags & RowFlag::Deleted) == (entry.flags & RowFlag::Deleted)) {
                 before.last = std::max(before.last, ids.second);
+                if (entry.ids.empty()) {
+                    before.ids.clear();
+                } else if (!before.ids.empty()) {
+                    before.ids.push_back(ids.first);
+                }
                 return;
             }
         }

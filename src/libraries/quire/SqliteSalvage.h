@@ -30,7 +30,8 @@ struct SalvagedEntry {
     std::int32_t category = 0;
     std::uint32_t flags = 0;
     bool isLost = false;
-    std::optional<KeptRow> kept;  // where no search by the id finds the row
+    std::optional<KeptRow> kept;    // where no search by the id finds the row
+    std::vector<std::int64_t> ids;  // the lost rows, where it is known which there were
 };
 
 struct SalvagedTable {

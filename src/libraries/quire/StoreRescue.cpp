@@ -1,5 +1,6 @@
 // Saving what a damaged store file still gives.
 // SPDX-License-Identifier: MIT
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
@@ -17,6 +18,7 @@
 #include <libraries/quire/StoreRescue.h>
 
 #include "DamagedFile.h"
+#include "LoosePages.h"
 #include "SqliteOpen.h"
 #include "SqliteRow.h"
 #include "SqliteSalvage.h"
@@ -63,11 +65,55 @@ private:
     bool m_isMade;
 };
 
+using LooseRows = std::map<std::int64_t, KeptRow>;
+
+// Adds what has become of the ids `first` to `last`.
+void AddEntry(std::int64_t first, std::int64_t last, const KeptRow* row,
+              std::vector<SalvagedEntry>& entries) {
+    const bool isLost = row == nullptr;
+    if (isLost && !entries.empty() && entries.back().isLost) {
+        entries.back().last = last;
+        return;
+    }
+    SalvagedEntry& entry = entries.emplace_back();
+    entry.first = first;
+    entry.last = last;
+    entry.isLost = isLost;
+    if (row != nullptr) {
+        entry.kept = *row;
+    }
+}
+
+// What of the lost rows is found among the loose ones, and the rest.
+std::vector<SalvagedEntry> FindLoose(const SalvagedEntry& lost, const LooseRows& loose) {
+    std::vector<SalvagedEntry> entries;
+    for (const std::int64_t id : lost.ids) {
+        const auto row = loose.find(id);
+        AddEntry(id, id, row == loose.end() ? nullptr : &row->second, entries);
+    }
+    if (!lost.ids.empty()) {
+        return entries;
+    }
+    std::int64_t next = lost.first;
+    for (auto row = loose.lower_bound(next); row != loose.end() && row->first <= lost.last; ++row) {
+        if (next < row->first) {
+            AddEntry(next, row->first - 1, nullptr, entries);
+        }
+        AddEntry(row->first, row->first, &row->second, entries);
+        next = row->first + 1;
+    }
+    // Behind the last row that is found, an open end tells of nothing that is known.
+    if (next <= lost.last && (next == lost.first || lost.last != kOpenEnd)) {
+        AddEntry(next, lost.last, nullptr, entries);
+    }
+    return entries;
+}
+
 // Copies the tables of a damaged file into a new store.
 class Rescue {
 public:
-    Rescue(SqliteFile& file, StoreEngine& fresh, RescueReport& report)
-        : m_file(file), m_fresh(fresh), m_report(report) {}
+    Rescue(SqliteFile& file, const std::string& path, StoreEngine& fresh, RescueReport& report)
+        : m_file(file), m_path(path), m_fresh(fresh), m_report(report) {}
 
     // False where the new store can't take it; its LastError tells why.
     bool Run() {
@@ -138,7 +184,7 @@ private:
         m_file.Prepare(SqliteSql(kind, "SELECT {columns} FROM {t} WHERE id = ?1"), readRow);
         std::int64_t highest = 0;
         const SalvagedTable table = SalvageTable(m_file, kind, 0);
-        for (const SalvagedEntry& entry : table.entries) {
+        for (const SalvagedEntry& entry : WithLoose(kind, table.entries)) {
             if (entry.isLost) {
                 m_report.lost.push_back(fmt::format("{}: {}", LostText(kind, entry), table.reason));
                 continue;
@@ -150,6 +196,22 @@ private:
             ++count;
         }
         return KeepIdsApart(kind, highest);
+    }
+
+    std::vector<SalvagedEntry> WithLoose(TableKind kind,
+                                         const std::vector<SalvagedEntry>& entries) const {
+        const auto isLost = [](const SalvagedEntry& entry) { return entry.isLost; };
+        if (std::none_of(entries.begin(), entries.end(), isLost)) {
+            return entries;
+        }
+        const LooseRows loose = ReadLoosePages(m_path, kind);
+        std::vector<SalvagedEntry> result;
+        for (const SalvagedEntry& entry : entries) {
+            const std::vector<SalvagedEntry> found =
+                entry.isLost ? FindLoose(entry, loose) : std::vector{entry};
+            result.insert(result.end(), found.begin(), found.end());
+        }
+        return result;
     }
 
     bool CopyRow(TableKind kind, const SalvagedEntry& entry, SqliteStatement& readRow) {
@@ -286,6 +348,7 @@ private:
     }
 
     SqliteFile& m_file;
+    const std::string& m_path;
     StoreEngine& m_fresh;
     RescueReport& m_report;
     int m_texts = 0;
@@ -295,15 +358,15 @@ private:
 
 // Fills the new store at `fresh` from the file.
 // Gives:  false, with `error`, where it can't be written; `isEmpty` where nothing was found.
-bool Fill(SqliteFile& file, const std::string& fresh, RescueReport& report, bool& isEmpty,
-          std::string& error) {
+bool Fill(SqliteFile& file, const std::string& damaged, const std::string& fresh,
+          RescueReport& report, bool& isEmpty, std::string& error) {
     std::unique_ptr<SqliteEngine> engine = SqliteEngine::Open(fresh, error);
     if (!engine) {
         return false;
     }
     report = {};
     StoreTransaction transaction(*engine);
-    Rescue rescue(file, *engine, report);
+    Rescue rescue(file, damaged, *engine, report);
     file.Run("BEGIN");
     const bool isDone = transaction.Status() == StoreStatus::Ok && rescue.Run();
     file.Run("ROLLBACK");
@@ -320,7 +383,7 @@ bool RescueInto(const ScratchFolder& scratch, const std::string& damaged, const 
                 RescueReport& report, std::string& error) {
     bool isEmpty = true;
     if (const auto file = OpenDamagedFile(damaged, error)) {
-        if (!Fill(*file, fresh, report, isEmpty, error)) {
+        if (!Fill(*file, damaged, fresh, report, isEmpty, error)) {
             return false;
         }
         if (IsOfNewerVersion(*file)) {
@@ -340,7 +403,7 @@ bool RescueInto(const ScratchFolder& scratch, const std::string& damaged, const 
         return false;
     }
     const auto copy = OpenDamagedCopy(damaged, scratch.File("copy.db"), start, error);
-    if (!copy || !Fill(*copy, fresh, report, isEmpty, error)) {
+    if (!copy || !Fill(*copy, damaged, fresh, report, isEmpty, error)) {
         return false;
     }
     if (isEmpty) {
