@@ -61,8 +61,8 @@ void DeriveFields(const LineList& lines, Dialect dialect, std::string_view chars
 // True where anything but the version is filled in.
 bool HoldsAnything(const LineList& lines);
 
-// Appends the names that a CATEGORIES line lists; no more where there are kMostListed already, as
-// none of them could become a category.
+// Appends the names that a CATEGORIES line lists, up to kMostListed of an entry: a list of millions
+// would take many times its size.
 constexpr std::size_t kMostListed = 1000;
 void AppendCategories(const LineList& lines, std::size_t line, Dialect dialect,
                       ValueDecoder& decoder, std::vector<ListedCategory>& categories);
