@@ -99,11 +99,10 @@ int CopyPages(const std::string& from, const std::string& to, std::string& reaso
     if (result == SQLITE_OK) {
         sqlite3_backup* const backup =
             sqlite3_backup_init(copy.Handle(), "main", source.Handle(), "main");
-        if (backup != nullptr) {
-            sqlite3_backup_step(backup, -1);
-            sqlite3_backup_finish(backup);
-        }
-        result = sqlite3_extended_errcode(copy.Handle());
+        const int step = backup != nullptr ? sqlite3_backup_step(backup, -1) : SQLITE_ERROR;
+        const int end = sqlite3_backup_finish(backup);
+        // Where the source was locked the end is a success.
+        result = step == SQLITE_DONE || end != SQLITE_OK ? end : step;
     }
     reason = copy.Reason(result);
     return result;
