@@ -12,7 +12,7 @@ import gi
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 from screen import Home, Screen, session_bus, until  # noqa: E402
-from views import opened  # noqa: E402
+from views import windows  # noqa: E402
 
 LAUNCHER = ["/usr/libexec/at-spi-bus-launcher", "--launch-immediately"]
 ALWAYS_ON = {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
@@ -38,6 +38,7 @@ class AccessTest(unittest.TestCase):
         launcher = subprocess.Popen(LAUNCHER)
         cls.addClassCleanup(launcher.wait)
         cls.addClassCleanup(launcher.terminate)  # it ends its own bus then
+        subprocess.run(["gdbus", "wait", "--session", "org.a11y.Bus"], check=True)
         assert Atspi.init() == 0, "the bus of assistive technology can't be reached"
         cls.focused = []
         cls.listener = Atspi.EventListener.new(lambda event: cls.focused.append(event.source.get_name()))
@@ -144,12 +145,17 @@ class AccessTest(unittest.TestCase):
         until("the to-dos", lambda: any(TO_DO in name for name in self.row_names()))
         self.assertEqual(["Completed" in name for name in self.row_names()], [False, True])
 
+    def is_open_after(self, keys, before):
+        """The first keys get lost where the bus passes that of a modifier on behind that of the letter."""
+        self.screen.keys(keys)
+        self.screen.at_rest()
+        return windows(self.screen) - before
+
     def test_another_order_leaves_no_name_behind(self):
         self.fill()
         self.start()
         self.assertIn(ADDRESSES[0][0], self.row_names()[0])
-        opened(self.screen, "the menu", lambda: self.screen.keys("alt+a"))
-        self.screen.at_rest()
+        until("the menu", lambda: self.is_open_after("alt+a", windows(self.screen)))
         self.screen.keys("c")
         want = sorted(company for _, company in ADDRESSES)
         until("the companies in their order", lambda: all(
