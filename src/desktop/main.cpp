@@ -5,7 +5,6 @@
 #include <QIcon>
 #include <QLocale>
 #include <QPixmap>
-#include <QTimer>
 #include <csignal>
 #include <cstdlib>
 #include <exception>
@@ -182,8 +181,9 @@ int ShowWindow(StoreSession& session, const CommandLine& line, std::unique_ptr<I
     window.Frame().LookupBox().SetFocus();
     if (!line.files.empty()) window.ImportLater(line.files);
     if (!session.Damage().empty()) {
-        QTimer::singleShot(0, &window,
-                           [&] { OfferRescue(&window, session.Path(), session.Damage()); });
+        QMetaObject::invokeMethod(
+            &window, [&] { OfferRescue(&window, session.Path(), session.Damage()); },
+            Qt::QueuedConnection);
     }
     instance->SetListener([&window](const StartRequest& request) { Answer(window, request); });
     const int code = QApplication::exec();
