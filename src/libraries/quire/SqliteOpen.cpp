@@ -15,9 +15,8 @@
 #include <contracts/DefaultTexts.h>
 #include <platform/io/NewFileMode.h>
 
-#include "SqliteSalvage.h"
-
 #include "SqliteMigration.h"
+#include "SqliteSalvage.h"
 
 namespace orvo {
 
