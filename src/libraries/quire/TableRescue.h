@@ -1,0 +1,20 @@
+// Copying the tables of a damaged store file.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+#include <contracts/StoreEngine.h>
+#include <libraries/quire/StoreRescue.h>
+
+#include "SqliteFile.h"
+
+namespace orvo {
+
+// Copies all records and names that `file`, which lies at `path`, still gives into a new store, and
+// tells in `report` what was copied and what is lost. `foundNothing` is set where that is nothing.
+// Gives:  false where the new store can't take it; its LastError tells why.
+bool RescueTables(SqliteFile& file, const std::string& path, StoreEngine& fresh,
+                  RescueReport& report, bool& foundNothing);
+
+}  // namespace orvo
