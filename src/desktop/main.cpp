@@ -180,11 +180,7 @@ int ShowWindow(StoreSession& session, const CommandLine& line, std::unique_ptr<I
     window.activateWindow();
     window.Frame().LookupBox().SetFocus();
     if (!line.files.empty()) window.ImportLater(line.files);
-    if (!session.Damage().empty()) {
-        QMetaObject::invokeMethod(
-            &window, [&] { OfferRescue(&window, session.Path(), session.Damage()); },
-            Qt::QueuedConnection);
-    }
+    if (!session.Damage().empty()) OfferRescueLater(window, session.Path(), session.Damage());
     instance->SetListener([&window](const StartRequest& request) { Answer(window, request); });
     const int code = QApplication::exec();
     instance.reset();

@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <platform/window/WindowSystem.h>
+#include <support/LocaleInForce.h>
 
 namespace orvo {
 
@@ -270,6 +271,8 @@ protected:
     static constexpr const char* kText = "a\xC3\xA9\xE6\x9D\xB1z";
 
     void SetUp() override { edit = system.MakeEditPeer({nullptr, {0, 0, 200, 20}, 0}); }
+
+    LocaleInForce locale{"en-US"};
 
     System system;
     std::unique_ptr<EditPeer> edit;

@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTimer>
 #include <algorithm>
 
 #include <desktop/Problems.h>
@@ -77,6 +78,17 @@ void OfferRescue(QWidget* parent, const std::string& store,
     }
     told += "\n\n" + Text("It is opened by: %1").arg("orvo-desktop --store " + fresh);
     QMessageBox::information(parent, Title(), told);
+}
+
+void OfferRescueLater(QWidget& parent, const std::string& store,
+                      const std::vector<std::string>& damage) {
+    auto* later = new QTimer(&parent);  // Qt's
+    later->setSingleShot(true);
+    QObject::connect(later, &QTimer::timeout, &parent, [&parent, later, store, damage] {
+        later->deleteLater();
+        OfferRescue(&parent, store, damage);
+    });
+    later->start();
 }
 
 }  // namespace orvo::desktop

@@ -13,4 +13,8 @@ namespace orvo::desktop {
 // new store, makes it and tells what became of it.
 void OfferRescue(QWidget* parent, const std::string& store, const std::vector<std::string>& damage);
 
+// The same once the program waits for its user, who sees the window then.
+void OfferRescueLater(QWidget& parent, const std::string& store,
+                      const std::vector<std::string>& damage);
+
 }  // namespace orvo::desktop

@@ -1,5 +1,7 @@
 // What the user is told of to-dos, and how often.
 // SPDX-License-Identifier: MIT
+#include <QLocale>
+
 #include <gmock/gmock.h>
 
 #include <desktop/reminder/Reminder.h>
@@ -16,6 +18,8 @@ using testing::IsEmpty;
 
 class ReminderTest : public SettingsFixture {
 protected:
+    ReminderTest() { QLocale::setDefault(QLocale::c()); }
+
     ToDoStore store;
     std::vector<std::string> told;  // title and body
     Reminder reminder{store.engine, store.options,

@@ -135,6 +135,7 @@ TEST(CString, CaseIsMappedByCharacter) {
         EXPECT_EQ(text, row.upper) << row.why;
         EXPECT_EQ(CString(row.in).CompareNoCase(row.upper), 0) << row.why;
     }
+    const LocaleInForce locale("en-US");
     CString lower("ÄB");
     lower.MakeLower();
     EXPECT_EQ(lower, "äb");
