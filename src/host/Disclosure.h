@@ -17,17 +17,17 @@ void SetPrivacy(COrvoDesktopOptions& options, Privacy privacy);
 bool IsGuarded(const COrvoDesktopOptions& options);
 
 enum class WayOut {
-    View,     // a row, a card or a field on a screen, as text, as JSON, or told to a screen reader
-    Paper,    // printed, or a PDF file
-    InfoTip,  //
-    Export,   // a file of cards or of a calendar
-    Mail,     // as a recipient or as a card
-    Clipboard,   //
+    View,   // a row, a card or a field on a screen, as text, as JSON, or told to a screen reader
+    Paper,  // printed, or a PDF file
+    InfoTip,
+    Export,  // a file of cards or of a calendar
+    Mail,    // as a recipient or as a card
+    Clipboard,
     Drag,        // to another program
     Duplicates,  // a search that shows whole entries side by side
-    Trash,       //
-    Reminder,    // a message before a to-do is due
-    Change,      // an edit, which shows what it is about
+    Trash,
+    Reminder,  // a message before a to-do is due
+    Change,    // an edit, which shows what it is about
 };
 constexpr int kWaysOut = static_cast<int>(WayOut::Change) + 1;
 
