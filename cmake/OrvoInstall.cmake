@@ -49,13 +49,18 @@ if(ORVO_DESKTOP)
             DESTINATION "${CMAKE_INSTALL_DATADIR}/dbus-1/services" COMPONENT desktop)
 endif()
 
-set(without_qt PATTERN "platform/qt" EXCLUDE)
-if(ORVO_DESKTOP)
-    set(without_qt "")
+# These include headers of libraries which a program that embeds this one needn't have.
+set(left_out "")
+foreach(header AsciiCollation DamagedFile InterfaceBus LoosePages SqliteFile SqliteMigration SqliteOpen SqliteRow
+               SqliteSalvage SqliteStatements TableRescue)
+    list(APPEND left_out PATTERN "${header}.h" EXCLUDE)
+endforeach()
+if(NOT ORVO_DESKTOP)
+    list(APPEND left_out PATTERN "platform/qt" EXCLUDE)
 endif()
 foreach(folder platform contracts orvoshare libraries)
     install(DIRECTORY "${PROJECT_SOURCE_DIR}/src/${folder}" DESTINATION "${header_folder}"
-            COMPONENT development FILES_MATCHING PATTERN "*.h" ${without_qt})
+            COMPONENT development FILES_MATCHING PATTERN "*.h" ${left_out})
 endforeach()
 install(EXPORT OrvoShareTargets NAMESPACE OrvoShare:: DESTINATION "${cmake_folder}"
         COMPONENT development)

@@ -19,7 +19,7 @@ UINT DragQueryFileA(const HDROP& drop, UINT file, char* buffer, UINT size) {
     return static_cast<UINT>(copied);
 }
 
-void COleDataObject::Add(CLIPFORMAT format, HGLOBAL data) {
+void COleDataObject::Add(CLIPFORMAT format, HDROP data) {
     m_entries.push_back({format, std::move(data)});
 }
 
@@ -30,7 +30,7 @@ BOOL COleDataObject::GetNextFormat(FORMATETC* format) {
     return 1;
 }
 
-HGLOBAL COleDataObject::GetGlobalData(CLIPFORMAT format, const FORMATETC* entry) const {
+HDROP COleDataObject::GetGlobalData(CLIPFORMAT format, const FORMATETC* entry) const {
     for (std::size_t i = 0; i < m_entries.size(); ++i) {
         if (m_entries[i].format == format && (!entry || entry->entry == i)) {
             return m_entries[i].data;

@@ -25,9 +25,9 @@ struct FORMATETC {
 // Paths of files, in the system's code page.
 using DropList = std::vector<CString>;
 
-// The data of one format, shared by all who hold it. It is a list of files, or null.
-using HGLOBAL = std::shared_ptr<const DropList>;
-using HDROP = HGLOBAL;
+// What is dragged in one format, shared by all who hold it: a list of files, or null for anything
+// else.
+using HDROP = std::shared_ptr<const DropList>;
 
 constexpr UINT MAX_PATH = 260;
 constexpr UINT kCountFiles = 0xFFFFFFFF;
@@ -40,7 +40,7 @@ ORVO_API UINT DragQueryFileA(const HDROP& drop, UINT file, char* buffer, UINT si
 class ORVO_API COleDataObject {
 public:
     // Adds an entry. Data that isn't a list of files comes with null.
-    void Add(CLIPFORMAT format, HGLOBAL data);
+    void Add(CLIPFORMAT format, HDROP data);
 
     // The entries in their order; GetNextFormat gives 0 after the last one.
     void BeginEnumFormats() { m_next = 0; }
@@ -48,12 +48,12 @@ public:
 
     // Gives: the data of the entry that `entry` names, else of the first one of that format; null
     //        where there is none.
-    HGLOBAL GetGlobalData(CLIPFORMAT format, const FORMATETC* entry = nullptr) const;
+    HDROP GetGlobalData(CLIPFORMAT format, const FORMATETC* entry = nullptr) const;
 
 private:
     struct Entry {
         CLIPFORMAT format;
-        HGLOBAL data;
+        HDROP data;
     };
 
     std::vector<Entry> m_entries;

@@ -2,18 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstdint>
-
 #include <platform/Export.h>
+#include <platform/Result.h>
 #include <platform/text/CString.h>
 
 namespace orvo {
 
-// Below 0 for a failure.
-using HRESULT = std::int32_t;
-constexpr HRESULT S_OK = 0;
-constexpr HRESULT E_FAIL = static_cast<HRESULT>(0x80004005);
-constexpr HRESULT kFileNotFound = static_cast<HRESULT>(0x80070002);
+constexpr HRESULT kFileNotFound = ResultOf(0x80070002);
 
 // Paths are in the system's code page. Shortcuts are files whose names end in ".lnk" or ".desktop"
 // in whatever case, and symbolic links.

@@ -130,7 +130,7 @@ TEST_F(DropTargetTest, EachEntryOfTheDataIsFoundByItsFormat) {
     FORMATETC format;
     data.BeginEnumFormats();
     while (data.GetNextFormat(&format)) {
-        const HGLOBAL entry = data.GetGlobalData(format.cfFormat, &format);
+        const HDROP entry = data.GetGlobalData(format.cfFormat, &format);
         found.push_back(entry ? entry->front().Bytes() : "text");
     }
     EXPECT_THAT(found, ElementsAre("/a", "text", "/b"));
