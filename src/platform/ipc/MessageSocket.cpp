@@ -55,10 +55,23 @@ bool Connect(int socket, const std::string& path) {
            ::connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
 }
 
-int MillisecondsUntil(Clock::time_point end) {
-    const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now());
-    return std::max(0, static_cast<int>(left.count()));
-}
+// How long may still be waited, in milliseconds.
+class TimeLeft {
+public:
+    explicit TimeLeft(int milliseconds)
+        : m_isLimited(milliseconds >= 0),
+          m_end(Clock::now() + std::chrono::milliseconds(milliseconds)) {}
+
+    int Milliseconds() const {
+        if (!m_isLimited) return kNoTimeLimit;
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(m_end - Clock::now());
+        return std::max(0, static_cast<int>(left.count()));
+    }
+
+private:
+    bool m_isLimited;
+    Clock::time_point m_end;
+};
 
 // The sockets of processes that were killed lie about; only while nobody begins to listen can one
 // that refuses be told from one that isn't ready yet.
@@ -155,13 +168,13 @@ void MessageListener::Answer(int connection) {
 
 SendOutcome SendToProcess(std::uint32_t process, const ProcessMessage& message, int milliseconds,
                           std::int64_t& result) {
-    const auto end = Clock::now() + std::chrono::milliseconds(milliseconds);
+    const TimeLeft time(milliseconds);
     std::string error;
     const std::string path = PathOf(RuntimeFolder(error), process);
     const Descriptor connection = NewSocket();
     while (!Connect(connection.Number(), path)) {
         if (errno != EAGAIN) return SendOutcome::NoSuchProcess;
-        if (MillisecondsUntil(end) == 0) return SendOutcome::TimedOut;
+        if (time.Milliseconds() == 0) return SendOutcome::TimedOut;
         ServeSources(1);
     }
     if (!WriteMessage(connection.Number(), message)) return SendOutcome::Ended;
@@ -178,7 +191,7 @@ SendOutcome SendToProcess(std::uint32_t process, const ProcessMessage& message, 
         source.reset();
     });
     while (!isOver) {
-        const int left = MillisecondsUntil(end);
+        const int left = time.Milliseconds();
         if (left == 0) return SendOutcome::TimedOut;
         ServeSources(left);
     }

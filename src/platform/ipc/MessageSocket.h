@@ -53,9 +53,11 @@ private:
 
 enum class SendOutcome { Handled, NoSuchProcess, NotTaken, Ended, TimedOut };
 
-// Sends the message and waits until it is handled, but no longer than that many milliseconds; what
-// comes in meanwhile is served. `result` is set where it was handled. A message that has not been
-// begun when the time is over is never handled.
+constexpr int kNoTimeLimit = -1;  // as is any number below 0
+
+// Sends the message and waits until it is handled or the other process has gone, but no longer than
+// that many milliseconds; what comes in meanwhile is served. `result` is set where it was handled.
+// A message that has not been begun when the time is over is never handled.
 ORVO_API SendOutcome SendToProcess(std::uint32_t process, const ProcessMessage& message,
                                    int milliseconds, std::int64_t& result);
 

@@ -27,7 +27,8 @@ private:
 // ServeSources(0).
 ORVO_API int WaitDescriptor();
 
-// Waits until a source is ready, but no longer than that many milliseconds, and serves one source.
+// Waits until a source is ready, but no longer than that many milliseconds (below 0: however long
+// that takes), and serves one source.
 // Gives: false where none was ready.
 ORVO_API bool ServeSources(int milliseconds);
 

@@ -19,7 +19,7 @@ namespace {
 constexpr unsigned kWindowBits = 32;
 constexpr UINT kLastOfApplication = 0xBFFF;
 
-int timeLimit = 5000;
+int timeLimit = kNoTimeLimit;
 
 std::uint64_t NumberOf(HWND window) {
     return reinterpret_cast<std::uint64_t>(window);

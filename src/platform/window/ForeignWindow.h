@@ -24,8 +24,8 @@ constexpr long ERROR_TIMEOUT = 1460;
 // A window has a second handle, under which all processes of the user reach it. SendMessage takes
 // either; to another process it sends WM_COPYDATA with its bytes, and WM_NULL, WM_CLOSE and the
 // numbers from WM_APP to 0xBFFF with arguments that are plain numbers. It waits until the message
-// is handled and serves meanwhile what comes to this process, messages and calls of interfaces. The
-// host of the receiver watches WaitDescriptor.
+// is handled or the receiver has gone, and serves meanwhile what comes to this process, messages
+// and calls of interfaces. The host of the receiver watches WaitDescriptor.
 
 // The window's handle for other processes, by which this process begins to hear them.
 // Gives: null where there is no such window, or this process can't be reached.
@@ -51,8 +51,8 @@ private:
 // The window that is published under that name, of whichever process; null where there is none.
 ORVO_API HWND FindPublishedWindow(std::string_view name);
 
-// How long a message to another process may take, in milliseconds; 5000 until it is set. A receiver
-// that asks its user something in its handler takes longer.
+// How long a message to another process may take, in milliseconds; -1, as until it is set, is
+// however long it takes. A receiver that asks its user something in its handler takes its time.
 ORVO_API void SetMessageTimeLimit(int milliseconds);
 
 // What SendMessage does with a handle that names no window of this process.

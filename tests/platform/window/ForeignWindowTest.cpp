@@ -1,8 +1,12 @@
 // Messages to windows of another process.
 // SPDX-License-Identifier: MIT
+#include <chrono>
+#include <csignal>
 #include <filesystem>
+#include <future>
 #include <sys/socket.h>
 #include <sys/un.h>
+#include <thread>
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
@@ -32,7 +36,6 @@ public:
 class ForeignWindow : public testing::Test {
 protected:
     ForeignWindow() {
-        SetMessageTimeLimit(20000);
         EXPECT_EQ(peer.Line(), "ready");
         target = FindPublishedWindow("a window/1");
         EXPECT_NE(target, nullptr);
@@ -103,6 +106,17 @@ TEST_F(ForeignWindow, AKilledProcessLeavesNothingForLong) {
     const auto number = reinterpret_cast<std::uint64_t>(target) >> 32U;
     EXPECT_FALSE(
         std::filesystem::exists(runtime.Folder() / "orvo" / fmt::format("{:08x}.window", number)));
+}
+
+TEST_F(ForeignWindow, AMessageWaitsHoweverLongForAReceiverThatLives) {
+    using namespace std::chrono_literals;
+    peer.Signal(SIGSTOP);
+    const auto end = std::async(std::launch::async, [this] {
+        std::this_thread::sleep_for(5500ms);  // more than what any limit of old was
+        peer.Kill();
+    });
+    EXPECT_EQ(SendData(target, "x"), 0);
+    EXPECT_EQ(GetLastError(), ERROR_INVALID_WINDOW_HANDLE);
 }
 
 TEST_F(ForeignWindow, WhatIsNoMessageHarmsNobody) {
