@@ -1,6 +1,7 @@
 // A program that embeds the address list: a window with a lookup box over the addresses of a store.
 //     address_list STORE            shows it
 //     address_list STORE PICTURE    draws it into a file, such as list.png, and ends
+// Card and calendar files that are dropped on the window are named in its title.
 // SPDX-License-Identifier: MIT
 #include <QApplication>
 #include <QWidget>
@@ -12,6 +13,7 @@
 #include <orvoshare/addresslist/DetailViewAddrList.h>
 #include <orvoshare/addressviews/AddrCompare.h>
 #include <orvoshare/addressviews/LookupEdit.h>
+#include <orvoshare/integration/OrvoOleDropTarget.h>
 #include <platform/qt/QtWindowSystem.h>
 #include <platform/window/WindowSystem.h>
 
@@ -34,6 +36,8 @@ public:
             !m_list.Create(kChild | LVS_REPORT | LVS_SHOWSELALWAYS, {}, this, 2)) {
             return false;
         }
+        AfxSetMainWnd(this);  // the one that is told of dropped files
+        m_target.Register(this);
         m_list.Initialize(&m_addresses, nullptr);
         m_list.ShowDefaultHeading();
         m_list.DV_SetEdit(&m_box);  // what is typed into either looks somebody up
@@ -46,13 +50,22 @@ public:
 
     static const orvo::MessageMap& ThisMap() {
         static const orvo::MessageMap map{CWnd::ThisMap(),
-                                          {orvo::On<orvo::WM_SIZE>(&ListWindow::OnSize)}};
+                                          {orvo::On<orvo::WM_SIZE>(&ListWindow::OnSize),
+                                           orvo::On<orvo::kFilesDropped>(&ListWindow::OnFiles)}};
         return map;
     }
     const orvo::MessageMap& GetMessageMap() const override { return ThisMap(); }
 
 private:
     void OnSize(orvo::UINT, int, int) { Arrange(); }
+
+    orvo::LRESULT OnFiles(orvo::WPARAM, orvo::LPARAM lParam) {
+        const auto& paths = *orvo::PointerOf<orvo::CStringArray>(lParam);
+        orvo::CString title;
+        for (int i = 0; i < paths.GetSize(); ++i) title += (i == 0 ? "" : ", ") + paths[i];
+        SetWindowText(title);
+        return 0;
+    }
 
     void Arrange() {
         orvo::CRect client;
@@ -64,6 +77,7 @@ private:
     orvo::CAddressTable& m_addresses;
     orvo::CLookupEdit m_box;
     orvo::CDetailViewAddrList m_list;
+    orvo::COrvoOleDropTarget m_target;
 };
 
 int Show(orvo::StoreEngine& store, const char* picture) {

@@ -88,7 +88,6 @@ bool DesktopWindow::Open(const WindowSettings& settings) {
     if (!m_frame.Open()) return false;
     setCentralWidget(QtWindowSystem::WidgetOf(&m_frame));
     if (SystemLocale::Language() == "ja") MakeKanaIndex();
-    m_drop = std::make_unique<QtDrop>(m_frame);
     m_frame.SetDropListener([this](const std::vector<std::string>& files) { ImportLater(files); });
     m_frame.SetOpenListener([this] { OpenSelected(); });
     m_frame.SetCloseListener([this] { CloseUnlessAsking(); });

@@ -18,7 +18,6 @@
 #include <desktop/kana/KanaIndex.h>
 #include <desktop/plugins/Plugins.h>
 #include <desktop/reminder/Reminder.h>
-#include <platform/qt/QtDrop.h>
 
 class QMimeData;
 
@@ -140,7 +139,6 @@ private:
     QActionGroup m_privacies{nullptr};
     QActionGroup m_addressOrders{nullptr};
     QActionGroup m_toDoOrders{nullptr};
-    std::unique_ptr<QtDrop> m_drop;
     std::unique_ptr<Plugins> m_plugins;
     std::vector<QAction*> m_addressActions;    // Qt's; enabled where addresses are selected
     std::vector<QAction*> m_selectionActions;  // where anything is

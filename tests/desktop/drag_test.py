@@ -38,14 +38,14 @@ class DragTest(unittest.TestCase):
     def names(self):
         return [row["name"] for row in self.home.rows("addresses")]
 
-    def middle(self):
-        window = self.screen.window(TITLE)
+    def middle(self, title):
+        window = self.screen.window(title)
         words = dict(line.split("=") for line in self.screen.xdotool("getwindowgeometry", "--shell", window).split())
         left, top, width, height = (int(words[word]) for word in ("X", "Y", "WIDTH", "HEIGHT"))
         return left + width // 2, top + height // 2
 
     @contextlib.contextmanager
-    def drag(self, is_taken, *files):
+    def drag(self, is_taken, *files, title=TITLE):
         """Drags the files into the middle of the window, and sees whether it takes them or refuses them.
 
         The program from which they come stays as long as the block lasts."""
@@ -55,7 +55,7 @@ class DragTest(unittest.TestCase):
             until("the source", lambda: self.screen.window("Files to drag"))
             self.screen.xdotool("mousemove", SOURCE[0] + 20, SOURCE[1] + 20, "mousedown", 1)
             until("the drag begins", told.read_text)
-            x, y = self.middle()
+            x, y = self.middle(title)
             for step in range(4):
                 self.screen.move(x + 9 * step, y)
                 self.screen.at_rest()
@@ -96,6 +96,15 @@ class DragTest(unittest.TestCase):
             with self.drag(True, letter, self.file("a.vcf", card("Adams")), damaged):
                 until("the card among them is there", self.names)
         self.assertEqual(self.names(), ["Adams"])
+
+    def test_a_program_that_embeds_the_library_takes_files_by_its_drop_target_alone(self):
+        letter, file = self.file("letter.txt", card("Letter")), self.file("a.vcf", card("Adams"))
+        with running([sys.argv[4], self.home.store], {**self.home.environment, **self.screen.environment}):
+            self.screen.focus("Addresses")
+            with self.drag(False, letter, title="Addresses"):
+                pass
+            with self.drag(True, letter, file, title="Addresses"):
+                until("the window names the file", lambda: self.screen.window(f"^{file}$"))
 
     def test_a_card_file_without_cards_is_told(self):
         with self.home.window(self.screen), self.drag(True, self.file("a.vcf", "Dear Ada,\n")):

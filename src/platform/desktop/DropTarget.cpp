@@ -46,11 +46,15 @@ BOOL COleDropTarget::Register(CWnd* window) {
     Revoke();
     m_window = handle;
     Targets().emplace(handle, this);
+    window->GetPeer()->TakeDrops(true);
     return 1;
 }
 
 void COleDropTarget::Revoke() {
-    if (m_window) Targets().erase(m_window);
+    if (!m_window) return;
+    Targets().erase(m_window);
+    const CWnd* window = CWnd::FromHandle(m_window);
+    if (window && window->GetPeer()) window->GetPeer()->TakeDrops(false);
     m_window = nullptr;
 }
 

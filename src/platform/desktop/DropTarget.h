@@ -40,7 +40,8 @@ public:
     // Asked before OnDragOver. Gives: DROPEFFECT_SCROLL with others while the window scrolls.
     virtual DROPEFFECT OnDragScroll(CWnd* window, DWORD keyState, CPoint point);
 
-    // From now on the target is that of the window.
+    // From now on the window takes what is dragged over it, as the target says, on whichever window
+    // system it stands.
     // Gives: 0 where the window isn't there, or one of the two is registered already.
     BOOL Register(CWnd* window);
     void Revoke();

@@ -9,7 +9,6 @@
 #include <platform/qt/QtConvert.h>
 #include <platform/qt/QtDrop.h>
 #include <platform/qt/QtKeys.h>
-#include <platform/qt/QtWindowSystem.h>
 
 namespace orvo {
 namespace {
@@ -52,11 +51,17 @@ HDROP FilesOf(const QMimeData& data) {
 
 }  // namespace
 
-QtDrop::QtDrop(const CWnd& window)
-    : m_window(window.GetSafeHwnd()), m_client(QtWindowSystem::WidgetOf(&window)) {
-    m_client->setProperty(kOwnDrop, true);
-    m_client->setAcceptDrops(true);
-    Watch(*m_client);
+QtDrop::QtDrop(HWND window, QWidget& client)
+    : m_window(window), m_client(&client), m_tookDrops(client.acceptDrops()) {
+    client.setProperty(kOwnDrop, true);
+    client.setAcceptDrops(true);
+    Watch(client);
+}
+
+QtDrop::~QtDrop() {
+    if (!m_client) return;
+    m_client->setProperty(kOwnDrop, QVariant());
+    m_client->setAcceptDrops(m_tookDrops);
 }
 
 void QtDrop::Watch(QWidget& widget) {

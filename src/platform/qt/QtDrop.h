@@ -4,19 +4,23 @@
 
 #include <QDropEvent>
 #include <QObject>
+#include <QPointer>
 #include <QWidget>
 
 #include <platform/desktop/DropTarget.h>
 
 namespace orvo {
 
-// From now on files that are dragged over the window, also over what is inside, are offered to the
-// drop target registered for the window at that time. Other data goes its usual way, so that a text
-// can still be dropped into an edit. A window inside that has a QtDrop of its own keeps its files.
+// While it lives, files that are dragged over the window, also over what is inside, are offered to
+// the drop target registered for the window. Other data goes its usual way, so that a text can
+// still be dropped into an edit. A window inside that has a QtDrop of its own keeps its files.
 class QtDrop : public QObject {
 public:
-    // Requires: the window is there, on the screen.
-    explicit QtDrop(const CWnd& window);
+    // `client` is the widget of the window.
+    QtDrop(HWND window, QWidget& client);
+    ~QtDrop() override;
+    QtDrop(const QtDrop&) = delete;
+    QtDrop& operator=(const QtDrop&) = delete;
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -27,8 +31,9 @@ private:
     bool DragLeft();
 
     HWND m_window;
-    QWidget* m_client;
-    HDROP m_files;  // of the drag that is going on over the window
+    QPointer<QWidget> m_client;
+    bool m_tookDrops;  // of its own accord, as an edit takes texts
+    HDROP m_files;     // of the drag that is going on over the window
 };
 
 }  // namespace orvo

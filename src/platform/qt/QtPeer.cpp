@@ -45,6 +45,11 @@ void QtWidgetState::PaintPending() {
         QCoreApplication::sendPostedEvents(m_widget->window(), QEvent::UpdateRequest);
 }
 
+void QtWidgetState::TakeDropsOf(HWND window, bool on) {
+    m_drop.reset();
+    if (on && m_widget) m_drop = std::make_unique<QtDrop>(window, *m_widget);
+}
+
 std::unique_ptr<Canvas> QtWidgetState::MakeWindowCanvas() {
     QWidget* painted = PaintedWidget();
     if (!m_link || !painted) return std::make_unique<QtCanvas>(nullptr);

@@ -7,6 +7,7 @@
 #include <memory>
 
 #include <platform/qt/QtConvert.h>
+#include <platform/qt/QtDrop.h>
 #include <platform/qt/QtWindowLink.h>
 #include <platform/window/WindowPeer.h>
 
@@ -39,6 +40,7 @@ protected:
     void Place(const CRect& place);
     void InvalidateWidget(const CRect& area);
     void PaintPending();
+    void TakeDropsOf(HWND window, bool on);
     std::unique_ptr<Canvas> MakeWindowCanvas();
 
     CString m_text;
@@ -46,6 +48,7 @@ protected:
 private:
     QPointer<QWidget> m_widget;
     QPointer<QtWindowLink> m_link;
+    std::unique_ptr<QtDrop> m_drop;  // while the window takes drops
 };
 
 // Gives a widget that isn't shown yet, and those inside, the sizes that they have been set to.
@@ -86,6 +89,7 @@ public:
     }
     void Invalidate(const CRect& area) override { InvalidateWidget(area); }
     void Update() override { PaintPending(); }
+    void TakeDrops(bool on) override { TakeDropsOf(this->Handle(), on); }
     std::unique_ptr<Canvas> MakeCanvas() override { return MakeWindowCanvas(); }
 };
 

@@ -48,6 +48,10 @@ public:
     // Paints now what is to be painted.
     virtual void Update() = 0;
 
+    // From now on, or no longer, what is dragged over the window, also over what is inside, is
+    // offered to the drop target registered for it. There are systems on which nothing is dragged.
+    virtual void TakeDrops(bool /*on*/) {}
+
     // For drawing outside WM_PAINT.
     virtual std::unique_ptr<Canvas> MakeCanvas() = 0;
 

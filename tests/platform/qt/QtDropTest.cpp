@@ -6,12 +6,11 @@
 #include <QUrl>
 #include <QWindow>
 #include <functional>
-#include <memory>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <platform/qt/QtDrop.h>
+#include <platform/desktop/DropTarget.h>
 #include <platform/qt/QtFixture.h>
 #include <support/CodePages.h>
 #include <support/LocaleInForce.h>
@@ -58,7 +57,6 @@ struct QtDropTest : QtWindowFixture {
         QtWindowFixture::SetUp();
         screenWindow = Widget(parent).windowHandle();
         target.Register(&parent);
-        drop = std::make_unique<QtDrop>(parent);
     }
 
     // Each gives what the source of the drag is told.
@@ -93,7 +91,6 @@ struct QtDropTest : QtWindowFixture {
 
     QWindow* screenWindow = nullptr;
     NotingTarget target;
-    std::unique_ptr<QtDrop> drop;
     QMimeData mime;
     Qt::DropActions allowed = Qt::CopyAction | Qt::MoveAction;
 };
@@ -159,7 +156,6 @@ TEST_F(QtDropTest, AWindowInsideWithADropOfItsOwnKeepsItsFiles) {
     child.Create(WS_CHILD, {200, 100, 300, 200}, &parent, 1);
     NotingTarget own;
     own.Register(&child);
-    const QtDrop ownDrop(child);
     DragFiles({QUrl("file:///x/a.vcf")});
 
     EXPECT_EQ(Enter({210, 120}), Qt::CopyAction);
@@ -184,7 +180,7 @@ TEST_F(QtDropTest, WithoutATargetNothingIsTaken) {
 TEST_F(QtDropTest, TheHostMayTakeTheWindowAwayAtADrop) {
     DragFiles({QUrl("file:///x/a.vcf")});
     target.whenDropped = [this] {
-        drop.reset();
+        target.Revoke();
         parent.DestroyWindow();
     };
     Enter();
