@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include <array>
 #include <cerrno>
-#include <cstdint>
 #include <filesystem>
 #include <string_view>
 #include <thread>
@@ -12,20 +11,12 @@
 
 #include <orvoshare/shared/DataSetClaim.h>
 #include <platform/ipc/RuntimeFolder.h>
+#include <platform/text/Hash.h>
 
 namespace orvo {
 namespace {
 
 constexpr std::chrono::milliseconds kPause{10};
-
-// FNV-1a: the same in each build, as different programs must come to the same key.
-std::uint64_t HashOf(std::string_view text) {
-    std::uint64_t hash = 0xCBF29CE484222325U;
-    for (const char byte : text) {
-        hash = (hash ^ static_cast<unsigned char>(byte)) * 0x100000001B3U;
-    }
-    return hash;
-}
 
 std::string LifePath(const std::string& user) {
     std::string error;

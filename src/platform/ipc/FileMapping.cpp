@@ -86,8 +86,6 @@ long ErrorOfSystem() {
     switch (errno) {
         case ENOENT:
             return ERROR_FILE_NOT_FOUND;
-        case ENAMETOOLONG:
-            return ERROR_INVALID_NAME;
         case ENOSPC:
         case ENOMEM:
         case EFBIG:

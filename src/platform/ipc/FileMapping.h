@@ -19,15 +19,14 @@ constexpr std::uint32_t FILE_MAP_ALL_ACCESS = 0xF001F;
 
 // A block lives as long as any process has a handle or a view of it open. A process that ends in
 // any way, killed included, has none any more; the next creator starts with zeros. A name may hold
-// any bytes; its case counts. All functions may be called from several threads. A forked child that
-// doesn't start another program holds what its parent had open.
+// any bytes, as many as it likes; its case counts. All functions may be called from several
+// threads. A forked child that doesn't start another program holds what its parent had open.
 
 // Makes a block of that size, or opens the one that is there, which keeps its size. `file` is
 // INVALID_HANDLE_VALUE, `security` null, `protection` PAGE_READWRITE.
 // Gives:  a handle, which the caller closes with CloseHandle. GetLastError is ERROR_SUCCESS, or
 //         ERROR_ALREADY_EXISTS where the block was there.
-// Fails:  with null, and GetLastError tells why; a size of 0 and an empty name are refused, and so
-//         is a name that no file can have because of its length.
+// Fails:  with null, and GetLastError tells why; a size of 0 and an empty name are refused.
 ORVO_API HANDLE CreateFileMappingA(HANDLE file, const void* security, std::uint32_t protection,
                                    std::uint32_t sizeHigh, std::uint32_t sizeLow, const char* name);
 

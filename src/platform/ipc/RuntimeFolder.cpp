@@ -11,6 +11,7 @@
 #include <fmt/format.h>
 
 #include <platform/ipc/RuntimeFolder.h>
+#include <platform/text/Hash.h>
 
 namespace orvo {
 namespace {
@@ -42,6 +43,10 @@ bool IsUsersOwn(const std::string& folder, std::string& error) {
     return true;
 }
 
+// So that the endings that are set behind a name fit a file's, too.
+constexpr std::size_t kLongestName = 200;
+constexpr std::size_t kReadableStart = 180;
+
 constexpr bool IsPlain(char character) {
     return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z') ||
            (character >= '0' && character <= '9') || character == '-';
@@ -66,7 +71,10 @@ std::string FileNameOf(std::string_view text) {
                            static_cast<unsigned char>(character));
         }
     }
-    return name;
+    if (name.size() <= kLongestName) return name;
+    // No short text has this character in its name.
+    return fmt::format("{}~{:016x}", std::string_view(name).substr(0, kReadableStart),
+                       HashOf(text));
 }
 
 }  // namespace orvo

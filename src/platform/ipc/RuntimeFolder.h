@@ -15,7 +15,8 @@ namespace orvo {
 // Gives:  an empty text where there is none of these, with the reason in one line in `error`.
 ORVO_API std::string RuntimeFolder(std::string& error);
 
-// A file name for any bytes; two different texts have two different names.
+// A file name for any bytes, of at most 200 characters: of a long text it has the start, and a hash
+// that tells it from others.
 ORVO_API std::string FileNameOf(std::string_view text);
 
 }  // namespace orvo

@@ -136,8 +136,11 @@ TEST_F(FileMapping, AViewKeepsTheBlockWithoutAnyHandle) {
 }
 
 TEST_F(FileMapping, AnyBytesOfANameMakeABlockOfItsOwn) {
-    const std::vector<std::string> names{"a",    "A",     "../a", "a/b",      "%2F",
-                                         "\xFF", "a\nb ", ".",    "Global\\a"};
+    const std::string special(100, '/');
+    const std::string longest(100000, 'x');
+    const std::vector<std::string> names{
+        "a", "A",         "../a",  "a/b",         "%2F",   "\xFF",        "a\nb ",
+        ".", "Global\\a", special, special + "a", longest, longest + "a", "x" + longest};
     std::vector<HANDLE> handles;
     for (const std::string& name : names) {
         handles.push_back(Create(name.c_str()));
@@ -163,8 +166,6 @@ TEST_F(FileMapping, WhatCannotBeIsRefusedWithItsReason) {
         "no name", [] { return Create(""); }, ERROR_INVALID_NAME);
     refused(
         "a null name", [] { return Open(nullptr); }, ERROR_INVALID_NAME);
-    refused(
-        "a long name", [] { return Create(std::string(300, 'x').c_str()); }, ERROR_INVALID_NAME);
     refused(
         "not there", [] { return Open("c"); }, ERROR_FILE_NOT_FOUND);
     refused(
