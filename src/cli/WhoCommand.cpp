@@ -8,7 +8,7 @@
 #include <cli/AddressFields.h>
 #include <cli/Commands.h>
 #include <cli/Output.h>
-#include <orvoshare/shared/DalAccessController.h>
+#include <orvoshare/shared/DataSetClaim.h>
 
 namespace orvo::cli {
 namespace {
@@ -22,22 +22,29 @@ std::vector<CAccessInfo> Accessors() {
     return {rows, rows + count};
 }
 
+// No path is cut off, so that it can be copied.
+void PrintAccessor(const std::string& program, const std::string& dataSet) {
+    PrintLine(PaddedCell(program, sizeof(CAccessInfo::owner) + 1) + dataSet);
+}
+
 int PrintAccessors(bool json) {
     const std::vector<CAccessInfo> accessors = Accessors();
-    TextTable table({"User", "Creator", "Owner"});
-    for (const CAccessInfo& row : accessors) {
-        const std::string user = ToUtf8(CString(row.user));
-        const std::string owner = ToUtf8(CString(row.owner));
-        if (json) {
-            PrintJson({{"user", user}, {"creator", row.creator}, {"owner", owner}});
-        } else {
-            table.Add({user, fmt::to_string(row.creator), owner});
-        }
-    }
     if (accessors.empty()) {
         throw CommandError(kNothingFound, "no program has a data set open");
     }
-    if (!json) table.Print();
+    if (!json) PrintAccessor("Program", "Data set");
+    for (const CAccessInfo& row : accessors) {
+        const std::string user = ToUtf8(CString(row.user));
+        const std::string owner = ToUtf8(CString(row.owner));
+        const std::string store = row.creator == kStoreCreator ? ClaimedStore(user) : "";
+        if (json) {
+            Json line{{"user", user}, {"creator", row.creator}, {"owner", owner}};
+            if (!store.empty()) line["store"] = store;
+            PrintJson(line);
+        } else {
+            PrintAccessor(owner, store.empty() ? fmt::format("{} ({})", user, row.creator) : store);
+        }
+    }
     return kDone;
 }
 

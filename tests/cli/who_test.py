@@ -44,8 +44,8 @@ class WhoTest(unittest.TestCase):
         self.assertEqual(self.accessor("row", "Anna", 7, "Agenda")[1], "added")
         self.assertEqual(self.accessor("row", "Ben\033", 4294967295, "Büro")[1], "added")
         lines = self.orvo("who").splitlines()
-        self.assertEqual([line.split() for line in lines],
-                         [["User", "Creator", "Owner"], ["Anna", "7", "Agenda"], ["Ben␛", "4294967295", "Büro"]])
+        self.assertEqual([line.split(maxsplit=1) for line in lines],
+                         [["Program", "Data set"], ["Agenda", "Anna (7)"], ["Büro", "Ben␛ (4294967295)"]])
         self.assertEqual([json.loads(line) for line in self.orvo("--json", "who").splitlines()],
                          [{"user": "Anna", "creator": 7, "owner": "Agenda"},
                           {"user": "Ben\033", "creator": 4294967295, "owner": "Büro"}])
@@ -65,7 +65,9 @@ class WhoTest(unittest.TestCase):
     def test_beside_the_desktop_orvo_works(self):
         self.assertEqual(self.accessor("claim", self.store, "Orvo Desktop")[1], "own []")
         self.orvo("add", "--name", "Ann")
-        self.assertEqual(json.loads(self.orvo("--json", "who"))["owner"], "Orvo Desktop")
+        row = json.loads(self.orvo("--json", "who"))
+        self.assertEqual((row["owner"], row["store"]), ("Orvo Desktop", str(self.store.resolve())))
+        self.assertRegex(self.orvo("who"), rf"\nOrvo Desktop +{self.store.resolve()}\n$")
 
     def test_a_finished_command_leaves_no_row(self):
         self.accessor("row", "keeps the table", 1, "Other")

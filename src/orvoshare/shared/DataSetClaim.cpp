@@ -1,8 +1,11 @@
 // DataSetClaim: a host's hold on a store in the table of who has which data set open.
 // SPDX-License-Identifier: MIT
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <string_view>
 #include <thread>
 #include <unistd.h>
@@ -29,25 +32,41 @@ std::string LifePath(const std::string& user) {
 std::string LeftBehind(const LockFile& life) {
     std::array<char, sizeof(CAccessInfo::owner)> name{};
     const ssize_t length = ::pread(life.Number(), name.data(), name.size(), 0);
-    return {name.data(), static_cast<std::size_t>(length > 0 ? length : 0)};
+    const std::string_view read(name.data(),
+                                static_cast<std::size_t>(std::max<ssize_t>(length, 0)));
+    return std::string(read.substr(0, read.find('\n')));
 }
 
-bool KeepOwner(const LockFile& life, std::string_view owner) {
-    return ::ftruncate(life.Number(), 0) == 0 && ::pwrite(life.Number(), owner.data(), owner.size(),
-                                                          0) == static_cast<ssize_t>(owner.size());
+// The owner is the first line, and all that follows the path.
+bool KeepClaim(const LockFile& life, std::string_view owner, std::string_view storePath) {
+    const std::string claim = fmt::format("{}\n{}", owner, storePath);
+    return ::ftruncate(life.Number(), 0) == 0 && ::pwrite(life.Number(), claim.data(), claim.size(),
+                                                          0) == static_cast<ssize_t>(claim.size());
+}
+
+// One path for each store, whichever way it is named.
+std::string WholePath(const std::string& storePath) {
+    std::error_code error;
+    const auto path = std::filesystem::weakly_canonical(storePath, error);
+    return error ? storePath : path.string();
 }
 
 }  // namespace
 
 std::string DataSetUser(const std::string& storePath) {
-    std::error_code error;
-    const auto path = std::filesystem::weakly_canonical(storePath, error);
-    return fmt::format("{:016x}", HashOf(error ? storePath : path.string()));
+    return fmt::format("{:016x}", HashOf(WholePath(storePath)));
+}
+
+std::string ClaimedStore(const std::string& user) {
+    std::ifstream claim(LifePath(user), std::ios::binary);
+    std::string owner;
+    std::getline(claim, owner);
+    return {std::istreambuf_iterator<char>(claim), {}};
 }
 
 DataSetClaim::DataSetClaim(const std::string& storePath, const char* owner,
                            std::chrono::milliseconds patience)
-    : m_user(DataSetUser(storePath)) {
+    : m_storePath(WholePath(storePath)), m_user(DataSetUser(m_storePath)) {
     const auto end = std::chrono::steady_clock::now() + patience;
     while ((m_access = Ask(owner)) == DataSetAccess::Refused &&
            std::chrono::steady_clock::now() < end) {
@@ -82,7 +101,7 @@ DataSetAccess DataSetClaim::Enter(const char* owner) {
     RemoveRowOfTheDead();
     const DataSetAccess access = AskTable();
     if (access != DataSetAccess::Own) return access;
-    const bool isKept = KeepOwner(m_life, owner);
+    const bool isKept = KeepClaim(m_life, owner, m_storePath);
     if (isKept && m_table.AddAccessorInfo(m_user.c_str(), kStoreCreator, owner) != 0) return access;
     // A program that makes no claims may have been faster; else the table is full.
     const DataSetAccess now = AskTable();

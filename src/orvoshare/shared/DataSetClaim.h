@@ -21,6 +21,9 @@ constexpr const char* kTerminalOwner = "orvo";
 ORVO_API std::string DataSetUser(const std::string& storePath);
 constexpr unsigned long kStoreCreator = 1;
 
+// Gives:  the path of the store that somebody claims under that key; empty where nobody does.
+ORVO_API std::string ClaimedStore(const std::string& user);
+
 // How a host may go on.
 enum class DataSetAccess {
     Own,          // nobody else has the data set; this host stands in the table
@@ -52,9 +55,11 @@ private:
     DataSetAccess AskTable();
     void RemoveRowOfTheDead();
 
+    std::string m_storePath;
     std::string m_user;
     CDalAccessController m_table;
-    // Held while the claim lives; tells the owner, so that the row of a dead one can be known.
+    // Held while the claim lives; tells the owner, so that the row of a dead one can be known, and
+    // the path, which no key gives back.
     LockFile m_life;
     std::string m_lifePath;
     CString m_holder;
