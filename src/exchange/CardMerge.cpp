@@ -164,8 +164,8 @@ private:
         const std::optional<Property> property = PropertyOf(line);
         if (property && (IsHeld(number, *property) || IsBlank(line.value))) return;
         const std::string value = m_otherEdits.ValueOf(static_cast<std::ptrdiff_t>(number));
-        // An AGENT whose card stands below it is empty itself.
-        if (!value.empty() && m_present.contains(Key(line, value))) return;
+        const bool isWhole = !value.empty() && !OpensAgent(line);
+        if (isWhole && m_present.contains(Key(line, value))) return;
         const bool isSecond = IsOneOf(line.name, kSingle) && m_names.contains(Upper(line.name));
         Add(number, property.has_value() || isSecond);
         m_addedLast = true;

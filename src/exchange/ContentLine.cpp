@@ -141,8 +141,9 @@ bool ContentLineReader::Next(ContentLine& line) {
         const std::size_t firstEnd = m_position;
         Unfold(text);
         if (m_position != firstEnd) {
+            if (!m_unfolded) m_unfolded = std::make_unique<std::pmr::monotonic_buffer_resource>();
             char* const kept =
-                static_cast<char*>(m_unfolded.allocate(m_joined.size() + 1, alignof(char)));
+                static_cast<char*>(m_unfolded->allocate(m_joined.size() + 1, alignof(char)));
             std::memcpy(kept, m_joined.data(), m_joined.size());
             text = {kept, m_joined.size()};
         }

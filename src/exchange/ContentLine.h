@@ -3,9 +3,11 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <memory_resource>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace orvo {
 
@@ -44,7 +46,12 @@ public:
     std::string_view Rest() const { return m_text.substr(m_position); }
 
     // Frees what was unfolded so far.
-    void Forget() { m_unfolded.release(); }
+    void Forget() { m_unfolded.reset(); }
+
+    // Hands over what was unfolded so far, so that the lines outlive the next Forget; null for
+    // nothing.
+    using Unfolded = std::unique_ptr<std::pmr::monotonic_buffer_resource>;
+    Unfolded TakeUnfolded() { return std::move(m_unfolded); }
 
 private:
     std::string_view TakePhysicalLine();
@@ -60,7 +67,7 @@ private:
         0;  // the first line feed at or after m_position, once it was looked for
     bool m_lineFeedKnown = false;
     std::string m_joined;
-    std::pmr::monotonic_buffer_resource m_unfolded;
+    Unfolded m_unfolded;
 };
 
 // One parameter of a line. A bare one, such as HOME in "TEL;HOME:1", has no name.

@@ -115,7 +115,7 @@ ImportReport ImportBytes(std::string_view bytes, CAddressTable& addresses, CToDo
             calendar.Take(entry);
         }
         // To-dos that wait come to the store, and are told, later than what follows them.
-        if (!calendar.IsWaiting()) meter.Pass(entry.source);
+        if (!calendar.IsWaiting()) meter.Pass(entry.lines[entry.lines.size() - 1].source);
     }
     if (!isKnown) throw ExchangeError("holds no card or calendar");
     calendar.Finish();

@@ -136,6 +136,12 @@ TEST(EntryReader, EntriesEndWhereTheyShould) {
         {"the agent of an agent",
          "BEGIN:VCARD\nAGENT:\nBEGIN:VCARD\nAGENT:\n\nBEGIN:VCARD\nEND:VCARD\nEND:VCARD\nEND:VCARD",
          {"1 VCARD"}},
+        {"an agent whose card begins in its line",
+         "BEGIN:VCARD\nAGENT:BEGIN:VCARD\nFN:b\nEND:VCARD\nFN:a\nEND:VCARD\nx:y",
+         {"1 VCARD", "7 stray"}},
+        {"no end before the next in version 2.1",
+         "BEGIN:VCARD\nVERSION:2.1\nBEGIN:VCARD\nEND:VCARD",
+         {"3 VCARD", "1 VCARD!"}},
         {"a to-do with an alarm that isn't closed",
          "BEGIN:VCALENDAR\nX:1\nBEGIN:VTODO\nBEGIN:VALARM\nEND:VTODO\nEND:VCALENDAR",
          {"1 VCALENDAR", "2 property", "3 VTODO", "6 end"}},
@@ -147,6 +153,27 @@ TEST(EntryReader, EntriesEndWhereTheyShould) {
          {"2 stray", "5 VCARD", "7 stray"}},
     };
     for (const LineRow& row : rows) EXPECT_EQ(Entries(row.text), row.want) << row.why;
+}
+
+TEST(EntryReader, CardsGroupedInACardOfVersion21AreEntriesOfTheirOwnLines) {
+    const std::string head = "BEGIN:VCARD\nVERSION:2.1\n";
+    const std::string inner = head + "FN:in\n ner\nEND:VCARD\n";
+    const std::string group = head + "FN:gr\n oup\n" + inner + inner + "TEL:1\nEND:VCARD\n";
+    const std::string text = head + "FN:ou\n ter\n" + group + "TEL:2\nEND:VCARD\n";
+    EntryReader reader(text);
+    Entry entry;
+    std::vector<std::string> sources;
+    std::string names;
+
+    while (reader.Next(entry)) {
+        EXPECT_TRUE(entry.complete);
+        sources.emplace_back(entry.source);
+        names.append(entry.lines[2].value) += ' ';
+    }
+
+    EXPECT_EQ(names, "inner inner group outer ");
+    EXPECT_THAT(sources, ElementsAre(inner, inner, head + "FN:gr\n oup\nTEL:1\nEND:VCARD\n",
+                                     head + "FN:ou\n ter\nTEL:2\nEND:VCARD\n"));
 }
 
 TEST(EntryReader, LinesOfAnInnerComponentHaveNoName) {
