@@ -209,7 +209,8 @@ public:
 
     // Seconds in the sense of time_t; maxDate() for no date. A date before 1970-01-01 00:00:00 UTC
     // or above maxDate() is refused. The store keeps the day and time that the local clock shows,
-    // so that it survives a change of zone.
+    // so that it survives a change of zone; in an hour that the clock runs twice that is the first
+    // of the two moments, while a record that isn't stored yet keeps the one that was set.
     long GetDueDate(long& date) const;
     long SetDueDate(long date);
 
@@ -226,6 +227,8 @@ protected:
     void FromRow(const StoredRow& row) override;
 
 private:
+    void SetNewMoment(std::uint32_t& moment, long date);
+
     std::int32_t m_priority = 3;
     std::uint32_t m_due;        // seconds; maxDate() for no date
     std::uint32_t m_completed;  // seconds; maxDate() for no date

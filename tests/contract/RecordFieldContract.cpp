@@ -290,6 +290,22 @@ TYPED_TEST(RecordFieldContract, AStoredDateStaysAsItIsWhenAnotherFieldChanges) {
     }
 }
 
+TYPED_TEST(RecordFieldContract, ANewRecordKeepsTheSecondRunOfARepeatedHour) {
+    SetSystemTimeZone("Europe/Berlin");
+    constexpr long kSecondRun = 1'792'891'800;  // 2026-10-25 02:30 of standard time
+    CToDoRecord record(this->todos);
+    long due = 0;
+
+    ASSERT_EQ(record.SetDueDate(kSecondRun), 0);
+    ASSERT_EQ(record.SetPriority(5), 0);
+    record.GetDueDate(due);
+    EXPECT_EQ(due, kSecondRun);
+
+    ASSERT_EQ(this->todos.Add(record), 0);
+    record.GetDueDate(due);
+    EXPECT_EQ(due, kSecondRun - 3600) << "as everybody reads it from the store";
+}
+
 TYPED_TEST(RecordFieldContract, ADateThatNoClockShowsIsRefused) {
     StoredRow row;
     row.due = CivilTime{2026, 13, 1, 0, 0, 0};

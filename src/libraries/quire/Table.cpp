@@ -61,8 +61,7 @@ long CBaseTable::Add(CBaseRecord& record) {
     const StoreStatus status =
         m_engine.Insert(m_kind, row, record.m_newExtra ? *record.m_newExtra : none);
     if (status == StoreStatus::Ok) {
-        record.m_id = row.id;
-        record.m_placement = row.placement;
+        record.FromRow(row);
         record.m_newExtra.reset();
         Tell(RecordChange::Kind::Added, row.id);
     }

@@ -32,6 +32,12 @@ void Replace(std::optional<CivilTime>& civil, long date) {
     }
 }
 
+// The moment of a row's date. Until a new record is stored it keeps its own, as an hour that the
+// clock runs twice reads the same both times.
+std::uint32_t MomentOf(const std::optional<CivilTime>& civil, std::uint32_t own, bool isNew) {
+    return isNew && CivilOf(own) == civil ? own : static_cast<std::uint32_t>(DateOf(civil));
+}
+
 bool IsDate(long date) {
     return date >= 0 && date <= kMaxDate;
 }
@@ -86,10 +92,15 @@ long CToDoRecord::SetDueDate(long date) {
     if (!IsDate(date)) {
         return Refuse(NoDate(date));
     }
+    SetNewMoment(m_due, date);
     return Change([=](Draft& draft) { Replace(draft.row.due, date); });
 }
 
 long CToDoRecord::SetCompleted(int state, int markDate) {
+    const std::int64_t now = CTime::GetCurrentTime().GetTime();
+    if (state != 0 && markDate != 0) {
+        SetNewMoment(m_completed, static_cast<long>(now));
+    }
     return Change([=](Draft& draft) {
         if (state == 0) {
             draft.row.flags &= ~RowFlag::Completed;
@@ -98,7 +109,7 @@ long CToDoRecord::SetCompleted(int state, int markDate) {
         }
         draft.row.flags |= RowFlag::Completed;
         if (markDate != 0) {
-            draft.row.completed = CivilOfMoment(CTime::GetCurrentTime().GetTime());
+            draft.row.completed = CivilOfMoment(now);
         }
     });
 }
@@ -112,7 +123,14 @@ long CToDoRecord::SetCompletionDate(long date) {
     if (!IsDate(date)) {
         return Refuse(NoDate(date));
     }
+    SetNewMoment(m_completed, date);
     return Change([=](Draft& draft) { Replace(draft.row.completed, date); });
+}
+
+void CToDoRecord::SetNewMoment(std::uint32_t& moment, long date) {
+    if (GetId() == 0 && IsDate(date)) {
+        moment = static_cast<std::uint32_t>(date);
+    }
 }
 
 void CToDoRecord::ToRow(StoredRow& row) const {
@@ -125,8 +143,9 @@ void CToDoRecord::ToRow(StoredRow& row) const {
 void CToDoRecord::FromRow(const StoredRow& row) {
     CBaseRecord::FromRow(row);
     m_priority = std::clamp(row.priority, kFirstPriority, kLastPriority);
-    m_due = static_cast<std::uint32_t>(DateOf(row.due));
-    m_completed = static_cast<std::uint32_t>(DateOf(row.completed));
+    const bool isNew = row.id == 0;
+    m_due = MomentOf(row.due, m_due, isNew);
+    m_completed = MomentOf(row.completed, m_completed, isNew);
 }
 
 }  // namespace orvo
