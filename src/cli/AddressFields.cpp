@@ -42,7 +42,7 @@ int CategoryIndex(CBaseTable& table, const std::string& name) {
 
 int CategoryIndexOrNew(CBaseTable& table, const std::string& name) {
     if (const CCategory* known = FindCategory(table, name)) return known->GetIndex();
-    if (name.empty() || name.size() > kCategoryNameLength) {
+    if (name.empty() || CutCategoryName(name) != name) {
         throw CommandError(kWrongUse, fmt::format("category \"{}\": a name has 1 to {} bytes", name,
                                                   kCategoryNameLength));
     }

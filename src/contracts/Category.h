@@ -19,12 +19,17 @@ using CatError = int;
 
 constexpr int kCategoryCount = 16;       // indexes 0 to 15
 constexpr int kAllCategories = 16;       // a filter's value, never stored in a record
-constexpr int kCategoryNameLength = 15;  // bytes of UTF-8, under every code page
+constexpr int kCategoryNameLength = 15;  // bytes of the system's code page
 
 // The index of a record that nobody has put into a category. A new table holds it as its first
 // category.
 constexpr int kNoCategory = 0;
 constexpr const char* kNoCategoryName = "Uncategorized";
+
+// The start of a name that a category has room for: whole characters that take at most
+// kCategoryNameLength bytes of the system's code page. Both are UTF-8; a name that fits comes back
+// whole, and the result lies in `utf8`.
+ORVO_API std::string_view CutCategoryName(std::string_view utf8);
 
 class ORVO_API CCategory : public CObject {
 public:
@@ -78,8 +83,8 @@ public:
 
     // Gives:  0: the manager has taken the category and given it the lowest free index. Else the
     //         caller still owns it.
-    // Fails:  for null, where 16 categories stand, where the name is empty or taken, and where it
-    //         can't be stored. A name that another process has taken since is found then.
+    // Fails:  for null, where 16 categories stand, where the name is empty, too long or taken, and
+    //         where it can't be stored. A name that another process has taken since is found then.
     CatError Add(CCategory* category);
 
     // Puts a category that is stored already at its index. One that stands there keeps its object

@@ -5,6 +5,7 @@
 #include <desktop/NameChanges.h>
 #include <desktop/Texts.h>
 #include <platform/qt/QtConvert.h>
+#include <platform/text/SystemText.h>
 
 namespace orvo::desktop {
 namespace {
@@ -18,15 +19,17 @@ TableKind KindOf(const StoreSession& session, const CBaseTable& table) {
 }
 
 QString WrongWithCategory(CBaseTable& table, const QString& name, int index) {
-    const QByteArray utf8 = name.toUtf8();
-    if (utf8.isEmpty()) return Text("A category needs a name.");
-    if (utf8.size() > kCategoryNameLength) {
+    const std::string utf8 = name.toStdString();
+    if (utf8.empty()) return Text("A category needs a name.");
+    if (CutCategoryName(utf8) != utf8) {
+        const int bytes = SystemText("あ").GetLength();
         return Text(
-            "This name is too long for a category, which has room for 15 Latin letters, or "
-            "5 Japanese ones.");
+                   "This name is too long for a category, which has room for 15 Latin letters, or "
+                   "%1 Japanese ones.")
+            .arg(kCategoryNameLength / bytes);
     }
     CCategory* found = nullptr;
-    table.GetCategoryManager()->FindUtf8Name(utf8.toStdString(), found);
+    table.GetCategoryManager()->FindUtf8Name(utf8, found);
     return found && found->GetIndex() != index ? Text("There is a category of this name already.")
                                                : QString();
 }

@@ -79,8 +79,7 @@ std::optional<int> CategoryNames::IndexOf(const std::string& name, bool add) {
     if (known != m_known.end()) return known->second;
     CCategory* category = nullptr;
     if (m_manager.FindUtf8Name(name, category) != 0) {
-        const std::string_view cut(name.data(), CutLength(*CodePage::Find(kUtf8CodePage), name,
-                                                          kCategoryNameLength, false));
+        const std::string_view cut = CutCategoryName(name);
         if (cut.empty()) return std::nullopt;
         if (m_manager.FindUtf8Name(cut, category) != 0 && add) category = Added(cut);
     }

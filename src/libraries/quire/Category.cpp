@@ -41,6 +41,24 @@ CatError Give(const std::unique_ptr<CCategory>& found, CCategory*& category) {
 }  // namespace
 
 const CRuntimeClass CCategory::classCCategory(
+// By character, as a page may lack some of them and the name is to stay what it is.
+std::string_view CutCategoryName(std::string_view utf8) {
+    const CodePage& unicode = *CodePage::Find(kUtf8CodePage);
+    std::string inPage;
+    std::size_t bytes = 0;
+    std::size_t end = 0;
+    while (end < utf8.size()) {
+        const std::size_t length = unicode.CharacterLength(utf8.substr(end));
+        CodePage::System().FromUtf8(utf8.substr(end, length), inPage);
+        bytes += inPage.size();
+        if (bytes > kCategoryNameLength) {
+            break;
+        }
+        end += length;
+    }
+    return utf8.substr(0, end);
+}
+
     "CCategory", 1, [] { return std::unique_ptr<CObject>(std::make_unique<CCategory>()); },
     &CObject::classCObject);
 
@@ -124,7 +142,8 @@ CatError CCategoryMgr::FindNext(CCategory*& category) {
 }
 
 CatError CCategoryMgr::Add(CCategory* category) {
-    if (category == nullptr || category->Utf8().empty()) {
+    if (category == nullptr || category->Utf8().empty() ||
+        CutCategoryName(category->Utf8()) != category->Utf8()) {
         return kFailed;
     }
     int index = -1;

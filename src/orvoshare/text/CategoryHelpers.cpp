@@ -6,13 +6,12 @@
 
 #include <orvoshare/text/CategoryHelpers.h>
 #include <platform/text/CodePage.h>
-#include <platform/text/MultiByte.h>
+#include <platform/text/SystemText.h>
 
 namespace orvo {
 namespace {
 
 constexpr const char* kAllName = "All";
-constexpr int kNameBytes = 15;  // in the system's code page
 
 CString FromUtf16(const unsigned short* text) {
     std::u16string utf16;
@@ -27,16 +26,16 @@ CString FromUtf16(const unsigned short* text) {
 long CreateCategoryHelper(CCategoryMgr* manager, const char* name) {
     if (manager->GetCount() >= kCategoryCount) return kTooManyCategories;
 
-    char start[kNameBytes + 1];
-    lstrcpyn(start, name, sizeof start);
-    if (start[0] == '\0') return kCategoryNameEmpty;
+    const std::string whole = ToUtf8(name);
+    const std::string_view start = CutCategoryName(whole);
+    if (start.empty()) return kCategoryNameEmpty;
 
     CCategory* namesake = nullptr;
-    manager->FindName(start, namesake);
+    manager->FindUtf8Name(start, namesake);
     if (namesake != nullptr) return kCategoryNameTaken;
 
     auto category = std::make_unique<CCategory>();
-    category->SetName(start);
+    category->SetNameUtf8(start);
     if (manager->Add(category.get()) != 0) return kCategoryRefused;
     static_cast<void>(category.release());  // the manager's from now on
     return kCategoryMade;

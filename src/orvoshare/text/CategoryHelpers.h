@@ -17,8 +17,8 @@ enum CategoryResult : long {
     kCategoryRefused = 0x8000FFFF  // the manager didn't add it
 };
 
-// Adds a category, which the manager then owns, with the first 15 bytes of the name. On page 932
-// the cut is by byte; under UTF-8 no character is split. A null name counts as empty.
+// Adds a category, which the manager then owns, by the start of the name that CutCategoryName
+// gives. A null name counts as empty.
 // Gives:  a CategoryResult; a manager that holds 16 categories is told before the faults of a name.
 ORVO_API long CreateCategoryHelper(CCategoryMgr* manager, const char* name);
 

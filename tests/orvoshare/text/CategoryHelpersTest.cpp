@@ -40,7 +40,7 @@ TEST(CategoryHelpers, ANameIsCutTo15BytesBeforeItIsLookedFor) {
     EXPECT_EQ(manager.GetCount(), 1);
 }
 
-TEST(CategoryHelpers, TheCutIsByByteOn932AndByCharacterUnderUtf8) {
+TEST(CategoryHelpers, TheCutKeepsWholeCharactersOnEachPage) {
     struct {
         unsigned page;
         const char* name;
@@ -48,6 +48,8 @@ TEST(CategoryHelpers, TheCutIsByByteOn932AndByCharacterUnderUtf8) {
     } const rows[] = {
         {932, "a\x95\x5C\x95\x5C\x95\x5C\x95\x5C\x95\x5C\x95\x5C\x95\x5C\x95\x5C",
          "a\x95\x5C\x95\x5C\x95\x5C\x95\x5C\x95\x5C\x95\x5C\x95\x5C"},
+        {932, "\x95\x5C\x95\x5C\x95\x5C\x95\x5C\x95\x5C\x95\x5C\x95\x5C\x95\x5C",
+         "\x95\x5C\x95\x5C\x95\x5C\x95\x5C\x95\x5C\x95\x5C\x95\x5C"},
         {65001, "a表表表表表", "a表表表表"},
     };
     for (const auto& row : rows) {
