@@ -23,10 +23,14 @@ namespace {
 CCategory* FindCategory(CBaseTable& table, const std::string& name) {
     CCategory* category = nullptr;
     table.GetCategoryManager()->FindUtf8Name(name, category);
-    // Views show that name for records without a category.
-    if (category == nullptr && name == ModuleText(kStringUncategorized)) {
-        table.GetCategoryManager()->FindUtf8Name(kNoCategoryName, category);
-    }
+    return category;
+}
+
+CCategory* CategoryOf(CBaseTable& table, const CBaseRecord& record) {
+    int index = kNoCategory;
+    record.GetCategoryId(index);
+    CCategory* category = nullptr;
+    table.GetCategoryManager()->FindIndex(index, category);
     return category;
 }
 
@@ -56,10 +60,12 @@ int CategoryIndexOrNew(CBaseTable& table, const std::string& name) {
 }
 
 std::string CategoryName(CBaseTable& table, const CBaseRecord& record) {
-    int index = kNoCategory;
-    record.GetCategoryId(index);
-    CCategory* category = nullptr;
-    table.GetCategoryManager()->FindIndex(index, category);
+    const CCategory* category = CategoryOf(table, record);
+    return category == nullptr ? std::string() : category->ShownUtf8();
+}
+
+std::string StoredCategoryName(CBaseTable& table, const CBaseRecord& record) {
+    const CCategory* category = CategoryOf(table, record);
     return category == nullptr ? std::string() : category->Utf8();
 }
 

@@ -38,7 +38,7 @@ constexpr std::array<FieldName, 12> kFieldNames{{
 // The module's text of that number, UTF-8.
 std::string ModuleText(unsigned number);
 
-// The index of a category by its name, or by the one that views show for none.
+// The index of a category by its name, as it is stored or shown.
 // Fails:  CommandError, nothing found.
 int CategoryIndex(CBaseTable& table, const std::string& name);
 
@@ -46,8 +46,11 @@ int CategoryIndex(CBaseTable& table, const std::string& name);
 // Fails:  CommandError where the table has no room or the name is too long.
 int CategoryIndexOrNew(CBaseTable& table, const std::string& name);
 
-// The name of a record's category; empty where the manager doesn't know it.
+// The name of a record's category as it is shown; empty where the manager doesn't know it.
 std::string CategoryName(CBaseTable& table, const CBaseRecord& record);
+
+// The same as it is stored, for other programs.
+std::string StoredCategoryName(CBaseTable& table, const CBaseRecord& record);
 
 // The name of a person or company as lists show it.
 std::string FormattedName(CAddressRecord& record);

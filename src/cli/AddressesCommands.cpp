@@ -68,7 +68,7 @@ Json RowAsJson(AddressView& view, const AddressesOptions& options, int row) {
     json["firstYomi"] = Utf8Of(record, AddressField::FirstYomi);
     json["companyYomi"] = Utf8Of(record, AddressField::CompanyYomi);
     json["formatted"] = FormattedName(record);
-    json["category"] = CategoryName(record.GetTable(), record);
+    json["category"] = StoredCategoryName(record.GetTable(), record);
     json["private"] = record.IsPrivate() != 0;
     if (options.ShowsIcons()) {
         json["icon"] = IconName(view.List(), row);

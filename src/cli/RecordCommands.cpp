@@ -28,7 +28,10 @@ struct Changes {
 
 long LabelId(const CAddressTable& table, const std::string& label) {
     for (long id = 0; id < table.GetPhoneLabelCount(); ++id) {
-        if (ToUtf8(table.GetPhoneLabel(id)) == label || fmt::format("{}", id) == label) return id;
+        if (ToUtf8(table.GetPhoneLabel(id)) == label || table.StoredPhoneLabel(id) == label ||
+            fmt::format("{}", id) == label) {
+            return id;
+        }
     }
     throw CommandError(kWrongUse,
                        fmt::format("there is no phone label \"{}\": see `orvo labels`", label));
@@ -83,7 +86,7 @@ Json AsJson(Store& store, const CAddressRecord& record, ExitCode& code) {
         record.GetPhoneLabelID(slot, label);
         json["phones"].push_back({{"slot", slot},
                                   {"labelId", label},
-                                  {"label", ToUtf8(store.Addresses().GetPhoneLabel(label))},
+                                  {"label", store.Addresses().StoredPhoneLabel(label)},
                                   {"text", text}});
     }
     long displayPhone = 1;
@@ -94,7 +97,7 @@ Json AsJson(Store& store, const CAddressRecord& record, ExitCode& code) {
         json["custom"].push_back(std::string(record.Utf8(CustomField(number))));
     }
     json["note"] = NoteOf(store, record, code);
-    json["category"] = CategoryName(store.Addresses(), record);
+    json["category"] = StoredCategoryName(store.Addresses(), record);
     json["private"] = record.IsPrivate() != 0;
     json["archived"] = record.IsArchived() != 0;
     return json;
@@ -119,14 +122,14 @@ void PrintAsText(Store& store, const CAddressRecord& record, ExitCode& code) {
     for (const FieldName& field : kFieldNames) PrintField(field.title, json[field.key]);
     for (const Json& phone : json["phones"]) {
         const bool display = phone["slot"] == json["displayPhone"];
-        PrintField(phone["label"],
+        PrintField(ToUtf8(store.Addresses().GetPhoneLabel(phone["labelId"])),
                    phone["text"].get<std::string>() + (display ? "  (shown in lists)" : ""));
     }
     for (int number = 1; number <= kCustomFields; ++number) {
         PrintField(ToUtf8(store.Addresses().GetCustomLabel(number)), json["custom"][number - 1]);
     }
     PrintField("Note", json["note"]);
-    PrintField("Category", json["category"]);
+    PrintField("Category", CategoryName(store.Addresses(), record));
     if (record.IsPrivate()) PrintField("Private", "yes");
     if (record.IsArchived()) PrintField("Archived", "yes");
 }

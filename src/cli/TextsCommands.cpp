@@ -19,11 +19,11 @@ void PrintCategories(CBaseTable& table, const char* key, const char* title, bool
     if (!json) PrintLine(fmt::format("{}:", title));
     CCategory* category = nullptr;
     for (manager.FindFirst(category); category != nullptr; manager.FindNext(category)) {
-        const std::string& name = category->Utf8();
+        const int index = category->GetIndex();
         if (json) {
-            PrintJson({{"table", key}, {"index", category->GetIndex()}, {"name", name}});
+            PrintJson({{"table", key}, {"index", index}, {"name", category->Utf8()}});
         } else {
-            PrintLine(fmt::format("{:4}  {}", category->GetIndex(), name));
+            PrintLine(fmt::format("{:4}  {}", index, category->ShownUtf8()));
         }
     }
 }
@@ -34,21 +34,23 @@ int PrintAllCategories(Store& store, bool json) {
     return kDone;
 }
 
-void PrintLabel(const char* kind, long number, const CString& label, bool json) {
+void PrintLabel(const char* kind, long number, const CString& shown, const std::string& stored,
+                bool json) {
     if (json) {
-        PrintJson({{"kind", kind}, {"number", number}, {"label", ToUtf8(label)}});
+        PrintJson({{"kind", kind}, {"number", number}, {"label", stored}});
     } else {
-        PrintLine(fmt::format("{:<6}  {:3}  {}", kind, number, ToUtf8(label)));
+        PrintLine(fmt::format("{:<6}  {:3}  {}", kind, number, ToUtf8(shown)));
     }
 }
 
 int PrintLabels(Store& store, bool json) {
     const CAddressTable& table = store.Addresses();
     for (long id = 0; id < table.GetPhoneLabelCount(); ++id) {
-        PrintLabel("phone", id, table.GetPhoneLabel(id), json);
+        PrintLabel("phone", id, table.GetPhoneLabel(id), table.StoredPhoneLabel(id), json);
     }
     for (int number = 1; number <= kCustomFields; ++number) {
-        PrintLabel("custom", number, table.GetCustomLabel(number), json);
+        PrintLabel("custom", number, table.GetCustomLabel(number), table.StoredCustomLabel(number),
+                   json);
     }
     return kDone;
 }

@@ -49,7 +49,7 @@ Json RowAsJson(TodoView& view, int row) {
     json["due"] = DueAsJson(due);
     json["overdue"] = due != kMaxDate && !isCompleted && IsDueYesterdayOrEarlier(due) != 0;
     json["completed"] = isCompleted;
-    json["category"] = CategoryName(record.GetTable(), record);
+    json["category"] = StoredCategoryName(record.GetTable(), record);
     json["private"] = record.IsPrivate() != 0;
     json["cells"] = Json::object();
     for (const int id : list.GetShownColumns()) {

@@ -161,11 +161,13 @@ int ChangeCategory(Store& store, const RowOptions& options, bool json) {
         throw CommandError(kWrongUse, fmt::format("the category of row {} can't be changed{}",
                                                   options.row, Reason(view, store, options.row)));
     }
-    const std::string name = CategoryName(store.Addresses(), record);
+    CBaseTable& table = store.Addresses();
     if (json) {
-        PrintJson({{"row", options.row}, {"id", record.GetId()}, {"category", name}});
+        PrintJson({{"row", options.row},
+                   {"id", record.GetId()},
+                   {"category", StoredCategoryName(table, record)}});
     } else {
-        PrintLine(fmt::format("row {}: {}", options.row, name));
+        PrintLine(fmt::format("row {}: {}", options.row, CategoryName(table, record)));
     }
     return view.Code();
 }

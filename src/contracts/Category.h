@@ -36,13 +36,17 @@ public:
     static const CRuntimeClass classCCategory;
 
     const CRuntimeClass* GetRuntimeClass() const override;
-    // The name in the system's code page, then the index as an int.
+    // The stored name in the system's code page, then the index as an int.
     void Serialize(CArchive& archive) override;
 
-    // The name in the system's code page, made anew at each call. A category is renamed by SetName.
+    // The name that is shown, in the system's code page, made anew at each call. A category is
+    // renamed by SetName.
     CString& GetName();
     // The text that GetName gives changes nothing, whatever the page lacks of the name.
     void SetName(const CString& name);
+    // The name that is shown: for the category of a new store that of the user's language.
+    std::string ShownUtf8() const;
+    // The name that is stored, for files and other programs.
     const std::string& Utf8() const { return m_utf8; }
     void SetNameUtf8(std::string_view name) { m_utf8 = name; }
     int GetIndex() const { return m_index; }
@@ -72,8 +76,8 @@ public:
     int GetCount() const;
 
     // Each sets the pointer to the category, which the manager keeps, or to null where there is
-    // none. Names match by their case folding. FindFirst and FindNext walk by rising index; the
-    // pointer is null after the last one.
+    // none. Names match by their case folding, the stored ones before those that are shown.
+    // FindFirst and FindNext walk by rising index; the pointer is null after the last one.
     // Gives:  0 when found.
     CatError FindIndex(int index, CCategory*& category);
     CatError FindName(const CString& name, CCategory*& category);

@@ -325,8 +325,13 @@ public:
 
     // A new table has eight phone labels: Mobile, Home, Work, Fax, E-mail, Web, Pager, Other.
     int GetPhoneLabelCount() const;
+    // The label that is shown, in the user's language as long as it is one of a new table.
     CString GetPhoneLabel(long id) const;      // empty for an id that isn't there
     CString GetCustomLabel(int number) const;  // 1 to 4
+    // The label that is stored, UTF-8, for files and other programs; empty for one that isn't
+    // there.
+    std::string StoredPhoneLabel(long id) const;
+    std::string StoredCustomLabel(int number) const;
     // An id from 0 to the count; the count itself adds a label, up to 256, unless another process
     // has just added a different one there.
     long SetPhoneLabel(long id, const CString& label);

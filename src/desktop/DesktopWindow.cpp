@@ -21,7 +21,6 @@
 #include <host/HostOptions.h>
 #include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/resources/StringTable.h>
-#include <orvoshare/text/CategoryText.h>
 #include <platform/qt/QtConvert.h>
 #include <platform/qt/QtWindowSystem.h>
 #include <platform/settings/SettingsStore.h>
@@ -192,7 +191,7 @@ void DesktopWindow::FillCategoryBox() {
     CCategoryMgr* categories = m_frame.ShownTable().GetCategoryManager();
     CCategory* category = nullptr;
     for (categories->FindFirst(category); category; categories->FindNext(category)) {
-        m_categoryBox.addItem(ToQt(CategoryText(*category).View()), category->GetIndex());
+        m_categoryBox.addItem(FromUtf8(category->ShownUtf8()), category->GetIndex());
     }
     const int shown = m_categoryBox.findData(m_frame.Category());
     m_categoryBox.setCurrentIndex(shown < 0 ? 0 : shown);

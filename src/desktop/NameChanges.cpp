@@ -37,9 +37,13 @@ QString WrongWithCategory(CBaseTable& table, const QString& name, int index) {
 QString WrongWithLabel(const CAddressTable& table, const QString& name, int label) {
     if (name.isEmpty()) return Text("A label needs a name.");
     for (int other = 0; other < table.GetPhoneLabelCount(); ++other) {
-        const bool isSame =
-            ToQt(table.GetPhoneLabel(other).View()).compare(name, Qt::CaseInsensitive) == 0;
-        if (isSame && other != label) return Text("There is a label of this name already.");
+        const auto isSame = [&name](const QString& text) {
+            return text.compare(name, Qt::CaseInsensitive) == 0;
+        };
+        if (other != label && (isSame(ToQt(table.GetPhoneLabel(other).View())) ||
+                               isSame(FromUtf8(table.StoredPhoneLabel(other))))) {
+            return Text("There is a label of this name already.");
+        }
     }
     return {};
 }
@@ -149,6 +153,7 @@ QString RenameLabel(StoreSession& session, int label, const QString& typed) {
     if (QString wrong = WrongWithLabel(session.Addresses(), name, label); !wrong.isEmpty()) {
         return wrong;
     }
+    if (ToQt(session.Addresses().GetPhoneLabel(label).View()) == name) return {};
     return Run(session, Text("Rename label"), [&] {
         return WriteText(session, TableKind::Address, TextKind::PhoneLabel, label, name);
     });
@@ -163,9 +168,10 @@ QString RemoveLabel(StoreSession& session, int label, int other) {
 }
 
 QString RenameCustomField(StoreSession& session, int number, const QString& typed) {
+    const QString name = typed.trimmed();
+    if (ToQt(session.Addresses().GetCustomLabel(number).View()) == name) return {};
     return Run(session, Text("Rename field"), [&] {
-        return WriteText(session, TableKind::Address, TextKind::CustomLabel, number,
-                         typed.trimmed());
+        return WriteText(session, TableKind::Address, TextKind::CustomLabel, number, name);
     });
 }
 

@@ -14,7 +14,6 @@
 #include <desktop/NameChanges.h>
 #include <desktop/NamesDialog.h>
 #include <desktop/Texts.h>
-#include <orvoshare/text/CategoryText.h>
 #include <platform/qt/QtConvert.h>
 
 namespace orvo::desktop {
@@ -137,7 +136,7 @@ NameRules CategoryRules(StoreSession& session, CBaseTable& table) {
             CCategory* category = nullptr;
             CCategoryMgr& manager = *table.GetCategoryManager();
             for (manager.FindFirst(category); category; manager.FindNext(category)) {
-                names.push_back({category->GetIndex(), ToQt(CategoryText(*category).View()),
+                names.push_back({category->GetIndex(), FromUtf8(category->ShownUtf8()),
                                  category->GetIndex() == kNoCategory});
             }
             return names;

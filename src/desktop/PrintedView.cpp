@@ -11,7 +11,6 @@
 #include <desktop/Texts.h>
 #include <desktop/printing/PrintedCards.h>
 #include <desktop/printing/PrintedTable.h>
-#include <orvoshare/text/CategoryText.h>
 #include <platform/qt/QtConvert.h>
 #include <platform/text/SystemLocale.h>
 #include <platform/time/CTime.h>
@@ -117,7 +116,7 @@ QString CategoryName(ViewFrame& frame) {
     CCategoryMgr* categories = frame.ShownTable().GetCategoryManager();
     CCategory* category = nullptr;
     for (categories->FindFirst(category); category; categories->FindNext(category)) {
-        if (category->GetIndex() == frame.Category()) return ToQt(CategoryText(*category).View());
+        if (category->GetIndex() == frame.Category()) return FromUtf8(category->ShownUtf8());
     }
     return {};
 }

@@ -25,7 +25,7 @@ std::string_view LabelOf(PhoneKind kind) {
 
 PhoneLabels::PhoneLabels(const CAddressTable& table) {
     const int count = table.GetPhoneLabelCount();
-    for (long id = 0; id < count; ++id) m_texts.push_back(ToUtf8(table.GetPhoneLabel(id)));
+    for (long id = 0; id < count; ++id) m_texts.push_back(table.StoredPhoneLabel(id));
     if (m_texts.empty()) m_texts.emplace_back();
 }
 

@@ -14,6 +14,7 @@
 
 namespace orvo {
 
+// The labels as they are stored: cards say the same in every language of the user.
 class PhoneLabels {
 public:
     explicit PhoneLabels(const CAddressTable& table);

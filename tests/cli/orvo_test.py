@@ -323,6 +323,31 @@ class OrvoTest(unittest.TestCase):
         self.assertEqual(len(names), 16)
 
     def test_what_nobody_edited_comes_back_as_it_came(self):
+    def test_default_labels_are_shown_and_taken_in_the_users_language_and_stored_in_english(self):
+        for label in ("Arbeit", "Work"):
+            self.orvo("--locale", "de-DE", "add", "--name", "Lee", "--phone1", "1", "--label1", label)
+        german = self.orvo("--locale", "de-DE", "show", 1)
+        self.assertIn("Arbeit:", german)
+        self.assertIn("Ohne Kategorie", german)
+        self.assertIn("Zusatz 1", self.orvo("--locale", "de-DE", "labels"))
+        self.assertEqual([row["phones"][0]["label"] for row in self.rows("--locale", "de-DE", "show", 2)], ["Work"])
+        exports = []
+        for locale in ("de-DE", "en-US"):
+            out = self.folder / f"{locale}.vcf"
+            self.orvo("--locale", locale, "export", out)
+            exports.append(out.read_bytes())
+        self.assertEqual(*exports)
+
+        self.orvo("labels", "--set", "phone", 2, "Boat")
+        self.assertIn("Boat:", self.orvo("--locale", "de-DE", "show", 1))
+
+    def test_the_default_category_is_ordered_by_the_name_that_is_shown(self):
+        for category in ("", "Tee"):
+            self.todo("add", category or "none", *(("--category", category) if category else ()))
+        for locale, order in (("en-US", ["Tee", "Uncategorized"]), ("de-DE", ["Uncategorized", "Tee"])):
+            rows = self.rows("--locale", locale, "todos", "--sort", "category-priority")
+            self.assertEqual([row["category"] for row in rows], order)
+
         for sample in SAMPLES:
             self.store = self.folder / (pathlib.Path(sample).name + ".db")
             self.orvo("import", sample)

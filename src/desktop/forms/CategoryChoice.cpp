@@ -10,7 +10,6 @@
 
 #include <desktop/Texts.h>
 #include <desktop/forms/CategoryChoice.h>
-#include <orvoshare/text/CategoryText.h>
 #include <platform/qt/QtConvert.h>
 
 namespace orvo::desktop {
@@ -44,7 +43,7 @@ private:
 void FillList(QListWidget& list, CCategoryMgr& categories) {
     CCategory* category = nullptr;
     for (categories.FindFirst(category); category; categories.FindNext(category)) {
-        auto* item = new QListWidgetItem(ToQt(CategoryText(*category).View()), &list);
+        auto* item = new QListWidgetItem(FromUtf8(category->ShownUtf8()), &list);
         item->setData(Qt::UserRole, category->GetIndex());
     }
     list.setCurrentRow(0);

@@ -71,7 +71,7 @@ ChoiceField* MakeCategoryField(CBaseTable& table, const CBaseRecord& record) {
     CCategoryMgr* categories = table.GetCategoryManager();
     CCategory* category = nullptr;
     for (categories->FindFirst(category); category; categories->FindNext(category)) {
-        field->addItem(ToQt(CategoryText(*category).View()), category->GetIndex());
+        field->addItem(FromUtf8(category->ShownUtf8()), category->GetIndex());
     }
     int present = kNoCategory;
     record.GetCategoryId(present);

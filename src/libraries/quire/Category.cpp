@@ -7,6 +7,7 @@
 #include <unicode/ustring.h>
 
 #include <contracts/Category.h>
+#include <contracts/DefaultTexts.h>
 #include <platform/io/CArchive.h>
 #include <platform/io/CFile.h>
 #include <platform/text/CodePage.h>
@@ -40,7 +41,6 @@ CatError Give(const std::unique_ptr<CCategory>& found, CCategory*& category) {
 
 }  // namespace
 
-const CRuntimeClass CCategory::classCCategory(
 // By character, as a page may lack some of them and the name is to stay what it is.
 std::string_view CutCategoryName(std::string_view utf8) {
     const CodePage& unicode = *CodePage::Find(kUtf8CodePage);
@@ -59,6 +59,7 @@ std::string_view CutCategoryName(std::string_view utf8) {
     return utf8.substr(0, end);
 }
 
+const CRuntimeClass CCategory::classCCategory(
     "CCategory", 1, [] { return std::unique_ptr<CObject>(std::make_unique<CCategory>()); },
     &CObject::classCObject);
 
@@ -69,7 +70,7 @@ const CRuntimeClass* CCategory::GetRuntimeClass() const {
 void CCategory::Serialize(CArchive& archive) {
     CObject::Serialize(archive);
     if (archive.IsStoring()) {
-        archive << GetName() << m_index;
+        archive << SystemText(m_utf8) << m_index;
         return;
     }
     CString name;
@@ -85,14 +86,18 @@ void CCategory::Serialize(CArchive& archive) {
 }
 
 CString& CCategory::GetName() {
-    m_name = SystemText(m_utf8);
+    m_name = SystemText(ShownUtf8());
     return m_name;
 }
 
 void CCategory::SetName(const CString& name) {
-    if (SystemText(m_utf8) != name) {
+    if (SystemText(ShownUtf8()) != name) {
         CodePage::System().ToUtf8(name.View(), m_utf8);
     }
+}
+
+std::string CCategory::ShownUtf8() const {
+    return ShownText(StoreEngine::TextKind::Category, m_index, m_utf8);
 }
 
 int CCategoryMgr::GetCount() const {
@@ -118,9 +123,12 @@ CatError CCategoryMgr::FindName(const CString& name, CCategory*& category) {
 CatError CCategoryMgr::FindUtf8Name(std::string_view name, CCategory*& category) {
     category = nullptr;
     const std::u16string wanted = Folded(name);
-    for (const auto& candidate : m_categories) {
-        if (candidate && Folded(candidate->Utf8()) == wanted) {
-            return Give(candidate, category);
+    for (const bool isShown : {false, true}) {
+        for (const auto& candidate : m_categories) {
+            if (candidate &&
+                Folded(isShown ? candidate->ShownUtf8() : candidate->Utf8()) == wanted) {
+                return Give(candidate, category);
+            }
         }
     }
     return kFailed;

@@ -215,13 +215,21 @@ int CAddressTable::GetPhoneLabelCount() const {
 }
 
 CString CAddressTable::GetPhoneLabel(long id) const {
-    const bool isThere = id >= 0 && id < GetPhoneLabelCount();
-    return isThere ? SystemText(m_phoneLabels[static_cast<std::size_t>(id)]) : CString();
+    return SystemText(ShownText(TextKind::PhoneLabel, static_cast<int>(id), StoredPhoneLabel(id)));
 }
 
 CString CAddressTable::GetCustomLabel(int number) const {
+    return SystemText(ShownText(TextKind::CustomLabel, number, StoredCustomLabel(number)));
+}
+
+std::string CAddressTable::StoredPhoneLabel(long id) const {
+    const bool isThere = id >= 0 && id < GetPhoneLabelCount();
+    return isThere ? m_phoneLabels[static_cast<std::size_t>(id)] : std::string();
+}
+
+std::string CAddressTable::StoredCustomLabel(int number) const {
     const bool isThere = number >= 1 && number <= kCustomFields;
-    return isThere ? SystemText(m_customLabels[static_cast<std::size_t>(number - 1)]) : CString();
+    return isThere ? m_customLabels[static_cast<std::size_t>(number - 1)] : std::string();
 }
 
 long CAddressTable::SetPhoneLabel(long id, const CString& label) {

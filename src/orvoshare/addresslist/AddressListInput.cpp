@@ -4,7 +4,6 @@
 
 #include <orvoshare/addresslist/DetailViewAddrList.h>
 #include <orvoshare/addressviews/LookupEdit.h>
-#include <orvoshare/text/CategoryText.h>
 #include <platform/window/WindowSystem.h>
 
 namespace orvo {
@@ -98,7 +97,7 @@ void CDetailViewAddrList::ShowCategoryMenu(int row, CPoint point) {
     menu.CreatePopupMenu();
     CCategoryMgr* categories = CategoriesOf(m_pAddressTable);
     if (categories && m_pCategoryCombo) {
-        FillCategoryPopup(*categories, *m_pCategoryCombo, menu, ID_DV_CATEGORY_FIRST);
+        FillCategoryMenu(categories, m_pCategoryCombo, &menu, ID_DV_CATEGORY_FIRST);
     }
     CRect bounds;
     GetItemRect(row, &bounds, LVIR_BOUNDS);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <mutex>
 
+#include <contracts/DefaultTexts.h>
 #include <contracts/LanguageModule.h>
 #include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/resources/StringTable.h>
@@ -23,6 +24,12 @@ ModuleState& State() {
     return state;
 }
 
+std::string OwnText(unsigned number) {
+    std::string utf8;
+    OrvoShareRecord().resource->FindString(number, utf8);
+    return utf8;
+}
+
 void LoadLanguage(ModuleState& state) {
     CString directory;
     GetOrvoLangDllDirectory(directory);
@@ -31,9 +38,11 @@ void LoadLanguage(ModuleState& state) {
     int code = 0;
     state.language = CmnLoadLanguageModule(path, state.own, &code);
     state.languageCode = code;
+    ShownDefaults() = OwnText;
 }
 
 void FreeLanguage(ModuleState& state) {
+    ShownDefaults() = nullptr;
     if (CmnFreeLanguageModule(state.language, state.own) != 0) state.language = state.own;
 }
 

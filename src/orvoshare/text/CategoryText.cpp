@@ -1,4 +1,4 @@
-// The names of categories as views show them.
+// The category of a record as views show it.
 // SPDX-License-Identifier: MIT
 #include <contracts/ResourceScope.h>
 #include <orvoshare/module/OrvoShareModule.h>
@@ -7,12 +7,6 @@
 
 namespace orvo {
 namespace {
-
-// The category of records without one goes by the name of the user's language until somebody
-// renames it.
-bool IsUnnamed(const CCategory& category) {
-    return category.GetIndex() == kNoCategory && category.Utf8() == kNoCategoryName;
-}
 
 CString TextForNone() {
     const CDllResourceHandler resources(OrvoShareRecord());
@@ -28,21 +22,7 @@ CString CategoryText(CBaseTable& table, const CBaseRecord& record) {
     record.GetCategoryId(index);
     CCategory* category = nullptr;
     if (CCategoryMgr* manager = table.GetCategoryManager()) manager->FindIndex(index, category);
-    return category != nullptr ? CategoryText(*category) : TextForNone();
-}
-
-CString CategoryText(CCategory& category) {
-    return IsUnnamed(category) ? TextForNone() : category.GetName();
-}
-
-void FillCategoryPopup(CCategoryMgr& categories, CCategoryCombo& combo, CMenu& menu,
-                       UINT firstCommand) {
-    FillCategoryMenu(&categories, &combo, &menu, static_cast<int>(firstCommand));
-    CCategory* none = nullptr;
-    categories.FindIndex(kNoCategory, none);
-    if (none == nullptr || !IsUnnamed(*none)) return;
-    const UINT command = firstCommand + kNoCategory;
-    menu.ModifyMenu(command, MF_BYCOMMAND, command, TextForNone());
+    return category != nullptr ? category->GetName() : TextForNone();
 }
 
 }  // namespace orvo

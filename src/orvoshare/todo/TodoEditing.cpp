@@ -5,7 +5,6 @@
 #include <contracts/Dates.h>
 #include <contracts/ResourceScope.h>
 #include <orvoshare/module/OrvoShareModule.h>
-#include <orvoshare/text/CategoryText.h>
 #include <orvoshare/todo/TodoListbox.h>
 #include <platform/window/WindowSystem.h>
 
@@ -145,7 +144,7 @@ void CTodoListbox::OpenPopup(int row, int nId, CPoint point) {
         own.CreatePopupMenu();
         CCategoryMgr* categories = m_pTable ? m_pTable->GetCategoryManager() : nullptr;
         if (categories && m_pCategoryCombo) {
-            FillCategoryPopup(*categories, *m_pCategoryCombo, own, ID_TODO_CATEGORY_FIRST);
+            FillCategoryMenu(categories, m_pCategoryCombo, &own, ID_TODO_CATEGORY_FIRST);
         }
     } else {
         const CDllResourceHandler resources(OrvoShareRecord());

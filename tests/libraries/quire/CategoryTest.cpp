@@ -9,6 +9,7 @@
 
 #include <contract/StoreFolder.h>
 #include <contracts/Category.h>
+#include <contracts/DefaultTexts.h>
 #include <platform/io/CArchive.h>
 #include <platform/io/CFile.h>
 #include <platform/text/CodePage.h>
@@ -66,6 +67,36 @@ TEST(CategoryMgr, RefusesNothingAnEmptyNameAndATakenOne) {
     EXPECT_NE(AddTo(manager, ""), 0);
     EXPECT_NE(AddTo(manager, "fRIENDS"), 0);
     EXPECT_EQ(AddTo(manager, " "), 0);
+}
+
+TEST(CategoryMgr, RefusesANameOfMoreThan15BytesOfThePage) {
+    for (const auto& [page, longest] :
+         {std::pair(65001u, "表表表表表"), std::pair(932u, "表表表表表表表a")}) {
+        const LocaleInForce locale("ja-JP", page);
+        CCategoryMgr manager;
+        CCategory category;
+        category.SetNameUtf8(longest + std::string("b"));
+        EXPECT_NE(manager.Add(&category), 0) << page;
+        EXPECT_EQ(AddTo(manager, longest), 0) << page;
+    }
+}
+
+TEST(CategoryMgr, TheDefaultCategoryIsShownAndFoundInTheUsersLanguage) {
+    ShownDefaults() = [](unsigned) { return std::string("Ohne"); };
+    CCategoryMgr manager;
+    manager.Load(0, kNoCategoryName);
+    manager.Load(1, kNoCategoryName);
+    CCategory* category = nullptr;
+
+    EXPECT_NE(AddTo(manager, "ohne"), 0) << "two would look the same";
+    ASSERT_EQ(manager.FindName("Ohne", category), 0);
+    EXPECT_EQ(category->GetName(), "Ohne");
+    EXPECT_EQ(category->Utf8(), kNoCategoryName);
+    manager.Load(0, "Rest");
+    EXPECT_EQ(category->GetName(), "Rest") << "renamed";
+    manager.FindIndex(1, category);
+    EXPECT_EQ(category->GetName(), kNoCategoryName) << "another one of that name";
+    ShownDefaults() = nullptr;
 }
 
 TEST(CategoryMgr, LeavesACategoryThatCantBeStoredToTheCaller) {
