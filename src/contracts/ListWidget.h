@@ -151,8 +151,9 @@ private:
     int m_sortColumn = -1;
 };
 
-// The narrowest and the widest column of a heading, in pixels.
-constexpr int kNarrowestColumn = 1;
+// The narrowest and the widest column of a heading, in pixels. One of no width is still shown: the
+// user drags it open again.
+constexpr int kNarrowestColumn = 0;
 constexpr int kWidestColumn = 4000;
 
 // The colours of the widgets.

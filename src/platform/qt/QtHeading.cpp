@@ -1,7 +1,10 @@
 // The heading of a list in report mode.
 // SPDX-License-Identifier: MIT
+#include <QMouseEvent>
 #include <QPainter>
 #include <QStyleOptionHeader>
+#include <algorithm>
+#include <utility>
 
 #include <platform/qt/QtCanvas.h>
 #include <platform/qt/QtConvert.h>
@@ -51,6 +54,7 @@ void QtHeading::ShowSortMark() {
 }
 
 void QtHeading::paintSection(QPainter* painter, const QRect& rect, int section) const {
+    if (rect.isEmpty()) return;  // styles complain
     QStyleOptionHeaderV2 option;
     initStyleOption(&option);
     option.rect = rect;
@@ -73,6 +77,42 @@ void QtHeading::paintSection(QPainter* painter, const QRect& rect, int section) 
     dc.SetBkMode(TRANSPARENT);
     dc.SetTextColor(colour);
     dc.DrawText(column.heading, place, kTextFormat | TextAlignment(column.format));
+}
+
+// Qt lets the user drag a column of no width open by the edge of the column behind it. Behind the
+// last one there is none, so that its end has to be grasped here.
+void QtHeading::mousePressEvent(QMouseEvent* event) {
+    m_isOpening = event->button() == Qt::LeftButton && IsAtShutEnd(*event);
+    m_grasped = DistanceFromEnd(*event);
+    if (!m_isOpening) QHeaderView::mousePressEvent(event);
+}
+
+void QtHeading::mouseMoveEvent(QMouseEvent* event) {
+    if (m_isOpening) {
+        const int last = logicalIndex(count() - 1);
+        const int width = sectionSize(last) + DistanceFromEnd(*event) - m_grasped;
+        resizeSection(last, std::max(width, 0));
+    } else if (event->buttons() == Qt::NoButton && IsAtShutEnd(*event)) {
+        setCursor(Qt::SplitHCursor);
+    } else {
+        QHeaderView::mouseMoveEvent(event);
+    }
+}
+
+void QtHeading::mouseReleaseEvent(QMouseEvent* event) {
+    if (!std::exchange(m_isOpening, false)) QHeaderView::mouseReleaseEvent(event);
+}
+
+int QtHeading::DistanceFromEnd(const QMouseEvent& event) const {
+    const int x = event.position().toPoint().x();
+    return (isRightToLeft() ? viewport()->width() - 1 - x : x) + offset() - length();
+}
+
+bool QtHeading::IsAtShutEnd(const QMouseEvent& event) const {
+    const int distance = DistanceFromEnd(event);
+    const int grip = style()->pixelMetric(QStyle::PM_HeaderGripMargin, nullptr, this);
+    return count() > 0 && sectionSize(logicalIndex(count() - 1)) == 0 && distance >= 0 &&
+           distance <= grip;
 }
 
 }  // namespace orvo

@@ -18,9 +18,17 @@ public:
 
 protected:
     void paintSection(QPainter* painter, const QRect& rect, int section) const override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
+    int DistanceFromEnd(const QMouseEvent& event) const;
+    bool IsAtShutEnd(const QMouseEvent& event) const;
+
     QtListModel& m_model;
+    bool m_isOpening = false;
+    int m_grasped = 0;  // where the end was grasped, from the end on
 };
 
 }  // namespace orvo

@@ -15,9 +15,6 @@ namespace orvo {
 
 namespace {
 
-// A column that the user has dragged narrower than this could hardly be found again.
-constexpr int kNarrowestDrag = 8;
-
 // Selection and focus are the peer's, and so are keys and buttons.
 void SetUpView(QAbstractItemView& view, QtWindowLink& link) {
     view.setFrameShape(QFrame::NoFrame);
@@ -52,7 +49,7 @@ QtReportView::QtReportView(QtWindowLink& link, QtListModel& model, int headingHe
     setItemsExpandable(false);
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     header()->setStretchLastSection(false);
-    header()->setMinimumSectionSize(kNarrowestDrag);
+    header()->setMinimumSectionSize(0);
     header()->setSectionsMovable(true);
     header()->setFirstSectionMovable(true);
     header()->setSectionsClickable(true);

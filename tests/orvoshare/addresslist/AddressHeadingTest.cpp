@@ -141,7 +141,7 @@ TEST_F(AddressHeading, AnUnsoundTextShowsWhatItNamesAndHarmsNothing) {
         {"a phone column that is gone", "(2) 25 100 0 200 (0)", 1, "(1) 0 200", 180},
         {"a column named twice is shown once", "(3) 0 100 3 90 0 200 (0)", 1, "(2) 0 200 3 90",
          180},
-        {"widths beyond all measure", "(2) 0 99999 3 -7 (1) 2 -5", 1, "(2) 0 4000 3 1", 1},
+        {"widths beyond all measure", "(2) 0 99999 3 -7 (1) 2 -5", 1, "(2) 0 4000 3 0", 0},
         {"a hidden width beyond all measure", "(1) 0 200 (1) 2 99999", 1, "(1) 0 200", 4000},
         {"cut in the middle", "(6) 0 200 3 90 7", 1, "(2) 0 200 3 90", 180},
         {"a column both shown and hidden is shown", "(1) 2 90 (1) 2 70", 1, "(1) 2 90", 70},

@@ -351,6 +351,25 @@ TEST_F(QtListTest, TheHeadingMarksTheColumnByWhichTheRowsAreSortedWhereverItStan
     EXPECT_EQ(Header().sortIndicatorOrder(), Qt::AscendingOrder);
 }
 
+TEST_F(QtListTest, AColumnThatIsDraggedShutCanBeDraggedOpenAgainWhereverItStands) {
+    QWidget& heading = *Header().viewport();
+    const auto drag = [&](int from, int by) {
+        const int y = heading.height() / 2;
+        QTest::mousePress(&heading, Qt::LeftButton, {}, {from, y});
+        QTest::mouseMove(&heading, {from + by / 2, y});
+        QTest::mouseMove(&heading, {from + by, y});
+        QTest::mouseRelease(&heading, Qt::LeftButton, {}, {from + by, y});
+    };
+    for (const int column : {1, 2}) {
+        const int start = Header().sectionViewportPosition(column);
+        const int width = list.GetColumnWidth(column);
+        drag(start + width - 1, -width - 20);
+        EXPECT_EQ(list.GetColumnWidth(column), 0) << column;
+        drag(start + 1, 30);
+        EXPECT_EQ(list.GetColumnWidth(column), 30) << column;
+    }
+}
+
 // The first place of a line at which something dark is drawn.
 int FirstInk(const QImage& picture, int top, int bottom) {
     for (int x = 0; x < picture.width(); ++x) {
