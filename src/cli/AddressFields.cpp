@@ -3,7 +3,7 @@
 #include <fmt/format.h>
 
 #include <cli/AddressFields.h>
-#include <cli/Store.h>
+#include <cli/CommandError.h>
 #include <contracts/ResourceScope.h>
 #include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/resources/StringTable.h>

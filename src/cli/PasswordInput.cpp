@@ -10,8 +10,8 @@
 
 #include <fmt/format.h>
 
+#include <cli/CommandError.h>
 #include <cli/PasswordInput.h>
-#include <cli/Store.h>
 #include <platform/io/Descriptor.h>
 
 namespace orvo::cli {

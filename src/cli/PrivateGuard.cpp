@@ -4,10 +4,10 @@
 
 #include <fmt/format.h>
 
+#include <cli/CommandError.h>
 #include <cli/Output.h>
 #include <cli/PasswordInput.h>
 #include <cli/PrivateGuard.h>
-#include <cli/Store.h>
 #include <host/HostOptions.h>
 #include <host/Password.h>
 #include <platform/settings/SettingsStore.h>

@@ -3,29 +3,15 @@
 #pragma once
 
 #include <memory>
-#include <stdexcept>
 #include <string>
 
+#include <cli/CommandError.h>
 #include <cli/PrivateGuard.h>
 #include <contracts/RecordStore.h>
 #include <libraries/quire/SqliteEngine.h>
 #include <orvoshare/shared/DataSetClaim.h>
 
 namespace orvo::cli {
-
-// The exit codes of the program.
-enum ExitCode { kDone = 0, kNothingFound = 1, kWrongUse = 2, kSomeSkipped = 3 };
-
-// Ends a command with one line on standard error.
-class CommandError : public std::runtime_error {
-public:
-    CommandError(ExitCode code, const std::string& message)
-        : std::runtime_error(message), m_code(code) {}
-    ExitCode Code() const { return m_code; }
-
-private:
-    ExitCode m_code;
-};
 
 // An open store with its tables, and what may be told of the private entries in it.
 class Store {

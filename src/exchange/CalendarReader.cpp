@@ -7,6 +7,7 @@
 #include <fmt/core.h>
 
 #include <exchange/CalendarReader.h>
+#include <exchange/ExchangeError.h>
 #include <exchange/ToDoFields.h>
 
 namespace orvo {

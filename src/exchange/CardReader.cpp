@@ -5,7 +5,7 @@
 #include <fmt/core.h>
 
 #include <exchange/CardReader.h>
-#include <exchange/ImportFile.h>
+#include <exchange/ExchangeError.h>
 #include <platform/text/CodePage.h>
 
 namespace orvo {

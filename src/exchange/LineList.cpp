@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <limits>
 
-#include <exchange/ImportFile.h>
+#include <exchange/ExchangeError.h>
 #include <exchange/LineList.h>
 
 namespace orvo {

@@ -1,5 +1,6 @@
 // How far an import has come in its file.
 // SPDX-License-Identifier: MIT
+#include <exchange/ExchangeError.h>
 #include <exchange/ProgressMeter.h>
 
 namespace orvo {

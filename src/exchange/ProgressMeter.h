@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-#include <exchange/ImportFile.h>
+#include <exchange/ImportReport.h>
 
 namespace orvo {
 

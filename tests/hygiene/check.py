@@ -57,28 +57,34 @@ def check_floors():
     yield from check_circles()
 
 
+def includes_of(file):
+    """What a header or a source includes, by the names that headers have below src/."""
+    names = [match.group(1) for match in map(INCLUDE.match, file.read_text().splitlines()) if match]
+    beside = file.parent.relative_to("src")
+    return [name if "/" in name else str(beside / name) for name in names]
+
+
 def includes_of_headers():
-    """What each header includes, by the names that headers have below src/."""
-    result = {}
-    for header in pathlib.Path("src").rglob("*.h"):
-        names = [match.group(1) for match in map(INCLUDE.match, header.read_text().splitlines()) if match]
-        beside = header.parent.relative_to("src")
-        result[str(header.relative_to("src"))] = [name if "/" in name else str(beside / name) for name in names]
-    return result
+    return {str(header.relative_to("src")): includes_of(header) for header in pathlib.Path("src").rglob("*.h")}
 
 
 def check_circles():
-    edges = includes_of_headers()
+    """A header and the source of its name are one: what the source knows, the header's users get with it."""
+    edges = {}
+    for file in sources():
+        own = str(file.relative_to("src").with_suffix(""))
+        known = {str(pathlib.Path(name).with_suffix("")) for name in includes_of(file)}
+        edges.setdefault(own, set()).update(known - {own})
     done, path = set(), []
 
     def visit(name):
         if name in path:
-            yield f"src/{name}: includes itself by way of {' -> '.join(path[path.index(name):] + [name])}"
+            yield f"src/{name}: knows itself by way of {' -> '.join(path[path.index(name):] + [name])}"
             return
         if name in done or name not in edges:
             return
         path.append(name)
-        for target in edges[name]:
+        for target in sorted(edges[name]):
             yield from visit(target)
         path.pop()
         done.add(name)

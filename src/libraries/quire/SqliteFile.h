@@ -13,6 +13,8 @@
 
 namespace orvo {
 
+constexpr int kBusyTimeout = 3000;  // milliseconds
+
 // A prepared statement. Parameters and columns are as SQLite numbers them: from 1, and from 0.
 class SqliteStatement {
 public:

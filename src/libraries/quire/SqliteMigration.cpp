@@ -14,7 +14,6 @@
 
 #include <fmt/format.h>
 
-#include "SqliteOpen.h"
 #include "SqliteSharedTexts.h"
 #include "SqliteStatements.h"
 

@@ -9,8 +9,6 @@
 
 namespace orvo {
 
-constexpr int kBusyTimeout = 3000;  // milliseconds
-
 // What makes SQLite read a file whose end is cut off or whose schema it doesn't understand in part.
 // Nothing may be written then.
 constexpr const char* kReadDamaged = "PRAGMA writable_schema = ON; PRAGMA trusted_schema = OFF";

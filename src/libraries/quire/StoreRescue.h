@@ -2,19 +2,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstdint>
 #include <string>
-#include <vector>
 
+#include <libraries/quire/RescueReport.h>
 #include <platform/Export.h>
 
 namespace orvo {
-
-struct RescueReport {
-    std::int64_t addresses = 0;  // rescued, deleted ones among them
-    std::int64_t toDos = 0;
-    std::vector<std::string> lost;  // what couldn't be read, a line each
-};
 
 // Copies all records with their notes and sources, the categories and the labels that SQLite still
 // gives of the store `damaged` into the new store `fresh`, under the ids that they had. `damaged`

@@ -5,7 +5,7 @@
 #include <string>
 
 #include <contracts/StoreEngine.h>
-#include <libraries/quire/StoreRescue.h>
+#include <libraries/quire/RescueReport.h>
 
 #include "SqliteFile.h"
 

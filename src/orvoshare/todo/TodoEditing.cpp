@@ -6,6 +6,7 @@
 #include <contracts/ResourceScope.h>
 #include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/todo/TodoListbox.h>
+#include <platform/window/CWnd.h>
 #include <platform/window/WindowSystem.h>
 
 namespace orvo {

@@ -5,7 +5,6 @@
 #include <orvoshare/options/DesktopOptions.h>
 #include <orvoshare/options/DesktopOptionsOfMainWindow.h>
 #include <orvoshare/todo/TodoListbox.h>
-#include <orvoshare/todo/TodoOrder.h>
 
 namespace orvo {
 namespace {

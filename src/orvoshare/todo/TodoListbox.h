@@ -199,4 +199,8 @@ int TodoCompareRecords(long record1, long record2, long view);
 // The same for the record of a row and a record.
 int TodoCompareRowToRecord(long row, long record, long view);
 
+// From now on lists of to-dos sort their rows by keys that give the order of TodoCompareRecords.
+// May be called again.
+ORVO_API void RegisterTodoSortKeys();
+
 }  // namespace orvo

@@ -7,7 +7,6 @@
 
 #include <contracts/Dates.h>
 #include <orvoshare/todo/TodoListbox.h>
-#include <orvoshare/todo/TodoOrder.h>
 #include <platform/text/Collation.h>
 #include <platform/text/SystemLocale.h>
 #include <platform/window/ListSort.h>

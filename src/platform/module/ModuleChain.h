@@ -6,9 +6,12 @@
 #include <mutex>
 #include <string>
 
-#include <platform/module/ExtensionModule.h>
+#include <platform/module/Module.h>
 
 namespace orvo {
+
+class CDynLinkLibrary;
+struct AFX_EXTENSION_MODULE;
 
 // One chain for the process; it may be used from several threads.
 class ModuleChain {

@@ -1,17 +1,13 @@
-// Canvases over Qt's painter: one for a paint that is under way, one for drawing at other times.
+// The canvas over Qt's painter, for a paint that is under way.
 // Lines and pictures are drawn in whole pixels of the screen, at every scale.
 // SPDX-License-Identifier: MIT
 #pragma once
 
 #include <QPainter>
-#include <QPointer>
-#include <functional>
 
 #include <platform/window/Canvas.h>
 
 namespace orvo {
-
-class QtWindowLink;
 
 class QtCanvas : public Canvas {
 public:
@@ -35,27 +31,6 @@ private:
 
     QPainter* m_painter;
     QRect m_part;
-};
-
-// What is drawn is seen at once, and drawn over each later paint until the window is to paint
-// itself anew.
-class QtWindowCanvas : public QtCanvas {
-public:
-    QtWindowCanvas(QtWindowLink& link, QWidget& painted);
-    ~QtWindowCanvas() override;
-
-    void DrawText(std::string_view text, const CRect& rect, const TextLook& look) override;
-    void FillRect(const CRect& rect, COLORREF colour) override;
-    void DrawLine(CPoint from, CPoint to, COLORREF colour) override;
-    void FrameRect(const CRect& rect, COLORREF colour) override;
-    void DrawFocusRect(const CRect& rect, COLORREF colour) override;
-    void DrawBitmap(CPoint place, const CBitmap& bitmap, std::optional<COLORREF> clear) override;
-
-private:
-    void Draw(const CRect& area, std::function<void(Canvas&)> drawing);
-
-    QPointer<QtWindowLink> m_link;
-    QPointer<QWidget> m_painted;
 };
 
 }  // namespace orvo

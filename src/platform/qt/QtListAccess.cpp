@@ -8,9 +8,9 @@
 #include <optional>
 #include <utility>
 
+#include <platform/qt/QtList.h>
 #include <platform/qt/QtListAccess.h>
 #include <platform/qt/QtListModel.h>
-#include <platform/qt/QtListPeer.h>
 #include <platform/qt/QtListViews.h>
 
 namespace orvo {
@@ -76,7 +76,7 @@ public:
     ListAccess(const ListAccess&) = delete;
     ListAccess& operator=(const ListAccess&) = delete;
 
-    QtListPeer* Peer() const { return m_model.Peer(); }  // null once the list is gone
+    QtList* Peer() const { return m_model.Peer(); }  // null once the list is gone
     QAbstractItemView& View() const { return m_view; }
     bool IsReport() const { return m_isReport; }
     bool HasFocus() const { return m_view.hasFocus(); }
@@ -159,7 +159,7 @@ QAccessibleInterface* PartAccess::childAt(int x, int y) const {
 }
 
 QString PartAccess::text(QAccessible::Text kind) const {
-    const QtListPeer* peer = m_list.Peer();
+    const QtList* peer = m_list.Peer();
     if (kind != QAccessible::Name || !peer || !isValid()) return {};
     if (IsRow()) return peer->SpokenRow(m_row);
     const int column = m_list.Column(m_column);
@@ -167,13 +167,13 @@ QString PartAccess::text(QAccessible::Text kind) const {
 }
 
 std::optional<bool> PartAccess::Check() const {
-    const QtListPeer* peer = m_list.Peer();
+    const QtList* peer = m_list.Peer();
     if (!peer || !isValid() || !IsCell()) return std::nullopt;
     return peer->CellCheck(m_row, m_list.Column(m_column));
 }
 
 QRect PartAccess::rect() const {
-    const QtListPeer* peer = m_list.Peer();
+    const QtList* peer = m_list.Peer();
     if (!peer || !isValid()) return {};
     CRect place;
     if (IsRow()) {
@@ -199,7 +199,7 @@ QAccessible::Role PartAccess::role() const {
 
 QAccessible::State PartAccess::state() const {
     QAccessible::State state;
-    const QtListPeer* peer = m_list.Peer();
+    const QtList* peer = m_list.Peer();
     if (!peer || !isValid()) {
         state.invalid = true;
         return state;
@@ -338,7 +338,7 @@ int ListAccess::columnCount() const {
 
 QList<int> ListAccess::selectedRows() const {
     QList<int> rows;
-    const QtListPeer* peer = Peer();
+    const QtList* peer = Peer();
     for (int row = peer ? peer->NextSelected(-1) : -1; row >= 0; row = peer->NextSelected(row)) {
         rows.push_back(row);
     }
@@ -367,7 +367,7 @@ void TellOfLists() {
     QAccessible::installFactory(AccessOfList);
 }
 
-QtListTeller::QtListTeller(QtListPeer& peer, QObject* parent) : QObject(parent), m_peer(peer) {
+QtListTeller::QtListTeller(QtList& peer, QObject* parent) : QObject(parent), m_peer(peer) {
     m_timer.setSingleShot(true);
     connect(&m_timer, &QTimer::timeout, this, [this] { Tell(); });
 }

@@ -10,7 +10,7 @@ class QAbstractItemView;
 
 namespace orvo {
 
-class QtListPeer;
+class QtList;
 
 // From now on the views of lists are told of as tables with headings, rows and cells, or as lists
 // of icons or cards. Called once the application stands; again it does nothing.
@@ -21,7 +21,7 @@ void TellOfLists();
 class QtListTeller : public QObject {
 public:
     // It ends before the peer and the peer's views.
-    QtListTeller(QtListPeer& peer, QObject* parent);
+    QtListTeller(QtList& peer, QObject* parent);
 
     // Something may have changed in the rows.
     void Later();
@@ -41,7 +41,7 @@ private:
 
     void Tell();
 
-    QtListPeer& m_peer;
+    QtList& m_peer;
     QTimer m_timer;
     State m_told;
 };

@@ -4,8 +4,8 @@
 #include <algorithm>
 
 #include <platform/qt/QtConvert.h>
+#include <platform/qt/QtList.h>
 #include <platform/qt/QtListModel.h>
-#include <platform/qt/QtListPeer.h>
 #include <platform/window/CImageList.h>
 
 namespace orvo {

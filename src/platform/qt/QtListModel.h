@@ -11,15 +11,15 @@
 namespace orvo {
 
 class CImageList;
-class QtListPeer;
+class QtList;
 
 // Columns have the peer's numbers. There is always one, for the icon modes.
 class QtListModel : public QAbstractTableModel {
 public:
-    QtListModel(QtListPeer& peer, QObject* parent) : QAbstractTableModel(parent), m_peer(&peer) {}
+    QtListModel(QtList& peer, QObject* parent) : QAbstractTableModel(parent), m_peer(&peer) {}
 
-    QtListPeer* Peer() const { return m_peer; }  // null once the list is gone
-    void LosePeer() { m_peer = nullptr; }        // no row is left
+    QtList* Peer() const { return m_peer; }  // null once the list is gone
+    void LosePeer() { m_peer = nullptr; }    // no row is left
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -54,7 +54,7 @@ public:
     using QAbstractTableModel::endResetModel;
 
 private:
-    QtListPeer* m_peer;
+    QtList* m_peer;
 };
 
 }  // namespace orvo

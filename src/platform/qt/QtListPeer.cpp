@@ -68,8 +68,7 @@ private:
 QtListPeer::QtListPeer(QtInputState& input, const PeerPlace& place)
     : QtListPeer(*new Frame(input, ParentWidget(place)), place) {}
 
-QtListPeer::QtListPeer(Frame& frame, const PeerPlace& place)
-    : QtPeer<RowListPeer>(frame, frame.Link()) {
+QtListPeer::QtListPeer(Frame& frame, const PeerPlace& place) : QtList(frame, frame.Link()) {
     SetUp(place, MetricsOfFont(QFontMetrics(QApplication::font())));
     m_model = new QtListModel(*this, &frame);
     m_report = new QtReportView(*frame.Link(), *m_model, Metrics().headingHeight);

@@ -6,11 +6,9 @@
 #include <memory>
 #include <optional>
 
-#include <platform/qt/QtPeer.h>
+#include <platform/qt/QtList.h>
 #include <platform/qt/QtRowParts.h>
-#include <platform/window/RowListPeer.h>
 
-class QAbstractItemView;
 class QScrollBar;
 
 namespace orvo {
@@ -23,7 +21,7 @@ class QtReportView;
 // Rows, selection and focus are RowListPeer's; Qt knows only how many rows there are and which has
 // the focus. How far the list is scrolled is Qt's. While drawing is off Qt hears of no row: what
 // has changed is told at once when it is on again.
-class QtListPeer : public QtPeer<RowListPeer> {
+class QtListPeer : public QtList {
 public:
     QtListPeer(QtInputState& input, const PeerPlace& place);
     ~QtListPeer() override;
@@ -47,22 +45,16 @@ public:
     void Invalidate(const CRect& area) override;
     std::unique_ptr<WindowPeer> MakeHeadingPeer() override;
 
-    // What the model asks.
-    int RowHeight() const { return Metrics().rowHeight; }
-    CString ShownTip(CPoint point) const;
-    CString CutText(CPoint point) const;  // of a cell whose end isn't seen
-    CRect PlaceInView(int row) const;     // in coordinates of the view's ground, as those below
-    int RowInView(CPoint point) const;
-    using RowListPeer::LastLine;
-    using RowListPeer::LinesPerPage;
-
-    // What assistive technology is told: what is seen in a row or a cell, in which a picture has
-    // its column's name, and whether the cell is a box that is checked.
-    QString SpokenRow(int row) const;
-    QString SpokenCell(int row, int column) const;
-    QString SpokenColumn(int column) const;
-    std::optional<bool> CellCheck(int row, int column) const;
-    QAbstractItemView* ShownView() const { return View(); }  // null once the widget is gone
+    int RowHeight() const override { return Metrics().rowHeight; }
+    CString ShownTip(CPoint point) const override;
+    CString CutText(CPoint point) const override;
+    CRect PlaceInView(int row) const override;
+    int RowInView(CPoint point) const override;
+    QString SpokenRow(int row) const override;
+    QString SpokenCell(int row, int column) const override;
+    QString SpokenColumn(int column) const override;
+    std::optional<bool> CellCheck(int row, int column) const override;
+    QAbstractItemView* ShownView() const override { return View(); }
 
     // The list's name, and that of a row in which nothing can be read.
     void SetSpokenNames(const QString& list, const QString& bareRow);

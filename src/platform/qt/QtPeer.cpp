@@ -3,8 +3,8 @@
 #include <QCoreApplication>
 #include <QResizeEvent>
 
-#include <platform/qt/QtCanvas.h>
 #include <platform/qt/QtPeer.h>
+#include <platform/qt/QtWindowCanvas.h>
 
 namespace orvo {
 

@@ -6,6 +6,7 @@
 
 #include <platform/Export.h>
 #include <platform/io/SystemErrors.h>
+#include <platform/registry/RegistryTypes.h>
 
 namespace orvo {
 
@@ -22,13 +23,6 @@ using HKEY = RegistryKey*;
 
 ORVO_API extern const HKEY HKEY_CURRENT_USER;
 ORVO_API extern const HKEY HKEY_LOCAL_MACHINE;
-
-// The types of a value.
-constexpr std::uint32_t REG_SZ = 1;
-constexpr std::uint32_t REG_EXPAND_SZ = 2;
-constexpr std::uint32_t REG_BINARY = 3;
-constexpr std::uint32_t REG_DWORD = 4;  // four bytes, the least first
-constexpr std::uint32_t REG_MULTI_SZ = 7;
 
 // What a key is opened for.
 constexpr std::uint32_t KEY_QUERY_VALUE = 0x0001;

@@ -6,7 +6,7 @@
 
 #include <fmt/format.h>
 
-#include <platform/registry/Registry.h>
+#include <platform/registry/RegistryTypes.h>
 #include <platform/registry/RegistryValue.h>
 
 namespace orvo {

@@ -98,12 +98,12 @@ void ForgetNearTwins(Keys& keys) {
 
 }  // namespace
 
-AsciiWeights MakeAsciiWeights(const UCollator& collator) {
+std::array<std::uint8_t, kAsciiEnd> MakeAsciiWeights(const UCollator& collator) {
     Keys keys;
     for (std::size_t i = 0; i < kAsciiEnd; ++i) {
         keys[i] = KeyOf(collator, static_cast<char16_t>(i));
     }
-    AsciiWeights weights{};
+    std::array<std::uint8_t, kAsciiEnd> weights{};
     UErrorCode status = U_ZERO_ERROR;
     if (ucol_getAttribute(&collator, UCOL_CASE_LEVEL, &status) != UCOL_OFF) return weights;
     ForgetContexts(collator, keys);

@@ -2,14 +2,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <unicode/ucol.h>
+#include <array>
+#include <cstdint>
 
-#include <platform/text/Collation.h>
+#include <unicode/ucol.h>
 
 namespace orvo {
 
 // As AsciiWeightsFor tells.
 // Requires: a collator that doesn't tell the case of letters.
-AsciiWeights MakeAsciiWeights(const UCollator& collator);
+std::array<std::uint8_t, 128> MakeAsciiWeights(const UCollator& collator);
 
 }  // namespace orvo

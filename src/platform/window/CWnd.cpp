@@ -217,4 +217,8 @@ int CWnd::MessageBox(const CString& text, UINT type) {
     return WindowSystem::Current().ShowMessageBox(this, text, type);
 }
 
+int AfxMessageBox(const CString& text, UINT type, UINT) {
+    return WindowSystem::Current().ShowMessageBox(AfxGetMainWnd(), text, type);
+}
+
 }  // namespace orvo

@@ -160,6 +160,9 @@ ORVO_API BOOL IsWindow(HWND window);
 
 // The window that owns message boxes; set by a host.
 ORVO_API CWnd* AfxGetMainWnd();
+
+// Gives IDOK, IDCANCEL, IDYES or IDNO. The owner of the box is the main window.
+ORVO_API int AfxMessageBox(const CString& text, UINT type = MB_OK, UINT helpId = 0);
 ORVO_API void AfxSetMainWnd(CWnd* window);
 
 }  // namespace orvo

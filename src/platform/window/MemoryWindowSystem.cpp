@@ -250,4 +250,9 @@ std::unique_ptr<Canvas> MemoryWindowSystem::MakeMeasuringCanvas() {
     return std::make_unique<RecordingCanvas>(std::make_shared<Recording>());
 }
 
+WindowSystem& DefaultWindowSystem() {
+    static MemoryWindowSystem system;
+    return system;
+}
+
 }  // namespace orvo

@@ -3,8 +3,6 @@
 #include <array>
 #include <utility>
 
-#include <platform/window/CWnd.h>
-#include <platform/window/MemoryWindowSystem.h>
 #include <platform/window/PlaySound.h>
 #include <platform/window/WindowSystem.h>
 
@@ -18,8 +16,7 @@ HCURSOR shownCursor = nullptr;
 }  // namespace
 
 WindowSystem& WindowSystem::Current() {
-    static MemoryWindowSystem standard;
-    return systemInForce ? *systemInForce : standard;
+    return systemInForce ? *systemInForce : DefaultWindowSystem();
 }
 
 void WindowSystem::SetCurrent(WindowSystem* system) {
@@ -75,10 +72,6 @@ COLORREF GetSysColor(int id) {
 BOOL GetCursorPos(CPoint* point) {
     *point = WindowSystem::Current().PointerPosition();
     return 1;
-}
-
-int AfxMessageBox(const CString& text, UINT type, UINT) {
-    return WindowSystem::Current().ShowMessageBox(AfxGetMainWnd(), text, type);
 }
 
 }  // namespace orvo

@@ -22,7 +22,7 @@ class ORVO_API WindowSystem {
 public:
     virtual ~WindowSystem() = default;
 
-    // The system in force: a MemoryWindowSystem until another one is set. A system that is set
+    // The system in force: DefaultWindowSystem() until another one is set. A system that is set
     // must outlive its windows; null goes back to the default.
     static WindowSystem& Current();
     static void SetCurrent(WindowSystem* system);
@@ -76,11 +76,11 @@ public:
     virtual void SetClipboardText(const CString& text) = 0;
 };
 
+// The one that needs nothing but memory. What makes it knows this header, not the other way round.
+WindowSystem& DefaultWindowSystem();
+
 ORVO_API BOOL MessageBeep(UINT type);
 ORVO_API COLORREF GetSysColor(int id);
 ORVO_API BOOL GetCursorPos(CPoint* point);
-
-// The owner of the box is the main window.
-ORVO_API int AfxMessageBox(const CString& text, UINT type = MB_OK, UINT helpId = 0);
 
 }  // namespace orvo

@@ -4,7 +4,7 @@
 #include <random>
 #include <tuple>
 
-#include <orvoshare/todo/TodoOrder.h>
+#include <orvoshare/todo/TodoListbox.h>
 #include <platform/text/Collation.h>
 #include <platform/window/ListSort.h>
 #include <support/CodePages.h>

@@ -1,4 +1,4 @@
-// What stands behind a list control: how its rows are painted.
+// How the rows of a list control are painted.
 // SPDX-License-Identifier: MIT
 #include <platform/window/CDC.h>
 #include <platform/window/ListPeer.h>
