@@ -4,7 +4,6 @@
 
 #include <cli/AddressFields.h>
 #include <cli/CommandError.h>
-#include <contracts/ResourceScope.h>
 #include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/resources/StringTable.h>
 #include <orvoshare/text/NameText.h>
@@ -12,10 +11,7 @@
 
 namespace orvo::cli {
 std::string ModuleText(unsigned number) {
-    const CDllResourceHandler resources(OrvoShareRecord());
-    CString text;
-    text.LoadString(number);
-    return ToUtf8(text);
+    return ToUtf8(OrvoShareText(number));
 }
 
 namespace {

@@ -15,9 +15,6 @@ class App;
 
 namespace orvo::cli {
 
-// The section of the user's profile that holds the heading of the list.
-constexpr const char* kListSection = "AddressList";
-
 struct ListOptions {
     std::string by = "name";
     std::string category;

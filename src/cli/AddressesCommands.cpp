@@ -11,6 +11,7 @@
 #include <cli/Commands.h>
 #include <cli/ListColumns.h>
 #include <cli/Output.h>
+#include <host/ViewSections.h>
 #include <orvoshare/addressviews/AddrCompare.h>
 #include <orvoshare/resources/StringTable.h>
 

@@ -13,9 +13,6 @@ class App;
 
 namespace orvo::cli {
 
-// The section of the user's profile that holds the heading of the list.
-constexpr const char* kTodoSection = "ToDoList";
-
 struct TodoOptions {
     std::string sort = "priority-due";
     std::string category;

@@ -12,6 +12,7 @@
 #include <cli/Output.h>
 #include <cli/TodoView.h>
 #include <contracts/Dates.h>
+#include <host/ViewSections.h>
 #include <orvoshare/resources/StringTable.h>
 #include <orvoshare/todo/TodoDates.h>
 #include <platform/time/CTime.h>

@@ -12,6 +12,7 @@
 #include <cli/Commands.h>
 #include <cli/Output.h>
 #include <contracts/Profile.h>
+#include <host/ViewSections.h>
 #include <orvoshare/resources/StringTable.h>
 #include <orvoshare/text/ListHeading.h>
 #include <platform/text/CodePage.h>

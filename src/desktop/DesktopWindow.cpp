@@ -9,7 +9,6 @@
 #include <QStatusBar>
 #include <QToolBar>
 
-#include <contracts/ResourceScope.h>
 #include <desktop/DesktopWindow.h>
 #include <desktop/DragOut.h>
 #include <desktop/EntryTexts.h>
@@ -38,10 +37,7 @@ constexpr int kGap = 8;
 constexpr int kForeignInterval = 200;
 
 QString LookUpText() {
-    const CDllResourceHandler resources(OrvoShareRecord());
-    CString text;
-    text.LoadString(kStringLookUp);
-    return ToQt(text.View());
+    return ToQt(OrvoShareText(kStringLookUp).View());
 }
 
 QLabel* MakeLabel(const QString& text, QWidget& labelled) {

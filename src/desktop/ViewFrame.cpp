@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 #include <desktop/ViewFrame.h>
+#include <host/ViewSections.h>
 #include <orvoshare/text/ListHeading.h>
 #include <platform/text/SystemText.h>
 #include <platform/window/CDC.h>
@@ -23,9 +24,6 @@ constexpr UINT kCardsId = 3;
 constexpr UINT kToDosId = 4;
 
 // The sections of the user's profile that hold headings and card size; orvo has the same.
-constexpr const char* kListSection = "AddressList";
-constexpr const char* kCardSection = "AddressCards";
-constexpr const char* kToDoSection = "ToDoList";
 
 constexpr std::array<CSize, 6> kCardSizes{
     {{180, 100}, {220, 136}, {260, 172}, {310, 208}, {370, 250}, {440, 300}}};
@@ -144,7 +142,7 @@ void ViewFrame::SetUpHeadings() {
     m_toDos->ShowDefaultHeading();
     m_toDoSpread.emplace(*m_toDos);
     HideColumns(*m_toDos);
-    if (m_toDos->ReadHeaderColumnInfo(kToDoSection, 0) == 0) m_toDos->ShowDefaultHeading();
+    if (m_toDos->ReadHeaderColumnInfo(kTodoSection, 0) == 0) m_toDos->ShowDefaultHeading();
 }
 
 CDetailViewAddrInf& ViewFrame::AddressView() {
@@ -324,7 +322,7 @@ void ViewFrame::OpenSelected() {
 
 void ViewFrame::SaveHeadings() {
     if (m_listSpread->IsChanged()) m_list.WriteHeaderColumnInfo(kListSection);
-    if (m_toDoSpread->IsChanged()) m_toDos->WriteHeaderColumnInfo(kToDoSection);
+    if (m_toDoSpread->IsChanged()) m_toDos->WriteHeaderColumnInfo(kTodoSection);
     m_cards.WriteCardSize(kCardSection);
 }
 

@@ -4,6 +4,7 @@
 
 #include <exchange/CardFields.h>
 #include <platform/text/Charset.h>
+#include <platform/text/Percents.h>
 
 namespace orvo {
 

@@ -4,18 +4,12 @@
 #include <array>
 
 #include <exchange/LineText.h>
+#include <platform/text/Percents.h>
 
 namespace orvo {
 namespace {
 
 constexpr auto npos = std::string_view::npos;
-
-int HexDigit(char c) {
-    if (c >= '0' && c <= '9') return c - '0';
-    if (c >= 'A' && c <= 'F') return c - 'A' + 10;
-    if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-    return -1;
-}
 
 int Base64Digit(char c) {
     if (c >= 'A' && c <= 'Z') return c - 'A';
@@ -154,17 +148,6 @@ void Unescape(std::string_view part, Dialect dialect, std::string& text, ValueKi
             text += part[i];
         }
     }
-}
-
-std::string DecodePercents(std::string_view value) {
-    std::string text;
-    for (std::size_t i = 0; i < value.size(); ++i) {
-        const int high = value[i] == '%' && i + 2 < value.size() ? HexDigit(value[i + 1]) : -1;
-        const int low = high < 0 ? -1 : HexDigit(value[i + 2]);
-        text += low < 0 ? value[i] : static_cast<char>(high * 16 + low);
-        if (low >= 0) i += 2;
-    }
-    return text;
 }
 
 std::string DecodeParameter(std::string_view value) {

@@ -63,7 +63,6 @@ std::string Escape(std::string_view text, Dialect dialect, ValueKind kind = Valu
 // The value of a URL line, which has no escapes. Where `text` can't stand in a URL as it is, what
 // can't is percent-encoded and `isEncoded` is set; DecodePercents gives the text back.
 std::string EncodeUri(std::string_view text, bool& isEncoded);
-std::string DecodePercents(std::string_view value);
 
 // The value with the parts of those numbers replaced by escaped text; it grows as needed.
 struct NewPart {

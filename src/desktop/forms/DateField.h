@@ -17,7 +17,7 @@ namespace orvo::desktop {
 // of day is given, that is shown, too, unless `isDayOnly`; it stays when only the day is changed.
 class DateField : public QWidget {
 public:
-    // `date` in seconds as records have it, maxDate() for none. `preset` is what the user sees
+    // `date` in seconds as records have it, kMaxDate for none. `preset` is what the user sees
     // first where there is none and he checks the box.
     DateField(const QString& text, long date, const CivilTime& preset, bool isDayOnly);
 

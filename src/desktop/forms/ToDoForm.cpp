@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QLocale>
 
+#include <contracts/Dates.h>
 #include <desktop/Texts.h>
 #include <desktop/forms/DateField.h>
 #include <desktop/forms/FormDialog.h>
@@ -102,7 +103,7 @@ void ToDoForm::AddChoices(QGridLayout& grid) {
 }
 
 void ToDoForm::AddDates(QGridLayout& grid) {
-    long given = maxDate();
+    long given = kMaxDate;
     m_record.GetDueDate(given);
     auto* due = new DateField(Text("D&ue on"), given, Today(), false);
     due->setObjectName("due");
@@ -114,7 +115,7 @@ void ToDoForm::AddDates(QGridLayout& grid) {
 
 // The day on which it was completed may be unknown.
 void ToDoForm::AddCompleted(QGridLayout& grid) {
-    long given = maxDate();
+    long given = kMaxDate;
     m_record.GetCompletionDate(given);
     auto* isCompleted = new MarkField(Text("Comp&leted"), m_record.IsCompleted() != 0);
     isCompleted->setObjectName("completed");

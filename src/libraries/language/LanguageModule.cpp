@@ -1,9 +1,7 @@
 // Loading and freeing language modules.
 // SPDX-License-Identifier: MIT
-#include <cstdio>
+#include <cerrno>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <memory>
 #include <mutex>
 #include <vector>
@@ -12,13 +10,14 @@
 
 #include <contracts/LanguageModule.h>
 #include <libraries/language/MessageCatalog.h>
+#include <platform/io/WholeFile.h>
 
 namespace orvo {
 namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::uintmax_t kGreatestFile = 16 << 20;  // far above any language module
+constexpr std::size_t kGreatestFile = 16 << 20;  // far above any language module
 
 class LanguageModule : public Module {
 public:
@@ -59,11 +58,17 @@ fs::path WithSlash(std::string path) {
 }
 
 MessageCatalog ReadFile(const fs::path& path) {
-    if (!fs::is_regular_file(path)) throw CatalogError("it isn't a file");
-    if (fs::file_size(path) > kGreatestFile) throw CatalogError("it is too long");
-    std::ifstream file(path, std::ios::binary);
-    if (!file) throw CatalogError("it can't be read");
-    return ReadMessageCatalog(std::string(std::istreambuf_iterator<char>(file), {}));
+    std::string bytes;
+    switch (ReadWholeFile(path.string(), bytes, kGreatestFile)) {
+        case 0:
+            return ReadMessageCatalog(bytes);
+        case EINVAL:
+            throw CatalogError("it isn't a file");
+        case EFBIG:
+            throw CatalogError("it is too long");
+        default:
+            throw CatalogError("it can't be read");
+    }
 }
 
 }  // namespace

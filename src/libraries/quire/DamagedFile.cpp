@@ -4,10 +4,11 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <utility>
 
 #include <fmt/format.h>
+
+#include <platform/io/WholeFile.h>
 
 #include "SqliteOpen.h"
 #include "SqliteStatements.h"
@@ -44,14 +45,10 @@ int OpenForReading(const std::string& name, int flags, SqliteFile& file) {
     return result == SQLITE_OK ? PrepareTables(file) : result;
 }
 
-std::string ReadWhole(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
 // The first page of the new store, made to fit any number of pages behind it.
 std::string FirstPage(const std::string& fresh) {
-    std::string page = ReadWhole(fresh);
+    std::string page;
+    ReadWholeFile(fresh, page);
     const auto byte = [&](std::size_t place) { return static_cast<unsigned char>(page[place]); };
     page.resize(byte(kPageSizeOffset) << 8 | byte(kPageSizeOffset + 1));
     page.replace(kFreePagesOffset, kFreePagesSize, kFreePagesSize, '\0');

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 
-#include <contracts/ResourceScope.h>
 #include <contracts/TextServices.h>
 #include <orvoshare/addresslist/AddressLine.h>
 #include <orvoshare/addresslist/DetailViewAddrList.h>
@@ -58,13 +57,6 @@ int RowPicture(const CAddressRecord& record) {
     const bool isCompany = isEmpty(AddressField::Name) && isEmpty(AddressField::First) &&
                            !isEmpty(AddressField::Company);
     return isCompany ? kCompanyPicture : kPersonPicture;
-}
-
-CString OwnString(unsigned number) {
-    const CDllResourceHandler resources(OrvoShareRecord());
-    CString text;
-    text.LoadString(number);
-    return text;
 }
 
 }  // namespace
@@ -144,7 +136,7 @@ void CDetailViewAddrList::OnGetDispInfo(NMHDR* header, LRESULT*) {
     if ((item.mask & LVIF_TEXT) != 0) {
         CString text;
         if (isMasked) {
-            text = OwnString(kStringPrivate);
+            text = OrvoShareText(kStringPrivate);
         } else {
             FormatName(record, text);
         }
@@ -175,7 +167,7 @@ int CDetailViewAddrList::FormatAddress(CAddressRecord* record, CString& text) {
          {&parts.address, &parts.city, &parts.state, &parts.zipCode, &parts.country}) {
         TrimToSingleLine(*part);
     }
-    text = AddressLine(parts, OwnString(kAddressFormatString));
+    text = AddressLine(parts, OrvoShareText(kAddressFormatString));
     return text.IsEmpty() ? 0 : 1;
 }
 

@@ -2,9 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <span>
 
-#include <contracts/ResourceScope.h>
 #include <orvoshare/addresslist/DetailViewAddrList.h>
-#include <orvoshare/module/OrvoShareModule.h>
+#include <orvoshare/resources/ResourceTable.h>
 #include <orvoshare/text/ColumnTable.h>
 #include <orvoshare/text/ListHeading.h>
 
@@ -13,7 +12,7 @@ namespace {
 
 constexpr const char* kHeadingKey = "AddressHeading";
 
-constexpr unsigned kHeadingIcons[] = {15140, 15141};  // Private, Note
+constexpr unsigned kHeadingIcons[] = {kIconPrivate, kIconNote};
 
 constexpr int kWideColumn = 180;
 constexpr int kMediumColumn = 110;
@@ -67,7 +66,6 @@ int CDetailViewAddrList::Initialize(CAddressTable* table, CCategoryCombo* combo)
 }
 
 int CDetailViewAddrList::InitializeColumns() {
-    const CDllResourceHandler resources(OrvoShareRecord());
     for (const ColumnRow& row : kColumns) {
         const COrvoLVColumn column = ColumnOfRow(row);
         InitializeColumn(&column);

@@ -1,6 +1,5 @@
 // CDetailViewAddrList: names shortened to a width.
 // SPDX-License-Identifier: MIT
-#include <contracts/ResourceScope.h>
 #include <contracts/TextMeasure.h>
 #include <contracts/TextServices.h>
 #include <orvoshare/addresslist/DetailViewAddrList.h>
@@ -63,8 +62,7 @@ void CDetailViewAddrList::TruncateName(CString& text, CAddressRecord* record, CD
     if (dc->GetTextExtent(text).cx <= width) return;
     NameParts parts = PartsOf(*record, m_nListBy);
     if (parts.leading.IsEmpty()) {
-        const CDllResourceHandler resources(OrvoShareRecord());
-        text.LoadString(kStringUnnamed);
+        text = OrvoShareText(kStringUnnamed);
         TruncateText(text, *dc, width, kWithEllipsis);
         return;
     }

@@ -1,6 +1,5 @@
 // CExportFileDialog: asks where to export to, and which records.
 // SPDX-License-Identifier: MIT
-#include <contracts/ResourceScope.h>
 #include <orvoshare/integration/ExportFileDialog.h>
 #include <orvoshare/module/OrvoShareModule.h>
 
@@ -49,8 +48,7 @@ CExportFileDialog::CExportFileDialog(HINSTANCE templateModule, const char* defau
         m_ofn.Flags |= OFN_ENABLETEMPLATE;
         m_ofn.hInstance = templateModule ? templateModule : OrvoShareRecord().resource;
     }
-    const CDllResourceHandler resources(OrvoShareRecord());
-    m_strTitle.LoadString(kStringTitle);
+    m_strTitle = OrvoShareText(kStringTitle);
     m_ofn.lpstrTitle = m_strTitle;
 }
 
@@ -59,12 +57,7 @@ bool CExportFileDialog::OffersRanges() const {
 }
 
 BOOL CExportFileDialog::OnInitDialog() {
-    const CDllResourceHandler resources(OrvoShareRecord());
-    for (const ControlText& row : kTexts) {
-        CString text;
-        text.LoadString(row.string);
-        SetControlText(row.control, text);
-    }
+    for (const ControlText& row : kTexts) SetControlText(row.control, OrvoShareText(row.string));
     return 1;
 }
 

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include <utility>
 
-#include <contracts/ResourceScope.h>
 #include <orvoshare/integration/ImportFileDialog.h>
 #include <orvoshare/module/OrvoShareModule.h>
 
@@ -32,10 +31,7 @@ CImportFileDialog::CImportFileDialog(const char* filter, CWnd* parent, CString t
 }
 
 BOOL CImportFileDialog::OnInitDialog() {
-    const CDllResourceHandler resources(OrvoShareRecord());
-    CString text;
-    text.LoadString(kStringImport);
-    SetControlText(IDOK, text);
+    SetControlText(IDOK, OrvoShareText(kStringImport));
     return 1;
 }
 

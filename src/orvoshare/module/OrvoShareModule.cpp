@@ -4,6 +4,7 @@
 
 #include <contracts/DefaultTexts.h>
 #include <contracts/LanguageModule.h>
+#include <contracts/ResourceScope.h>
 #include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/resources/StringTable.h>
 
@@ -102,6 +103,13 @@ int OrvoShareLanguageCode() {
 
 void InitOrvoShareDLL() {
     new CDynLinkLibrary(AttachedState()->record, 0);  // the framework's own
+}
+
+CString OrvoShareText(unsigned number) {
+    const CDllResourceHandler resources(OrvoShareRecord());
+    CString text;
+    text.LoadString(number);
+    return text;
 }
 
 }  // namespace orvo

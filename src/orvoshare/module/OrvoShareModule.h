@@ -4,6 +4,7 @@
 
 #include <platform/Export.h>
 #include <platform/module/ExtensionModule.h>
+#include <platform/text/CString.h>
 
 namespace orvo {
 
@@ -19,6 +20,10 @@ ORVO_API int OrvoShareMain(HINSTANCE instance, unsigned reason);
 // A copy of the extension module record, for a CDllResourceHandler. Where no attach is in force it
 // attaches first, so that a host that holds the library needs no call.
 ORVO_API AFX_EXTENSION_MODULE OrvoShareRecord();
+
+// The text of that number, in the language of the module; empty where there is none. Attaches first
+// as OrvoShareRecord does.
+ORVO_API CString OrvoShareText(unsigned number);
 
 // The number of attaches that are in force.
 ORVO_API int OrvoShareReferenceCount();

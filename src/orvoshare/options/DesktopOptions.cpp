@@ -52,7 +52,6 @@ public:
     }
 
     void Replace() {
-        m_replacement.TakeOwner();
         if (!m_replacement.Replace(kOwnFile)) Throw();
     }
 

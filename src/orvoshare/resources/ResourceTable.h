@@ -9,6 +9,14 @@
 
 namespace orvo {
 
+constexpr unsigned kBitmapPrivate = 1000;
+constexpr unsigned kBitmapNote = 1001;
+constexpr unsigned kBitmapCheck = 1002;
+constexpr unsigned kCursorHand = 1003;
+constexpr unsigned kIconPrivate = 15140;
+constexpr unsigned kIconNote = 15141;
+constexpr unsigned kIconCompleted = 15142;
+
 struct ResourceFile {
     ResourceKind kind;
     unsigned number;

@@ -1,6 +1,5 @@
 // The category of a record as views show it.
 // SPDX-License-Identifier: MIT
-#include <contracts/ResourceScope.h>
 #include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/resources/StringTable.h>
 #include <orvoshare/text/CategoryText.h>
@@ -9,10 +8,7 @@ namespace orvo {
 namespace {
 
 CString TextForNone() {
-    const CDllResourceHandler resources(OrvoShareRecord());
-    CString text;
-    text.LoadString(kStringUncategorized);
-    return text;
+    return OrvoShareText(kStringUncategorized);
 }
 
 }  // namespace

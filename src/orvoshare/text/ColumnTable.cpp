@@ -13,7 +13,6 @@ constexpr int kPictureSize = 16;
 }  // namespace
 
 COrvoLVColumn ColumnOfRow(const ColumnRow& row) {
-    const CDllResourceHandler resources(OrvoShareRecord());
     const bool hasPicture = row.headingImage >= 0;
     COrvoLVColumn column;
     column.nId = row.id;
@@ -22,8 +21,8 @@ COrvoLVColumn ColumnOfRow(const ColumnRow& row) {
     column.bOptional = row.id != 0;
     column.bPictureHeading = hasPicture;
     column.nHeadingImage = row.headingImage;
-    column.strName.LoadString(row.name);
-    if (!hasPicture) column.strHeading.LoadString(row.heading);
+    column.strName = OrvoShareText(row.name);
+    if (!hasPicture) column.strHeading = OrvoShareText(row.heading);
     return column;
 }
 

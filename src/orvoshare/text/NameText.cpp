@@ -1,6 +1,5 @@
 // The one-line texts by which lists and cards name a person, and the cleaning of text for display.
 // SPDX-License-Identifier: MIT
-#include <contracts/ResourceScope.h>
 #include <contracts/TextServices.h>
 #include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/resources/StringTable.h>
@@ -59,8 +58,7 @@ void GetFormattedName(CAddressRecord* record, CString& result, int useUnnamedTex
     if (!name.IsEmpty()) {
         result = FullName(first, name, true);
     } else if (useUnnamedText != 0) {
-        const CDllResourceHandler resources(OrvoShareRecord());
-        result.LoadString(kStringUnnamed);
+        result = OrvoShareText(kStringUnnamed);
     } else {
         result.Empty();
     }

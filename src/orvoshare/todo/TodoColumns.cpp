@@ -1,7 +1,6 @@
 // CTodoListbox: its columns, and how their layout is saved and read back.
 // SPDX-License-Identifier: MIT
-#include <contracts/ResourceScope.h>
-#include <orvoshare/module/OrvoShareModule.h>
+#include <orvoshare/resources/ResourceTable.h>
 #include <orvoshare/text/ColumnTable.h>
 #include <orvoshare/text/ListHeading.h>
 #include <orvoshare/todo/TodoListbox.h>
@@ -11,7 +10,7 @@ namespace {
 
 constexpr const char* kHeadingKey = "ToDoHeading";
 
-constexpr unsigned kHeadingIcons[] = {15140, 15141, 15142};  // Private, Note, Completed
+constexpr unsigned kHeadingIcons[] = {kIconPrivate, kIconNote, kIconCompleted};
 
 constexpr ColumnRow kColumns[] = {
     {TodoColumn::Description, 9180, 9180, 330, -1},
@@ -39,7 +38,6 @@ int CTodoListbox::Initialize() {
 }
 
 int CTodoListbox::InitializeColumns() {
-    const CDllResourceHandler resources(OrvoShareRecord());
     for (const ColumnRow& row : kColumns) {
         const COrvoLVColumn column = ColumnOfRow(row);
         InitializeColumn(&column);

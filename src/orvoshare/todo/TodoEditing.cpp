@@ -70,12 +70,7 @@ int RowOf(const CTodoListbox& view, const CToDoRecord* record) {
 }
 
 void TellThatDateIsOutOfRange() {
-    CString text;
-    {
-        const CDllResourceHandler resources(OrvoShareRecord());
-        text.LoadString(kOutOfRangeString);
-    }
-    AfxMessageBox(text, MB_ICONEXCLAMATION);
+    AfxMessageBox(OrvoShareText(kOutOfRangeString), MB_ICONEXCLAMATION);
 }
 
 }  // namespace

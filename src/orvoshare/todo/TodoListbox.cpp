@@ -4,15 +4,11 @@
 #include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/options/DesktopOptions.h>
 #include <orvoshare/options/DesktopOptionsOfMainWindow.h>
+#include <orvoshare/resources/ResourceTable.h>
 #include <orvoshare/todo/TodoListbox.h>
 
 namespace orvo {
 namespace {
-
-constexpr unsigned kPrivateBitmap = 1000;
-constexpr unsigned kNoteBitmap = 1001;
-constexpr unsigned kCheckBitmap = 1002;
-constexpr unsigned kHandCursor = 1003;
 
 constexpr COLORREF kBlack = RGB(0, 0, 0);
 
@@ -25,18 +21,18 @@ CTodoListbox::CTodoListbox() {
 
     MakeSelectedCheck();
     const CDllResourceHandler resources(OrvoShareRecord());
-    m_bmpCheck.LoadBitmap(kCheckBitmap);
-    m_bmpNote.LoadBitmap(kNoteBitmap);
-    m_bmpPrivate.LoadBitmap(kPrivateBitmap);
+    m_bmpCheck.LoadBitmap(kBitmapCheck);
+    m_bmpNote.LoadBitmap(kBitmapNote);
+    m_bmpPrivate.LoadBitmap(kBitmapPrivate);
     m_nBitmapHeight = m_bmpPrivate.Size().cy;
-    m_hHandCursor = LoadCursor(kHandCursor);
+    m_hHandCursor = LoadCursor(kCursorHand);
 }
 
 void CTodoListbox::MakeSelectedCheck() {
     COLORREF selectedText = kBlack;
     OUIGetColors(kSelectedTextColour, nullptr, nullptr, nullptr, &selectedText);
     const CDllResourceHandler resources(OrvoShareRecord());
-    m_bmpCheckSelected.CreateMappedBitmap(kCheckBitmap, kBlack, selectedText);
+    m_bmpCheckSelected.CreateMappedBitmap(kBitmapCheck, kBlack, selectedText);
 }
 
 void CTodoListbox::OnSysColorChange() {

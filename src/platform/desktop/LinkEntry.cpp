@@ -1,12 +1,10 @@
 // Desktop entries that stand for a file: "Type=Link" with a "file:" address.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
-#include <charconv>
-#include <optional>
 #include <string>
-#include <system_error>
 
 #include <platform/desktop/LinkEntry.h>
+#include <platform/text/Percents.h>
 
 namespace orvo {
 namespace {
@@ -24,24 +22,11 @@ std::string_view Trimmed(std::string_view text) {
     return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
-// Nothing where a '%' has no two hexadecimal digits behind it, or there is a zero byte.
-std::optional<std::string> PercentDecoded(std::string_view text) {
-    std::string decoded;
-    if (text.find('\0') != std::string_view::npos) return std::nullopt;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] != '%') {
-            decoded += text[i];
-            continue;
-        }
-        const std::string_view digits = text.substr(i + 1, 2);
-        unsigned byte = 0;
-        const auto [end, error] =
-            std::from_chars(digits.data(), digits.data() + digits.size(), byte, 16);
-        if (error != std::errc() || end != digits.data() + 2 || byte == 0) return std::nullopt;
-        decoded += static_cast<char>(byte);
-        i += 2;
-    }
-    return decoded;
+// Empty where the path can't be read, or has a zero byte.
+std::string DecodePath(std::string_view path) {
+    bool isWhole = false;
+    std::string decoded = DecodePercents(path, &isWhole);
+    return isWhole && decoded.find('\0') == std::string::npos ? decoded : std::string();
 }
 
 std::string PathOfAddress(std::string_view address) {
@@ -49,7 +34,7 @@ std::string PathOfAddress(std::string_view address) {
         if (!address.starts_with(start)) continue;
         const std::string_view path = address.substr(start.size() - 1);
         const bool hasHost = path.starts_with("//");
-        return hasHost ? std::string() : PercentDecoded(path).value_or(std::string());
+        return hasHost ? std::string() : DecodePath(path);
     }
     return {};
 }

@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <string>
 
 #include <platform/desktop/LinkEntry.h>
 #include <platform/desktop/ShellLinkFile.h>
 #include <platform/desktop/Shortcut.h>
+#include <platform/io/WholeFile.h>
 #include <platform/text/SystemText.h>
 
 namespace orvo {
@@ -92,12 +92,10 @@ fs::path FindTarget(const fs::path& folder, const ShellLinkFile& link) {
     return {};
 }
 
-std::string ReadFile(const fs::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    std::string bytes(kGreatestFile + 1, '\0');
-    stream.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    bytes.resize(static_cast<std::size_t>(stream.gcount()));
-    if (bytes.size() > kGreatestFile) bytes.clear();
+// Empty where it can't be read.
+std::string BytesOf(const fs::path& file) {
+    std::string bytes;
+    ReadWholeFile(file.string(), bytes, kGreatestFile);
     return bytes;
 }
 
@@ -107,9 +105,9 @@ HRESULT Resolve(const fs::path& file, fs::path& target) {
     if (!IsFile(real)) return kFileNotFound;
     const CString name = PathOf(real);
     if (EndsIn(name, ".lnk")) {
-        target = FindTarget(real.parent_path(), ReadShellLink(ReadFile(real)));
+        target = FindTarget(real.parent_path(), ReadShellLink(BytesOf(real)));
     } else if (EndsIn(name, ".desktop")) {
-        const std::string path = PathOfLinkEntry(ReadFile(real));
+        const std::string path = PathOfLinkEntry(BytesOf(real));
         if (path.empty()) return E_FAIL;
         target = FindPath("/", fs::path(path).relative_path());
     } else if (IsLink(file)) {

@@ -58,6 +58,7 @@ void FileReplacement::TakeOwner() {
 }
 
 bool FileReplacement::Replace(mode_t permissions) {
+    TakeOwner();
     if (::fchmod(m_file.Number(), permissions) != 0 || ::fsync(m_file.Number()) != 0 ||
         ::rename(m_temporary.c_str(), m_target.c_str()) != 0) {
         return false;

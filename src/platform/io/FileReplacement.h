@@ -28,14 +28,14 @@ public:
 
     bool Write(std::string_view bytes);
 
-    // Gives the new file the owner of the one in its place, where the system lets the program: only
-    // an administrator's may. For any other the file becomes the writer's own.
-    void TakeOwner();
-
-    // Gives the file these permissions, makes it safe on disk, and puts it in its place.
+    // Gives the file these permissions and the owner of the one in its place, makes it safe on
+    // disk, and puts it in its place. Where the system lets the program give no owner, as it lets
+    // nobody but an administrator, the file becomes the writer's own.
     bool Replace(mode_t permissions);
 
 private:
+    void TakeOwner();
+
     std::string m_target;
     std::string m_temporary;
     Descriptor m_file;

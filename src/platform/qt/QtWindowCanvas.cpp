@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <utility>
 
+#include <platform/qt/QtConvert.h>
 #include <platform/qt/QtWindowCanvas.h>
 
 namespace orvo {

@@ -11,6 +11,7 @@
 
 #include <platform/io/Descriptor.h>
 #include <platform/io/FileReplacement.h>
+#include <platform/io/WholeFile.h>
 #include <platform/settings/SettingsFile.h>
 
 namespace orvo {
@@ -23,7 +24,6 @@ constexpr int kMostLinks = 40;  // as the system itself follows
 constexpr mode_t kOwnFolder = 0700;
 constexpr mode_t kOwnFile = 0600;
 constexpr mode_t kPermissions = 07777;
-constexpr std::size_t kBlock = 65536;
 constexpr std::string_view kNoFile = "it is no regular file";
 
 // Longer than the steps in which any usual file system tells the time of a change, but for FAT's.
@@ -91,17 +91,9 @@ bool ReadFile(const std::string& path, std::string& bytes, FileStamp& stamp, std
     }
     // Before the bytes, so that a change meanwhile is seen by the next look.
     stamp = FileStamp::Of(status);
-    for (;;) {
-        const std::size_t size = bytes.size();
-        bytes.resize(size + kBlock);
-        const ssize_t count = ::read(file.Number(), bytes.data() + size, kBlock);
-        bytes.resize(size + static_cast<std::size_t>(count > 0 ? count : 0));
-        if (count == 0) return true;
-        if (count < 0 && errno != EINTR) {
-            error = Because("it can't be read");
-            return false;
-        }
-    }
+    errno = ReadToEnd(file, bytes);
+    if (errno != 0) error = Because("it can't be read");
+    return errno == 0;
 }
 
 bool ReplaceFile(const std::string& path, std::string_view bytes, std::string& error) {
@@ -119,7 +111,6 @@ bool ReplaceFile(const std::string& path, std::string_view bytes, std::string& e
         error = Because("its folder can't be written");
         return false;
     }
-    file.TakeOwner();
     if (!file.Write(bytes) || !file.Replace(replaces ? old.st_mode & kPermissions : kOwnFile)) {
         error = Because("it can't be written");
         return false;
