@@ -14,7 +14,7 @@ while(rest MATCHES "\nmsgctxt \"([0-9]+)\"\nmsgid (\"(\\\\.|[^\"\\\\])+\")\nmsgs
     string(SUBSTRING "${rest}" ${position} -1 rest)
 endwhile()
 if(NOT count EQUAL expected)
-    message(FATAL_ERROR "${PO}: ${count} of ${expected} messages can be read: each needs a number as its msgctxt, and a "
-                        "msgid in one line")
+    message(FATAL_ERROR "${PO}: ${count} of ${expected} messages can be read: each needs a number as its msgctxt, and "
+                        "a msgid in one line")
 endif()
 file(WRITE "${TABLE}" "${rows}")

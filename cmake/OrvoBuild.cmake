@@ -1,4 +1,5 @@
-# How every folder of the house is built: one small library a folder, its sources listed, its links telling who may know whom.
+# How every folder of the house is built: one small library a folder, its sources listed, its links telling who may know
+# whom.
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -54,8 +55,8 @@ function(orvo_program name)
     target_link_libraries(${name} PRIVATE orvo_flags ${ARG_LINK})
 endfunction()
 
-# orvo_precompile(<target> <header>...): compiles these headers once for the sources of a target, and of those that reuse
-# them.
+# orvo_precompile(<target> <header>...): compiles these headers once for the sources of a target, and of those that
+# reuse them.
 function(orvo_precompile target)
     target_precompile_headers(${target} PRIVATE ${ARGN})
     if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")

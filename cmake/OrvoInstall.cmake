@@ -1,5 +1,5 @@
-# What `cmake --install` lays down: the libraries with their headers, the programs, and how other builds and desktops find
-# them. The components are the packages of OrvoPackage.cmake.
+# What `cmake --install` lays down: the libraries with their headers, the programs, and how other builds and desktops
+# find them. The components are the packages of OrvoPackage.cmake.
 include(CMakePackageConfigHelpers)
 
 set(cmake_folder "${CMAKE_INSTALL_LIBDIR}/cmake/OrvoShare")

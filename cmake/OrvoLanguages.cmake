@@ -1,5 +1,5 @@
-# The language modules: each lang/<language>.po becomes a file of texts below share/ of the build, where the built library
-# looks for it as the installed one does.
+# The language modules: each lang/<language>.po becomes a file of texts below share/ of the build, where the built
+# library looks for it as the installed one does.
 find_package(Gettext REQUIRED)
 find_program(MSGEN msgen REQUIRED)
 

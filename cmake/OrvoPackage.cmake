@@ -1,5 +1,5 @@
-# The Debian packages that `cpack` makes, one for each component of OrvoInstall.cmake but the licence, which they have as
-# their copyright file.
+# The Debian packages that `cpack` makes, one for each component of OrvoInstall.cmake but the licence, which they have
+# as their copyright file.
 # SPDX-License-Identifier: MIT
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME orvoshare)
@@ -23,7 +23,8 @@ set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_PRE_BUILD_SCRIPTS "${PROJECT_SOURCE_DIR}/packaging/debian/Finish.cmake")
 
 # orvo_package(<component> <package> SECTION <section> SUMMARY <line> TEXT <line>... [DEPENDS <package>...]
-#              [RECOMMENDS <package>...] [CONTROL <file>...]); those depended on are of this project, in the same version.
+#              [RECOMMENDS <package>...] [CONTROL <file>...]); those depended on are of this project, in the same
+# version.
 macro(orvo_package component package)
     cmake_parse_arguments(ARG "" "SECTION;SUMMARY" "TEXT;DEPENDS;RECOMMENDS;CONTROL" ${ARGN})
     string(TOUPPER ${component} key)

@@ -1,5 +1,5 @@
-# The desktop program's texts in other languages: each lang/desktop/<language>.po becomes a message file below share/locale
-# of the build, where the built program looks for it as the installed one does.
+# The desktop program's texts in other languages: each lang/desktop/<language>.po becomes a message file below
+# share/locale of the build, where the built program looks for it as the installed one does.
 find_package(Gettext REQUIRED)
 
 set(message_files "")

@@ -1,4 +1,5 @@
-# Writes the rows of the resource table from the files of resources/: cmake -DFOLDER=<folder> -DTABLE=<file> -P ResourceTable.cmake
+# Writes the rows of the resource table from the files of resources/: cmake -DFOLDER=<folder> -DTABLE=<file> -P
+# ResourceTable.cmake
 # SPDX-License-Identifier: MIT
 cmake_minimum_required(VERSION 3.25)
 
@@ -20,7 +21,8 @@ function(check_picture file text)
     string(REGEX REPLACE "[][;\\\\]" "x" rest "${rest}")
     string(REGEX MATCHALL "\"[^\"]*\"" lines "${rest}")
     list(POP_FRONT lines values)
-    if(NOT text MATCHES "^/\\* XPM \\*/" OR NOT values MATCHES "^\" *([0-9]+) +([0-9]+) +([0-9]+) +([0-9]+)( +[0-9]+ +[0-9]+)? *\"$")
+    set(four_numbers "([0-9]+) +([0-9]+) +([0-9]+) +([0-9]+)")
+    if(NOT text MATCHES "^/\\* XPM \\*/" OR NOT values MATCHES "^\" *${four_numbers}( +[0-9]+ +[0-9]+)? *\"$")
         message(FATAL_ERROR "${file}: not a picture of the form XPM 3")
     endif()
     math(EXPR expected "${CMAKE_MATCH_2} + ${CMAKE_MATCH_3}")
@@ -28,7 +30,7 @@ function(check_picture file text)
     set(colours ${CMAKE_MATCH_3})
     list(LENGTH lines count)
     if(NOT count EQUAL expected)
-        message(FATAL_ERROR "${file}: ${count} lines of colours and pixels follow the values, which tell of ${expected}")
+        message(FATAL_ERROR "${file}: ${count} lines of colours and pixels follow the values, which name ${expected}")
     endif()
     list(SUBLIST lines ${colours} -1 rows)
     foreach(row IN LISTS rows)

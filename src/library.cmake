@@ -1,8 +1,30 @@
 # liborvoshare: the module with the libraries that fulfil its contracts, in one shared library.
-set(parts orvo_text orvo_options orvo_addressviews orvo_addresslist orvo_todo orvo_shared orvo_integration orvo_quire orvo_lingo orvo_odcmn orvo_orvoui orvo_orvocmn
-          orvo_language orvo_module orvo_resources orvo_platform_module orvo_platform_text
-          orvo_platform_time orvo_platform_io orvo_platform_settings orvo_platform_registry orvo_platform_ipc orvo_platform_com orvo_platform_window
-          orvo_platform_desktop)
+set(parts
+    orvo_text
+    orvo_options
+    orvo_addressviews
+    orvo_addresslist
+    orvo_todo
+    orvo_shared
+    orvo_integration
+    orvo_quire
+    orvo_lingo
+    orvo_odcmn
+    orvo_orvoui
+    orvo_orvocmn
+    orvo_language
+    orvo_module
+    orvo_resources
+    orvo_platform_module
+    orvo_platform_text
+    orvo_platform_time
+    orvo_platform_io
+    orvo_platform_settings
+    orvo_platform_registry
+    orvo_platform_ipc
+    orvo_platform_com
+    orvo_platform_window
+    orvo_platform_desktop)
 list(TRANSFORM parts REPLACE "(.+)" "$<TARGET_FILE:\\1>" OUTPUT_VARIABLE archives)
 
 add_library(orvoshare SHARED orvoshare/module/Version.cpp)

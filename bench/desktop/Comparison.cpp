@@ -9,8 +9,8 @@
 #include <fmt/format.h>
 
 #include "../People.h"
-#include "ChildProcess.h"
 #include "Figures.h"
+#include "ListenedProcess.h"
 #include "Measurement.h"
 
 namespace orvo::bench {
@@ -76,9 +76,9 @@ class Display {
 public:
     Display()
         : m_server({"Xvfb", "-displayfd", "1", "-screen", "0", kScreen, "-nolisten", "tcp"}, {}, {},
-                   ChildProcess::Complaints::Hidden) {
+                   ListenedProcess::Complaints::Hidden) {
         std::string number;
-        if (m_server.ReadLine(number, kGivenUp) != ChildProcess::Read::Line) {
+        if (m_server.ReadLine(number, kGivenUp) != ListenedProcess::Read::Line) {
             throw std::runtime_error("Xvfb gave no display");
         }
         m_name = ":" + number;
@@ -87,7 +87,7 @@ public:
     const std::string& Name() const { return m_name; }
 
 private:
-    ChildProcess m_server;
+    ListenedProcess m_server;
     std::string m_name;
 };
 
@@ -101,12 +101,12 @@ void WriteStore(ScratchStore& store, std::size_t people) {
 }
 
 // Until its end, or until it takes too long for a figure.
-Outcome ReadFigures(ChildProcess& child) {
+Outcome ReadFigures(ListenedProcess& child) {
     Outcome outcome;
     std::size_t next = 0;
     std::string line;
-    ChildProcess::Read read{};
-    while ((read = child.ReadLine(line, kGivenUp)) == ChildProcess::Read::Line) {
+    ListenedProcess::Read read{};
+    while ((read = child.ReadLine(line, kGivenUp)) == ListenedProcess::Read::Line) {
         std::istringstream words(line);
         double value = 0;
         if (!(words >> next >> value) || next >= kFigureCount) {
@@ -114,7 +114,7 @@ Outcome ReadFigures(ChildProcess& child) {
         }
         outcome.figures[next++] = value;
     }
-    if (read == ChildProcess::Read::Late) outcome.givenUp = static_cast<Figure>(next);
+    if (read == ListenedProcess::Read::Late) outcome.givenUp = static_cast<Figure>(next);
     return outcome;
 }
 
@@ -127,13 +127,13 @@ public:
         const char* name = kind == WindowKind::Ours ? "ours" : "plain";
         const std::string folder = std::filesystem::path(m_store).parent_path().string();
         // Qt reads only the name of the locale, and would warn where the machine lacks its tables.
-        ChildProcess child({m_program, "--child", name, "--store", m_store},
-                           {{"DISPLAY", m_display.Name()},
-                            {"QT_QPA_PLATFORM", "xcb"},
-                            {"QT_LOGGING_RULES", "default.warning=false"},
-                            {"LC_ALL", "en_US.UTF-8"},
-                            {"XDG_CONFIG_HOME", folder}},
-                           kStartVariable, ChildProcess::Complaints::Shown);
+        ListenedProcess child({m_program, "--child", name, "--store", m_store},
+                              {{"DISPLAY", m_display.Name()},
+                               {"QT_QPA_PLATFORM", "xcb"},
+                               {"QT_LOGGING_RULES", "default.warning=false"},
+                               {"LC_ALL", "en_US.UTF-8"},
+                               {"XDG_CONFIG_HOME", folder}},
+                              kStartVariable, ListenedProcess::Complaints::Shown);
         Outcome outcome = ReadFigures(child);
         if (outcome.givenUp) return outcome;
         const std::string trouble = child.Wait();

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-# Checks what the compiler doesn't: the floors of the house, the licence lines, and that headers compile alone: those that
-# a change can have broken, and with --all every one.
+# Checks what the compiler doesn't: the floors of the house, the licence lines, the sizes of files and functions, and that
+# headers compile alone: those that a change can have broken, and with --all every one.
 # SPDX-License-Identifier: MIT
 import argparse
 import concurrent.futures
@@ -21,6 +21,10 @@ FLOORS = {
     "cli": 6,
     "desktop": 6,
 }
+LONGEST_FILE = 450  # lines
+SCREEN = 65
+LONGEST_BUILD_LINE = 120  # characters
+NO_FUNCTION = re.compile(r"\s*(namespace|struct|class|enum|union|if|for|while|switch|else|do|\}|case|default)\b|\s*\}")
 INCLUDE = re.compile(r'^\s*#\s*include\s*[<"]([^>"]+)[>"]')
 
 
@@ -93,6 +97,43 @@ def check_circles():
         yield from visit(name)
 
 
+def long_functions(lines):
+    """The numbers of the lines in which functions begin that are longer than a screen, with their length."""
+    begun = {}
+    for number, line in enumerate(lines, 1):
+        indent = len(line) - len(line.lstrip())
+        if line.strip() in ("}", "};") and indent in begun:
+            first = begun.pop(indent)
+            if number - first >= SCREEN:
+                yield first, number - first + 1
+        elif line.endswith("{") and ")" in line and not NO_FUNCTION.match(line):
+            begun[indent] = number
+        elif indent == 0:
+            begun.clear()
+
+
+def check_sizes():
+    for source in sources():
+        lines = source.read_text().splitlines()
+        if len(lines) > LONGEST_FILE:
+            yield f"{source}: {len(lines)} lines; which second subject hides in it?"
+        for number, length in long_functions(lines):
+            yield f"{source}:{number}: a function of {length} lines doesn't fit on a screen"
+    seen = {}
+    for name in output_of("git", "ls-files", "-co", "--exclude-standard"):
+        path = pathlib.Path(name)
+        if not path.exists():
+            continue
+        if path.suffix in (".h", ".cpp", ".py") and path.name != "main.cpp":
+            if path.name in seen:
+                yield f"{name}: has the name of {seen[path.name]}"
+            seen[path.name] = name
+        if path.suffix == ".cmake" or path.name == "CMakeLists.txt":
+            for number, line in enumerate(path.read_text().splitlines(), 1):
+                if len(line) > LONGEST_BUILD_LINE:
+                    yield f"{name}:{number}: {len(line)} characters, of at most {LONGEST_BUILD_LINE}"
+
+
 def check_licence():
     for name in output_of("git", "ls-files", "-co", "--exclude-standard", "src", "tests", "bench", "fuzz", "scripts", "run",
                           "test"):
@@ -150,14 +191,14 @@ def check_headers(compiler, headers):
 
 def main():
     parser = argparse.ArgumentParser()
-    parser.add_argument("check", choices=["floors", "licence", "headers"])
+    parser.add_argument("check", choices=["floors", "licence", "sizes", "headers"])
     parser.add_argument("--compiler", default="c++")
     parser.add_argument("--all", action="store_true")
     arguments = parser.parse_args()
     if arguments.check == "headers":
         faults = list(check_headers(arguments.compiler, sorted(includes_of_headers()) if arguments.all else touched_headers()))
     else:
-        faults = list({"floors": check_floors, "licence": check_licence}[arguments.check]())
+        faults = list({"floors": check_floors, "licence": check_licence, "sizes": check_sizes}[arguments.check]())
     print("\n".join(faults))
     return 1 if faults else 0
 

@@ -13,7 +13,7 @@
 
 namespace orvo::bench {
 
-class ChildProcess {
+class ListenedProcess {
 public:
     using Variables = std::vector<std::pair<std::string, std::string>>;
     enum class Complaints { Shown, Hidden };  // what it writes to standard error
@@ -22,11 +22,11 @@ public:
     // with this process. `startVariable`, where it isn't empty, tells it when it was started, in
     // nanoseconds of the steady clock.
     // Fails:  std::system_error.
-    ChildProcess(const std::vector<std::string>& words, const Variables& variables,
-                 const std::string& startVariable, Complaints complaints);
-    ChildProcess(const ChildProcess&) = delete;
-    ChildProcess& operator=(const ChildProcess&) = delete;
-    ~ChildProcess();  // ends the process
+    ListenedProcess(const std::vector<std::string>& words, const Variables& variables,
+                    const std::string& startVariable, Complaints complaints);
+    ListenedProcess(const ListenedProcess&) = delete;
+    ListenedProcess& operator=(const ListenedProcess&) = delete;
+    ~ListenedProcess();  // ends the process
 
     enum class Read { Line, End, Late };
     // Sets `line` to the next one of its standard output; Late where none has come in time.

@@ -1,6 +1,6 @@
 // A process that is started and listened to line by line.
 // SPDX-License-Identifier: MIT
-#include "ChildProcess.h"
+#include "ListenedProcess.h"
 
 #include <algorithm>
 #include <array>
@@ -27,7 +27,7 @@ using Clock = std::chrono::steady_clock;
 
 // In the new process, which has one thread only.
 [[noreturn]] void Become(const std::vector<std::string>& words,
-                         const ChildProcess::Variables& variables,
+                         const ListenedProcess::Variables& variables,
                          const std::string& startVariable) {
     std::vector<char*> arguments;
     std::vector<std::string> texts = words;
@@ -47,8 +47,8 @@ using Clock = std::chrono::steady_clock;
 
 }  // namespace
 
-ChildProcess::ChildProcess(const std::vector<std::string>& words, const Variables& variables,
-                           const std::string& startVariable, Complaints complaints) {
+ListenedProcess::ListenedProcess(const std::vector<std::string>& words, const Variables& variables,
+                                 const std::string& startVariable, Complaints complaints) {
     std::array<int, 2> ends{};
     if (pipe2(ends.data(), O_CLOEXEC) != 0) Fail("pipe");
     m_output.Reset(ends[0]);
@@ -65,13 +65,14 @@ ChildProcess::ChildProcess(const std::vector<std::string>& words, const Variable
     }
 }
 
-ChildProcess::~ChildProcess() {
+ListenedProcess::~ListenedProcess() {
     if (m_process < 0) return;
     kill(m_process, SIGKILL);
     waitpid(m_process, nullptr, 0);
 }
 
-ChildProcess::Read ChildProcess::ReadLine(std::string& line, std::chrono::milliseconds patience) {
+ListenedProcess::Read ListenedProcess::ReadLine(std::string& line,
+                                                std::chrono::milliseconds patience) {
     const auto end = Clock::now() + patience;
     for (;;) {
         if (const auto length = m_read.find('\n'); length != std::string::npos) {
@@ -94,7 +95,7 @@ ChildProcess::Read ChildProcess::ReadLine(std::string& line, std::chrono::millis
     }
 }
 
-std::string ChildProcess::Wait() {
+std::string ListenedProcess::Wait() {
     int status = 0;
     while (waitpid(m_process, &status, 0) < 0) {
         if (errno != EINTR) Fail("waitpid");
