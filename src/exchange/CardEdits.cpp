@@ -129,6 +129,7 @@ void CardEdits::Run(const PhoneLabels& labels, CategoryNames& categories) {
     EditPart(AddressField::Company, Property::Organization, 0);
     EditValue(m_was.Text(AddressField::Title), m_now.Text(AddressField::Title), Property::Title);
     EditAddress();
+    m_tellsDisplay = MustTellDisplay(labels);
     for (int slot = 1; slot <= kPhoneSlots; ++slot) EditPhone(slot, labels);
     EditValue(m_was.note, m_now.note, Property::Note);
     EditCategory(categories);

@@ -69,6 +69,9 @@ private:
     void SetLabel(EditedLine& line, long label, const PhoneLabels& labels) const;
     void SetPreferred(EditedLine& line, bool isPreferred) const;
     bool IsFirstFreeSlot(int slot) const;
+    bool IsSameLabel(std::size_t index, const PhoneLabels& labels) const;
+    std::string_view PropertyOf(std::size_t index, const PhoneLabels& labels) const;
+    bool MustTellDisplay(const PhoneLabels& labels) const;
 
     void EditCategory(CategoryNames& categories);
 
@@ -79,6 +82,7 @@ private:
     bool m_isFresh;
     LineEdits& m_edits;
     unsigned m_addedSlots = 0;  // one bit each
+    bool m_tellsDisplay = false;
 };
 
 // Write the marks that cards and to-dos share: CLASS and X-ORVO-ARCHIVED.

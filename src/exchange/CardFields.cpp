@@ -78,6 +78,7 @@ private:
         m_fields.labelLine.fill(kNoLine);
         m_fields.phoneKind.fill(PhoneKind::Other);
         m_fields.displayPhone = 1;
+        m_fields.isDisplayPreferred = false;
         m_fields.note.clear();
         m_fields.categories.clear();
         m_fields.lineOf.fill(kNoLine);
@@ -253,17 +254,20 @@ private:
     }
 
     void SetDisplayPhone() {
-        int best = kNotPreferred * 2;
+        int best = (kNotPreferred + 1) * kDisplayRanks;
         for (std::size_t slot = 0; slot < kPhoneSlots; ++slot) {
             if (m_fields.phoneLine[slot] == kNoLine) continue;
             const ContentLine& line = LineAt(m_fields.phoneLine[slot]);
-            const int preference = PreferenceOf(line.parameters);
-            // Of numbers that are preferred alike, a telephone stands before a mail address.
-            const int rank = preference * 2 + (EqualsIgnoringCase(line.name, "TEL") ? 0 : 1);
-            if (preference == kNotPreferred || rank >= best) continue;
+            const int rank =
+                PreferenceOf(line.parameters) * kDisplayRanks + DisplayRankOf(line.name);
+            if (rank >= best) continue;
             best = rank;
             m_fields.displayPhone = static_cast<int>(slot) + 1;
         }
+        m_fields.isDisplayPreferred = best < kNotPreferred * kDisplayRanks;
+        // A person written from here, whose first number isn't filled in, shows none.
+        const bool showsNone = !m_fields.isDisplayPreferred && m_fields.phoneLine[0] == kNoLine;
+        if (showsNone) m_fields.displayPhone = 1;
     }
 
     LineList m_lines;

@@ -36,6 +36,7 @@ struct CardFields {
     std::array<bool, kPhoneSlots> labelIsOurs;          // one that our own line names
     std::array<std::ptrdiff_t, kPhoneSlots> labelLine;  // the X-ABLabel line that names the label
     int displayPhone = 1;                               // 1 to 5
+    bool isDisplayPreferred = false;                    // by its line
     std::string note;
     std::vector<ListedCategory> categories;
     bool isPrivate = false;

@@ -106,6 +106,49 @@ bool CardEdits::IsFirstFreeSlot(int slot) const {
     return true;
 }
 
+bool CardEdits::IsSameLabel(std::size_t index, const PhoneLabels& labels) const {
+    const PhoneKind kind = m_was.phoneKind[index];
+    const long label = m_now.label[index];
+    if (label == m_origin.labels[index]) return true;
+    const bool namesNone = labels.IdOf(kind, m_was.ownLabel[index]) == labels.IdOf(kind, {});
+    return namesNone && labels.KindOf(label) == kind;
+}
+
+// The property in which the number of a slot will stand.
+std::string_view CardEdits::PropertyOf(std::size_t index, const PhoneLabels& labels) const {
+    const bool isNew = m_was.phoneLine[index] == kNoLine;
+    if (isNew || !IsSameLabel(index, labels)) {
+        const PhoneKind kind = labels.KindOf(m_now.label[index]).value_or(PhoneKind::Other);
+        const std::string_view wanted = kPropertyOfKind[static_cast<std::size_t>(kind)];
+        if (!wanted.empty()) return wanted;
+    }
+    const PhoneKind was = isNew ? PhoneKind::Other : m_was.phoneKind[index];
+    if (was == PhoneKind::Email) return "EMAIL";
+    return was == PhoneKind::Web ? "URL" : "TEL";
+}
+
+// Whether a reader of the card would take another number for the one that is shown.
+bool CardEdits::MustTellDisplay(const PhoneLabels& labels) const {
+    const long display = m_now.displayPhone;
+    if (m_now.Text(PhoneField(display)).empty()) return false;
+    if (m_isFresh || display != m_origin.displayPhone) return true;
+    if (m_was.isDisplayPreferred) return false;
+    bool isAsItWas = true;
+    int best = kDisplayRanks;
+    long usual = 0;
+    for (std::size_t index = 0; index < kPhoneSlots; ++index) {
+        const long slot = static_cast<long>(index) + 1;
+        const bool isFilled = !m_now.Text(PhoneField(slot)).empty();
+        isAsItWas = isAsItWas && isFilled == (m_was.phoneLine[index] != kNoLine) &&
+                    IsSameLabel(index, labels);
+        const int rank = DisplayRankOf(PropertyOf(index, labels));
+        if (!isFilled || rank >= best) continue;
+        best = rank;
+        usual = slot;
+    }
+    return !isAsItWas && usual != display;
+}
+
 void CardEdits::SetPhone(EditedLine& line, std::string_view text) const {
     RemoveParameter(line.parameters, "VALUE");
     RemoveParameter(line.parameters, kPercentParameter);
@@ -119,9 +162,7 @@ void CardEdits::AddPhone(int slot, const PhoneLabels& labels) {
     const auto index = static_cast<std::size_t>(slot) - 1;
     EditedLine& added = m_edits.Add("TEL");
     SetLabel(added, m_now.label[index], labels);
-    if (m_now.displayPhone == slot && (m_isFresh || m_origin.displayPhone != slot)) {
-        SetPreferred(added, true);
-    }
+    if (m_tellsDisplay && m_now.displayPhone == slot) SetPreferred(added, true);
     if (!IsFirstFreeSlot(slot)) added.parameters.push_back(fmt::format("X-ORVO-SLOT={}", slot));
     SetPhone(added, m_now.Text(PhoneField(slot)));
     m_addedSlots |= 1u << index;
@@ -140,26 +181,18 @@ void CardEdits::EditPhone(int slot, const PhoneLabels& labels) {
         if (!IsSame(PhoneField(slot))) m_edits.At(line).isRemoved = true;
         return;
     }
-    const PhoneKind kind = m_was.phoneKind[index];
-    const std::string& own = m_was.ownLabel[index];
-    const long label = m_now.label[index];
-    const bool namesNone = labels.IdOf(kind, own) == labels.IdOf(kind, {});
-    const bool isSameLabel =
-        label == m_origin.labels[index] || (namesNone && labels.KindOf(label) == kind);
     bool isNewProperty = false;
-    if (!isSameLabel) {
+    if (!IsSameLabel(index, labels)) {
         EditedLine& edited = m_edits.At(line);
         const std::string before = edited.name;
-        SetLabel(edited, label, labels);
+        SetLabel(edited, m_now.label[index], labels);
         isNewProperty = !EqualsIgnoringCase(before, edited.name);
         const std::ptrdiff_t labelLine = m_was.labelLine[index];
         if (labelLine != kNoLine) m_edits.At(labelLine).isRemoved = true;
     }
     if (!IsSame(PhoneField(slot)) || isNewProperty) SetPhone(m_edits.At(line), text);
 
-    const bool displayChanged = m_now.displayPhone != m_origin.displayPhone &&
-                                !m_now.Text(PhoneField(m_now.displayPhone)).empty();
-    if (displayChanged) SetPreferred(m_edits.At(line), m_now.displayPhone == slot);
+    if (m_tellsDisplay) SetPreferred(m_edits.At(line), m_now.displayPhone == slot);
 }
 
 void CardEdits::EditReading(std::size_t number, AddressField field) {

@@ -172,6 +172,11 @@ int PreferenceOf(std::string_view parameters) {
     return HasType(parameters, "PREF") ? 1 : kNotPreferred;
 }
 
+int DisplayRankOf(std::string_view property) {
+    if (EqualsIgnoringCase(property, "TEL")) return 0;
+    return EqualsIgnoringCase(property, "EMAIL") ? 1 : 2;
+}
+
 int OwnSlotOf(std::string_view parameters) {
     const std::string_view number = FindParameter(parameters, "X-ORVO-SLOT");
     int slot = 0;

@@ -89,6 +89,11 @@ bool IsTrue(std::string_view value);
 constexpr int kNotPreferred = 101;
 int PreferenceOf(std::string_view parameters);
 
+// Which of the numbers that are preferred alike is shown: the one of the lowest rank. A telephone
+// stands before a mail address, and both before a web address, which is nobody's number.
+constexpr int kDisplayRanks = 3;
+int DisplayRankOf(std::string_view property);
+
 // The slot that our own line asks for, 0 for none.
 int OwnSlotOf(std::string_view parameters);
 
