@@ -10,16 +10,26 @@
 #include <cli/Commands.h>
 #include <cli/Output.h>
 #include <exchange/ExportFile.h>
+#include <exchange/FilesToImport.h>
 #include <exchange/ImportFile.h>
 
 namespace orvo::cli {
 namespace {
 
-int Import(Store& store, const std::vector<std::string>& files, bool json) {
+struct ImportOrder {
+    std::vector<std::string> paths;
+    bool skipsUnreadable = false;
+};
+
+int Import(Store& store, const ImportOrder& order, bool json) {
+    const FilesToImport found = FindFilesToImport(order.paths);
+    for (const std::string& line : found.unreadable) PrintWarning(line);
+    const std::size_t unreadable = found.unreadable.size();
+    if (unreadable != 0 && (!order.skipsUnreadable || found.files.empty())) return kWrongUse;
     Transaction transaction(store);
     ImportReport total;
     std::vector<std::string> told;
-    for (const std::string& file : files) {
+    for (const std::string& file : found.files) {
         ImportReport report = ImportFile(file, store.Addresses(), store.ToDos());
         total.addresses += report.addresses;
         total.toDos += report.toDos;
@@ -30,14 +40,16 @@ int Import(Store& store, const std::vector<std::string>& files, bool json) {
     transaction.Commit();
 
     if (json) {
-        PrintJson(
-            {{"addresses", total.addresses}, {"todos", total.toDos}, {"skipped", told.size()}});
+        PrintJson({{"addresses", total.addresses},
+                   {"todos", total.toDos},
+                   {"skipped", told.size()},
+                   {"unreadable", unreadable}});
     } else {
         PrintLine(fmt::format("imported {} addresses, {} to-dos, {} skipped", total.addresses,
                               total.toDos, told.size()));
     }
     for (const std::string& line : told) PrintError(line);
-    return told.empty() ? kDone : kSomeSkipped;
+    return told.empty() && unreadable == 0 ? kDone : kSomeSkipped;
 }
 
 // The table whose records a file of that name holds.
@@ -76,13 +88,18 @@ int Export(Store& store, const std::string& file, const std::string& category, b
 }  // namespace
 
 void AddExchangeCommands(CLI::App& app, Invocation& invocation) {
-    auto files = std::make_shared<std::vector<std::string>>();
+    auto order = std::make_shared<ImportOrder>();
     CLI::App* importing = app.add_subcommand(
         "import", "Take in vcf, vcs and ics files: all of them, or none where one can't be read");
-    importing->add_option("FILE", *files, "Card and calendar files")->required();
-    importing->callback([files, &invocation] {
-        invocation.command = [files, &invocation](Store& store) {
-            return Import(store, *files, invocation.json);
+    importing
+        ->add_option("FILE", order->paths,
+                     "Card and calendar files, and folders with such files in them and below")
+        ->required();
+    importing->add_flag("--skip-unreadable", order->skipsUnreadable,
+                        "Take the others where files can't be read or hold no card or calendar");
+    importing->callback([order, &invocation] {
+        invocation.command = [order, &invocation](Store& store) {
+            return Import(store, *order, invocation.json);
         };
     });
 

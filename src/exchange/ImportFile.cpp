@@ -24,6 +24,7 @@ namespace {
 constexpr std::size_t kChunk = 1u << 20;
 // So long, in milliseconds, the first writer of a pipe is waited for.
 constexpr int kPatience = 2000;
+constexpr const char* kHoldsNothing = "holds no card or calendar";
 
 [[noreturn]] void FailToRead() {
     throw ExchangeError(fmt::format("can't be read: {}", std::strerror(errno)));
@@ -48,9 +49,7 @@ bool WaitToRead(const Descriptor& file, int milliseconds) {
     return ::poll(&state, 1, milliseconds) != 0;
 }
 
-std::string ReadWhole(const std::string& path) {
-    bool isPipe = false;
-    const Descriptor file = OpenToRead(path, isPipe);
+std::string ReadWhole(const Descriptor& file, bool isPipe) {
     std::string bytes;
     std::vector<char> chunk(kChunk);
     bool mayHaveNoWriter = isPipe;
@@ -71,7 +70,35 @@ std::string ReadWhole(const std::string& path) {
     }
 }
 
+std::string ReadWhole(const std::string& path) {
+    bool isPipe = false;
+    const Descriptor file = OpenToRead(path, isPipe);
+    return ReadWhole(file, isPipe);
+}
+
+bool IsWhatFilesHold(const Entry& entry) {
+    return entry.kind == EntryKind::Card || entry.kind == EntryKind::CalendarBegin;
+}
+
 }  // namespace
+
+std::string WhyNotImportable(const std::string& path) {
+    try {
+        bool isPipe = false;
+        const Descriptor file = OpenToRead(path, isPipe);
+        if (isPipe) return {};
+        const std::string bytes = ReadWhole(file, isPipe);
+        std::string decoded;
+        EntryReader reader(DecodeMarked(bytes, decoded) ? decoded : bytes);
+        Entry entry;
+        while (reader.Next(entry)) {
+            if (IsWhatFilesHold(entry)) return {};
+        }
+        return kHoldsNothing;
+    } catch (const ExchangeError& error) {
+        return error.what();
+    }
+}
 
 ImportReport ImportFile(const std::string& path, CAddressTable& addresses, CToDoTable& toDos,
                         const ImportProgress& progress) {
@@ -98,8 +125,7 @@ ImportReport ImportBytes(std::string_view bytes, CAddressTable& addresses, CToDo
     Entry entry;
     bool isKnown = false;
     while (reader.Next(entry)) {
-        isKnown =
-            isKnown || entry.kind == EntryKind::Card || entry.kind == EntryKind::CalendarBegin;
+        isKnown = isKnown || IsWhatFilesHold(entry);
         if (entry.kind == EntryKind::Card) {
             const std::string_view reason = cards.Store(entry);
             if (reason.empty()) {
@@ -117,7 +143,7 @@ ImportReport ImportBytes(std::string_view bytes, CAddressTable& addresses, CToDo
         // To-dos that wait come to the store, and are told, later than what follows them.
         if (!calendar.IsWaiting()) meter.Pass(entry.lines[entry.lines.size() - 1].source);
     }
-    if (!isKnown) throw ExchangeError("holds no card or calendar");
+    if (!isKnown) throw ExchangeError(kHoldsNothing);
     calendar.Finish();
     meter.Finish();
     std::stable_sort(report.skipped.begin(), report.skipped.end(),

@@ -19,7 +19,11 @@ namespace orvo {
 ImportReport ImportFile(const std::string& path, CAddressTable& addresses, CToDoTable& toDos,
                         const ImportProgress& progress = nullptr);
 
-// The same for bytes that the caller has read.
+// Why the file can't be imported, in one line without its name; empty for a card or calendar file,
+// and for a pipe, which would be empty afterwards.
+std::string WhyNotImportable(const std::string& path);
+
+// The same as ImportFile for bytes that the caller has read.
 ImportReport ImportBytes(std::string_view bytes, CAddressTable& addresses, CToDoTable& toDos,
                          const ImportProgress& progress = nullptr);
 

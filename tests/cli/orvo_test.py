@@ -362,12 +362,29 @@ class OrvoTest(unittest.TestCase):
         self.assertIn("imported 2 addresses, 0 to-dos, 1 skipped", self.orvo("import", path, code=3))
         self.assertRegex(self.errors, rf"^{path}:5: .+\n$")
 
+    def test_a_folder_is_taken_in_by_name_and_all_that_is_no_card_is_told(self):
+        for name in ("b", "b/deep", "c"):
+            (self.folder / name).mkdir()
+        for name in ("a.VCARD", "b/deep/b.ics.vcf", "c.vcf", "aside.txt"):
+            self.file(name, card(name))
+        bad = [self.file("bad.vcf", "Dear Ann"), self.file("c/bad.ics", "Dear Bo")]
+        (self.folder / "c" / "round").symlink_to(self.folder)
+        (self.folder / "z.vcf").symlink_to(self.folder / "c.vcf")
+        told = "".join(f"orvo: {path}: holds no card or calendar\n" for path in bad)
+        self.orvo("import", self.folder, code=2)
+        self.assertEqual((self.errors, self.rows("addresses", code=1)), (told, []))
+        self.orvo("import", "--skip-unreadable", self.folder, code=3)
+        self.assertEqual(self.errors, told)
+        self.assertEqual([self.rows("show", number)[0]["name"] for number in (1, 2, 3)],
+                         ["a.VCARD", "b/deep/b.ics.vcf", "c.vcf"])
+
     def test_bad_input_is_told_in_one_line_and_changes_nothing(self):
         good = self.file("good.vcf", card("Good"))
         self.orvo("import", good)
         before = self.rows("addresses")
-        for bad in (self.file("x.vcf", "no card at all"), self.file("empty.vcf", ""), self.folder / "missing.vcf", self.folder,
-                    "/dev/full"):
+        (self.folder / "empty").mkdir()
+        for bad in (self.file("x.vcf", "no card at all"), self.file("empty.vcf", ""), self.folder / "missing.vcf",
+                    self.folder / "empty", "/dev/full"):
             self.orvo("import", good, bad, code=2)
             self.assertEqual(self.errors.count("\n"), 1, self.errors)
             self.assertEqual(self.rows("addresses"), before)
