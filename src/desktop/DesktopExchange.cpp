@@ -8,6 +8,7 @@
 #include <desktop/DesktopWindow.h>
 #include <desktop/EntryTexts.h>
 #include <desktop/Problems.h>
+#include <desktop/SaveStart.h>
 #include <desktop/Texts.h>
 #include <desktop/import/ImportProgress.h>
 #include <desktop/import/ImportReportDialog.h>
@@ -129,8 +130,12 @@ void DesktopWindow::ChooseFileToExport() {
     CExportFileDialog dialog(nullptr, isCalendar ? "ics" : "vcf", filter, &m_frame,
                              kRangeAll | (hasSelection ? kRangeSelected : 0),
                              hasSelection ? kRangeSelected : kRangeAll);
-    if (dialog.DoModal() == IDOK)
-        Export(ToUtf8(dialog.GetPathName()), dialog.GetRange() == kRangeSelected);
+    const SaveStart start(dialog, isCalendar ? Text("To Do") : Text("Addresses"),
+                          isCalendar ? ".ics" : ".vcf");
+    if (dialog.DoModal() != IDOK) return;
+    const std::string file = ToUtf8(dialog.GetPathName());
+    KeepFolderOf(file);
+    Export(file, dialog.GetRange() == kRangeSelected);
 }
 
 void DesktopWindow::Export(const std::string& file, bool isSelectionOnly) {

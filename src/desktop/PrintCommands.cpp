@@ -14,6 +14,7 @@
 #include <desktop/EntryTexts.h>
 #include <desktop/PrintCommands.h>
 #include <desktop/PrintedView.h>
+#include <desktop/SaveStart.h>
 #include <desktop/Texts.h>
 #include <desktop/printing/PageSetup.h>
 #include <desktop/printing/PrintJob.h>
@@ -146,10 +147,12 @@ void SaveViewAsPdf(QMainWindow& window, ViewFrame& frame) {
                              kRangeAll | (hasSelection ? kRangeSelected : 0), kRangeAll);
     const CString caption = FromQt(Text("Save as PDF"));
     dialog.m_ofn.lpstrTitle = caption;
+    const PageTitle title = TitleOf(frame);
+    const SaveStart start(dialog, title.name, ".pdf");
     if (dialog.DoModal() != IDOK) return;
+    KeepFolderOf(ToUtf8(dialog.GetPathName()));
     const QString file = FromUtf8(ToUtf8(dialog.GetPathName()));
     const bool isSelection = dialog.GetRange() == kRangeSelected;
-    const PageTitle title = TitleOf(frame);
     PagedDocument document(ItemsOf(frame, isSelection ? SelectedRows(frame) : AllRows(frame)),
                            title);
     ProgressBox box(window);

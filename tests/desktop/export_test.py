@@ -17,7 +17,7 @@ class ExportTest(unittest.TestCase):
             self.home.orvo("add", "--name", name, *flags)
         self.file = self.home.folder / "out.vcf"
 
-    def export(self, *keys_before, typed=""):
+    def export(self, *keys_before, typed="", name=None):
         """Exports in a new window, after keys that the dialog gets; the names in the file."""
         with self.home.window(self.screen) as program:
             if typed:
@@ -26,7 +26,7 @@ class ExportTest(unittest.TestCase):
             until("the dialog opens", lambda: len(windows(self.screen)) == 2)
             self.screen.focus("Export As")
             self.screen.keys(*keys_before)
-            self.screen.type(str(self.file))
+            self.screen.type(str(self.file) if name is None else name)
             self.screen.keys("Return")
             until("the file is there", self.file.exists)
             until("the dialog is gone", lambda: len(windows(self.screen)) == 1)
@@ -40,6 +40,13 @@ class ExportTest(unittest.TestCase):
 
     def test_all_can_be_chosen_instead(self):
         self.assertEqual(self.export("alt+a", "alt+n", typed="bak"), ["Adams", "Baker", "Carter"])
+
+    def test_the_folder_used_last_and_a_name_are_proposed(self):
+        self.file = self.home.folder / "cards" / "out.vcf"
+        self.file.parent.mkdir()
+        self.export()
+        self.file = self.file.with_name("Addresses.vcf")
+        self.assertEqual(self.export(name=""), ["Adams", "Baker", "Carter"])
 
     def test_what_is_hidden_stays_out_of_the_file(self):
         self.home.orvo("options", "--set", "showing-private", "no")

@@ -1,5 +1,9 @@
-// What the user prefers in this program alone: its language, and the sound of reminders.
+// What this program alone keeps for the user: language, the sound of reminders, and where
+// file dialogs begin.
 // SPDX-License-Identifier: MIT
+#include <QDir>
+#include <QFileInfo>
+#include <QStandardPaths>
 #include <vector>
 
 #include <contracts/Settings.h>
@@ -12,6 +16,7 @@ namespace {
 constexpr const char* kSection = "Desktop";
 constexpr const char* kLocaleKey = "Locale";
 constexpr const char* kSoundKey = "ReminderSound";
+constexpr const char* kFolderKey = "LastFolder";
 constexpr std::size_t kLongestText = 8192;  // bytes, for a path
 
 std::string Read(const char* key) {
@@ -41,6 +46,18 @@ std::string ReminderSound() {
 
 bool SetReminderSound(const std::string& path) {
     return Write(kSoundKey, path);
+}
+
+std::string LastFolder() {
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    for (const QString& folder : {QString::fromStdString(Read(kFolderKey)), documents}) {
+        if (!folder.isEmpty() && QFileInfo(folder).isDir()) return folder.toStdString();
+    }
+    return QDir::homePath().toStdString();
+}
+
+bool SetLastFolder(const std::string& folder) {
+    return Write(kFolderKey, folder);
 }
 
 }  // namespace orvo::desktop

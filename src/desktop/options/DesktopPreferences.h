@@ -1,4 +1,5 @@
-// What the user prefers in this program alone: its language, and the sound of reminders.
+// What this program alone keeps for the user: language, the sound of reminders, and where
+// file dialogs begin.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -14,5 +15,10 @@ bool SetPreferredLocale(const std::string& locale);
 // The path, in UTF-8, of the sound file that a reminder plays; empty for none.
 std::string ReminderSound();
 bool SetReminderSound(const std::string& path);
+
+// The folder, in UTF-8, of the file that was chosen last in a file dialog; where it is gone, or
+// before there is one, that of the user's documents, else his home.
+std::string LastFolder();
+bool SetLastFolder(const std::string& folder);
 
 }  // namespace orvo::desktop
