@@ -1,7 +1,10 @@
 // Import into the store of the window, and export from it.
 // SPDX-License-Identifier: MIT
+#include <QFileInfo>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QStatusBar>
+#include <algorithm>
 #include <unordered_set>
 #include <utility>
 
@@ -10,11 +13,13 @@
 #include <desktop/Problems.h>
 #include <desktop/SaveStart.h>
 #include <desktop/Texts.h>
+#include <desktop/import/ImportChooser.h>
 #include <desktop/import/ImportProgress.h>
 #include <desktop/import/ImportReportDialog.h>
+#include <desktop/options/DesktopPreferences.h>
 #include <exchange/ExportFile.h>
+#include <exchange/FilesToImport.h>
 #include <orvoshare/integration/ExportFileDialog.h>
-#include <orvoshare/integration/ImportFileDialog.h>
 #include <platform/qt/QtConvert.h>
 #include <platform/text/SystemText.h>
 
@@ -28,11 +33,13 @@ std::int64_t SizeOf(std::size_t count) {
     return static_cast<std::int64_t>(count);
 }
 
-// The rest of a message: the first of the lines.
+// The rest of a message: the first of the lines, and how many more there are.
 QString Lines(const std::vector<std::string>& lines) {
     QString text;
-    for (std::size_t i = 0; i < lines.size() && i < kMostToldEntries; ++i) {
-        text += '\n' + FromUtf8(lines[i]);
+    const std::size_t told = std::min(lines.size(), kMostToldEntries);
+    for (std::size_t i = 0; i < told; ++i) text += '\n' + FromUtf8(lines[i]);
+    if (told < lines.size()) {
+        text += '\n' + CountText("and %1 more", "and %1 more", SizeOf(lines.size() - told));
     }
     return text;
 }
@@ -40,10 +47,11 @@ QString Lines(const std::vector<std::string>& lines) {
 }  // namespace
 
 void DesktopWindow::ChooseFileToImport() {
-    const CString filter =
-        FromQt(Text("Cards and calendars") + "|*.vcf;*.vcs;*.ics|" + Text("All files") + "|*||");
-    CImportFileDialog dialog(filter, &m_frame, FromQt(Text("Import")));
-    if (dialog.DoModal() == IDOK) Import({ToUtf8(dialog.GetPathName())});
+    ImportChooser dialog(&m_frame, LastFolder());
+    if (dialog.DoModal() != IDOK || dialog.Chosen().empty()) return;
+    const QFileInfo first(FromUtf8(dialog.Chosen().front()));
+    SetLastFolder((first.isDir() ? first.filePath() : first.path()).toStdString());
+    Import(dialog.Chosen());
 }
 
 void DesktopWindow::ImportLater(const std::vector<std::string>& files) {
@@ -51,13 +59,15 @@ void DesktopWindow::ImportLater(const std::vector<std::string>& files) {
     m_importTimer.start(0);
 }
 
-void DesktopWindow::Import(const std::vector<std::string>& files) {
+void DesktopWindow::Import(const std::vector<std::string>& paths) {
     if (m_isImporting) {
-        m_filesToImport.insert(m_filesToImport.end(), files.begin(), files.end());
+        m_filesToImport.insert(m_filesToImport.end(), paths.begin(), paths.end());
         return;
     }
     m_isImporting = true;
-    {
+    const FilesToImport found = FindFilesToImport(paths);
+    if (AgreesToImport(found)) {
+        const std::vector<std::string>& files = found.files;
         // What becomes of duplicates is taken back with the import.
         const EditHistory::Step step(m_session.History(), Text("Import").toStdString());
         const ImportResult result = RunImport(this, files, [&](const FileProgress& progress) {
@@ -68,6 +78,32 @@ void DesktopWindow::Import(const std::vector<std::string>& files) {
     }
     m_isImporting = false;
     if (!m_filesToImport.empty()) m_importTimer.start(0);
+}
+
+// Where some of the files can't be read the user decides about the others.
+bool DesktopWindow::AgreesToImport(const FilesToImport& found) {
+    if (found.unreadable.empty()) return true;
+    for (const std::string& line : found.unreadable) PrintProblem(line);
+    // In a picture nobody can be asked.
+    if (!m_isSession) return false;
+    const QString lines = Lines(found.unreadable);
+    if (found.files.empty()) {
+        TellRefusal(Text("Nothing was imported.") + '\n' + lines);
+        return false;
+    }
+    QMessageBox box(QMessageBox::Question, windowTitle(),
+                    CountText("%1 file can't be imported:", "%1 files can't be imported:",
+                              SizeOf(found.unreadable.size())) +
+                        lines,
+                    QMessageBox::Cancel, this);
+    box.setTextFormat(Qt::PlainText);
+    const QPushButton* others = box.addButton(Text("&Import the others"), QMessageBox::AcceptRole);
+    box.button(QMessageBox::Cancel)->setText(Text("Cancel"));
+    box.setDefaultButton(QMessageBox::Cancel);
+    box.exec();
+    if (box.clickedButton() == others) return true;
+    statusBar()->showMessage(Text("Nothing was imported."), kMessageTime);
+    return false;
 }
 
 void DesktopWindow::ShowImported(const ImportResult& result) {

@@ -21,6 +21,10 @@
 
 class QMimeData;
 
+namespace orvo {
+struct FilesToImport;
+}
+
 namespace orvo::desktop {
 
 // Milliseconds for which the status bar shows a message.
@@ -40,8 +44,8 @@ public:
     // start, and what other programs do to the store is seen.
     void BeginSession();
 
-    // Takes in card and calendar files, and tells what became of them.
-    void Import(const std::vector<std::string>& files);
+    // Takes in card and calendar files, and those of folders, and tells what became of them.
+    void Import(const std::vector<std::string>& paths);
     // The same once the event loop is back, so that a drag has ended, and the window stands.
     void ImportLater(const std::vector<std::string>& files);
 
@@ -110,6 +114,7 @@ private:
     void LookForForeignChange();
     void CloseUnlessAsking();
     void ChooseFileToImport();
+    bool AgreesToImport(const FilesToImport& found);
     void ShowImported(const ImportResult& result);
     void OfferDuplicates(const ImportResult& result);
     bool ComparesPrivate() const;

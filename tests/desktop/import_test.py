@@ -5,7 +5,7 @@ import sys
 import unittest
 
 from screen import LONGEST, TITLE, Home, Screen, until
-from views import windows
+from views import dialog, windows
 
 GOOD = "BEGIN:VCARD\nVERSION:3.0\nN:Adams;Ada;;;\nFN:Ada Adams\nEND:VCARD\n"
 TO_DO = "BEGIN:VCALENDAR\nVERSION:2.0\nBEGIN:VTODO\nUID:1\nSUMMARY:Order flour\nEND:VTODO\nEND:VCALENDAR\n"
@@ -54,6 +54,40 @@ class ImportTest(unittest.TestCase):
                 self.answer_box()
                 self.assertEqual(self.names(), [])
                 self.end(program)
+
+    def test_the_others_are_taken_in_where_the_user_wants_it(self):
+        folder = self.home.folder / "cards"
+        folder.mkdir()
+        bad = [self.file(f"cards/{name}.vcf", NO_CARDS) for name in ("letter", "other")]
+        self.file("cards/ada.vcf", GOOD)
+        with self.home.window(self.screen, folder) as program:
+            until("a box asks", lambda: len(windows(self.screen)) == 2)
+            self.screen.focus(TITLE)
+            self.screen.keys("alt+i")
+            until("the good one is there", lambda: len(self.names()) == 1)
+            self.end(program)
+        self.assertEqual(self.home.said(),
+                         "".join(f"orvo-desktop: {path}: holds no card or calendar\n" for path in bad))
+
+    def test_the_dialog_takes_several_files_or_the_folder_that_is_shown(self):
+        folder = self.home.folder / "cards"
+        folder.mkdir()
+        (self.home.folder / "config" / "orvo").mkdir(parents=True)
+        settings = self.home.folder / "config" / "orvo" / "settings.ini"
+        settings.write_text(f"[Application/Desktop]\nLastFolder={folder}\n")
+        for name in ("ada", "bea", "cia"):
+            self.file(f"cards/{name}.vcf", GOOD.replace("Ada", name))
+        with self.home.window(self.screen) as program:
+            dialog(self.screen, "ctrl+i")
+            self.screen.type('"ada.vcf" "bea.vcf"')
+            self.screen.keys("Return")
+            until("both are there", lambda: len(self.names()) == 2)
+            until("the dialog is gone", lambda: len(windows(self.screen)) == 1)
+            self.screen.focus(TITLE)
+            dialog(self.screen, "ctrl+i")
+            self.screen.keys("alt+f")
+            until("all are there", lambda: len(self.names()) == 5)
+            self.end(program)
 
     def test_what_is_left_out_is_told_and_the_rest_is_there(self):
         file = self.file("some.vcf", SKIPPED)
