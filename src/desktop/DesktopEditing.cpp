@@ -25,7 +25,7 @@ void DesktopWindow::NewAddress() {
         record.SetCategoryId(m_frame.Category());
     }
     const EditHistory::Step step(m_session.History(), Text("New address").toStdString());
-    if (!EditAddress(this, m_session.Addresses(), record)) return m_frame.Refill();
+    if (!EditAddress(this, m_session.Addresses(), record, &m_formKeeper)) return m_frame.Refill();
     if (m_frame.IsShowingToDos()) ShowView(ViewKind::List);
     ShowEdited(record.GetId());
 }
@@ -36,19 +36,19 @@ void DesktopWindow::NewToDo() {
         record.SetCategoryId(m_frame.Category());
     }
     const EditHistory::Step step(m_session.History(), Text("New to-do").toStdString());
-    if (!EditToDo(this, m_session.ToDos(), record)) return m_frame.Refill();
+    if (!EditToDo(this, m_session.ToDos(), record, &m_formKeeper)) return m_frame.Refill();
     ShowView(ViewKind::ToDos);
     ShowEdited(record.GetId());
 }
 
 // The form works on a record of its own, as the view may read its records anew meanwhile.
 template <class Table, class Record>
-bool DesktopWindow::OpenForm(Table& table, bool (*edit)(QWidget*, Table&, Record&),
+bool DesktopWindow::OpenForm(Table& table, bool (*edit)(QWidget*, Table&, Record&, FormKeeper*),
                              const QString& name, std::int64_t& id) {
     Record record(table);
     if (!IsFound(table.Find(id, record))) return false;
     const EditHistory::Step step(m_session.History(), name.toStdString());
-    if (!edit(this, table, record)) return false;
+    if (!edit(this, table, record, &m_formKeeper)) return false;
     // Where the entry was gone, it may have been saved as a new one.
     id = record.GetId();
     return true;
@@ -57,7 +57,11 @@ bool DesktopWindow::OpenForm(Table& table, bool (*edit)(QWidget*, Table&, Record
 void DesktopWindow::OpenSelected() {
     const std::vector<CBaseRecord*> records = m_frame.SelectedRecords(WayOut::Change);
     if (records.size() != 1) return;
-    std::int64_t id = records.front()->GetId();
+    OpenEntry(records.front()->GetId());
+}
+
+// An entry of the view that is shown.
+void DesktopWindow::OpenEntry(std::int64_t id) {
     const bool isSaved =
         m_frame.IsShowingToDos()
             ? OpenForm(m_session.ToDos(), EditToDo, Text("Edit to-do"), id)

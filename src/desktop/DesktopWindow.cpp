@@ -20,6 +20,7 @@
 #include <host/HostOptions.h>
 #include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/resources/StringTable.h>
+#include <platform/io/FileReplacement.h>
 #include <platform/qt/QtConvert.h>
 #include <platform/qt/QtWindowSystem.h>
 #include <platform/settings/SettingsStore.h>
@@ -53,6 +54,8 @@ DesktopWindow::DesktopWindow(StoreSession& session, COrvoDesktopOptions& options
     : m_session(session),
       m_options(options),
       m_frame(session, options),
+      m_formKeeper(FolderOf(SettingsStore::Path()) + "/unsaved-" + DataSetUser(session.Path()) +
+                   ".json"),
       m_reminder(session.History().Engine(), options,
                  [this](const QString& title, const QString& body) {
                      ShowNotification(*this, title, body);
@@ -125,6 +128,7 @@ void DesktopWindow::BeginSession() {
     m_isSession = true;
     m_foreignTimer.start();
     m_reminder.Start();
+    QTimer::singleShot(0, this, [this] { OfferKeptForm(); });
 }
 
 void DesktopWindow::MakeToolBar() {
@@ -252,6 +256,7 @@ void DesktopWindow::ChangeOptions(const std::function<void(COrvoDesktopOptions&)
     HoldLock();
     ShowPrivacy();
     m_frame.Refill();
+    OfferKeptForm();
 }
 
 void DesktopWindow::Save() {

@@ -14,6 +14,7 @@
 
 #include <desktop/ViewFrame.h>
 #include <desktop/WindowSettings.h>
+#include <desktop/forms/FormKeeper.h>
 #include <desktop/import/DuplicatesDialog.h>
 #include <desktop/kana/KanaIndex.h>
 #include <desktop/plugins/Plugins.h>
@@ -90,8 +91,11 @@ private:
     void OpenSelected();
     // Gives true after the entry was saved, with the id that it has then.
     template <class Table, class Record>
-    bool OpenForm(Table& table, bool (*edit)(QWidget*, Table&, Record&), const QString& name,
-                  std::int64_t& id);
+    bool OpenForm(Table& table, bool (*edit)(QWidget*, Table&, Record&, FormKeeper*),
+                  const QString& name, std::int64_t& id);
+    void OpenEntry(std::int64_t id);
+    void OfferKeptForm();
+    void OpenKeptForm(const KeptForm& form);
     bool IsFound(long status);
     void ShowEdited(std::int64_t id);
     void ChangeSelected(const QString& name, const std::function<long(CBaseRecord&)>& change);
@@ -136,6 +140,7 @@ private:
     StoreSession& m_session;
     COrvoDesktopOptions& m_options;
     ViewFrame m_frame;
+    FormKeeper m_formKeeper;
     QComboBox m_categoryBox;
     QLabel m_counts;
     KanaIndex* m_kana = nullptr;           // Qt's; null where the user's language isn't Japanese
@@ -157,6 +162,7 @@ private:
     Reminder m_reminder;    // works in a session
     bool m_isImporting = false;
     bool m_isSession = false;
+    bool m_hasOfferedForm = false;
     bool m_isLocked = false;  // private entries are hidden until the password is given
 };
 

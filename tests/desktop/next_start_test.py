@@ -5,7 +5,7 @@ import sys
 import unittest
 
 from screen import LONGEST, TITLE, Home, Picture, Screen, until
-from views import ADDRESSES, Rows, set_heading
+from views import ADDRESSES, Rows, dialog, set_heading, windows
 
 NAME, COMPANY, CATEGORY, PRIVATE = 0, 2, 3, 5
 COLUMNS = ((NAME, 250), (COMPANY, 200), (CATEGORY, 150), (PRIVATE, 40))
@@ -114,6 +114,25 @@ class NextStartTest(unittest.TestCase):
                 with home.window(self.screen) as program:
                     until(f"{what} comes back", lambda: self.look(rows).difference(left).worst < A_LETTER)
                     self.end(program)
+
+    def test_a_form_that_was_open_is_offered_again_with_its_text(self):
+        home = self.new_home()
+        kept = home.folder / "config" / "orvo"
+        with home.window(self.screen) as program:
+            dialog(self.screen, "ctrl+n")
+            self.screen.type("Nemo")
+            self.end(program)
+        (file,) = kept.glob("unsaved-*.json")
+        self.assertEqual(file.stat().st_mode & 0o777, 0o600)
+        with home.window(self.screen) as program:
+            until("it is asked", lambda: len(windows(self.screen)) == 2)
+            self.screen.focus(TITLE)
+            self.screen.keys("Return")
+            self.screen.focus("New address")
+            self.screen.keys("ctrl+Return")
+            until("it is saved", lambda: "Nemo" in home.orvo("addresses"))
+            until("the file is gone", lambda: not file.exists())
+            self.end(program)
 
     def test_hidden_entries_can_be_shown_again(self):
         home = self.new_home()

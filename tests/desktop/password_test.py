@@ -5,8 +5,8 @@ import stat
 import sys
 import unittest
 
-from screen import TITLE, Home, Screen, until
-from views import close, dialog, is_open
+from screen import LONGEST, TITLE, Home, Screen, until
+from views import close, dialog, is_open, windows
 
 SECRET, OPEN = "Xanadu", "Adams"
 PASSWORD, WRONG = "Kubla Khan", "Coleridge"
@@ -40,6 +40,26 @@ class PasswordTest(unittest.TestCase):
         self.screen.keys("Return")
         until("both are gone", lambda: not is_open(self.screen, choice) and not is_open(self.screen, options))
         self.screen.focus(TITLE)
+
+    def test_a_kept_form_of_a_private_entry_waits_for_the_password(self):
+        with self.home.window(self.screen) as program:
+            self.choose_password()
+            self.screen.after("typing selects", lambda: self.screen.type(SECRET))
+            self.screen.at_rest()
+            dialog(self.screen, "ctrl+o")
+            self.screen.type("Typed")
+            program.terminate()
+            self.assertEqual(program.wait(LONGEST), 0)
+        with self.home.window(self.screen):
+            self.screen.at_rest()
+            self.assertEqual(len(windows(self.screen)), 1)
+            question = dialog(self.screen, "ctrl+l")
+            self.screen.type(PASSWORD)
+            self.screen.keys("Return")
+            until("it is offered", lambda: not is_open(self.screen, question) and len(windows(self.screen)) == 2)
+            self.screen.focus(TITLE)  # the box has the same, and lies above
+            self.screen.keys("Return")
+            self.screen.focus("Edit address")
 
     def settings(self):
         return self.home.folder / "config/orvo/settings.ini"

@@ -64,13 +64,14 @@ public:
     AddressForm(CAddressTable& table, CAddressRecord& record)
         : m_table(table), m_record(record), m_saver(table, record) {}
 
-    bool Run(QWidget* parent) {
+    bool Run(QWidget* parent, FormKeeper* keeper) {
         const QString title = m_record.GetId() == 0 ? Text("New address") : Text("Edit address");
         if (const SaveResult read = m_saver.Load(); read.status != StoreStatus::Ok) {
             TellUnreadable(parent, title, read);
             return false;
         }
         FormDialog dialog(parent, title, m_saver);
+        dialog.KeepIn(keeper, {false, m_record.GetId(), m_record.IsPrivate() != 0, {}, {}});
         auto* columns = new QHBoxLayout;
         columns->addLayout(MakeLeft());
         columns->addSpacing(dialog.fontMetrics().averageCharWidth() * kGap);
@@ -275,8 +276,9 @@ void AddressForm::AddNote(QVBoxLayout& column) {
 
 }  // namespace
 
-bool EditAddress(QWidget* parent, CAddressTable& table, CAddressRecord& record) {
-    return AddressForm(table, record).Run(parent);
+bool EditAddress(QWidget* parent, CAddressTable& table, CAddressRecord& record,
+                 FormKeeper* keeper) {
+    return AddressForm(table, record).Run(parent, keeper);
 }
 
 }  // namespace orvo::desktop

@@ -36,6 +36,7 @@ DateField::DateField(const QString& text, long date, const CivilTime& preset, bo
     : m_given(CivilOf(date)), m_start(m_given.value_or(preset)), m_box(text) {
     m_hasTime =
         !isDayOnly && m_given && QTime(m_start.hour, m_start.minute, m_start.second) > QTime(0, 0);
+    m_box.setObjectName("hasDate");
     m_box.setChecked(m_given.has_value());
     // Right to left, Qt would turn hours and minutes round.
     m_day.setLayoutDirection(Qt::LeftToRight);

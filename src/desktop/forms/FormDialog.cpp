@@ -1,5 +1,7 @@
 // What all forms do: scroll, save, and ask before something typed would be lost.
 // SPDX-License-Identifier: MIT
+#include <QApplication>
+#include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QKeyEvent>
 #include <QMessageBox>
@@ -52,10 +54,43 @@ FormDialog::FormDialog(QWidget* parent, const QString& title, FormSaver& saver)
     m_column->setContentsMargins(kEdge, 0, kEdge, 0);
 }
 
+void FormDialog::KeepIn(FormKeeper* keeper, const KeptForm& form) {
+    m_keeper = keeper;
+    m_kept = form;
+    m_kept.title = windowTitle();
+}
+
 bool FormDialog::Run() {
     AddButtons();
     FitScreen();
-    return exec() == QDialog::Accepted;
+    if (m_keeper) {
+        m_given = ChangedFields(*m_page, {});
+        const QJsonObject kept = m_keeper->TakeFields();
+        m_isKept = !kept.isEmpty();
+        ShowFields(*m_page, kept);
+        // After that a session needn't leave the program the time to end.
+        connect(qApp, &QGuiApplication::commitDataRequest, this, [this] { Keep(); });
+    }
+    const bool isSaved = exec() == QDialog::Accepted;
+    if (!m_isDone) Keep();
+    return isSaved;
+}
+
+void FormDialog::Keep() {
+    if (!m_keeper || !m_saver.IsChanged()) return;
+    KeptForm form = m_kept;
+    const auto* mark = m_page->findChild<QCheckBox*>("private");
+    form.isPrivate = form.isPrivate || (mark && mark->isChecked());
+    form.fields = ChangedFields(*m_page, m_given);
+    m_keeper->Keep(form);
+    m_isKept = true;
+}
+
+void FormDialog::done(int result) {
+    m_isDone = true;
+    // One of another form may wait until the user wants it.
+    if (m_isKept) m_keeper->Remove();
+    QDialog::done(result);
 }
 
 // After the fields, as the Tab key goes by the order in which they were made.

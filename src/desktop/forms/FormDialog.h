@@ -5,6 +5,7 @@
 #include <QDialog>
 #include <QVBoxLayout>
 
+#include <desktop/forms/FormKeeper.h>
 #include <desktop/forms/RecordSaver.h>
 
 namespace orvo::desktop {
@@ -17,24 +18,35 @@ public:
     // Where the fields go; its widget is `Page`.
     QVBoxLayout& Column() { return *m_column; }
 
+    // Where the program ends before the user has saved the form or given it up, what he has changed
+    // is kept there. Null keeps nothing. `form` tells what the form is about.
+    void KeepIn(FormKeeper* keeper, const KeptForm& form);
+
     // Shows the form until the user is done with it.
     // Gives:  true after it was saved.
     bool Run();
 
     // Escape, Cancel and the window's own button end here.
     void reject() override;
+    void done(int result) override;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void Save();
+    void Keep();
     bool AskToSaveAsNew();
     void TellFailure(const SaveResult& result);
     void AddButtons();
     void FitScreen();
 
     FormSaver& m_saver;
+    FormKeeper* m_keeper = nullptr;
+    KeptForm m_kept;      // all but its fields
+    QJsonObject m_given;  // what the fields showed first
+    bool m_isKept = false;
+    bool m_isDone = false;
     QWidget* m_page;        // Qt's
     QVBoxLayout* m_column;  // the page's
 };

@@ -39,12 +39,13 @@ public:
     // The bytes that were given where nothing was changed; else its lines end as theirs did.
     std::string Utf8() const;
 
+    // Its present text, with a line feed at each line's end.
+    QString Shown() const;
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
 private:
-    QString Shown() const;
-
     std::string m_given;
     QString m_shown;
     int m_lines;

@@ -40,13 +40,14 @@ public:
     ToDoForm(CToDoTable& table, CToDoRecord& record)
         : m_table(table), m_record(record), m_saver(table, record) {}
 
-    bool Run(QWidget* parent) {
+    bool Run(QWidget* parent, FormKeeper* keeper) {
         const QString title = m_record.GetId() == 0 ? Text("New to-do") : Text("Edit to-do");
         if (const SaveResult read = m_saver.Load(); read.status != StoreStatus::Ok) {
             TellUnreadable(parent, title, read);
             return false;
         }
         FormDialog dialog(parent, title, m_saver);
+        dialog.KeepIn(keeper, {true, m_record.GetId(), m_record.IsPrivate() != 0, {}, {}});
         auto* grid = new QGridLayout;
         grid->setColumnStretch(1, 1);
         AddDescription(*grid);
@@ -158,8 +159,8 @@ void ToDoForm::AddNote(QGridLayout& grid) {
 
 }  // namespace
 
-bool EditToDo(QWidget* parent, CToDoTable& table, CToDoRecord& record) {
-    return ToDoForm(table, record).Run(parent);
+bool EditToDo(QWidget* parent, CToDoTable& table, CToDoRecord& record, FormKeeper* keeper) {
+    return ToDoForm(table, record).Run(parent, keeper);
 }
 
 }  // namespace orvo::desktop

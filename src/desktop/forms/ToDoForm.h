@@ -5,10 +5,12 @@
 #include <QWidget>
 
 #include <contracts/RecordStore.h>
+#include <desktop/forms/FormKeeper.h>
 
 namespace orvo::desktop {
 
 // As EditAddress, for a to-do.
-bool EditToDo(QWidget* parent, CToDoTable& table, CToDoRecord& record);
+bool EditToDo(QWidget* parent, CToDoTable& table, CToDoRecord& record,
+              FormKeeper* keeper = nullptr);
 
 }  // namespace orvo::desktop

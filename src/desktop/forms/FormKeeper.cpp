@@ -1,0 +1,90 @@
+// A form that was open when the program ended, kept for its next start.
+// SPDX-License-Identifier: MIT
+#include <QFile>
+#include <QJsonDocument>
+#include <QMetaProperty>
+#include <QWidget>
+#include <algorithm>
+
+#include <desktop/Texts.h>
+#include <desktop/forms/DateField.h>
+#include <desktop/forms/FormFields.h>
+#include <desktop/forms/FormKeeper.h>
+#include <platform/io/FileReplacement.h>
+
+namespace orvo::desktop {
+namespace {
+
+constexpr mode_t kOwnFile = 0600;
+
+// Empty for what is no field of a form, such as a part of one of Qt's.
+QString NameOf(const QWidget& widget) {
+    const QString name = widget.objectName();
+    if (name.isEmpty() || name.startsWith("qt_")) return {};
+    const auto* date = dynamic_cast<const DateField*>(widget.parentWidget());
+    return date ? date->objectName() + '.' + name : name;
+}
+
+QVariant ValueOf(const QWidget& widget) {
+    if (const auto* text = dynamic_cast<const TextField*>(&widget)) return text->Shown();
+    if (const auto* choice = dynamic_cast<const ChoiceField*>(&widget)) return choice->Number();
+    return widget.metaObject()->userProperty().read(&widget);
+}
+
+void SetValue(QWidget& widget, const QVariant& value) {
+    if (auto* choice = dynamic_cast<ChoiceField*>(&widget)) {
+        choice->setCurrentIndex(std::max(0, choice->findData(value.toInt())));
+    } else {
+        widget.metaObject()->userProperty().write(&widget, value);
+    }
+}
+
+}  // namespace
+
+QJsonObject ChangedFields(const QWidget& page, const QJsonObject& given) {
+    QJsonObject fields;
+    for (const QWidget* widget : page.findChildren<QWidget*>()) {
+        const QString name = NameOf(*widget);
+        const QVariant value = name.isEmpty() ? QVariant() : ValueOf(*widget);
+        if (!value.isValid()) continue;
+        const QJsonValue shown = QJsonValue::fromVariant(value);
+        if (!given.contains(name) || given[name] != shown) fields[name] = shown;
+    }
+    return fields;
+}
+
+void ShowFields(const QWidget& page, const QJsonObject& fields) {
+    for (QWidget* widget : page.findChildren<QWidget*>()) {
+        const QString name = NameOf(*widget);
+        if (fields.contains(name)) SetValue(*widget, fields[name].toVariant());
+    }
+}
+
+std::optional<KeptForm> FormKeeper::Kept() const {
+    QFile file(FromUtf8(m_path));
+    if (!file.open(QIODevice::ReadOnly)) return std::nullopt;
+    const QJsonObject json = QJsonDocument::fromJson(file.readAll()).object();
+    KeptForm form{json["isToDo"].toBool(), json["id"].toInteger(), json["isPrivate"].toBool(),
+                  json["title"].toString(), json["fields"].toObject()};
+    if (form.fields.isEmpty()) return std::nullopt;
+    return form;
+}
+
+void FormKeeper::Keep(const KeptForm& form) const {
+    const QJsonObject json{{"isToDo", form.isToDo},
+                           {"id", static_cast<qint64>(form.id)},
+                           {"isPrivate", form.isPrivate},
+                           {"title", form.title},
+                           {"fields", form.fields}};
+    const std::string temporary = m_path + ".new";
+    RemoveAbandoned(temporary);
+    FileReplacement file;
+    if (!file.Open(m_path, temporary)) return;
+    if (file.Write(QJsonDocument(json).toJson().toStdString())) file.Replace(kOwnFile);
+}
+
+void FormKeeper::Remove() const {
+    QFile::remove(FromUtf8(m_path));
+}
+
+}  // namespace orvo::desktop
