@@ -56,6 +56,7 @@ bool DesktopWindow::OpenForm(Table& table, bool (*edit)(QWidget*, Table&, Record
 
 void DesktopWindow::OpenSelected() {
     const std::vector<CBaseRecord*> records = m_frame.SelectedRecords(WayOut::Change);
+    if (records.empty()) return TellMasked();
     if (records.size() != 1) return;
     OpenEntry(records.front()->GetId());
 }
@@ -99,7 +100,7 @@ void DesktopWindow::ChangeSelected(const QString& name,
 
 void DesktopWindow::DeleteSelected() {
     const auto count = static_cast<std::int64_t>(m_frame.SelectedRecords(WayOut::Change).size());
-    if (count == 0) return;
+    if (count == 0) return TellMasked();
     const bool isToDos = m_frame.IsShowingToDos();
     const QString question =
         isToDos
@@ -116,7 +117,7 @@ void DesktopWindow::DeleteSelected() {
 }
 
 void DesktopWindow::SetCategoryOfSelected() {
-    if (m_frame.SelectedRecords(WayOut::Change).empty()) return;
+    if (m_frame.SelectedRecords(WayOut::Change).empty()) return TellMasked();
     const std::optional<int> category = ChooseCategory(this, m_frame.ShownTable());
     if (!category) return;
     ChangeSelected(Text("Change category"),
@@ -125,8 +126,8 @@ void DesktopWindow::SetCategoryOfSelected() {
 
 void DesktopWindow::CopySelected() {
     const std::vector<CBaseRecord*> records = m_frame.SelectedRecords(WayOut::Clipboard);
+    if (records.empty()) return TellMasked();
     TellLeftOut(m_frame.LeftOutOfSelection(WayOut::Clipboard));
-    if (records.empty()) return;
     QApplication::clipboard()->setMimeData(EntriesAsMimeData(records).release());
 }
 

@@ -242,6 +242,13 @@ void DesktopWindow::TellLeftOut(int count) {
     if (count != 0) statusBar()->showMessage(LeftOutText(count), kMessageTime);
 }
 
+void DesktopWindow::TellMasked() {
+    if (m_frame.SelectedCount() == 0) return;
+    statusBar()->showMessage(
+        Text("This is private and masked. To open or copy it, choose View, Show private entries."),
+        kMessageTime);
+}
+
 void DesktopWindow::ChangeOptions(const std::function<void(COrvoDesktopOptions&)>& change) {
     if (m_isSession) {
         // What orvo has set since stays.

@@ -78,6 +78,8 @@ private:
     void TellRefusal(const QString& refusal);
     // Says in the status bar how many private entries didn't go out; nothing where all did.
     void TellLeftOut(int count);
+    // Says there why nothing can be done with what is selected, where only masked rows are.
+    void TellMasked();
     void MakeToDoMenu();
     void LoadPlugins();
     void AddChoices(QActionGroup& group, QMenu& menu, std::span<const Choice> choices, int present,
