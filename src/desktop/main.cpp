@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <QApplication>
 #include <QDateTime>
+#include <QDir>
+#include <QFileInfo>
 #include <QIcon>
 #include <QLocale>
 #include <QPixmap>
@@ -187,9 +189,20 @@ int ShowWindow(StoreSession& session, const CommandLine& line, std::unique_ptr<I
     return code;
 }
 
+// Behind each window's title; two windows of two stores are told apart by it.
+QString TitleOf(const std::string& store) {
+    const QString program = "Orvo Desktop";
+    if (InstanceName(store) == InstanceName({})) return program;
+    const QFileInfo file(FromUtf8(store));
+    QString folder = file.absolutePath();
+    const QString home = QDir::homePath();
+    if (folder == home || folder.startsWith(home + '/')) folder.replace(0, home.size(), '~');
+    return QString::fromUtf8("%1 (%2) — %3").arg(file.fileName(), folder, program);
+}
+
 void SetUpApplication(const CommandLine& line) {
     QApplication::setApplicationName("orvo-desktop");
-    QApplication::setApplicationDisplayName("Orvo Desktop");
+    QApplication::setApplicationDisplayName(TitleOf(line.store));
     QGuiApplication::setDesktopFileName("org.orvoshare.OrvoDesktop");
     QApplication::setWindowIcon(WindowIcon());
     UseLanguage(SystemLocale::Language());
