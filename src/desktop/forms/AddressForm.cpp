@@ -34,7 +34,7 @@ struct NameRow {
     LineRow reading;  // of which the label is only heard
 };
 constexpr NameRow kNames[] = {
-    {{AddressField::Name, "name", Untranslated("Na&me:")},
+    {{AddressField::Name, "name", Untranslated("Last na&me:")},
      {AddressField::NameYomi, "nameReading", Untranslated("Reading of the name")}},
     {{AddressField::First, "first", Untranslated("&First name:")},
      {AddressField::FirstYomi, "firstReading", Untranslated("Reading of the first name")}},

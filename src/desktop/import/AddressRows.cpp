@@ -10,7 +10,7 @@ namespace orvo::desktop {
 namespace {
 
 constexpr std::array<const char*, kPlainFields.size()> kLabels{
-    Untranslated("Name"),
+    Untranslated("Last name"),
     Untranslated("First name"),
     Untranslated("Reading of the name"),
     Untranslated("Reading of the first name"),
