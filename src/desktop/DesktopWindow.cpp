@@ -178,7 +178,7 @@ void DesktopWindow::AddViewButtons(QToolBar& bar) {
 void DesktopWindow::ShowView(ViewKind kind) {
     m_frame.Show(kind);
     const QString name = m_frame.IsShowingToDos() ? Text("To Do") : Text("Addresses");
-    QtWindowSystem::NameList(m_frame.ShownWindow(), name, Text("Private entry"));
+    QtWindowSystem::NameList(m_frame.ShownWindow(), name, Text("Private entry"), Text("overdue"));
     m_views.actions().at(static_cast<int>(kind))->setChecked(true);
     FillCategoryBox();
     m_addressOrders.setEnabled(!m_frame.IsShowingToDos());

@@ -191,6 +191,15 @@ class AccessTest(unittest.TestCase):
         self.screen.keys("Down", "minus")
         until("both are done", lambda: self.checked() == [True, True])
 
+    def test_what_colours_and_places_say_is_told_in_words(self):
+        self.home.orvo("todo", "add", TO_DO, "--due", "2026-11-20")
+        self.start(TO_DOS, "--now", "2026-11-25T10:00")
+        until("the row is overdue", lambda: "(overdue)" in "".join(self.row_names()))
+        self.screen.keys("ctrl+n")
+        until("the boxes of labels are named", lambda: [
+            part.label for part in self.parts() if part.label.startswith("Label of number")
+            and part.role == "combo box"] == [f"Label of number {number}" for number in range(1, 6)])
+
     def test_what_is_masked_is_not_told(self):
         self.fill()
         self.home.orvo("add", "--name", SECRET, "--private", "yes")

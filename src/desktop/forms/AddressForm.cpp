@@ -181,7 +181,6 @@ void AddressForm::AddPhones(QVBoxLayout& column) {
 void AddressForm::AddPhone(QGridLayout& grid, long slot, QButtonGroup& shown) {
     const int number = static_cast<int>(slot);
     ChoiceField* label = MakePhoneLabel(slot);
-    label->setAccessibleName(Text("Label of number %1").arg(number));
     LineField* line = MakeLine(PhoneField(slot), QString("phone%1").arg(number));
     line->setAccessibleName(Text("Number %1").arg(number));
     line->setMinimumWidth(line->fontMetrics().averageCharWidth() * kPhoneWidth);
@@ -190,6 +189,7 @@ void AddressForm::AddPhone(QGridLayout& grid, long slot, QButtonGroup& shown) {
     inLists->setToolTip(Text("Show this one in lists"));
     inLists->setAccessibleName(Text("Show number %1 in lists").arg(number));
     shown.addButton(inLists, number);
+    grid.addWidget(MakeSpokenLabel(Text("Label of number %1").arg(number), *label), number, 0);
     grid.addWidget(label, number, 0);
     grid.addWidget(line, number, 1);
     grid.addWidget(inLists, number, 2, Qt::AlignCenter);

@@ -1,6 +1,7 @@
 // A date, or none, in a form.
 // SPDX-License-Identifier: MIT
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QLocale>
 #include <algorithm>
 
@@ -64,6 +65,12 @@ DateField::DateField(const QString& text, long date, const CivilTime& preset, bo
     if (m_hasTime) row->addWidget(&m_time);
     row->addStretch();
     setFocusProxy(&m_box);
+}
+
+void DateField::SetRemark(const QString& remark) {
+    static_cast<QHBoxLayout*>(layout())->insertWidget(layout()->count() - 1, new QLabel(remark));
+    m_box.setAccessibleDescription(remark);
+    m_day.setAccessibleDescription(remark);
 }
 
 std::optional<CivilTime> DateField::Value() const {

@@ -27,6 +27,9 @@ public:
     // outside.
     long Date() const;
 
+    // Says in words behind the day what a colour says elsewhere, such as that it is overdue.
+    void SetRemark(const QString& remark);
+
     void SetHasDate(bool hasDate) { m_box.setChecked(hasDate); }
     bool HasDate() const { return m_box.isChecked(); }
 

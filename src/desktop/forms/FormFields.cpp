@@ -87,6 +87,12 @@ QLabel* MakeLabel(const QString& text, QWidget& field) {
     return label;
 }
 
+QLabel* MakeSpokenLabel(const QString& text, QWidget& field) {
+    QLabel* label = MakeLabel(text, field);
+    label->hide();
+    return label;
+}
+
 QFont MakeBold(QFont font) {
     font.setBold(true);
     return font;

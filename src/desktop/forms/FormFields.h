@@ -84,6 +84,10 @@ ChoiceField* MakeCategoryField(CBaseTable& table, const CBaseRecord& record);
 // The label of a field, whose mnemonic leads there.
 QLabel* MakeLabel(const QString& text, QWidget& field);
 
+// Gives a box that has no label of its own a name for screen readers. Qt takes that of a combo box
+// from its label alone, so that one which isn't seen stands beside the box.
+QLabel* MakeSpokenLabel(const QString& text, QWidget& field);
+
 QFont MakeBold(QFont font);
 
 // A heading over a group of fields.

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <QGridLayout>
 #include <QLocale>
+#include <tuple>
 
 #include <contracts/Dates.h>
 #include <desktop/Texts.h>
@@ -26,6 +27,12 @@ CivilTime Now() {
 CivilTime Today() {
     const CivilTime now = Now();
     return {now.year, now.month, now.day};
+}
+
+bool IsOfAnEarlierDay(long date) {
+    const CivilTime today = Today();
+    const CivilTime day = CivilOfMoment(date).value_or(today);
+    return std::tie(day.year, day.month, day.day) < std::tie(today.year, today.month, today.day);
 }
 
 QString PriorityText(int priority) {
@@ -108,6 +115,7 @@ void ToDoForm::AddDates(QGridLayout& grid) {
     m_record.GetDueDate(given);
     auto* due = new DateField(Text("D&ue on"), given, Today(), false);
     due->setObjectName("due");
+    if (!m_record.IsCompleted() && IsOfAnEarlierDay(given)) due->SetRemark(Text("overdue"));
     m_saver.Add([due] { return due->IsChanged(); },
                 [due](CToDoRecord& record) { return record.SetDueDate(due->Date()); });
     grid.addWidget(due, 3, 1);

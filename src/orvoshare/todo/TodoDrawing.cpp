@@ -125,6 +125,12 @@ std::optional<bool> CTodoListbox::IsChecked(int row, int column) {
     return record->IsCompleted() != 0;
 }
 
+bool CTodoListbox::IsOverdue(int row, int column) {
+    CToDoRecord* record = RecordAt(row);
+    if (!record || IsRowMasked(GetItemData(row))) return false;
+    return GetCell(record, SubItemFromIndex(column), false).isOverdue;
+}
+
 void CTodoListbox::StrikeOutEntry(CToDoRecord* record, CRect& rect, int animate) {
     if (!GetSafeHwnd()) return;
     CString text = Description(*record);

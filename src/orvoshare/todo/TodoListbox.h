@@ -165,6 +165,7 @@ protected:
 
 private:
     std::optional<bool> IsChecked(int row, int column) override;
+    bool IsOverdue(int row, int column) override;
     CToDoRecord* RecordAt(int row) const;
     void RemoveRow(int row);  // and frees its record
     int RemoveFiltered(int row);

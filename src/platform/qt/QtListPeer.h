@@ -57,7 +57,7 @@ public:
     QAbstractItemView* ShownView() const override { return View(); }
 
     // The list's name, and that of a row in which nothing can be read.
-    void SetSpokenNames(const QString& list, const QString& bareRow);
+    void SetSpokenNames(const QString& list, const QString& bareRow, const QString& overdue);
 
 protected:
     CRect RowsArea() const override;
@@ -89,6 +89,7 @@ private:
     QPointer<QtListModel> m_model;
     QPointer<QtListTeller> m_teller;
     QString m_bareRow;
+    QString m_overdue;
     bool m_isShowingColumns = false;
     bool m_isBatch = false;       // drawing is off
     bool m_batchHasRows = false;  // rows have come or gone in the batch

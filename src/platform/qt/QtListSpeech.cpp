@@ -7,10 +7,12 @@
 
 namespace orvo {
 
-void QtListPeer::SetSpokenNames(const QString& list, const QString& bareRow) {
+void QtListPeer::SetSpokenNames(const QString& list, const QString& bareRow,
+                                const QString& overdue) {
     if (m_report) m_report->setAccessibleName(list);
     if (m_icons) m_icons->setAccessibleName(list);
     m_bareRow = bareRow;
+    m_overdue = overdue;
 }
 
 RowParts QtListPeer::Parts(int row) const {
@@ -29,7 +31,10 @@ QString QtListPeer::TextOfCell(const RowParts& parts, int row, int column) const
         hasPicture = true;
         if (!part.text.isEmpty()) texts.push_back(part.text);
     }
-    return texts.isEmpty() && hasPicture ? SpokenColumn(column) : texts.join(' ');
+    if (texts.isEmpty() && hasPicture) return SpokenColumn(column);
+    const bool isOverdue = !m_overdue.isEmpty() && Client()->IsOverdue(row, column);
+    if (isOverdue) texts.push_back('(' + m_overdue + ')');
+    return texts.join(' ');
 }
 
 QString QtListPeer::SpokenRow(int row) const {

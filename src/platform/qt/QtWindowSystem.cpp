@@ -87,8 +87,11 @@ QWidget* QtWindowSystem::WidgetOf(const CWnd* window) {
     return peer ? peer->Widget() : nullptr;
 }
 
-void QtWindowSystem::NameList(const CWnd& list, const QString& name, const QString& bareRow) {
-    if (auto* peer = dynamic_cast<QtListPeer*>(list.GetPeer())) peer->SetSpokenNames(name, bareRow);
+void QtWindowSystem::NameList(const CWnd& list, const QString& name, const QString& bareRow,
+                              const QString& overdue) {
+    if (auto* peer = dynamic_cast<QtListPeer*>(list.GetPeer())) {
+        peer->SetSpokenNames(name, bareRow, overdue);
+    }
 }
 
 std::unique_ptr<WindowPeer> QtWindowSystem::MakeWindowPeer(const PeerPlace& place) {

@@ -27,9 +27,10 @@ public:
     // window isn't there, or isn't on the screen.
     static QWidget* WidgetOf(const CWnd* window);
 
-    // What assistive technology calls a list, and in it a row in which nothing can be read. A
-    // window that is no list is left alone.
-    static void NameList(const CWnd& list, const QString& name, const QString& bareRow);
+    // What assistive technology calls a list, in it a row in which nothing can be read, and a date
+    // that is overdue. A window that is no list is left alone.
+    static void NameList(const CWnd& list, const QString& name, const QString& bareRow,
+                         const QString& overdue = {});
 
     std::unique_ptr<WindowPeer> MakeWindowPeer(const PeerPlace& place) override;
     std::unique_ptr<ListPeer> MakeListPeer(const PeerPlace& place) override;

@@ -30,10 +30,11 @@ public:
 
     virtual void HeadingClicked(int column) = 0;
 
-    // For those who don't see: the name of a column whose heading is a picture, and whether the box
-    // in a cell is checked; null where the cell is none.
+    // For those who don't see: a column's name where its heading is a picture, whether the box in a
+    // cell is checked, null where it is none, and whether the cell's colour says overdue.
     virtual CString ColumnName(int) { return {}; }
     virtual std::optional<bool> IsChecked(int, int) { return std::nullopt; }
+    virtual bool IsOverdue(int, int) { return false; }
 };
 
 enum class ListMode { Icon = 0, Report = 1, SmallIcon = 2, List = 3, Card = 4 };
