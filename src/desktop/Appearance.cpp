@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <QApplication>
 #include <QPalette>
+#include <QStyle>
 #include <QStyleFactory>
 
 #include <desktop/Appearance.h>
@@ -41,7 +42,13 @@ constexpr QRgb kDisabledDark = 0xFF767D88;
 }  // namespace
 
 void SetColours(Colours colours) {
-    if (colours == Colours::Desktop) return;
+    static const QString styleOfDesktop = QApplication::style()->objectName();
+    if (colours == Colours::Desktop) {
+        if (QApplication::style()->objectName() == styleOfDesktop) return;
+        QApplication::setStyle(QStyleFactory::create(styleOfDesktop));
+        QApplication::setPalette(QPalette());
+        return;
+    }
     const bool isDark = colours == Colours::Dark;
     QPalette palette;
     for (const RoleColours& row : kRoles) {

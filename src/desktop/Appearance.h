@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <desktop/CommandLine.h>
+#include <desktop/options/DesktopPreferences.h>
 
 namespace orvo::desktop {
 
-// Colours::Desktop leaves them as the user's desktop has them.
+// From now on; Colours::Desktop are those of the user's desktop.
 // Requires: the QApplication is there.
 void SetColours(Colours colours);
 

@@ -63,8 +63,11 @@ std::optional<CommandLine> ReadCommandLine(int count, char** arguments) {
                        "todos (default: what it showed last)")
             ->transform(CLI::CheckedTransformer(ViewsByName()).description(""));
     app.add_option("--size", size, "Width and height of the window, such as 1000x700");
-    app.add_option("--colours", line.colours, "The colours: desktop, light or dark")
-        ->transform(CLI::CheckedTransformer(kColoursByName).description(""));
+    Colours colours = Colours::Desktop;
+    const CLI::Option* coloursOption =
+        app.add_option("--colours", colours,
+                       "The colours: desktop, light or dark (default: as in the options)")
+            ->transform(CLI::CheckedTransformer(kColoursByName).description(""));
     app.add_option("--picture", line.picture,
                    "Render the window into this file, such as window.png, and end");
     app.add_option("--pdf", line.pdf, "Print what the view shows into this PDF file, and end");
@@ -79,6 +82,7 @@ std::optional<CommandLine> ReadCommandLine(int count, char** arguments) {
         throw CommandLineError(fmt::format("{} (see orvo-desktop --help)", error.what()));
     }
     if (viewOption->count() > 0) line.view = view;
+    if (coloursOption->count() > 0) line.colours = colours;
     if (!size.empty()) line.size = ReadSize(size);
     return line;
 }

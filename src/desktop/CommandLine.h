@@ -9,11 +9,9 @@
 #include <vector>
 
 #include <desktop/ViewKind.h>
+#include <desktop/options/DesktopPreferences.h>
 
 namespace orvo::desktop {
-
-// Where the window's colours come from.
-enum class Colours { Desktop, Light, Dark };
 
 struct CommandLine {
     std::string store;  // empty for the user's own
@@ -24,7 +22,7 @@ struct CommandLine {
     std::string pdf;      // a file to print the view into
     std::optional<ViewKind> view;
     std::optional<QSize> size;
-    Colours colours = Colours::Desktop;
+    std::optional<Colours> colours;  // else those that the user prefers
     std::vector<std::string> files;  // to import
 
     // Files are written, and no window is shown.

@@ -1,5 +1,6 @@
 // The options while the window is open, and the lock on private entries.
 // SPDX-License-Identifier: MIT
+#include <desktop/Appearance.h>
 #include <desktop/DesktopWindow.h>
 #include <desktop/NamesDialog.h>
 #include <desktop/Texts.h>
@@ -15,7 +16,9 @@ COrvoDesktopOptions DesktopWindow::StoredOptions() {
 
 void DesktopWindow::OpenOptions() {
     COrvoDesktopOptions chosen = StoredOptions();
+    const Colours before = PreferredColours();
     if (!EditOptions(this, chosen)) return;
+    if (PreferredColours() != before) SetColours(PreferredColours());
     ChangeOptions([&chosen](COrvoDesktopOptions& options) { options = chosen; });
 }
 

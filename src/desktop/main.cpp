@@ -207,7 +207,7 @@ void SetUpApplication(const CommandLine& line) {
     QApplication::setWindowIcon(WindowIcon());
     UseLanguage(SystemLocale::Language());
     UseCountry();
-    SetColours(line.colours);
+    SetColours(line.colours.value_or(PreferredColours()));
 }
 
 // A store that can't be opened is told of; one that is damaged can be rescued then.

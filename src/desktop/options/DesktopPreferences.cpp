@@ -1,9 +1,10 @@
-// What this program alone keeps for the user: language, the sound of reminders, and where
+// What this program alone keeps for the user: language, colours, the sound of reminders, and where
 // file dialogs begin.
 // SPDX-License-Identifier: MIT
 #include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
+#include <array>
 #include <vector>
 
 #include <contracts/Settings.h>
@@ -17,6 +18,9 @@ constexpr const char* kSection = "Desktop";
 constexpr const char* kLocaleKey = "Locale";
 constexpr const char* kSoundKey = "ReminderSound";
 constexpr const char* kFolderKey = "LastFolder";
+constexpr const char* kColoursKey = "Colours";
+// In the order of `Colours`, as --colours names them.
+constexpr std::array<const char*, 3> kColourNames{"desktop", "light", "dark"};
 constexpr std::size_t kLongestText = 8192;  // bytes, for a path
 
 std::string Read(const char* key) {
@@ -58,6 +62,18 @@ std::string LastFolder() {
 
 bool SetLastFolder(const std::string& folder) {
     return Write(kFolderKey, folder);
+}
+
+Colours PreferredColours() {
+    const std::string name = Read(kColoursKey);
+    for (std::size_t i = 0; i < kColourNames.size(); ++i) {
+        if (name == kColourNames.at(i)) return static_cast<Colours>(i);
+    }
+    return Colours::Desktop;
+}
+
+bool SetPreferredColours(Colours colours) {
+    return Write(kColoursKey, kColourNames.at(static_cast<std::size_t>(colours)));
 }
 
 }  // namespace orvo::desktop

@@ -1,4 +1,4 @@
-// What this program alone keeps for the user: language, the sound of reminders, and where
+// What this program alone keeps for the user: language, colours, the sound of reminders, and where
 // file dialogs begin.
 // SPDX-License-Identifier: MIT
 #pragma once
@@ -20,5 +20,10 @@ bool SetReminderSound(const std::string& path);
 // before there is one, that of the user's documents, else his home.
 std::string LastFolder();
 bool SetLastFolder(const std::string& folder);
+
+// Where the window's colours come from; "Desktop" before the user has chosen.
+enum class Colours { Desktop, Light, Dark };
+Colours PreferredColours();
+bool SetPreferredColours(Colours colours);
 
 }  // namespace orvo::desktop

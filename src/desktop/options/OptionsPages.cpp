@@ -55,6 +55,7 @@ public:
         column->addWidget(confirm);
         auto* form = new QFormLayout;
         AddLanguage(*form);
+        AddColours(*form);
         AddCalendar(*form, options);
         column->addLayout(form);
         column->addStretch();
@@ -75,6 +76,18 @@ private:
             return SetPreferredLocale(languages->currentData().toString().toStdString());
         });
         form.addRow(Text("&Language (from the next start):"), languages);
+    }
+
+    void AddColours(QFormLayout& form) {
+        auto* colours = new QComboBox;
+        colours->addItem(Text("As the desktop"), static_cast<int>(Colours::Desktop));
+        colours->addItem(Text("Light"), static_cast<int>(Colours::Light));
+        colours->addItem(Text("Dark"), static_cast<int>(Colours::Dark));
+        colours->setCurrentIndex(colours->findData(static_cast<int>(PreferredColours())));
+        OnSave([colours](COrvoDesktopOptions&) {
+            return SetPreferredColours(static_cast<Colours>(colours->currentData().toInt()));
+        });
+        form.addRow(Text("C&olours:"), colours);
     }
 
     void AddCalendar(QFormLayout& form, const COrvoDesktopOptions& options) {

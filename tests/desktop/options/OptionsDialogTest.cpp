@@ -49,6 +49,7 @@ void Number(QSpinBox& field, const QString& digits) {
 void ChangeAll(QDialog& dialog) {
     Press(dialog, "Ask before something is deleted");
     Down(Labelled<QComboBox>(dialog, "Language (from the next start):"));
+    Down(Labelled<QComboBox>(dialog, "Colours:"));
     Down(Labelled<QComboBox>(dialog, "Work day begins at:"));
     Down(Labelled<QComboBox>(dialog, "Work week begins on:"));
     OpenPage(dialog, "Private entries");
@@ -102,6 +103,7 @@ TEST_F(OptionsDialog, GivesWhatTheUserChose) {
     EXPECT_TRUE(options.IsAlarmSet());
     EXPECT_EQ(options.GetAlarmAdvance(), 15);
     EXPECT_EQ(PreferredLocale(), "en-US");
+    EXPECT_EQ(PreferredColours(), Colours::Light);
 }
 
 TEST_F(OptionsDialog, ThatIsCancelledChangesNothing) {
