@@ -1,8 +1,10 @@
 // The desktop options that both hosts have in common, and where they are kept.
 // SPDX-License-Identifier: MIT
 #include <filesystem>
+#include <memory>
 
 #include <fmt/format.h>
+#include <unicode/calendar.h>
 
 #include <contracts/Settings.h>
 #include <host/HostOptions.h>
@@ -11,6 +13,7 @@
 #include <platform/io/CFile.h>
 #include <platform/settings/SettingsFile.h>
 #include <platform/settings/SettingsStore.h>
+#include <platform/text/SystemLocale.h>
 #include <platform/text/SystemText.h>
 
 namespace orvo {
@@ -36,6 +39,17 @@ constexpr HostOption kHostOptions[] = {
     {"VerifyDataFile", &COrvoDesktopOptions::GetVerifyDatFileFlag,
      &COrvoDesktopOptions::SetVerifyDatFileFlag},
 };
+
+constexpr int kNotKept = -1;
+
+// As the user's country has it, from Sunday, as 0.
+int FirstDayOfWeek() {
+    UErrorCode error = U_ZERO_ERROR;
+    const std::unique_ptr<icu::Calendar> calendar(icu::Calendar::createInstance(
+        icu::Locale::forLanguageTag(SystemLocale::Tag(), error), error));
+    const int day = calendar ? calendar->getFirstDayOfWeek(error) : UCAL_SUNDAY;
+    return U_SUCCESS(error) ? day - UCAL_SUNDAY : 0;
+}
 
 // The directory that SetUser looks for the user's directory in.
 fs::path DataDirectory() {
@@ -128,6 +142,9 @@ COrvoDesktopOptions LoadHostOptions(const std::function<void(const std::string&)
     const std::string problem = LoadUserFile(options);
     if (!problem.empty()) warn(problem);
     options.LoadAppWideOptions();
+    int week = kNotKept;
+    CmnGetProfileInt("Horaline", "WorkWeekBegins", &week, kNotKept);
+    if (week == kNotKept) options.SetWorkWeekBegins(FirstDayOfWeek());
     if (!SettingsStore::IsReadable()) options.SetShowingPrivate(0);
     for (const HostOption& option : kHostOptions) {
         int value = 0;

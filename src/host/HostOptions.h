@@ -16,6 +16,7 @@ namespace orvo {
 // The guard of private entries holds in doubt. Where a password is set, a user's file that isn't
 // there, can't be read, or isn't of its form counts as one that requires it; settings that can't be
 // read hide private entries. `warn` is told of a damaged file in one line.
+// As long as none is kept the work week begins as the user's country has it.
 COrvoDesktopOptions LoadHostOptions(const std::function<void(const std::string&)>& warn);
 
 // Gives:  what went wrong where the user's file can't be kept, in one line, with the settings left

@@ -6,6 +6,7 @@
 #include <host/HostOptions.h>
 #include <host/Password.h>
 #include <platform/settings/SettingsFixture.h>
+#include <support/LocaleInForce.h>
 
 namespace orvo {
 namespace {
@@ -75,6 +76,15 @@ TEST_F(HostOptions, AMissingUserFileIsNormalUnlessAPasswordIsSet) {
     ASSERT_TRUE(SetPassword(TypedPassword("Khan")));
     EXPECT_EQ(Load().IsPasswordRequired(), 1);
     EXPECT_EQ(told, "");
+}
+
+TEST_F(HostOptions, TheWorkWeekBeginsAsTheCountryHasItUntilADayIsKept) {
+    const LocaleInForce german("de-DE");
+    COrvoDesktopOptions options = Load();
+    EXPECT_EQ(options.GetWorkWeekBegins(), 1);
+    options.SetWorkWeekBegins(0);
+    EXPECT_EQ(SaveHostOptions(options), "");
+    EXPECT_EQ(Load().GetWorkWeekBegins(), 0);
 }
 
 TEST_F(HostOptions, SettingsThatCantBeReadGuardAndHide) {
