@@ -96,6 +96,9 @@ bool DesktopWindow::Open(const WindowSettings& settings) {
     MakeMenus();
     m_counts.setContentsMargins(kGap, 0, kGap, 0);
     statusBar()->addWidget(&m_counts);
+    // Qt hides the counts behind a message only where they show already, and may show them later.
+    connect(statusBar(), &QStatusBar::messageChanged, this,
+            [this](const QString& message) { m_counts.setVisible(message.isEmpty()); });
     if (!settings.geometry.isEmpty()) restoreGeometry(settings.geometry);
     m_frame.SetChangeListener([this] { ShowChange(); });
     ShowView(settings.view);
@@ -222,7 +225,7 @@ void DesktopWindow::ShowCounts() {
 
 void DesktopWindow::TellProblem(const std::string& problem) {
     PrintProblem(problem);
-    // Shown before its window, a message would stand over the counts.
+    // A picture shows the counts.
     if (isVisible()) statusBar()->showMessage(FromUtf8(problem), kMessageTime);
 }
 

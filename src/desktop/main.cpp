@@ -177,7 +177,6 @@ int ShowWindow(StoreSession& session, const CommandLine& line, std::unique_ptr<I
     const PublishedWindow published("Orvo Desktop", window.Frame().GetSafeHwnd());
     window.BeginSession();
     window.show();
-    // A status bar that doesn't show yet would write it over the counts.
     for (const std::string& problem : openFolders) window.TellProblem(problem);
     window.activateWindow();
     window.Frame().LookupBox().SetFocus();
