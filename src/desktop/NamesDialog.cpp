@@ -7,6 +7,7 @@
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <functional>
@@ -201,7 +202,6 @@ NameRules FieldRules(StoreSession& session) {
 void EditNames(QWidget* parent, StoreSession& session) {
     QDialog dialog(parent);
     dialog.setWindowTitle(Text("Categories and labels"));
-    dialog.resize(kDialogSize);
     auto* tabs = new QTabWidget;
     tabs->addTab(new NamesPage(CategoryRules(session, session.Addresses())),
                  Text("Categories of addresses"));
@@ -214,6 +214,10 @@ void EditNames(QWidget* parent, StoreSession& session) {
     auto* column = new QVBoxLayout(&dialog);
     column->addWidget(tabs);
     column->addWidget(buttons);
+    // Wide enough for the names of all pages, which Qt would hide behind arrows.
+    const QMargins edges = column->contentsMargins();
+    const int wanted = tabs->tabBar()->sizeHint().width() + edges.left() + edges.right();
+    dialog.resize(kDialogSize.expandedTo({wanted, 0}));
     dialog.exec();
 }
 
