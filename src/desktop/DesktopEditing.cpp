@@ -148,7 +148,9 @@ void DesktopWindow::SelectAll() {
     if (!rows || rows->RowCount() == 0) return;
     rows->Select(0, rows->RowCount() - 1, true);
     m_frame.ShownWindow().SetFocus();
-    ShowChange();
+    // At once: the next key may be that of Copy, which is off as long as nothing counts as
+    // selected.
+    ShowCounts();
 }
 
 void DesktopWindow::TakeBack(const std::function<std::string()>& undoOrRedo) {
