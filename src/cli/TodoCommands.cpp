@@ -13,6 +13,7 @@
 #include <cli/Output.h>
 #include <cli/TodoView.h>
 #include <contracts/Dates.h>
+#include <exchange/ToDoSeries.h>
 #include <orvoshare/todo/TodoDates.h>
 
 namespace orvo::cli {
@@ -32,6 +33,7 @@ struct RowEdit {
     TodoOptions list;
     int row = 0;
     std::string value;
+    bool endsSeries = false;
 };
 // Whether the record now is as the edit wants it.
 using Outcome = std::function<bool(const CToDoRecord&)>;
@@ -102,13 +104,26 @@ Outcome SetCategoryOfRow(Store& store, TodoView& view, const RowEdit& edit) {
     };
 }
 
+void RefuseEndOfSeries(Store& store, const CToDoRecord& record, const RowEdit& edit) {
+    bool isRepeating = false;
+    if (!edit.endsSeries) store.Check(ReadIsRepeating(record, isRepeating));
+    if (!isRepeating) return;
+    throw CommandError(kWrongUse,
+                       fmt::format("row {} repeats; to complete it ends the whole series, "
+                                   "which --end-series does",
+                                   edit.row));
+}
+
 // A row that has the state already is left alone.
 Edit SetCompletedOfRow(bool completed) {
-    return [completed](Store&, TodoView& view, const RowEdit& edit) {
+    return [completed](Store& store, TodoView& view, const RowEdit& edit) {
         Outcome outcome = [completed](const CToDoRecord& record) {
             return (record.IsCompleted() != 0) == completed;
         };
-        if (!outcome(view.RecordAt(edit.row))) view.ClickCell(edit.row, TodoColumn::Completed, 0);
+        const CToDoRecord& record = view.RecordAt(edit.row);
+        if (outcome(record)) return outcome;
+        if (completed) RefuseEndOfSeries(store, record, edit);
+        view.ClickCell(edit.row, TodoColumn::Completed, 0);
         return outcome;
     };
 }
@@ -234,7 +249,10 @@ void AddTodoCommands(CLI::App& app, Invocation& invocation) {
     const auto [category, categoryOptions] =
         add("category", "Set the category of a row", Editing(SetCategoryOfRow));
     category->add_option("NAME", categoryOptions->value, "A category that is there")->required();
-    add("complete", "Complete a row", Editing(SetCompletedOfRow(true)));
+    const auto [complete, completeOptions] =
+        add("complete", "Complete a row", Editing(SetCompletedOfRow(true)));
+    complete->add_flag("--end-series", completeOptions->endsSeries,
+                       "Complete one that repeats, too, which ends the whole series");
     add("undo", "Take the completion of a row back", Editing(SetCompletedOfRow(false)));
     add("note-title", "Print the title for the note of a row", PrintNoteTitle);
     add("delete", "Delete the to-do of a row", DeleteRow);

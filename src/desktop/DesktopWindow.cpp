@@ -16,6 +16,7 @@
 #include <desktop/Problems.h>
 #include <desktop/Texts.h>
 #include <desktop/ViewIcons.h>
+#include <desktop/forms/EndOfSeries.h>
 #include <desktop/reminder/Notification.h>
 #include <host/HostOptions.h>
 #include <orvoshare/module/OrvoShareModule.h>
@@ -88,6 +89,8 @@ bool DesktopWindow::Open(const WindowSettings& settings) {
     if (SystemLocale::Language() == "ja") MakeKanaIndex();
     m_frame.SetDropListener([this](const std::vector<std::string>& files) { ImportLater(files); });
     m_frame.SetOpenListener([this] { OpenSelected(); });
+    m_frame.ToDoList().SetCompletionQuestion(
+        [this](const CToDoRecord& record) { return MayComplete(this, record); });
     m_frame.SetCloseListener([this] { CloseUnlessAsking(); });
     new DragOut(*centralWidget(), [this](QPoint place) { return DraggedFrom(place); });
     m_frame.SetAddressOrder(settings.addressOrder);

@@ -65,6 +65,7 @@ public:
     // The window of the view that is shown, and its columns; null for cards.
     CWnd& ShownWindow();
     COrvoUIListViewCtrl* ShownColumns();
+    CTodoListbox& ToDoList() { return *m_toDos; }  // once the window stands
 
     // Saves headings and the size of the cards.
     void SaveHeadings();

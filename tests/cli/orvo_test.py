@@ -308,6 +308,23 @@ class OrvoTest(unittest.TestCase):
         self.todo("priority", 0, 6, code=2)
         self.orvo("--now", "yesterday", "todos", code=2)
 
+    def test_a_series_ends_only_when_that_is_wanted(self):
+        repeating = {"Rule": "RRULE:FREQ=DAILY", "Dates": "rdate;VALUE=DATE:2026\r\n 0315", "Once": "EXDATE:20260315",
+                     "Alarm": "BEGIN:VALARM\r\nRRULE:FREQ=DAILY\r\nEND:VALARM"}
+        to_dos = [f"BEGIN:VTODO\r\nSUMMARY:{text}\r\n{lines}\r\nEND:VTODO\r\n" for text, lines in repeating.items()]
+        for version in ("1.0", "2.0"):
+            self.orvo("import", self.file("a.ics", "BEGIN:VCALENDAR\r\nVERSION:" + version + "\r\n" +
+                                          "".join(to_dos) + "END:VCALENDAR\r\n"))
+        for row in self.rows("todos"):
+            if row["description"] in ("Once", "Alarm"):
+                self.orvo("todo", "complete", row["row"])
+                continue
+            self.orvo("todo", "complete", row["row"], code=2)
+            self.assertRegex(self.errors, f"^orvo: row {row['row']} repeats; [^\n]*--end-series[^\n]*\n$")
+            self.assertFalse(self.rows("todos")[row["row"]]["completed"])
+            self.orvo("todo", "complete", row["row"], "--end-series")
+        self.assertTrue(all(row["completed"] for row in self.rows("todos")))
+
     def test_labels_and_categories(self):
         labels = self.rows("labels")
         self.assertEqual([row["label"] for row in labels if row["kind"] == "phone"],

@@ -5,7 +5,7 @@ import signal
 import sys
 import unittest
 
-from screen import Home, Screen, until
+from screen import TITLE, Home, Screen, until
 from views import TO_DOS, Rows, is_open, item, opened, set_heading
 
 DESCRIPTION, PRIORITY, DUE, CATEGORY, COMPLETED = 0, 1, 2, 3, 6
@@ -122,6 +122,29 @@ class TodoTest(unittest.TestCase):
             want = self.after(text, {"completed": completed})
             self.screen.keys("minus")
             until("the key is stored", lambda: self.stored() == want)
+
+    def test_a_series_ends_only_where_the_user_agrees(self):
+        file = self.home.folder / "series.ics"
+        file.write_text("BEGIN:VCALENDAR\nVERSION:2.0\nBEGIN:VTODO\nSUMMARY:Water\nPRIORITY:9\nDUE:20261224T080000\n"
+                        "RRULE:FREQ=DAILY\nEND:VTODO\nEND:VCALENDAR\n")
+        self.home.orvo("import", file)
+        self.start()
+        series = len(TO_DOS_BY_PRIORITY)
+        self.rows.select(series, DESCRIPTION)
+
+        def by_click():
+            for row in (0, series):  # two clicks at one place would be one double click
+                self.rows.select(row, DESCRIPTION)
+            self.screen.click(*self.rows.cell(series, COMPLETED))
+        for ask in (by_click, lambda: self.screen.keys("minus")):
+            for answer, is_completed in (("Escape", False), ("alt+c", True)):
+                ask()
+                self.screen.focus("Complete to-do")
+                until("the question is gone", lambda: self.screen.keys(answer) or not self.screen.window("Complete to-do"))
+                self.screen.focus(TITLE)
+                until("the answer is obeyed", lambda: self.stored()["Water"]["completed"] == is_completed)
+            self.screen.keys("minus")
+            until("it is open again", lambda: not self.stored()["Water"]["completed"])
 
     def test_a_click_on_a_heading_sorts_by_it(self):
         self.start()

@@ -120,6 +120,7 @@ void FormDialog::FitScreen() {
 }
 
 void FormDialog::Save() {
+    if (m_maySave && !m_maySave()) return;
     SaveResult result = m_saver.Save();
     if (result.status == StoreStatus::Gone) {
         if (!AskToSaveAsNew()) return;

@@ -4,6 +4,8 @@
 
 #include <QDialog>
 #include <QVBoxLayout>
+#include <functional>
+#include <utility>
 
 #include <desktop/forms/FormKeeper.h>
 #include <desktop/forms/RecordSaver.h>
@@ -21,6 +23,9 @@ public:
     // Where the program ends before the user has saved the form or given it up, what he has changed
     // is kept there. Null keeps nothing. `form` tells what the form is about.
     void KeepIn(FormKeeper* keeper, const KeptForm& form);
+
+    // Asked before each save; false goes back to the form.
+    void SetQuestion(std::function<bool()> question) { m_maySave = std::move(question); }
 
     // Shows the form until the user is done with it.
     // Gives:  true after it was saved.
@@ -47,6 +52,7 @@ private:
     QJsonObject m_given;  // what the fields showed first
     bool m_isKept = false;
     bool m_isDone = false;
+    std::function<bool()> m_maySave;
     QWidget* m_page;        // Qt's
     QVBoxLayout* m_column;  // the page's
 };

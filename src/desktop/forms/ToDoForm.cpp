@@ -7,6 +7,7 @@
 #include <contracts/Dates.h>
 #include <desktop/Texts.h>
 #include <desktop/forms/DateField.h>
+#include <desktop/forms/EndOfSeries.h>
 #include <desktop/forms/FormDialog.h>
 #include <desktop/forms/FormFields.h>
 #include <desktop/forms/ToDoForm.h>
@@ -63,6 +64,10 @@ public:
         AddPrivate(*grid);
         AddNote(*grid);
         dialog.Column().addLayout(grid);
+        dialog.SetQuestion([this, &dialog] {
+            const bool completes = m_isCompleted->isChecked() && m_record.IsCompleted() == 0;
+            return !completes || MayComplete(&dialog, m_record);
+        });
         return dialog.Run();
     }
 
@@ -77,6 +82,7 @@ private:
     CToDoTable& m_table;
     CToDoRecord& m_record;
     RecordSaver<CToDoTable, CToDoRecord> m_saver;
+    MarkField* m_isCompleted = nullptr;  // Qt's
 };
 
 void ToDoForm::AddDescription(QGridLayout& grid) {
@@ -128,6 +134,7 @@ void ToDoForm::AddCompleted(QGridLayout& grid) {
     m_record.GetCompletionDate(given);
     auto* isCompleted = new MarkField(Text("Comp&leted"), m_record.IsCompleted() != 0);
     isCompleted->setObjectName("completed");
+    m_isCompleted = isCompleted;
     auto* date = new DateField(Text("C&ompleted on"), given, Now(), true);
     date->setObjectName("completedOn");
     date->setEnabled(isCompleted->isChecked());

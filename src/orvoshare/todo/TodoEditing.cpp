@@ -247,8 +247,17 @@ bool CTodoListbox::StrikeOutRow(int row) {
     return true;
 }
 
-void CTodoListbox::ToggleByClick(int row) {
+// Null where nothing is to be toggled. While the host asks, the record's row can move or go.
+CToDoRecord* CTodoListbox::RecordToToggle(int row) {
     CToDoRecord* record = RecordAt(row);
+    if (!record || record->IsCompleted() != 0 || !m_mayComplete) return record;
+    m_pMenuRecord = record;
+    return m_mayComplete(*record) && record == m_pMenuRecord ? record : nullptr;
+}
+
+void CTodoListbox::ToggleByClick(int row) {
+    CToDoRecord* record = RecordToToggle(row);
+    if (!record) return;
     if (record->SetCompleted(record->IsCompleted() == 0, m_bMarkCompletionDate) != 0) return;
 
     row = RowOf(*this, record);
@@ -269,7 +278,7 @@ void CTodoListbox::ToggleByClick(int row) {
 void CTodoListbox::OnChar(UINT character, UINT, UINT) {
     if (character != '-' || GetSelectedCount() != 1) return;
     int row = GetFirstSelectedItem();
-    CToDoRecord* record = RecordAt(row);
+    CToDoRecord* record = RecordToToggle(row);
     if (!record) return;
     if (record->SetCompleted(record->IsCompleted() == 0, m_bMarkCompletionDate) != 0) return;
 

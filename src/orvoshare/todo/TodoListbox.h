@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <functional>
+#include <utility>
+
 #include <contracts/ListWidget.h>
 #include <contracts/RecordStore.h>
 #include <platform/Export.h>
@@ -81,6 +84,11 @@ public:
     int GetCategoryShown() const { return m_nCategoryShown; }
     void SetMarkCompletionDate(int on) { m_bMarkCompletionDate = on; }
     int IsMarkingCompletionDate() const { return m_bMarkCompletionDate; }
+    // Asked before a click or a key completes a record; false leaves it as it is. Without it all
+    // are completed. While it asks, the rows may change.
+    void SetCompletionQuestion(std::function<bool(const CToDoRecord&)> question) {
+        m_mayComplete = std::move(question);
+    }
     void SetCategoryCombo(CCategoryCombo* combo) { m_pCategoryCombo = combo; }
 
     // 1 where the record belongs into the view by its flags, its category and because it isn't
@@ -173,6 +181,7 @@ private:
     void PostToOwner(UINT command);
     CToDoRecord* MenuRecord();
     void OpenPopup(int row, int nId, CPoint point);
+    CToDoRecord* RecordToToggle(int row);
     void ToggleByClick(int row);
     bool StrikeOutRow(int row);  // false where its text isn't shown
 
@@ -192,7 +201,8 @@ private:
     HCURSOR m_hHandCursor = nullptr;
     CToDoTable* m_pTable = nullptr;
     CCategoryCombo* m_pCategoryCombo = nullptr;
-    const CToDoRecord* m_pMenuRecord = nullptr;  // under the pop-up; null once it may be freed
+    const CToDoRecord* m_pMenuRecord = nullptr;  // that is asked about; null once it may be freed
+    std::function<bool(const CToDoRecord&)> m_mayComplete;
 };
 
 // The comparison behind the orders: -1, 0 or 1 for two records of a view; 0 where one is null.

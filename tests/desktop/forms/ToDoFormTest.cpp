@@ -138,5 +138,22 @@ TEST_F(ToDoFormTest, CompletingTakesTodayAndUndoingDropsIt) {
     EXPECT_EQ(completed, maxDate());
 }
 
+TEST_F(ToDoFormTest, CompletingASeriesIsAskedAboutAndLeavesTheFormWhereItIsNotWanted) {
+    record.SetSource("BEGIN:VTODO\r\nRRULE:FREQ=DAILY\r\nEND:VTODO\r\n", "");
+    own.toDos.Add(record);
+
+    ASSERT_TRUE(Edit({[](QDialog& form) {
+                          Press(form, "Completed");
+                          Save(form);
+                      },
+                      [](QDialog& question) { Press(question, "Cancel"); },
+                      [this](QDialog& form) {
+                          EXPECT_FALSE(record.IsCompleted());
+                          Save(form);
+                      },
+                      [](QDialog& question) { Press(question, "Complete"); }}));
+    EXPECT_TRUE(record.IsCompleted());
+}
+
 }  // namespace
 }  // namespace orvo::desktop

@@ -1,0 +1,15 @@
+// The question before a to-do that repeats is completed.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QWidget>
+
+#include <contracts/RecordStore.h>
+
+namespace orvo::desktop {
+
+// Asks where the record repeats, as to complete it ends the whole series.
+// Gives:  false where the user doesn't want that, or where the store can't tell, which he is told.
+bool MayComplete(QWidget* parent, const CToDoRecord& record);
+
+}  // namespace orvo::desktop
