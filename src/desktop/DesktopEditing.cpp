@@ -85,6 +85,17 @@ void DesktopWindow::ShowEdited(std::int64_t id) {
     m_frame.ShownWindow().SetFocus();
 }
 
+bool DesktopWindow::SaveText(std::int64_t id, const std::string& text) {
+    CToDoRecord record(m_session.ToDos());
+    // There is nothing left that the text could be of.
+    if (!IsFound(m_session.ToDos().Find(id, record))) return true;
+    const std::string failure = m_session.Change(Text("Edit to-do").toStdString(),
+                                                 [&] { return record.SetDescriptionUtf8(text); });
+    m_frame.Refill();
+    if (!failure.empty()) TellRefusal(Text("Nothing was changed.") + "\n\n" + FromUtf8(failure));
+    return failure.empty();
+}
+
 void DesktopWindow::ChangeSelected(const QString& name,
                                    const std::function<long(CBaseRecord&)>& change) {
     const std::string failure = m_session.Change(name.toStdString(), [&] {
@@ -131,7 +142,7 @@ void DesktopWindow::CopySelected() {
     QApplication::clipboard()->setMimeData(EntriesAsMimeData(records).release());
 }
 
-// A press on a to-do begins to edit it in place, so that only addresses can be dragged.
+// To-dos can't be dragged.
 std::unique_ptr<QMimeData> DesktopWindow::DraggedFrom(QPoint place) {
     if (m_frame.IsShowingToDos()) return nullptr;
     const auto* rows = dynamic_cast<const ListPeer*>(m_frame.ShownWindow().GetPeer());

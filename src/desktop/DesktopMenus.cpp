@@ -51,6 +51,7 @@ void DesktopWindow::MakeEditMenu() {
         AddCommand(edit, Text("Set cate&gory..."), "Ctrl+K", [this] { SetCategoryOfSelected(); }),
         AddCommand(edit, Text("&Copy"), "Ctrl+C", [this] { CopySelected(); }),
         AddCommand(edit, Text("&Delete"), "Del", [this] { DeleteSelected(); })};
+    m_editText = AddCommand(edit, Text("Edit te&xt"), "F2", [this] { m_textInPlace->Begin(); });
     AddCommand(edit, Text("Select &all"), "Ctrl+A", [this] { SelectAll(); });
     auto* menuKey = new QShortcut(QKeySequence("Shift+F10"), this);
     connect(menuKey, &QShortcut::activated, this, [this] { AskForMenu(); });

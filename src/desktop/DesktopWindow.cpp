@@ -75,6 +75,7 @@ DesktopWindow::DesktopWindow(StoreSession& session, COrvoDesktopOptions& options
 
 // The views' widgets lie inside of this window, and are to be told of its end while it stands.
 DesktopWindow::~DesktopWindow() {
+    m_textInPlace.reset();
     m_session.SetFailureListener([](const std::string&) {});
     m_session.History().SetListener(nullptr);
     m_frame.SetChangeListener(nullptr);
@@ -91,6 +92,9 @@ bool DesktopWindow::Open(const WindowSettings& settings) {
     m_frame.SetOpenListener([this] { OpenSelected(); });
     m_frame.ToDoList().SetCompletionQuestion(
         [this](const CToDoRecord& record) { return MayComplete(this, record); });
+    m_textInPlace = std::make_unique<TextInPlace>(
+        m_frame.ToDoList(),
+        [this](std::int64_t id, const std::string& text) { return SaveText(id, text); });
     m_frame.SetCloseListener([this] { CloseUnlessAsking(); });
     new DragOut(*centralWidget(), [this](QPoint place) { return DraggedFrom(place); });
     m_frame.SetAddressOrder(settings.addressOrder);
@@ -182,6 +186,7 @@ void DesktopWindow::AddViewButtons(QToolBar& bar) {
 }
 
 void DesktopWindow::ShowView(ViewKind kind) {
+    if (!m_textInPlace->Finish()) return;
     m_frame.Show(kind);
     const QString name = m_frame.IsShowingToDos() ? Text("To Do") : Text("Addresses");
     QtWindowSystem::NameList(m_frame.ShownWindow(), name, Text("Private entry"), Text("overdue"));
@@ -224,6 +229,7 @@ void DesktopWindow::ShowCounts() {
     for (QAction* action : m_addressActions) {
         action->setEnabled(isSelected && !m_frame.IsShowingToDos());
     }
+    m_editText->setEnabled(selected == 1 && m_frame.IsShowingToDos());
 }
 
 void DesktopWindow::TellProblem(const std::string& problem) {
@@ -232,9 +238,10 @@ void DesktopWindow::TellProblem(const std::string& problem) {
     if (isVisible()) statusBar()->showMessage(FromUtf8(problem), kMessageTime);
 }
 
-// While a menu or a question is open, the rows that it is about stay.
+// While a menu, a question or a field over a row is open, the rows that it is about stay.
 void DesktopWindow::LookForForeignChange() {
-    const bool isAsking = QApplication::activePopupWidget() || QApplication::activeModalWidget();
+    const bool isAsking = QApplication::activePopupWidget() || QApplication::activeModalWidget() ||
+                          m_textInPlace->IsOpen();
     if (isAsking || !m_session.TakeForeignChange()) return;
     FillCategoryBox();
     m_frame.Refill();
@@ -290,7 +297,8 @@ void DesktopWindow::CloseUnlessAsking() {
 }
 
 void DesktopWindow::closeEvent(QCloseEvent* event) {
-    event->accept();
+    event->setAccepted(!m_textInPlace || m_textInPlace->Finish());
+    if (!event->isAccepted()) return;
     if (!m_isSession) return;
     m_isSession = false;
     m_foreignTimer.stop();

@@ -12,6 +12,7 @@
 #include <span>
 #include <utility>
 
+#include <desktop/TextInPlace.h>
 #include <desktop/ViewFrame.h>
 #include <desktop/WindowSettings.h>
 #include <desktop/forms/FormKeeper.h>
@@ -100,6 +101,7 @@ private:
     void OpenKeptForm(const KeptForm& form);
     bool IsFound(long status);
     void ShowEdited(std::int64_t id);
+    bool SaveText(std::int64_t id, const std::string& text);
     void ChangeSelected(const QString& name, const std::function<long(CBaseRecord&)>& change);
     void DeleteSelected();
     void SetCategoryOfSelected();
@@ -151,9 +153,11 @@ private:
     QActionGroup m_privacies{nullptr};
     QActionGroup m_addressOrders{nullptr};
     QActionGroup m_toDoOrders{nullptr};
+    std::unique_ptr<TextInPlace> m_textInPlace;
     std::unique_ptr<Plugins> m_plugins;
     std::vector<QAction*> m_addressActions;    // Qt's; enabled where addresses are selected
     std::vector<QAction*> m_selectionActions;  // where anything is
+    QAction* m_editText = nullptr;
     QAction* m_undo = nullptr;
     QAction* m_redo = nullptr;
     QAction* m_lock = nullptr;

@@ -376,15 +376,20 @@ BOOL ViewFrame::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) {
     const NMHDR header = *PointerOf<NMHDR>(lParam);
     const BOOL isHandled = CWnd::OnNotify(wParam, lParam, result);
     if (header.code == LVN_ITEMCHANGED) Tell();
-    // A click on a to-do edits it in place.
-    if (header.code == NM_DBLCLK && !IsShowingToDos() &&
-        PointerOf<NMITEMACTIVATE>(lParam)->iItem >= 0) {
-        OpenSelected();
-    }
+    if (header.code == NM_DBLCLK) DoubleClicked(*PointerOf<NMITEMACTIVATE>(lParam));
     if (header.code == LVN_COLUMNCLICK) {
         HeadingClicked(PointerOf<NMLISTVIEW>(lParam)->iSubItem);
     }
     return isHandled;
+}
+
+// The clicks of a double click have done something already where they change a to-do.
+void ViewFrame::DoubleClicked(const NMITEMACTIVATE& click) {
+    constexpr std::array kChanging{TodoColumn::Priority, TodoColumn::DueDate, TodoColumn::Category,
+                                   TodoColumn::Completed};
+    if (click.iItem < 0) return;
+    const int column = IsShowingToDos() ? m_toDos->SubItemFromIndex(click.iSubItem) : -1;
+    if (std::ranges::find(kChanging, column) == kChanging.end()) OpenSelected();
 }
 
 void ViewFrame::HeadingClicked(int column) {

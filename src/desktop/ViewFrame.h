@@ -106,6 +106,7 @@ private:
     LRESULT OnFilesDropped(WPARAM, LPARAM paths);
     void OnClose();
     void OnSize(UINT kind, int width, int height);
+    void DoubleClicked(const NMITEMACTIVATE& click);
     void HeadingClicked(int column);
     LRESULT OnReturn(WPARAM, LPARAM);
     void OpenSelected();

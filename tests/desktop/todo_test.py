@@ -5,7 +5,7 @@ import signal
 import sys
 import unittest
 
-from screen import TITLE, Home, Screen, until
+from screen import CARET_WIDTH, TITLE, Home, Screen, until
 from views import TO_DOS, Rows, is_open, item, opened, set_heading
 
 DESCRIPTION, PRIORITY, DUE, CATEGORY, COMPLETED = 0, 1, 2, 3, 6
@@ -145,6 +145,29 @@ class TodoTest(unittest.TestCase):
                 until("the answer is obeyed", lambda: self.stored()["Water"]["completed"] == is_completed)
             self.screen.keys("minus")
             until("it is open again", lambda: not self.stored()["Water"]["completed"])
+
+    def test_the_text_of_the_selected_row_is_edited_in_place(self):
+        self.start()
+        text = TO_DOS_BY_PRIORITY[LATER][0]
+        self.rows.select(LATER, DESCRIPTION)
+        self.screen.keys("F2")
+        self.screen.type("not this")
+        self.screen.keys("Escape")
+        self.rows.rest()
+        before = self.screen.at_rest()
+        self.screen.click(*self.rows.cell(LATER, DESCRIPTION))
+        until("a field is over the text", lambda: self.screen.change(before)[0] > CARET_WIDTH)
+        self.screen.type("Order salt")
+        self.screen.click(*self.rows.cell(LATER + 1, DESCRIPTION))
+        until("the text is stored", lambda: text not in self.stored())
+        self.assertIn("Order salt", self.stored())
+        self.rows.rest()
+        form = opened(self.screen, "the form",
+                      lambda: self.screen.xdotool("mousemove", *self.rows.cell(LATER + 1, DESCRIPTION), "click",
+                                                  "--repeat", 2, "--delay", 50, 1))
+        self.screen.focus("Edit to-do")
+        self.screen.keys("Escape")
+        until("the form is gone", lambda: not is_open(self.screen, form))
 
     def test_a_click_on_a_heading_sorts_by_it(self):
         self.start()
