@@ -140,7 +140,8 @@ class TodoTest(unittest.TestCase):
             for answer, is_completed in (("Escape", False), ("alt+c", True)):
                 ask()
                 self.screen.focus("Complete to-do")
-                until("the question is gone", lambda: self.screen.keys(answer) or not self.screen.window("Complete to-do"))
+                until("the question is gone",
+                      lambda: self.screen.keys(answer) or not self.screen.window("Complete to-do"))
                 self.screen.focus(TITLE)
                 until("the answer is obeyed", lambda: self.stored()["Water"]["completed"] == is_completed)
             self.screen.keys("minus")
