@@ -10,6 +10,7 @@
 
 #include <desktop/DesktopWindow.h>
 #include <desktop/EntryTexts.h>
+#include <desktop/Problems.h>
 #include <desktop/Texts.h>
 #include <desktop/TrashDialog.h>
 #include <desktop/forms/AddressForm.h>
@@ -92,7 +93,7 @@ bool DesktopWindow::SaveText(std::int64_t id, const std::string& text) {
     const std::string failure = m_session.Change(Text("Edit to-do").toStdString(),
                                                  [&] { return record.SetDescriptionUtf8(text); });
     m_frame.Refill();
-    if (!failure.empty()) TellRefusal(Text("Nothing was changed.") + "\n\n" + FromUtf8(failure));
+    if (!failure.empty()) TellRefusal(Text("Nothing was changed.") + "\n\n" + ProblemText(failure));
     return failure.empty();
 }
 
@@ -106,7 +107,7 @@ void DesktopWindow::ChangeSelected(const QString& name,
     });
     // What was taken back is still in the view's records.
     m_frame.Refill();
-    if (!failure.empty()) TellRefusal(Text("Nothing was changed.") + "\n\n" + FromUtf8(failure));
+    if (!failure.empty()) TellRefusal(Text("Nothing was changed.") + "\n\n" + ProblemText(failure));
 }
 
 void DesktopWindow::DeleteSelected() {
@@ -165,7 +166,7 @@ void DesktopWindow::SelectAll() {
 }
 
 void DesktopWindow::TakeBack(const std::function<std::string()>& undoOrRedo) {
-    TellRefusal(FromUtf8(undoOrRedo()));
+    TellRefusal(ProblemText(undoOrRedo()));
     FillCategoryBox();
     m_frame.Refill();
 }

@@ -112,7 +112,7 @@ void DesktopWindow::ShowImported(const ImportResult& result) {
         return;
     }
     if (!result.failure.empty()) {
-        TellRefusal(Text("Nothing was imported.") + "\n\n" + FromUtf8(result.failure));
+        TellRefusal(Text("Nothing was imported.") + "\n\n" + ProblemText(result.failure));
         return;
     }
     FillCategoryBox();

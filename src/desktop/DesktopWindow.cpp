@@ -18,6 +18,7 @@
 #include <desktop/ViewIcons.h>
 #include <desktop/forms/EndOfSeries.h>
 #include <desktop/reminder/Notification.h>
+#include <desktop/rescue/StoreTrouble.h>
 #include <host/HostOptions.h>
 #include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/resources/StringTable.h>
@@ -235,14 +236,24 @@ void DesktopWindow::ShowCounts() {
 void DesktopWindow::TellProblem(const std::string& problem) {
     PrintProblem(problem);
     // A picture shows the counts.
-    if (isVisible()) statusBar()->showMessage(FromUtf8(problem), kMessageTime);
+    if (isVisible()) statusBar()->showMessage(ProblemText(problem), kMessageTime);
+}
+
+// Asks once for each time that the store goes. Gives true while it is gone.
+bool DesktopWindow::LooksForMovedStore() {
+    const bool wasGone = std::exchange(m_isStoreGone, m_session.HasMoved());
+    if (m_isStoreGone && !wasGone && AskToReopen(this, m_session.Path())) {
+        m_isToReopen = true;
+        close();
+    }
+    return m_isStoreGone;
 }
 
 // While a menu, a question or a field over a row is open, the rows that it is about stay.
 void DesktopWindow::LookForForeignChange() {
     const bool isAsking = QApplication::activePopupWidget() || QApplication::activeModalWidget() ||
                           m_textInPlace->IsOpen();
-    if (isAsking || !m_session.TakeForeignChange()) return;
+    if (isAsking || LooksForMovedStore() || !m_session.TakeForeignChange()) return;
     FillCategoryBox();
     m_frame.Refill();
 }

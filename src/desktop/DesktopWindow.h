@@ -51,6 +51,9 @@ public:
     // The same once the event loop is back, so that a drag has ended, and the window stands.
     void ImportLater(const std::vector<std::string>& files);
 
+    // True once the user has closed the window to see what lies in the place of its store.
+    bool IsToReopen() const { return m_isToReopen; }
+
     ViewFrame& Frame() { return m_frame; }
     void ShowView(ViewKind kind);
 
@@ -119,6 +122,7 @@ private:
     void FillCategoryBox();
     void ShowCounts();
     void ShowChange();
+    bool LooksForMovedStore();
     void LookForForeignChange();
     void CloseUnlessAsking();
     void ChooseFileToImport();
@@ -169,6 +173,8 @@ private:
     bool m_isImporting = false;
     bool m_isSession = false;
     bool m_hasOfferedForm = false;
+    bool m_isStoreGone = false;
+    bool m_isToReopen = false;
     bool m_isLocked = false;  // private entries are hidden until the password is given
 };
 

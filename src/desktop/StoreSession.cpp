@@ -18,8 +18,9 @@ constexpr std::chrono::milliseconds kPatience{2000};
 
 }  // namespace
 
-std::unique_ptr<StoreSession> StoreSession::Open(const std::string& path, std::string& error) {
-    std::unique_ptr<SqliteEngine> engine = OpenUserStore(path, error);
+std::unique_ptr<StoreSession> StoreSession::Open(const std::string& path, std::string& error,
+                                                 StoreFault* fault) {
+    std::unique_ptr<SqliteEngine> engine = OpenUserStore(path, error, fault);
     if (!engine) return nullptr;
     return std::unique_ptr<StoreSession>(new StoreSession(std::move(engine)));
 }

@@ -19,8 +19,10 @@ namespace orvo::desktop {
 class StoreSession {
 public:
     // Opens or creates the store; an empty path stands for the user's own.
-    // Gives:  null on failure, with the reason in one line in `error`.
-    static std::unique_ptr<StoreSession> Open(const std::string& path, std::string& error);
+    // Gives:  null on failure, with the reason in one line in `error` and, where it
+    //         is asked for, in `fault`.
+    static std::unique_ptr<StoreSession> Open(const std::string& path, std::string& error,
+                                              StoreFault* fault = nullptr);
 
     // Stands in the table of who has which store open, until the session ends.
     // Gives:  false where another program has it, with the reason in one line in `error`.
@@ -53,6 +55,9 @@ public:
     // What of the store couldn't be read so far, a line each.
     const std::vector<std::string>& Damage() const { return m_damage; }
     std::string Path() const { return m_engine->Name(); }
+
+    // True while another file, or none, lies where the store was opened.
+    bool HasMoved() const { return m_engine->HasMoved(); }
 
     // True, once, after another process has changed the store.
     bool TakeForeignChange();

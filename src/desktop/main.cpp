@@ -26,9 +26,9 @@
 #include <desktop/instance/Instance.h>
 #include <desktop/options/DesktopPreferences.h>
 #include <desktop/rescue/RescueOffer.h>
+#include <desktop/rescue/StoreTrouble.h>
 #include <host/HostOptions.h>
 #include <host/OpenFolders.h>
-#include <libraries/quire/StoreRescue.h>
 #include <libraries/quire/UserStore.h>
 #include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/resources/StringTable.h>
@@ -44,6 +44,7 @@ namespace {
 constexpr int kDone = 0;
 constexpr int kFailed = 2;
 constexpr int kSomeLeftOut = 3;
+constexpr int kReopen = -1;
 
 int Fail(const std::string& reason) {
     PrintProblem(reason);
@@ -127,6 +128,10 @@ int SaveFiles(DesktopWindow& window, const CommandLine& line) {
     return kSomeLeftOut;
 }
 
+std::string StorePathOf(const CommandLine& line) {
+    return line.store.empty() ? UserStorePath() : line.store;
+}
+
 StartRequest RequestOf(const CommandLine& line) {
     StartRequest request;
     request.files = line.files;
@@ -156,8 +161,9 @@ void Answer(DesktopWindow& window, const StartRequest& request) {
     if (!request.files.empty()) window.ImportLater(request.files);
 }
 
-// The instance is null where no window is shown.
-int ShowWindow(StoreSession& session, const CommandLine& line, std::unique_ptr<Instance> instance) {
+// The instance is null where no window is shown. Gives kReopen where the store is to be opened
+// again.
+int ShowWindow(StoreSession& session, const CommandLine& line, Instance* instance) {
     COrvoDesktopOptions options = LoadOptions();
     DesktopWindow window(session, options);
     WindowSettings settings = WindowSettings::Load();
@@ -184,8 +190,8 @@ int ShowWindow(StoreSession& session, const CommandLine& line, std::unique_ptr<I
     if (!session.Damage().empty()) OfferRescueLater(window, session.Path(), session.Damage());
     instance->SetListener([&window](const StartRequest& request) { Answer(window, request); });
     const int code = QApplication::exec();
-    instance.reset();
-    return code;
+    instance->SetListener([](const StartRequest&) {});
+    return window.IsToReopen() ? kReopen : code;
 }
 
 // Behind each window's title; two windows of two stores are told apart by it.
@@ -209,15 +215,60 @@ void SetUpApplication(const CommandLine& line) {
     SetColours(line.colours.value_or(PreferredColours()));
 }
 
-// A store that can't be opened is told of; one that is damaged can be rescued then.
-int TellUnopened(const CommandLine& line, const std::string& error, int count, char** arguments) {
-    const std::string store = line.store.empty() ? UserStorePath() : line.store;
-    if (line.IsOffScreen() || !IsDamagedStore(store)) return Fail(error);
-    PrintProblem(error);
-    const QApplication application(count, arguments);
-    SetUpApplication(line);
-    OfferRescue(nullptr, store, {error});
-    return kFailed;
+// Opens the store of the line. One that was there and is gone isn't made anew.
+// Gives:  null, with the reason in one line in `error` and as the fault.
+std::unique_ptr<StoreSession> OpenSession(const CommandLine& line, bool wasThere,
+                                          std::string& error, StoreFault& fault) {
+    const std::string path = StorePathOf(line);
+    if (wasThere && !QFileInfo::exists(FromUtf8(path))) {
+        fault = StoreFault::Gone;
+        error = fmt::format("{}: {}", path, FaultText(fault));
+        return nullptr;
+    }
+    std::unique_ptr<StoreSession> session = StoreSession::Open(line.store, error, &fault);
+    if (!session || line.IsOffScreen() || session->Claim(error)) return session;
+    fault = StoreFault::Taken;
+    return nullptr;
+}
+
+// The same, for a window: where that fails the user is asked for a way on, which may lead to
+// another store.
+// Gives:  null where he gives it up, or where another program shows the store that he has chosen.
+std::unique_ptr<StoreSession> OpenOrAsk(CommandLine& line, bool wasThere,
+                                        std::unique_ptr<Instance>& instance) {
+    std::string error;
+    StoreFault fault{};
+    while (true) {
+        auto session = OpenSession(line, wasThere, error, fault);
+        if (session) return session;
+        PrintProblem(error);
+        if (line.IsOffScreen()) return nullptr;
+        const std::string store = StorePathOf(line);
+        const std::optional<std::string> next = AskForStore(store, fault);
+        if (!next) return nullptr;
+        if (*next == store) continue;
+        line.store = *next;
+        QApplication::setApplicationDisplayName(TitleOf(line.store));
+        instance.reset();
+        instance = Instance::Claim(InstanceName(line.store), RequestOf(line));
+        if (!instance) return nullptr;
+    }
+}
+
+int RunApplication(CommandLine line, std::unique_ptr<Instance> instance) {
+    QtWindowSystem system;
+    bool wasThere = false;
+    while (true) {
+        const std::unique_ptr<StoreSession> session = OpenOrAsk(line, wasThere, instance);
+        if (!session) return kFailed;
+        WindowSystem::SetCurrent(&system);
+        const int code = ShowWindow(*session, line, instance.get());
+        AfxSetMainWnd(nullptr);
+        WindowSystem::SetCurrent(nullptr);
+        if (code != kReopen) return code;
+        line.files.clear();
+        wasThere = true;
+    }
 }
 
 int Run(const CommandLine& line, int count, char** arguments) {
@@ -226,20 +277,10 @@ int Run(const CommandLine& line, int count, char** arguments) {
         instance = Instance::Claim(InstanceName(line.store), RequestOf(line));
         if (!instance) return kDone;
     }
-    std::string error;
-    const std::unique_ptr<StoreSession> session = StoreSession::Open(line.store, error);
-    if (!session) return TellUnopened(line, error, count, arguments);
-    if (!line.IsOffScreen() && !session->Claim(error)) return Fail(error);
-
     if (line.IsOffScreen()) qInstallMessageHandler(TellFailures);
     const QApplication application(count, arguments);
     SetUpApplication(line);
-    QtWindowSystem system;
-    WindowSystem::SetCurrent(&system);
-    const int code = ShowWindow(*session, line, std::move(instance));
-    AfxSetMainWnd(nullptr);
-    WindowSystem::SetCurrent(nullptr);
-    return code;
+    return RunApplication(line, std::move(instance));
 }
 
 int Main(int count, char** arguments) {

@@ -6,10 +6,11 @@ import subprocess
 import sys
 import unittest
 
-from screen import Home, Screen, until
+from screen import TITLE, Home, Screen, until
 
 PAGE = 4096
 QUESTION = "Damaged store"
+TROUBLE = "Store can't be opened"
 
 
 class RescueTest(unittest.TestCase):
@@ -34,6 +35,9 @@ class RescueTest(unittest.TestCase):
         self.accept(QUESTION)
         self.accept("Rescue into a new store")
         self.accept(QUESTION)
+        self.expect_rescued()
+
+    def expect_rescued(self):
         names = sqlite3.connect(self.fresh).execute("SELECT note FROM address_extra").fetchall()
         self.assertEqual(names, [("about Adams",), ("about Baker",)])
 
@@ -51,8 +55,12 @@ class RescueTest(unittest.TestCase):
                                    stderr=subprocess.DEVNULL)
         self.addCleanup(program.wait)
         self.addCleanup(program.kill)
-        self.expect_rescue()
-        self.assertEqual(program.wait(60), 2)
+        self.screen.focus(TROUBLE)
+        self.screen.keys("Tab", "Tab", "Return")
+        self.accept("Rescue into a new store")
+        self.accept(QUESTION)
+        self.expect_rescued()
+        until("the new store is shown", lambda: not self.screen.window(QUESTION) and self.screen.window(TITLE))
 
 
 if __name__ == "__main__":

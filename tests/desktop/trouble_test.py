@@ -6,10 +6,13 @@ import resource
 import sqlite3
 import subprocess
 import sys
+import time
 import unittest
 
-from screen import PATIENCE, TITLE, Home, Screen, until
+from screen import PATIENCE, TITLE, Home, Screen, pace, running, until
 from views import is_open, opened
+
+UNOPENED = "Store can't be opened"
 
 
 class TroubleTest(unittest.TestCase):
@@ -76,6 +79,47 @@ class TroubleTest(unittest.TestCase):
                 self.screen.focus(TITLE)
                 self.screen.keys("ctrl+z")
                 until("it is taken back", lambda: len(self.home.rows("addresses")) == 1)
+
+    def test_a_store_that_cant_be_opened_is_told_and_tried_again(self):
+        whole = self.home.store.read_bytes()
+        away = self.home.folder / "away"
+        for why, data in (("damaged", whole[:100] + bytes(3996) + whole[4096:]), ("newer", whole[:63] + b"\x09" + whole[64:]),
+                          ("locked", whole), ("no folder", None)):
+            with self.subTest(why), contextlib.ExitStack() as stack:
+                if data is None:
+                    self.home.store = away / "orvo.db"
+                else:
+                    self.home.store.write_bytes(data)
+                other = stack.enter_context(contextlib.closing(sqlite3.connect(":memory:" if data is None else
+                                                                               self.home.store)))
+                if why == "locked":
+                    other.executescript("PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE")
+                with open(self.home.folder / "stderr", "w") as messages:
+                    stack.enter_context(running([self.home.programs["orvo-desktop"], "--store", self.home.store],
+                                                {**self.home.environment, **self.screen.environment},
+                                                stderr=messages))
+                    self.screen.focus(UNOPENED)
+                other.close()
+                if data is None:
+                    away.mkdir()
+                else:
+                    self.home.store.write_bytes(whole)
+                self.screen.keys("Return")
+                until("the store is shown", lambda: not self.screen.window(UNOPENED) and self.screen.window(TITLE))
+
+    def test_a_store_that_is_replaced_while_it_is_open_is_noticed_and_opened_again(self):
+        with self.home.window(self.screen) as program:
+            self.home.store.rename(self.home.folder / "kept.db")
+            self.home.orvo("add", "--name", "Baker")
+            begin = time.monotonic()
+            until("it is noticed", lambda: self.screen.window("Store is gone"))
+            self.assertLess(time.monotonic() - begin, 2 * pace())
+            self.screen.focus("Store is gone")
+            self.screen.keys("Return")
+            until("the question is gone", lambda: not self.screen.window("Store is gone"))
+            self.screen.focus(TITLE)
+            self.screen.keys("ctrl+z", "ctrl+a", "Delete", "Return")
+            self.assertIsNone(program.poll())
 
 
 if __name__ == "__main__":

@@ -11,6 +11,7 @@
 #include <QScrollBar>
 #include <QStyle>
 
+#include <desktop/Problems.h>
 #include <desktop/Texts.h>
 #include <desktop/forms/FormDialog.h>
 
@@ -29,7 +30,7 @@ QString Advice(StoreStatus status) {
 }
 
 QString WithReason(const QString& text, const std::string& reason) {
-    return reason.empty() ? text : text + "\n\n" + FromUtf8(reason);
+    return reason.empty() ? text : text + "\n\n" + ProblemText(reason);
 }
 
 void Tell(QWidget* parent, const QString& title, const QString& text) {

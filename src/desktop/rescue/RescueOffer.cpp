@@ -59,16 +59,19 @@ QString ChooseNewStore(QWidget* parent, const std::string& store) {
 
 void OfferRescue(QWidget* parent, const std::string& store,
                  const std::vector<std::string>& damage) {
-    if (!IsWanted(parent, damage)) return;
+    if (IsWanted(parent, damage)) RescueIntoNew(parent, store);
+}
+
+std::optional<std::string> RescueIntoNew(QWidget* parent, const std::string& store) {
     const QString fresh = ChooseNewStore(parent, store);
-    if (fresh.isEmpty()) return;
+    if (fresh.isEmpty()) return std::nullopt;
     RescueReport report;
     std::string error;
     if (!RescueStore(store, fresh.toStdString(), report, error)) {
         PrintProblem(error);
         QMessageBox::warning(parent, Title(),
-                             Text("Nothing was rescued.") + "\n\n" + FromUtf8(error));
-        return;
+                             Text("Nothing was rescued.") + "\n\n" + ProblemText(error));
+        return std::nullopt;
     }
     QString told = Text("The new store %1 holds %2 and %3.")
                        .arg(fresh, CountText("%1 address", "%1 addresses", report.addresses),
@@ -78,6 +81,7 @@ void OfferRescue(QWidget* parent, const std::string& store,
     }
     told += "\n\n" + Text("It is opened by: %1").arg("orvo-desktop --store " + fresh);
     QMessageBox::information(parent, Title(), told);
+    return fresh.toStdString();
 }
 
 void OfferRescueLater(QWidget& parent, const std::string& store,

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -13,7 +14,11 @@ namespace orvo::desktop {
 // new store, makes it and tells what became of it.
 void OfferRescue(QWidget* parent, const std::string& store, const std::vector<std::string>& damage);
 
-// The same once the program waits for its user, who sees the window then.
+// The same without the question.
+// Gives:  the new store; nothing where none was made.
+std::optional<std::string> RescueIntoNew(QWidget* parent, const std::string& store);
+
+// As OfferRescue, once the program waits for its user, who sees the window then.
 void OfferRescueLater(QWidget& parent, const std::string& store,
                       const std::vector<std::string>& damage);
 

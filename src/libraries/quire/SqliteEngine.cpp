@@ -86,9 +86,11 @@ SqliteEngine::~SqliteEngine() {
     }
 }
 
-std::unique_ptr<SqliteEngine> SqliteEngine::Open(const std::string& path, std::string& error) {
+std::unique_ptr<SqliteEngine> SqliteEngine::Open(const std::string& path, std::string& error,
+                                                 StoreFault* fault) {
+    StoreFault unasked{};
     std::unique_ptr<SqliteEngine> engine(new SqliteEngine(path));
-    engine->m_file = OpenStore(path, error);
+    engine->m_file = OpenStore(path, error, fault ? *fault : unasked);
     if (!engine->m_file) {
         return nullptr;
     }
@@ -96,10 +98,15 @@ std::unique_ptr<SqliteEngine> SqliteEngine::Open(const std::string& path, std::s
     const int result = engine->m_statements->Prepare(*engine->m_file);
     if (result != SQLITE_OK) {
         error = DamageError(path, engine->m_file->Reason(result));
+        if (fault) *fault = StoreFault::Damaged;
         return nullptr;
     }
     engine->m_sharedTexts = std::make_unique<SqliteSharedTexts>(*engine->m_statements);
     return engine;
+}
+
+bool SqliteEngine::HasMoved() const {
+    return m_file->HasMoved();
 }
 
 void SqliteEngine::SetBusyTimeout(int milliseconds) {
@@ -371,11 +378,9 @@ StoreStatus SqliteEngine::CheckTransaction() {
 
 // What is written to a file without a name is lost when it is closed.
 StoreStatus SqliteEngine::CheckPlace() {
-    return m_file->HasMoved() ? Fail(StoreStatus::Failed,
-                                     m_path +
-                                         ": another program has removed or replaced this file "
-                                         "while it was open")
-                              : StoreStatus::Ok;
+    return HasMoved() ? Fail(StoreStatus::Failed,
+                             fmt::format("{}: {}", m_path, FaultText(StoreFault::Moved)))
+                      : StoreStatus::Ok;
 }
 
 StoreStatus SqliteEngine::CheckChange(const StoredRow& row) {

@@ -11,11 +11,11 @@
 #include <sys/statvfs.h>
 #include <unistd.h>
 
+#include <libraries/quire/StoreFault.h>
+
 namespace orvo {
 
 namespace {
-
-constexpr const char* kFullDisk = "the disk is full";
 
 // SQLite takes a null pointer for a null value, and a view of an empty text may have one.
 const char* NeverNull(std::string_view bytes) {
@@ -51,7 +51,7 @@ std::string WhyNoFileBeside(const std::string& path) {
     if (faccessat(AT_FDCWD, folder.c_str(), W_OK, AT_EACCESS) != 0) {
         return "no file can be made in " + folder + ": " + std::strerror(errno);
     }
-    return LacksRoomIn(folder) ? kFullDisk : "";
+    return LacksRoomIn(folder) ? FaultText(StoreFault::NoRoom) : "";
 }
 
 }  // namespace
@@ -149,7 +149,8 @@ bool SqliteFile::LacksRoom(int result) const {
     const bool isNoRoom = error == ENOSPC || error == EDQUOT || error == EFBIG;
     return result == SQLITE_FULL || result == SQLITE_IOERR_SHMSIZE ||
            ((result & 0xFF) == SQLITE_IOERR && isNoRoom) ||
-           ((result & 0xFF) == SQLITE_CANTOPEN && WhyNoFileBeside(Path()) == kFullDisk);
+           ((result & 0xFF) == SQLITE_CANTOPEN &&
+            WhyNoFileBeside(Path()) == FaultText(StoreFault::NoRoom));
 }
 
 std::string SqliteFile::Reason(int result) const {
@@ -159,7 +160,8 @@ std::string SqliteFile::Reason(int result) const {
         return m_whyReadOnly;
     }
     if (LacksRoom(result)) {
-        return error == EFBIG ? "a file may not grow beyond its limit" : kFullDisk;
+        return error == EFBIG ? "a file may not grow beyond its limit"
+                              : FaultText(StoreFault::NoRoom);
     }
     if (kind == SQLITE_READONLY && result != SQLITE_READONLY_DIRECTORY &&
         access(Path().c_str(), W_OK) != 0) {
@@ -174,7 +176,7 @@ std::string SqliteFile::Reason(int result) const {
     if (kind == SQLITE_CANTOPEN && error != 0) {
         return std::strerror(error);
     }
-    const std::string reason = sqlite3_errmsg(Handle());
+    const std::string reason = FaultText(FaultOfResult(result));
     return kind == SQLITE_IOERR && error != 0 ? reason + ": " + std::strerror(error) : reason;
 }
 

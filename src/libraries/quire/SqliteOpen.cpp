@@ -91,8 +91,13 @@ bool IsStore(const Marks& marks) {
            marks.version <= kVersion;
 }
 
+StoreFault FaultOf(const Marks& marks) {
+    const bool isForeign = marks.applicationId != kApplicationId || marks.version < kOldestVersion;
+    return isForeign ? StoreFault::Foreign : StoreFault::Newer;
+}
+
 std::string Refusal(const std::string& path, const Marks& marks) {
-    if (marks.applicationId != kApplicationId || marks.version < kOldestVersion) {
+    if (FaultOf(marks) == StoreFault::Foreign) {
         return path + ": is not an Orvo store";
     }
     return fmt::format(
@@ -118,17 +123,44 @@ std::int32_t BigEndian(std::string_view bytes, std::size_t offset) {
     return static_cast<std::int32_t>(value);
 }
 
+// What a number of the system says of a file that can't be reached.
+StoreFault FaultOfSystem(int number) {
+    switch (number) {
+        case ENOENT:
+        case ENOTDIR:
+            return StoreFault::Missing;
+        case EACCES:
+        case EPERM:
+        case EROFS:
+            return StoreFault::NotAllowed;
+        default:
+            return StoreFault::Unreadable;
+    }
+}
+
+// What a result of SQLite says of an open file, and where that is nothing, what the system does.
+StoreFault FaultOfFile(const SqliteFile& file, int result) {
+    if (file.LacksRoom(result)) {
+        return StoreFault::NoRoom;
+    }
+    const StoreFault fault = FaultOfResult(result);
+    return fault == StoreFault::Unreadable ? FaultOfSystem(sqlite3_system_errno(file.Handle()))
+                                           : fault;
+}
+
 // Looks at the file before SQLite works with it, which can leave traces beside it.
 // Gives:  false, with `error`, where it is there and is no store to open.
-bool CheckHeader(const std::string& path, std::string& error) {
+bool CheckHeader(const std::string& path, std::string& error, StoreFault& fault) {
     struct stat status {};
     if (stat(path.c_str(), &status) != 0) {
         const int reason = errno != ENOENT ? errno : WhyNotMade(path);
         error = reason != 0 ? NotOpened(path, std::strerror(reason)) : "";
+        fault = FaultOfSystem(reason);
         return reason == 0;
     }
     if (!S_ISREG(status.st_mode)) {
         error = NotOpened(path, "it is no file");
+        fault = StoreFault::Foreign;
         return false;
     }
     if (status.st_size == 0) {
@@ -142,6 +174,7 @@ bool CheckHeader(const std::string& path, std::string& error) {
     }
     if (result != SQLITE_OK) {
         error = NotOpened(path, file.Reason(result));
+        fault = FaultOfFile(file, result);
         return false;
     }
     Marks marks;
@@ -150,6 +183,7 @@ bool CheckHeader(const std::string& path, std::string& error) {
     }
     if (!IsStore(marks)) {
         error = Refusal(path, marks);
+        fault = FaultOf(marks);
     }
     return IsStore(marks);
 }
@@ -310,12 +344,14 @@ std::string ReadOnlyUri(const std::string& path) {
     return uri + (hasLog ? "?readonly_shm=1" : "?immutable=1");
 }
 
-std::unique_ptr<SqliteFile> OpenStore(const std::string& path, std::string& error) {
+std::unique_ptr<SqliteFile> OpenStore(const std::string& path, std::string& error,
+                                      StoreFault& fault) {
     if (path.empty()) {
         error = "a store needs the name of a file";
+        fault = StoreFault::Foreign;
         return nullptr;
     }
-    if (!CheckHeader(path, error)) {
+    if (!CheckHeader(path, error, fault)) {
         return nullptr;
     }
     // SQLite gives the files beside a store the permissions of the store.
@@ -327,6 +363,7 @@ std::unique_ptr<SqliteFile> OpenStore(const std::string& path, std::string& erro
     if (result != SQLITE_OK) {
         error = (result & 0xFF) == SQLITE_BUSY ? StoreError(path, *file, result)
                                                : NotOpened(path, file->Reason(result));
+        fault = FaultOfFile(*file, result);
         std::string reason = file->Reason(result);
         const bool lacksRoom = file->LacksRoom(result);
         file.reset();
@@ -337,10 +374,12 @@ std::unique_ptr<SqliteFile> OpenStore(const std::string& path, std::string& erro
             return nullptr;
         }
         error = DamageError(path, reason);
+        fault = StoreFault::Damaged;
         return OpenDamaged(path, reason);
     }
     if (!IsStore(marks)) {
         error = Refusal(path, marks);
+        fault = FaultOf(marks);
         return nullptr;
     }
     return file;
@@ -349,7 +388,9 @@ std::unique_ptr<SqliteFile> OpenStore(const std::string& path, std::string& erro
 bool HasStoreMarks(const std::string& path) {
     std::error_code failure;
     std::string error;
-    return std::filesystem::file_size(path, failure) != 0 && !failure && CheckHeader(path, error);
+    StoreFault fault{};
+    return std::filesystem::file_size(path, failure) != 0 && !failure &&
+           CheckHeader(path, error, fault);
 }
 
 bool IsOfNewerVersion(SqliteFile& file) {
@@ -364,7 +405,7 @@ std::string DamageError(const std::string& path, const std::string& reason) {
 
 std::string StoreError(const std::string& path, const SqliteFile& file, int result) {
     if ((result & 0xFF) == SQLITE_BUSY) {
-        return path + ": another program is writing to this store";
+        return fmt::format("{}: {}", path, FaultText(StoreFault::Busy));
     }
     return fmt::format("{}: {}", path, file.Reason(result));
 }

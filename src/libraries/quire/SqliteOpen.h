@@ -5,6 +5,8 @@
 #include <memory>
 #include <string>
 
+#include <libraries/quire/StoreFault.h>
+
 #include "SqliteFile.h"
 
 namespace orvo {
@@ -19,8 +21,9 @@ std::string StoreFileName(const std::string& path);
 std::string ReadOnlyUri(const std::string& path);
 
 // The open store, made where the file is missing or empty, for reading alone where it is damaged;
-// null, with one line in `error`, and the file as it was, where it can't be had.
-std::unique_ptr<SqliteFile> OpenStore(const std::string& path, std::string& error);
+// null, with one line in `error`, the fault, and the file as it was, where it can't be had.
+std::unique_ptr<SqliteFile> OpenStore(const std::string& path, std::string& error,
+                                      StoreFault& fault);
 
 // True for a file whose header marks it as a store that this program knows.
 bool HasStoreMarks(const std::string& path);

@@ -36,14 +36,17 @@ std::string UserStorePath() {
     return fs::path(home) / ".local" / "share" / file;
 }
 
-std::unique_ptr<SqliteEngine> OpenUserStore(const std::string& path, std::string& error) {
-    if (!path.empty()) return SqliteEngine::Open(path, error);
+std::unique_ptr<SqliteEngine> OpenUserStore(const std::string& path, std::string& error,
+                                            StoreFault* fault) {
+    if (!path.empty()) return SqliteEngine::Open(path, error, fault);
+    if (fault) *fault = StoreFault::NotAllowed;
     const fs::path own = UserStorePath();
     if (own.empty()) {
         error = "HOME is not set: name the store with --store FILE";
         return nullptr;
     }
-    return MakeFolder(own.parent_path(), error) ? SqliteEngine::Open(own.string(), error) : nullptr;
+    return MakeFolder(own.parent_path(), error) ? SqliteEngine::Open(own.string(), error, fault)
+                                                : nullptr;
 }
 
 }  // namespace orvo

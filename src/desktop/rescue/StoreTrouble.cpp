@@ -1,0 +1,67 @@
+// What the user can do where a store can't be opened, or was taken away while it was open.
+// SPDX-License-Identifier: MIT
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include <desktop/Texts.h>
+#include <desktop/rescue/RescueOffer.h>
+#include <desktop/rescue/StoreTrouble.h>
+#include <libraries/quire/StoreRescue.h>
+
+namespace orvo::desktop {
+namespace {
+
+std::optional<std::string> ChooseStore(const std::string& store) {
+    const QString chosen = QFileDialog::getOpenFileName(
+        nullptr, Text("Open another store"), QFileInfo(FromUtf8(store)).absolutePath(),
+        Text("Stores") + " (*.db);;" + Text("All files") + " (*)");
+    if (chosen.isEmpty()) return std::nullopt;
+    return chosen.toStdString();
+}
+
+}  // namespace
+
+// A choice that leads nowhere comes back to the question.
+std::optional<std::string> AskForStore(const std::string& store, StoreFault fault) {
+    const bool isDamaged = fault == StoreFault::Damaged || IsDamagedStore(store);
+    if (isDamaged) fault = StoreFault::Damaged;
+    while (true) {
+        QMessageBox question(QMessageBox::Warning, Text("Store can't be opened"),
+                             Text("The store can't be opened: %1.").arg(Text(FaultText(fault))));
+        question.setTextFormat(Qt::PlainText);
+        question.setInformativeText(FromUtf8(store));
+        const QPushButton* again = question.addButton(Text("&Try again"), QMessageBox::AcceptRole);
+        const QPushButton* another =
+            question.addButton(Text("Another &store..."), QMessageBox::ActionRole);
+        const QPushButton* rescue =
+            isDamaged
+                ? question.addButton(Text("Rescue into a new store..."), QMessageBox::ActionRole)
+                : nullptr;
+        question.setEscapeButton(question.addButton(Text("&Quit"), QMessageBox::RejectRole));
+        question.exec();
+        const QAbstractButton* clicked = question.clickedButton();
+        if (clicked == again) return store;
+        if (clicked != another && (!rescue || clicked != rescue)) return std::nullopt;
+        const std::optional<std::string> next =
+            clicked == another ? ChooseStore(store) : RescueIntoNew(nullptr, store);
+        if (next) return next;
+    }
+}
+
+bool AskToReopen(QWidget* parent, const std::string& store) {
+    QMessageBox question(QMessageBox::Warning, Text("Store is gone"),
+                         Text("Another program has removed or replaced this store while it was "
+                              "open. What is shown can't be changed any more."),
+                         QMessageBox::NoButton, parent);
+    question.setTextFormat(Qt::PlainText);
+    question.setInformativeText(FromUtf8(store));
+    QPushButton* reopen = question.addButton(Text("&Open it again"), QMessageBox::AcceptRole);
+    question.setDefaultButton(reopen);
+    question.addButton(Text("Not now"), QMessageBox::RejectRole);
+    question.exec();
+    return question.clickedButton() == reopen;
+}
+
+}  // namespace orvo::desktop

@@ -1,0 +1,62 @@
+// What stands in the way of a store, in words.
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <array>
+#include <iterator>
+
+#include <sqlite3.h>
+
+#include <libraries/quire/StoreFault.h>
+
+namespace orvo {
+namespace {
+
+constexpr std::array kTexts{
+    "the store is damaged",
+    "it isn't an Orvo store",
+    "it was made by a newer version of this program",
+    "its folder isn't there",
+    "it may not be read or written",
+    "the disk is full",
+    "another program is writing to this store",
+    "another program has this store open; try again later",
+    "another program has removed or replaced this file while it was open",
+    "it isn't there any more",
+    "there isn't enough memory",
+    "it can't be read",
+};
+static_assert(kTexts.size() == static_cast<std::size_t>(StoreFault::Unreadable) + 1);
+
+struct ResultRow {
+    int kind;
+    StoreFault fault;
+};
+constexpr ResultRow kResults[] = {
+    {SQLITE_CORRUPT, StoreFault::Damaged},     {SQLITE_ERROR, StoreFault::Damaged},
+    {SQLITE_NOTADB, StoreFault::Damaged},      {SQLITE_PERM, StoreFault::NotAllowed},
+    {SQLITE_READONLY, StoreFault::NotAllowed}, {SQLITE_AUTH, StoreFault::NotAllowed},
+    {SQLITE_FULL, StoreFault::NoRoom},         {SQLITE_BUSY, StoreFault::Busy},
+    {SQLITE_LOCKED, StoreFault::Busy},         {SQLITE_NOMEM, StoreFault::Memory},
+};
+
+}  // namespace
+
+const char* FaultText(StoreFault fault) {
+    return kTexts[static_cast<std::size_t>(fault)];
+}
+
+std::optional<StoreFault> FaultOfLine(std::string_view line) {
+    const auto* const text = std::find_if(
+        kTexts.begin(), kTexts.end(), [line](const char* each) { return line.ends_with(each); });
+    if (text == kTexts.end()) return std::nullopt;
+    return static_cast<StoreFault>(text - kTexts.begin());
+}
+
+StoreFault FaultOfResult(int result) {
+    const auto* const row =
+        std::find_if(std::begin(kResults), std::end(kResults),
+                     [result](const ResultRow& each) { return each.kind == (result & 0xFF); });
+    return row == std::end(kResults) ? StoreFault::Unreadable : row->fault;
+}
+
+}  // namespace orvo
