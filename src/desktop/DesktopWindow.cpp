@@ -77,6 +77,7 @@ DesktopWindow::DesktopWindow(StoreSession& session, COrvoDesktopOptions& options
 // The views' widgets lie inside of this window, and are to be told of its end while it stands.
 DesktopWindow::~DesktopWindow() {
     m_textInPlace.reset();
+    m_frame.LookupBox().SetRefusalListener(nullptr);
     m_session.SetFailureListener([](const std::string&) {});
     m_session.History().SetListener(nullptr);
     m_frame.SetChangeListener(nullptr);
@@ -150,7 +151,9 @@ void DesktopWindow::MakeToolBar() {
     box->setFixedWidth(kLookupWidth);
     box->setAccessibleName(Text("Look up"));
     if (auto* line = dynamic_cast<QLineEdit*>(box))
-        new LookupKeys(*line, [this] { OpenSelected(); });
+        new LookupKeys(*line, [this] { m_frame.OpenByReturn(); });
+    m_frame.LookupBox().SetRefusalListener(
+        [this](const CString& typed) { TellRefusedLookup(ToQt(typed.View())); });
     bar->addWidget(MakeLabel(LookUpText(), *box));
     bar->addWidget(box);
     bar->addWidget(MakeLabel(Text("Category:"), m_categoryBox));
@@ -256,6 +259,14 @@ void DesktopWindow::LookForForeignChange() {
     if (isAsking || LooksForMovedStore() || !m_session.TakeForeignChange()) return;
     FillCategoryBox();
     m_frame.Refill();
+}
+
+void DesktopWindow::TellRefusedLookup(const QString& typed) {
+    if (typed.isEmpty()) {
+        statusBar()->clearMessage();
+    } else {
+        statusBar()->showMessage(Text("No name begins with %1").arg(typed), kMessageTime);
+    }
 }
 
 void DesktopWindow::TellRefusal(const QString& refusal) {

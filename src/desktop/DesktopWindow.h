@@ -80,6 +80,7 @@ private:
     void MakeAddressMenu();
     void AddMailCommands(QMenu& menu);
     void TellRefusal(const QString& refusal);
+    void TellRefusedLookup(const QString& typed);
     // Says in the status bar how many private entries didn't go out; nothing where all did.
     void TellLeftOut(int count);
     // Says there why nothing can be done with what is selected, where only masked rows are.

@@ -91,7 +91,7 @@ const MessageMap& ViewFrame::ThisMap() {
         {On<WM_PAINT>(&ViewFrame::OnPaint), On<WM_SIZE>(&ViewFrame::OnSize),
          On<WM_CLOSE>(&ViewFrame::OnClose), On<WM_GET_DESKTOP_OPTIONS>(&ViewFrame::OnGetOptions),
          On<kFilesDropped>(&ViewFrame::OnFilesDropped), On<WM_DV_RETURN>(&ViewFrame::OnReturn),
-         OnCommand(ID_DV_RETURN_KEY, &ViewFrame::OpenSelected),
+         OnCommand(ID_DV_RETURN_KEY, &ViewFrame::OpenByReturn),
          OnCommand(ID_DV_ITEM_DBLCLK, &ViewFrame::OpenSelected),
          OnCommand(ID_DV_SELECTION_CHANGED, &ViewFrame::Tell),
          OnCommand(ID_DV_CATEGORY_CHANGED, &ViewFrame::Tell),
@@ -312,8 +312,12 @@ void ViewFrame::SelectRecord(std::int64_t id) {
 // The list and the to-dos post the same message.
 LRESULT ViewFrame::OnReturn(WPARAM, LPARAM) {
     static_assert(WM_DV_RETURN == WM_TODO_RETURN);
-    OpenSelected();
+    OpenByReturn();
     return 0;
+}
+
+void ViewFrame::OpenByReturn() {
+    if (!m_box.TakeRefusal()) OpenSelected();
 }
 
 void ViewFrame::OpenSelected() {

@@ -60,6 +60,8 @@ public:
     bool IsShowingToDos() const { return m_shown == ViewKind::ToDos; }
 
     CLookupEdit& LookupBox() { return m_box; }
+    // Opens what is selected, unless the lookup has just refused a letter: it isn't what was meant.
+    void OpenByReturn();
     // The address view that is shown; while the to-dos are, the list, which is empty then.
     CDetailViewAddrInf& AddressView();
     // The window of the view that is shown, and its columns; null for cards.

@@ -43,6 +43,14 @@ class KeyboardTest(unittest.TestCase):
             self.screen.keys(*TO_COPY)
             until("the entry is copied", lambda: NAME in self.screen.clipboard())
 
+    def test_return_behind_a_refused_letter_opens_nothing(self):
+        with self.home.window(self.screen, "--view", "list"):
+            before = windows(self.screen)
+            self.screen.keys("a", "z", "Return")
+            self.screen.at_rest()
+            self.assertEqual(windows(self.screen), before)
+            opened(self.screen, "the form", lambda: self.screen.keys("Return"))
+
     def test_what_lies_around_the_rows_has_no_menu(self):
         with self.home.window(self.screen, "--view", "list"):
             before = windows(self.screen)

@@ -27,22 +27,27 @@ void CLookupEdit::OnChar(UINT nChar, UINT nRepCnt, UINT nFlags) {
     CString text;
     GetWindowText(text);
     if (text.IsEmpty()) {
+        EndRefusal();
         if (!before.IsEmpty()) SelectAndScroll(0);
         return;
     }
     const int index = m_pListBox->DV_Lookup(text);
     if (index != -1) {
+        EndRefusal();
         SelectAndScroll(index);
     } else if (text.Left(before.GetLength()) == before) {
         SetWindowText(before);
         SetSel(before.GetLength(), before.GetLength());
         MessageBeep(kSimpleBeep);
+        Refuse(before, text.Mid(before.GetLength()));
     } else {
         StartOver();
+        Refuse({}, text);
     }
 }
 
 void CLookupEdit::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags) {
+    m_isRefused = false;
     if (m_pListBox && IsForView(nChar)) {
         orvo::SendMessage(m_pListBox->DV_GetHwnd(), WM_KEYDOWN, nChar,
                           MAKELPARAM(static_cast<int>(nRepCnt), static_cast<int>(nFlags)));
@@ -52,6 +57,7 @@ void CLookupEdit::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags) {
 }
 
 void CLookupEdit::Clear() {
+    EndRefusal();
     SetSel(0, -1);
     SendMessage(WM_CLEAR);
 }
@@ -79,6 +85,19 @@ void CLookupEdit::SelectAndScroll(int nIndex) {
     m_pListBox->DV_SelectAllItems(0);
     m_pListBox->DV_SelectItem(nIndex, 1);
     m_pListBox->DV_EnsureVisible(nIndex, 0);
+}
+
+void CLookupEdit::Refuse(const CString& box, const CString& added) {
+    m_refused += added;
+    m_isRefused = true;
+    if (m_refusalListener) m_refusalListener(box + m_refused);
+}
+
+void CLookupEdit::EndRefusal() {
+    m_isRefused = false;
+    if (m_refused.IsEmpty()) return;
+    m_refused.Empty();
+    if (m_refusalListener) m_refusalListener({});
 }
 
 // The text was changed into one that nothing starts with.

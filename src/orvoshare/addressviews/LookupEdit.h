@@ -3,6 +3,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <functional>
+#include <utility>
+
 #include <contracts/OrvoEdit.h>
 #include <platform/Export.h>
 
@@ -16,6 +19,14 @@ class ORVO_API CLookupEdit : public COrvoEdit {
 public:
     // The view isn't owned and outlives the box's last message.
     void SetListBox(CDetailViewAddrInf* pView) { m_pListBox = pView; }
+
+    // Told all that was typed where no record starts with it, what was refused before too, and an
+    // empty text once that is over.
+    void SetRefusalListener(std::function<void(const CString& typed)> listener) {
+        m_refusalListener = std::move(listener);
+    }
+    // True from a refusal until the next key or click in the box or the view, or the next call.
+    bool TakeRefusal() { return std::exchange(m_isRefused, false); }
 
     // Also called by the views for what is typed in them, as if it were typed here.
     void OnChar(UINT nChar, UINT nRepCnt, UINT nFlags);
@@ -42,8 +53,13 @@ public:
 
 private:
     void StartOver();
+    void Refuse(const CString& box, const CString& added);
+    void EndRefusal();
 
     CDetailViewAddrInf* m_pListBox = nullptr;
+    std::function<void(const CString&)> m_refusalListener;
+    CString m_refused;  // what was typed behind the text of the box
+    bool m_isRefused = false;
 };
 
 }  // namespace orvo

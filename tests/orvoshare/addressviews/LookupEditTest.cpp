@@ -51,6 +51,22 @@ struct Step {
     int beeps;
 };
 
+TEST_P(LookupBox, ARefusalIsToldWithAllThatWasTypedUntilItIsOver) {
+    FillWith({"Meade", "Meadows"});
+    std::string told;
+    box.SetRefusalListener([&](const CString& typed) { told += ' ' + std::string(typed.View()); });
+
+    system.TypeText("meadexy");
+    EXPECT_EQ(told, " meadex meadexy");
+    EXPECT_TRUE(box.TakeRefusal());
+    EXPECT_FALSE(box.TakeRefusal());
+    system.TypeText("x\bo");
+
+    EXPECT_EQ(told, " meadex meadexy meadexyx ");
+    EXPECT_EQ(SelectedNames(), std::vector<std::string>{"Meadows"});
+    EXPECT_FALSE(box.TakeRefusal());
+}
+
 TEST_P(LookupBox, EachCharacterSearchesAndOneThatFitsNothingIsRefused) {
     FillWith({"Adams", "Baker", "Bakerson", "Béart", "жук", "漢"});
     constexpr Step kSteps[] = {
