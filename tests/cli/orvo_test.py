@@ -145,6 +145,11 @@ class OrvoTest(unittest.TestCase):
             printed = self.rows("lookup", typed, code=0 if row >= 0 else 1)
             self.assertEqual(printed, [{"typed": typed, "box": box, "row": row, "beeps": beeps}])
         self.assertEqual(self.orvo("lookup", "cart"), 'row 4: Carter (the box holds "cart")\n')
+        self.orvo("add", "--name", "Bakesecret", "--private", "yes")
+        self.orvo("options", "--set", "masking-private", "yes")
+        for typed, box, row in (("bakes", "bake", 1), ("bakers", "bakers", 3), ("c", "c", 5)):
+            self.assertEqual([(found["box"], found["row"]) for found in self.rows("lookup", typed)], [(box, row)])
+        self.orvo("options", "--set", "masking-private", "no")
         self.orvo("add", "--name", "山田", "--name-yomi", "ヤマダ")
         self.orvo("add", "--name", "阿部", "--name-yomi", "あべ")
         japanese = self.rows("--locale", "ja-JP", "addresses")

@@ -6,6 +6,7 @@
 #include <array>
 #include <memory>
 #include <utility>
+#include <vector>
 
 #include <orvoshare/addressviews/AddrCompare.h>
 #include <orvoshare/addressviews/DetailViewAddrInf.h>
@@ -17,7 +18,8 @@
 namespace orvo {
 
 // `View` derives from this, from CDetailViewAddrInf and from its widget, and gives
-// `int SortByCompare(PFNLVCOMPARE compare, long listBy)`, the widget's sort. The core has no state.
+// `int SortByCompare(PFNLVCOMPARE compare, long listBy)`, the widget's sort, and
+// `int GetMaskPrivate()`. The core has no state.
 template <class View>
 class CDetailViewCore {
 public:
@@ -50,14 +52,34 @@ protected:
     void DVC_MakeRecordYomiKey(CAddressRecord* pRecord, CString& strOut);
 
 private:
+    // The rows that a lookup may find. Where private records are masked it passes them over, as the
+    // letters that it takes would spell them out.
+    class LookupRows {
+    public:
+        explicit LookupRows(View& view);
+        int Count() const { return m_areAll ? m_count : static_cast<int>(m_readable.size()); }
+        int operator[](int place) const {
+            return m_areAll ? place : m_readable[static_cast<std::size_t>(place)];
+        }
+        // The place of the row; requires that it may be found.
+        int PlaceOf(int row) const;
+
+    private:
+        bool m_areAll;
+        int m_count;
+        std::vector<int> m_readable;  // where they aren't all
+    };
+
     View& Self() { return static_cast<View&>(*this); }
     CAddressRecord* ItemRecord(int nIndex) { return RecordOf(Self().DV_GetItemData(nIndex)); }
     int CompareItems(int nIndex, int nOther);
 
-    // The first row from `row` on, by steps of 1 or -1, whose record is wanted; the row count or -1
+    int FindFirstMatch(const LookupRows& rows, int place, CString strKey);
+
+    // The first place from `place` on, by steps of 1 or -1, whose record is wanted; the count or -1
     // where there is none.
     template <class Predicate>
-    int FindRow(int row, int step, Predicate isWanted);
+    int FindPlace(const LookupRows& rows, int place, int step, Predicate isWanted);
     bool BelongsIn(const CAddressRecord& record, int nCategory, int bHidePrivate);
 };
 
@@ -164,7 +186,8 @@ int CDetailViewCore<View>::DVC_IsPrivateRecordSelected() {
 
 template <class View>
 int CDetailViewCore<View>::DVC_Lookup(CString strKey) {
-    const int count = Self().DV_GetItemCount();
+    const LookupRows rows(Self());
+    const int count = rows.Count();
     if (count == 0) return -1;
     const KeyFields fields = SystemKeyFields();
     LookupKey key(strKey, Self().DV_GetListBy(), KeyMatch::CaseAndAccents);
@@ -174,52 +197,76 @@ int CDetailViewCore<View>::DVC_Lookup(CString strKey) {
     int high = count - 1;
     while (high - low > 1) {
         const int middle = low + (high - low) / 2;
-        const int result = key.Compare(ItemRecord(middle), fields, KeyCut::Inc);
-        if (result == 0) return DVC_FindFirstMatch(middle, strKey);
+        const int result = key.Compare(ItemRecord(rows[middle]), fields, KeyCut::Inc);
+        if (result == 0) return FindFirstMatch(rows, middle, strKey);
         (result == -1 ? high : low) = middle;
     }
-    for (const int row : {low, high}) {
-        if (key.Compare(ItemRecord(row), fields, KeyCut::Dec) == 0)
-            return DVC_FindFirstMatch(row, strKey);
+    for (const int place : {low, high}) {
+        if (key.Compare(ItemRecord(rows[place]), fields, KeyCut::Dec) == 0)
+            return FindFirstMatch(rows, place, strKey);
     }
     // The order is that of the readings; a text that is typed as it is written may stand anywhere.
     if (fields == KeyFields::Reading) {
-        const int row = FindRow(0, 1, [&](const CAddressRecord* record) {
+        const int place = FindPlace(rows, 0, 1, [&](const CAddressRecord* record) {
             return key.Compare(record, KeyFields::Plain, KeyCut::Inc) == 0;
         });
-        if (row < count) return DVC_FindFirstMatch(row, strKey);
+        if (place < count) return FindFirstMatch(rows, place, strKey);
     }
     return -1;
 }
 
 template <class View>
 int CDetailViewCore<View>::DVC_FindFirstMatch(int nIndex, CString strKey) {
+    const LookupRows rows(Self());
+    return FindFirstMatch(rows, rows.PlaceOf(nIndex), std::move(strKey));
+}
+
+template <class View>
+int CDetailViewCore<View>::FindFirstMatch(const LookupRows& rows, int place, CString strKey) {
     LookupKey key(std::move(strKey), Self().DV_GetListBy(), KeyMatch::Case);
     if (key.IsEmpty()) return 0;  // every key starts with it
     const KeyFields fields = SystemKeyFields();
-    return 1 + FindRow(nIndex - 1, -1, [&](const CAddressRecord* record) {
-               return key.Compare(record, fields, KeyCut::Dec) != 0;
-           });
+    const int before = FindPlace(rows, place - 1, -1, [&](const CAddressRecord* record) {
+        return key.Compare(record, fields, KeyCut::Dec) != 0;
+    });
+    return rows[before + 1];
 }
 
 template <class View>
 template <class Predicate>
-int CDetailViewCore<View>::FindRow(int row, int step, Predicate isWanted) {
+int CDetailViewCore<View>::FindPlace(const LookupRows& rows, int place, int step,
+                                     Predicate isWanted) {
     constexpr int kAhead = 32;
-    const int count = Self().DV_GetItemCount();
+    const int count = rows.Count();
     std::array<const CAddressRecord*, kAhead> records;
-    while (row >= 0 && row < count) {
-        const int rowsLeft = step > 0 ? count - row : row + 1;
-        const int taken = std::min(kAhead, rowsLeft);
+    while (place >= 0 && place < count) {
+        const int left = step > 0 ? count - place : place + 1;
+        const int taken = std::min(kAhead, left);
         for (int i = 0; i < taken; ++i) {
-            records[static_cast<std::size_t>(i)] = ItemRecord(row + i * step);
+            records[static_cast<std::size_t>(i)] = ItemRecord(rows[place + i * step]);
         }
         FetchAhead({records.data(), static_cast<std::size_t>(taken)});
-        for (int i = 0; i < taken; ++i, row += step) {
-            if (isWanted(records[static_cast<std::size_t>(i)])) return row;
+        for (int i = 0; i < taken; ++i, place += step) {
+            if (isWanted(records[static_cast<std::size_t>(i)])) return place;
         }
     }
-    return row;
+    return place;
+}
+
+template <class View>
+CDetailViewCore<View>::LookupRows::LookupRows(View& view)
+    : m_areAll(view.GetMaskPrivate() == 0), m_count(view.DV_GetItemCount()) {
+    for (int row = 0; row < m_count && !m_areAll; ++row) {
+        const CAddressRecord* record = RecordOf(view.DV_GetItemData(row));
+        if (!record || !record->IsPrivate()) m_readable.push_back(row);
+    }
+}
+
+template <class View>
+int CDetailViewCore<View>::LookupRows::PlaceOf(int row) const {
+    if (m_areAll) return row;
+    const auto place = std::lower_bound(m_readable.begin(), m_readable.end(), row);
+    return static_cast<int>(place - m_readable.begin());
 }
 
 template <class View>

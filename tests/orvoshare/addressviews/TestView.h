@@ -35,6 +35,8 @@ public:
     bool redraws = true;
     CAddressTable* table = nullptr;
     int category = kAllCategories;
+    int masks = 0;
+    int GetMaskPrivate() const { return masks; }
 
     void DV_SetEdit(CLookupEdit* pEdit) override { m_edit = pEdit; }
     void DV_SetAddressTable(CAddressTable* pTable) override { table = pTable; }
