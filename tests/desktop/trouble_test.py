@@ -83,8 +83,8 @@ class TroubleTest(unittest.TestCase):
     def test_a_store_that_cant_be_opened_is_told_and_tried_again(self):
         whole = self.home.store.read_bytes()
         away = self.home.folder / "away"
-        for why, data in (("damaged", whole[:100] + bytes(3996) + whole[4096:]), ("newer", whole[:63] + b"\x09" + whole[64:]),
-                          ("locked", whole), ("no folder", None)):
+        for why, data in (("damaged", whole[:100] + bytes(3996) + whole[4096:]),
+                          ("newer", whole[:63] + b"\x09" + whole[64:]), ("locked", whole), ("no folder", None)):
             with self.subTest(why), contextlib.ExitStack() as stack:
                 if data is None:
                     self.home.store = away / "orvo.db"
