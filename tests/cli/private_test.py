@@ -64,7 +64,7 @@ class PrivateTest(unittest.TestCase):
     # Each way out: the exit code where private entries are shown, masked, and hidden.
     WAYS = {("addresses",): (0, 0, 0), ("addresses", "--view", "icons"): (0, 0, 0), ("--json", "addresses"): (0, 0, 0),
             ("cards",): (0, 0, 0), ("--json", "cards"): (0, 0, 0), ("card", 1): (0, 0, 1), ("tip", 1): (0, 3, 1),
-            ("lookup", "x"): (0, 0, 1), ("show", 2): (0, 0, 3), ("--json", "show", 2): (0, 0, 3),
+            ("lookup", "x"): (0, 1, 1), ("show", 2): (0, 0, 3), ("--json", "show", 2): (0, 0, 3),
             ("todos",): (0, 0, 0), ("--json", "todos"): (0, 0, 0), ("todo", "note-title", 1): (0, 2, 1)}
 
     def check_ways(self, choice, *arguments):
