@@ -176,6 +176,9 @@ std::string SqliteFile::Reason(int result) const {
     if (kind == SQLITE_CANTOPEN && error != 0) {
         return std::strerror(error);
     }
+    if (kind == SQLITE_CONSTRAINT) {
+        return sqlite3_errmsg(Handle());
+    }
     const std::string reason = FaultText(FaultOfResult(result));
     return kind == SQLITE_IOERR && error != 0 ? reason + ": " + std::strerror(error) : reason;
 }

@@ -23,7 +23,7 @@ constexpr std::array kTexts{
     "another program has removed or replaced this file while it was open",
     "it isn't there any more",
     "there isn't enough memory",
-    "it can't be read",
+    "it can't be read or written",
 };
 static_assert(kTexts.size() == static_cast<std::size_t>(StoreFault::Unreadable) + 1);
 

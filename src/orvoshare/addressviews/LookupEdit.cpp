@@ -3,12 +3,14 @@
 // SPDX-License-Identifier: MIT
 #include <orvoshare/addressviews/DetailViewAddrInf.h>
 #include <orvoshare/addressviews/LookupEdit.h>
+#include <platform/time/TickCount.h>
 #include <platform/window/WindowSystem.h>
 
 namespace orvo {
 namespace {
 
 constexpr UINT kSimpleBeep = ~0U;
+constexpr std::uint32_t kPause = 3000;  // milliseconds, after which a user begins a new name
 
 }  // namespace
 
@@ -26,6 +28,17 @@ void CLookupEdit::OnChar(UINT nChar, UINT nRepCnt, UINT nFlags) {
     if (!m_pListBox) return;
     CString text;
     GetWindowText(text);
+    const bool isLonger = text.Left(before.GetLength()) == before;
+    const std::uint32_t now = GetTickCount();
+    const bool goesOn = isLonger && m_box == before && now - m_lastKey < kPause;
+    m_lastKey = now;
+    if (!goesOn) m_typed = isLonger ? before : CString();
+    m_typed += isLonger ? text.Mid(before.GetLength()) : text;
+    Search(before, text, isLonger);
+    GetWindowText(m_box);
+}
+
+void CLookupEdit::Search(const CString& before, const CString& text, bool isLonger) {
     if (text.IsEmpty()) {
         EndRefusal();
         if (!before.IsEmpty()) SelectAndScroll(0);
@@ -35,14 +48,14 @@ void CLookupEdit::OnChar(UINT nChar, UINT nRepCnt, UINT nFlags) {
     if (index != -1) {
         EndRefusal();
         SelectAndScroll(index);
-    } else if (text.Left(before.GetLength()) == before) {
+    } else if (isLonger) {
         SetWindowText(before);
         SetSel(before.GetLength(), before.GetLength());
         MessageBeep(kSimpleBeep);
-        Refuse(before, text.Mid(before.GetLength()));
+        Refuse();
     } else {
         StartOver();
-        Refuse({}, text);
+        Refuse();
     }
 }
 
@@ -87,17 +100,15 @@ void CLookupEdit::SelectAndScroll(int nIndex) {
     m_pListBox->DV_EnsureVisible(nIndex, 0);
 }
 
-void CLookupEdit::Refuse(const CString& box, const CString& added) {
-    m_refused += added;
+void CLookupEdit::Refuse() {
     m_isRefused = true;
-    if (m_refusalListener) m_refusalListener(box + m_refused);
+    m_isRefusalTold = true;
+    if (m_refusalListener) m_refusalListener(m_typed);
 }
 
 void CLookupEdit::EndRefusal() {
     m_isRefused = false;
-    if (m_refused.IsEmpty()) return;
-    m_refused.Empty();
-    if (m_refusalListener) m_refusalListener({});
+    if (std::exchange(m_isRefusalTold, false) && m_refusalListener) m_refusalListener({});
 }
 
 // The text was changed into one that nothing starts with.

@@ -3,6 +3,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <utility>
 
@@ -53,13 +54,17 @@ public:
 
 private:
     void StartOver();
-    void Refuse(const CString& box, const CString& added);
+    void Search(const CString& before, const CString& text, bool isLonger);
+    void Refuse();
     void EndRefusal();
 
     CDetailViewAddrInf* m_pListBox = nullptr;
     std::function<void(const CString&)> m_refusalListener;
-    CString m_refused;  // what was typed behind the text of the box
+    CString m_typed;              // without a pause, refused letters among it
+    CString m_box;                // its text after that
+    std::uint32_t m_lastKey = 0;  // milliseconds
     bool m_isRefused = false;
+    bool m_isRefusalTold = false;
 };
 
 }  // namespace orvo

@@ -65,6 +65,11 @@ TEST_P(LookupBox, ARefusalIsToldWithAllThatWasTypedUntilItIsOver) {
     EXPECT_EQ(told, " meadex meadexy meadexyx ");
     EXPECT_EQ(SelectedNames(), std::vector<std::string>{"Meadows"});
     EXPECT_FALSE(box.TakeRefusal());
+
+    box.Clear();
+    told.clear();
+    system.TypeText("mxex");
+    EXPECT_EQ(told, " mx  mxex") << "a letter that fits after one that didn't";
 }
 
 TEST_P(LookupBox, EachCharacterSearchesAndOneThatFitsNothingIsRefused) {
