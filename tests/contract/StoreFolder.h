@@ -3,34 +3,22 @@
 #pragma once
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <memory>
 #include <set>
-#include <stdlib.h>
 #include <string>
 
 #include <gtest/gtest.h>
 
 #include <libraries/quire/SqliteEngine.h>
+#include <platform/io/TempFolder.h>
 
 namespace orvo {
 
-class StoreFolder {
+class StoreFolder : public TempFolder {
 public:
-    StoreFolder() {
-        std::string pattern =
-            (std::filesystem::temp_directory_path() / "orvo-store-XXXXXX").string();
-        m_path = ::mkdtemp(pattern.data()) != nullptr ? pattern : std::string();
-        EXPECT_FALSE(m_path.empty());
-    }
-    StoreFolder(const StoreFolder&) = delete;
-    StoreFolder& operator=(const StoreFolder&) = delete;
-    ~StoreFolder() { std::filesystem::remove_all(m_path); }
+    StoreFolder() : TempFolder("orvo-store-XXXXXX") {}
 
-    std::string Path(const std::string& name = "test.orvo") const {
-        return (m_path / name).string();
-    }
+    std::string Path(const std::string& name = "test.orvo") const { return TempFolder::Path(name); }
 
     std::unique_ptr<SqliteEngine> Open(const std::string& name = "test.orvo") const {
         std::string error;
@@ -39,25 +27,22 @@ public:
         return engine;
     }
 
-    void Write(const std::string& name, const std::string& bytes) const {
-        std::ofstream(Path(name), std::ios::binary) << bytes;
+    // Puts a row into the table of addresses.
+    static StoreStatus AddRow(StoreEngine& engine, const RowExtra& extra = {}) {
+        StoredRow row;
+        return engine.Insert(TableKind::Address, row, extra);
     }
 
-    std::string Read(const std::string& name = "test.orvo") const {
-        std::ifstream file(Path(name), std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    }
+    void Write(const std::string& name, const std::string& bytes) const { File(name, bytes); }
+    std::string Read(const std::string& name = "test.orvo") const { return Content(Path(name)); }
 
     std::set<std::string> Names() const {
         std::set<std::string> names;
-        for (const auto& entry : std::filesystem::directory_iterator(m_path)) {
+        for (const auto& entry : std::filesystem::directory_iterator(Path("."))) {
             names.insert(entry.path().filename().string());
         }
         return names;
     }
-
-private:
-    std::filesystem::path m_path;
 };
 
 }  // namespace orvo

@@ -7,6 +7,7 @@
 #include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -84,5 +85,28 @@ private:
     pid_t m_process = -1;
     std::unique_ptr<Line> m_line;
 };
+
+// Runs the work in so many processes, which begin at once; each gives 0 where all went well.
+inline void RunAtOnce(int count, const std::function<int(int)>& work) {
+    std::vector<std::unique_ptr<ChildProcess>> children;
+    for (int i = 0; i < count; ++i) {
+        children.push_back(std::make_unique<ChildProcess>(
+            [&, i](const Line& parent) { return parent.Await() ? work(i) : -1; }));
+    }
+    for (const auto& child : children) child->Tell();
+    for (const auto& child : children) EXPECT_EQ(child->Wait(), 0);
+}
+
+// Runs what the work expects in a process without rights of its own: permissions mean nothing to
+// an administrator.
+inline void RunAsNobody(const std::function<void()>& work) {
+    ChildProcess child([&](const Line&) {
+        constexpr uid_t kNobody = 65534;
+        EXPECT_TRUE(geteuid() != 0 || setuid(kNobody) == 0);
+        work();
+        return testing::Test::HasFailure() ? 1 : 0;
+    });
+    EXPECT_EQ(child.Wait(), 0);
+}
 
 }  // namespace orvo

@@ -1,21 +1,17 @@
 // Finding, loading and freeing language modules, and the scopes in which they are in reach.
 // SPDX-License-Identifier: MIT
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-
 #include <gmock/gmock.h>
 
 #include <contracts/LanguageModule.h>
 #include <contracts/ResourceScope.h>
 #include <libraries/language/MessageFile.h>
+#include <platform/io/TempFolder.h>
 #include <platform/module/ResourceHandle.h>
+#include <support/Environment.h>
 #include <support/LocaleInForce.h>
 
 namespace orvo {
 namespace {
-
-namespace fs = std::filesystem;
 
 // Knows two numbers; 1 is known to it alone.
 class OwnTexts : public Module {
@@ -31,37 +27,22 @@ public:
 };
 
 struct LanguageModuleTest : testing::Test {
-    LanguageModuleTest() { setenv("ORVO_LANGUAGE_DIR", folder.c_str(), 1); }
-    ~LanguageModuleTest() override {
-        unsetenv("ORVO_LANGUAGE_DIR");
-        fs::remove_all(folder);
-    }
-
-    std::string Write(const std::string& name, const std::string& bytes) const {
-        fs::create_directories((folder / name).parent_path());
-        std::ofstream(folder / name, std::ios::binary) << bytes;
-        return (folder / name).string();
-    }
-
-    static fs::path MakeFolder() {
-        std::string name = (fs::temp_directory_path() / "orvo-language-XXXXXX").string();
-        EXPECT_NE(mkdtemp(name.data()), nullptr);
-        return name;
-    }
+    LanguageModuleTest() { environment.Set("ORVO_LANGUAGE_DIR", folder.Path()); }
 
     static std::string Text(HINSTANCE module, unsigned number) {
         std::string text;
         return module->FindString(number, text) ? text : "none";
     }
 
-    fs::path folder = MakeFolder();
+    TempFolder folder;
+    Environment environment;
     OwnTexts own;
     int code = 77;
 };
 
 TEST_F(LanguageModuleTest, TheLanguageModuleComesFirstAndTheOwnTextsBehindIt) {
-    Write("de/ORVOSHARELANG.DLL", MessageBytes(kGerman));
-    const std::string path = (folder / "de").string() + "\\ORVOSHARELANG.DLL";
+    folder.File("ORVOSHARELANG.DLL", MessageBytes(kGerman));
+    const std::string path = folder.Path().string() + "\\ORVOSHARELANG.DLL";
     const HINSTANCE language = CmnLoadLanguageModule(path.c_str(), &own, &code);
 
     ASSERT_NE(language, &own);
@@ -84,12 +65,12 @@ TEST_F(LanguageModuleTest, WithoutASoundFileTheOwnHandleStandsIn) {
         bool told;
     };
     const Row kRows[] = {
-        {"no such file", (folder / "none").string(), false},
+        {"no such file", folder.Path("none"), false},
         {"no path", "", false},
-        {"a folder", folder.string(), true},
-        {"no language module", Write("text", "Hello"), true},
-        {"empty", Write("empty", ""), true},
-        {"without its last byte", Write("short", whole.substr(0, whole.size() - 1)), true},
+        {"a folder", folder.Path(), true},
+        {"no language module", folder.File("text", "Hello"), true},
+        {"empty", folder.File("empty", ""), true},
+        {"without its last byte", folder.File("short", whole.substr(0, whole.size() - 1)), true},
     };
     for (const Row& row : kRows) {
         code = 77;
@@ -103,10 +84,10 @@ TEST_F(LanguageModuleTest, WithoutASoundFileTheOwnHandleStandsIn) {
 }
 
 TEST_F(LanguageModuleTest, TheDirectoryIsTheLongestStartOfTheTagThatIsThere) {
-    for (const char* name : {"de", "zh-Hant", "fr"}) fs::create_directories(folder / name);
+    for (const char* name : {"de", "zh-Hant", "fr"})
+        std::filesystem::create_directory(folder.Path(name));
     struct Row {
-        const char* tag;
-        const char* want;
+        const char *tag, *want;
         bool there;
     };
     constexpr Row kRows[] = {
@@ -118,7 +99,7 @@ TEST_F(LanguageModuleTest, TheDirectoryIsTheLongestStartOfTheTagThatIsThere) {
         const LocaleInForce locale(row.tag);
         CString directory("old");
         EXPECT_EQ(GetOrvoLangDllDirectory(directory) != 0, row.there) << row.tag;
-        EXPECT_EQ(directory, CString((folder / row.want).string())) << row.tag;
+        EXPECT_EQ(directory, CString(folder.Path(row.want))) << row.tag;
     }
 }
 

@@ -25,8 +25,7 @@ TEST(MessageCatalog, BothByteOrdersGiveTheSameTexts) {
 
 TEST(MessageCatalog, OnlyAWholeNumberIsALanguageCode) {
     struct Row {
-        const char* why;
-        const char* header;
+        const char *why, *header;
         int want;
     };
     constexpr Row kRows[] = {

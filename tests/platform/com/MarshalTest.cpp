@@ -7,6 +7,7 @@
 #include <platform/com/Counter.h>
 #include <platform/com/Marshal.h>
 #include <platform/com/SessionFixture.h>
+#include <platform/com/StreamOn.h>
 
 namespace orvo {
 namespace {
@@ -16,9 +17,6 @@ protected:
     Marshal() {
         RegisterCounter();
         EXPECT_EQ(CoInitialize(nullptr), S_OK);
-        IStream* made = nullptr;
-        EXPECT_EQ(CreateStreamOnHGlobal(GlobalAlloc(GMEM_MOVEABLE, 0), 1, &made), S_OK);
-        stream = ComPointer(made);
     }
     ~Marshal() override {
         CoUninitialize();
@@ -45,8 +43,9 @@ protected:
     }
 
     SessionBus bus;
+    HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, 0);
     ComPointer<ICounter> counter{new Counter};
-    ComPointer<IStream> stream;
+    const ComPointer<IStream> stream = StreamOn(block);
 };
 
 TEST_F(Marshal, ANormalPacketIsUsedOnce) {
@@ -82,6 +81,10 @@ TEST_F(Marshal, APacketHoldsItsObjectUntilTheLastLeaves) {
 TEST_F(Marshal, WhatCannotBePassedIsRefused) {
     EXPECT_EQ(Write(2), E_INVALIDARG);
     EXPECT_EQ(Write(MSHLFLAGS_NORMAL, 1), E_INVALIDARG);
+    GlobalLock(block);
+    EXPECT_EQ(Write(MSHLFLAGS_NORMAL), STG_E_MEDIUMFULL) << "a locked block doesn't grow";
+    GlobalUnlock(block);
+    EXPECT_EQ(ExportedInterfaceCount(), 0U);
     ASSERT_EQ(Write(MSHLFLAGS_TABLESTRONG), S_OK);
     EXPECT_EQ(Read(IID_IStream), E_NOINTERFACE);
     EXPECT_EQ(Read(IID_IUnknown), S_OK);

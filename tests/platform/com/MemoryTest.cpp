@@ -4,16 +4,10 @@
 
 #include <gtest/gtest.h>
 
-#include <platform/com/Stream.h>
+#include <platform/com/StreamOn.h>
 
 namespace orvo {
 namespace {
-
-ComPointer<IStream> StreamOn(HGLOBAL block, bool deletes) {
-    IStream* stream = nullptr;
-    EXPECT_EQ(CreateStreamOnHGlobal(block, deletes ? 1 : 0, &stream), S_OK);
-    return ComPointer(stream);
-}
 
 TEST(GlobalMemory, ALockedBlockKeepsItsPlace) {
     const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, 3);
@@ -35,17 +29,19 @@ TEST(GlobalMemory, ALockedBlockKeepsItsPlace) {
 
 TEST(Stream, WritingBehindTheEndMakesTheBlockGrow) {
     const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, 4);
-    const ComPointer<IStream> stream = StreamOn(block, true);
+    const ComPointer<IStream> stream = StreamOn(block);
     std::uint64_t place = 0;
     char bytes[8] = {};
     ULONG done = 0;
 
     EXPECT_EQ(stream->Write("abcdef", 6, nullptr), S_OK);
+    EXPECT_EQ(GlobalReAlloc(block, 6), block) << "a write leaves it unlocked";
     EXPECT_EQ(stream->Seek(-2, STREAM_SEEK_END, &place), S_OK);
     EXPECT_EQ(place, 4U);
     EXPECT_EQ(stream->Read(bytes, 8, &done), S_FALSE);
     EXPECT_EQ(done, 2U);
     EXPECT_STREQ(bytes, "ef");
+    EXPECT_EQ(GlobalReAlloc(block, 6), block) << "and so does a read";
     EXPECT_EQ(stream->Seek(-7, STREAM_SEEK_CUR, nullptr), E_INVALIDARG);
     EXPECT_EQ(stream->Seek(1000, STREAM_SEEK_SET, nullptr), S_OK);
     EXPECT_EQ(stream->Read(bytes, 1, &done), S_FALSE);
@@ -56,7 +52,7 @@ TEST(Stream, OnlyAnOwnerFreesTheBlock) {
     { const ComPointer<IStream> stream = StreamOn(block, false); }
     EXPECT_EQ(GlobalSize(block), 1U);
     {
-        const ComPointer<IStream> stream = StreamOn(block, true);
+        const ComPointer<IStream> stream = StreamOn(block);
         const ComPointer<IStream> other = stream;
     }
     EXPECT_EQ(GlobalBlockCount(), 0U);

@@ -1,11 +1,11 @@
 // The bytes of a packet, whole and damaged.
 // SPDX-License-Identifier: MIT
 #include <cstring>
-#include <string>
 
 #include <gtest/gtest.h>
 
 #include <platform/com/ReferencePacket.h>
+#include <platform/com/StreamOn.h>
 
 namespace orvo {
 namespace {
@@ -15,10 +15,6 @@ const InterfaceReference kReference{IID_IStream, 0x1122334455667788, ":1.42", "/
 class Bytes {
 public:
     explicit Bytes(const std::string& bytes) {
-        const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, 0);
-        IStream* made = nullptr;
-        EXPECT_EQ(CreateStreamOnHGlobal(block, 1, &made), S_OK);
-        stream = ComPointer(made);
         stream->Write(bytes.data(), static_cast<ULONG>(bytes.size()), nullptr);
         stream->Seek(0, STREAM_SEEK_SET, nullptr);
     }
@@ -29,7 +25,7 @@ public:
         stream->Read(bytes.data(), 1000, &done);
         return bytes.substr(0, done);
     }
-    ComPointer<IStream> stream;
+    const ComPointer<IStream> stream = StreamOn();
 };
 
 std::string Packet() {

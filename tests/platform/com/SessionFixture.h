@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <platform/io/TempFolder.h>
 #include <support/Environment.h>
 #include <support/Program.h>
 
@@ -16,17 +17,9 @@ namespace orvo {
 // Windows are reached by way of it as long as the process lives.
 class ScratchRuntime {
 public:
-    ScratchRuntime() {
-        std::string pattern =
-            (std::filesystem::temp_directory_path() / "orvo-session-XXXXXX").string();
-        if (::mkdtemp(pattern.data()) != nullptr) m_folder = pattern;
-        ::setenv("XDG_RUNTIME_DIR", m_folder.c_str(), 1);
-    }
-    ScratchRuntime(const ScratchRuntime&) = delete;
-    ScratchRuntime& operator=(const ScratchRuntime&) = delete;
-    ~ScratchRuntime() { std::filesystem::remove_all(m_folder); }
+    ScratchRuntime() { ::setenv("XDG_RUNTIME_DIR", Folder().c_str(), 1); }
 
-    const std::filesystem::path& Folder() const { return m_folder; }
+    const std::filesystem::path& Folder() const { return m_place.Path(); }
 
     static const ScratchRuntime& Get() {
         static const ScratchRuntime runtime;
@@ -34,7 +27,7 @@ public:
     }
 
 private:
-    std::filesystem::path m_folder;
+    const TempFolder m_place;
 };
 
 class SessionBus {

@@ -13,8 +13,8 @@ namespace orvo {
 
 class TempFolder {
 public:
-    TempFolder() {
-        std::string name = (std::filesystem::temp_directory_path() / "orvo-io-XXXXXX").string();
+    explicit TempFolder(const char* pattern = "orvo-test-XXXXXX") {
+        std::string name = (std::filesystem::temp_directory_path() / pattern).string();
         if (::mkdtemp(name.data()) == nullptr) throw std::runtime_error("no folder for the test");
         m_path = name;
     }
@@ -22,9 +22,10 @@ public:
     TempFolder& operator=(const TempFolder&) = delete;
     ~TempFolder() { std::filesystem::remove_all(m_path); }
 
-    std::string Path(const char* name) const { return (m_path / name).string(); }
+    const std::filesystem::path& Path() const { return m_path; }
+    std::string Path(const std::string& name) const { return (m_path / name).string(); }
 
-    std::string File(const char* name, const std::string& content) const {
+    std::string File(const std::string& name, const std::string& content) const {
         std::ofstream(Path(name), std::ios::binary) << content;
         return Path(name);
     }

@@ -1,9 +1,7 @@
 // Tests of named blocks, between processes and within one.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
-#include <memory>
 #include <thread>
-#include <vector>
 
 #include <fmt/format.h>
 #include <gmock/gmock.h>
@@ -42,20 +40,16 @@ bool IsZero(const char* view) {
 
 class Holder : public Program {
 public:
-    Holder(const char* verb, const char* name, std::vector<std::string> text = {})
-        : Program(BLOCK_HOLDER, Arguments(verb, name, std::move(text))) {}
+    Holder(const char* verb, const char* name) : Holder({verb, name, fmt::to_string(kSize)}) {}
+    Holder(const char* verb, const char* name, const char* text)
+        : Holder({verb, name, fmt::to_string(kSize), text}) {}
 
 private:
-    static std::vector<std::string> Arguments(const char* verb, const char* name,
-                                              std::vector<std::string> text) {
-        std::vector<std::string> all{verb, name, fmt::to_string(kSize)};
-        all.insert(all.end(), text.begin(), text.end());
-        return all;
-    }
+    explicit Holder(const std::vector<std::string>& arguments) : Program(BLOCK_HOLDER, arguments) {}
 };
 
 TEST_F(FileMapping, ABlockIsSharedAndGoesWithItsLastHolder) {
-    Holder creator("create", "b", {"hello"});
+    Holder creator("create", "b", "hello");
     EXPECT_EQ(creator.Line(), "held 0 -");
     EXPECT_EQ(creator.Line(), "written");
     Holder second("create", "b");
@@ -72,7 +66,7 @@ TEST_F(FileMapping, ABlockIsSharedAndGoesWithItsLastHolder) {
 
 TEST_F(FileMapping, NoKilledProcessKeepsABlockAndTheNextCreatorGetsZeros) {
     for (const char* next : {"create", "open"}) {
-        Holder creator("create", "b", {"secret"});
+        Holder creator("create", "b", "secret");
         Holder other("open", "elsewhere");
         creator.Line();
         EXPECT_EQ(creator.Line(), "written");
@@ -87,7 +81,7 @@ TEST_F(FileMapping, NoKilledProcessKeepsABlockAndTheNextCreatorGetsZeros) {
 }
 
 TEST_F(FileMapping, AKilledHolderLeavesTheBlockToTheOthers) {
-    Holder creator("create", "b", {"hello"});
+    Holder creator("create", "b", "hello");
     creator.Line();
     EXPECT_EQ(creator.Line(), "written");
     Holder survivor("open", "b");
@@ -155,30 +149,21 @@ TEST_F(FileMapping, AnyBytesOfANameMakeABlockOfItsOwn) {
 TEST_F(FileMapping, WhatCannotBeIsRefusedWithItsReason) {
     const HANDLE mapping = Create("b");
     const HANDLE none = nullptr;
-    const auto refused = [&](const char* why, const auto& call, long error) {
+    const auto refused = [&](const char* why, long error, const auto& call) {
         SetLastError(ERROR_SUCCESS);
         EXPECT_FALSE(call()) << why;
         EXPECT_EQ(GetLastError(), error) << why;
     };
-    refused(
-        "no size", [] { return Create("c", 0); }, ERROR_INVALID_PARAMETER);
-    refused(
-        "no name", [] { return Create(""); }, ERROR_INVALID_NAME);
-    refused(
-        "a null name", [] { return Open(nullptr); }, ERROR_INVALID_NAME);
-    refused(
-        "not there", [] { return Open("c"); }, ERROR_FILE_NOT_FOUND);
-    refused(
-        "longer than the block", [&] { return Map(mapping, kSize + 1); }, ERROR_ACCESS_DENIED);
-    refused(
-        "no handle", [&] { return Map(none); }, ERROR_INVALID_HANDLE);
-    refused(
-        "no view", [&] { return UnmapViewOfFile(&mapping); }, ERROR_INVALID_ADDRESS);
+    refused("no size", ERROR_INVALID_PARAMETER, [] { return Create("c", 0); });
+    refused("no name", ERROR_INVALID_NAME, [] { return Create(""); });
+    refused("a null name", ERROR_INVALID_NAME, [] { return Open(nullptr); });
+    refused("not there", ERROR_FILE_NOT_FOUND, [] { return Open("c"); });
+    refused("longer than the block", ERROR_ACCESS_DENIED, [&] { return Map(mapping, kSize + 1); });
+    refused("no handle", ERROR_INVALID_HANDLE, [&] { return Map(none); });
+    refused("no view", ERROR_INVALID_ADDRESS, [&] { return UnmapViewOfFile(&mapping); });
     EXPECT_NE(CloseHandle(mapping), 0);
-    refused(
-        "a closed handle", [&] { return CloseHandle(mapping); }, ERROR_INVALID_HANDLE);
-    refused(
-        "a closed mapping", [&] { return Map(mapping); }, ERROR_INVALID_HANDLE);
+    refused("a closed handle", ERROR_INVALID_HANDLE, [&] { return CloseHandle(mapping); });
+    refused("a closed mapping", ERROR_INVALID_HANDLE, [&] { return Map(mapping); });
     EXPECT_EQ(Blocks(), 0);
 }
 

@@ -4,26 +4,17 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
+
+#include <platform/io/TempFolder.h>
 
 namespace orvo {
 
 class RuntimeFixture : public testing::Test {
 protected:
-    RuntimeFixture() {
-        std::string pattern =
-            (std::filesystem::temp_directory_path() / "orvo-runtime-XXXXXX").string();
-        folder = ::mkdtemp(pattern.data()) != nullptr ? pattern : std::string();
-        EXPECT_FALSE(folder.empty());
-        ::setenv("XDG_RUNTIME_DIR", folder.c_str(), 1);
-    }
-    ~RuntimeFixture() override {
-        ::unsetenv("XDG_RUNTIME_DIR");
-        std::filesystem::remove_all(folder);
-    }
+    RuntimeFixture() { ::setenv("XDG_RUNTIME_DIR", folder.c_str(), 1); }
+    ~RuntimeFixture() override { ::unsetenv("XDG_RUNTIME_DIR"); }
 
     // How many blocks the folder holds.
     long Blocks() const {
@@ -34,7 +25,8 @@ protected:
         return count;
     }
 
-    std::filesystem::path folder;
+    const TempFolder place;
+    const std::filesystem::path folder = place.Path();
 };
 
 }  // namespace orvo

@@ -35,10 +35,14 @@ private:
     std::map<unsigned, std::string> m_texts;
 };
 
-// An extension module in use, for one test.
+// An extension module in use and in the chain, for one test.
 struct Extension {
-    explicit Extension(HINSTANCE module) { EXPECT_NE(AfxInitExtensionModule(record, module), 0); }
+    explicit Extension(HINSTANCE module, int isSystem = 0) { Init(module, isSystem); }
     ~Extension() { AfxTermExtensionModule(record, 1); }
+    void Init(HINSTANCE module, int isSystem = 0) {
+        EXPECT_NE(AfxInitExtensionModule(record, module), 0);
+        new CDynLinkLibrary(record, isSystem);
+    }
     AFX_EXTENSION_MODULE record;
 };
 
@@ -62,10 +66,8 @@ struct ModuleTest : testing::Test {
 
 TEST_F(ModuleTest, TheResourceHandleComesFirstThenTheLatestOfTheChain) {
     EXPECT_EQ(Load(1), "none");
-    Extension earlyInUse(&early);
-    new CDynLinkLibrary(earlyInUse.record, 0);
-    Extension lateInUse(&late);
-    new CDynLinkLibrary(lateInUse.record, 0);
+    const Extension earlyInUse(&early);
+    const Extension lateInUse(&late);
     AfxSetResourceHandle(&application);
 
     EXPECT_EQ(Load(1), "application");
@@ -73,18 +75,15 @@ TEST_F(ModuleTest, TheResourceHandleComesFirstThenTheLatestOfTheChain) {
     EXPECT_EQ(Load(3), "early");
     EXPECT_EQ(Load(4), "none");
 
-    Extension systemInUse(&system);
-    new CDynLinkLibrary(systemInUse.record, 1);
+    const Extension systemInUse(&system, 1);
     EXPECT_EQ(Load(3), "early") << "a system library comes after all others";
     EXPECT_EQ(Load(4), "system");
 }
 
 TEST_F(ModuleTest, OtherResourcesAreLookedForOnTheSameRoad) {
     EXPECT_EQ(FindResourceText(ResourceKind::Menu, 1), "");
-    Extension earlyInUse(&early);
-    new CDynLinkLibrary(earlyInUse.record, 0);
-    Extension lateInUse(&late);
-    new CDynLinkLibrary(lateInUse.record, 0);
+    const Extension earlyInUse(&early);
+    const Extension lateInUse(&late);
     AfxSetResourceHandle(&application);
 
     EXPECT_EQ(FindResourceText(ResourceKind::Menu, 1), "application");
@@ -96,9 +95,7 @@ TEST_F(ModuleTest, OtherResourcesAreLookedForOnTheSameRoad) {
 
 TEST_F(ModuleTest, AModuleIsSearchedUntilItsLastInitIsUndone) {
     Extension inUse(&early);
-    new CDynLinkLibrary(inUse.record, 0);
-    AfxInitExtensionModule(inUse.record, &early);
-    new CDynLinkLibrary(inUse.record, 0);
+    inUse.Init(&early);
 
     AfxTermExtensionModule(inUse.record, 0);
     EXPECT_EQ(Load(1), "early");

@@ -20,24 +20,17 @@ using testing::internal::GetCapturedStderr;
 
 namespace {
 
-using Faults = SettingsFixture;
+class Faults : public SettingsFixture {
+protected:
+    // The one line that a failed write tells.
+    static std::string FailedWrite(std::string_view text) {
+        CaptureStderr();
+        EXPECT_FALSE(Write(text));
+        return GetCapturedStderr();
+    }
+};
 
 constexpr const char* kOld = "[Group/Section]\nk=old\n";
-
-std::optional<CString> Read() {
-    return SettingsStore::Read("Group", "Section", "k");
-}
-
-bool Write(std::string_view text) {
-    return SettingsStore::Write("Group", "Section", "k", text);
-}
-
-// The one line that a failed write tells.
-std::string FailedWrite(std::string_view text) {
-    CaptureStderr();
-    EXPECT_FALSE(Write(text));
-    return GetCapturedStderr();
-}
 
 // Nobody may write or read everything, as an administrator may, while it lives.
 class Unprivileged {

@@ -4,40 +4,37 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
-#include <stdlib.h>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include <gtest/gtest.h>
 
+#include <platform/io/TempFolder.h>
 #include <platform/settings/SettingsStore.h>
 
 namespace orvo {
 
 class SettingsFixture : public testing::Test {
 protected:
-    SettingsFixture() {
-        std::string pattern =
-            (std::filesystem::temp_directory_path() / "orvo-settings-XXXXXX").string();
-        folder = ::mkdtemp(pattern.data()) != nullptr ? pattern : std::string();
-        EXPECT_FALSE(folder.empty());
-        file = folder / "settings.ini";
-        SettingsStore::SetPath(file.string());
+    SettingsFixture() { SettingsStore::SetPath(file.string()); }
+    ~SettingsFixture() override { SettingsStore::SetPath(""); }
+
+    // Of the section in which all tests are.
+    static std::optional<CString> Read(std::string_view key = "k") {
+        return SettingsStore::Read("Group", "Section", key);
     }
-    ~SettingsFixture() override {
-        SettingsStore::SetPath("");
-        std::filesystem::remove_all(folder);
+    static bool Write(std::string_view text, std::string_view key = "k") {
+        return SettingsStore::Write("Group", "Section", key, text);
     }
 
     void Put(const std::string& bytes) const { std::ofstream(file, std::ios::binary) << bytes; }
 
-    std::string Bytes() const {
-        std::ifstream in(file, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-    }
+    std::string Bytes() const { return TempFolder::Content(file); }
 
-    std::filesystem::path folder;
-    std::filesystem::path file;
+    const TempFolder place;
+    const std::filesystem::path folder = place.Path();
+    const std::filesystem::path file = folder / "settings.ini";
 };
 
 }  // namespace orvo

@@ -17,8 +17,7 @@ namespace {
 struct Spelling {
     const char* why;
     std::string_view text;  // in UTF-8
-    const char* name;
-    const char* value;
+    const char *name, *value;
 };
 
 constexpr Spelling kSpellings[] = {

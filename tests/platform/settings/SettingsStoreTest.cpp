@@ -1,11 +1,9 @@
 // Tests of the settings file: what it is, and several writers at once.
 // SPDX-License-Identifier: MIT
 #include <fcntl.h>
-#include <memory>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <thread>
-#include <vector>
 
 #include <platform/settings/SettingsFixture.h>
 #include <support/ChildProcess.h>
@@ -17,14 +15,6 @@ namespace fs = std::filesystem;
 namespace {
 
 using Store = SettingsFixture;
-
-CString Text(std::string_view key) {
-    return SettingsStore::Read("Group", "Section", key).value_or(CString("(none)"));
-}
-
-bool Write(std::string_view key, std::string_view text) {
-    return SettingsStore::Write("Group", "Section", key, text);
-}
 
 mode_t ModeOf(const fs::path& path) {
     struct stat status {};
@@ -42,18 +32,18 @@ TEST_F(Store, TheFileLiesInTheConfigurationFolder) {
         EXPECT_EQ(SettingsStore::Path(), folder / ".config" / "orvo" / "settings.ini");
     }
     ::setenv("XDG_CONFIG_HOME", (folder / "config").c_str(), 1);
-    EXPECT_TRUE(Write("k", "1"));
+    EXPECT_TRUE(Write("1"));
     EXPECT_TRUE(fs::exists(folder / "config" / "orvo" / "settings.ini"));
 }
 
 TEST_F(Store, ANewFileIsForTheUserAloneAndAnOldOneKeepsItsPermissions) {
     SettingsStore::SetPath((folder / "a" / "b" / "settings.ini").string());
-    ASSERT_TRUE(Write("k", "1"));
+    ASSERT_TRUE(Write("1"));
     EXPECT_EQ(ModeOf(SettingsStore::Path()), 0600U);
     EXPECT_EQ(ModeOf(folder / "a"), 0700U);
     ASSERT_EQ(::chmod(SettingsStore::Path().c_str(), 0664), 0);
 
-    ASSERT_TRUE(Write("k", "2"));
+    ASSERT_TRUE(Write("2"));
 
     EXPECT_EQ(ModeOf(SettingsStore::Path()), 0664U);
 }
@@ -64,7 +54,7 @@ TEST_F(Store, TheSameValueAgainLeavesTheFileUntouched) {
     fs::last_write_time(file, time);
     fs::permissions(folder, fs::perms::owner_read | fs::perms::owner_exec);
 
-    EXPECT_TRUE(Write("k", "A ; all of it"));
+    EXPECT_TRUE(Write("A ; all of it"));
 
     EXPECT_EQ(fs::last_write_time(file), time);
     EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), 1) << "not even a lock";
@@ -76,24 +66,24 @@ TEST_F(Store, WhatAnotherProgramWritesIsSeenEvenAtTheSameMoment) {
     for (const char digit : {'1', '2', '3'}) {
         Put(std::string("[Group/Section]\nk=") + digit + '\n');
         fs::last_write_time(file, moment);
-        EXPECT_EQ(Text("k"), CString(digit));
+        EXPECT_EQ(Read(), CString(digit));
     }
     fs::remove(file);
-    EXPECT_EQ(Text("k"), "(none)");
+    EXPECT_EQ(Read(), std::nullopt);
 }
 
 TEST_F(Store, AnUnchangedFileIsNotReadAgain) {
     const auto time = fs::file_time_type::clock::now() - std::chrono::hours(1);
     Put("[Group/Section]\nk=1\n");
     fs::last_write_time(file, time);
-    ASSERT_EQ(Text("k"), "1");
+    ASSERT_EQ(Read(), "1");
 
     Put("[Group/Section]\nk=2\n");
     fs::last_write_time(file, time);
-    EXPECT_EQ(Text("k"), "1") << "the file was read";
+    EXPECT_EQ(Read(), "1") << "the file was read";
 
     fs::last_write_time(file, time + std::chrono::minutes(1));
-    EXPECT_EQ(Text("k"), "2");
+    EXPECT_EQ(Read(), "2");
 }
 
 TEST_F(Store, ASymbolicLinkStaysAndItsTargetIsReplaced) {
@@ -101,33 +91,27 @@ TEST_F(Store, ASymbolicLinkStaysAndItsTargetIsReplaced) {
     fs::create_symlink("second.ini", file);
     fs::create_symlink(fs::path("elsewhere") / "real.ini", folder / "second.ini");
     for (const char* text : {"of a file that wasn't there", "of one that was"}) {
-        ASSERT_TRUE(Write("k", text));
+        ASSERT_TRUE(Write(text));
 
         EXPECT_TRUE(fs::is_symlink(file));
         EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(target)));
-        EXPECT_EQ(Text("k"), text);
+        EXPECT_EQ(Read(), text);
     }
 }
 
 TEST_F(Store, EightProcessesAtOnceLoseNothing) {
     constexpr int kProcesses = 8;
     constexpr int kKeys = 200;
-    std::vector<std::unique_ptr<ChildProcess>> writers;
-    for (int process = 0; process < kProcesses; ++process) {
-        writers.push_back(std::make_unique<ChildProcess>([process](const Line& parent) {
-            if (!parent.Await()) return 1;
-            for (int i = 0; i < kKeys; ++i) {
-                if (!Write(std::to_string(process) + '.' + std::to_string(i), "kept")) return 2;
-            }
-            return 0;
-        }));
-    }
-    for (const auto& writer : writers) writer->Tell();
-    for (const auto& writer : writers) EXPECT_EQ(writer->Wait(), 0);
+    RunAtOnce(kProcesses, [](int process) {
+        for (int i = 0; i < kKeys; ++i) {
+            if (!Write("kept", std::to_string(process) + '.' + std::to_string(i))) return 1;
+        }
+        return 0;
+    });
 
     for (int process = 0; process < kProcesses; ++process) {
         for (int i = 0; i < kKeys; ++i) {
-            EXPECT_EQ(Text(std::to_string(process) + '.' + std::to_string(i)), "kept");
+            EXPECT_EQ(Read(std::to_string(process) + '.' + std::to_string(i)), "kept");
         }
     }
 }
@@ -153,13 +137,13 @@ TEST_F(Store, AValueReadUnderTheLockHoldsUntilItIsWritten) {
     thread.join();
     EXPECT_EQ(other.Wait(), 0);
 
-    EXPECT_EQ(Text("k"), std::to_string(3 * kRounds).c_str());
+    EXPECT_EQ(Read(), std::to_string(3 * kRounds).c_str());
 }
 
 TEST_F(Store, ANestedLockLeavesTheOuterOneHeld) {
     const SettingsLock lock;
     { const SettingsLock nested; }
-    ASSERT_TRUE(Write("k", "1"));
+    ASSERT_TRUE(Write("1"));
 
     const int other = ::open((lock.Target() + ".lock").c_str(), O_RDWR | O_CLOEXEC);
 
