@@ -3,7 +3,6 @@
 #include <QImage>
 #include <QPainter>
 #include <algorithm>
-#include <vector>
 
 #include <gtest/gtest.h>
 

@@ -5,12 +5,10 @@
 #include <QMimeData>
 #include <QUrl>
 #include <QWindow>
-#include <functional>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
-#include <platform/desktop/DropTarget.h>
+#include <platform/desktop/NotingTarget.h>
 #include <platform/qt/QtFixture.h>
 #include <support/CodePages.h>
 #include <support/LocaleInForce.h>
@@ -21,37 +19,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// Takes what it is told to take, and notes what it is asked.
-struct NotingTarget : COleDropTarget {
-    DROPEFFECT answer = DROPEFFECT_COPY;
-    std::vector<std::string> calls;
-    DropList files;
-    CPoint point;
-    DWORD keyState = 0;
-    std::function<void()> whenDropped;
-
-    DROPEFFECT OnDragEnter(CWnd* window, COleDataObject* data, DWORD keys, CPoint at) override {
-        calls.push_back("enter");
-        EXPECT_NE(window, nullptr);
-        files = *data->GetGlobalData(CF_HDROP);
-        keyState = keys;
-        point = at;
-        return answer;
-    }
-    DROPEFFECT OnDragOver(CWnd*, COleDataObject*, DWORD, CPoint at) override {
-        calls.push_back("over");
-        point = at;
-        return answer;
-    }
-    BOOL OnDrop(CWnd*, COleDataObject* data, DROPEFFECT, CPoint) override {
-        calls.push_back("drop");
-        files = *data->GetGlobalData(CF_HDROP);
-        if (whenDropped) whenDropped();
-        return 1;
-    }
-    void OnDragLeave(CWnd*) override { calls.push_back("leave"); }
-};
-
 struct QtDropTest : QtWindowFixture {
     void SetUp() override {
         QtWindowFixture::SetUp();
@@ -59,35 +26,22 @@ struct QtDropTest : QtWindowFixture {
         target.Register(&parent);
     }
 
-    // Each gives what the source of the drag is told.
-    Qt::DropAction Enter(QPoint at = {10, 10}) {
-        QDragEnterEvent event(at, allowed, &mime, Qt::LeftButton, Qt::ControlModifier);
-        return Tell(event);
+    // What the source of the drag is told.
+    template <class Event>
+    Qt::DropAction Tell(QPoint at) {
+        Event event(at, allowed, &mime, Qt::LeftButton, Qt::ControlModifier);
+        QCoreApplication::sendEvent(screenWindow, &event);
+        EXPECT_FALSE(event.isAccepted() && event.dropAction() == Qt::IgnoreAction);
+        return event.isAccepted() ? event.dropAction() : Qt::IgnoreAction;
     }
-    Qt::DropAction Move(QPoint at = {10, 10}) {
-        QDragMoveEvent event(at, allowed, &mime, Qt::LeftButton, Qt::NoModifier);
-        return Tell(event);
-    }
-    Qt::DropAction Drop(QPoint at = {10, 10}) {
-        QDropEvent event(at, allowed, &mime, Qt::LeftButton, Qt::NoModifier);
-        return Tell(event);
-    }
+    Qt::DropAction Enter(QPoint at = {10, 10}) { return Tell<QDragEnterEvent>(at); }
+    Qt::DropAction Move(QPoint at = {10, 10}) { return Tell<QDragMoveEvent>(at); }
+    Qt::DropAction Drop(QPoint at = {10, 10}) { return Tell<QDropEvent>(at); }
     void Leave() {
         QDragLeaveEvent event;
         QCoreApplication::sendEvent(screenWindow, &event);
     }
-    Qt::DropAction Tell(QDropEvent& event) {
-        QCoreApplication::sendEvent(screenWindow, &event);
-        return event.isAccepted() ? event.dropAction() : Qt::IgnoreAction;
-    }
-    void DragFiles(const QList<QUrl>& urls) { mime.setUrls(urls); }
-
-    QLineEdit& AddEdit() {
-        auto* edit = new QLineEdit(&Widget(parent));
-        edit->setGeometry(100, 100, 100, 30);
-        edit->show();
-        return *edit;
-    }
+    void DragCard() { mime.setUrls({QUrl("file:///x/a.vcf")}); }
 
     QWindow* screenWindow = nullptr;
     NotingTarget target;
@@ -96,7 +50,7 @@ struct QtDropTest : QtWindowFixture {
 };
 
 TEST_F(QtDropTest, FilesGoThroughTheTarget) {
-    DragFiles(
+    mime.setUrls(
         {QUrl("file:///x/a%20b.vcf"), QUrl("https://example.org/c.vcf"), QUrl("file:///x/d.vcs")});
 
     EXPECT_EQ(Enter({20, 30}), Qt::CopyAction);
@@ -104,37 +58,47 @@ TEST_F(QtDropTest, FilesGoThroughTheTarget) {
     EXPECT_EQ(target.keyState, MK_LBUTTON | MK_CONTROL);
     EXPECT_EQ(Move({40, 30}), Qt::CopyAction);
     EXPECT_EQ(target.point, (CPoint{40, 30}));
-    target.files.clear();
     EXPECT_EQ(Drop({40, 30}), Qt::CopyAction);
-
     EXPECT_THAT(target.files, ElementsAre(CString("/x/a b.vcf"), CString("/x/d.vcs")));
     EXPECT_EQ(target.calls.back(), "drop");
 }
 
 TEST_F(QtDropTest, WhatIsNotWantedOrNotAllowedIsRefused) {
-    DragFiles({QUrl("file:///x/a.vcf")});
-    target.answer = DROPEFFECT_NONE;
+    DragCard();
+    target.over = DROPEFFECT_NONE;
     EXPECT_EQ(Enter(), Qt::IgnoreAction);
     EXPECT_EQ(Move(), Qt::IgnoreAction);
     EXPECT_EQ(Drop(), Qt::IgnoreAction);
-    target.answer = DROPEFFECT_LINK;
+    target.over = DROPEFFECT_LINK;
     EXPECT_EQ(Enter(), Qt::IgnoreAction);
     allowed |= Qt::LinkAction;
     EXPECT_EQ(Enter(), Qt::LinkAction);
 }
 
+TEST_F(QtDropTest, TheTargetIsToldOfADragUntilItLeavesOrTheTargetIsNoMore) {
+    DragCard();
+    Enter();
+    Leave();
+    EXPECT_THAT(target.calls, ElementsAre("enter", "leave"));
+    target.Revoke();
+    EXPECT_EQ(Enter(), Qt::IgnoreAction);
+    EXPECT_EQ(target.calls.size(), 2U);
+}
+
 TEST_F(QtDropTest, OtherDataIsntTheTargets) {
     mime.setText("a text");
     EXPECT_EQ(Enter(), Qt::IgnoreAction);
-    DragFiles({QUrl("https://example.org/c.vcf")});
+    mime.setUrls({QUrl("https://example.org/c.vcf")});
     EXPECT_EQ(Enter(), Qt::IgnoreAction);
     EXPECT_THAT(target.calls, IsEmpty());
 }
 
 TEST_F(QtDropTest, AnEditInsideLeavesTheFilesToTheTargetAndKeepsTexts) {
-    const QLineEdit& edit = AddEdit();
+    QLineEdit edit(&Widget(parent));
+    edit.setGeometry(100, 100, 100, 30);
+    edit.show();
     const QPoint inside(120, 110);
-    DragFiles({QUrl("file:///x/a.vcf")});
+    DragCard();
     EXPECT_EQ(Enter(inside), Qt::CopyAction);
     EXPECT_EQ(target.point, FromQt(inside));
     EXPECT_EQ(Move(inside), Qt::CopyAction);
@@ -156,29 +120,15 @@ TEST_F(QtDropTest, AWindowInsideWithADropOfItsOwnKeepsItsFiles) {
     child.Create(WS_CHILD, {200, 100, 300, 200}, &parent, 1);
     NotingTarget own;
     own.Register(&child);
-    DragFiles({QUrl("file:///x/a.vcf")});
+    DragCard();
 
     EXPECT_EQ(Enter({210, 120}), Qt::CopyAction);
     EXPECT_EQ(own.point, (CPoint{10, 20}));
     EXPECT_THAT(target.calls, IsEmpty());
 }
 
-TEST_F(QtDropTest, TheTargetIsToldWhenTheDragLeaves) {
-    DragFiles({QUrl("file:///x/a.vcf")});
-    Enter();
-    Leave();
-    EXPECT_EQ(target.calls.back(), "leave");
-}
-
-TEST_F(QtDropTest, WithoutATargetNothingIsTaken) {
-    target.Revoke();
-    DragFiles({QUrl("file:///x/a.vcf")});
-    EXPECT_EQ(Enter(), Qt::IgnoreAction);
-    EXPECT_THAT(target.calls, IsEmpty());
-}
-
 TEST_F(QtDropTest, TheHostMayTakeTheWindowAwayAtADrop) {
-    DragFiles({QUrl("file:///x/a.vcf")});
+    DragCard();
     target.whenDropped = [this] {
         target.Revoke();
         parent.DestroyWindow();
@@ -189,7 +139,7 @@ TEST_F(QtDropTest, TheHostMayTakeTheWindowAwayAtADrop) {
 }
 
 TEST_F(QtDropTest, PathsAreInTheCodePageOfTheSystem) {
-    DragFiles({QUrl::fromLocalFile(QString::fromUtf8("/x/\xE8\xA1\xA8.vcf"))});
+    mime.setUrls({QUrl::fromLocalFile(QString::fromUtf8("/x/\xE8\xA1\xA8.vcf"))});
     for (const LocaleCase& locale : kBothCodePages) {
         const LocaleInForce inForce(locale.tag, locale.codePage);
         Enter();

@@ -9,8 +9,6 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QTimer>
-#include <string>
-#include <vector>
 
 #include <gmock/gmock.h>
 
@@ -28,14 +26,13 @@ using testing::ElementsAre;
 // Takes no digit, and tells what came.
 class Edit : public CEdit {
 public:
-    static const MessageMap& ThisMap() {
-        static const MessageMap map{CEdit::ThisMap(),
-                                    {On<WM_CHAR>(&Edit::OnCharacter), On<WM_KEYDOWN>(&Edit::OnKey),
-                                     OnControlReflect<EN_CHANGE>(&Edit::OnChange)}};
+    const MessageMap& GetMessageMap() const override {
+        static const MessageMap map{
+            ThisMap(),
+            {On<WM_CHAR>(&Edit::OnCharacter), On<WM_KEYDOWN>(&Edit::OnKey),
+             On<WM_KILLFOCUS>(&Edit::OnFocusLost), OnControlReflect<EN_CHANGE>(&Edit::OnChange)}};
         return map;
     }
-    const MessageMap& GetMessageMap() const override { return ThisMap(); }
-
     CString Text() const {
         CString text;
         GetWindowText(text);
@@ -45,6 +42,7 @@ public:
     std::vector<UINT> characters;
     std::vector<UINT> keys;
     int changes = 0;
+    CWnd* next = nullptr;
 
 private:
     void OnCharacter(UINT character, UINT repeat, UINT flags) {
@@ -56,6 +54,7 @@ private:
         OnKeyDown(key, repeat, flags);
     }
     void OnChange() { ++changes; }
+    void OnFocusLost(CWnd* window) { next = window; }
 };
 
 class QtEditTest : public QtWindowFixture {
@@ -96,13 +95,14 @@ protected:
 };
 INSTANTIATE_TEST_SUITE_P(BothPages, QtEditPages, testing::ValuesIn(kBothCodePages));
 
-// The last character isn't in page 932.
-TEST_P(QtEditPages, WhatAnInputMethodCommitsIsTypedAndComesBackAsItself) {
-    Commit(QString::fromUtf8("平成é"));
+const QString kTyped = QString::fromUtf8("平成é");  // the last isn't in page 932
 
-    EXPECT_EQ(Line().text(), QString::fromUtf8("平成é"));
+TEST_P(QtEditPages, WhatAnInputMethodCommitsIsTypedAndComesBackAsItself) {
+    Commit(kTyped);
+
+    EXPECT_EQ(Line().text(), kTyped);
     EXPECT_EQ(edit.changes, 3);
-    EXPECT_EQ(edit.Text(), FromQt(QString::fromUtf8("平成é")));
+    EXPECT_EQ(edit.Text(), FromQt(kTyped));
     if (GetACP() == 932) {
         ASSERT_EQ(edit.characters.size(), 6U);
         EXPECT_EQ(edit.characters[0], 0x95U);
@@ -117,10 +117,7 @@ TEST_P(QtEditPages, TheCaretIsCountedInBytes) {
     const int afterWide = edit.Text().GetLength() - 1;
 
     Line().setCursorPosition(2);
-    int first = 0;
-    int last = 0;
-    edit.GetSel(first, last);
-    EXPECT_EQ(first, afterWide);
+    EXPECT_EQ(edit.SendMessage(EM_GETSEL), MAKELPARAM(afterWide, afterWide));
 
     edit.SetSel(1, afterWide);
     EXPECT_EQ(Line().selectedText(), QString::fromUtf8("東"));
@@ -182,33 +179,13 @@ TEST_F(QtEditTest, ADropIsTypedWhereItFalls) {
 }
 
 TEST_F(QtEditTest, AClickSetsTheCaretAndTheFocus) {
-    CEdit other;
-    other.Create(0, {10, 60, 200, 84}, &parent, 3);
-    other.SetFocus();
+    parent.SetFocus();
     edit.SetWindowText("abc");
 
     QTest::mouseClick(&Line(), Qt::LeftButton, {}, {150, 10});
 
     EXPECT_EQ(CWnd::GetFocus(), &edit);
     EXPECT_EQ(Line().cursorPosition(), 3);
-}
-
-TEST_F(QtEditTest, TheFocusIsTakenFromTheWindowThatHadIt) {
-    struct Watcher : CEdit {
-        void OnKill(CWnd* other) { next = other; }
-        const MessageMap& GetMessageMap() const override {
-            static const MessageMap map{CEdit::ThisMap(), {On<WM_KILLFOCUS>(&Watcher::OnKill)}};
-            return map;
-        }
-        CWnd* next = nullptr;
-    } watcher;
-    watcher.Create(0, {10, 60, 200, 84}, &parent, 3);
-    watcher.SetFocus();
-
-    Line().setFocus();
-
-    EXPECT_EQ(watcher.next, &edit);
-    EXPECT_EQ(CWnd::GetFocus(), &edit);
 }
 
 TEST_F(QtEditTest, TheTabKeyGoesToTheNextWindow) {
@@ -218,6 +195,7 @@ TEST_F(QtEditTest, TheTabKeyGoesToTheNextWindow) {
     Press(Qt::Key_Tab);
 
     EXPECT_EQ(CWnd::GetFocus(), &next);
+    EXPECT_EQ(edit.next, &next) << "the window that had the focus is told";
     EXPECT_THAT(edit.keys, ElementsAre(VK_TAB));
 }
 

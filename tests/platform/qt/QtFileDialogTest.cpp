@@ -67,27 +67,20 @@ private:
     void OnPlay() { ++plays; }
 };
 
-class QtFileDialogTest : public FileDialogOnScreen {};
+using QtFileDialogTest = FileDialogOnScreen;
 
-TEST_F(QtFileDialogTest, LabelsReadAsTheyAreTold) {
-    const TemplateModule module;
-    RowDialog dialog(&module);
-    Use([](QFileDialog& shown) {
-        EXPECT_EQ(Accept(shown).text(), "&Take");
-        EXPECT_EQ(Label(shown, "lookInLabel"), "From(&I):");
-        EXPECT_EQ(Label(shown, "fileNameLabel"), "Na&me:");
-        EXPECT_EQ(Label(shown, "fileTypeLabel"), "T&ype:");
-        for (const char* name : {"lookInLabel", "fileNameLabel", "fileTypeLabel"}) {
-            EXPECT_NE(shown.findChild<QLabel*>(name)->buddy(), nullptr) << name;
-        }
-    });
-    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
-}
-
-TEST_F(QtFileDialogTest, TheRowWorksAsItsTemplateAndTheDialogSay) {
+TEST_F(QtFileDialogTest, LabelsAndRowAreAsItsTemplateAndTheDialogSay) {
     const TemplateModule module;
     RowDialog dialog(&module);
     Use([&](QFileDialog& shown) {
+        EXPECT_EQ(Accept(shown).text(), "&Take");
+        const std::pair<const char*, const char*> labels[] = {
+            {"lookInLabel", "From(&I):"}, {"fileNameLabel", "Na&me:"}, {"fileTypeLabel", "T&ype:"}};
+        for (const auto& [name, text] : labels) {
+            EXPECT_EQ(Label(shown, name), text);
+            EXPECT_NE(shown.findChild<QLabel*>(name)->buddy(), nullptr) << name;
+        }
+
         const auto radios = shown.findChildren<QRadioButton*>();
         ASSERT_EQ(radios.size(), 2);
         EXPECT_TRUE(radios[0]->isChecked());

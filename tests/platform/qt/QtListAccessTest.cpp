@@ -4,10 +4,7 @@
 #include <QApplication>
 #include <QListView>
 #include <QTreeView>
-#include <array>
-#include <string>
 #include <utility>
-#include <vector>
 
 #include <gmock/gmock.h>
 
@@ -27,12 +24,11 @@ protected:
         list.Create(LVS_REPORT, {0, 0, 400, 200}, &parent, 1);
         list.InsertColumn(0, "Name", LVCFMT_LEFT, 100);
         list.InsertColumn(1, "City", LVCFMT_LEFT, 80);
-        constexpr std::array kRows{std::pair{"Lee", "Boston"}, std::pair{"Ito", "Tokyo"},
-                                   std::pair{"", ""}};
-        for (int row = 0; row < static_cast<int>(kRows.size()); ++row) {
-            const auto& [name, city] = kRows.at(static_cast<std::size_t>(row));
+        int row = 0;
+        for (const auto& [name, city] :
+             {std::pair{"Lee", "Boston"}, std::pair{"Ito", "Tokyo"}, std::pair{"", ""}}) {
             list.InsertItem(row, name);
-            list.SetItemText(row, 1, city);
+            list.SetItemText(row++, 1, city);
         }
         QtWindowSystem::NameList(list, "People", "Private");
         list.SetFocus();
@@ -46,7 +42,6 @@ protected:
 
     static std::vector<std::string> Names(const QAccessibleInterface& of) {
         std::vector<std::string> names;
-        names.reserve(static_cast<std::size_t>(of.childCount()));
         for (int child = 0; child < of.childCount(); ++child) {
             names.push_back(of.child(child)->text(QAccessible::Name).toStdString());
         }
@@ -68,8 +63,8 @@ TEST_F(QtListAccess, HeadingsComeBeforeRowsAndCellsAreInsideOfRows) {
 }
 
 TEST_F(QtListAccess, APartIsFoundWhereItIsSeen) {
-    const std::array<int, 2> order{1, 0};
-    list.SetColumnOrderArray(2, order.data());
+    constexpr int kOrder[] = {1, 0};
+    list.SetColumnOrderArray(2, kOrder);
     QAccessibleInterface& row = *Access().child(2);
     EXPECT_THAT(Names(row), ElementsAre("Boston", "Lee"));
     for (int place = 0; place < 2; ++place) {

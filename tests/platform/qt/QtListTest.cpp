@@ -7,16 +7,12 @@
 #include <QSignalSpy>
 #include <QToolTip>
 #include <QTreeView>
-#include <cstring>
-#include <string>
-#include <vector>
 
 #include <gmock/gmock.h>
 
 #include <platform/qt/QtFixture.h>
 #include <platform/qt/QtListPeer.h>
-#include <platform/text/MultiByte.h>
-#include <platform/window/CListCtrl.h>
+#include <platform/window/NotingList.h>
 
 namespace orvo {
 
@@ -24,48 +20,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-class List : public CListCtrl {
-public:
-    static const MessageMap& ThisMap() {
-        static const MessageMap map{
-            CListCtrl::ThisMap(),
-            {OnNotifyReflect<NM_CLICK>(&List::OnClick), OnNotifyReflect<NM_RCLICK>(&List::OnClick),
-             OnNotifyReflect<NM_DBLCLK>(&List::OnClick),
-             OnNotifyReflect<LVN_ITEMCHANGED>(&List::OnItemChanged),
-             OnNotifyReflect<LVN_GETINFOTIP>(&List::OnGetInfoTip),
-             OnNotifyReflect<LVN_COLUMNCLICK>(&List::OnColumnClick)}};
-        return map;
-    }
-    const MessageMap& GetMessageMap() const override { return ThisMap(); }
-
-    std::vector<int> Selected() const {
-        std::vector<int> rows;
-        POSITION position = GetFirstSelectedItemPosition();
-        while (position) rows.push_back(GetNextSelectedItem(position));
-        return rows;
-    }
-
-    std::vector<UINT> clicks;
-    int changes = 0;
-    int clickedHeading = -1;
-    bool goesOnClick = false;
-
-private:
-    void OnClick(NMHDR* header, LRESULT*) {
-        clicks.push_back(header->code);
-        if (goesOnClick) DestroyWindow();
-    }
-    void OnItemChanged(NMHDR*, LRESULT*) { ++changes; }
-    void OnGetInfoTip(NMHDR* header, LRESULT*) {
-        auto& tip = *reinterpret_cast<NMLVGETINFOTIP*>(header);
-        const std::string text = "<b>tip of " + std::to_string(tip.iItem);
-        lstrcpyn(tip.pszText, text.c_str(), tip.cchTextMax);
-    }
-    void OnColumnClick(NMHDR* header, LRESULT*) {
-        clickedHeading = reinterpret_cast<NMLISTVIEW*>(header)->iSubItem;
-    }
-};
 
 class QtListTest : public QtWindowFixture {
 protected:
@@ -79,59 +33,45 @@ protected:
         list.SetFocus();
     }
 
-    CPoint Cell(int row, int column = 0) const {
-        CRect rect;
-        EXPECT_TRUE(list.GetSubItemRect(row, column, LVIR_BOUNDS, &rect));
-        return rect.CenterPoint();
-    }
-    QHeaderView& Header() const { return *Widget(list).findChild<QTreeView*>()->header(); }
-    std::vector<int> Order() const {
-        std::vector<int> order(3);
-        list.GetColumnOrderArray(order.data());
-        return order;
+    QTreeView& Report() const { return *Widget(list).findChild<QTreeView*>(); }
+    QHeaderView& Header() const { return *Report().header(); }
+    QPoint InHeading(int x) const { return {x, Header().viewport()->height() / 2}; }
+    QtListPeer& Peer() const { return dynamic_cast<QtListPeer&>(*list.GetPeer()); }
+    // The tip that comes where the pointer rests.
+    QString TipAt(CPoint point) const {
+        QWidget& seen = *Widget(list).childAt(ToQt(point));
+        const QPoint place = seen.mapFrom(&Widget(list), ToQt(point));
+        QHelpEvent help(QEvent::ToolTip, place, seen.mapToGlobal(place));
+        QCoreApplication::sendEvent(&seen, &help);
+        const QString tip = QToolTip::text();
+        QToolTip::hideText();
+        return tip;
     }
 
-    List list;
+    NotingList list;
 };
 
-TEST_F(QtListTest, KeysMoveAndExtendTheSelection) {
-    Press(Qt::Key_Down);
-    Press(Qt::Key_Down);
-    Press(Qt::Key_Down, Qt::ShiftModifier);
-    EXPECT_THAT(list.Selected(), ElementsAre(1, 2));
-
-    Press(Qt::Key_End);
-
-    EXPECT_THAT(list.Selected(), ElementsAre(49));
-    EXPECT_EQ(list.GetNextItem(-1, LVNI_FOCUSED), 49);
-    EXPECT_GT(list.GetTopIndex(), 0);
-    EXPECT_GT(list.changes, 0);
-}
-
 TEST_F(QtListTest, AClickSelectsTheRowThatIsSeenThereAlsoWhenScrolled) {
-    Click(list, Cell(2));
-    Click(list, Cell(4, 1), Qt::LeftButton, Qt::ControlModifier);
+    Click(list, list.Cell(2));
+    Click(list, list.Cell(4, 1), Qt::LeftButton, Qt::ControlModifier);
     EXPECT_THAT(list.Selected(), ElementsAre(2, 4));
 
     list.EnsureVisible(49, 0);
-    Click(list, Cell(48), Qt::RightButton);
+    Click(list, list.Cell(48), Qt::RightButton);
 
     EXPECT_THAT(list.Selected(), ElementsAre(48));
-    EXPECT_THAT(list.clicks, ElementsAre(NM_CLICK, NM_CLICK, NM_RCLICK));
-}
+    EXPECT_THAT(list.ClickCodes(), ElementsAre(NM_CLICK, NM_CLICK, NM_RCLICK));
 
-TEST_F(QtListTest, ADoubleClickIsTold) {
-    QWidget& viewport = *Widget(list).findChild<QTreeView*>()->viewport();
+    QWidget& viewport = *Report().viewport();
     QTest::mouseDClick(&viewport, Qt::LeftButton, {},
-                       viewport.mapFrom(&Widget(list), ToQt(Cell(1))));
-
-    EXPECT_THAT(list.clicks, testing::Contains(NM_DBLCLK));
+                       viewport.mapFrom(&Widget(list), ToQt(list.Cell(48))));
+    EXPECT_THAT(list.ClickCodes(), testing::Contains(NM_DBLCLK));
 }
 
 TEST_F(QtListTest, AClickMayDestroyTheList) {
     list.goesOnClick = true;
 
-    Click(list, Cell(1));
+    Click(list, list.Cell(1));
 
     EXPECT_EQ(list.GetSafeHwnd(), nullptr);
     EXPECT_EQ(list.clicks.size(), 1U);
@@ -141,14 +81,16 @@ TEST_F(QtListTest, ColumnsThatTheUserMovesAndWidensAreTheLists) {
     Header().moveSection(2, 0);
     Header().resizeSection(1, 123);
 
-    EXPECT_THAT(Order(), ElementsAre(2, 0, 1));
+    std::vector<int> order(3);
+    list.GetColumnOrderArray(order.data());
+    EXPECT_THAT(order, ElementsAre(2, 0, 1));
     EXPECT_EQ(list.GetColumnWidth(1), 123);
     EXPECT_EQ(list.GetColumnWidth(0), 100);
 }
 
 TEST_F(QtListTest, TheUserDragsAColumnsEdge) {
     QWidget& heading = *Header().viewport();
-    const QPoint edge(99, heading.height() / 2);
+    const QPoint edge = InHeading(99);
 
     QTest::mousePress(&heading, Qt::LeftButton, {}, edge);
     QTest::mouseMove(&heading, edge + QPoint(30, 0));
@@ -180,21 +122,18 @@ TEST_F(QtListTest, ColumnsComeAndGoInTheHeadingToo) {
 
 TEST_F(QtListTest, AClickOnAHeadingNamesTheColumnWhereverItStands) {
     Header().moveSection(2, 0);
-    QWidget& heading = *Header().viewport();
-
-    QTest::mouseClick(&heading, Qt::LeftButton, {}, {20, heading.height() / 2});
-
+    QTest::mouseClick(Header().viewport(), Qt::LeftButton, {}, InHeading(20));
     EXPECT_EQ(list.clickedHeading, 2);
 }
 
 TEST_F(QtListTest, PlacesFollowTheHeadingThatIsScrolledAside) {
     list.SetColumnWidth(0, 500);
     QCoreApplication::processEvents();
-    const CPoint before = Cell(1, 1);
+    const CPoint before = list.Cell(1, 1);
 
-    Widget(list).findChild<QTreeView*>()->horizontalScrollBar()->setValue(40);
+    Report().horizontalScrollBar()->setValue(40);
 
-    EXPECT_EQ(Cell(1, 1), before - CPoint({40, 0}));
+    EXPECT_EQ(list.Cell(1, 1), before - CPoint({40, 0}));
     CRect heading;
     list.GetHeaderCtrl()->SendMessage(HDM_GETITEMRECT, 1, LParamOf(&heading));
     EXPECT_EQ(heading.left, Header().sectionViewportPosition(1));
@@ -202,8 +141,7 @@ TEST_F(QtListTest, PlacesFollowTheHeadingThatIsScrolledAside) {
 
 TEST_F(QtListTest, ARowIsPaintedWhereItsRectangleSays) {
     list.SetItemState(3, LVIS_SELECTED, LVIS_SELECTED);
-    CRect row;
-    list.GetItemRect(3, &row, LVIR_BOUNDS);
+    const CRect row = list.Part(3, LVIR_BOUNDS);
     CRect below = row;
     below.OffsetRect({0, row.Height()});
 
@@ -226,13 +164,8 @@ TEST_F(QtListTest, APictureIsPaintedWithoutThePixelsOfItsMask) {
     images.Create(16, 16, ILC_COLOR24 | ILC_MASK, 1, 0);
     images.Add(bitmap, kMask);
     list.SetImageList(&images, LVSIL_SMALL);
-    LVITEM item;
-    item.mask = LVIF_IMAGE;
-    item.iItem = 2;
-    item.iImage = 0;
-    list.SetItem(item);
-    CRect icon;
-    list.GetItemRect(2, &icon, LVIR_ICON);
+    Peer().SetImage(2, 0);
+    const CRect icon = list.Part(2, LVIR_ICON);
 
     const QImage picture = Picture(list);
 
@@ -242,20 +175,14 @@ TEST_F(QtListTest, APictureIsPaintedWithoutThePixelsOfItsMask) {
 
 TEST_F(QtListTest, InIconModesRowsStandInLinesAndGiveTips) {
     list.SetView(LVS_ICON);
-    CRect icon;
-    ASSERT_TRUE(list.GetItemRect(1, &icon, LVIR_ICON));
-    Click(list, icon.CenterPoint());
+    const CPoint icon = list.Part(1, LVIR_ICON).CenterPoint();
+    Click(list, icon);
     EXPECT_THAT(list.Selected(), ElementsAre(1));
     Press(Qt::Key_Right);
-    EXPECT_THAT(list.Selected(), ElementsAre(2));
-
-    QWidget& seen = *Widget(list).childAt(ToQt(icon.CenterPoint()));
-    const QPoint place = seen.mapFrom(&Widget(list), ToQt(icon.CenterPoint()));
-    QHelpEvent help(QEvent::ToolTip, place, seen.mapToGlobal(place));
-    QCoreApplication::sendEvent(&seen, &help);
-
-    EXPECT_TRUE(QToolTip::text().contains("&lt;b&gt;tip")) << QToolTip::text().toStdString();
-    QToolTip::hideText();
+    Press(Qt::Key_Right, Qt::ShiftModifier);
+    EXPECT_THAT(list.Selected(), ElementsAre(2, 3));
+    EXPECT_GT(list.changes, 0);
+    EXPECT_TRUE(TipAt(icon).contains("&lt;b&gt;tip"));
 }
 
 TEST_F(QtListTest, AnIconPlacedBelowAllOthersCanBeScrolledTo) {
@@ -264,22 +191,20 @@ TEST_F(QtListTest, AnIconPlacedBelowAllOthersCanBeScrolledTo) {
 
     list.EnsureVisible(0, 0);
 
-    CRect icon;
-    list.GetItemRect(0, &icon, LVIR_ICON);
+    const CRect icon = list.Part(0, LVIR_ICON);
     EXPECT_EQ(list.HitTest(icon.CenterPoint()), 0);
     EXPECT_GE(icon.top, 0);
     EXPECT_LE(icon.bottom, 200);
 }
 
 TEST_F(QtListTest, CardsAreScrolledAsideByColumnsAndClickedWhereTheyAreSeen) {
-    auto& peer = dynamic_cast<ListPeer&>(*list.GetPeer());
+    ListPeer& peer = Peer();
     peer.SetCardSize({100, 60});
     peer.SetMode(ListMode::Card);
     ASSERT_GT(peer.RowsPerLine(), 1);
 
     peer.EnsureVisible(49, false);
-    CRect card;
-    ASSERT_TRUE(peer.RowRect(49, RowPart::Bounds, card));
+    const CRect card = list.Part(49, LVIR_BOUNDS);
     EXPECT_GT(peer.TopRow(), 0);
     EXPECT_LE(card.right, 400);
     Click(list, card.CenterPoint());
@@ -303,7 +228,7 @@ TEST_F(QtListTest, WhileDrawingIsOffNothingIsPainted) {
 }
 
 TEST_F(QtListTest, QtHearsOfAllThatChangedWhileDrawingWasOffAsOneReset) {
-    const QAbstractItemModel& model = *Widget(list).findChild<QTreeView*>()->model();
+    const QAbstractItemModel& model = *Report().model();
     const QSignalSpy inserts(&model, &QAbstractItemModel::rowsInserted);
     const QSignalSpy removals(&model, &QAbstractItemModel::rowsRemoved);
     const QSignalSpy resets(&model, &QAbstractItemModel::modelReset);
@@ -318,18 +243,17 @@ TEST_F(QtListTest, QtHearsOfAllThatChangedWhileDrawingWasOffAsOneReset) {
 
     EXPECT_EQ(inserts.count() + removals.count(), 0);
     EXPECT_EQ(resets.count(), 1);
-    EXPECT_EQ(Widget(list).findChild<QTreeView*>()->currentIndex().row(), 50);
+    EXPECT_EQ(Report().currentIndex().row(), 50);
     EXPECT_EQ(Header().sectionSize(1), list.GetColumnWidth(1));
 }
 
 TEST_F(QtListTest, AssistiveTechnologyFindsIconsWhereTheyAreSeen) {
     list.SetView(LVS_ICON);
     auto& icons = *Widget(list).findChild<QListView*>();
-    CRect bounds;
-    list.GetItemRect(3, &bounds, LVIR_BOUNDS);
+    const QRect bounds = ToQt(list.Part(3, LVIR_BOUNDS));
 
-    EXPECT_EQ(icons.visualRect(icons.model()->index(3, 0)), ToQt(bounds));
-    EXPECT_EQ(icons.indexAt(ToQt(bounds).center()).row(), 3);
+    EXPECT_EQ(icons.visualRect(icons.model()->index(3, 0)), bounds);
+    EXPECT_EQ(icons.indexAt(bounds.center()).row(), 3);
     icons.scrollTo(icons.model()->index(49, 0));
     EXPECT_GT(list.GetTopIndex(), 0);
 }
@@ -341,8 +265,7 @@ TEST_F(QtListTest, TheHeadingMarksTheColumnByWhichTheRowsAreSortedWhereverItStan
     list.SetColumn(1, content);
     EXPECT_EQ(Header().sortIndicatorSection(), 1);
 
-    QWidget& heading = *Header().viewport();
-    QTest::mouseClick(&heading, Qt::LeftButton, {}, {20, heading.height() / 2});
+    QTest::mouseClick(Header().viewport(), Qt::LeftButton, {}, InHeading(20));
     EXPECT_EQ(list.clickedHeading, 0);
     EXPECT_EQ(Header().sortIndicatorSection(), 1) << "a click alone sorts nothing";
 
@@ -382,8 +305,7 @@ int FirstInk(const QImage& picture, int top, int bottom) {
 
 TEST_F(QtListTest, AHeadingBeginsWhereTheTextsBelowItDo) {
     list.SetItemText(2, 0, "Name");
-    CRect row;
-    list.GetItemRect(2, &row, LVIR_BOUNDS);
+    const CRect row = list.Part(2, LVIR_BOUNDS);
 
     const QImage picture = Picture(list);
 
@@ -396,19 +318,44 @@ TEST_F(QtListTest, ATextThatIsCutIsTheTipOfItsCell) {
     const char* text = "A <b>text</b> that is far too long for its column";
     list.SetItemText(1, 0, text);
     list.SetItemText(1, 2, "short");
-    const auto& peer = dynamic_cast<QtListPeer&>(*list.GetPeer());
-    EXPECT_EQ(peer.CutText(Cell(1, 0)), CString(text));
-    EXPECT_EQ(peer.CutText(Cell(1, 2)), CString());
-    EXPECT_EQ(peer.CutText(Cell(2, 0)), CString());
+    const QtListPeer& peer = Peer();
+    EXPECT_EQ(peer.CutText(list.Cell(1, 0)), CString(text));
+    EXPECT_EQ(peer.CutText(list.Cell(1, 2)), CString());
+    EXPECT_EQ(peer.CutText(list.Cell(2, 0)), CString());
     EXPECT_EQ(peer.CutText({399, 199}), CString()) << "below all rows";
+    EXPECT_TRUE(TipAt(list.Cell(1, 0)).contains("A &lt;b&gt;text"));
+}
 
-    QWidget& seen = *Widget(list).childAt(ToQt(Cell(1, 0)));
-    const QPoint place = seen.mapFrom(&Widget(list), ToQt(Cell(1, 0)));
-    QHelpEvent help(QEvent::ToolTip, place, seen.mapToGlobal(place));
-    QCoreApplication::sendEvent(&seen, &help);
+// A list that hasn't been shown yet knows where its rows will stand.
+struct QtHiddenList : testing::Test {
+    QtHiddenList() {
+        parent.Create(WS_POPUP, {0, 0, 500, 400}, nullptr, 0);
+        list.Create(LVS_REPORT, {0, 0, 500, 330}, &parent, 1);
+    }
+    QtSystemInForce system;
+    CWnd parent;
+    CListCtrl list;
+};
 
-    EXPECT_TRUE(QToolTip::text().contains("A &lt;b&gt;text")) << QToolTip::text().toStdString();
-    QToolTip::hideText();
+TEST_F(QtHiddenList, HasAsManyCardsInALineAsItsHeightHolds) {
+    auto& peer = dynamic_cast<ListPeer&>(*list.GetPeer());
+    peer.SetCardSize({100, 100 - kCardGutter});
+    peer.SetMode(ListMode::Card);
+    for (int row = 0; row < 8; ++row) list.InsertItem(row, "x");
+
+    EXPECT_EQ(peer.RowsPerLine(), 3);
+    list.MoveWindow({0, 0, 500, 430});
+    EXPECT_EQ(peer.RowsPerLine(), 4);
+}
+
+TEST_F(QtHiddenList, KnowsItsPlacesBeforeItIsShown) {
+    list.InsertColumn(0, "Name", LVCFMT_LEFT, 100);
+    for (int row = 0; row < 1000; ++row) list.InsertItem(row, "x");
+
+    list.EnsureVisible(999, 0);
+
+    EXPECT_GT(list.GetCountPerPage(), 4);
+    EXPECT_EQ(list.GetTopIndex(), 1000 - list.GetCountPerPage());
 }
 
 }  // namespace

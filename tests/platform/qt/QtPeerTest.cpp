@@ -1,23 +1,19 @@
-// The peers on the screen keep the contract of peers.
+// The suites of all peers run on those of the screen.
 // SPDX-License-Identifier: MIT
 #include <QTest>
 
-#include <contract/PeerContract.h>
-#include <contract/TimerContract.h>
+#include <contract/PeerSystem.h>
 #include <platform/qt/QtWindowSystem.h>
 #include <support/Patience.h>
 
 namespace orvo {
 
-INSTANTIATE_TYPED_TEST_SUITE_P(Qt, ListPeerContract, QtWindowSystem);
-INSTANTIATE_TYPED_TEST_SUITE_P(Qt, EditPeerContract, QtWindowSystem);
+std::unique_ptr<WindowSystem> MakeWindowSystem() {
+    return std::make_unique<QtWindowSystem>();
+}
 
-struct QtClock {
-    using System = QtWindowSystem;
-    static bool Run(System&, const std::function<bool()>& isDone) {
-        return QTest::qWaitFor(isDone, kPatience);
-    }
-};
-INSTANTIATE_TYPED_TEST_SUITE_P(Qt, TimerContract, QtClock);
+bool RunUntil(WindowSystem&, const std::function<bool()>& isDone) {
+    return QTest::qWaitFor(isDone, kPatience);
+}
 
 }  // namespace orvo

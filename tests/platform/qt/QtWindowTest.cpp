@@ -4,8 +4,6 @@
 #include <QPalette>
 #include <QScreen>
 #include <functional>
-#include <string>
-#include <vector>
 
 #include <gmock/gmock.h>
 
@@ -26,16 +24,15 @@ constexpr COLORREF kBlue = RGB(0, 0, 255);
 
 class Window : public CWnd {
 public:
-    static const MessageMap& ThisMap() {
+    const MessageMap& GetMessageMap() const override {
         static const MessageMap map{
-            CWnd::ThisMap(),
+            ThisMap(),
             {On<WM_DESTROY>(&Window::OnGone), On<WM_SIZE>(&Window::OnSized),
              On<WM_PAINT>(&Window::OnPaint), On<WM_SYSCOLORCHANGE>(&Window::OnColours),
              On<WM_APP>(&Window::OnApp), On<WM_SETCURSOR>(&Window::OnShape),
              On<WM_LBUTTONDOWN>(&Window::OnPressed)}};
         return map;
     }
-    const MessageMap& GetMessageMap() const override { return ThisMap(); }
 
     std::vector<std::string> told;
     HCURSOR shape = nullptr;
@@ -69,21 +66,30 @@ private:
 class QtWindowTest : public testing::Test {
 protected:
     void SetUp() override { window.Create(WS_POPUP | WS_VISIBLE, {20, 20, 220, 120}, nullptr, 0); }
-    static QWidget& Widget(const CWnd& window) { return *QtWindowSystem::WidgetOf(&window); }
+    QWidget& Shown() const { return *QtWindowSystem::WidgetOf(&window); }
+    static int Pixels(const QImage& picture, COLORREF colour) {
+        return PixelsOf(picture, {0, 0, 200, 100}, colour);
+    }
+    // How many pixels of the colour it has once it is painted.
+    int Painted(COLORREF colour) const { return Pixels(Shown().grab().toImage(), colour); }
+    // The same of what stands on the screen, without a paint.
+    int Seen(COLORREF colour) const {
+        return Pixels(Shown().screen()->grabWindow(Shown().winId()).toImage(), colour);
+    }
 
     QtSystemInForce system;
     Window window;
 };
 
 TEST_F(QtWindowTest, ClosingItDestroysTheWindow) {
-    Widget(window).close();
+    Shown().close();
 
     EXPECT_EQ(window.GetSafeHwnd(), nullptr);
     EXPECT_THAT(window.told, ElementsAre("gone"));
 }
 
 TEST_F(QtWindowTest, TheUsersSizesAreTold) {
-    Widget(window).resize(300, 100);
+    Shown().resize(300, 100);
     window.MoveWindow({20, 20, 420, 120});
 
     EXPECT_THAT(window.told, ElementsAre("size 300", "size 400"));
@@ -92,33 +98,28 @@ TEST_F(QtWindowTest, TheUsersSizesAreTold) {
 TEST_F(QtWindowTest, PaintsItselfAndKeepsWhatIsDrawnOnItUntilItPaintsAnew) {
     { CClientDC(&window).FillSolidRect({50, 10, 60, 20}, kBlue); }
 
-    const QImage drawn = Widget(window).grab().toImage();
-    EXPECT_EQ(PixelsOf(drawn, {0, 0, 200, 100}, kRed), 400);
-    EXPECT_EQ(PixelsOf(drawn, {0, 0, 200, 100}, kBlue), 100);
+    const QImage drawn = Shown().grab().toImage();
+    EXPECT_EQ(Pixels(drawn, kRed), 400);
+    EXPECT_EQ(Pixels(drawn, kBlue), 100);
 
     window.Invalidate();
-    EXPECT_EQ(PixelsOf(Widget(window).grab().toImage(), {0, 0, 200, 100}, kBlue), 0);
-}
-
-// What stands on the screen, without a paint.
-QImage Seen(QWidget& widget) {
-    return widget.screen()->grabWindow(widget.winId()).toImage();
+    EXPECT_EQ(Painted(kBlue), 0);
 }
 
 TEST_F(QtWindowTest, EachPieceThatIsDrawnIsSeenBeforeTheEventLoopTurns) {
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&Widget(window), kPatience));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&Shown(), kPatience));
     CClientDC dc(&window);
     dc.SetPenColor(kBlue);
     for (int piece = 0; piece < 5; ++piece) {
         dc.MoveTo(50 + 10 * piece, 40);
         dc.LineTo(59 + 10 * piece, 40);
-        EXPECT_EQ(PixelsOf(Seen(Widget(window)), {0, 0, 200, 100}, kBlue), 10 * (piece + 1));
+        EXPECT_EQ(Seen(kBlue), 10 * (piece + 1));
     }
-    EXPECT_EQ(PixelsOf(Seen(Widget(window)), {0, 0, 200, 100}, kRed), 400);
+    EXPECT_EQ(Seen(kRed), 400);
 }
 
 TEST_F(QtWindowTest, APaintThatDrawsOnItsWindowPaintsOnceMoreAndNotInsideItself) {
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&Widget(window), kPatience));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&Shown(), kPatience));
     QCoreApplication::processEvents();
     window.onPaint = [this] {
         if (window.paints == 1) CClientDC(&window).FillSolidRect({50, 10, 60, 20}, kBlue);
@@ -133,16 +134,15 @@ TEST_F(QtWindowTest, APaintThatDrawsOnItsWindowPaintsOnceMoreAndNotInsideItself)
 
     EXPECT_EQ(window.paints, 2);
     window.onPaint = nullptr;
-    EXPECT_EQ(PixelsOf(Widget(window).grab().toImage(), {0, 0, 200, 100}, kBlue), 100);
+    EXPECT_EQ(Painted(kBlue), 100);
 }
 
 TEST_F(QtWindowTest, AWindowMayGoWhileItIsDrawnOn) {
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&Widget(window), kPatience));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&Shown(), kPatience));
     CClientDC dc(&window);
     window.onPaint = [this] { window.DestroyWindow(); };
 
-    dc.FillSolidRect({50, 10, 60, 20}, kBlue);
-    dc.FillSolidRect({70, 10, 80, 20}, kBlue);
+    for (const int left : {50, 70}) dc.FillSolidRect({left, 10, left + 10, 20}, kBlue);
 
     EXPECT_EQ(window.GetSafeHwnd(), nullptr);
 }
@@ -196,12 +196,12 @@ TEST_F(QtWindowTest, ACursorIsShownOverTheWindowUnderThePointer) {
     picture.hotSpot = {3, 4};
 
     window.shape = LoadStandardCursor(IDC_HAND);
-    QTest::mouseMove(&Widget(window), {5, 5});
-    EXPECT_EQ(Widget(window).cursor().shape(), Qt::PointingHandCursor);
+    QTest::mouseMove(&Shown(), {5, 5});
+    EXPECT_EQ(Shown().cursor().shape(), Qt::PointingHandCursor);
 
     window.shape = &picture;
-    QTest::mouseMove(&Widget(window), {6, 5});
-    EXPECT_EQ(Widget(window).cursor().hotSpot(), QPoint(3, 4));
+    QTest::mouseMove(&Shown(), {6, 5});
+    EXPECT_EQ(Shown().cursor().hotSpot(), QPoint(3, 4));
     {
         const CWaitCursor waits;
         ASSERT_NE(QApplication::overrideCursor(), nullptr);
@@ -212,7 +212,7 @@ TEST_F(QtWindowTest, ACursorIsShownOverTheWindowUnderThePointer) {
 }
 
 TEST_F(QtWindowTest, AButtonComesWithThePlaceInTheWindow) {
-    QTest::mouseClick(&Widget(window), Qt::LeftButton, Qt::ShiftModifier, {33, 5});
+    QTest::mouseClick(&Shown(), Qt::LeftButton, Qt::ShiftModifier, {33, 5});
 
     EXPECT_THAT(window.told, ElementsAre("press 33 5"));  // MK_LBUTTON | MK_SHIFT
 }
@@ -235,11 +235,10 @@ TEST(QtText, IsMeasuredAndCutInTheSystemsCodePage) {
     for (const LocaleCase& each : kBothCodePages) {
         const LocaleInForce locale(each.tag, each.codePage);
         const CDC dc;
-        const CString text = FromQt(QString::fromUtf8("平成é"));
-        EXPECT_EQ(ToQt(text.View()), QString::fromUtf8("平成é")) << each.tag;
-        EXPECT_EQ(dc.GetTextExtent(text).cx,
-                  QFontMetrics(QApplication::font()).horizontalAdvance(QString::fromUtf8("平成é")))
-            << each.tag;
+        const QString text = QString::fromUtf8("平成é");
+        EXPECT_EQ(ToQt(FromQt(text).View()), text) << each.tag;
+        EXPECT_EQ(dc.GetTextExtent(FromQt(text)).cx,
+                  QFontMetrics(QApplication::font()).horizontalAdvance(text));
     }
 }
 

@@ -1,7 +1,6 @@
 // Lists in card mode: where cards stand, what is in view, where keys go.
 // SPDX-License-Identifier: MIT
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <platform/window/ListInput.h>
 #include <platform/window/MemoryListPeer.h>

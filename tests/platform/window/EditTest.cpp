@@ -1,10 +1,8 @@
 // Edit controls: typing, deleting and selecting whole characters on every code page.
 // SPDX-License-Identifier: MIT
-#include <string>
-
 #include <gtest/gtest.h>
 
-#include <platform/text/CodePage.h>
+#include <platform/text/SystemText.h>
 #include <platform/window/CEdit.h>
 #include <platform/window/MemoryEditPeer.h>
 #include <platform/window/WindowFixture.h>
@@ -15,16 +13,13 @@ namespace orvo {
 
 namespace {
 
-class Form : public CWnd {
-public:
+struct Form : CWnd {
     const MessageMap& GetMessageMap() const override {
         static const MessageMap map{ThisMap(), {OnControl<EN_CHANGE>(4, &Form::OnChange)}};
         return map;
     }
-    int changes = 0;
-
-private:
     void OnChange() { ++changes; }
+    int changes = 0;
 };
 
 class EditTest : public testing::TestWithParam<LocaleCase> {
@@ -35,17 +30,10 @@ protected:
         edit.SetFocus();
     }
 
-    static CString InPage(std::string_view utf8) {
-        std::string bytes;
-        CodePage::System().FromUtf8(utf8, bytes);
-        return CString(bytes);
-    }
     std::string Text() const {
         CString text;
         edit.GetWindowText(text);
-        std::string utf8;
-        CodePage::System().ToUtf8(text.View(), utf8);
-        return utf8;
+        return ToUtf8(text);
     }
     EditSelection Selection() const {
         EditSelection selection;
@@ -86,19 +74,19 @@ TEST_P(EditTest, KeysChangeWholeCharacters) {
 }
 
 TEST_P(EditTest, ATypedCharacterReplacesTheSelection) {
-    edit.SetWindowText(InPage("a表あz"));
-    const int end = InPage("a表あ").GetLength();
+    edit.SetWindowText(SystemText("a表あz"));
+    const int end = SystemText("a表あ").GetLength();
     edit.SetSel(1, end);
 
     system.TypeText("é");
 
     EXPECT_EQ(Text(), "aéz");
-    EXPECT_EQ(Selection().caret, 1 + InPage("é").GetLength());
+    EXPECT_EQ(Selection().caret, 1 + SystemText("é").GetLength());
 }
 
 TEST_P(EditTest, ShiftDrawsASelectionThatTheNextArrowLeaves) {
-    edit.SetWindowText(InPage("表あ"));
-    const int one = InPage("表").GetLength();
+    edit.SetWindowText(SystemText("表あ"));
+    const int one = SystemText("表").GetLength();
 
     system.PressKey(VK_RIGHT, {VK_SHIFT});
     EXPECT_EQ(Selection(), (EditSelection{0, one}));
@@ -108,22 +96,20 @@ TEST_P(EditTest, ShiftDrawsASelectionThatTheNextArrowLeaves) {
 }
 
 TEST_P(EditTest, SelectionMessagesNeverSplitACharacter) {
-    edit.SetWindowText(InPage("表あ"));
-    const int one = InPage("表").GetLength();
+    edit.SetWindowText(SystemText("表あ"));
+    const int one = SystemText("表").GetLength();
 
     edit.SendMessage(EM_SETSEL, 1, -1);
     EXPECT_EQ(Selection(), (EditSelection{0, 2 * one}));
     edit.SendMessage(EM_SETSEL, static_cast<WPARAM>(one + 1), one + 1);
 
-    DWORD first = 0;
     DWORD last = 0;
-    edit.SendMessage(EM_GETSEL, reinterpret_cast<WPARAM>(&first), LParamOf(&last));
-    EXPECT_EQ(first, static_cast<DWORD>(one));
+    EXPECT_EQ(edit.SendMessage(EM_GETSEL, 0, LParamOf(&last)), MAKELPARAM(one, one));
     EXPECT_EQ(last, static_cast<DWORD>(one));
 }
 
 TEST_P(EditTest, ClearRemovesTheSelectionAndTellsTheParent) {
-    edit.SetWindowText(InPage("表あ"));
+    edit.SetWindowText(SystemText("表あ"));
     form.changes = 0;
 
     edit.Clear();
@@ -150,16 +136,16 @@ constexpr WPARAM kControlV = 22;
 constexpr WPARAM kControlX = 24;
 
 TEST_P(EditTest, TheClipboardTakesAndGivesWholeText) {
-    edit.SetWindowText(InPage("a表あz"));
+    edit.SetWindowText(SystemText("a表あz"));
     system.SetClipboardText("before");
     edit.Copy();
     edit.Cut();
     EXPECT_EQ(system.ClipboardText(), "before") << "nothing was selected";
 
-    const int one = InPage("表").GetLength();
+    const int one = SystemText("表").GetLength();
     edit.SetSel(1, 1 + one);
     edit.SendMessage(WM_CHAR, kControlC);
-    EXPECT_EQ(system.ClipboardText(), InPage("表"));
+    EXPECT_EQ(system.ClipboardText(), SystemText("表"));
     EXPECT_EQ(Text(), "a表あz");
     form.changes = 0;
     edit.SendMessage(WM_CHAR, kControlX);
@@ -177,8 +163,7 @@ TEST_P(EditTest, APasteTakesTheFirstLineAndWhatFits) {
         const char* why;
         std::string_view clipboard;
         const char* want;
-        int limit;
-        int beeps;
+        int limit, beeps;
     };
     constexpr Row kRows[] = {
         {"to the line feed", "ab\ncd", "<ab>", 9, 0},
@@ -194,7 +179,7 @@ TEST_P(EditTest, APasteTakesTheFirstLineAndWhatFits) {
         edit.SetWindowText("<>");
         edit.SetSel(1, 1);
         edit.LimitText(row.limit);
-        system.SetClipboardText(InPage(row.clipboard));
+        system.SetClipboardText(SystemText(row.clipboard));
         const int beeps = system.Beeps();
         edit.SendMessage(WM_PASTE);
         EXPECT_EQ(Text(), row.want) << row.why;
@@ -207,20 +192,16 @@ TEST(DoubleByteEdit, ALeadByteWaitsAndIsForgottenWithoutATrailByteThatFits) {
     const SystemInForce system;
     CEdit edit;
     edit.Create(WS_POPUP, {0, 0, 100, 20}, nullptr, 0);
-    CString text;
-
-    edit.SendMessage(WM_CHAR, 0x95);
-    edit.GetWindowText(text);
-    EXPECT_EQ(text, CString());
-    edit.SendMessage(WM_CHAR, 0x5C);
-    edit.GetWindowText(text);
-    EXPECT_EQ(text, CString("\x95\x5C"));
-
-    edit.SendMessage(WM_CHAR, 0x95);
-    edit.SendMessage(WM_CHAR, '1');
-    edit.GetWindowText(text);
-    EXPECT_EQ(text, CString("\x95\x5C"
-                            "1"));
+    struct Row {
+        UINT byte;
+        const char* want;
+    };
+    for (const Row& row : {Row{0x95, ""}, {0x5C, "表"}, {0x95, "表"}, {'1', "表1"}}) {
+        edit.SendMessage(WM_CHAR, row.byte);
+        CString text;
+        edit.GetWindowText(text);
+        EXPECT_EQ(ToUtf8(text), row.want);
+    }
 }
 
 }  // namespace

@@ -26,15 +26,11 @@ public:
 
     std::vector<CString> calls;
     BOOL refusal = 0;
-    CWnd* destroyedByName = nullptr;
 
 protected:
     BOOL OnInitDialog() override { return Note("init"); }
     void OnInitDone() override { Note("done"); }
-    void OnFileNameChange() override {
-        Note(CString("change ") + GetFileTitle());
-        if (destroyedByName) destroyedByName->DestroyWindow();
-    }
+    void OnFileNameChange() override { Note(CString("change ") + GetFileTitle()); }
     BOOL OnFileNameOK() override {
         Note("ok");
         return std::exchange(refusal, 0);
@@ -107,83 +103,20 @@ TEST_F(FileDialogTest, ACancelledDialogGivesNoPath) {
     EXPECT_THAT(dialog.calls, ElementsAre("init", "done", "change a"));
 }
 
-TEST_F(FileDialogTest, AHandlerMayDestroyTheDialog) {
-    RecordingDialog dialog(1);
-    dialog.destroyedByName = &dialog;
-    system.UseFileDialog([](MemoryFileDialogPeer& shown) { shown.TypeFileName("a.vcf"); });
-    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
-}
-
-TEST_F(FileDialogTest, NamesThatWontDoAreToldAndExistingOnesAskedAbout) {
-    const CString there(folder.File("there.vcf", "x"));
-    const CString absent(folder.Path("absent.vcf"));
-    const CString nowhere(folder.Path("no/where.vcf"));
-    struct Row {
-        const char* why;
-        BOOL opens;
-        DWORD flags;
-        CString name;
-        std::vector<int> answers;
-        int want;
-    };
-    const Row rows[] = {
-        {"overwrite", 0, OFN_OVERWRITEPROMPT, there, {IDYES}, IDOK},
-        {"don't overwrite", 0, OFN_OVERWRITEPROMPT, there, {IDNO}, IDCANCEL},
-        {"a new file", 0, OFN_OVERWRITEPROMPT, absent, {}, IDOK},
-        {"without a question", 0, 0, there, {}, IDOK},
-        {"opening asks nothing", 1, OFN_OVERWRITEPROMPT, there, {}, IDOK},
-        {"must exist", 1, OFN_FILEMUSTEXIST, absent, {IDOK}, IDCANCEL},
-        {"does exist", 1, OFN_FILEMUSTEXIST, there, {}, IDOK},
-        {"need not exist", 1, 0, absent, {}, IDOK},
-        {"no such folder", 0, OFN_PATHMUSTEXIST, nowhere, {IDOK}, IDCANCEL},
-        {"a folder in which to open", 1, OFN_FILEMUSTEXIST, nowhere, {IDOK}, IDCANCEL},
-    };
-    for (const Row& row : rows) {
-        CFileDialog dialog(row.opens, nullptr, row.name, row.flags);
-        for (const int answer : row.answers) system.AnswerMessageBox(answer);
-        system.UseFileDialog([](MemoryFileDialogPeer& shown) { shown.PressOk(); });
-        EXPECT_EQ(dialog.DoModal(), row.want) << row.why;
-        EXPECT_FALSE(system.HasAnswersLeft()) << row.why;
-    }
-}
-
 TEST_F(FileDialogTest, TheTitleIsTheNameWithoutFolderAndExtension) {
     struct Row {
-        const char* path;
-        const char* name;
-        const char* title;
+        const char *path, *name, *title;
     };
-    const Row rows[] = {
-        {"/a.b/ring.tone.wav", "ring.tone.wav", "ring.tone"},
-        {"/a.b/ring", "ring", "ring"},
-        {"/a/.wav", ".wav", ".wav"},
-        {"", "", ""},
-    };
-    for (const Row& row : rows) {
+    for (const Row& row : {Row{"/a.b/ring.tone.wav", "ring.tone.wav", "ring.tone"},
+                           {"/a.b/ring", "ring", "ring"},
+                           {"/a/.wav", ".wav", ".wav"},
+                           {"", "", ""}}) {
         CFileDialog dialog(0, nullptr, row.path, 0);
         system.UseFileDialog([&](MemoryFileDialogPeer&) {
             EXPECT_EQ(dialog.GetFileName(), row.name);
             EXPECT_EQ(dialog.GetFileTitle(), row.title) << row.path;
         });
         dialog.DoModal();
-    }
-}
-
-TEST_F(FileDialogTest, AFileIsFoundByItsNameInTheCodePage) {
-    folder.File("\xE8\xA1\xA8.vcf", "x");
-    for (const LocaleCase& page : kBothCodePages) {
-        const LocaleInForce locale(page.tag, page.codePage);
-        // In 932 the second byte is that of '\\'.
-        const CString name = page.codePage == 932 ? "\x95\x5C" : "\xE8\xA1\xA8";
-        CFileDialog dialog(1, "vcf", nullptr, OFN_FILEMUSTEXIST);
-        const CString initial(folder.Path(""));
-        dialog.m_ofn.lpstrInitialDir = initial;
-        system.UseFileDialog([&](MemoryFileDialogPeer& shown) {
-            shown.TypeFileName(name);
-            EXPECT_EQ(dialog.GetFileTitle(), name) << page.codePage;
-            shown.PressOk();
-        });
-        EXPECT_EQ(dialog.DoModal(), IDOK) << page.codePage;
     }
 }
 

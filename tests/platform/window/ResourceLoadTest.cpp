@@ -1,8 +1,5 @@
 // Loading pictures, menus and dialogs from the modules in reach.
 // SPDX-License-Identifier: MIT
-#include <map>
-#include <string>
-
 #include <gtest/gtest.h>
 
 #include <platform/module/ResourceHandle.h>
@@ -85,18 +82,13 @@ TEST(ResourceLoad, AMenuThatExistsIsNotLoadedOver) {
 
 TEST(ResourceLoad, TextsComeInTheCodePageOfTheSystem) {
     const InReach menuText("popup 7\nitem 7\nitem 8");
-    struct Row {
-        unsigned codePage;
-        const char* want;
-    };
-    constexpr Row kRows[] = {{65001, "\xE5\xB1\xB1"}, {932, "\x8E\x52"}};
-    for (const Row& row : kRows) {
-        const LocaleInForce locale("ja-JP", row.codePage);
+    for (const unsigned codePage : {65001U, 932U}) {
+        const LocaleInForce locale("ja-JP", codePage);
         CMenu menu;
         menu.LoadMenu(1);
         CString text;
         menu.GetMenuString(7, text, MF_BYCOMMAND);
-        EXPECT_EQ(text, row.want) << row.codePage;
+        EXPECT_EQ(text, codePage == 932 ? "\x8E\x52" : "\xE5\xB1\xB1");
         EXPECT_EQ(menu.GetMenuString(8, text, MF_BYCOMMAND), 0) << "the module has no such string";
     }
 }
@@ -118,22 +110,20 @@ TEST(ResourceLoad, AMenuWithAnUnknownLineIsNone) {
 
 TEST(ResourceLoad, ADialogWithAnUnknownLineIsNone) {
     const std::string head = "size 10 10\nfont 8 Sans\n";
-    const std::string kTexts[] = {
-        "# nothing",
-        "size 10 10",
-        "font 8 Sans",
-        "size 10\nfont 8 Sans",
-        "size 0 10\nfont 8 Sans",
-        "size 10 10\nfont 8",
-        "size 10 10\nfont Sans 8",
-        head + "static -1 0 0 1 1",
-        head + "static -1 0 0 1 x 7",
-        head + "static -1 0 0 -1 1 7",
-        head + "static -1 2147483647 0 1 1 7",
-        head + "static -1 0 0 1 1 7 shiny",
-        head + "slider -1 0 0 1 1 7",
-        kPixel,
-    };
+    const std::string kTexts[] = {"# nothing",
+                                  "size 10 10",
+                                  "font 8 Sans",
+                                  "size 10\nfont 8 Sans",
+                                  "size 0 10\nfont 8 Sans",
+                                  "size 10 10\nfont 8",
+                                  "size 10 10\nfont Sans 8",
+                                  head + "static -1 0 0 1 1",
+                                  head + "static -1 0 0 1 x 7",
+                                  head + "static -1 0 0 -1 1 7",
+                                  head + "static -1 2147483647 0 1 1 7",
+                                  head + "static -1 0 0 1 1 7 shiny",
+                                  head + "slider -1 0 0 1 1 7",
+                                  kPixel};
     for (const std::string& text : kTexts) {
         const InReach dialogText(text);
         EXPECT_FALSE(LoadDialogTemplate(1)) << text;

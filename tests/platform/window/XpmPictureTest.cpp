@@ -1,7 +1,6 @@
 // Reading pictures, sound ones and others.
 // SPDX-License-Identifier: MIT
 #include <random>
-#include <string>
 
 #include <gtest/gtest.h>
 
@@ -46,8 +45,7 @@ TEST(XpmPicture, TheClearColourIsNoneThatIsDrawn) {
 
 TEST(XpmPicture, WhatIsNoSoundPictureGivesNothing) {
     struct Row {
-        const char* why;
-        std::string_view text;
+        const char *why, *text;
     };
     constexpr Row kRows[] = {
         {"empty", ""},
