@@ -4,13 +4,14 @@
 
 #include <cstdlib>
 #include <memory>
+#include <ostream>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
+#include <contract/RecordValues.h>
 #include <contract/StoreFolder.h>
-#include <contracts/RecordStore.h>
 #include <libraries/quire/MemoryEngine.h>
 #include <libraries/quire/SqliteEngine.h>
 #include <platform/time/CTime.h>
@@ -18,12 +19,12 @@
 
 namespace orvo {
 
-template <class Engine>
-struct NewStore;
+// For suites that are typed by the engine.
+using StoreEngines = testing::Types<MemoryEngine, SqliteEngine>;
 
-template <>
-struct NewStore<MemoryEngine> {
-    std::unique_ptr<StoreEngine> engine = std::make_unique<MemoryEngine>();
+template <class Engine>
+struct NewStore {
+    std::unique_ptr<StoreEngine> engine = std::make_unique<Engine>();
 };
 
 template <>
@@ -32,14 +33,22 @@ struct NewStore<SqliteEngine> {
     std::unique_ptr<StoreEngine> engine = folder.Open();
 };
 
-template <class Engine>
-class RecordStoreContract : public testing::Test {
+enum class EngineKind { Memory, Sqlite };
+constexpr EngineKind kEngines[] = {EngineKind::Memory, EngineKind::Sqlite};
+
+inline void PrintTo(EngineKind kind, std::ostream* out) {
+    *out << (kind == EngineKind::Memory ? "memory" : "SQLite");
+}
+
+class RecordStoreContract : public testing::TestWithParam<EngineKind> {
 protected:
     // A test may set the clock and the time zone.
     ~RecordStoreContract() override {
         CTime::SetClock(-1);
         SetSystemTimeZone(m_zone);
     }
+
+    static bool IsSqlite() { return GetParam() == EngineKind::Sqlite; }
 
     std::unique_ptr<CAddressRecord> AnAddress(std::string_view name, int category = 0) {
         auto record = std::make_unique<CAddressRecord>(addresses);
@@ -57,6 +66,18 @@ protected:
         return record;
     }
 
+    // The record as the store has it.
+    std::unique_ptr<CAddressRecord> Stored(const CAddressRecord& record) {
+        auto stored = std::make_unique<CAddressRecord>(addresses);
+        EXPECT_EQ(addresses.Find(record.GetId(), *stored), 0) << addresses.LastError();
+        return stored;
+    }
+    std::unique_ptr<CToDoRecord> Stored(const CToDoRecord& record) {
+        auto stored = std::make_unique<CToDoRecord>(todos);
+        EXPECT_EQ(todos.Find(record.GetId(), *stored), 0) << todos.LastError();
+        return stored;
+    }
+
     // The names of all addresses, in the order of a walk.
     std::vector<std::string> Names() {
         std::vector<std::string> names;
@@ -69,8 +90,10 @@ protected:
         return names;
     }
 
-    NewStore<Engine> store;
-    StoreEngine& engine = *store.engine;
+    StoreFolder folder;
+    const std::unique_ptr<StoreEngine> store =
+        IsSqlite() ? std::unique_ptr<StoreEngine>(folder.Open()) : std::make_unique<MemoryEngine>();
+    StoreEngine& engine = *store;
     CAddressTable addresses{engine};
     CToDoTable todos{engine};
 
@@ -80,9 +103,7 @@ private:
         return zone != nullptr ? zone : "";
     }
 
-    std::string m_zone = ZoneOfEnvironment();
+    const std::string m_zone = ZoneOfEnvironment();
 };
-
-using StoreEngines = testing::Types<MemoryEngine, SqliteEngine>;
 
 }  // namespace orvo

@@ -12,25 +12,19 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using TextKind = StoreEngine::TextKind;
 
+constexpr TableKind kToDo = TableKind::ToDo;
+constexpr TableKind kAddress = TableKind::Address;
+
 namespace {
 
-auto PartsOf(const CivilTime& time) {
-    return std::tuple(time.year, time.month, time.day, time.hour, time.minute, time.second);
-}
-
-auto PartsOf(const std::optional<CivilTime>& time) {
-    return time ? PartsOf(*time) : decltype(PartsOf(*time)){};
-}
-
 auto PartsOf(const StoredRow& row) {
-    return std::tuple(row.id, row.placement, row.category, row.flags, row.priority,
-                      PartsOf(row.due), PartsOf(row.completed), std::string(row.fields));
+    return std::tuple(row.id, row.placement, row.category, row.flags, row.priority, row.due,
+                      row.completed, std::string(row.fields));
 }
 
 }  // namespace
 
-template <class Engine>
-class RemovedRowContract : public RecordStoreContract<Engine> {
+class RemovedRowContract : public RecordStoreContract {
 protected:
     // A to-do with all that a row can have.
     StoredRow AFullRow() {
@@ -42,13 +36,19 @@ protected:
         row.due = CivilTime{2026, 12, 24, 17, 30, 0};
         row.completed = CivilTime{2026, 12, 23, 8, 0, 59};
         row.fields = kFields;
-        EXPECT_EQ(this->engine.Insert(TableKind::ToDo, row, kExtra), StoreStatus::Ok);
+        EXPECT_EQ(engine.Insert(kToDo, row, kExtra), StoreStatus::Ok);
+        return row;
+    }
+
+    StoredRow ARemovedRow() {
+        StoredRow row = AFullRow();
+        EXPECT_EQ(engine.Remove(kToDo, row.id), StoreStatus::Ok);
         return row;
     }
 
     std::vector<std::int64_t> Deleted(TableKind kind) {
         std::vector<std::int64_t> ids;
-        const auto cursor = this->engine.WalkDeleted(kind);
+        const auto cursor = engine.WalkDeleted(kind);
         StoredRow row;
         while (cursor->Next(row) == StoreStatus::Ok) ids.push_back(row.id);
         return ids;
@@ -56,9 +56,8 @@ protected:
 
     std::vector<std::string> Texts(TableKind kind, TextKind texts) {
         std::vector<StoreEngine::NumberedText> stored;
-        EXPECT_EQ(this->engine.ReadTexts(kind, texts, stored), StoreStatus::Ok);
+        EXPECT_EQ(engine.ReadTexts(kind, texts, stored), StoreStatus::Ok);
         std::vector<std::string> result;
-        result.reserve(stored.size());
         for (const auto& [number, text] : stored) {
             result.push_back(std::to_string(number) + " " + text);
         }
@@ -69,8 +68,8 @@ protected:
         StoredRow row;
         std::string fields;
         RowExtra extra;
-        ASSERT_EQ(this->engine.Read(TableKind::ToDo, want.id, row, fields), StoreStatus::Ok);
-        ASSERT_EQ(this->engine.ReadExtra(TableKind::ToDo, want.id, extra), StoreStatus::Ok);
+        ASSERT_EQ(engine.Read(kToDo, want.id, row, fields), StoreStatus::Ok);
+        ASSERT_EQ(engine.ReadExtra(kToDo, want.id, extra), StoreStatus::Ok);
         EXPECT_EQ(PartsOf(row), PartsOf(want));
         EXPECT_EQ(extra, wantExtra);
     }
@@ -79,112 +78,107 @@ protected:
     const RowExtra kExtra{"a note", std::string("BEGIN:VCARD\0\xFF", 13), "its file"};
 };
 
-TYPED_TEST_SUITE(RemovedRowContract, StoreEngines);
+INSTANTIATE_TEST_SUITE_P(Engines, RemovedRowContract, testing::ValuesIn(kEngines));
 
-TYPED_TEST(RemovedRowContract, AWalkOverDeletedRowsGivesThemAloneByRisingId) {
-    this->AnAddress("stays");
-    const auto late = this->AnAddress("late", 1);
-    const auto later = this->AnAddress("later", 0);
-    const auto toDo = this->AToDo("of the other table");
-    for (const auto& record : {later.get(), late.get()}) this->addresses.Delete(*record);
-    this->todos.Delete(*toDo);
+TEST_P(RemovedRowContract, AWalkOverDeletedRowsGivesThemAloneByRisingId) {
+    AnAddress("stays");
+    const auto late = AnAddress("late", 1);
+    const auto later = AnAddress("later", 0);
+    const auto toDo = AToDo("of the other table");
+    for (const auto& record : {later.get(), late.get()}) addresses.Delete(*record);
+    todos.Delete(*toDo);
 
-    EXPECT_THAT(this->Deleted(TableKind::Address), ElementsAre(late->GetId(), later->GetId()));
-    EXPECT_THAT(this->Deleted(TableKind::ToDo), ElementsAre(toDo->GetId()));
+    EXPECT_THAT(Deleted(kAddress), ElementsAre(late->GetId(), later->GetId()));
+    EXPECT_THAT(Deleted(kToDo), ElementsAre(toDo->GetId()));
 
-    const auto cursor = this->engine.WalkDeleted(TableKind::Address);
+    const auto cursor = engine.WalkDeleted(kAddress);
     StoredRow row;
     ASSERT_EQ(cursor->Next(row), StoreStatus::Ok);
-    this->addresses.Undelete(*later);
+    addresses.Undelete(*later);
     EXPECT_EQ(cursor->Next(row), StoreStatus::End) << "it sees what changes ahead of it";
-    this->addresses.Delete(*later);
+    addresses.Delete(*later);
     EXPECT_EQ(cursor->Next(row), StoreStatus::End) << "a walk that is over stays over";
 }
 
-TYPED_TEST(RemovedRowContract, ARowComesBackAsItWasUnderItsId) {
+TEST_P(RemovedRowContract, ARowComesBackAsItWasUnderItsId) {
     struct Case {
         const char* why;
         std::int32_t placement;
         RowExtra extra;
     };
-    const Case cases[] = {{"with all that it had", 7, this->kExtra},
+    const Case cases[] = {{"with all that it had", 7, kExtra},
                           {"without an extra", 7, {}},
                           {"at a placement that stands for none at an insertion", 0, {}}};
     for (const Case& one : cases) {
         SCOPED_TRACE(one.why);
-        StoredRow row = this->AFullRow();
+        StoredRow row = AFullRow();
         row.placement = one.placement;
-        ASSERT_EQ(this->engine.Update(TableKind::ToDo, row, &one.extra), StoreStatus::Ok);
-        StoredRow last = this->AFullRow();
-        ASSERT_EQ(this->engine.Remove(TableKind::ToDo, row.id), StoreStatus::Ok);
-        ASSERT_EQ(this->engine.Remove(TableKind::ToDo, last.id), StoreStatus::Ok);
+        ASSERT_EQ(engine.Update(kToDo, row, &one.extra), StoreStatus::Ok);
+        const std::int64_t last = ARemovedRow().id;
+        ASSERT_EQ(engine.Remove(kToDo, row.id), StoreStatus::Ok);
 
-        EXPECT_EQ(this->engine.Restore(TableKind::ToDo, row, one.extra), StoreStatus::Ok);
+        EXPECT_EQ(engine.Restore(kToDo, row, one.extra), StoreStatus::Ok);
 
-        this->ExpectStored(row, one.extra);
-        EXPECT_GT(this->AFullRow().id, last.id) << "no id is given twice";
+        ExpectStored(row, one.extra);
+        EXPECT_GT(AFullRow().id, last) << "no id is given twice";
     }
 }
 
-TYPED_TEST(RemovedRowContract, ARowDoesntComeBackInThePlaceOfAnother) {
-    const StoredRow row = this->AFullRow();
+TEST_P(RemovedRowContract, ARowDoesntComeBackInThePlaceOfAnother) {
+    const StoredRow row = AFullRow();
     StoredRow other = row;
     other.priority = 1;
     other.fields = "other";
 
-    EXPECT_EQ(this->engine.Restore(TableKind::ToDo, other, {}), StoreStatus::Refused);
+    EXPECT_EQ(engine.Restore(kToDo, other, {}), StoreStatus::Refused);
 
-    const std::string end = "already";
-    EXPECT_THAT(this->engine.LastError(), testing::EndsWith(end));
-    this->ExpectStored(row, this->kExtra);
+    EXPECT_THAT(engine.LastError(), testing::EndsWith("already"));
+    ExpectStored(row, kExtra);
 }
 
-TYPED_TEST(RemovedRowContract, ARowWithADateThatIsNoneDoesntComeBack) {
-    StoredRow row = this->AFullRow();
-    ASSERT_EQ(this->engine.Remove(TableKind::ToDo, row.id), StoreStatus::Ok);
+TEST_P(RemovedRowContract, ARowWithADateThatIsNoneDoesntComeBack) {
+    StoredRow row = ARemovedRow();
     row.due->month = 13;
 
-    EXPECT_EQ(this->engine.Restore(TableKind::ToDo, row, {}), StoreStatus::Refused);
+    EXPECT_EQ(engine.Restore(kToDo, row, {}), StoreStatus::Refused);
 
-    EXPECT_THAT(this->Deleted(TableKind::ToDo), IsEmpty());
+    EXPECT_THAT(Deleted(kToDo), IsEmpty());
 }
 
-TYPED_TEST(RemovedRowContract, ATextGoesAloneAndMayBeGoneAlready) {
+TEST_P(RemovedRowContract, ATextGoesAloneAndMayBeGoneAlready) {
     for (const int number : {2, 3}) {
-        this->engine.WriteText(TableKind::ToDo, TextKind::Category, number, "to-do");
-        this->engine.WriteText(TableKind::Address, TextKind::Category, number, "address");
+        engine.WriteText(kToDo, TextKind::Category, number, "to-do");
+        engine.WriteText(kAddress, TextKind::Category, number, "address");
     }
 
     for (int i = 0; i < 2; ++i) {
-        EXPECT_EQ(this->engine.RemoveText(TableKind::ToDo, TextKind::Category, 2), StoreStatus::Ok);
-        EXPECT_THAT(this->Texts(TableKind::ToDo, TextKind::Category),
-                    ElementsAre("0 Uncategorized", "3 to-do"));
+        EXPECT_EQ(engine.RemoveText(kToDo, TextKind::Category, 2), StoreStatus::Ok);
+        EXPECT_THAT(Texts(kToDo, TextKind::Category), ElementsAre("0 Uncategorized", "3 to-do"));
     }
 
-    EXPECT_THAT(this->Texts(TableKind::Address, TextKind::Category),
+    EXPECT_THAT(Texts(kAddress, TextKind::Category),
                 ElementsAre("0 Uncategorized", "2 address", "3 address"));
-    EXPECT_EQ(this->Texts(TableKind::Address, TextKind::CustomLabel).size(), 4u);
+    EXPECT_EQ(Texts(kAddress, TextKind::CustomLabel).size(), 4u);
 }
 
-TYPED_TEST(RemovedRowContract, ADroppedTransactionLeavesNoneOfIt) {
-    const StoredRow deleted = this->AFullRow();
-    const StoredRow removed = this->AFullRow();
-    ASSERT_EQ(this->engine.Remove(TableKind::ToDo, removed.id), StoreStatus::Ok);
+TEST_P(RemovedRowContract, ADroppedTransactionLeavesNoneOfIt) {
+    const StoredRow deleted = AFullRow();
+    const StoredRow removed = ARemovedRow();
     {
-        StoreTransaction transaction(this->engine);
-        EXPECT_EQ(this->engine.Remove(TableKind::ToDo, deleted.id), StoreStatus::Ok);
-        EXPECT_EQ(this->engine.Restore(TableKind::ToDo, removed, this->kExtra), StoreStatus::Ok);
-        EXPECT_EQ(this->engine.Restore(TableKind::ToDo, removed, {}), StoreStatus::Refused);
-        EXPECT_EQ(this->engine.RemoveText(TableKind::ToDo, TextKind::Category, 0), StoreStatus::Ok);
-        EXPECT_THAT(this->Deleted(TableKind::ToDo), ElementsAre(removed.id));
-        EXPECT_THAT(this->Texts(TableKind::ToDo, TextKind::Category), IsEmpty());
+        StoreTransaction transaction(engine);
+        EXPECT_EQ(engine.Remove(kToDo, deleted.id), StoreStatus::Ok);
+        EXPECT_EQ(engine.Restore(kToDo, removed, kExtra), StoreStatus::Ok);
+        EXPECT_EQ(engine.Restore(kToDo, removed, {}), StoreStatus::Refused);
+        EXPECT_EQ(engine.RemoveText(kToDo, TextKind::Category, 0), StoreStatus::Ok);
+        EXPECT_THAT(Deleted(kToDo), ElementsAre(removed.id));
+        EXPECT_THAT(Texts(kToDo, TextKind::Category), IsEmpty());
     }
-    EXPECT_THAT(this->Deleted(TableKind::ToDo), ElementsAre(deleted.id));
-    EXPECT_THAT(this->Texts(TableKind::ToDo, TextKind::Category), ElementsAre("0 Uncategorized"));
-    this->ExpectStored(deleted, this->kExtra);
+    EXPECT_THAT(Deleted(kToDo), ElementsAre(deleted.id));
+    EXPECT_THAT(Texts(kToDo, TextKind::Category), ElementsAre("0 Uncategorized"));
+    ExpectStored(deleted, kExtra);
 
-    EXPECT_EQ(this->engine.Restore(TableKind::ToDo, removed, this->kExtra), StoreStatus::Ok);
-    this->ExpectStored(removed, this->kExtra);
+    EXPECT_EQ(engine.Restore(kToDo, removed, kExtra), StoreStatus::Ok);
+    ExpectStored(removed, kExtra);
 }
 
 }  // namespace orvo

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include <map>
 #include <random>
-#include <string>
 
 #include <gtest/gtest.h>
 
@@ -50,11 +49,7 @@ TEST(PackedFields, TakeBytesOfTheirOwnBuffer) {
 }
 
 TEST(PackedFields, RefuseBytesOfAnotherForm) {
-    struct Row {
-        const char* why;
-        std::string bytes;
-    };
-    const Row rows[] = {
+    const std::pair<const char*, std::string> rows[] = {
         {"a number alone", "\x01"},
         {"bytes missing", "\x01\x03xy"},
         {"no length", std::string("\x01\x00", 2)},
@@ -67,11 +62,11 @@ TEST(PackedFields, RefuseBytesOfAnotherForm) {
         {"a length written too long", std::string("\x01\x81\x00x", 4)},
         {"bytes left over", "\x01\x01xy"},
     };
-    for (const Row& row : rows) {
+    for (const auto& [why, bytes] : rows) {
         PackedFields fields;
         fields.Set(9, "as it was");
-        EXPECT_FALSE(fields.Assign(row.bytes)) << row.why;
-        EXPECT_EQ(fields.Get(9), "as it was") << row.why;
+        EXPECT_FALSE(fields.Assign(bytes)) << why;
+        EXPECT_EQ(fields.Get(9), "as it was") << why;
     }
 }
 

@@ -2,18 +2,15 @@
 // SPDX-License-Identifier: MIT
 #include <filesystem>
 #include <fstream>
-#include <memory>
 #include <optional>
 #include <signal.h>
-#include <string>
 #include <sys/mount.h>
 #include <sys/resource.h>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
+#include <contract/RecordValues.h>
 #include <contract/StoreFolder.h>
-#include <contracts/RecordStore.h>
 #include <support/ChildProcess.h>
 
 #include "RawStore.h"
@@ -61,12 +58,9 @@ TEST(SqliteCrash, AKilledImportIsThereAsAWholeOrNotAtAll) {
             const auto engine = folder.Open();
             StoreTransaction transaction(*engine);
             for (int i = 0; i < kRows; ++i) {
-                StoredRow row;
-                if (engine->Insert(TableKind::Address, row,
-                                   {std::string(2000, 'n'), "source", "origin"}) !=
-                    StoreStatus::Ok) {
+                if (StoreFolder::AddRow(*engine, {std::string(2000, 'n'), "source", "origin"}) !=
+                    StoreStatus::Ok)
                     return 1;
-                }
                 if ((i + 1) % kRowsAStep == 0) parent.Tell();
             }
             if (transaction.Commit() != StoreStatus::Ok) return 2;
@@ -127,32 +121,12 @@ TEST(SqliteCrash, AcknowledgedEditsOutliveAKill) {
     }
 }
 
-// What a reader sees of a store beside which no file may grow.
-void ExpectReadable(const StoreFolder& folder, const std::string& why) {
-    std::string error;
-    const auto engine = SqliteEngine::Open(folder.Path(), error);
-    ASSERT_NE(engine, nullptr) << error;
-    CAddressTable table(*engine);
-    CAddressRecord record(table);
-    ASSERT_EQ(table.Find(1, record), 0) << table.LastError();
-    EXPECT_EQ(record.Utf8(AddressField::Name), "Ito");
-    EXPECT_EQ(record.SetPrivate(1), static_cast<long>(StoreStatus::Failed));
-    EXPECT_EQ(table.LastError(), folder.Path() + ": " + why);
-}
-
-void AddIto(StoreEngine& engine) {
-    CAddressTable table(engine);
-    CAddressRecord record(table);
-    record.SetUtf8(AddressField::Name, "Ito");
-    EXPECT_EQ(table.Add(record), 0);
-}
-
 TEST(SqliteCrash, AStoreBesideWhichNothingMayGrowOpensForReading) {
     for (const bool hasLog : {false, true}) {
         const StoreFolder folder;
         ChildProcess writer([&](const Line& parent) {
             const auto engine = folder.Open();
-            AddIto(*engine);
+            EXPECT_EQ(StoreFolder::AddRow(*engine, {"a note", "", ""}), StoreStatus::Ok);
             parent.Tell();
             pause();
             return 0;
@@ -169,7 +143,13 @@ TEST(SqliteCrash, AStoreBesideWhichNothingMayGrowOpensForReading) {
         const std::string before = folder.Read();
         {
             const FileSizeLimit limit(0);
-            ExpectReadable(folder, "a file may not grow beyond its limit");
+            const auto engine = folder.Open();
+            CAddressTable table(*engine);
+            CAddressRecord record(table);
+            EXPECT_EQ(table.Find(1, record), 0) << table.LastError();
+            EXPECT_EQ(NoteOf(record), "a note");
+            EXPECT_EQ(record.SetPrivate(1), static_cast<long>(StoreStatus::Failed));
+            EXPECT_EQ(table.LastError(), folder.Path() + ": a file may not grow beyond its limit");
         }
         EXPECT_TRUE(folder.Read() == before);
         EXPECT_EQ(folder.Open()->Count(TableKind::Address), 1);
@@ -190,8 +170,7 @@ TEST(SqliteCrash, AStoreOnAFullDiskOpensForReading) {
     {
         const auto engine = SqliteEngine::Open(path, error);
         ASSERT_NE(engine, nullptr) << error;
-        StoredRow row;
-        ASSERT_EQ(engine->Insert(TableKind::Address, row, {}), StoreStatus::Ok);
+        ASSERT_EQ(StoreFolder::AddRow(*engine), StoreStatus::Ok);
     }
     std::ofstream(disk + "/filler") << std::string(1 << 20, 'x');
 
@@ -199,8 +178,7 @@ TEST(SqliteCrash, AStoreOnAFullDiskOpensForReading) {
 
     ASSERT_NE(engine, nullptr) << error;
     EXPECT_EQ(engine->Count(TableKind::Address), 1);
-    StoredRow row;
-    EXPECT_EQ(engine->Insert(TableKind::Address, row, {}), StoreStatus::Failed);
+    EXPECT_EQ(StoreFolder::AddRow(*engine), StoreStatus::Failed);
     EXPECT_EQ(engine->LastError(), path + ": the disk is full");
 }
 
@@ -239,13 +217,11 @@ TEST(SqliteCrash, ATransactionThatMeetsAFullDiskKeepsNothing) {
         std::optional<FileSizeLimit> limit(400'000);
         StoreStatus status = StoreStatus::Ok;
         for (int i = 0; i < 3000 && status == StoreStatus::Ok; ++i) {
-            StoredRow row;
-            status = engine->Insert(TableKind::Address, row, {std::string(3000, 'n'), "", ""});
+            status = StoreFolder::AddRow(*engine, {std::string(3000, 'n'), "", ""});
         }
         EXPECT_EQ(status, StoreStatus::Failed);
         limit.reset();
-        StoredRow row;
-        EXPECT_EQ(engine->Insert(TableKind::Address, row, {}), StoreStatus::Failed)
+        EXPECT_EQ(StoreFolder::AddRow(*engine), StoreStatus::Failed)
             << "nothing slips out of a transaction that was dropped";
         EXPECT_EQ(transaction.Commit(), StoreStatus::Failed);
     }

@@ -3,15 +3,12 @@
 #include <filesystem>
 #include <map>
 #include <signal.h>
-#include <string>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
-#include <vector>
 
 #include <fmt/format.h>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <contract/StoreFolder.h>
 #include <support/ChildProcess.h>
@@ -26,11 +23,19 @@ using testing::HasSubstr;
 namespace {
 
 constexpr const char* kCopy = "test.orvo.version-1";
+constexpr const char* kZones =
+    "SELECT count(*) FROM shared WHERE CAST(bytes AS TEXT) LIKE '%TZID:%'";
 
 std::string Hex(std::string_view bytes) {
     std::string text;
     for (const char byte : bytes) text += fmt::format("{:02X}", static_cast<unsigned char>(byte));
     return text;
+}
+
+std::string SourceOf(const RowExtra& extra) {
+    std::string source;
+    for (const SharedText& text : extra.shared) source += text.Text();
+    return source + extra.source;
 }
 
 // Every row of a store with its whole source, one a line.
@@ -43,12 +48,9 @@ std::string ContentOf(StoreEngine& engine) {
             while (cursor->Next(row) == StoreStatus::Ok) {
                 RowExtra extra;
                 EXPECT_EQ(engine.ReadExtra(kind, row.id, extra), StoreStatus::Ok);
-                std::string source;
-                for (const SharedText& text : extra.shared) source += text.Text();
-                source += extra.source;
                 lines[row.id] = fmt::format("{}|{}|{}|{}|{}|{}|{}|{}\n", row.id, row.placement,
                                             row.category, row.flags, Hex(row.fields),
-                                            Hex(extra.note), Hex(source), extra.origin);
+                                            Hex(extra.note), Hex(SourceOf(extra)), extra.origin);
             }
         }
         for (const auto& [id, line] : lines) content += line;
@@ -97,9 +99,8 @@ TEST_F(SqliteMigration, EveryRecordIsAsItWasAndEachZoneIsThereOnce) {
         const auto engine = folder.Open();
         EXPECT_EQ(ContentOf(*engine), old);
         EXPECT_EQ(ContentOfVersion1(folder.Path(kCopy)), old);
-        struct stat copy {};
-        ASSERT_EQ(stat(folder.Path(kCopy).c_str(), &copy), 0);
-        EXPECT_EQ(copy.st_mode & 0777u, 0600u);
+        EXPECT_EQ(std::filesystem::status(folder.Path(kCopy)).permissions(),
+                  std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
     }
     EXPECT_THAT(folder.Names(), ElementsAre("test.orvo")) << "the copy goes with a clean close";
     RawStore raw(folder.Path());
@@ -107,7 +108,7 @@ TEST_F(SqliteMigration, EveryRecordIsAsItWasAndEachZoneIsThereOnce) {
     EXPECT_EQ(raw.Run("PRAGMA integrity_check"), "ok");
     EXPECT_EQ(raw.Run("SELECT count(*) FROM pragma_foreign_key_check"), "0");
     EXPECT_EQ(raw.Run("SELECT count(*) FROM todo_extra WHERE source LIKE '%VTIMEZONE%'"), "0");
-    EXPECT_EQ(raw.Run("SELECT count(*) FROM shared WHERE CAST(bytes AS TEXT) LIKE '%TZID:%'"), "2");
+    EXPECT_EQ(raw.Run(kZones), "2");
     EXPECT_EQ(Content(), old);
 }
 
@@ -148,8 +149,7 @@ TEST_F(SqliteMigration, AStoreThatCantBeCopiedOrWrittenIsReadAsItIs) {
     {
         const auto engine = folder.Open();
         EXPECT_EQ(ContentOf(*engine), old);
-        StoredRow row;
-        EXPECT_EQ(engine->Insert(TableKind::ToDo, row, {}), StoreStatus::Failed);
+        EXPECT_EQ(StoreFolder::AddRow(*engine), StoreStatus::Failed);
         EXPECT_EQ(engine->LastError(),
                   fmt::format("{0}: is of an older version, and a copy of it can't be kept as "
                               "{0}.version-1: File exists",
@@ -159,17 +159,12 @@ TEST_F(SqliteMigration, AStoreThatCantBeCopiedOrWrittenIsReadAsItIs) {
     std::filesystem::remove(folder.Path(kCopy + std::string(".part")));
     ASSERT_EQ(chmod(folder.Path().c_str(), 0444), 0);
     ASSERT_EQ(chmod(folder.Path(".").c_str(), 0777), 0);
-    ChildProcess reader([&](const Line&) {
-        constexpr uid_t kNobody = 65534;
-        EXPECT_TRUE(geteuid() != 0 || setuid(kNobody) == 0);
+    RunAsNobody([&] {
         const auto engine = folder.Open();
         EXPECT_EQ(ContentOf(*engine), old);
-        StoredRow row;
-        EXPECT_EQ(engine->Insert(TableKind::ToDo, row, {}), StoreStatus::Failed);
+        EXPECT_EQ(StoreFolder::AddRow(*engine), StoreStatus::Failed);
         EXPECT_THAT(engine->LastError(), HasSubstr("it may not be written: Permission denied"));
-        return testing::Test::HasFailure() ? 1 : 0;
     });
-    EXPECT_EQ(reader.Wait(), 0);
     EXPECT_TRUE(folder.Read() == before);
 }
 
@@ -183,29 +178,15 @@ TEST_F(SqliteMigration, WhoReadsAnOldStoreGoesOnOnceAnotherProgramHasMigratedIt)
     EXPECT_EQ(Content(), old);
 
     EXPECT_EQ(ContentOf(*reader), old);
-    StoredRow row;
-    EXPECT_EQ(reader->Insert(TableKind::ToDo, row, {"", "", "", {SharedText("a")}}),
-              StoreStatus::Ok);
+    EXPECT_EQ(StoreFolder::AddRow(*reader, {"", "", "", {SharedText("a")}}), StoreStatus::Ok);
 }
 
 TEST_F(SqliteMigration, OfProcessesThatOpenAStoreAtOnceOneMigratesAndTheOthersWait) {
-    std::vector<std::unique_ptr<ChildProcess>> openers;
-    for (int i = 0; i < 6; ++i) {
-        openers.push_back(std::make_unique<ChildProcess>([&](const Line& parent) {
-            parent.Tell();
-            parent.Await();
-            std::string error;
-            const auto engine = SqliteEngine::Open(folder.Path(), error);
-            return engine && ContentOf(*engine) == old ? 0 : 1;
-        }));
-    }
-    for (const auto& opener : openers) ASSERT_TRUE(opener->Await());
-    for (const auto& opener : openers) opener->Tell();
-    for (const auto& opener : openers) EXPECT_EQ(opener->Wait(), 0);
-    EXPECT_EQ(RawStore(folder.Path())
-                  .Run("SELECT count(*) FROM shared WHERE CAST(bytes AS TEXT) "
-                       "LIKE '%TZID:%'"),
-              "2");
+    RunAtOnce(6, [&](int) {
+        const auto engine = folder.Open();
+        return engine && ContentOf(*engine) == old ? 0 : 1;
+    });
+    EXPECT_EQ(RawStore(folder.Path()).Run(kZones), "2");
 }
 
 TEST_F(SqliteMigration, ASourceIsCutOnlyWhereAnImportPutItTogether) {
@@ -243,9 +224,7 @@ TEST_F(SqliteMigration, ASourceIsCutOnlyWhereAnImportPutItTogether) {
         RowExtra extra;
         ASSERT_EQ(engine->ReadExtra(TableKind::ToDo, static_cast<std::int64_t>(i) + 1, extra),
                   StoreStatus::Ok);
-        std::string source;
-        for (const SharedText& text : extra.shared) source += text.Text();
-        EXPECT_EQ(source + extra.source, rows[i].source) << rows[i].why;
+        EXPECT_EQ(SourceOf(extra), rows[i].source) << rows[i].why;
         EXPECT_EQ(extra.shared.size(), rows[i].shared) << rows[i].why;
     }
 }

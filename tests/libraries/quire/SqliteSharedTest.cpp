@@ -1,37 +1,20 @@
 // Tests of a store file that several programs have open.
 // SPDX-License-Identifier: MIT
 #include <filesystem>
-#include <memory>
-#include <string>
-#include <vector>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
+#include <contract/RecordValues.h>
 #include <contract/StoreFolder.h>
-#include <contracts/RecordStore.h>
 #include <support/ChildProcess.h>
 
 #include "RawStore.h"
 
 namespace orvo {
 
+using TextKind = StoreEngine::TextKind;
+
 namespace {
-
-CatError AddTo(CAddressTable& table, const std::string& name) {
-    auto category = std::make_unique<CCategory>();
-    category->SetNameUtf8(name);
-    const CatError error = table.GetCategoryManager()->Add(category.get());
-    if (error == 0) static_cast<void>(category.release());
-    return error;
-}
-
-// -1 where the table knows no such category.
-int IndexOf(CAddressTable& table, const std::string& name) {
-    CCategory* category = nullptr;
-    table.GetCategoryManager()->FindUtf8Name(name, category);
-    return category != nullptr ? category->GetIndex() : -1;
-}
 
 // Adds records under a category of its own, each in a transaction that begins with the texts.
 int AddRecordsUnder(const StoreFolder& folder, const std::string& name) {
@@ -41,9 +24,9 @@ int AddRecordsUnder(const StoreFolder& folder, const std::string& name) {
         StoreTransaction transaction(*engine);
         CAddressRecord record(table);
         if (transaction.Status() != StoreStatus::Ok || table.RefreshTexts() != 0) return 2;
-        if (IndexOf(table, name) < 0 && AddTo(table, name) != 0) return 3;
+        if (CategoryIndex(table, name) < 0 && AddCategory(table, name) != 0) return 3;
         record.SetUtf8(AddressField::Name, name);
-        record.SetCategoryId(IndexOf(table, name));
+        record.SetCategoryId(CategoryIndex(table, name));
         if (table.Add(record) != 0 || transaction.Commit() != StoreStatus::Ok) return 4;
     }
     return 0;
@@ -65,6 +48,8 @@ TEST_F(SqliteShared, AWriteWhileAnotherWritesIsBusyAndChangesNothing) {
     CAddressRecord fresh(table);
     record.SetUtf8(AddressField::Name, "Ito");
     ASSERT_EQ(table.Add(record), 0);
+    StoredRow gone;
+    gone.id = 7;
     engine->SetBusyTimeout(0);
     ASSERT_EQ(other->Begin(), StoreStatus::Ok);
     constexpr long kBusy = static_cast<long>(StoreStatus::Busy);
@@ -77,14 +62,18 @@ TEST_F(SqliteShared, AWriteWhileAnotherWritesIsBusyAndChangesNothing) {
     EXPECT_EQ(table.Add(fresh), kBusy);
     EXPECT_EQ(table.Remove(record), kBusy);
     EXPECT_EQ(table.SetPhoneLabel(0, "Cell"), kBusy);
+    EXPECT_EQ(engine->RemoveText(TableKind::Address, TextKind::CustomLabel, 1), StoreStatus::Busy);
+    EXPECT_EQ(engine->Restore(TableKind::Address, gone, {}), StoreStatus::Busy);
     EXPECT_EQ(engine->Begin(), StoreStatus::Busy);
     EXPECT_FALSE(engine->InTransaction());
 
     EXPECT_EQ(record.Utf8(AddressField::Name), "Ito");
     EXPECT_EQ(fresh.GetId(), 0);
     EXPECT_EQ(table.GetPhoneLabel(0), "Mobile");
+    EXPECT_EQ(CAddressTable(*engine).GetCustomLabel(1), "Custom 1");
     EXPECT_EQ(table.GetCount(), 1) << "reading goes on";
     other->Rollback();
+    EXPECT_EQ(engine->Restore(TableKind::Address, gone, {}), StoreStatus::Ok);
     EXPECT_EQ(record.SetUtf8(AddressField::Name, "Sato"), 0);
 }
 
@@ -92,15 +81,13 @@ TEST_F(SqliteShared, AWalkLeftStandingIsNoObstacleToAnyWriter) {
     CAddressRecord record(table);
     ASSERT_EQ(engine->Begin(), StoreStatus::Ok);
     for (int i = 0; i < 1000; ++i) {
-        StoredRow row;
-        ASSERT_EQ(engine->Insert(TableKind::Address, row, {}), StoreStatus::Ok);
+        ASSERT_EQ(StoreFolder::AddRow(*engine), StoreStatus::Ok);
     }
     ASSERT_EQ(engine->Commit(), StoreStatus::Ok);
     CAddressIterator iterator(table);
     ASSERT_EQ(iterator.FindFirst(record), 0);
 
-    StoredRow row;
-    EXPECT_EQ(other->Insert(TableKind::Address, row, {}), StoreStatus::Ok);
+    EXPECT_EQ(StoreFolder::AddRow(*other), StoreStatus::Ok);
     EXPECT_EQ(record.SetPrivate(1), 0) << table.LastError();
     EXPECT_EQ(RawStore(folder.Path()).Run("PRAGMA wal_checkpoint(TRUNCATE)"), "0");
     int count = 1;
@@ -108,39 +95,50 @@ TEST_F(SqliteShared, AWalkLeftStandingIsNoObstacleToAnyWriter) {
     EXPECT_EQ(count, 1001);
 }
 
+TEST_F(SqliteShared, TheSecondOfTwoProgramsThatBringARowBackIsRefused) {
+    const RowExtra extra{"a note", "BEGIN:VCARD", "a file"};
+    StoredRow row;
+    row.fields = "a";
+    ASSERT_EQ(engine->Insert(TableKind::Address, row, extra), StoreStatus::Ok);
+    ASSERT_EQ(engine->Remove(TableKind::Address, row.id), StoreStatus::Ok);
+
+    EXPECT_EQ(engine->Restore(TableKind::Address, row, extra), StoreStatus::Ok);
+    EXPECT_EQ(other->Restore(TableKind::Address, row, {}), StoreStatus::Refused);
+
+    EXPECT_EQ(other->LastError(), folder.Path() + ": there is address 1 already");
+    RowExtra read;
+    EXPECT_EQ(other->ReadExtra(TableKind::Address, row.id, read), StoreStatus::Ok);
+    EXPECT_EQ(read, extra);
+}
+
 TEST_F(SqliteShared, AForeignChangeIsTakenOnceAndBringsTheTexts) {
     EXPECT_FALSE(table.TakeForeignChange());
     ASSERT_EQ(table.SetPhoneLabel(0, "Cell"), 0);
     EXPECT_FALSE(table.TakeForeignChange()) << "an own change is not foreign";
 
-    auto* category = new CCategory;
-    category->SetName("Friends");
-    ASSERT_EQ(otherTable.GetCategoryManager()->Add(category), 0);
+    ASSERT_EQ(AddCategory(otherTable, "Friends"), 0);
     ASSERT_EQ(otherTable.SetCustomLabel(1, "Birthday"), 0);
+    ASSERT_EQ(other->RemoveText(TableKind::Address, TextKind::PhoneLabel, 7), StoreStatus::Ok);
 
     EXPECT_TRUE(table.TakeForeignChange());
     EXPECT_FALSE(table.TakeForeignChange());
     EXPECT_EQ(table.GetCustomLabel(1), "Birthday");
-    CCategory* found = nullptr;
-    EXPECT_EQ(table.GetCategoryManager()->FindName("Friends", found), 0);
+    EXPECT_EQ(CategoryIndex(table, "Friends"), 1);
+    EXPECT_EQ(table.GetPhoneLabelCount(), 7);
     EXPECT_TRUE(otherTable.TakeForeignChange());
     EXPECT_EQ(otherTable.GetPhoneLabel(0), "Cell");
 }
 
 TEST_F(SqliteShared, CategoriesOfTwoProgramsGetIndexesOfTheirOwn) {
-    EXPECT_EQ(AddTo(table, "Alpha"), 0);
-    EXPECT_EQ(AddTo(otherTable, "Beta"), 0);
-    EXPECT_NE(AddTo(table, "bETA"), 0);
+    EXPECT_EQ(AddCategory(table, "Alpha"), 0);
+    EXPECT_EQ(AddCategory(otherTable, "Beta"), 0);
+    EXPECT_NE(AddCategory(table, "bETA"), 0);
     EXPECT_EQ(table.LastError(), "there is a category of that name already");
 
     for (CAddressTable* each : {&table, &otherTable}) {
-        EXPECT_EQ(IndexOf(*each, "Alpha"), 1);
-        EXPECT_EQ(IndexOf(*each, "Beta"), 2);
+        EXPECT_EQ(CategoryIndex(*each, "Alpha"), 1);
+        EXPECT_EQ(CategoryIndex(*each, "Beta"), 2);
     }
-    EXPECT_EQ(RawStore(folder.Path())
-                  .Run("SELECT count(*) FROM text WHERE number > 0 AND "
-                       "table_kind = 0 AND text_kind = 0"),
-              "2");
 }
 
 TEST_F(SqliteShared, ALabelOfAnotherProgramIsNotReplacedByANewOne) {
@@ -158,30 +156,23 @@ TEST_F(SqliteShared, ALabelOfAnotherProgramIsNotReplacedByANewOne) {
 
 TEST_F(SqliteShared, WhatARollbackTakesBackIsForgotten) {
     ASSERT_EQ(engine->Begin(), StoreStatus::Ok);
-    ASSERT_EQ(AddTo(table, "Alpha"), 0);
+    ASSERT_EQ(AddCategory(table, "Alpha"), 0);
     ASSERT_EQ(table.SetPhoneLabel(8, "Boat"), 0);
     engine->Rollback();
 
     EXPECT_EQ(table.RefreshTexts(), 0);
 
-    EXPECT_EQ(IndexOf(table, "Alpha"), -1);
+    EXPECT_EQ(CategoryIndex(table, "Alpha"), -1);
     EXPECT_EQ(table.GetPhoneLabelCount(), 8);
-    EXPECT_EQ(AddTo(otherTable, "Beta"), 0);
-    EXPECT_EQ(AddTo(table, "Alpha"), 0);
-    EXPECT_EQ(IndexOf(table, "Alpha"), 2);
+    EXPECT_EQ(AddCategory(otherTable, "Beta"), 0);
+    EXPECT_EQ(AddCategory(table, "Alpha"), 0);
+    EXPECT_EQ(CategoryIndex(table, "Alpha"), 2);
 }
 
 TEST(SqliteSharedProcesses, EachRecordEndsUnderTheCategoryOfItsProcess) {
     const StoreFolder folder;
     constexpr int kProcesses = 8;
-    std::vector<std::unique_ptr<ChildProcess>> children;
-    for (int i = 0; i < kProcesses; ++i) {
-        children.push_back(std::make_unique<ChildProcess>([&folder, i](const Line& parent) {
-            return parent.Await() ? AddRecordsUnder(folder, "C" + std::to_string(i)) : 1;
-        }));
-    }
-    for (const auto& child : children) child->Tell();
-    for (const auto& child : children) EXPECT_EQ(child->Wait(), 0);
+    RunAtOnce(kProcesses, [&](int i) { return AddRecordsUnder(folder, "C" + std::to_string(i)); });
 
     const auto engine = folder.Open();
     CAddressTable table(*engine);
@@ -191,9 +182,7 @@ TEST(SqliteSharedProcesses, EachRecordEndsUnderTheCategoryOfItsProcess) {
     int count = 0;
     for (long status = iterator.FindFirst(record); status == 0;
          status = iterator.FindNext(record)) {
-        int category = 0;
-        record.GetCategoryId(category);
-        EXPECT_EQ(category, IndexOf(table, std::string(record.Utf8(AddressField::Name))));
+        EXPECT_EQ(CategoryOf(record), CategoryIndex(table, record.Utf8(AddressField::Name)));
         ++count;
     }
     EXPECT_EQ(count, 5 * kProcesses);
@@ -201,8 +190,8 @@ TEST(SqliteSharedProcesses, EachRecordEndsUnderTheCategoryOfItsProcess) {
 
 TEST_F(SqliteShared, FieldsChangedByTwoProgramsAreBothKept) {
     CAddressRecord mine(table);
-    ASSERT_EQ(table.Add(mine), 0);
     CAddressRecord theirs(otherTable);
+    ASSERT_EQ(table.Add(mine), 0);
     ASSERT_EQ(otherTable.Find(mine.GetId(), theirs), 0);
 
     EXPECT_EQ(theirs.SetUtf8(AddressField::City, "Kyoto"), 0);
