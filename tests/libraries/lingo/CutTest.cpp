@@ -1,7 +1,5 @@
 // Cutting text, closing a folder's name, and the one line that a list shows.
 // SPDX-License-Identifier: MIT
-#include <string>
-
 #include <gtest/gtest.h>
 
 #include <contracts/TextServices.h>
@@ -16,8 +14,7 @@ struct CutRow {
     unsigned page;
     const char* in;
     int limit;
-    const char* without;
-    const char* with;
+    const char *without, *with;
 };
 constexpr CutRow kCutRows[] = {
     {"short enough", 65001, "abc", 3, "abc", "abc"},
@@ -42,8 +39,7 @@ TEST(Cut, ASplitCharacterGoesOrStays) {
 struct TextRow {
     const char* why;
     unsigned page;
-    std::string in;
-    std::string want;
+    std::string in, want;
 };
 
 TEST(AppendBackslash, EndsTheTextWithOneBackslash) {

@@ -10,12 +10,7 @@ namespace orvo {
 namespace {
 
 struct NameRow {
-    const char* why;
-    const char* tag;
-    const char* first;
-    const char* name;
-    const char* list;
-    const char* reading;
+    const char *why, *tag, *first, *name, *list, *reading;
 };
 constexpr NameRow kNameRows[] = {
     {"family name first in a list", "en-US", "Ann", "Lee", "Lee, Ann", "Ann Lee"},

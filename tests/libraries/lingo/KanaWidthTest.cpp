@@ -1,27 +1,18 @@
 // Japanese script is told from other text, and folded to one form, on both code pages.
 // SPDX-License-Identifier: MIT
-#include <string>
-
 #include <gtest/gtest.h>
 
 #include <contracts/TextServices.h>
 #include <platform/text/CodePage.h>
+#include <platform/text/SystemText.h>
 #include <support/LocaleInForce.h>
 
 namespace orvo {
 
 namespace {
 
-std::string ToSystem(std::string_view utf8) {
-    std::string text;
-    CodePage::System().FromUtf8(utf8, text);
-    return text;
-}
-
 struct FoldRow {
-    const char* why;
-    const char* in;
-    const char* want;
+    const char *why, *in, *want;
 };
 constexpr FoldRow kFoldRows[] = {
     {"katakana", "タナカ", "たなか"},
@@ -43,8 +34,7 @@ constexpr FoldRow kFoldRows[] = {
 };
 
 struct ScriptRow {
-    const char* why;
-    const char* in;
+    const char *why, *in;
     bool want;
 };
 constexpr ScriptRow kScriptRows[] = {
@@ -69,15 +59,15 @@ INSTANTIATE_TEST_SUITE_P(CodePages, Japanese, testing::Values(kUtf8CodePage, kJa
 
 TEST_P(Japanese, WidthAndKanaFoldToOneForm) {
     for (const FoldRow& row : kFoldRows) {
-        CString text(ToSystem(row.in));
+        CString text = SystemText(row.in);
         ToFullwidthAndHira(text);
-        EXPECT_EQ(text, CString(ToSystem(row.want))) << row.why;
+        EXPECT_EQ(text, SystemText(row.want)) << row.why;
     }
 }
 
 TEST_P(Japanese, KanjiAndKanaAreTold) {
     for (const ScriptRow& row : kScriptRows)
-        EXPECT_EQ(is_kanji_or_kana_string(ToSystem(row.in).c_str()), row.want) << row.why;
+        EXPECT_EQ(is_kanji_or_kana_string(SystemText(row.in)), row.want) << row.why;
     EXPECT_FALSE(is_kanji_or_kana_string(nullptr));
 }
 

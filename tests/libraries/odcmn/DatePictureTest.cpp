@@ -8,11 +8,9 @@ namespace orvo {
 namespace {
 
 struct PatternRow {
-    const char* why;
-    const char* pattern;
+    const char *why, *pattern;
     bool japanese;
-    const char* picture;
-    const char* separator;
+    const char *picture, *separator;
 };
 
 constexpr PatternRow kPatterns[] = {

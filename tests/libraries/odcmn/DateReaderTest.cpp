@@ -2,19 +2,18 @@
 // SPDX-License-Identifier: MIT
 #include <tuple>
 
-#include <contracts/IntlTime.h>
-
 #include "LocaleTest.h"
 
 namespace orvo {
 namespace {
 
-constexpr int kKept = -1;  // what the outputs hold before
+using testing::ElementsAre;
+using testing::Optional;
+
+constexpr int kKept = -1;
 
 struct TypedRow {
-    const char* why;
-    const char* picture;
-    const char* text;
+    const char *why, *picture, *text;
     int year, month, day;
 };
 
@@ -61,38 +60,42 @@ constexpr TypedRow kUnderstood[] = {
     {"February 29 of an era's leap year", "gg y/M/d", "R10/2/29", 2028, 2, 29},
 };
 
-constexpr TypedRow kRefused[] = {
-    {"empty", "M/d/yy", "", 0, 0, 0},
-    {"blanks", "M/d/yy", "  ", 0, 0, 0},
-    {"a word", "M/d/yy", "tomorrow", 0, 0, 0},
-    {"a word behind", "M/d/yy", "5/3/26 noon", 0, 0, 0},
-    {"a word between", "M/d/yy", "5/May/26", 0, 0, 0},
-    {"month 13", "M/d/yy", "13/3/26", 0, 0, 0},
-    {"month 0", "M/d/yy", "0/3/26", 0, 0, 0},
-    {"day 0", "M/d/yy", "5/0/26", 0, 0, 0},
-    {"day 32 without a month", "d", "32", 0, 0, 0},
-    {"February 30", "M/d/yy", "2/30", 0, 0, 0},
-    {"February 29 of no leap year", "M/d/yy", "2/29/2027", 0, 0, 0},
-    {"of a short one", "M/d/yy", "2/29/27", 0, 0, 0},
-    {"one field of three", "M/d/yy", "5", 0, 0, 0},
-    {"too many fields", "M/d/yy", "5/3/26/1", 0, 0, 0},
-    {"too many for the picture", "M/d", "5/3/26", 0, 0, 0},
-    {"too many digits", "M/d/yy", "5/3/20265", 0, 0, 0},
-    {"digits in one piece", "yyyy/MM/dd", "20260503", 0, 0, 0},
-    {"two dividers", "M/d/yy", "5//3", 0, 0, 0},
-    {"a divider in front", "M/d/yy", "/5/3", 0, 0, 0},
-    {"a divider behind", "M/d/yy", "5/3/", 0, 0, 0},
-    {"a sign twice", "yyyy/MM/dd", "5月3月", 0, 0, 0},
-    {"a sign alone", "yyyy/MM/dd", "年5月3日", 0, 0, 0},
-    {"an era without a year", "gg y/M/d", "平成", 0, 0, 0},
-    {"an era for another field", "gg y/M/d", "平成5月3日", 0, 0, 0},
-    {"an era behind month and day", "dd.MM.yy gg", "03.05. 平成", 0, 0, 0},
-    {"two eras", "gg y/M/d", "平成昭和5/3/1", 0, 0, 0},
-    {"year 0 of an era", "gg y/M/d", "平成0/3/1", 0, 0, 0},
-    {"year 2026 of an era", "gg y/M/d", "平成2026/3/1", 0, 0, 0},
-    {"a letter of no era", "gg y/M/d", "X5/3/1", 0, 0, 0},
-    {"the first year of no era", "gg y/M/d", "元/3/1", 0, 0, 0},
-    {"no picture", "", "5/3", 0, 0, 0},
+struct RefusedRow {
+    const char *why, *picture, *text;
+};
+
+constexpr RefusedRow kRefused[] = {
+    {"empty", "M/d/yy", ""},
+    {"blanks", "M/d/yy", "  "},
+    {"a word", "M/d/yy", "tomorrow"},
+    {"a word behind", "M/d/yy", "5/3/26 noon"},
+    {"a word between", "M/d/yy", "5/May/26"},
+    {"month 13", "M/d/yy", "13/3/26"},
+    {"month 0", "M/d/yy", "0/3/26"},
+    {"day 0", "M/d/yy", "5/0/26"},
+    {"day 32 without a month", "d", "32"},
+    {"February 30", "M/d/yy", "2/30"},
+    {"February 29 of no leap year", "M/d/yy", "2/29/2027"},
+    {"of a short one", "M/d/yy", "2/29/27"},
+    {"one field of three", "M/d/yy", "5"},
+    {"too many fields", "M/d/yy", "5/3/26/1"},
+    {"too many for the picture", "M/d", "5/3/26"},
+    {"too many digits", "M/d/yy", "5/3/20265"},
+    {"digits in one piece", "yyyy/MM/dd", "20260503"},
+    {"two dividers", "M/d/yy", "5//3"},
+    {"a divider in front", "M/d/yy", "/5/3"},
+    {"a divider behind", "M/d/yy", "5/3/"},
+    {"a sign twice", "yyyy/MM/dd", "5月3月"},
+    {"a sign alone", "yyyy/MM/dd", "年5月3日"},
+    {"an era without a year", "gg y/M/d", "平成"},
+    {"an era for another field", "gg y/M/d", "平成5月3日"},
+    {"an era behind month and day", "dd.MM.yy gg", "03.05. 平成"},
+    {"two eras", "gg y/M/d", "平成昭和5/3/1"},
+    {"year 0 of an era", "gg y/M/d", "平成0/3/1"},
+    {"year 2026 of an era", "gg y/M/d", "平成2026/3/1"},
+    {"a letter of no era", "gg y/M/d", "X5/3/1"},
+    {"the first year of no era", "gg y/M/d", "元/3/1"},
+    {"no picture", "", "5/3"},
 };
 
 class TypedDate : public LocaleTest,
@@ -106,25 +109,15 @@ protected:
 
 TEST_P(TypedDate, WhatIsUnderstoodIsGivenAndTheRestKept) {
     for (const TypedRow& row : kUnderstood) {
-        int year = kKept;
-        int month = kKept;
-        int day = kKept;
-        EXPECT_TRUE(CIntlTime().ParseDateFromFormat(FromUtf8(row.picture), FromUtf8(row.text), ':',
-                                                    year, month, day))
+        EXPECT_THAT(Typed(SystemText(row.picture), row.text),
+                    Optional(ElementsAre(row.year, row.month, row.day)))
             << row.why;
-        EXPECT_EQ(std::tie(year, month, day), std::tie(row.year, row.month, row.day)) << row.why;
     }
 }
 
 TEST_P(TypedDate, WhatIsNotUnderstoodChangesNothing) {
-    for (const TypedRow& row : kRefused) {
-        int year = 0;
-        int month = 0;
-        int day = 0;
-        EXPECT_FALSE(CIntlTime().ParseDateFromFormat(FromUtf8(row.picture), FromUtf8(row.text), ':',
-                                                     year, month, day))
-            << row.why;
-        EXPECT_EQ(std::tie(year, month, day), std::tie(row.year, row.month, row.day)) << row.why;
+    for (const RefusedRow& row : kRefused) {
+        EXPECT_EQ(Typed(SystemText(row.picture), row.text), std::nullopt) << row.why;
     }
 }
 
@@ -133,26 +126,17 @@ INSTANTIATE_TEST_SUITE_P(Pages, TypedDate,
                                          std::tuple("ja-JP", kUtf8CodePage),
                                          std::tuple("en-US", kUtf8CodePage)));
 
-class TypedByLocale : public LocaleTest {};
+using TypedByLocale = LocaleTest;
 
 TEST_F(TypedByLocale, DigitsOfTheScriptCount) {
     ASSERT_TRUE(SystemLocale::Set("fa-IR"));
-    int year = 0;
-    int month = 0;
-    int day = 0;
-    EXPECT_TRUE(
-        CIntlTime().ParseDateFromFormat("yyyy/M/d", FromUtf8("۲۰۲۶/۵/۳"), '/', year, month, day));
-    EXPECT_EQ(std::tuple(year, month, day), std::tuple(2026, 5, 3));
+    EXPECT_THAT(Typed("yyyy/M/d", "۲۰۲۶/۵/۳"), Optional(ElementsAre(2026, 5, 3)));
 }
 
 TEST_F(TypedByLocale, AYearWithoutEraCountsInTheEraOfToday) {
     ASSERT_TRUE(SystemLocale::Set("ja-JP-u-ca-japanese"));
     CTime::SetClock(CTime(2018, 12, 31, 0, 0, 0).GetTime());
-    int year = 0;
-    int month = 0;
-    int day = 0;
-    EXPECT_TRUE(CIntlTime().ParseDateFromFormat("gg y/M/d", "30/5/3", '/', year, month, day));
-    EXPECT_EQ(year, 2018);
+    EXPECT_THAT(Typed("gg y/M/d", "30/5/3"), Optional(ElementsAre(2018, 5, 3)));
 }
 
 }  // namespace

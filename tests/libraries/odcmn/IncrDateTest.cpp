@@ -10,11 +10,10 @@
 namespace orvo {
 namespace {
 
-class IncrDateTest : public LocaleTest {};
+using IncrDateTest = LocaleTest;
 
 struct MoveRow {
-    const char* why;
-    const char* zone;
+    const char *why, *zone;
     CivilTime from;
     int days;
     CivilTime to;
@@ -25,11 +24,7 @@ constexpr MoveRow kMoves[] = {
     {"over the end of February", "Asia/Tokyo", {2028, 2, 28}, 7, {2028, 3, 6}},
     {"back over the year's start", "Asia/Tokyo", {2026, 1, 1}, -1, {2025, 12, 31}},
     {"nowhere", "Asia/Tokyo", {2026, 5, 3, 1, 2, 3}, 0, {2026, 5, 3, 1, 2, 3}},
-    {"the clock time stays over a change",
-     "Europe/Berlin",
-     {2026, 3, 28, 12},
-     1,
-     {2026, 3, 29, 12}},
+    {"over a change of the clock", "Europe/Berlin", {2026, 3, 28, 12}, 1, {2026, 3, 29, 12}},
     {"also over the one in autumn", "Europe/Berlin", {2026, 10, 24}, 7, {2026, 10, 31}},
     {"a time left out moves on", "Europe/Berlin", {2026, 3, 28, 2, 30}, 1, {2026, 3, 29, 3, 30}},
     {"over the day left out", "Pacific/Apia", {2011, 12, 29, 8}, 2, {2011, 12, 31, 8}},

@@ -1,6 +1,6 @@
 // Tests of dates as text by locale and by picture.
 // SPDX-License-Identifier: MIT
-#include <contracts/IntlTime.h>
+#include <tuple>
 
 #include "LocaleTest.h"
 
@@ -8,11 +8,7 @@ namespace orvo {
 namespace {
 
 struct LocaleRow {
-    const char* tag;
-    const char* picture;
-    const char* separator;
-    const char* shortDate;
-    const char* longDate;
+    const char *tag, *picture, *separator, *shortDate, *longDate;
 };
 
 // 2026-05-03
@@ -31,23 +27,22 @@ constexpr LocaleRow kLocales[] = {
     {"ja-JP-u-ca-japanese", "gg y/M/d", "/", "令和 8/5/3", "令和 8年5月3日"},
 };
 
-class IntlTime : public LocaleTest {};
+using IntlTime = LocaleTest;
 
 TEST_F(IntlTime, PicturesSeparatorAndTextAreThoseOfTheLocale) {
     for (const LocaleRow& row : kLocales) {
         ASSERT_TRUE(SystemLocale::Set(row.tag, 0));
         CIntlTime today(CTime::GetCurrentTime());
 
-        EXPECT_EQ(Utf8(today.GetDateFormatA(eShortDate)), row.picture) << row.tag;
-        EXPECT_EQ(Utf8(today.GetDateSeperator()), row.separator) << row.tag;
-        EXPECT_EQ(Utf8(today.FormatDate(eShortDate)), row.shortDate) << row.tag;
-        EXPECT_EQ(Utf8(today.FormatDate(eLongDate)), row.longDate) << row.tag;
+        EXPECT_EQ(ToUtf8(today.GetDateFormatA(eShortDate)), row.picture) << row.tag;
+        EXPECT_EQ(ToUtf8(today.GetDateSeperator()), row.separator) << row.tag;
+        EXPECT_EQ(ToUtf8(today.FormatDate(eShortDate)), row.shortDate) << row.tag;
+        EXPECT_EQ(ToUtf8(today.FormatDate(eLongDate)), row.longDate) << row.tag;
     }
 }
 
 struct PictureRow {
-    const char* why;
-    const char* picture;
+    const char *why, *picture;
     CivilTime date;
     const char* text;
 };
@@ -73,7 +68,7 @@ TEST_P(PictureOnPage, ItsLettersBecomeTheFieldsOfTheDate) {
     ASSERT_TRUE(SystemLocale::Set("en-US", GetParam()));
     for (const PictureRow& row : kPictures) {
         CIntlTime time(CTime(MomentOfCivil(row.date)));
-        EXPECT_EQ(Utf8(time.FormatDate(FromUtf8(row.picture))), row.text) << row.why;
+        EXPECT_EQ(ToUtf8(time.FormatDate(SystemText(row.picture))), row.text) << row.why;
     }
 }
 
@@ -81,65 +76,63 @@ INSTANTIATE_TEST_SUITE_P(Pages, PictureOnPage, testing::Values(kUtf8CodePage, kJ
 
 TEST_F(IntlTime, AMomentWithoutLocalTimeHasNoText) {
     CIntlTime beyond{CTime(std::numeric_limits<std::time_t>::max())};
-    EXPECT_EQ(Utf8(beyond.FormatDate(eShortDate)), "");
+    EXPECT_EQ(ToUtf8(beyond.FormatDate(eShortDate)), "");
 }
 
-constexpr const char* kRoundTripLocales[] = {
-    "en-US",
-    "en-GB",
-    "en-CA",
-    "en-ZA",
-    "de",
-    "fr",
-    "fr-CA",
-    "it",
-    "es",
-    "pt-BR",
-    "nl",
-    "da",
-    "nb",
-    "sv",
-    "fi",
-    "is",
-    "pl",
-    "cs",
-    "sk",
-    "sl",
-    "hr",
-    "sr",
-    "bg",
-    "mk",
-    "uk",
-    "ru",
-    "hu",
-    "ro",
-    "el",
-    "tr",
-    "he",
-    "ar",
-    "ar-SA",
-    "fa",
-    "ur",
-    "hi",
-    "bn",
-    "th",
-    "vi",
-    "id",
-    "zh",
-    "zh-TW",
-    "ko",
-    "ja",
-    "kk",
-    "mn",
-    "my",
-    "ja-JP-u-ca-japanese",
-    "eu",
-    "lt",
-    "lv",
-    "et",
-    "en-US-u-ca-japanese",
-    "zh-u-ca-japanese",
-};
+constexpr const char* kRoundTripLocales[] = {"en-US",
+                                             "en-GB",
+                                             "en-CA",
+                                             "en-ZA",
+                                             "de",
+                                             "fr",
+                                             "fr-CA",
+                                             "it",
+                                             "es",
+                                             "pt-BR",
+                                             "nl",
+                                             "da",
+                                             "nb",
+                                             "sv",
+                                             "fi",
+                                             "is",
+                                             "pl",
+                                             "cs",
+                                             "sk",
+                                             "sl",
+                                             "hr",
+                                             "sr",
+                                             "bg",
+                                             "mk",
+                                             "uk",
+                                             "ru",
+                                             "hu",
+                                             "ro",
+                                             "el",
+                                             "tr",
+                                             "he",
+                                             "ar",
+                                             "ar-SA",
+                                             "fa",
+                                             "ur",
+                                             "hi",
+                                             "bn",
+                                             "th",
+                                             "vi",
+                                             "id",
+                                             "zh",
+                                             "zh-TW",
+                                             "ko",
+                                             "ja",
+                                             "kk",
+                                             "mn",
+                                             "my",
+                                             "ja-JP-u-ca-japanese",
+                                             "eu",
+                                             "lt",
+                                             "lv",
+                                             "et",
+                                             "en-US-u-ca-japanese",
+                                             "zh-u-ca-japanese"};
 
 TEST_F(IntlTime, AShortDateIsReadAsTheDayItShows) {
     for (const char* tag : kRoundTripLocales) {
@@ -150,17 +143,14 @@ TEST_F(IntlTime, AShortDateIsReadAsTheDayItShows) {
             CIntlTime time(CTime(MomentOfCivil(date)));
             const CString& picture = time.GetDateFormatA(eShortDate, 0);
             const CString text = time.FormatDate(picture);
-            int year = -1;
-            int month = -1;
-            int day = -1;
 
-            ASSERT_TRUE(time.ParseDateFromFormat(picture, text, time.GetDateSeperator()[0], year,
-                                                 month, day))
-                << tag << ": " << Utf8(text);
-            ASSERT_EQ(month, date.month) << tag << ": " << Utf8(text);
-            ASSERT_EQ(day, date.day) << tag << ": " << Utf8(text);
-            ASSERT_EQ(year % 100, date.year % 100) << tag << ": " << Utf8(text);
-            ASSERT_TRUE(year < 100 || year == date.year) << tag << ": " << Utf8(text);
+            const auto read = Typed(picture, ToUtf8(text), time.GetDateSeperator()[0]);
+            ASSERT_TRUE(read) << tag << ": " << ToUtf8(text);
+            const auto [year, month, day] = *read;
+            ASSERT_EQ(std::tuple(month, day, year % 100),
+                      std::tuple(date.month, date.day, date.year % 100))
+                << tag << ": " << ToUtf8(text);
+            ASSERT_TRUE(year < 100 || year == date.year) << tag << ": " << ToUtf8(text);
         }
     }
 }

@@ -8,10 +8,7 @@ namespace orvo {
 namespace {
 
 struct LineRow {
-    const char* why;
-    const char* text;
-    const char* line;
-    const char* rest;
+    const char *why, *text, *line, *rest;
     bool multiline;
 };
 
@@ -34,14 +31,14 @@ class Lines : public LocaleTest, public testing::WithParamInterface<unsigned> {}
 TEST_P(Lines, TheFirstLineComesOutAndTheRestStays) {
     ASSERT_TRUE(SystemLocale::Set("ja-JP", GetParam()));
     for (const LineRow& row : kLines) {
-        CString text = FromUtf8(row.text);
+        CString text = SystemText(row.text);
         CString line("old");
 
         EXPECT_EQ(IsMultiline(text) != 0, row.multiline) << row.why;
         GetFirstLine(text, line);
 
-        EXPECT_EQ(Utf8(line), row.line) << row.why;
-        EXPECT_EQ(Utf8(text), row.rest) << row.why;
+        EXPECT_EQ(ToUtf8(line), row.line) << row.why;
+        EXPECT_EQ(ToUtf8(text), row.rest) << row.why;
     }
 }
 

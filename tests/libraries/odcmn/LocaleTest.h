@@ -2,14 +2,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <string>
+#include <array>
+#include <optional>
 #include <string_view>
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
-#include <platform/text/CString.h>
+#include <contracts/IntlTime.h>
 #include <platform/text/CodePage.h>
 #include <platform/text/SystemLocale.h>
+#include <platform/text/SystemText.h>
 #include <platform/time/CTime.h>
 #include <platform/time/TimeZone.h>
 
@@ -28,16 +30,16 @@ protected:
         SystemLocale::Reset();
     }
 
-    static CString FromUtf8(std::string_view utf8) {
-        CString text;
-        CodePage::System().FromUtf8(utf8, text.Bytes());
-        return text;
-    }
-
-    static std::string Utf8(const CString& text) {
-        std::string utf8;
-        CodePage::System().ToUtf8(text.View(), utf8);
-        return utf8;
+    // Of a text in UTF-8, as the user types it: year, month and day, -1 where it names none.
+    static std::optional<std::array<int, 3>> Typed(const CString& picture, std::string_view text,
+                                                   char separator = ':') {
+        std::array<int, 3> date{-1, -1, -1};
+        if (!CIntlTime().ParseDateFromFormat(picture, SystemText(text), separator, date[0], date[1],
+                                             date[2])) {
+            EXPECT_EQ(date, (std::array{-1, -1, -1})) << "a text that is refused changes nothing";
+            return std::nullopt;
+        }
+        return date;
     }
 };
 

@@ -1,12 +1,9 @@
 // Tests of shortening a text to a width: 8 pixels for a Latin character, 16 for a wide one.
 // SPDX-License-Identifier: MIT
-#include <memory>
-#include <string>
-
 #include <gtest/gtest.h>
 
 #include <contracts/TextMeasure.h>
-#include <platform/text/CodePage.h>
+#include <platform/text/SystemText.h>
 #include <platform/window/CDC.h>
 #include <platform/window/RecordingCanvas.h>
 #include <support/CodePages.h>
@@ -31,12 +28,6 @@ public:
 
 class TextMeasure : public testing::TestWithParam<LocaleCase> {
 protected:
-    static CString Text(const std::string& utf8) {
-        CString text;
-        CodePage::System().FromUtf8(utf8, text.Bytes());
-        return text;
-    }
-
     LocaleInForce locale{GetParam().tag, GetParam().codePage};
     CountingCanvas canvas;
     CDC dc{canvas};
@@ -45,8 +36,7 @@ INSTANTIATE_TEST_SUITE_P(CodePages, TextMeasure, testing::ValuesIn(kBothCodePage
 
 TEST_P(TextMeasure, ATextIsCutAfterTheLastWholeCharacterThatFits) {
     struct Row {
-        const char* why;
-        const char* in;
+        const char *why, *in;
         int width, flag;
         const char* want;
     };
@@ -66,14 +56,15 @@ TEST_P(TextMeasure, ATextIsCutAfterTheLastWholeCharacterThatFits) {
         {"nothing to cut", "", 0, 1, ""},
     };
     for (const Row& row : rows) {
-        CString text = Text(row.in);
+        CString text = SystemText(row.in);
         TruncateText(text, dc, row.width, row.flag);
-        EXPECT_EQ(text, Text(row.want)) << row.why;
+        EXPECT_EQ(text, SystemText(row.want)) << row.why;
     }
 }
 
 TEST_P(TextMeasure, EveryWidthIsUsedUp) {
-    const CString whole = Text("ab表c表表defg表hi表表jklmnop表qrstuvwxyz表表表abcdefghijklmnopq表");
+    const CString whole =
+        SystemText("ab表c表表defg表hi表表jklmnop表qrstuvwxyz表表表abcdefghijklmnopq表");
     for (int width = 24; width < 600; ++width) {
         CString text = whole;
         TruncateText(text, dc, width, 1);
@@ -88,7 +79,7 @@ TEST_P(TextMeasure, EveryWidthIsUsedUp) {
 TEST_P(TextMeasure, ALongTextIsntMeasuredWhole) {
     std::string utf8;
     while (utf8.size() < 100000) utf8 += "表x";
-    CString text = Text(utf8);
+    CString text = SystemText(utf8);
 
     TruncateText(text, dc, 180, 1);
 

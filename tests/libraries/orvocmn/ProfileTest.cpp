@@ -1,7 +1,5 @@
 // Tests of the application's settings and of the interface preferences, as programs call them.
 // SPDX-License-Identifier: MIT
-#include <vector>
-
 #include <climits>
 
 #include <contracts/Profile.h>
@@ -42,9 +40,7 @@ TEST_F(Profile, EqualNamesOfBothKindsAreTwoValues) {
 
 TEST_F(Profile, ATextLongerThanTheBufferIsCutBetweenCharacters) {
     struct {
-        const char* why;
-        const char* tag;
-        const char* text;
+        const char *why, *tag, *text;
         std::size_t buffer;
         const char* want;
     } const rows[] = {
@@ -80,9 +76,6 @@ TEST_F(Profile, WhatIsNotThereGivesTheDefaultAndANullNameIsRefused) {
     }
     EXPECT_FALSE(Get("k", 0).result);
     EXPECT_FALSE(CmnWriteProfileString("s", "k", nullptr));
-    EXPECT_FALSE(CmnWriteProfileInt("s", nullptr, 1));
-    EXPECT_FALSE(OUIWriteProfileString("s", "k", nullptr));
-    EXPECT_FALSE(OUIWriteProfileInt(nullptr, "k", 1));
     EXPECT_FALSE(std::filesystem::exists(file));
 }
 

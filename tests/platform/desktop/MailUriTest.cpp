@@ -1,6 +1,7 @@
 // What of a message reaches a composer, and that it can do no harm on its way.
 // SPDX-License-Identifier: MIT
-#include <gmock/gmock.h>
+#include <tuple>
+
 #include <gtest/gtest.h>
 
 #include <platform/desktop/MailUri.h>
@@ -8,12 +9,7 @@
 namespace orvo {
 namespace {
 
-struct AddressRow {
-    const char* why;
-    const char* in;
-    const char* want;
-};
-constexpr AddressRow kAddresses[] = {
+constexpr std::tuple<const char*, const char*, const char*> kAddresses[] = {
     {"an address stays as it is", "ann@example.org", "ann@example.org"},
     {"signs that a local part may have", "o'lee+$`!x@example.org", "o'lee+$`!x@example.org"},
     {"the name of the protocol isn't part of it", "smtp:ann@example.org", "ann@example.org"},
@@ -29,18 +25,11 @@ constexpr AddressRow kAddresses[] = {
 };
 
 TEST(MailUri, AnAddressNamesOnePersonOrNobody) {
-    for (const AddressRow& row : kAddresses)
-        EXPECT_EQ(PlainMailAddress(row.in), row.want) << row.why;
+    for (const auto& [why, in, want] : kAddresses) EXPECT_EQ(PlainMailAddress(in), want) << why;
 }
 
-struct UriRow {
-    const char* why;
-    MailDraft draft;
-    const char* want;
-};
-
 TEST(MailUri, EachPartHasItsPlaceAndEmptyOnesHaveNone) {
-    const UriRow rows[] = {
+    const std::tuple<const char*, MailDraft, const char*> rows[] = {
         {"nothing at all", {}, "mailto:"},
         {"recipients alone", {{"a@x.org", "b@y.org"}, "", "", {}}, "mailto:a@x.org,b@y.org"},
         {"a subject alone", {{}, "Hi", "", {}}, "mailto:?subject=Hi"},
@@ -59,7 +48,7 @@ TEST(MailUri, EachPartHasItsPlaceAndEmptyOnesHaveNone) {
         {"files", {{}, "", "", {"/a b/c", "/d"}}, "mailto:?attach=/a%20b/c&attach=/d"},
         {"letters of UTF-8", {{}, "\xC3\xA9", "", {}}, "mailto:?subject=%C3%A9"},
     };
-    for (const UriRow& row : rows) EXPECT_EQ(MailUri(row.draft), row.want) << row.why;
+    for (const auto& [why, draft, want] : rows) EXPECT_EQ(MailUri(draft), want) << why;
 }
 
 TEST(MailUri, NoByteOfAnyTextIsLeftForAShell) {

@@ -7,7 +7,7 @@
 #include <platform/desktop/ShellLinkBytes.h>
 #include <platform/desktop/Shortcut.h>
 #include <platform/io/TempFolder.h>
-#include <platform/text/CodePage.h>
+#include <platform/text/SystemText.h>
 #include <support/CodePages.h>
 #include <support/LocaleInForce.h>
 
@@ -19,10 +19,13 @@ using Link = ShellLinkBytes;
 
 struct ShortcutTest : testing::Test {
     ShortcutTest() {
-        fs::create_directories(folder.Path("links"));
-        fs::create_directories(folder.Path("Cards"));
-        folder.File("Cards/Ann.vcf", "");
-        folder.File("links/here.vcf", "");
+        for (const char* each : {"links", "links/sub", "Cards"}) {
+            fs::create_directory(folder.Path(each));
+        }
+        for (const char* each :
+             {"Cards/Ann.vcf", "links/here.vcf", "links/both.vcf", "links/sub/both.vcf"}) {
+            folder.File(each, "");
+        }
     }
 
     std::string LinkFile(const Link& link) const {
@@ -30,6 +33,11 @@ struct ShortcutTest : testing::Test {
     }
     std::string EntryFile(const std::string& text) const {
         return folder.File("links/a.desktop", text);
+    }
+
+    // A link with a path from its own folder, after a place where one is given.
+    static Link To(const char* path, Link link = {}) {
+        return link.WithText(Link::kRelativePath, path);
     }
 
     // The target, below the folder of the test; what is wrong where there is none.
@@ -52,47 +60,33 @@ TEST_F(ShortcutTest, AShellLinksTargetIsLookedForInOrder) {
         const char* want;
     };
     const Row rows[] = {
-        {"from the link's folder", Link().WithText(Link::kRelativePath, "..\\Cards\\Ann.vcf"),
-         "Cards/Ann.vcf"},
-        {"in whatever case", Link().WithText(Link::kRelativePath, "..\\CARDS\\ann.VCF"),
-         "Cards/Ann.vcf"},
+        {"from the link's folder", To("..\\Cards\\Ann.vcf"), "Cards/Ann.vcf"},
+        {"in whatever case", To("..\\CARDS\\ann.VCF"), "Cards/Ann.vcf"},
         {"the relative path first",
-         Link()
-             .WithPlace("C:\\x\\", "here.vcf")
-             .WithText(Link::kRelativePath, "..\\Cards\\Ann.vcf"),
-         "Cards/Ann.vcf"},
-        {"then the base path",
-         Link().WithPlace("C:\\x\\", "Here.vcf").WithText(Link::kRelativePath, "..\\gone.vcf"),
+         To("..\\Cards\\Ann.vcf", Link().WithPlace("C:\\x\\", "here.vcf")), "Cards/Ann.vcf"},
+        {"then the base path", To("..\\gone.vcf", Link().WithPlace("C:\\x\\", "Here.vcf")),
          "links/here.vcf"},
-        {"the base path's longest end", Link().WithPlace("C:\\x\\Sub\\", "here.vcf"),
-         "links/sub/here.vcf"},
+        {"the base path's longest end", Link().WithPlace("C:\\x\\Sub\\", "both.vcf"),
+         "links/sub/both.vcf"},
         {"a base path of this machine", Link().WithPlace(folder.Path("Cards/"), "Ann.vcf"),
          "Cards/Ann.vcf"},
-        {"nowhere",
-         Link().WithPlace("C:\\x\\", "gone.vcf").WithText(Link::kRelativePath, "..\\gone.vcf"),
-         "not found"},
-        {"a folder is no target", Link().WithText(Link::kRelativePath, "..\\Cards"), "not found"},
+        {"nowhere", To("..\\gone.vcf", Link().WithPlace("C:\\x\\", "gone.vcf")), "not found"},
+        {"a folder is no target", To("..\\Cards"), "not found"},
         {"no path at all", Link(), "not found"},
     };
     for (const Row& row : rows) {
-        if (std::string(row.want) == "links/sub/here.vcf") {
-            fs::create_directories(folder.Path("links/sub"));
-            folder.File("links/sub/here.vcf", "");
-        }
         EXPECT_EQ(Target(LinkFile(row.link)), row.want) << row.why;
     }
 }
 
 TEST_F(ShortcutTest, TheSameCaseComesFirstThenTheFirstName) {
     folder.File("Cards/ANN.vcf", "");
-    EXPECT_EQ(Target(LinkFile(Link().WithText(Link::kRelativePath, "..\\Cards\\Ann.vcf"))),
-              "Cards/Ann.vcf");
-    EXPECT_EQ(Target(LinkFile(Link().WithText(Link::kRelativePath, "..\\Cards\\ann.vcf"))),
-              "Cards/ANN.vcf");
+    EXPECT_EQ(Target(LinkFile(To("..\\Cards\\Ann.vcf"))), "Cards/Ann.vcf");
+    EXPECT_EQ(Target(LinkFile(To("..\\Cards\\ann.vcf"))), "Cards/ANN.vcf");
 }
 
 TEST_F(ShortcutTest, TheShortcutsOwnNameMayBeInAnotherCase) {
-    LinkFile(Link().WithText(Link::kRelativePath, "here.vcf"));
+    LinkFile(To("here.vcf"));
     EXPECT_EQ(Target(folder.Path("LINKS/A.LNK")), "links/here.vcf");
 }
 
@@ -138,7 +132,7 @@ TEST_F(ShortcutTest, ASymbolicLinkIsFollowedToItsEnd) {
     fs::create_symlink("one", folder.Path("links/two"));
     fs::create_symlink("gone", folder.Path("links/broken"));
     fs::create_symlink("loop", folder.Path("links/loop"));
-    LinkFile(Link().WithText(Link::kRelativePath, "here.vcf"));
+    LinkFile(To("here.vcf"));
     fs::create_symlink("links/a.lnk", folder.Path("shortcut"));
 
     EXPECT_TRUE(IsShortcut(folder.Path("links/two")));
@@ -155,15 +149,11 @@ TEST_F(ShortcutTest, PathsAreInTheCodePageOfTheSystem) {
         const std::string link =
             folder.File("links/\xE5\xB1\xB1.LNK",
                         Link().WithUnicodeText(Link::kRelativePath, u"\u8868.VCF").Bytes());
-        std::string path;
-        std::string want;
-        CodePage::System().FromUtf8(link, path);
-        CodePage::System().FromUtf8(folder.Path("links/\xE8\xA1\xA8.vcf"), want);
-
+        const CString path = SystemText(link);
         EXPECT_TRUE(IsShortcut(path));
         CString target;
-        EXPECT_EQ(ResolveShortcut(path.c_str(), target), S_OK);
-        EXPECT_EQ(target.Bytes(), want);
+        EXPECT_EQ(ResolveShortcut(path, target), S_OK);
+        EXPECT_EQ(target, SystemText(folder.Path("links/\xE8\xA1\xA8.vcf")));
     }
 }
 

@@ -1,6 +1,6 @@
 // Tests of CArchive.
 // SPDX-License-Identifier: MIT
-#include <limits>
+#include <tuple>
 
 #include <gmock/gmock.h>
 
@@ -62,21 +62,9 @@ TEST_F(CArchiveTest, NumbersAreLittleEndianAndComeBack) {
               "\xFD\xFF\xFF\xFF\xFF\xFF\xFF\xFF\0\0\0\0\0\0\xF8\x3F"s);
 
     CArchive archive(Holding(bytes), CArchive::load);
-    std::uint8_t byte = 0;
-    std::uint16_t word = 0;
-    int number = 0;
-    unsigned positive = 0;
-    long longNumber = 0;
-    unsigned long longPositive = 0;
-    double fraction = 0;
-    archive >> byte >> word >> number >> positive >> longNumber >> longPositive >> fraction;
-    EXPECT_EQ(byte, 0x12);
-    EXPECT_EQ(word, 0x3456);
-    EXPECT_EQ(number, -2);
-    EXPECT_EQ(positive, 0x89ABCDEFu);
-    EXPECT_EQ(longNumber, -3);
-    EXPECT_EQ(longPositive, 0xFFFFFFFFul);
-    EXPECT_EQ(fraction, 1.5);
+    std::tuple<std::uint8_t, std::uint16_t, int, unsigned, long, unsigned long, double> read;
+    std::apply([&](auto&... each) { (archive >> ... >> each); }, read);
+    EXPECT_EQ(read, std::tuple(0x12, 0x3456, -2, 0x89ABCDEFu, -3L, 0xFFFFFFFFul, 1.5));
 }
 
 TEST_F(CArchiveTest, ANumberOfMoreThanFourBytesIsRefusedAndNothingIsStored) {
@@ -118,24 +106,20 @@ TEST_F(CArchiveTest, ATextIsItsCountAndItsBytes) {
     }
 }
 
-struct BrokenRow {
-    const char* why;
-    std::string bytes;
-    CArchiveException::Cause cause;
-};
-
-const BrokenRow kBrokenTexts[] = {
-    {"no count", "", CArchiveException::endOfFile},
-    {"half a count", "\xFF\x10", CArchiveException::endOfFile},
-    {"less than promised", "\x05two", CArchiveException::endOfFile},
-    {"2 GB promised, 3 bytes there", "\xFF\xFF\xFF\xFF\xFF\xFF\x7F..."s,
-     CArchiveException::endOfFile},
-    {"more than 2 GB promised", "\xFF\xFF\xFF\0\0\0\x80"s, CArchiveException::badValue},
-    {"16-bit characters announced", "\xFF\xFE\xFF\x02"s, CArchiveException::badValue},
-};
-
 TEST_F(CArchiveTest, ABrokenTextThrowsAndLeavesTheOldOne) {
-    for (const BrokenRow& row : kBrokenTexts) {
+    using Error = CArchiveException;
+    struct Row {
+        const char* why;
+        std::string bytes;
+        Error::Cause cause;
+    };
+    for (const Row& row :
+         {Row{"no count", "", Error::endOfFile},
+          {"half a count", "\xFF\x10", Error::endOfFile},
+          {"less than promised", "\x05two", Error::endOfFile},
+          {"2 GB promised, 3 there", "\xFF\xFF\xFF\xFF\xFF\xFF\x7F..."s, Error::endOfFile},
+          {"more than 2 GB promised", "\xFF\xFF\xFF\0\0\0\x80"s, Error::badValue},
+          {"16-bit characters announced", "\xFF\xFE\xFF\x02"s, Error::badValue}}) {
         CString text("old");
         EXPECT_EQ(CauseOfLoading(row.bytes, text), row.cause) << row.why;
         EXPECT_STREQ(text, "old") << row.why;

@@ -54,8 +54,7 @@ TEST_F(CFileTest, CreateEmptiesAFileAndTheOtherModesDoNot) {
 
 struct ShareRow {
     const char* why;
-    unsigned first;
-    unsigned second;
+    unsigned first, second;
     bool opens;
 };
 

@@ -1,17 +1,13 @@
 // Names of files that are made from texts of others.
 // SPDX-License-Identifier: MIT
+#include <tuple>
+
 #include <gtest/gtest.h>
 
 #include <platform/io/FileName.h>
 
 namespace orvo {
 namespace {
-
-struct NameRow {
-    const char* why;
-    std::string in;
-    std::string want;
-};
 
 // So many characters of three bytes.
 std::string Wide(int count) {
@@ -21,7 +17,7 @@ std::string Wide(int count) {
 }
 
 TEST(FileName, ANameSaysNothingToAShellAnAddressOrAMailProgram) {
-    const NameRow rows[] = {
+    const std::tuple<const char*, std::string, std::string> rows[] = {
         {"a plain name", "Ann Lee-Day_2.vcf", "Ann Lee-Day_2.vcf"},
         {"letters and marks of any script", "山田 太郎 नमस्ते é١٢.vcf", "山田 太郎 नमस्ते é١٢.vcf"},
         {"a wide blank", "山田　太郎", "山田 太郎"},
@@ -43,7 +39,7 @@ TEST(FileName, ANameSaysNothingToAShellAnAddressOrAMailProgram) {
         {"too long", std::string(300, 'x') + ".vcf", std::string(116, 'x') + ".vcf"},
         {"no character is cut", "a" + Wide(50), "a" + Wide(39)},
     };
-    for (const NameRow& row : rows) EXPECT_EQ(PlainFileName(row.in), row.want) << row.why;
+    for (const auto& [why, in, want] : rows) EXPECT_EQ(PlainFileName(in), want) << why;
 }
 
 TEST(FileName, APathIsPlainWhereAllOfItsNamesAre) {

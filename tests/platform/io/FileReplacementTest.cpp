@@ -5,7 +5,6 @@
 #include <filesystem>
 #include <sys/stat.h>
 #include <thread>
-#include <vector>
 
 #include <gtest/gtest.h>
 

@@ -4,10 +4,8 @@
 #include <functional>
 #include <sys/stat.h>
 #include <unistd.h>
-#include <vector>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <platform/io/TempFolder.h>
 #include <platform/io/TrustedPath.h>

@@ -1,8 +1,6 @@
 // Tests of keys and typed values, and of how they lie in the settings file.
 // SPDX-License-Identifier: MIT
-#include <string>
 #include <string_view>
-#include <vector>
 
 #include <gmock/gmock.h>
 
@@ -18,14 +16,21 @@ using namespace std::string_literals;
 using testing::HasSubstr;
 using Registry = SettingsFixture;
 
-HKEY Create(HKEY parent, const char* path, std::uint32_t* disposition = nullptr,
-            std::uint32_t access = KEY_ALL_ACCESS) {
-    HKEY key = nullptr;
-    EXPECT_EQ(RegCreateKeyExA(parent, path, 0, nullptr, REG_OPTION_NON_VOLATILE, access, nullptr,
-                              &key, disposition),
-              ERROR_SUCCESS);
-    return key;
-}
+// A key that is made where it isn't there, and closed at the end.
+struct Key {
+    Key(HKEY parent, const char* path, std::uint32_t access = KEY_ALL_ACCESS) {
+        EXPECT_EQ(RegCreateKeyExA(parent, path, 0, nullptr, REG_OPTION_NON_VOLATILE, access,
+                                  nullptr, &handle, &disposition),
+                  ERROR_SUCCESS);
+    }
+    Key(const Key&) = delete;
+    Key& operator=(const Key&) = delete;
+    ~Key() { RegCloseKey(handle); }
+    operator HKEY() const { return handle; }
+
+    HKEY handle = nullptr;
+    std::uint32_t disposition = 0;
+};
 
 long Open(HKEY parent, const char* path, HKEY& key) {
     return RegOpenKeyExA(parent, path, 0, KEY_READ, &key);
@@ -60,16 +65,14 @@ Value Query(HKEY key, const char* name, std::uint32_t room = 1024) {
             size};
 }
 
-struct TypeRow {
-    const char* why;
-    std::uint32_t type;
-    std::string data;
-    std::string want;
-    const char* line;
-};
-
 TEST_F(Registry, EachTypeComesBackAndIsReadableInTheFile) {
-    const TypeRow rows[] = {
+    struct Row {
+        const char* why;
+        std::uint32_t type;
+        std::string data, want;
+        const char* line;
+    };
+    const Row rows[] = {
         {"a text", REG_SZ, "Dear\n\0"s, "Dear\n\0"s, "v=text:Dear\\n\n"},
         {"a text without its zero", REG_SZ, "a"s, "a\0"s, "v=text:a\n"},
         {"an empty text", REG_SZ, ""s, "\0"s, "v=text:\n"},
@@ -80,8 +83,8 @@ TEST_F(Registry, EachTypeComesBackAndIsReadableInTheFile) {
          "v=number:4278190593\n"},
         {"texts", REG_MULTI_SZ, "a\0b\0\0"s, "a\0b\0\0"s, "v=texts:a\\x00b\\x00\n"},
     };
-    const HKEY key = Create(HKEY_CURRENT_USER, "k");
-    for (const TypeRow& row : rows) {
+    const Key key(HKEY_CURRENT_USER, "k");
+    for (const Row& row : rows) {
         EXPECT_EQ(Set(key, "v", row.type, row.data), ERROR_SUCCESS) << row.why;
         const Value value = Query(key, "v");
         EXPECT_EQ(value.status, ERROR_SUCCESS) << row.why;
@@ -89,15 +92,13 @@ TEST_F(Registry, EachTypeComesBackAndIsReadableInTheFile) {
         EXPECT_EQ(value.data, row.want) << row.why;
         EXPECT_THAT(Bytes(), HasSubstr(row.line)) << row.why;
     }
-    RegCloseKey(key);
 }
 
 TEST_F(Registry, ValuesLieInTheSettingsFileBesideTheOthers) {
     Put("; mine\n[Profile/k]\nv=1\n");
-    const HKEY key = Create(HKEY_LOCAL_MACHINE, "Software\\Orvo");
+    const Key key(HKEY_LOCAL_MACHINE, "Software\\Orvo");
     EXPECT_EQ(Set(key, "Name", REG_SZ, "a\nb"), ERROR_SUCCESS);
     EXPECT_EQ(Set(key, nullptr, REG_DWORD, "\x2A\0\0\0"s), ERROR_SUCCESS);
-    RegCloseKey(key);
 
     EXPECT_EQ(Bytes(),
               "; mine\n[Profile/k]\nv=1\n\n[LocalMachine/software\\\\orvo]\nname=text:a\\nb\n"
@@ -105,13 +106,11 @@ TEST_F(Registry, ValuesLieInTheSettingsFileBesideTheOthers) {
 }
 
 TEST_F(Registry, AKeyIsThereWithThoseAboveItInEitherCase) {
-    std::uint32_t disposition = 0;
-    const HKEY key = Create(HKEY_CURRENT_USER, "\\Software\\Orvo\\View\\", &disposition);
-    EXPECT_EQ(disposition, REG_CREATED_NEW_KEY);
-    RegCloseKey(Create(HKEY_CURRENT_USER, "software\\ORVO\\View", &disposition));
-    EXPECT_EQ(disposition, REG_OPENED_EXISTING_KEY);
-    RegCloseKey(Create(HKEY_CURRENT_USER, "Software", &disposition));
-    EXPECT_EQ(disposition, REG_OPENED_EXISTING_KEY) << "made with the one below it";
+    const Key key(HKEY_CURRENT_USER, "\\Software\\Orvo\\View\\");
+    EXPECT_EQ(key.disposition, REG_CREATED_NEW_KEY);
+    for (const char* path : {"software\\ORVO\\View", "Software"}) {
+        EXPECT_EQ(Key(HKEY_CURRENT_USER, path).disposition, REG_OPENED_EXISTING_KEY) << path;
+    }
 
     EXPECT_TRUE(IsThere(HKEY_CURRENT_USER, "SOFTWARE\\Orvo"));
     EXPECT_FALSE(IsThere(HKEY_CURRENT_USER, "Software\\Orv"));
@@ -124,11 +123,10 @@ TEST_F(Registry, AKeyIsThereWithThoseAboveItInEitherCase) {
     EXPECT_EQ(Set(key, "Width", REG_SZ, "1"), ERROR_SUCCESS);
     EXPECT_EQ(Query(key, "wIDTH").data, "1\0"s);
     RegCloseKey(orvo);
-    RegCloseKey(key);
 }
 
 TEST_F(Registry, ADeletedValueIsGoneAndItsKeyStays) {
-    const HKEY key = Create(HKEY_CURRENT_USER, "k");
+    const Key key(HKEY_CURRENT_USER, "k");
     EXPECT_EQ(Set(key, "v", REG_SZ, "1"), ERROR_SUCCESS);
 
     EXPECT_EQ(RegDeleteValueA(key, "V"), ERROR_SUCCESS);
@@ -136,11 +134,10 @@ TEST_F(Registry, ADeletedValueIsGoneAndItsKeyStays) {
     EXPECT_EQ(Query(key, "v").status, ERROR_FILE_NOT_FOUND);
     EXPECT_EQ(RegDeleteValueA(key, "v"), ERROR_FILE_NOT_FOUND);
     EXPECT_TRUE(IsThere(HKEY_CURRENT_USER, "k"));
-    RegCloseKey(key);
 }
 
 TEST_F(Registry, TooLittleRoomTellsHowMuchItTakes) {
-    const HKEY key = Create(HKEY_CURRENT_USER, "k");
+    const Key key(HKEY_CURRENT_USER, "k");
     EXPECT_EQ(Set(key, "v", REG_SZ, "1234"), ERROR_SUCCESS);
 
     const Value cut = Query(key, "v", 4);
@@ -150,25 +147,22 @@ TEST_F(Registry, TooLittleRoomTellsHowMuchItTakes) {
     std::uint32_t size = 0;
     EXPECT_EQ(RegQueryValueExA(key, "v", nullptr, nullptr, nullptr, &size), ERROR_SUCCESS);
     EXPECT_EQ(size, 5U);
-    RegCloseKey(key);
 }
 
 TEST_F(Registry, WhatIsWrongIsRefusedAndChangesNothing) {
     Put("[CurrentUser/k]\na=7\nb=number:x\nc=bytes:123\nd=number:4294967296\ne=nothing:\n");
-    const HKEY key = Create(HKEY_CURRENT_USER, "k");
+    const Key key(HKEY_CURRENT_USER, "k");
     for (const char* broken : {"a", "b", "c", "d", "e"}) {
         EXPECT_EQ(Query(key, broken).status, ERROR_INVALID_DATA) << broken;
     }
     const std::string before = Bytes();
-    const HKEY readOnly = Create(HKEY_CURRENT_USER, "k", nullptr, KEY_READ);
-    const HKEY writeOnly = Create(HKEY_CURRENT_USER, "k", nullptr, KEY_WRITE);
+    const Key readOnly(HKEY_CURRENT_USER, "k", KEY_READ);
+    const Key writeOnly(HKEY_CURRENT_USER, "k", KEY_WRITE);
     EXPECT_EQ(Set(readOnly, "a", REG_SZ, "1"), ERROR_ACCESS_DENIED);
     EXPECT_EQ(RegDeleteValueA(readOnly, "a"), ERROR_ACCESS_DENIED);
     EXPECT_EQ(Query(writeOnly, "a").status, ERROR_ACCESS_DENIED);
     EXPECT_EQ(Set(key, "a", REG_DWORD, "123"), ERROR_INVALID_PARAMETER);
     EXPECT_EQ(Set(key, "a", 11, "12345678"), ERROR_INVALID_PARAMETER);
-    RegCloseKey(readOnly);
-    RegCloseKey(writeOnly);
 
     EXPECT_EQ(RegCloseKey(key), ERROR_SUCCESS);
     EXPECT_EQ(RegCloseKey(key), ERROR_INVALID_HANDLE);
@@ -199,12 +193,11 @@ INSTANTIATE_TEST_SUITE_P(BothCodePages, RegistryText, testing::ValuesIn(kBothCod
 // In page 932 the second byte of U+8868 is a backslash.
 TEST_P(RegistryText, APathIsPartedByCharactersAndATextStaysItself) {
     const std::string hyo = GetParam().codePage == 932 ? "\x95\x5C" : "\xE8\xA1\xA8";
-    const HKEY key = Create(HKEY_CURRENT_USER, ("a\\" + hyo).c_str());
+    const Key key(HKEY_CURRENT_USER, ("a\\" + hyo).c_str());
     EXPECT_EQ(Set(key, hyo.c_str(), REG_SZ, hyo), ERROR_SUCCESS);
 
     EXPECT_EQ(Query(key, hyo.c_str()).data, hyo + '\0');
     EXPECT_THAT(Bytes(), HasSubstr("[CurrentUser/a\\\\\xE8\xA1\xA8]\n"));
-    RegCloseKey(key);
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <random>
-#include <string>
 
 #include <gtest/gtest.h>
 
@@ -67,11 +66,9 @@ TEST(AsciiWeights, CompareTextsAsTheLocaleDoes) {
 
 TEST(AsciiWeights, AreWithheldFromWhatDoesNotStandAlone) {
     struct Row {
-        const char* why;
-        const char* tag;
+        const char *why, *tag;
         unsigned flags;
-        const char* with;
-        const char* without;
+        const char *with, *without;
     };
     constexpr Row kRows[] = {
         {"all that names are made of", "en-US", kCase, "azAZ09 ,.-'", "\x01\x7F"},

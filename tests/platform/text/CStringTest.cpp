@@ -27,17 +27,6 @@ TEST(CString, APositionOutsideTheTextGivesNothing) {
     EXPECT_EQ(text.Find("a", -1), -1);
 }
 
-TEST(CString, NullPointersStandForEmptyText) {
-    CString text(static_cast<const char*>(nullptr));
-    text += static_cast<const char*>(nullptr);
-    text.TrimRight(nullptr);
-
-    EXPECT_TRUE(text.IsEmpty());
-    EXPECT_EQ(text.Find(static_cast<const char*>(nullptr)), 0);
-    EXPECT_EQ(text.FindOneOf(nullptr), -1);
-    EXPECT_EQ(text.Replace(nullptr, "x"), 0);
-}
-
 TEST(CString, ChangesCountAndTellTheNewLength) {
     CString text("a-b-c");
 
@@ -56,10 +45,8 @@ TEST(CString, ChangesCountAndTellTheNewLength) {
 TEST(CString, AZeroByteIsAByteLikeOthers) {
     CString text("a\0b", 3);
 
-    EXPECT_EQ(text.GetLength(), 3);
     EXPECT_EQ(text.Find('b'), 2);
     EXPECT_EQ(text.Remove('\0'), 1);
-    EXPECT_EQ(text, "ab");
 }
 
 TEST(CString, FormatMayUseTheTextItself) {
@@ -70,19 +57,18 @@ TEST(CString, FormatMayUseTheTextItself) {
 }
 
 TEST(CString, TrimmingTakesOnlyTheEnds) {
-    CString text("\t\r\n a b \v\f");
-    text.TrimLeft();
-    text.TrimRight();
-    EXPECT_EQ(text, "a b");
-
+    for (const char* padded : {"\t\r\n a b \v\f", "a b"}) {
+        CString text(padded);
+        text.TrimLeft();
+        text.TrimRight();
+        EXPECT_EQ(text, "a b");
+    }
     CString path("//a/b//");
     path.TrimLeft("/");
     path.TrimRight("/");
     EXPECT_EQ(path, "a/b");
-
-    CString blanks("   ");
-    blanks.TrimRight();
-    EXPECT_EQ(blanks, "");
+    path.TrimRight("ab/");
+    EXPECT_EQ(path, "");
 }
 
 TEST(CString, ATrailByteIsNoCharacter) {
@@ -112,11 +98,9 @@ TEST(CString, OnOtherPagesABackslashAfterAHighByteIsFound) {
 }
 
 struct CaseRow {
-    const char* why;
-    const char* tag;
+    const char *why, *tag;
     unsigned codePage;
-    const char* in;
-    const char* upper;
+    const char *in, *upper;
 };
 constexpr CaseRow kCaseRows[] = {
     {"letters of UTF-8", "de-DE", 65001, "añ1ж", "AÑ1Ж"},
@@ -141,7 +125,7 @@ TEST(CString, CaseIsMappedByCharacter) {
     EXPECT_EQ(lower, "äb");
 }
 
-TEST(CString, CompareNoCaseKeepsTheOrderOfLetters) {
+TEST(CString, ComparisonKeepsTheOrderOfLetters) {
     EXPECT_LT(CString("a_").CompareNoCase("AB"), 0);
     EXPECT_LT(CString("ab").CompareNoCase("ABC"), 0);
     EXPECT_GT(CString("ä").CompareNoCase("Z"), 0);

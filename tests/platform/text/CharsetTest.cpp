@@ -11,9 +11,7 @@ namespace {
 
 struct SetRow {
     const char* why;
-    std::string_view name;
-    std::string_view bytes;
-    std::string_view utf8;
+    std::string_view name, bytes, utf8;
 };
 constexpr SetRow kSetRows[] = {
     {"case does not count", "ISO-8859-1", "a\xE4", "aä"},
@@ -60,11 +58,8 @@ TEST(Charset, WhatDoesNotFitIsRefusedAndNothingChanges) {
 }
 
 struct GuessRow {
-    const char* why;
-    const char* tag;
-    std::string_view bytes;
-    std::string_view name;
-    std::string_view utf8;
+    const char *why, *tag;
+    std::string_view bytes, name, utf8;
 };
 constexpr GuessRow kGuessRows[] = {
     {"kanji and kana", "en-US", "N:\x8E\x52\x93\x63", "Shift_JIS", "N:山田"},
@@ -125,8 +120,7 @@ TEST(Charset, NoByteOfAWesternTextGoesMissing) {
 
 struct MarkRow {
     const char* why;
-    std::string_view bytes;
-    std::string_view utf8;
+    std::string_view bytes, utf8;
 };
 constexpr MarkRow kMarkRows[] = {
     {"UTF-8", "\xEF\xBB\xBFé", "é"},

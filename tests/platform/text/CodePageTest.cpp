@@ -1,7 +1,6 @@
 // Code pages: the table of 932, private codes, 8-bit pages, and cuts.
 // SPDX-License-Identifier: MIT
 #include <thread>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -27,8 +26,7 @@ std::string BytesOf(const CodePage& page, std::string_view utf8) {
 
 struct PageRow {
     const char* why;
-    std::string_view bytes;
-    std::string_view utf8;
+    std::string_view bytes, utf8;
 };
 constexpr PageRow k932Rows[] = {
     {"kanji", "\x95\xBD\x90\xAC", "平成"},
@@ -57,11 +55,9 @@ TEST(CodePage932, ACharacterOfSeveralCodesIsReadFromEach) {
 }
 
 TEST(CodePage932, BytesOfNoCharacterAreReplacedOneByOne) {
-    const CodePage932 page;
-    EXPECT_EQ(Utf8Of(page, "\x81"), "\uFFFD");
-    EXPECT_EQ(Utf8Of(page, "a\x81\x31z"), "a\uFFFD1z");
-    EXPECT_EQ(Utf8Of(page, "\x85\x9Fz"), "\uFFFD\uFFFDz");
-    EXPECT_EQ(Utf8Of(page, "\xF0\x40z"), "\uFFFD\uFFFDz");
+    EXPECT_EQ(Utf8Of(CodePage932(), "\x81"), "\uFFFD");
+    EXPECT_EQ(Utf8Of(CodePage932(), "a\x81\x31z"), "a\uFFFD1z");
+    EXPECT_EQ(Utf8Of(CodePage932(), "\x85\x9Fz\xF0\x40z"), "\uFFFD\uFFFDz\uFFFD\uFFFDz");
 }
 
 TEST(CodePage932, ALackingCharacterComesBackAsItself) {
@@ -135,9 +131,7 @@ struct CutRow {
     const char* why;
     unsigned page;
     std::string_view text;
-    std::size_t limit;
-    std::size_t without;
-    std::size_t with;
+    std::size_t limit, without, with;
 };
 constexpr CutRow kCutRows[] = {
     {"the text is short enough", 65001, "aあ", 4, 4, 4},

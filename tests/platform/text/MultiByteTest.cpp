@@ -11,8 +11,7 @@ namespace {
 
 struct ByteRow {
     const char* why;
-    unsigned page;
-    unsigned character;
+    unsigned page, character;
     bool want;
 };
 

@@ -1,44 +1,14 @@
 // The locale of the system: environment, tags, code page and calendar.
 // SPDX-License-Identifier: MIT
-#include <cstdlib>
-#include <optional>
-#include <string>
-
-#include <gtest/gtest.h>
-
+#include <support/Environment.h>
 #include <support/LocaleInForce.h>
 
 namespace orvo {
 
 namespace {
 
-// An environment variable for the time of a test.
-class Environment {
-public:
-    Environment(const char* name, const char* value) : m_name(name) {
-        if (const char* former = std::getenv(name)) m_former = former;
-        setenv(name, value, 1);
-    }
-    ~Environment() {
-        if (m_former)
-            setenv(m_name, m_former->c_str(), 1);
-        else
-            unsetenv(m_name);
-    }
-    Environment(const Environment&) = delete;
-    Environment& operator=(const Environment&) = delete;
-
-private:
-    const char* m_name;
-    std::optional<std::string> m_former;
-};
-
 struct EnvironmentRow {
-    const char* why;
-    const char* all;
-    const char* type;
-    const char* lang;
-    const char* tag;
+    const char *why, *all, *type, *lang, *tag;
     unsigned page;
 };
 constexpr EnvironmentRow kEnvironmentRows[] = {
@@ -53,10 +23,11 @@ constexpr EnvironmentRow kEnvironmentRows[] = {
 
 TEST(SystemLocale, ComesFromTheEnvironment) {
     const LocaleInForce former("en-US");
+    Environment environment;
     for (const EnvironmentRow& row : kEnvironmentRows) {
-        const Environment all("LC_ALL", row.all);
-        const Environment type("LC_CTYPE", row.type);
-        const Environment lang("LANG", row.lang);
+        environment.Set("LC_ALL", row.all);
+        environment.Set("LC_CTYPE", row.type);
+        environment.Set("LANG", row.lang);
         SystemLocale::Reset();
         EXPECT_EQ(SystemLocale::Tag(), row.tag) << row.why;
         EXPECT_EQ(GetACP(), row.page) << row.why;
@@ -89,8 +60,7 @@ TEST(SystemLocale, EachChangeIsANewGeneration) {
 }
 
 struct CalendarRow {
-    const char* tag;
-    const char* number;
+    const char *tag, *number;
 };
 constexpr CalendarRow kCalendarRows[] = {
     {"en-US", "1"}, {"ja-JP", "1"}, {"ja-JP-u-ca-japanese", "3"}, {"zh-TW-u-ca-roc", "4"},

@@ -10,8 +10,7 @@ namespace orvo {
 namespace {
 
 struct BrokenRow {
-    const char* why;
-    const char* in;
+    const char *why, *in;
     std::u16string_view want;
 };
 constexpr BrokenRow kBrokenRows[] = {

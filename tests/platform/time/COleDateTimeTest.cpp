@@ -84,7 +84,7 @@ TEST(COleDateTimeValue, FieldsThatNoDateHasMakeItInvalid) {
     }
 }
 
-class COleDateTimeOfMoment : public ZonedTest {};
+using COleDateTimeOfMoment = ZonedTest;
 
 TEST_F(COleDateTimeOfMoment, ItTakesTheLocalTime) {
     SetSystemTimeZone("Asia/Tokyo");

@@ -41,12 +41,7 @@ TEST(IsoText, ADayAndATimeComeBackAsTheyWere) {
     EXPECT_EQ(ParseIso("2024-02-29"), (CivilTime{2024, 2, 29}));
 }
 
-struct BadRow {
-    const char* why;
-    const char* text;
-};
-
-constexpr BadRow kBadTexts[] = {
+constexpr std::pair<const char*, const char*> kBadTexts[] = {
     {"empty", ""},
     {"no leap year", "2026-02-29"},
     {"no month 13", "2026-13-01"},
@@ -65,7 +60,7 @@ constexpr BadRow kBadTexts[] = {
 };
 
 TEST(IsoText, ATextOfAnotherFormGivesNothing) {
-    for (const BadRow& row : kBadTexts) EXPECT_EQ(ParseIso(row.text), std::nullopt) << row.why;
+    for (const auto& [why, text] : kBadTexts) EXPECT_EQ(ParseIso(text), std::nullopt) << why;
 }
 
 }  // namespace
