@@ -61,6 +61,7 @@ protected:
             ASSERT_EQ(MarshalInterfaceIntoHandle(IID_ICounter, counter, &block, &size), S_OK);
         }
         EXPECT_EQ(SendInterfaceToHwnd(0, receiver, kTag, block, size), S_OK);
+        EXPECT_EQ(GlobalReAlloc(block, size), block) << "the block isn't left locked";
     }
     HRESULT ReleasePacket() {
         IStream* stream = nullptr;

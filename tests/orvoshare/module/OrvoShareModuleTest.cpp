@@ -99,9 +99,11 @@ TEST_F(OrvoShareModuleTest, TheLanguageStaysUntilTheLastDetach) {
     Detach();
     EXPECT_EQ(OrvoShareLanguageCode(), 0x40);
     EXPECT_EQ(TextOutside(kStringPrivate), "(Privat)") << "it is still searched";
+    const HINSTANCE language = OrvoShareRecord().resource;
 
     Detach();
     EXPECT_EQ(OrvoShareReferenceCount(), 0);
+    EXPECT_EQ(CmnFreeLanguageModule(language, OwnModule()), 0) << "it is freed already";
     EXPECT_EQ(TextOutside(kStringPrivate), "") << "it is no longer searched";
     EXPECT_EQ(OrvoShareLanguageCode(), 0x20) << "the next use attaches anew";
 }
