@@ -71,7 +71,7 @@ TEST_F(TimerContract, EachTimerOfAWindowTicksForItself) {
     window.SetTimer(2, 1);
     window.KillTimer(1);
 
-    ASSERT_TRUE(RunUntil(*system, [&] { return window.TicksOf(2) == 2; }));
+    ASSERT_TRUE(RunUntil(*system, [&] { return window.TicksOf(2) >= 2; }));
     EXPECT_EQ(window.TicksOf(1), 0);
 }
 
@@ -82,7 +82,7 @@ TEST_F(TimerContract, ATimerThatIsSetAgainTakesTheNewTime) {
     EXPECT_EQ(window.TicksOf(1), 0);
 
     window.SetTimer(1, 1);
-    EXPECT_TRUE(RunUntil(*system, [&] { return window.TicksOf(1) == 2; }));
+    EXPECT_TRUE(RunUntil(*system, [&] { return window.TicksOf(1) >= 2; }));
 }
 
 TEST_F(TimerContract, AHandlerMayKillItsTimerOrDestroyItsWindow) {
