@@ -58,6 +58,7 @@ protected:
         std::vector<StoreEngine::NumberedText> stored;
         EXPECT_EQ(engine.ReadTexts(kind, texts, stored), StoreStatus::Ok);
         std::vector<std::string> result;
+        result.reserve(stored.size());
         for (const auto& [number, text] : stored) {
             result.push_back(std::to_string(number) + " " + text);
         }

@@ -42,6 +42,7 @@ protected:
 
     static std::vector<std::string> Names(const QAccessibleInterface& of) {
         std::vector<std::string> names;
+        names.reserve(static_cast<std::size_t>(of.childCount()));
         for (int child = 0; child < of.childCount(); ++child) {
             names.push_back(of.child(child)->text(QAccessible::Name).toStdString());
         }
