@@ -64,8 +64,10 @@ struct ModuleTest : testing::Test {
     MapModule system{{{3, "system"}, {4, "system"}}};
 };
 
+// The road of texts and of other resources is the same.
 TEST_F(ModuleTest, TheResourceHandleComesFirstThenTheLatestOfTheChain) {
     EXPECT_EQ(Load(1), "none");
+    EXPECT_EQ(FindResourceText(ResourceKind::Menu, 1), "");
     const Extension earlyInUse(&early);
     const Extension lateInUse(&late);
     AfxSetResourceHandle(&application);
@@ -74,23 +76,15 @@ TEST_F(ModuleTest, TheResourceHandleComesFirstThenTheLatestOfTheChain) {
     EXPECT_EQ(Load(2), "late");
     EXPECT_EQ(Load(3), "early");
     EXPECT_EQ(Load(4), "none");
+    EXPECT_EQ(FindResourceText(ResourceKind::Menu, 1), "application");
+    EXPECT_EQ(FindResourceText(ResourceKind::Menu, 2), "late");
+    EXPECT_EQ(FindResourceModule(ResourceKind::Menu, 3), &early);
+    EXPECT_EQ(FindResourceModule(ResourceKind::Menu, 4), nullptr);
+    EXPECT_EQ(FindResourceText(ResourceKind::Dialog, 1), "");
 
     const Extension systemInUse(&system, 1);
     EXPECT_EQ(Load(3), "early") << "a system library comes after all others";
     EXPECT_EQ(Load(4), "system");
-}
-
-TEST_F(ModuleTest, OtherResourcesAreLookedForOnTheSameRoad) {
-    EXPECT_EQ(FindResourceText(ResourceKind::Menu, 1), "");
-    const Extension earlyInUse(&early);
-    const Extension lateInUse(&late);
-    AfxSetResourceHandle(&application);
-
-    EXPECT_EQ(FindResourceText(ResourceKind::Menu, 1), "application");
-    EXPECT_EQ(FindResourceText(ResourceKind::Menu, 2), "late");
-    EXPECT_EQ(FindResourceModule(ResourceKind::Menu, 3), &early);
-    EXPECT_EQ(FindResourceText(ResourceKind::Dialog, 1), "");
-    EXPECT_EQ(FindResourceModule(ResourceKind::Menu, 4), nullptr);
 }
 
 TEST_F(ModuleTest, AModuleIsSearchedUntilItsLastInitIsUndone) {

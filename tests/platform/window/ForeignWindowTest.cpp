@@ -15,21 +15,16 @@
 #include <platform/io/Descriptor.h>
 #include <platform/ipc/FileMapping.h>
 #include <platform/ipc/MessageSocket.h>
-#include <platform/window/CWnd.h>
-#include <platform/window/ForeignWindow.h>
+#include <platform/window/BouncingWindow.h>
 
 namespace orvo {
 namespace {
 
-class Sender : public CWnd {
-public:
-    Sender() { Create(0, {0, 0, 10, 10}, nullptr, 0); }
+// Says 1 to data that has no bytes.
+class Sender : public BouncingWindow {
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
         if (message == WM_COPYDATA) return PointerOf<COPYDATASTRUCT>(lParam)->lpData == nullptr;
-        if (message != WM_APP) return CWnd::WindowProc(message, wParam, lParam);
-        if (lParam == 0) return 0;
-        const WPARAM self = WParamOf(GlobalHandleOf(GetSafeHwnd()));
-        return 1 + orvo::SendMessage(WindowOf(wParam), WM_APP, self, lParam - 1);
+        return BouncingWindow::WindowProc(message, wParam, lParam);
     }
 };
 
@@ -45,6 +40,12 @@ protected:
         std::string copy = bytes;
         COPYDATASTRUCT data{5, copy.size(), copy.empty() ? nullptr : copy.data()};
         return SendMessage(receiver, WM_COPYDATA, WParamOf(sender.GetSafeHwnd()), LParamOf(&data));
+    }
+
+    // By which the target's process is reached.
+    std::string Socket() const {
+        const auto number = reinterpret_cast<std::uint64_t>(target) >> 32U;
+        return (runtime.Folder() / "orvo" / fmt::format("{:08x}.window", number)).string();
     }
 
     const ScratchRuntime& runtime = ScratchRuntime::Get();
@@ -103,9 +104,7 @@ TEST_F(ForeignWindow, AKilledProcessLeavesNothingForLong) {
     EXPECT_NE(found, target);
     EXPECT_EQ(SendData(found, "\x01"), 6);
     EXPECT_EQ(SendData(target, "x"), 0) << "the old handle names nobody";
-    const auto number = reinterpret_cast<std::uint64_t>(target) >> 32U;
-    EXPECT_FALSE(
-        std::filesystem::exists(runtime.Folder() / "orvo" / fmt::format("{:08x}.window", number)));
+    EXPECT_FALSE(std::filesystem::exists(Socket()));
 }
 
 TEST_F(ForeignWindow, AMessageWaitsHoweverLongForAReceiverThatLives) {
@@ -120,12 +119,9 @@ TEST_F(ForeignWindow, AMessageWaitsHoweverLongForAReceiverThatLives) {
 }
 
 TEST_F(ForeignWindow, WhatIsNoMessageHarmsNobody) {
-    const auto number = reinterpret_cast<std::uint64_t>(target) >> 32U;
-    const std::string path =
-        (runtime.Folder() / "orvo" / fmt::format("{:08x}.window", number)).string();
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
-    path.copy(address.sun_path, sizeof address.sun_path - 1);
+    Socket().copy(address.sun_path, sizeof address.sun_path - 1);
     for (const std::size_t size : {1UL, 48UL, 4000UL, 9000UL}) {
         const Descriptor socket(::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0));
         ASSERT_EQ(
