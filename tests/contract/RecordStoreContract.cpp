@@ -94,7 +94,7 @@ TEST_P(RecordStoreContract, AWalkByCategoryGoesOnIntoLaterCategories) {
     CToDoRecord record(todos);
     std::vector<std::string> walked;
 
-    for (long status = iterator.FindByCategoryId(5, record); status == 0;
+    for (long status = iterator.FindByCategoryId(5, record); status == 0 && walked.size() < 9;
          status = iterator.FindNext(record)) {
         walked.emplace_back(record.DescriptionUtf8());
     }
