@@ -5,6 +5,7 @@
 #include <memory>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -13,17 +14,24 @@
 
 namespace orvo {
 
-// A table in memory, and records of it that are made from UTF-8 texts.
+// Fields with their texts in UTF-8.
+using AddressTexts = std::vector<std::pair<AddressField, std::string_view>>;
+
+// Gives:    a record that isn't in the table yet.
+inline std::unique_ptr<CAddressRecord> MakeAddress(CAddressTable& table,
+                                                   const AddressTexts& texts) {
+    auto record = std::make_unique<CAddressRecord>(table, 1);
+    for (const auto& [field, utf8] : texts) EXPECT_EQ(record->SetUtf8(field, utf8), 0) << utf8;
+    return record;
+}
+
+// A table in memory.
 struct AddressFixture {
     MemoryEngine engine;
     CAddressTable table{engine};
 
-    using Text = std::pair<AddressField, std::string_view>;
-
-    std::unique_ptr<CAddressRecord> Make(std::initializer_list<Text> texts) {
-        auto record = std::make_unique<CAddressRecord>(table, 1);
-        for (const auto& [field, utf8] : texts) EXPECT_EQ(record->SetUtf8(field, utf8), 0) << utf8;
-        return record;
+    std::unique_ptr<CAddressRecord> Make(const AddressTexts& texts) {
+        return MakeAddress(table, texts);
     }
 };
 

@@ -5,17 +5,12 @@
 #include <orvoshare/addresslist/AddressLine.h>
 #include <orvoshare/resources/StringTable.h>
 #include <platform/text/CodePage.h>
+#include <platform/text/SystemText.h>
 #include <support/CodePages.h>
 #include <support/LocaleInForce.h>
 
 namespace orvo {
 namespace {
-
-CString FromUtf8(std::string_view utf8) {
-    CString text;
-    CodePage::System().FromUtf8(utf8, text.Bytes());
-    return text;
-}
 
 // Address, city, state, zip code, country.
 struct Row {
@@ -24,14 +19,11 @@ struct Row {
     const char* want;
 };
 
-AddressParts PartsOf(const Row& row) {
-    return {FromUtf8(row.parts[0]), FromUtf8(row.parts[1]), FromUtf8(row.parts[2]),
-            FromUtf8(row.parts[3]), FromUtf8(row.parts[4])};
-}
-
 void ExpectLines(std::span<const Row> rows) {
-    for (const Row& row : rows) {
-        EXPECT_EQ(AddressLine(PartsOf(row), kAddressFormat), FromUtf8(row.want)) << row.why;
+    for (const auto& [why, parts, want] : rows) {
+        const AddressParts fields{SystemText(parts[0]), SystemText(parts[1]), SystemText(parts[2]),
+                                  SystemText(parts[3]), SystemText(parts[4])};
+        EXPECT_EQ(AddressLine(fields, kAddressFormat), SystemText(want)) << why;
     }
 }
 

@@ -1,18 +1,15 @@
 // The whole texts of info tips, and when there is none.
 // SPDX-License-Identifier: MIT
-#include <orvoshare/addresslist/AddressListWindow.h>
-#include <support/CodePages.h>
+#include <orvoshare/addresslist/AddressListFixture.h>
 
 namespace orvo {
-
 namespace {
 
 using enum AddressField;
-using Text = AddressFixture::Text;
 
 struct TipRow {
     const char* why;
-    std::vector<Text> fields;
+    AddressTexts fields;
     const char* want;
 };
 
@@ -53,23 +50,14 @@ const std::vector<TipRow> kTips{
      "表山\nソ会社\nムあ\n\nBirthday:\tー\n\t能"},
 };
 
-class AddressTip : public AddressListTest, public testing::WithParamInterface<LocaleCase> {
+class AddressTip : public AddressListFixture, public testing::WithParamInterface<LocaleCase> {
 protected:
-    AddressTip() : AddressListTest(GetParam().codePage) {
+    AddressTip() : AddressListFixture({"en-US", GetParam().codePage}) {
         table.SetPhoneLabel(1, "");
         table.SetPhoneLabel(2, "Work:");
         table.SetCustomLabel(1, "Birthday");
         table.SetCustomLabel(4, "Club");
-        view.SetViewMode(kLargeIconView);
-    }
-
-    void Show(const std::vector<Text>& fields, bool isPrivate = false) {
-        view.DV_DeleteAll();
-        auto record = store.Make({});
-        for (const auto& [field, utf8] : fields) EXPECT_EQ(record->SetUtf8(field, utf8), 0);
-        record->SetPrivate(isPrivate);
-        view.DV_SetAddressTable(&table);
-        EXPECT_EQ(view.DV_InsertRecord(0, record.release(), 0), 0);
+        view->SetViewMode(kLargeIconView);
     }
 
     // What stands in a buffer of `size` bytes after the request; behind it a byte that stays.
@@ -78,36 +66,30 @@ protected:
         buffer.resize(static_cast<std::size_t>(size) + 1, '\0');
         buffer.back() = '#';
         NMLVGETINFOTIP request;
-        request.hdr = {view.GetSafeHwnd(), view.GetDlgCtrlID(), LVN_GETINFOTIP};
+        request.hdr = {view->GetSafeHwnd(), view->GetDlgCtrlID(), LVN_GETINFOTIP};
         request.pszText = buffer.data();
         request.cchTextMax = size;
         request.iItem = 0;
-        owner.SendMessage(WM_NOTIFY, view.GetDlgCtrlID(), LParamOf(&request));
+        owner.SendMessage(WM_NOTIFY, view->GetDlgCtrlID(), LParamOf(&request));
         EXPECT_EQ(buffer.back(), '#') << size;
         return buffer.substr(0, buffer.find('\0'));
-    }
-
-    static std::string Utf8(std::string_view text) {
-        std::string utf8;
-        CodePage::System().ToUtf8(text, utf8);
-        return utf8;
     }
 };
 
 TEST_P(AddressTip, HoldsTheWholeRecordInLines) {
     for (const int mode : {kLargeIconView, kSmallIconView}) {
-        view.SetViewMode(mode);
+        view->SetViewMode(mode);
         for (const TipRow& row : kTips) {
-            Show(row.fields);
-            EXPECT_EQ(Utf8(view.GetInfoTip(0).View()), row.want) << row.why;
+            ShowOne(row.fields);
+            EXPECT_EQ(ToUtf8(view->GetInfoTip(0)), row.want) << row.why;
         }
     }
 }
 
 TEST_P(AddressTip, IsCutToWholeCharactersAndNeverEndsInALineFeed) {
     for (const TipRow& row : kTips) {
-        Show(row.fields);
-        const std::string whole(view.GetInfoTip(0).View());
+        ShowOne(row.fields);
+        const std::string whole(view->GetInfoTip(0).View());
         for (int size = 1; size <= static_cast<int>(whole.size()) + 2; ++size) {
             const std::size_t room = static_cast<std::size_t>(size) - 1;
             std::string want = whole.substr(0, CutLength(CodePage::System(), whole, room, false));
@@ -117,10 +99,11 @@ TEST_P(AddressTip, IsCutToWholeCharactersAndNeverEndsInALineFeed) {
     }
 }
 
-TEST_P(AddressTip, ReplacesWhatStoodInTheBuffer) {
-    Show({{Title, "Dr"}});
-
+TEST_P(AddressTip, ReplacesWhatStoodInTheBufferWhereItHasRoom) {
+    ShowOne({{Title, "Dr"}});
     EXPECT_EQ(Ask(20, "before"), "");
+    ShowOne({{Name, "Lee"}});
+    EXPECT_EQ(Ask(0), "#");
 }
 
 TEST_P(AddressTip, LeavesTheRequestAloneWhereThereIsNoTip) {
@@ -129,15 +112,15 @@ TEST_P(AddressTip, LeavesTheRequestAloneWhereThereIsNoTip) {
         std::function<void()> arrange;
     };
     const Case cases[] = {
-        {"report mode", [&] { view.SetViewMode(kReportView); }},
-        {"a masked row", [&] { view.DV_SetMaskPrivate(1); }},
-        {"no such row", [&] { view.DV_DeleteAll(); }},
-        {"a row without a record", [&] { view.SendMessage(WM_DESTROY); }},
+        {"report mode", [&] { view->SetViewMode(kReportView); }},
+        {"a masked row", [&] { view->DV_SetMaskPrivate(1); }},
+        {"no such row", [&] { view->DV_DeleteAll(); }},
+        {"a row without a record", [&] { view->SendMessage(WM_DESTROY); }},
     };
     for (const Case& each : cases) {
-        view.SetViewMode(kSmallIconView);
-        view.DV_SetMaskPrivate(0);
-        Show({{Name, "Lee"}}, true);
+        view->SetViewMode(kSmallIconView);
+        view->DV_SetMaskPrivate(0);
+        ShowOne({{Name, "Lee"}}).SetPrivate(1);
         ASSERT_EQ(Ask(20, "before"), "Lee");
 
         each.arrange();
@@ -146,14 +129,7 @@ TEST_P(AddressTip, LeavesTheRequestAloneWhereThereIsNoTip) {
     }
 }
 
-TEST_P(AddressTip, WritesNothingIntoABufferWithoutRoom) {
-    Show({{Name, "Lee"}});
-
-    EXPECT_EQ(Ask(0), "#");
-}
-
 INSTANTIATE_TEST_SUITE_P(BothCodePages, AddressTip, testing::ValuesIn(kBothCodePages));
 
 }  // namespace
-
 }  // namespace orvo

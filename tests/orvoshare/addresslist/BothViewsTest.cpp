@@ -5,6 +5,9 @@
 #include <orvoshare/addresslist/DetailViewAddrList.h>
 #include <orvoshare/addressviews/DetailViewAddrCard.h>
 #include <orvoshare/addressviews/LookupEdit.h>
+#include <platform/text/CodePage.h>
+#include <platform/text/SystemText.h>
+#include <platform/window/MemoryListPeer.h>
 #include <platform/window/WindowFixture.h>
 #include <support/AddressFixture.h>
 #include <support/LocaleInForce.h>
@@ -68,6 +71,26 @@ protected:
             indices.push_back(face.DV_GetNextSelectedItem(position));
         }
         return indices;
+    }
+
+    // The view has the keyboard, and its second item is selected by a typed letter.
+    void TypeB() {
+        Fill();
+        view.SetFocus();
+        system.TypeText("b");
+        ASSERT_EQ(BoxText(), "b");
+        ASSERT_THAT(Selected(), ElementsAre(1));
+    }
+    std::string BoxText() const {
+        CString text;
+        box.GetWindowText(text);
+        return ToUtf8(text);
+    }
+    CPoint Middle(int index) {
+        CRect rect;
+        auto& peer = dynamic_cast<MemoryListPeer&>(*view.GetPeer());
+        EXPECT_TRUE(peer.RowRect(index, RowPart::Bounds, rect)) << index;
+        return {rect.left + 20, rect.CenterPoint().y};
     }
 
     LocaleInForce locale{"en-US"};
@@ -150,7 +173,7 @@ TYPED_TEST(BothViews, ADeletedItemLeavesItsRecordToTheCaller) {
     EXPECT_EQ(this->face.DV_GetItemCount(), 0);
 }
 
-TYPED_TEST(BothViews, TypingSelectsWhatItFinds) {
+TYPED_TEST(BothViews, TypedTextGoesToTheBoxAndSelectsWhatItFinds) {
     this->Fill();
     this->view.SetFocus();
     this->system.TypeText("car");
@@ -158,9 +181,78 @@ TYPED_TEST(BothViews, TypingSelectsWhatItFinds) {
     this->system.TypeText("x");
     EXPECT_EQ(this->system.Beeps(), 1);
     EXPECT_THAT(this->Selected(), ElementsAre(2));
+    this->system.PressKey(VK_BACK);
+    EXPECT_EQ(this->BoxText(), "ca");
+}
+
+// Their trail bytes on 932, 80 and A0, aren't printable by themselves.
+TYPED_TEST(BothViews, EveryByteOfATypedCharacterGoesToTheBox) {
+    this->Store("ムあ", "Wien");
+    for (const unsigned page : {kUtf8CodePage, kJapaneseCodePage}) {
+        const LocaleInForce inForce("en-US", page);
+        this->Fill();
+        this->view.SetFocus();
+        this->box.Clear();
+        this->system.TypeText("ムあ");
+        EXPECT_EQ(this->BoxText(), "ムあ") << page;
+        EXPECT_THAT(this->Selected(), ElementsAre(4)) << page;
+    }
+}
+
+TYPED_TEST(BothViews, ControlCharactersStayWithTheView) {
+    this->TypeB();
+    this->face.DV_SelectAndScroll(3);
+    for (const UINT character : {1U, 9U, 13U, 27U, 127U}) {
+        this->view.SendMessage(WM_CHAR, character, 1);
+        EXPECT_THAT(this->Selected(), ElementsAre(3)) << "the box searched again, " << character;
+    }
+    EXPECT_EQ(this->BoxText(), "b");
+}
+
+TYPED_TEST(BothViews, KeysThatLeaveTheLookupClearTheBoxAndMove) {
+    for (const UINT key : {VK_UP, VK_DOWN, VK_PRIOR, VK_NEXT}) {
+        this->box.Clear();
+        this->TypeB();
+        this->system.PressKey(key);
+        EXPECT_EQ(this->BoxText(), "") << key;
+        EXPECT_NE(this->face.DV_GetFirstSelectedItem(), 1) << key;
+    }
+    for (const UINT key : {VK_HOME, VK_END, VK_F2}) {
+        this->box.Clear();
+        this->TypeB();
+        this->system.PressKey(key);
+        EXPECT_EQ(this->BoxText(), "b") << key;
+    }
+}
+
+TYPED_TEST(BothViews, KeysPressedInTheBoxMoveTheViewToo) {
+    this->TypeB();
+    this->box.SetFocus();
     this->system.PressKey(VK_DOWN);
-    EXPECT_EQ(this->box.GetWindowTextLength(), 0);
-    EXPECT_THAT(this->Selected(), ElementsAre(3));
+    EXPECT_EQ(this->BoxText(), "");
+    EXPECT_THAT(this->Selected(), ElementsAre(2));
+}
+
+TYPED_TEST(BothViews, AClickClearsTheBoxAndSelects) {
+    this->TypeB();
+    this->system.Click(this->view, this->Middle(2));
+    EXPECT_EQ(this->BoxText(), "");
+    EXPECT_THAT(this->Selected(), ElementsAre(2));
+}
+
+TYPED_TEST(BothViews, WithoutABoxTheViewStillAnswers) {
+    this->Fill();
+    this->view.SetFocus();
+    this->face.DV_SetEdit(nullptr);
+    this->face.DV_SelectAndScroll(1);
+
+    this->system.TypeText("cム");
+    this->system.PressKey(VK_BACK);
+    EXPECT_THAT(this->Selected(), ElementsAre(1));
+    this->system.PressKey(VK_DOWN);
+    EXPECT_THAT(this->Selected(), ElementsAre(2));
+    this->system.Click(this->view, this->Middle(0));
+    EXPECT_THAT(this->Selected(), ElementsAre(0));
 }
 
 TYPED_TEST(BothViews, AnItemThatIsNotThereIsHarmless) {

@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include <contracts/TextServices.h>
 #include <orvoshare/addresslist/AddressListFixture.h>
-#include <orvoshare/addressviews/AddrCompare.h>
-#include <support/CodePages.h>
 
 namespace orvo {
 namespace {
@@ -17,18 +15,16 @@ protected:
     CString Truncated(const char* text, const CAddressRecord& record, int characters) {
         RecordingCanvas canvas(std::make_shared<Recording>());
         CDC dc(canvas);
-        CString result = FromUtf8(text);
+        CString result = SystemText(text);
         // Truncating only reads.
-        list->TruncateName(result, const_cast<CAddressRecord*>(&record), &dc, 8 * characters);
+        view->TruncateName(result, const_cast<CAddressRecord*>(&record), &dc, 8 * characters);
         return result;
     }
 };
 
 TEST_F(TruncateName, EachHalfHasItsShareOfTheWidth) {
     struct Row {
-        const char* why;
-        const char* name;
-        const char* first;
+        const char *why, *name, *first;
         int characters;
         const char* want;
     };
@@ -40,9 +36,9 @@ TEST_F(TruncateName, EachHalfHasItsShareOfTheWidth) {
         {"no first name: the separator's room is kept", "Abcdefghijklmnopq", "", 16,
          "Abcdefghijk..."},
     };
-    list->DV_SetListBy(kListByName);
+    view->DV_SetListBy(kListByName);
     for (const Row& row : kRows) {
-        const auto record = addresses.Make({{Name, row.name}, {First, row.first}});
+        const auto record = Make({{Name, row.name}, {First, row.first}});
         EXPECT_EQ(Truncated("a text that is too long for any of these", *record, row.characters),
                   row.want)
             << row.why;
@@ -52,10 +48,7 @@ TEST_F(TruncateName, EachHalfHasItsShareOfTheWidth) {
 TEST_F(TruncateName, TheListingOrderChoosesTheParts) {
     struct Row {
         long listBy;
-        const char* company;
-        const char* name;
-        const char* first;
-        const char* want;
+        const char *company, *name, *first, *want;
     };
     constexpr Row kRows[] = {
         {kListByName, "Co", "Na", "Fi", "Na, Fi"},  {kListByName, "Co", "Na", "", "Na"},
@@ -66,29 +59,28 @@ TEST_F(TruncateName, TheListingOrderChoosesTheParts) {
         {kListByCompany, "", "", "", "-Unn..."},    {kListByName, "", "  Na", " Fi", "Na, Fi"},
     };
     for (const Row& row : kRows) {
-        list->DV_SetListBy(static_cast<int>(row.listBy));
-        const auto record =
-            addresses.Make({{Company, row.company}, {Name, row.name}, {First, row.first}});
+        view->DV_SetListBy(static_cast<int>(row.listBy));
+        const auto record = Make({{Company, row.company}, {Name, row.name}, {First, row.first}});
         EXPECT_EQ(Truncated("too long", *record, 7), row.want)
             << row.listBy << row.company << row.name << row.first;
     }
 }
 
 TEST_F(TruncateName, ATextThatFitsIsLeftAloneWhateverTheRecord) {
-    EXPECT_EQ(Truncated("fits", *addresses.Make({}), 4), "fits");
+    EXPECT_EQ(Truncated("fits", *Make({}), 4), "fits");
 }
 
 class TruncateNameOnPage : public TruncateName, public testing::WithParamInterface<LocaleCase> {
 protected:
-    TruncateNameOnPage() : TruncateName(GetParam().tag, GetParam().codePage) {}
+    TruncateNameOnPage() : TruncateName(GetParam()) {}
 };
 INSTANTIATE_TEST_SUITE_P(BothCodePages, TruncateNameOnPage, testing::ValuesIn(kBothCodePages));
 
 TEST_P(TruncateNameOnPage, WideNamesAreCutBetweenCharactersAndJoinedAsTheLocaleDoes) {
-    list->DV_SetListBy(kListByName);
-    const auto record = addresses.Make({{Name, "漢字漢字漢字"}, {First, "仮名仮名仮名"}});
+    view->DV_SetListBy(kListByName);
+    const auto record = Make({{Name, "漢字漢字漢字"}, {First, "仮名仮名仮名"}});
     EXPECT_EQ(Truncated("漢字漢字漢字仮名仮名仮名", *record, 16),
-              FullName(FromUtf8("仮名..."), FromUtf8("漢字..."), true));
+              FullName(SystemText("仮名..."), SystemText("漢字..."), true));
 }
 
 }  // namespace

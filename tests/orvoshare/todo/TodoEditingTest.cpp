@@ -1,7 +1,7 @@
 // Clicks on a list of to-dos: what they change, and what the owner is told.
 // SPDX-License-Identifier: MIT
-#include <contract/FaultyEngine.h>
-#include <orvoshare/todo/TodoWindow.h>
+#include <orvoshare/todo/TodoFixture.h>
+#include <platform/window/WindowInput.h>
 
 namespace orvo {
 namespace {
@@ -9,65 +9,66 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-using TodoEditing = TodoWindowTest;
+using TodoEditing = TodoFixture;
 
-int ColumnOf(UINT command) {
-    if (command >= ID_TODO_PRIORITY_FIRST) return TodoColumn::Priority;
-    return command >= ID_TODO_DATE_FIRST ? TodoColumn::DueDate : TodoColumn::Category;
+TEST_F(TodoEditing, EachPopupHasItsItems) {
+    ShowDays();
+    OpenAndClose(1, TodoColumn::Priority);
+    EXPECT_THAT(MenuItems(), ElementsAre("9154 1", "9155 2 checked", "9156 3", "9157 4", "9158 5"));
+    OpenAndClose(1, TodoColumn::DueDate);
+    EXPECT_THAT(MenuItems(), ElementsAre("9147 Today", "9148 Tomorrow", "9149 One week later",
+                                         "9150 No date", "9151 Choose date..."));
 }
 
 TEST_F(TodoEditing, EachChoiceMovesRepaintsOrRemovesTheRowAndTellsTheOwner) {
     struct Row {
         const char* why;
         eSortOrder order;
-        UINT command;
+        Choice choice;
         const char* rows;
         UINT told;  // 0 for nothing
         int categoryShown = kAllCategories;
         bool dueOnly = false;
     };
     constexpr Row kRows[] = {
-        {"first key", eSortByPriorityDueDate, 9158, "acb", 1527},
-        {"second key", eSortByCategoryPriority, 9158, "acb", 1527},
-        {"no key", eSortByCategoryDueDate, 9158, "abc", 1527},
-        {"as it is", eSortByPriorityDueDate, 9155, "abc", 0},
-        {"not on show, but not asked", eSortByCategoryDueDate, 9158, "abc", 1527, kPersonal},
-        {"first key", eSortByDueDatePriority, kNextWeek, "acb", 1527},
-        {"second key", eSortByPriorityDueDate, kNoDate, "abc", 1527},
-        {"second key", eSortByCategoryDueDate, kNoDate, "acb", 1527},
-        {"no key", eSortByCategoryPriority, kNoDate, "abc", 1527},
-        {"as it is", eSortByDueDatePriority, kToday, "abc", 0},
-        {"not due", eSortByCategoryPriority, kTomorrow, "ac", 1526, kAllCategories, true},
-        {"no date is due", eSortByCategoryPriority, kNoDate, "abc", 1527, kAllCategories, true},
-        {"first key", eSortByCategoryDueDate, kToPersonal, "acb", 1527},
-        {"first key", eSortByCategoryPriority, kToPersonal, "acb", 1527},
-        {"no key", eSortByPriorityDueDate, kToPersonal, "abc", 1527},
-        {"no key", eSortByDueDatePriority, kToPersonal, "abc", 1527},
-        {"as it is", eSortByCategoryDueDate, kToBusiness, "abc", 0},
-        {"not on show", eSortByCategoryDueDate, kToPersonal, "ac", 1526, kBusiness},
-        {"on show", eSortByPriorityDueDate, kToPersonal, "abc", 1527, kPersonal},
+        {"first key", eSortByPriorityDueDate, ToPriority(5), "a c b", 1527},
+        {"second key", eSortByCategoryPriority, ToPriority(5), "a c b", 1527},
+        {"no key", eSortByCategoryDueDate, ToPriority(5), "a b c", 1527},
+        {"as it is", eSortByPriorityDueDate, ToPriority(2), "a b c", 0},
+        {"not on show, but not asked", eSortByCategoryDueDate, ToPriority(5), "a b c", 1527,
+         kPersonal},
+        {"first key", eSortByDueDatePriority, kToNextWeek, "a c b", 1527},
+        {"second key", eSortByPriorityDueDate, kToNoDate, "a b c", 1527},
+        {"second key", eSortByCategoryDueDate, kToNoDate, "a c b", 1527},
+        {"no key", eSortByCategoryPriority, kToNoDate, "a b c", 1527},
+        {"as it is", eSortByDueDatePriority, kToToday, "a b c", 0},
+        {"not due", eSortByCategoryPriority, kToTomorrow, "a c", 1526, kAllCategories, true},
+        {"no date is due", eSortByCategoryPriority, kToNoDate, "a b c", 1527, kAllCategories, true},
+        {"first key", eSortByCategoryDueDate, kToPersonal, "a c b", 1527},
+        {"first key", eSortByCategoryPriority, kToPersonal, "a c b", 1527},
+        {"no key", eSortByPriorityDueDate, kToPersonal, "a b c", 1527},
+        {"no key", eSortByDueDatePriority, kToPersonal, "a b c", 1527},
+        {"on show", eSortByPriorityDueDate, kToPersonal, "a b c", 1527, kPersonal},
     };
     for (const Row& row : kRows) {
-        SCOPED_TRACE(std::string(row.why) + ' ' + std::to_string(row.command));
-        ShowThree(row.order);
+        SCOPED_TRACE(std::string(row.why) + ' ' + std::to_string(row.choice.command));
+        ShowDays(row.order);
         view->SetCategoryShown(row.categoryShown);
         view->ShowDueItemsOnly(row.dueOnly);
 
-        Choose(1, ColumnOf(row.command), row.command);
+        Choose(1, row.choice);
 
-        const std::string rows = row.rows;
-        EXPECT_EQ(Texts(), rows);
+        EXPECT_EQ(Names(), row.rows);
         EXPECT_EQ(owner.told, row.told != 0 ? std::vector{row.told} : std::vector<UINT>{});
-        const std::size_t selected = row.told == 1526 ? 1 : rows.find('b');
-        EXPECT_THAT(Selected(), ElementsAre(selected));
+        const bool isLast = row.rows == std::string_view("a c b");
+        EXPECT_THAT(Selected(), ElementsAre(isLast ? 2 : 1));
     }
 }
 
 TEST_F(TodoEditing, EachToggleByClickRepaintsMovesOrRemovesTheRowAndTellsTheOwner) {
     struct Row {
         const char* why;
-        bool wasCompleted;
-        bool hidesCompleted;
+        bool wasCompleted, hidesCompleted;
         bool hidesPrivate;  // which the row is
         bool marksDate;
         const char* rows;
@@ -75,27 +76,27 @@ TEST_F(TodoEditing, EachToggleByClickRepaintsMovesOrRemovesTheRowAndTellsTheOwne
         std::size_t strokes;
     };
     constexpr Row kRows[] = {
-        {"completed", false, false, false, false, "abc", 1527, 0},
-        {"completed with its date, out of place", false, false, false, true, "acb", 1527, 0},
-        {"completed, and hidden", false, true, false, false, "ac", 1526, 30},
-        {"completed, and not shown for another reason", false, false, true, false, "ac", 1526, 0},
-        {"undone", true, false, false, false, "abc", 1527, 0},
-        {"undone, with a mark for others", true, true, false, true, "abc", 1527, 0},
-        {"undone, and not shown", true, true, true, false, "ac", 1526, 0},
+        {"completed", false, false, false, false, "a b c", 1527, 0},
+        {"completed with its date, out of place", false, false, false, true, "a c b", 1527, 0},
+        {"completed, and hidden", false, true, false, false, "a c", 1526, 30},
+        {"completed, and not shown for another reason", false, false, true, false, "a c", 1526, 0},
+        {"undone", true, false, false, false, "a b c", 1527, 0},
+        {"undone, with a mark for others", true, true, false, true, "a b c", 1527, 0},
+        {"undone, and not shown", true, true, true, false, "a c", 1526, 0},
     };
     for (const Row& row : kRows) {
         SCOPED_TRACE(row.why);
-        ShowThree();
-        Record(1)->SetPriority(5);
-        Record(1)->SetPrivate(1);
-        Record(1)->SetCompleted(row.wasCompleted, 0);
+        ShowDays();
+        RecordAt(1)->SetPriority(5);
+        RecordAt(1)->SetPrivate(1);
+        RecordAt(1)->SetCompleted(row.wasCompleted, 0);
         view->HideCompletedItems(row.hidesCompleted);
         view->HidePrivateItems(row.hidesPrivate);
         view->SetMarkCompletionDate(row.marksDate);
 
         Click(1, TodoColumn::Completed);
 
-        EXPECT_EQ(Texts(), row.rows);
+        EXPECT_EQ(Names(), row.rows);
         EXPECT_THAT(owner.told, ElementsAre(row.told));
         EXPECT_EQ(Lines().size(), row.strokes);
         EXPECT_THAT(Selected(), ElementsAre(row.marksDate && !row.wasCompleted ? 2 : 1));
@@ -108,66 +109,51 @@ TEST_F(TodoEditing, ThePickedDayIsTakenAndACancelledPickerChangesNothing) {
         const char* rows;
         std::vector<UINT> told;
     };
-    const Row rows[] = {
-        {CTime(Day(5)), "acb", {1527}}, {CTime(Day(0)), "abc", {}}, {std::nullopt, "abc", {}}};
+    const Row rows[] = {{CTime(Day(5)), "a c b", {1527}},
+                        {CTime(Day(0)), "a b c", {}},
+                        {std::nullopt, "a b c", {}}};
     for (const Row& row : rows) {
-        ShowThree(eSortByDueDatePriority);
+        ShowDays(eSortByDueDatePriority);
         system.AnswerDay(row.day);
-        Choose(1, TodoColumn::DueDate, kChooseDate);
-        EXPECT_EQ(Texts(), row.rows);
+        Choose(1, kToChosenDate);
+        EXPECT_EQ(Names(), row.rows);
         EXPECT_EQ(owner.told, row.told);
     }
 }
 
 TEST_F(TodoEditing, AChangedRowThatStaysIsRepainted) {
-    const UINT commands[] = {9158, kNoDate, kToPersonal};
-    const eSortOrder orders[] = {eSortByCategoryDueDate, eSortByCategoryPriority,
-                                 eSortByPriorityDueDate};
-    const auto repainted = [this] {
-        CRect row;
-        view->GetItemRect(1, &row, LVIR_BOUNDS);
-        const CRect area = Peer().InvalidArea();
-        return area.top == row.top && area.bottom == row.bottom;
+    struct Row {
+        Choice choice;
+        eSortOrder order;
     };
-    for (std::size_t i = 0; i < std::size(commands); ++i) {
-        ShowThree(orders[i]);
-        Choose(1, ColumnOf(commands[i]), 0);
+    for (const Row& row :
+         {Row{ToPriority(5), eSortByCategoryDueDate}, Row{kToNoDate, eSortByCategoryPriority}}) {
+        ShowDays(row.order);
+        OpenAndClose(1, row.choice.column);
         view->UpdateWindow();
-        view->SendMessage(WM_COMMAND, commands[i]);
-        EXPECT_TRUE(repainted()) << commands[i];
+        view->SendMessage(WM_COMMAND, row.choice.command);
+        EXPECT_TRUE(IsRepainted(1)) << row.choice.command;
     }
     view->UpdateWindow();
     view->SendMessage(WM_CHAR, '-');
-    EXPECT_TRUE(repainted()) << "by the minus key";
+    EXPECT_TRUE(IsRepainted(1)) << "by the minus key";
     view->UpdateWindow();
     Click(1, TodoColumn::Completed);
-    EXPECT_TRUE(repainted()) << "by a click";
+    EXPECT_TRUE(IsRepainted(1)) << "by a click";
 }
 
 TEST_F(TodoEditing, TheChosenValueIsStored) {
-    ShowThree();
+    ShowDays();
     view->SetMarkCompletionDate(1);
-    const std::int64_t id = Record(0)->GetId();
+    const std::int64_t id = RecordAt(0)->GetId();
 
-    Choose(0, TodoColumn::DueDate, kTomorrow);
-    Choose(0, TodoColumn::Category, kToPersonal);
+    Choose(0, kToTomorrow);
     Click(0, TodoColumn::Completed);
-    Choose(0, TodoColumn::Priority, 9154 + 4);
+    Choose(0, ToPriority(5));
 
-    CToDoRecord stored(table);
-    ASSERT_EQ(table.Find(id, stored), 0);
-    int priority = 0;
-    int category = 0;
-    long due = 0;
-    long completion = 0;
-    stored.GetPriority(priority);
-    stored.GetCategoryId(category);
-    stored.GetDueDate(due);
-    stored.GetCompletionDate(completion);
-    EXPECT_EQ(priority, 5);
-    EXPECT_EQ(category, kPersonal);
-    EXPECT_EQ(due, Day(1));
-    EXPECT_EQ(completion, CTime::GetCurrentTime().GetTime());
+    EXPECT_EQ(PriorityOf(*Stored(id)), 5);
+    EXPECT_EQ(DueOf(*Stored(id)), Day(1));
+    EXPECT_EQ(CompletionOf(*Stored(id)), CTime::GetCurrentTime().GetTime());
 }
 
 TEST_F(TodoEditing, ADateBeyondTheLimitIsRefusedAndTheOldOneKept) {
@@ -177,113 +163,61 @@ TEST_F(TodoEditing, ADateBeyondTheLimitIsRefusedAndTheOldOneKept) {
         const char* rows;
         UINT told;
     };
-    constexpr Row kRows[] = {
-        {false, 1, "abc", 1527}, {true, 1, "abc", 1527}, {true, 2, "ab", 1526}};
-    for (const Row& row : kRows) {
-        ShowThree();
+    for (const Row& row :
+         {Row{false, 1, "a b c", 1527}, Row{true, 1, "a b c", 1527}, Row{true, 2, "a b", 1526}}) {
+        ShowDays();
         view->ShowDueItemsOnly(row.dueOnly);
         system.AnswerDay(CTime(2050, 1, 1, 0, 0, 0));
         system.AnswerMessageBox(IDOK);
-        const std::int64_t id = Record(row.row)->GetId();
+        const std::int64_t id = RecordAt(row.row)->GetId();
 
-        Choose(row.row, TodoColumn::DueDate, kChooseDate);
+        Choose(row.row, kToChosenDate);
 
-        CToDoRecord stored(table);
-        ASSERT_EQ(table.Find(id, stored), 0);
-        long due = 0;
-        stored.GetDueDate(due);
-        EXPECT_EQ(due, Day(row.row - 1));
-        EXPECT_EQ(Texts(), row.rows);
+        EXPECT_EQ(DueOf(*Stored(id)), Day(row.row - 1));
+        EXPECT_EQ(Names(), row.rows);
         EXPECT_THAT(owner.told, ElementsAre(row.told));
         EXPECT_EQ(system.MessageBoxes().back(), "The date is out of range.");
-        EXPECT_EQ(system.boxTypes.back(), 0x30U);
+        EXPECT_EQ(system.boxType, 0x30U);
     }
 }
 
 TEST_F(TodoEditing, TheLastRowThatGoesLeavesItsSelectionToTheOneBefore) {
-    ShowThree();
+    ShowDays();
     view->SetCategoryShown(kBusiness);
 
-    for (const char* left : {"ab", "a", ""}) {
-        Choose(view->GetItemCount() - 1, TodoColumn::Category, kToPersonal);
-        EXPECT_EQ(Texts(), left);
-        if (*left != '\0') {
-            EXPECT_THAT(Selected(), ElementsAre(view->GetItemCount() - 1));
+    Choose(2, kToPersonal);
+    EXPECT_THAT(Selected(), ElementsAre(1));
+    Choose(1, kToPersonal);
+    EXPECT_THAT(Selected(), ElementsAre(0));
+    Choose(0, kToPersonal);
+    EXPECT_EQ(Names(), "");
+}
+
+TEST_F(TodoEditing, ACommandWithoutItsPopupDoesNothing) {
+    const auto sendAll = [this] {
+        for (UINT command = ID_TODO_DATE_FIRST; command <= ID_TODO_PRIORITY_LAST; ++command) {
+            view->SendMessage(WM_COMMAND, command);
         }
-    }
-    EXPECT_THAT(owner.told, ElementsAre(1526, 1526, 1526));
-}
-
-TEST_F(TodoEditing, AListenerMayTakeTheRowOutFirst) {
-    struct Case {
-        int column;
-        UINT command;
+        PumpMessages();
     };
-    constexpr Case kCases[] = {{TodoColumn::Priority, 9158},
-                               {TodoColumn::DueDate, kNoDate},
-                               {TodoColumn::Category, kToPersonal},
-                               {TodoColumn::Completed, 0}};
-    for (const Case& each : kCases) {
-        table.SetListener(nullptr);
-        ShowThree();
-        view->SetCategoryShown(kPersonal);
-        table.SetListener([this](const RecordChange&) {
-            view->SetCategoryShown(7);
-            view->ReSort(1);
-        });
-        if (each.command != 0) system.ChooseCommand(each.command);
-
-        Click(1, each.column);
-
-        EXPECT_EQ(Texts(), "ac") << each.column;
-        EXPECT_THAT(owner.told, ElementsAre(1526)) << each.column;
-    }
-    table.SetListener(nullptr);
-}
-
-TEST_F(TodoEditing, ARefusedChangeLeavesTheRowAndTellsNothing) {
-    struct Case {
-        int column;
-        UINT command;
-    };
-    constexpr Case kCases[] = {{TodoColumn::Priority, 9158},
-                               {TodoColumn::DueDate, kNoDate},
-                               {TodoColumn::Category, 1574},
-                               {TodoColumn::Completed, 0}};
-    FaultyEngine faulty(engine);
-    CToDoTable other(faulty);
-    CToDoRecord record(other);
-    ASSERT_EQ(other.Add(record), 0);
-    view->HideCompletedItems(1);
-    view->RefreshAllItemData(&other);
-    Record(0)->SetCategoryId(kBusiness);
-    for (const Case& each : kCases) {
-        faulty.FailNext(FaultyEngine::Op::Update, "disk is full");
-        if (each.command != 0) system.ChooseCommand(each.command);
-
-        Click(0, each.column);
-
-        EXPECT_EQ(view->GetItemCount(), 1) << each.column;
-        EXPECT_EQ(Record(0)->IsCompleted(), 0);
-        EXPECT_THAT(owner.told, IsEmpty()) << each.column;
-    }
-    faulty.FailNext(FaultyEngine::Op::Update, "disk is full");
-    system.TypeText("-");
-    EXPECT_EQ(view->GetItemCount(), 1);
-    EXPECT_THAT(owner.told, IsEmpty());
+    ShowDays();
+    sendAll();
+    OpenAndClose(1, TodoColumn::Priority);
     view->DeleteAll();
+    sendAll();
+    EXPECT_THAT(owner.told, IsEmpty());
 }
 
-TEST_F(TodoEditing, TheOwnerThatWasSetIsTold) {
-    TodoOwner other;
-    other.Create(WS_POPUP, {0, 0, 10, 10}, nullptr, 0);
-    ShowThree();
-    view->SetOwner(&other);
+TEST_F(TodoEditing, ARowThatGoesBehindTheOpenMessageIsLeftAlone) {
+    ShowDays();
+    system.AnswerDay(CTime(2050, 1, 1, 0, 0, 0));
+    system.AnswerMessageBox(IDOK);
+    OpenAndClose(1, TodoColumn::DueDate);
+    system.whileOpen = [this] { view->DeleteAll(); };
 
-    Click(0, TodoColumn::Completed);
-    system.PressKey(VK_RETURN);
+    view->SendMessage(WM_COMMAND, kToChosenDate.command);
+    PumpMessages();
 
-    EXPECT_THAT(other.told, ElementsAre(1527, 48843));
     EXPECT_THAT(owner.told, IsEmpty());
 }
 

@@ -1,6 +1,6 @@
 // Keys and pointer over a list of to-dos, and the line through a completed row.
 // SPDX-License-Identifier: MIT
-#include <orvoshare/todo/TodoWindow.h>
+#include <orvoshare/todo/TodoFixture.h>
 
 namespace orvo {
 namespace {
@@ -9,7 +9,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-using TodoKeys = TodoWindowTest;
+using TodoKeys = TodoFixture;
 
 TEST_F(TodoKeys, TheMinusKeyTogglesWithoutTheOtherTestsOfAClick) {
     struct Row {
@@ -21,69 +21,66 @@ TEST_F(TodoKeys, TheMinusKeyTogglesWithoutTheOtherTestsOfAClick) {
         bool isSelected = true;  // the row stays selected
     };
     const Row rows[] = {
-        {"completed", [] {}, "abc", {1527}},
-        {"undone",
+        {"completed", [] {}, "a b c", {1527}},
+        {"undone, while completed ones are hidden",
          [this] {
-             Record(1)->SetCompleted(1, 0);
+             RecordAt(1)->SetCompleted(1, 0);
              view->HideCompletedItems(1);
          },
-         "abc",
+         "a b c",
          {1527}},
-        {"hidden", [this] { view->HideCompletedItems(1); }, "ac", {1526}, 30, false},
-        {"not of the filter's category",
-         [this] { view->SetCategoryShown(kPersonal); },
-         "abc",
-         {1527}},
-        {"out of place, and dated",
-         [this] {
-             view->SetMarkCompletionDate(1);
-             Record(1)->SetPriority(5);
-         },
-         "abc",
-         {1527}},
+        {"hidden", [this] { view->HideCompletedItems(1); }, "a c", {1526}, 30, false},
+        {"of another category", [this] { view->SetCategoryShown(kPersonal); }, "a b c", {1527}},
+        {"dated", [this] { view->SetMarkCompletionDate(1); }, "a b c", {1527}},
+        {"out of place", [this] { RecordAt(1)->SetPriority(5); }, "a b c", {1527}},
         {"masked",
          [this] {
              view->SetMaskPrivate(1);
-             Record(1)->SetPrivate(1);
+             RecordAt(1)->SetPrivate(1);
          },
-         "abc",
+         "a b c",
          {1527}},
         {"hidden, but its text isn't shown",
          [this] {
              view->HideCompletedItems(1);
              view->HideColumn(TodoColumn::Description);
          },
-         "abc",
+         "a b c",
          {}},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.why);
-        ShowThree();
+        ShowDays();
         row.given();
         view->SelectItem(1, 1);
-        const std::int64_t id = Record(1)->GetId();
-        CToDoRecord stored(table);
-        table.Find(id, stored);
-        const int before = stored.IsCompleted();
+        const std::int64_t id = RecordAt(1)->GetId();
+        const int before = RecordAt(1)->IsCompleted();
         Peer().ForgetDrawn();
 
         system.TypeText("-");
 
-        table.Find(id, stored);
-        EXPECT_NE(stored.IsCompleted(), before);
-        long completion = 0;
-        stored.GetCompletionDate(completion);
+        EXPECT_NE(Stored(id)->IsCompleted(), before);
         const bool isDated = view->IsMarkingCompletionDate() != 0;
-        EXPECT_EQ(completion, isDated ? CTime::GetCurrentTime().GetTime() : kMaxDate);
-        EXPECT_EQ(Texts(), row.rows);
+        EXPECT_EQ(CompletionOf(*Stored(id)),
+                  isDated ? CTime::GetCurrentTime().GetTime() : kMaxDate);
+        EXPECT_EQ(Names(), row.rows);
         EXPECT_EQ(owner.told, row.told);
         EXPECT_THAT(Lines(), SizeIs(row.strokes));
         EXPECT_EQ(Selected(), row.isSelected ? std::vector<int>{1} : std::vector<int>{});
     }
 }
 
+TEST_F(TodoKeys, AToggleByKeyThatIsRefusedTellsNothing) {
+    ShowDays();
+    view->SelectItem(1, 1);
+    engine.FailNext(FaultyEngine::Op::Update, "disk is full");
+    system.TypeText("-");
+    EXPECT_EQ(RecordAt(1)->IsCompleted(), 0);
+    EXPECT_THAT(owner.told, IsEmpty());
+}
+
 TEST_F(TodoKeys, AnyOtherCharacterAndAnyOtherSelectionIsDropped) {
-    ShowThree();
+    ShowDays();
     system.TypeText("-");
     view->SelectItem(0, 1);
     system.TypeText("+b\xE2\x88\x92 ");
@@ -91,59 +88,12 @@ TEST_F(TodoKeys, AnyOtherCharacterAndAnyOtherSelectionIsDropped) {
     view->SelectItem(1, 1);
     system.TypeText("-");
 
-    EXPECT_EQ(Record(0)->IsCompleted() + Record(1)->IsCompleted(), 0);
+    EXPECT_EQ(RecordAt(0)->IsCompleted() + RecordAt(1)->IsCompleted(), 0);
     EXPECT_THAT(owner.told, IsEmpty());
 }
 
-TEST_F(TodoKeys, ReturnGoesToTheOwnerAndNotToTheList) {
-    ShowThree();
-    view->SelectItem(0, 1);
-    system.PressKey(VK_RETURN);
-    system.PressKey(VK_RETURN, {VK_MENU});
-    EXPECT_THAT(owner.told, ElementsAre(48843, 48843));
-
-    MSG message{view->GetSafeHwnd(), WM_KEYDOWN, VK_RETURN, 0};
-    EXPECT_EQ(view->PreTranslateMessage(&message), 1);
-    for (const UINT other : {WM_KEYUP, WM_CHAR}) {
-        message.message = other;
-        EXPECT_EQ(view->PreTranslateMessage(&message), 0) << other;
-    }
-    message = {view->GetSafeHwnd(), WM_KEYDOWN, VK_SPACE, 0};
-    EXPECT_EQ(view->PreTranslateMessage(&message), 0);
-}
-
-TEST_F(TodoKeys, TheHandIsShownOverCellsThatTakeAClick) {
-    ShowThree();
-    const HCURSOR arrow = LoadStandardCursor(IDC_ARROW);
-    const auto isHand = [&](CPoint point) {
-        system.MovePointer(*view, point);
-        return GetCursor() != arrow;
-    };
-    struct Row {
-        int column;
-        bool isHand;
-    };
-    constexpr Row kRows[] = {{TodoColumn::Description, false}, {TodoColumn::Priority, true},
-                             {TodoColumn::DueDate, true},      {TodoColumn::Category, true},
-                             {TodoColumn::Note, false},        {TodoColumn::Private, false},
-                             {TodoColumn::Completed, true}};
-    for (const Row& row : kRows) {
-        EXPECT_EQ(isHand(Cell(1, row.column)), row.isHand) << row.column;
-    }
-    const CPoint cell = Cell(1, TodoColumn::Completed);
-    EXPECT_FALSE(isHand({cell.x, 390})) << "below the rows";
-    EXPECT_TRUE(isHand(cell));
-    view->SendMessage(WM_SETCURSOR, WParamOf(view->GetSafeHwnd()),
-                      MAKELPARAM(static_cast<int>(HTCLIENT), 0));
-    EXPECT_EQ(GetCursor(), arrow) << "without a message";
-    Record(1)->SetPrivate(1);
-    EXPECT_TRUE(isHand(cell)) << "private, but not masked";
-    view->SetMaskPrivate(1);
-    EXPECT_FALSE(isHand(cell)) << "masked";
-}
-
 TEST_F(TodoKeys, TheCheckMarkIsSeenBeforeTheLine) {
-    ShowThree();
+    ShowDays();
     view->HideCompletedItems(1);
     Click(1, TodoColumn::Description);
     view->UpdateWindow();
@@ -178,7 +128,7 @@ TEST_F(TodoKeys, TheLineHasThirtyStrokesAndEndsOneBlankBehindTheText) {
     };
     for (const Row& row : kRows) {
         SCOPED_TRACE(row.why);
-        const auto record = Make({row.text});
+        const auto record = MakeNamed(row.text);
         CRect rect{10, 21, 400, 40};
         Peer().ForgetDrawn();
         ticks = 0;
@@ -197,7 +147,7 @@ TEST_F(TodoKeys, TheLineHasThirtyStrokesAndEndsOneBlankBehindTheText) {
 }
 
 TEST_F(TodoKeys, ThePauseLastsAcrossTheEndOfTheTickCount) {
-    const auto record = Make({"b"});
+    const auto record = MakeNamed("b");
     CRect rect{0, 0, 400, 20};
     ticks = 0xFFFFFFF0;
     view->StrikeOutEntry(record.get(), rect, 1);
@@ -205,7 +155,7 @@ TEST_F(TodoKeys, ThePauseLastsAcrossTheEndOfTheTickCount) {
 }
 
 TEST_F(TodoKeys, ATextThatIsCutIsStruckOutAsItIsShown) {
-    const auto record = Make({"A text that is much longer than its column is wide"});
+    const auto record = MakeNamed("A text that is much longer than its column is wide");
     CRect rect{10, 20, 110, 40};
 
     view->StrikeOutEntry(record.get(), rect, 0);
