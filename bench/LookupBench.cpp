@@ -7,7 +7,10 @@
 
 #include <contracts/TextServices.h>
 #include <libraries/quire/MemoryEngine.h>
-#include <orvoshare/addressviews/TestView.h>
+#include <orvoshare/addresslist/DetailViewAddrList.h>
+#include <orvoshare/addressviews/AddrCompare.h>
+#include <platform/text/CodePage.h>
+#include <platform/text/SystemLocale.h>
 
 #include "People.h"
 
@@ -24,6 +27,10 @@ CString InPage(std::string_view utf8) {
     CodePage::System().FromUtf8(utf8, text.Bytes());
     return text;
 }
+
+struct AddressList : CDetailViewAddrList {
+    using CDetailViewAddrList::DVC_FindFirstMatch;
+};
 
 // A million people in their order; the same list for all benchmarks of a script.
 class FullList {
@@ -75,7 +82,7 @@ public:
 
     const char* OneLetter() const { return m_script == Script::Latin ? "s" : "や"; }
 
-    TestView view;
+    AddressList view;
 
 private:
     MemoryEngine m_engine;

@@ -43,14 +43,11 @@ INSTANTIATE_TEST_SUITE_P(BothCodePages, AddressOrdering, testing::ValuesIn(kBoth
 
 TEST_P(AddressOrdering, TheEnglishFormComparesFilledFieldsByPosition) {
     struct Person {
-        const char* name;
-        const char* first;
-        const char* company;
+        const char *name, *first, *company;
     };
     struct Row {
         const char* why;
-        Person a;
-        Person b;
+        Person a, b;
         long listBy;
         int want;
     };
@@ -86,15 +83,11 @@ TEST_P(AddressOrdering, TheEnglishFormComparesFilledFieldsByPosition) {
 
 TEST_P(AddressOrdering, TheJapaneseFormPutsTheReadingBeforeTheText) {
     struct Person {
-        const char* nameYomi;
-        const char* name;
-        const char* firstYomi;
-        const char* first;
+        const char *nameYomi, *name, *firstYomi, *first;
     };
     struct Row {
         const char* why;
-        Person a;
-        Person b;
+        Person a, b;
         int want;
     };
     constexpr Row kRows[] = {

@@ -4,9 +4,10 @@
 
 #include <orvoshare/addressviews/DetailViewAddrCard.h>
 #include <orvoshare/addressviews/RecordText.h>
-#include <platform/text/CodePage.h>
+#include <platform/text/SystemText.h>
 #include <platform/window/WindowFixture.h>
 #include <support/AddressFixture.h>
+#include <support/Categories.h>
 #include <support/CodePages.h>
 #include <support/LocaleInForce.h>
 
@@ -24,16 +25,14 @@ protected:
         table.SetPhoneLabel(1, "Fax:");
         table.SetPhoneLabel(2, "");
         for (int number = 1; number <= kCustomFields; ++number) {
-            CString label;
-            label.Format("C%d", number);
-            table.SetCustomLabel(number, label);
+            table.SetCustomLabel(number, ("C" + std::to_string(number)).c_str());
         }
         cards.Create(WS_POPUP, {0, 0, 600, 400}, nullptr, 0);
         cards.Initialize(&table);
     }
     ~CardDescription() override { cards.DestroyWindow(); }
 
-    CCardDesc Describe(std::initializer_list<Text> texts) {
+    CCardDesc Describe(const AddressTexts& texts) {
         cards.DV_DeleteAll();
         cards.DV_InsertRecord(0, Make(texts).release(), 0);
         return Describe();
@@ -45,12 +44,6 @@ protected:
     }
     CAddressRecord& Record() { return *RecordOf(cards.DV_GetItemData(0)); }
 
-    static std::string Utf8(const CString& text) {
-        std::string utf8;
-        CodePage::System().ToUtf8(text.View(), utf8);
-        return utf8;
-    }
-
     LocaleInForce locale{GetParam().tag, GetParam().codePage};
     SystemInForce system;
     CDetailViewAddrCard cards;
@@ -60,9 +53,8 @@ INSTANTIATE_TEST_SUITE_P(BothCodePages, CardDescription, testing::ValuesIn(kBoth
 TEST_P(CardDescription, EveryBlockStandsWhereItBelongs) {
     struct Row {
         const char* why;
-        std::initializer_list<Text> texts;
-        const char* title;
-        const char* body;
+        AddressTexts texts;
+        const char *title, *body;
     };
     const Row kRows[] = {
         {"nothing", {}, "", ""},
@@ -101,8 +93,8 @@ TEST_P(CardDescription, EveryBlockStandsWhereItBelongs) {
     };
     for (const Row& row : kRows) {
         const CCardDesc card = Describe(row.texts);
-        EXPECT_EQ(Utf8(card.strTitle), row.title) << row.why;
-        EXPECT_EQ(Utf8(card.strBody), row.body) << row.why;
+        EXPECT_EQ(ToUtf8(card.strTitle), row.title) << row.why;
+        EXPECT_EQ(ToUtf8(card.strBody), row.body) << row.why;
     }
 }
 
@@ -117,24 +109,21 @@ TEST_P(CardDescription, AMaskedCardTellsNothingButThatItIsThere) {
 
     EXPECT_EQ(open.bPrivate + open.bHasNote, 2);
     EXPECT_EQ(open.bMasked, 0);
-    EXPECT_EQ(Utf8(open.strTitle), "Secret");
+    EXPECT_EQ(ToUtf8(open.strTitle), "Secret");
     EXPECT_EQ(masked.bPrivate + masked.bMasked, 2);
     EXPECT_EQ(masked.bHasNote, 0);
-    EXPECT_EQ(Utf8(masked.strTitle + masked.strBody + masked.strCategory), "");
+    EXPECT_EQ(ToUtf8(masked.strTitle + masked.strBody + masked.strCategory), "");
 }
 
 TEST_P(CardDescription, TheCategoryGoesByItsNameOrByTheTextForNone) {
-    auto friends = std::make_unique<CCategory>();
-    friends->SetNameUtf8("Friends");
-    ASSERT_EQ(table.GetCategoryManager()->Add(friends.get()), 0);
-    const int index = friends.release()->GetIndex();
+    const int index = AddCategory(table, "Friends");
     Describe({{Name, "Lee"}});
-    const std::string none = Utf8(Describe().strCategory);
+    const std::string none = ToUtf8(Describe().strCategory);
 
     Record().SetCategoryId(index);
-    EXPECT_EQ(Utf8(Describe().strCategory), "Friends");
+    EXPECT_EQ(ToUtf8(Describe().strCategory), "Friends");
     Record().SetCategoryId(15);
-    EXPECT_EQ(Utf8(Describe().strCategory), none) << "the manager knows no category 15";
+    EXPECT_EQ(ToUtf8(Describe().strCategory), none) << "the manager knows no category 15";
     EXPECT_FALSE(none.empty());
 }
 
@@ -142,7 +131,7 @@ TEST_P(CardDescription, LabelsBreakNoLine) {
     table.SetPhoneLabel(0, "Wo\nrk");
     table.SetCustomLabel(1, "A\tB\rC");
     const CCardDesc card = Describe({{Phone1, "1"}, {Custom1, "x"}});
-    EXPECT_EQ(Utf8(card.strBody), "Wo\t1\n\nA    B:\tx\n");
+    EXPECT_EQ(ToUtf8(card.strBody), "Wo\t1\n\nA    B:\tx\n");
 }
 
 TEST_P(CardDescription, HugeAndBrokenTextsKeepTheFormOfLines) {

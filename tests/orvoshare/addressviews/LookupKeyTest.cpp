@@ -12,6 +12,7 @@
 #include <orvoshare/addressviews/AddrCompare.h>
 #include <orvoshare/addressviews/LookupKey.h>
 #include <platform/text/CodePage.h>
+#include <platform/text/SystemText.h>
 #include <support/AddressFixture.h>
 #include <support/CodePages.h>
 #include <support/LocaleInForce.h>
@@ -21,26 +22,11 @@ namespace {
 
 using enum AddressField;
 
-std::string InUtf8(const CString& text) {
-    std::string utf8;
-    CodePage::System().ToUtf8(text.View(), utf8);
-    return utf8;
-}
-
-CString InPage(std::string_view utf8) {
-    CString text;
-    CodePage::System().FromUtf8(utf8, text.Bytes());
-    return text;
-}
-
 // Each letter stands for a filled field: n, f, c the name, first name and company, N, F, C their
 // readings; a dot for one of blanks.
 struct KeyRow {
     const char* filled;
-    const char* plainByName;
-    const char* plainByCompany;
-    const char* readingByName;
-    const char* readingByCompany;
+    const char *plainByName, *plainByCompany, *readingByName, *readingByCompany;
 };
 constexpr KeyRow kKeys[] = {
     {"nfcNFC", "n, f", "c, n", "N, F", "C, N"},
@@ -71,7 +57,7 @@ TEST(RecordKey, TakesTheFirstFilledFieldAndTheOneThatBelongsToIt) {
         const auto key = [&](KeyFields fields, long listBy) {
             CString text("what was there");
             MakeRecordKey(record.get(), fields, listBy, text);
-            return InUtf8(text);
+            return ToUtf8(text);
         };
         EXPECT_EQ(key(KeyFields::Plain, kListByName), row.plainByName) << row.filled;
         EXPECT_EQ(key(KeyFields::Plain, kListByCompany), row.plainByCompany) << row.filled;
@@ -144,7 +130,7 @@ int CompareWholeKey(const CString& typed, const CAddressRecord* record, KeyField
 // A text of its own, or the start of a key of the records, so that some are found.
 CString RandomTyped(const std::vector<std::unique_ptr<CAddressRecord>>& records,
                     std::mt19937& random) {
-    if (random() % 2 == 0) return InPage(RandomText(random));
+    if (random() % 2 == 0) return SystemText(RandomText(random));
     CString key;
     MakeRecordKey(records[random() % records.size()].get(),
                   random() % 2 == 0 ? KeyFields::Plain : KeyFields::Reading, kListByName, key);
@@ -181,7 +167,7 @@ TEST_P(LookupKeys, CompareAsWholeKeysDo) {
                             CString whole;
                             MakeRecordKey(record.get(), fields, listBy, whole);
                             ASSERT_EQ(key.Compare(record.get(), fields, cut), want)
-                                << "<" << InUtf8(typed) << "> <" << InUtf8(whole) << ">";
+                                << "<" << ToUtf8(typed) << "> <" << ToUtf8(whole) << ">";
                         }
                     }
                 }

@@ -5,24 +5,38 @@
 #include <string>
 #include <vector>
 
-#include <orvoshare/addressviews/TestView.h>
+#include <orvoshare/addressviews/DetailViewAddrCard.h>
+#include <orvoshare/addressviews/LookupEdit.h>
+#include <platform/text/SystemText.h>
+#include <platform/window/MemoryListPeer.h>
 #include <platform/window/WindowFixture.h>
 #include <support/AddressFixture.h>
+#include <support/CodePages.h>
 #include <support/LocaleInForce.h>
 
 namespace orvo {
 
-inline CString InPage(std::string_view utf8) {
-    CString text;
-    CodePage::System().FromUtf8(utf8, text.Bytes());
-    return text;
-}
+// Cards that count what they are asked for.
+class CountingCards : public CDetailViewAddrCard {
+public:
+    using CDetailViewAddrCard::DVC_GetItemKey;
+    using CDetailViewAddrCard::DVC_GetItemYomiKey;
+    using CDetailViewAddrCard::DVC_IsInSortedPosition;
 
+    int lookups = 0;
+
+    int DV_Lookup(CString key) override {
+        ++lookups;
+        return CDetailViewAddrCard::DV_Lookup(std::move(key));
+    }
+};
+
+// Two columns of two cards are in view.
 struct ViewFixture : AddressFixture {
-    ViewFixture() { view.Create(WS_POPUP | LVS_REPORT, {0, 0, 200, 100}, nullptr, 0); }
+    ViewFixture() { view.Create(WS_POPUP, {0, 0, 600, 400}, nullptr, 0); }
 
     // Adds a record to the table.
-    std::unique_ptr<CAddressRecord> Add(std::initializer_list<Text> texts, int category = 0) {
+    std::unique_ptr<CAddressRecord> Add(const AddressTexts& texts, int category = 0) {
         auto record = Make(texts);
         EXPECT_EQ(record->SetCategoryId(category), 0);
         EXPECT_EQ(table.Add(*record), 0);
@@ -34,12 +48,17 @@ struct ViewFixture : AddressFixture {
     void Fill(int category = kAllCategories, int hidePrivate = 0, int listBy = kListByName) {
         view.DV_FillFromTable(&table, category, hidePrivate, listBy);
     }
+    void FillWith(std::initializer_list<const char*> names) {
+        AddNames(names);
+        Fill();
+    }
 
     CAddressRecord* RecordAt(int row) { return RecordOf(view.DV_GetItemData(row)); }
     std::string NameAt(int row) {
         const CAddressRecord* record = RecordAt(row);
         return record ? std::string(record->Utf8(AddressField::Name)) : "nobody";
     }
+    std::string Found(std::string_view typed) { return NameAt(view.DV_Lookup(SystemText(typed))); }
     std::vector<std::string> Names() {
         std::vector<std::string> names;
         for (int row = 0; row < view.DV_GetItemCount(); ++row) names.push_back(NameAt(row));
@@ -51,9 +70,10 @@ struct ViewFixture : AddressFixture {
         while (position) names.push_back(NameAt(view.DV_GetNextSelectedItem(position)));
         return names;
     }
+    MemoryListPeer& Peer() { return dynamic_cast<MemoryListPeer&>(*view.GetPeer()); }
 
     SystemInForce system;
-    TestView view;
+    CountingCards view;
 };
 
 }  // namespace orvo
