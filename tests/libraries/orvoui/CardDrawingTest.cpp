@@ -25,7 +25,6 @@ protected:
         cards.description.strTitle = "Jane Doe";
     }
 
-    // The texts that are painted, each with its rectangle.
     struct Text {
         std::string text;
         CRect rect;
@@ -35,17 +34,13 @@ protected:
                  << ',' << painted.rect.right << ',' << painted.rect.bottom;
         }
     };
-    std::vector<Text> PaintedTexts() {
+    // The texts that are painted below the title.
+    std::vector<Text> PaintedBody(const char* body) {
+        cards.description.strBody = body;
         std::vector<Text> texts;
         for (const DrawOperation& each : Paint()) {
             if (each.kind == Kind::Text) texts.push_back({each.text.Bytes(), each.rect});
         }
-        return texts;
-    }
-    // Those of the body.
-    std::vector<Text> PaintedBody(const char* body) {
-        cards.description.strBody = body;
-        std::vector<Text> texts = PaintedTexts();
         texts.erase(texts.begin());
         return texts;
     }
@@ -143,21 +138,14 @@ TEST_F(CardDrawing, LabelsAndValuesStandAtTheTabStop) {
                             Text{"J    D", {95, kBodyTop + 96, kBodyRight, kBodyTop + 112}}));
     EXPECT_NE(Painted("Phone").colour, Painted("555").colour);
     EXPECT_EQ(Painted("555").colour, GetSysColor(COLOR_WINDOWTEXT));
-    EXPECT_EQ(
-        std::count_if(
-            Peer().Drawn().begin(), Peer().Drawn().end(),
-            [](const DrawOperation& each) {
-                return each.rect == CRect{kBodyLeft, kBodyTop + 36, kBodyRight, kBodyTop + 37};
-            }),
-        1)
-        << "the rule below the head";
+    const CRect rule{kBodyLeft, kBodyTop + 36, kBodyRight, kBodyTop + 37};
+    EXPECT_THAT(Peer().Drawn(), testing::Contains(testing::Field(&DrawOperation::rect, rule)));
 }
 
 TEST_F(CardDrawing, ATabStopLeavesHalfOfTheBodyToTheValues) {
     struct Row {
         const char* why;
-        int stop;
-        int want;
+        int stop, want;
     };
     const Row rows[] = {{"in the body", 4, kBodyLeft + 32},
                         {"at the middle at the latest", 1000000, kBodyLeft + 113},
@@ -192,8 +180,7 @@ TEST_F(CardDrawing, TheCategoryStandsSmallAtTheBottomAndTakesALine) {
 TEST_F(CardDrawing, MarksStandAtTheRightOfTheTitle) {
     struct Row {
         const char* why;
-        int isPrivate, hasNote;
-        int titleRight;
+        int isPrivate, hasNote, titleRight;
         std::size_t bars;
     };
     const Row rows[] = {{"none", 0, 0, 241, 0},

@@ -1,53 +1,39 @@
 // The menu of categories: its order, names and commands.
 // SPDX-License-Identifier: MIT
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <contracts/Category.h>
 #include <contracts/ListWidget.h>
-#include <platform/text/CodePage.h>
+#include <platform/text/SystemText.h>
 #include <support/CodePages.h>
 #include <support/LocaleInForce.h>
 
 namespace orvo {
-
 namespace {
 
-class CategoryMenu : public testing::TestWithParam<LocaleCase> {
-protected:
-    LocaleInForce locale{GetParam().tag, GetParam().codePage};
-};
-INSTANTIATE_TEST_SUITE_P(CodePages, CategoryMenu, testing::ValuesIn(kBothCodePages));
+TEST(CategoryMenu, AGapInTheIndicesIsAGapInTheCommands) {
+    for (const LocaleCase& page : kBothCodePages) {
+        const LocaleInForce locale(page.tag, page.codePage);
+        CCategoryMgr manager;
+        manager.Load(15, "表 & 予定");
+        manager.Load(0, "Uncategorized");
+        manager.Load(3, "Home");
+        CMenu menu;
+        menu.CreatePopupMenu();
 
-TEST_P(CategoryMenu, AGapInTheIndicesIsAGapInTheCommands) {
-    constexpr int kFirstCommand = 1574;
-    CCategoryMgr manager;
-    manager.Load(15, "表 & 予定");
-    manager.Load(0, "Uncategorized");
-    manager.Load(3, "Home");
-    CMenu menu;
-    menu.CreatePopupMenu();
+        EXPECT_EQ(FillCategoryMenu(&manager, nullptr, &menu, 1574), 3);
 
-    EXPECT_EQ(FillCategoryMenu(&manager, nullptr, &menu, kFirstCommand), 3);
-
-    struct Item {
-        UINT command;
-        const char* utf8;
-    };
-    int position = 0;
-    for (const Item& want :
-         {Item{1574, "Uncategorized"}, Item{1577, "Home"}, Item{1589, "表 && 予定"}}) {
-        CString text;
-        CString wanted;
-        CodePage::System().FromUtf8(want.utf8, wanted.Bytes());
-        EXPECT_EQ(menu.GetMenuItemID(position), want.command);
-        menu.GetMenuString(static_cast<UINT>(position), text, MF_BYPOSITION);
-        EXPECT_EQ(text, wanted) << want.utf8;
-        ++position;
+        std::vector<std::string> items;
+        for (int item = 0; item < menu.GetMenuItemCount(); ++item) {
+            CString text;
+            menu.GetMenuString(static_cast<UINT>(item), text, MF_BYPOSITION);
+            items.push_back(std::to_string(menu.GetMenuItemID(item)) + ' ' + ToUtf8(text));
+        }
+        EXPECT_THAT(items,
+                    testing::ElementsAre("1574 Uncategorized", "1577 Home", "1589 表 && 予定"));
+        EXPECT_EQ(FillCategoryMenu(nullptr, nullptr, &menu, 1574), 0);
     }
-    EXPECT_EQ(menu.GetMenuItemCount(), 3);
-    EXPECT_EQ(FillCategoryMenu(nullptr, nullptr, &menu, kFirstCommand), 0);
 }
 
 }  // namespace
-
 }  // namespace orvo

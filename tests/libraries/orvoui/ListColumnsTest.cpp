@@ -19,18 +19,11 @@ protected:
     }
 };
 
-TEST_F(ListColumns, AreIndependentCopiesAndHiddenAtFirst) {
-    ASSERT_EQ(list.m_aColumns.size(), 3U);
-    EXPECT_EQ(list.m_aColumns[0].strName, CString("Name"));
-    EXPECT_EQ(list.m_aColumns[2].strName, CString("Category"));
-    EXPECT_EQ(list.m_aColumns[2].bShown, 0);
-    EXPECT_EQ(list.GetHeaderCtrl()->GetItemCount(), 0);
-    EXPECT_EQ(list.SubItemFromIndex(0), -1);
+TEST_F(ListColumns, StandInTheOrderOfTheirCallsAtTheWidthsAskedFor) {
     EXPECT_EQ(list.InitializeColumn(&list.m_aColumns[1]), 0) << "the id is there already";
     EXPECT_EQ(list.InitializeColumn(nullptr), 0);
-}
+    EXPECT_THAT(Heading(), testing::IsEmpty()) << "hidden at first";
 
-TEST_F(ListColumns, StandInTheOrderOfTheirCallsAtTheWidthsAskedFor) {
     list.ShowColumn(2, -1);
     list.ShowColumn(0, 70);
 
@@ -61,8 +54,7 @@ TEST_F(ListColumns, KeepTheirIdsWhenOneIsDraggedHiddenOrShownAgain) {
 TEST_F(ListColumns, AreHarmlessUnderUnknownIdsAndAbsurdWidths) {
     struct Row {
         const char* why;
-        int id, width;
-        int shown, wantWidth;
+        int id, width, shown, wantWidth;
     };
     const Row rows[] = {
         {"no column has the id", 17, 100, 0, 0},
@@ -130,32 +122,21 @@ TEST_F(ListColumns, TheMainOneIsTheFirstThatWasGivenWhereverItStands) {
     EXPECT_EQ(rect, label);
 }
 
-TEST_F(ListColumns, TheSortColumnIsRecorded) {
-    EXPECT_EQ(list.SetSortOrder(2, 1), -1);
-    EXPECT_EQ(list.SetSortOrder(-1, 1), 2);
-    EXPECT_EQ(list.GetSortColumn(), -1);
-}
-
 TEST_F(ListColumns, TheHeadingOfTheSortColumnIsMarkedAlsoWhenItIsShownLater) {
-    const auto marked = [this](int id) {
-        for (int column = 0; column < list.GetHeaderCtrl()->GetItemCount(); ++column) {
-            LVCOLUMN content;
-            content.mask = LVCF_FMT;
-            list.SendMessage(LVM_GETCOLUMN, static_cast<WPARAM>(column), LParamOf(&content));
-            if (list.SubItemFromIndex(column) == id) return (content.fmt & HDF_SORTUP) != 0;
-        }
-        return false;
+    const auto isMarked = [this](int column) {
+        return (Peer().Column(column).format & HDF_SORTUP) != 0;
     };
     list.ShowColumn(1, -1);
-    list.SetSortOrder(2, 1);
+    EXPECT_EQ(list.SetSortOrder(2, 1), -1);
     list.ShowColumn(2, -1);
-    EXPECT_TRUE(marked(2));
-    EXPECT_FALSE(marked(1));
+    EXPECT_FALSE(isMarked(0));
+    EXPECT_TRUE(isMarked(1));
 
-    list.SetSortOrder(1, 1);
+    EXPECT_EQ(list.SetSortOrder(1, 1), 2);
 
-    EXPECT_FALSE(marked(2));
-    EXPECT_TRUE(marked(1));
+    EXPECT_TRUE(isMarked(0));
+    EXPECT_FALSE(isMarked(1));
+    EXPECT_EQ(list.GetSortColumn(), 1);
 }
 
 }  // namespace

@@ -20,8 +20,7 @@ public:
 
     static const MessageMap& ThisMap() {
         static const MessageMap map{COrvoUIListViewCtrl::ThisMap(),
-                                    {OnNotifyReflect<NM_CLICK>(&RecordingList::OnClick),
-                                     OnNotifyReflect<LVN_ITEMCHANGED>(&RecordingList::OnChange),
+                                    {OnNotifyReflect<LVN_ITEMCHANGED>(&RecordingList::OnChange),
                                      OnNotifyReflect<LVN_GETDISPINFO>(&RecordingList::OnQuestion)}};
         return map;
     }
@@ -46,7 +45,6 @@ public:
     };
     std::vector<Cell> cells;
     UINT textFlags = 0;
-    int clicks = 0;
     int changes = 0;
     int questions = 0;
 
@@ -59,7 +57,6 @@ protected:
     }
 
 private:
-    void OnClick(NMHDR*, LRESULT*) { ++clicks; }
     void OnChange(NMHDR*, LRESULT*) { ++changes; }
     void OnQuestion(NMHDR*, LRESULT*) { ++questions; }
 };

@@ -137,14 +137,6 @@ TEST_F(ListRows, OutsideTheListAreHarmless) {
     EXPECT_EQ(list.InsertRecord(0, nullptr, 0, 0), -1);
     EXPECT_EQ(list.SetViewMode(kReportView), 0);
     EXPECT_EQ(list.FindItemByData(100), -1);
-    EXPECT_EQ(list.GetFirstSelectedItem(), -1);
-}
-
-TEST_F(ListRows, AreFoundByTheirDataWord) {
-    for (DWORD data = 100; data < 110; ++data) Insert(data);
-    list.DeleteItem(0);
-    EXPECT_EQ(list.FindItemByData(105), 4);
-    EXPECT_EQ(list.FindItemByData(100), -1);
 }
 
 TEST_F(ListRows, AskOnlyWhereTheyWereInsertedThatWay) {
@@ -157,12 +149,6 @@ TEST_F(ListRows, AskOnlyWhereTheyWereInsertedThatWay) {
     list.GetItemText(0, 0);
     EXPECT_TRUE(Peer().Content(0).asksImage);
     EXPECT_EQ(list.questions, 1);
-}
-
-TEST_F(ListRows, ClicksReachTheView) {
-    Insert(100);
-    system.Click(list, {10, 25});
-    EXPECT_EQ(list.clicks, 1);
 }
 
 TEST_F(ListRows, AreRepaintedWhenTheDesktopChangesItsColours) {

@@ -3,30 +3,15 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+#include <orvoshare/ModuleInForce.h>
 #include <orvoshare/integration/ExportFileDialog.h>
-#include <orvoshare/integration/ImportFileDialog.h>
 #include <orvoshare/integration/SoundFileDialog.h>
-#include <orvoshare/module/OrvoShareModule.h>
-#include <orvoshare/resources/StringTable.h>
 #include <platform/qt/FileDialogHands.h>
-#include <support/LocaleInForce.h>
 
 namespace orvo {
 namespace {
 
 constexpr const char* kCards = "Cards (*.vcf)|*.vcf||";
-
-// The module with the texts of a language.
-struct ModuleInForce {
-    explicit ModuleInForce(const char* tag, unsigned codePage = 65001) : locale(tag, codePage) {
-        OrvoShareMain(OwnModule(), DLL_PROCESS_ATTACH);
-    }
-    ~ModuleInForce() { OrvoShareMain(OwnModule(), DLL_PROCESS_DETACH); }
-    ModuleInForce(const ModuleInForce&) = delete;
-    ModuleInForce& operator=(const ModuleInForce&) = delete;
-
-    LocaleInForce locale;
-};
 
 class FileDialogsOnScreen : public FileDialogOnScreen {
 protected:
@@ -40,28 +25,15 @@ protected:
     }
 };
 
-TEST_F(FileDialogsOnScreen, ARangeIsChosenByAClick) {
-    const ModuleInForce module("en-US");
+TEST_F(FileDialogsOnScreen, ARangeIsChosenByAClickAndTheTextsStayWhileTheUserLooksAround) {
+    const LocalizedModule module("en-US", kUtf8CodePage);
+    std::filesystem::create_directory(folder.Path("inside"));
     CExportFileDialog dialog(nullptr, "vcf", kCards, &parent, 3, 1);
     Use([this](QFileDialog& shown) {
         const auto ranges = shown.findChildren<QRadioButton*>();
         ASSERT_EQ(ranges.size(), 2);
         EXPECT_TRUE(ranges[0]->isChecked());
         QTest::mouseClick(ranges[1], Qt::LeftButton, {}, {5, ranges[1]->height() / 2});
-        Name(shown).setText(InFolder("new"));
-        Accept(shown).click();
-    });
-    EXPECT_EQ(dialog.DoModal(), IDOK);
-    EXPECT_EQ(dialog.GetRange(), kRangeSelected);
-    EXPECT_EQ(dialog.GetPathName(), CString(folder.Path("new.vcf")));
-}
-
-TEST_F(FileDialogsOnScreen, ExportKeepsItsTextsWhileTheUserLooksAround) {
-    const ModuleInForce module("en-US");
-    std::filesystem::create_directory(folder.Path("inside"));
-    CExportFileDialog dialog(nullptr, "vcf", kCards, &parent, 3, 1);
-    Use([this](QFileDialog& shown) {
-        EXPECT_EQ(shown.windowTitle(), "Export As");
         shown.setDirectory(InFolder(""));
         Name(shown).setText(InFolder("inside"));
         Accept(shown).click();  // goes into the folder
@@ -73,11 +45,12 @@ TEST_F(FileDialogsOnScreen, ExportKeepsItsTextsWhileTheUserLooksAround) {
         Accept(shown).click();
     });
     EXPECT_EQ(dialog.DoModal(), IDOK);
+    EXPECT_EQ(dialog.GetRange(), kRangeSelected);
     EXPECT_EQ(dialog.GetPathName(), CString(folder.Path("inside/new.vcf")));
 }
 
 TEST_F(FileDialogsOnScreen, JapaneseTextsAreShownWhole) {
-    const ModuleInForce module("ja-JP", 932);
+    const LocalizedModule module("ja-JP", kJapaneseCodePage);
     CExportFileDialog dialog(nullptr, "vcf", kCards, &parent, 3, 1);
     Use([](QFileDialog& shown) {
         EXPECT_EQ(Accept(shown).text(), QString::fromUtf8("エクスポート(&E)"));
@@ -92,29 +65,8 @@ TEST_F(FileDialogsOnScreen, JapaneseTextsAreShownWhole) {
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
 }
 
-TEST_F(FileDialogsOnScreen, ImportRefusesAFileThatIsNotThere) {
-    const ModuleInForce module("en-US");
-    folder.File("there.vcf", "x");
-    int asked = 0;
-    CImportFileDialog dialog(kCards, &parent, "Import cards");
-    Use([&](QFileDialog& shown) {
-        EXPECT_EQ(shown.windowTitle(), "Import cards");
-        EXPECT_EQ(Accept(shown).text(), "Im&port");
-        Name(shown).setText(InFolder("absent.vcf"));
-        EXPECT_FALSE(Accept(shown).isEnabled());
-        Answer(QMessageBox::Ok, asked);
-        QTest::keyClick(&Name(shown), Qt::Key_Return);
-        EXPECT_TRUE(shown.isVisible());
-        Name(shown).setText(InFolder("there.vcf"));
-        Accept(shown).click();
-    });
-    EXPECT_EQ(dialog.DoModal(), IDOK);
-    EXPECT_EQ(asked, 1);
-    EXPECT_EQ(dialog.GetPathName(), CString(folder.Path("there.vcf")));
-}
-
 TEST_F(FileDialogsOnScreen, TheSoundButtonsFollowTheNameAndThePlay) {
-    const ModuleInForce module("en-US");
+    const LocalizedModule module("en-US", kUtf8CodePage);
     const std::string ring = folder.File("ring.wav", "not a sound");
     CSoundFileDialog dialog(CString(folder.Path("")), 1, "wav", nullptr, OFN_FILEMUSTEXIST,
                             "Sounds|*.wav||", &parent);

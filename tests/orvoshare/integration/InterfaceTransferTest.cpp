@@ -69,6 +69,12 @@ protected:
         const ComPointer held(stream);
         return CoReleaseMarshalData(stream);
     }
+    void ExpectDisconnected() const {
+        std::int64_t total = 0;
+        const HRESULT first = window.counter->Add(1, total);
+        EXPECT_TRUE(first == RPC_E_DISCONNECTED || first == RPC_E_SERVER_DIED) << first;
+        EXPECT_EQ(window.counter->Add(1, total), RPC_E_DISCONNECTED);
+    }
     // A process's end is told a moment later.
     static bool ServeUntil(const std::function<bool()>& isSo) {
         while (!isSo()) {
@@ -186,11 +192,7 @@ TEST_F(InterfaceTransfer, ADeadExporterIsToldAtOnce) {
     ASSERT_EQ(Fetch(), S_OK);
     peer.Kill();
     peer.Wait();
-    std::int64_t total = 0;
-
-    const HRESULT first = window.counter->Add(1, total);
-    EXPECT_TRUE(first == RPC_E_DISCONNECTED || first == RPC_E_SERVER_DIED) << first;
-    EXPECT_EQ(window.counter->Add(1, total), RPC_E_DISCONNECTED);
+    ExpectDisconnected();
     EXPECT_EQ(Ask(kCountObjects), 0);
     EXPECT_EQ(GetLastError(), ERROR_INVALID_WINDOW_HANDLE);
     EXPECT_EQ(FindPublishedWindow("peer"), nullptr);
@@ -217,11 +219,7 @@ TEST_F(InterfaceTransfer, AProcessThatStandsStillEndsNobodyElsesTime) {
 TEST_F(InterfaceTransfer, WithoutTheBusCallsFailAndNothingHangs) {
     ASSERT_EQ(Fetch(), S_OK);
     bus.Kill();
-    std::int64_t total = 0;
-
-    const HRESULT first = window.counter->Add(1, total);
-    EXPECT_TRUE(first == RPC_E_DISCONNECTED || first == RPC_E_SERVER_DIED) << first;
-    EXPECT_EQ(window.counter->Add(1, total), RPC_E_DISCONNECTED);
+    ExpectDisconnected();
 }
 
 TEST_F(InterfaceTransfer, WhatIsNoPacketLeavesNoCopyBehind) {

@@ -9,21 +9,12 @@
 
 namespace orvo {
 
-// Texts come with "null" where there was no text.
+// Lines as "subject Hi", "to Ann <ann@example.org>" and "file /x/a a.vcf".
 struct RecordedMail {
     ULONG answer = 0;
-    int calls = 0;
-    std::uintptr_t session = 0;
     std::uintptr_t window = 0;
     ULONG flags = 0;
-    ULONG reserved = 0;
-    std::string subject;
-    std::string body;
-    bool isRestEmpty = false;  // no sender, dates, flags and so on
-    bool hasRecipients = false;
-    bool hasFiles = false;
-    std::vector<std::string> recipients;  // "class name <address>"
-    std::vector<std::string> files;       // "position path name"
+    std::vector<std::string> lines;
 };
 
 }  // namespace orvo

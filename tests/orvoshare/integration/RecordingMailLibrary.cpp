@@ -5,14 +5,6 @@
 #include <orvoshare/integration/RecordedMail.h>
 #include <platform/Export.h>
 
-namespace {
-
-std::string TextOf(const char* text) {
-    return text ? text : "null";
-}
-
-}  // namespace
-
 extern "C" {
 
 ORVO_API orvo::RecordedMail* Recorded() {
@@ -24,30 +16,27 @@ ORVO_API orvo::ULONG MAPISendMail(std::uintptr_t session, std::uintptr_t window,
                                   orvo::MapiMessage* message, orvo::ULONG flags,
                                   orvo::ULONG reserved) {
     orvo::RecordedMail& mail = *Recorded();
-    ++mail.calls;
-    mail.session = session;
     mail.window = window;
     mail.flags = flags;
-    mail.reserved = reserved;
-    mail.subject = TextOf(message->lpszSubject);
-    mail.body = TextOf(message->lpszNoteText);
-    mail.isRestEmpty = message->ulReserved == 0 && !message->lpszMessageType &&
-                       !message->lpszDateReceived && !message->lpszConversationID &&
-                       message->flFlags == 0 && !message->lpOriginator;
-    mail.hasRecipients = message->lpRecips != nullptr;
-    mail.hasFiles = message->lpFiles != nullptr;
-    mail.recipients.clear();
+    mail.lines.clear();
+    mail.lines.push_back(fmt::format("subject {}", message->lpszSubject));
+    if (message->lpszNoteText) mail.lines.push_back(fmt::format("body {}", message->lpszNoteText));
     for (orvo::ULONG i = 0; i < message->nRecipCount; ++i) {
         const orvo::MapiRecipDesc& each = message->lpRecips[i];
-        mail.recipients.push_back(fmt::format("{} {} <{}>", each.ulRecipClass,
-                                              TextOf(each.lpszName), TextOf(each.lpszAddress)));
+        const char* kind = each.ulRecipClass == orvo::MAPI_TO ? "to" : "not to";
+        mail.lines.push_back(fmt::format("{} {} <{}>", kind, each.lpszName, each.lpszAddress));
     }
-    mail.files.clear();
     for (orvo::ULONG i = 0; i < message->nFileCount; ++i) {
         const orvo::MapiFileDesc& each = message->lpFiles[i];
-        mail.files.push_back(fmt::format("{:X} {} {}", each.nPosition, TextOf(each.lpszPathName),
-                                         TextOf(each.lpszFileName)));
+        const char* kind = each.nPosition == orvo::MAPI_NO_POSITION ? "file" : "placed file";
+        mail.lines.push_back(fmt::format("{} {} {}", kind, each.lpszPathName, each.lpszFileName));
     }
+    const bool isRestEmpty =
+        session == 0 && reserved == 0 && message->ulReserved == 0 && !message->lpszMessageType &&
+        !message->lpszDateReceived && !message->lpszConversationID && message->flFlags == 0 &&
+        !message->lpOriginator && (message->nRecipCount != 0 || !message->lpRecips) &&
+        (message->nFileCount != 0 || !message->lpFiles);
+    if (!isRestEmpty) mail.lines.emplace_back("and more");
     return mail.answer;
 }
 }
