@@ -57,7 +57,7 @@ TYPED_TEST_P(RecordListContract, OnlyTheOneSelectedRowIsEditedAndNotBehindItsMas
     this->system.Click(*this->view, {this->Cell(0, kCategoryColumn).x, 290});  // below the rows
     for (const Choice& choice : this->kChoices) {
         this->view->SelectAllItems(1);
-        this->Click(1, choice.column);
+        this->Click(0, choice.column);
     }
 
     this->RecordAt(0)->SetPrivate(1);

@@ -97,6 +97,7 @@ TEST_P(AddressForm, ATranslationMayPlaceItsFiveTextsAndNothingElse) {
         {"a directive that writes", "%s %s %s %s %s %n", usual},
         {"a width from an argument", "%*s %s %s %s %s", usual},
         {"a place by number", "%1$s %2$s %3$s %4$s %5$s", usual},
+        {"a width of three digits", "%123s %s %s %s %s", usual},
         {"a width beyond all measure", "%999999999s %s %s %s %s", usual},
         {"cut within a place", "%s %s %s %s %5", usual},
         {"a percent sign at the end", "%s %s %s %s %s%", usual},

@@ -61,7 +61,8 @@ protected:
             ASSERT_EQ(MarshalInterfaceIntoHandle(IID_ICounter, counter, &block, &size), S_OK);
         }
         EXPECT_EQ(SendInterfaceToHwnd(0, receiver, kTag, block, size), S_OK);
-        EXPECT_EQ(GlobalReAlloc(block, size), block) << "the block isn't left locked";
+        GlobalLock(block);
+        EXPECT_EQ(GlobalUnlock(block), 0) << "no lock but this one";
     }
     HRESULT ReleasePacket() {
         IStream* stream = nullptr;

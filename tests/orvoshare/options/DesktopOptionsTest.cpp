@@ -13,7 +13,7 @@
 #include <platform/io/CFile.h>
 #include <platform/io/TempFolder.h>
 #include <platform/settings/SettingsFixture.h>
-#include <platform/text/CodePage.h>
+#include <platform/text/SystemText.h>
 #include <support/CodePages.h>
 #include <support/LocaleInForce.h>
 
@@ -31,6 +31,14 @@ protected:
         CmnWriteProfileString("Core", "Path", folder.c_str());
     }
     std::string UserFile() const { return folder / "ann" / "xtrauser.dat"; }
+
+    // Saves that Ann needs a password, or no more.
+    void SavePassword(int isRequired) {
+        COrvoDesktopOptions options(&ann);
+        options.SetPasswordRequired(isRequired);
+        options.SavePerUserOptions();
+    }
+    int SavedPassword() { return COrvoDesktopOptions(&ann).IsPasswordRequired(); }
 
     CUser ann{"ann"};
 };
@@ -108,20 +116,12 @@ TEST_F(DesktopOptions, AnIntervalIsTenAtLeast) {
 }
 
 TEST_F(DesktopOptions, ThePasswordFlagLiesInTheUsersFileBelowTheDataDirectory) {
-    COrvoDesktopOptions options(&ann);
-    options.SetPasswordRequired(1);
-    options.SavePerUserOptions();
+    SavePassword(1);
+    EXPECT_EQ(TempFolder::Content(UserFile()), "\x01"s + "1\x01\0\0\0"s);
+    EXPECT_EQ(SavedPassword(), 1);
 
-    EXPECT_EQ(TempFolder::Content(UserFile()),
-              "\x01"s
-              "1\x01\0\0\0"s);
-    EXPECT_EQ(COrvoDesktopOptions(&ann).IsPasswordRequired(), 1);
-}
-
-TEST_F(DesktopOptions, AFileOfAnotherVersionIsReadTheSameWay) {
-    std::ofstream(UserFile()) << "\x03"s
-                                 "2.5\x07\0\0\0"s;
-    EXPECT_EQ(COrvoDesktopOptions(&ann).IsPasswordRequired(), 7);
+    std::ofstream(UserFile()) << "\x03"s + "2.5\x07\0\0\0"s;
+    EXPECT_EQ(SavedPassword(), 7) << "of another version";
 }
 
 TEST_F(DesktopOptions, AUserWithoutAFileNeedsNoPassword) {
@@ -138,10 +138,7 @@ TEST_F(DesktopOptions, AUserWithoutAFileNeedsNoPassword) {
 }
 
 TEST_F(DesktopOptions, ADamagedUserFileIsToldToTheCallerAndChangesNothing) {
-    for (const std::string& bytes : {""s,
-                                     "\x01"s
-                                     "1\x01"s,
-                                     "\xFF\xFF\xFF\xFF\xFF\xFF\x7F"s}) {
+    for (const std::string& bytes : {""s, "\x01"s + "1\x01"s, "\xFF\xFF\xFF\xFF\xFF\xFF\x7F"s}) {
         std::ofstream(UserFile(), std::ios::trunc) << bytes;
         COrvoDesktopOptions options;
         options.SetUser(&ann);
@@ -166,30 +163,24 @@ TEST_F(DesktopOptions, ASaveReplacesTheUserFileInOneStepAndForItsOwnerAlone) {
 }
 
 TEST_F(DesktopOptions, ASaveThatFailsLeavesTheOldUserFile) {
-    COrvoDesktopOptions options(&ann);
-    options.SetPasswordRequired(1);
-    options.SavePerUserOptions();
-    const std::string before = TempFolder::Content(UserFile());
-    options.SetPasswordRequired(0);
+    SavePassword(1);
     std::signal(SIGXFSZ, SIG_IGN);
     rlimit usual{};
     ::getrlimit(RLIMIT_FSIZE, &usual);
     const rlimit nothing{0, usual.rlim_max};
 
     ::setrlimit(RLIMIT_FSIZE, &nothing);
-    EXPECT_THROW(options.SavePerUserOptions(), CFileException);
+    EXPECT_THROW(SavePassword(0), CFileException);
     ::setrlimit(RLIMIT_FSIZE, &usual);
 
-    EXPECT_EQ(TempFolder::Content(UserFile()), before);
+    EXPECT_EQ(SavedPassword(), 1);
 }
 
 TEST_F(DesktopOptions, ALinkToTheUserFileStays) {
     fs::create_symlink(folder / "elsewhere", UserFile());
-    COrvoDesktopOptions options(&ann);
-    options.SetPasswordRequired(1);
-    options.SavePerUserOptions();
+    SavePassword(1);
     EXPECT_TRUE(fs::is_symlink(UserFile()));
-    EXPECT_EQ(COrvoDesktopOptions(&ann).IsPasswordRequired(), 1);
+    EXPECT_EQ(SavedPassword(), 1);
 }
 
 TEST_F(DesktopOptions, AUserFileThatCantBeMadeCostsTheSettingsNothing) {
@@ -216,26 +207,15 @@ TEST_F(DesktopOptions, WithoutADataDirectoryThePathBeginsAtTheRoot) {
 TEST_F(DesktopOptions, ATrailByteInAPathIsNoBackslash) {
     for (const LocaleCase& row : kBothCodePages) {
         const LocaleInForce locale(row.tag, row.codePage);
-        const std::string utf8 = (folder / "表\\ポ").string();  // 95 5C and 83 7C on page 932
-        CString inPage;
-        CodePage::System().FromUtf8(utf8, inPage.Bytes());
-        CmnWriteProfileString("Core", "Path", inPage);
+        const std::string utf8 = folder / "表\\ポ";  // 95 5C and 83 7C on page 932
+        CmnWriteProfileString("Core", "Path", SystemText(utf8));
         fs::create_directories(folder / "表" / "ポ" / "ann");
 
-        COrvoDesktopOptions options(&ann);
-        options.SetPasswordRequired(1);
-        options.SavePerUserOptions();
+        SavePassword(1);
 
         EXPECT_TRUE(fs::exists(folder / "表" / "ポ" / "ann" / "xtrauser.dat")) << row.codePage;
         fs::remove_all(folder / "表");
     }
-}
-
-TEST_F(DesktopOptions, AreMadeByTheNameOfTheirClass) {
-    const CRuntimeClass* found = CRuntimeClass::Find("COrvoDesktopOptions");
-    ASSERT_NE(found, nullptr);
-    EXPECT_EQ(found->schemaNumber, 1U);
-    EXPECT_NE(dynamic_cast<COrvoDesktopOptions*>(found->CreateObject().get()), nullptr);
 }
 
 }  // namespace

@@ -33,60 +33,50 @@ public:
     int defaults = 0;
 };
 
-TEST(UiPrefs, TheFileHoldsNothingButWhatTheClassWrites) {
-    const TempFolder folder;
-    Widths saved;
-    saved.left = 0x0102;
-    EXPECT_EQ(saved.Save(folder.Path("p").c_str()), 1);
-    EXPECT_EQ(TempFolder::Content(folder.Path("p")), "\x02\x01\0\0\x02\0\0\0"s);
+class UiPrefs : public testing::Test {
+protected:
+    int Load() { return widths.Load(path.c_str()); }
 
-    Widths loaded;
-    EXPECT_EQ(loaded.Load(folder.Path("p").c_str()), 1);
-    EXPECT_EQ(loaded.left, 0x0102);
-    EXPECT_EQ(loaded.defaults, 0);
+    TempFolder folder;
+    std::string path = folder.Path("p");
+    Widths widths;
+};
+
+TEST_F(UiPrefs, TheFileHoldsNothingButWhatTheClassWrites) {
+    widths.left = 0x0102;
+    EXPECT_EQ(widths.Save(path.c_str()), 1);
+    EXPECT_EQ(TempFolder::Content(path), "\x02\x01\0\0\x02\0\0\0"s);
+
+    widths = Widths();
+    EXPECT_EQ(Load(), 1);
+    EXPECT_EQ(widths.left, 0x0102);
+    EXPECT_EQ(widths.defaults, 0);
 }
 
-TEST(UiPrefs, AFileThatIsntThereGivesTheDefaultsOnce) {
-    Widths widths;
-    EXPECT_EQ(widths.Load(TempFolder().Path("p").c_str()), 0);
+TEST_F(UiPrefs, AFileThatIsntThereOrEndsEarlyGivesTheDefaultsOnce) {
+    EXPECT_EQ(Load(), 0);
     EXPECT_EQ(widths.defaults, 1);
-}
 
-TEST(UiPrefs, AFileThatEndsEarlyGivesTheDefaults) {
-    const TempFolder folder;
-    const std::string path = folder.File("p", "\x07\0\0\0\x08"s);
-    Widths widths;
-    EXPECT_EQ(widths.Load(path.c_str()), 0);
-    EXPECT_EQ(widths.defaults, 1);
+    folder.File("p", "\x07\0\0\0\x08"s);
+    EXPECT_EQ(Load(), 0);
+    EXPECT_EQ(widths.defaults, 2);
     EXPECT_EQ(widths.left, 10);
     EXPECT_EQ(widths.right, 2);
 }
 
-TEST(UiPrefs, AFileInUseIsNeitherReadNorEmptied) {
-    const TempFolder folder;
-    const std::string path = folder.File("p", "\x07\0\0\0\x08\0\0\0"s);
+TEST_F(UiPrefs, AFileInUseIsNeitherReadNorEmptied) {
+    folder.File("p", "\x07\0\0\0\x08\0\0\0"s);
     CFile other;
     ASSERT_TRUE(other.Open(path.c_str(), CFile::modeRead));
 
-    Widths widths;
-    EXPECT_EQ(widths.Load(path.c_str()), 0);
+    EXPECT_EQ(Load(), 0);
     EXPECT_EQ(widths.Save(path.c_str()), 0);
     EXPECT_EQ(TempFolder::Content(path).size(), 8U);
 }
 
-TEST(UiPrefs, SavingWhereNoFileCanBeGives0) {
-    const TempFolder folder;
-    EXPECT_EQ(Widths().Save(folder.Path("none/p").c_str()), 0);
-    EXPECT_EQ(Widths().Save("/dev/full"), 0);
-}
-
-TEST(UiPrefs, TheBaseClassKeepsAnEmptyFile) {
-    const TempFolder folder;
-    CUiPrefsData prefs;
-    EXPECT_EQ(prefs.Save(folder.Path("p").c_str()), 1);
-    EXPECT_EQ(TempFolder::Content(folder.Path("p")), "");
-    EXPECT_EQ(prefs.Load(folder.Path("p").c_str()), 1);
-    EXPECT_NE(CRuntimeClass::Find("CUiPrefsData"), nullptr);
+TEST_F(UiPrefs, SavingWhereNoFileCanBeGives0) {
+    EXPECT_EQ(widths.Save(folder.Path("none/p").c_str()), 0);
+    EXPECT_EQ(widths.Save("/dev/full"), 0);
 }
 
 }  // namespace

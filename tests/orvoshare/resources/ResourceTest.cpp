@@ -129,18 +129,6 @@ std::vector<std::string> ItemsOfMenu(UINT number) {
     return popup ? ItemsOf(*popup) : std::vector<std::string>();
 }
 
-TEST_F(ResourceTest, MenusHaveTheirCommandsAndEnglishTexts) {
-    EXPECT_THAT(ItemsOfMenu(9013), ElementsAre("9154 1", "9155 2", "9156 3", "9157 4", "9158 5"));
-    EXPECT_THAT(ItemsOfMenu(9015), ElementsAre("9147 Today", "9148 Tomorrow", "9149 One week later",
-                                               "9150 No date", "9151 Choose date..."));
-    CMenu menu;
-    menu.LoadMenu(9015);
-    CString name;
-    menu.GetMenuString(0, name, MF_BYPOSITION);
-    EXPECT_EQ(name, "DateMenu");
-    EXPECT_EQ(menu.GetMenuItemCount(), 1);
-}
-
 TEST_F(ResourceTest, MenusAndDialogsSpeakTheLanguageOfTheModuleInForce) {
     const LanguageInForce german("de-DE");
     EXPECT_THAT(ItemsOfMenu(9015),
@@ -150,61 +138,6 @@ TEST_F(ResourceTest, MenusAndDialogsSpeakTheLanguageOfTheModuleInForce) {
     ASSERT_TRUE(dialog);
     EXPECT_EQ(dialog->controls[0].text, "Bereich:");
     EXPECT_EQ(dialog->controls[1].text, "&Alle");
-}
-
-TEST_F(ResourceTest, TheRangeDialogHasItsControls) {
-    const auto dialog = LoadDialogTemplate(1006);
-    ASSERT_TRUE(dialog);
-    EXPECT_EQ(dialog->size, (CSize{244, 17}));
-    EXPECT_EQ(dialog->fontFace, "MS Sans Serif");
-    EXPECT_EQ(dialog->fontHeight, 8);
-    struct Row {
-        int id;
-        ControlKind kind;
-        CRect rectangle;
-        const char* text;
-        bool startsGroup;
-        bool disabled;
-    };
-    constexpr Row kRows[] = {
-        {-1, ControlKind::Static, {5, 0, 29, 8}, "Range:", false, false},
-        {9001, ControlKind::RadioButton, {52, 0, 75, 10}, "&All", true, true},
-        {9002,
-         ControlKind::RadioButton,
-         {100, 0, 197, 10},
-         "&Currently selected records",
-         false,
-         true},
-    };
-    ASSERT_EQ(dialog->controls.size(), std::size(kRows));
-    for (std::size_t i = 0; i < std::size(kRows); ++i) {
-        const DialogControl& control = dialog->controls[i];
-        EXPECT_EQ(control.id, kRows[i].id);
-        EXPECT_EQ(control.kind, kRows[i].kind) << control.id;
-        EXPECT_EQ(control.rectangle, kRows[i].rectangle) << control.id;
-        EXPECT_EQ(control.text, kRows[i].text);
-        EXPECT_EQ(control.startsGroup, kRows[i].startsGroup) << control.id;
-        EXPECT_EQ(control.disabled, kRows[i].disabled) << control.id;
-        EXPECT_FALSE(control.hiddenText) << control.id;
-    }
-}
-
-TEST_F(ResourceTest, TheSoundButtonsShowNoText) {
-    const auto dialog = LoadDialogTemplate(9169);
-    ASSERT_TRUE(dialog);
-    EXPECT_EQ(dialog->size, (CSize{186, 22}));
-    ASSERT_EQ(dialog->controls.size(), 2U);
-    int left = 7;
-    for (const DialogControl& control : dialog->controls) {
-        EXPECT_EQ(control.kind, ControlKind::BitmapButton);
-        EXPECT_EQ(control.rectangle, (CRect{left, 0, left + 16, 14}));
-        EXPECT_TRUE(control.hiddenText);
-        left += 16;
-    }
-    EXPECT_EQ(dialog->controls[0].id, 9170);
-    EXPECT_EQ(dialog->controls[0].text, "PLAY");
-    EXPECT_EQ(dialog->controls[1].id, 9171);
-    EXPECT_EQ(dialog->controls[1].text, "STOP");
 }
 
 bool Loads(const ResourceFile& file) {

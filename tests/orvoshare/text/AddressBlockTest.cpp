@@ -4,54 +4,26 @@
 
 #include <gmock/gmock.h>
 
-#include <orvoshare/module/OrvoShareModule.h>
-#include <orvoshare/resources/StringTable.h>
+#include <orvoshare/ModuleInForce.h>
 #include <orvoshare/text/AddressBlock.h>
-#include <platform/text/CodePage.h>
-#include <support/LocaleInForce.h>
+#include <platform/text/SystemText.h>
 
 namespace orvo {
 namespace {
 
 using Form = void (*)(CStringArray&, CString, CString, CString, CString, CString);
 
-// The module in the language of a locale.
-struct ModuleLocale {
-    explicit ModuleLocale(const char* tag, unsigned codePage = 0) : locale(tag, codePage) {
-        // An attach of an earlier test would keep its language.
-        while (OrvoShareReferenceCount() > 0) OrvoShareMain(OwnModule(), DLL_PROCESS_DETACH);
-        OrvoShareMain(OwnModule(), DLL_PROCESS_ATTACH);
-    }
-    ~ModuleLocale() { OrvoShareMain(OwnModule(), DLL_PROCESS_DETACH); }
-
-    LocaleInForce locale;
-};
-
 struct Address {
-    std::string address;
-    std::string city;
-    std::string state;
-    std::string zipCode;
-    std::string country;
+    std::string address, city, state, zipCode, country;
 };
-
-CString FromUtf8(const std::string& utf8) {
-    CString text;
-    CodePage::System().FromUtf8(utf8, text.Bytes());
-    return text;
-}
 
 // The lines with a slash between them.
 std::string Lines(Form form, const Address& address) {
     CStringArray lines;
-    form(lines, FromUtf8(address.address), FromUtf8(address.city), FromUtf8(address.state),
-         FromUtf8(address.zipCode), FromUtf8(address.country));
+    form(lines, SystemText(address.address), SystemText(address.city), SystemText(address.state),
+         SystemText(address.zipCode), SystemText(address.country));
     std::string all;
-    for (int i = 0; i < lines.GetSize(); ++i) {
-        std::string utf8;
-        CodePage::System().ToUtf8(lines[i].View(), utf8);
-        all += (i == 0 ? "" : "/") + utf8;
-    }
+    for (int i = 0; i < lines.GetSize(); ++i) all += (i == 0 ? "" : "/") + ToUtf8(lines[i]);
     return all;
 }
 
@@ -139,7 +111,7 @@ TEST(AddressBlock, TheFormFollowsLanguageCodePageAndText) {
         {"de-DE", 932, &japanese, "丸の内/100 千代田区/東京都"},
     };
     for (const Row& row : kRows) {
-        const ModuleLocale module(row.locale, row.codePage);
+        const LocalizedModule module(row.locale, row.codePage);
         EXPECT_EQ(Lines(FormatAddress, *row.fields), row.want) << row.locale << row.codePage;
     }
 }

@@ -6,7 +6,7 @@
 #include <gmock/gmock.h>
 
 #include <orvoshare/text/CategoryHelpers.h>
-#include <platform/text/CodePage.h>
+#include <platform/text/SystemText.h>
 #include <support/AddressFixture.h>
 #include <support/CodePages.h>
 #include <support/LocaleInForce.h>
@@ -17,9 +17,10 @@ namespace {
 using testing::Each;
 using testing::ElementsAre;
 
-int IndexOf(CCategoryMgr& manager, const std::u16string& name) {
-    std::vector<unsigned short> units(name.begin(), name.end());
-    units.push_back(0);
+int IndexOf(CCategoryMgr& manager, const char16_t* name) {
+    std::vector<unsigned short> units;
+    do units.push_back(*name);
+    while (*name++ != 0);
     return GetCategoryIndexHelper(&manager, units.data());
 }
 
@@ -27,7 +28,7 @@ std::string LastName(CCategoryMgr& manager) {
     std::string name;
     CCategory* category = nullptr;
     for (manager.FindFirst(category); category; manager.FindNext(category)) {
-        name = category->GetName().Bytes();
+        name = category->Utf8();
     }
     return name;
 }
@@ -43,19 +44,16 @@ TEST(CategoryHelpers, ANameIsCutTo15BytesBeforeItIsLookedFor) {
 TEST(CategoryHelpers, TheCutKeepsWholeCharactersOnEachPage) {
     struct {
         unsigned page;
-        const char* name;
-        const char* want;
+        const char *name, *want;
     } const rows[] = {
-        {932, "a\x95\x5C\x95\x5C\x95\x5C\x95\x5C\x95\x5C\x95\x5C\x95\x5C\x95\x5C",
-         "a\x95\x5C\x95\x5C\x95\x5C\x95\x5C\x95\x5C\x95\x5C\x95\x5C"},
-        {932, "\x95\x5C\x95\x5C\x95\x5C\x95\x5C\x95\x5C\x95\x5C\x95\x5C\x95\x5C",
-         "\x95\x5C\x95\x5C\x95\x5C\x95\x5C\x95\x5C\x95\x5C\x95\x5C"},
+        {932, "a表表表表表表表表", "a表表表表表表表"},
+        {932, "表表表表表表表表", "表表表表表表表"},
         {65001, "a表表表表表", "a表表表表"},
     };
     for (const auto& row : rows) {
         const LocaleInForce locale("ja-JP", row.page);
         CCategoryMgr manager;
-        EXPECT_EQ(CreateCategoryHelper(&manager, row.name), 0);
+        EXPECT_EQ(CreateCategoryHelper(&manager, SystemText(row.name)), 0);
         EXPECT_EQ(LastName(manager), row.want) << row.page;
     }
 }

@@ -39,6 +39,7 @@ TEST(SortedInsert, FindsTheRowThatTheHalvingGives) {
         {"one equal row", {2}, 2, 0},
         {"two rows before the key", {1, 1}, 2, 2},
         {"the key between two rows", {1, 3}, 2, 1},
+        {"an equal row at the end", {1, 2}, 2, 1},
         {"five equal rows: the first middle", {2, 2, 2, 2, 2}, 2, 2},
         {"before all", {1, 2, 3, 4, 5}, 0, 0},
         {"after all", {1, 2, 3, 4, 5}, 6, 5},

@@ -18,12 +18,9 @@ int NoteToken(const char* token, CString& replacement, long data) {
 
 TEST(TransformTokens, ReplacesEachTokenAndTellsOfAnUnfinishedOne) {
     struct Row {
-        const char* why;
-        const char* in;
-        char open;
-        char close;
-        const char* output;
-        const char* tokens;
+        const char *why, *in;
+        char open, close;
+        const char *output, *tokens;
         int result;
     };
     constexpr Row kRows[] = {
