@@ -77,20 +77,6 @@ TEST_F(CardsAskedFor, EachCardInViewIsAskedForOnceAndNoOther) {
     EXPECT_THAT(cards.asked, ElementsAre(4, 5, 6));
 }
 
-TEST_F(CardsAskedFor, OfAMillionCardsOnlyThoseInViewAreAskedFor) {
-    constexpr int kCards = 1000000;
-    cards.SetRedraw(0);
-    for (int card = 7; card < kCards; ++card) cards.InsertCard(card, Data(card + 1), 1);
-    cards.SelectAndScrollCard(kCards / 2, 1);
-    cards.RedrawWindow();
-    EXPECT_THAT(cards.asked, IsEmpty());
-
-    cards.SetRedraw(1);
-    Paint();
-
-    EXPECT_THAT(cards.asked, ElementsAre(499998, 499999, 500000, 500001, 500002, 500003));
-}
-
 TEST_F(CardDrawing, ACardHasAFrameABandAndItsTitle) {
     const Recording& drawn = Paint();
 

@@ -43,8 +43,7 @@ TEST_F(AddressImages, EachModeGetsItsPictures) {
 
     struct Row {
         const CImageList* images;
-        int size;
-        int count;
+        int size, count;
     };
     const Row rows[] = {{view->GetImageList(LVSIL_NORMAL), 32, 3},
                         {view->GetImageList(LVSIL_SMALL), 16, 3},

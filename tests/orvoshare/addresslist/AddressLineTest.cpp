@@ -80,8 +80,7 @@ TEST_P(AddressForm, ATranslationMayPlaceItsFiveTextsAndNothingElse) {
     const AddressParts parts{"a", "b", "a", "a", "e"};
     const CString usual = AddressLine(parts, kAddressFormat);
     struct FormRow {
-        const char* why;
-        const char* form;
+        const char *why, *form;
         CString want;
     };
     const FormRow rows[] = {

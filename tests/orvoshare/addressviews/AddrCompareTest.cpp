@@ -1,14 +1,12 @@
 // The one ordering of addresses.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
-#include <array>
-#include <random>
 
 #include <gtest/gtest.h>
 
 #include <orvoshare/addressviews/AddrCompare.h>
 #include <orvoshare/addressviews/AddressOrder.h>
-#include <support/AddressFixture.h>
+#include <orvoshare/addressviews/RandomPeople.h>
 #include <support/CodePages.h>
 #include <support/LocaleInForce.h>
 
@@ -116,30 +114,9 @@ TEST_P(AddressOrdering, TheCodePageChoosesTheForm) {
     EXPECT_EQ(Sign(AddrCompareFunc(Pointer(a), Pointer(b), 1)), GetACP() == 932 ? -1 : 1);
 }
 
-// Texts that meet every rule: empty, blank, long, tabbed, accented, kana, kanji and characters that
-// no code page of one or two bytes has.
-std::string RandomText(std::mt19937& random) {
-    constexpr std::array<const char*, 26> kPieces{"a", "A",  "b",  "é",  "e", "ß",  "ss", "-",  "'",
-                                                  " ", "か", "が", "カ", "ｶ", "ー", "山", "田", "Ł",
-                                                  "😀", "\t", "\r", "ö",  "o", "Ａ", "っ", "つ"};
-    std::uniform_int_distribution<std::size_t> piece(0, kPieces.size() - 1);
-    std::uniform_int_distribution<int> length(0, 4);
-    std::string text;
-    for (int i = length(random); i > 0; --i) text += kPieces[piece(random)];
-    if (!text.empty() && random() % 50 == 0) text.insert(0, 254, 'x');
-    return text;
-}
-
-AddressRecords RandomRecords(AddressFixture& addresses, std::mt19937& random, int count) {
+AddressRecords RandomPeople(AddressFixture& addresses, std::mt19937& random, int count) {
     AddressRecords records;
-    for (int i = 0; i < count; ++i) {
-        records.push_back(addresses.Make({{Name, RandomText(random)},
-                                          {First, RandomText(random)},
-                                          {Company, RandomText(random)},
-                                          {NameYomi, RandomText(random)},
-                                          {FirstYomi, RandomText(random)},
-                                          {CompanyYomi, RandomText(random)}}));
-    }
+    for (int i = 0; i < count; ++i) records.push_back(RandomPerson(addresses, random));
     return records;
 }
 
@@ -157,7 +134,7 @@ TEST(AddressSortKey, GivesTheOrderOfTheCompareFunction) {
     for (const LocaleCase& locale : kKeyLocales) {
         const LocaleInForce scope(locale.tag, locale.codePage);
         AddressFixture addresses;
-        const AddressRecords records = RandomRecords(addresses, random, 120);
+        const AddressRecords records = RandomPeople(addresses, random, 120);
         for (const Form& form : kForms) {
             for (const long listBy : {kListByCompany, kListByName}) {
                 AddrSortKeys maker(form.keys, listBy);
@@ -181,7 +158,7 @@ TEST(AddressSortKey, GivesTheOrderOfTheCompareFunction) {
 
 TEST_P(AddressOrdering, SortingManyAtOnceIsTheStableSortByTheCompareFunction) {
     std::mt19937 random(11);
-    AddressRecords records = RandomRecords(addresses, random, 500);
+    AddressRecords records = RandomPeople(addresses, random, 500);
     std::vector<CAddressRecord*> want;
     for (const auto& record : records) want.push_back(record.get());
     std::stable_sort(want.begin(), want.end(), [](CAddressRecord* a, CAddressRecord* b) {

@@ -1,7 +1,5 @@
 // The card view: what it tells its parent, and its saved size.
 // SPDX-License-Identifier: MIT
-#include <gmock/gmock.h>
-
 #include <contracts/Profile.h>
 #include <orvoshare/addressviews/ViewFixture.h>
 #include <platform/settings/SettingsFixture.h>

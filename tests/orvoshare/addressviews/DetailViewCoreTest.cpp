@@ -2,9 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include <random>
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <orvoshare/addressviews/ViewFixture.h>
 
 namespace orvo {

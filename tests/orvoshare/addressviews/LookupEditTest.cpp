@@ -1,8 +1,5 @@
 // The lookup box: its states, by the messages that a user causes.
 // SPDX-License-Identifier: MIT
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <orvoshare/addressviews/ViewFixture.h>
 #include <platform/window/WindowInput.h>
 

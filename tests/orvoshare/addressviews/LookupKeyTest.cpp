@@ -1,9 +1,7 @@
 // The key of a record, and how typed text is held against it.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
-#include <array>
 #include <map>
-#include <random>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -11,9 +9,9 @@
 #include <contracts/TextServices.h>
 #include <orvoshare/addressviews/AddrCompare.h>
 #include <orvoshare/addressviews/LookupKey.h>
+#include <orvoshare/addressviews/RandomPeople.h>
 #include <platform/text/CodePage.h>
 #include <platform/text/SystemText.h>
-#include <support/AddressFixture.h>
 #include <support/CodePages.h>
 #include <support/LocaleInForce.h>
 
@@ -64,31 +62,6 @@ TEST(RecordKey, TakesTheFirstFilledFieldAndTheOneThatBelongsToIt) {
         EXPECT_EQ(key(KeyFields::Reading, -1), row.readingByName) << row.filled;
         EXPECT_EQ(key(KeyFields::Reading, kListByCompany), row.readingByCompany) << row.filled;
     }
-}
-
-// Names and typed texts of all kinds, with what leads comparisons astray: accents apart from their
-// letters, marks of half width, characters that are ignored or that no double-byte page has.
-std::string RandomText(std::mt19937& random) {
-    constexpr std::array<const char*, 48> kPieces{
-        "a",  "A",  "b",  "s",  "z",  "é",  "e",  "e\u0301", "\u0308", "ö",    "o",      "å",
-        "v",  "w",  "ß",  "ss", "-",  "'",  ",",  " ",       " ",      "1",    "か",     "が",
-        "カ", "ガ", "ｶ",  "ｶﾞ", "ﾊﾟ", "ﾞ",  "ー", "ｰ",       "っ",     "つ",   "山",     "田",
-        "ん", "Ａ", "　", "Ł",  "😀",  "\t", "\r", "\n",      "\x01",   "\x7F", "\u00AD", "\u3099"};
-    std::string text;
-    for (std::size_t length = random() % 5; length > 0; --length) {
-        text += kPieces[random() % kPieces.size()];
-    }
-    if (!text.empty() && random() % 40 == 0) text.insert(0, 252, 'x');
-    return text;
-}
-
-std::unique_ptr<CAddressRecord> RandomRecord(AddressFixture& addresses, std::mt19937& random) {
-    return addresses.Make({{Name, RandomText(random)},
-                           {First, RandomText(random)},
-                           {Company, RandomText(random)},
-                           {NameYomi, RandomText(random)},
-                           {FirstYomi, RandomText(random)},
-                           {CompanyYomi, RandomText(random)}});
 }
 
 // Where each character of a text begins, and the end.
@@ -150,7 +123,7 @@ TEST_P(LookupKeys, CompareAsWholeKeysDo) {
     AddressFixture addresses;
     std::mt19937 random(5);
     std::vector<std::unique_ptr<CAddressRecord>> records(1);  // and an item without a record
-    for (int i = 0; i < 150; ++i) records.push_back(RandomRecord(addresses, random));
+    for (int i = 0; i < 150; ++i) records.push_back(RandomPerson(addresses, random));
 
     std::map<int, int> seen;
     for (int i = 0; i < 60; ++i) {

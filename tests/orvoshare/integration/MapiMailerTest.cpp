@@ -4,7 +4,6 @@
 #include <optional>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <orvoshare/integration/MapiMailer.h>
 #include <orvoshare/integration/RecordedMail.h>

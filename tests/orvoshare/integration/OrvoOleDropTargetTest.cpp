@@ -3,7 +3,6 @@
 #include <filesystem>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <orvoshare/integration/OrvoOleDropTarget.h>
 #include <platform/desktop/ShellLinkBytes.h>

@@ -100,8 +100,7 @@ TEST_F(DesktopOptions, SavingWritesEachOptionUnderItsKey) {
 
 TEST_F(DesktopOptions, AnIntervalIsTenAtLeast) {
     struct {
-        int given;
-        int want;
+        int given, want;
     } const rows[] = {{-1, 10}, {3, 10}, {10, 10}, {11, 11}};
     for (const auto& row : rows) {
         COrvoDesktopOptions options;

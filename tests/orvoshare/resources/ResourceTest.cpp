@@ -66,8 +66,7 @@ TEST_F(ResourceTest, EveryBitmapHasItsSizeItsGroundAndTheColourThatIsReplaced) {
     struct Row {
         unsigned number;
         CSize size;
-        COLORREF ground;
-        COLORREF replaced;
+        COLORREF ground, replaced;
     };
     const Row kRows[] = {
         {1000, {16, 16}, kRed, kBlack},    {1001, {16, 16}, kRed, RGB(255, 255, 255)},
@@ -90,16 +89,6 @@ TEST_F(ResourceTest, ACheckMarkIsBlackAlone) {
     CBitmap bitmap;
     bitmap.LoadBitmap(1002);
     EXPECT_EQ(CountOf(bitmap, kRed) + CountOf(bitmap, kBlack), 256) << "all of it changes colour";
-}
-
-TEST_F(ResourceTest, HeadingPicturesStandOnAClearGround) {
-    for (const unsigned number : {15140, 15141, 15142}) {
-        Icon icon;
-        EXPECT_TRUE(LoadIcon(number, icon)) << number;
-        EXPECT_EQ(icon.picture.Size(), (CSize{16, 16})) << number;
-        EXPECT_EQ(icon.picture.GetPixel({0, 0}), icon.clear) << number;
-        EXPECT_LT(CountOf(icon.picture, icon.clear), 200) << number;
-    }
 }
 
 TEST_F(ResourceTest, TheHandPointsWithTheTipOfItsFinger) {

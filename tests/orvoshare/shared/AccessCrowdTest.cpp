@@ -138,24 +138,6 @@ TEST_F(AccessCrowd, NoRowIsLostDoubledOrMixedWhoeverIsKilled) {
     }
 }
 
-TEST_F(AccessCrowd, TheTableGoesWithItsLastProcess) {
-    Program first(ACCESSOR, {"row", "u", "1", "first"});
-    EXPECT_EQ(first.Line(), "added");
-    Program second(ACCESSOR, {"row", "u", "1", "second"});
-    EXPECT_EQ(second.Line(), "refused");
-    first.Kill();
-    first.Wait();
-    Program third(ACCESSOR, {"row", "U", "1", "third"});
-    EXPECT_EQ(third.Line(), "refused") << "the row of the dead stays while others have the table";
-    second.Kill();
-    third.Kill();
-    second.Wait();
-    third.Wait();
-
-    Program last(ACCESSOR, {"row", "u", "1", "last"});
-    EXPECT_EQ(last.Line(), "added");
-}
-
 TEST_F(AccessCrowd, ManyFirstUsersComeToTheSameTable) {
     for (int round = 0; round < 5; ++round) {
         std::vector<std::unique_ptr<Program>> programs;

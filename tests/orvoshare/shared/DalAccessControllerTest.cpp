@@ -15,6 +15,7 @@
 
 #include <orvoshare/shared/DalAccessController.h>
 #include <platform/ipc/RuntimeFixture.h>
+#include <platform/text/SystemText.h>
 #include <support/CodePages.h>
 #include <support/LocaleInForce.h>
 
@@ -42,6 +43,17 @@ protected:
         return users;
     }
 
+    std::string OwnerOf(const char* user, unsigned long creator = 1) {
+        CString owner;
+        return table.GetOwner(user, creator, owner) != 0 ? owner.Bytes() : "nobody";
+    }
+    int Add(const char* user, unsigned long creator, const char* owner) {
+        return table.AddAccessorInfo(user, creator, owner);
+    }
+    void AddEach(std::initializer_list<const char*> users) {
+        for (const char* user : users) EXPECT_EQ(Add(user, 1, user), 1);
+    }
+
     char* Block() { return static_cast<char*>(table.GetDataBuffer()) - 24; }
 
     std::uint32_t Word(std::size_t offset) {
@@ -57,10 +69,8 @@ protected:
 };
 
 TEST_F(AccessTable, EachByteLiesAtItsOffset) {
-    EXPECT_EQ(table.AddAccessorInfo("first", 1, "A"), 1);
-    EXPECT_EQ(table.AddAccessorInfo(std::string(25, 'u').c_str(), 0x04030201,
-                                    std::string(30, 'o').c_str()),
-              1);
+    EXPECT_EQ(Add("first", 1, "A"), 1);
+    EXPECT_EQ(Add(std::string(25, 'u').c_str(), 0x04030201, std::string(30, 'o').c_str()), 1);
 
     EXPECT_EQ(Word(0), 1U);
     EXPECT_EQ(Word(4), 1U);
@@ -77,59 +87,50 @@ TEST_F(AccessTable, EachByteLiesAtItsOffset) {
 
 TEST_F(AccessTable, AnEmptyTableAllowsAllAndHoldsNobody) {
     int heldByDesktop = 7;
-    CString owner("before");
     EXPECT_EQ(table.AllowDataAccess("u", 1, &heldByDesktop), 1);
     EXPECT_EQ(heldByDesktop, 0);
-    EXPECT_EQ(table.GetOwner("u", 1, owner), 0);
-    EXPECT_EQ(owner, "before");
-    EXPECT_EQ(table.RemoveAccessorInfo("u", 1), 0);
-    EXPECT_EQ(table.RemoveAccessorInfo(nullptr, 1), 0);
+    EXPECT_EQ(OwnerOf("u"), "nobody");
+    EXPECT_EQ(table.RemoveAccessorInfo("u", 1) + table.RemoveAccessorInfo(nullptr, 1), 0);
 }
 
-struct KeyRow {
-    const char* why;
-    const char* user;
-    unsigned long creator;
-    bool isFound;
-};
-
 TEST_F(AccessTable, AKeyIsUserWithoutCaseAndCreator) {
-    EXPECT_EQ(table.AddAccessorInfo("Anna", 7, "A"), 1);
-    EXPECT_EQ(table.AddAccessorInfo("ABCDEFGHIJKLMNOPQRSTUVWXYZ", 7, "B"), 1);
-    const KeyRow rows[] = {
-        {"the same", "Anna", 7, true},
-        {"another case", "aNNA", 7, true},
-        {"another creator", "Anna", 8, false},
-        {"a longer name", "Annabel", 7, false},
-        {"a shorter name", "Ann", 7, false},
-        {"a name that the row doesn't hold as a whole", "abcdefghijklmnopqrstuvwxyz", 7, true},
-        {"what the row holds of it", "ABCDEFGHIJKLMNOPQRST", 7, true},
+    EXPECT_EQ(Add("Anna", 7, "A"), 1);
+    EXPECT_EQ(Add("ABCDEFGHIJKLMNOPQRSTUVWXYZ", 7, "B"), 1);
+    struct Row {
+        const char *why, *user;
+        unsigned long creator;
+        const char* owner;
     };
-    for (const KeyRow& row : rows) {
-        CString owner;
-        EXPECT_EQ(table.GetOwner(row.user, row.creator, owner), row.isFound) << row.why;
-        EXPECT_NE(table.AddAccessorInfo(row.user, row.creator, "C"), row.isFound) << row.why;
-        if (!row.isFound) table.RemoveAccessorInfo(row.user, row.creator);
+    constexpr Row rows[] = {
+        {"the same", "Anna", 7, "A"},
+        {"another case", "aNNA", 7, "A"},
+        {"another creator", "Anna", 8, "nobody"},
+        {"a longer name", "Annabel", 7, "nobody"},
+        {"a shorter name", "Ann", 7, "nobody"},
+        {"a name that the row doesn't hold as a whole", "abcdefghijklmnopqrstuvwxyz", 7, "B"},
+        {"what the row holds of it", "ABCDEFGHIJKLMNOPQRST", 7, "B"},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(OwnerOf(row.user, row.creator), row.owner) << row.why;
+        const bool isFree = row.owner == std::string_view("nobody");
+        EXPECT_EQ(Add(row.user, row.creator, "C"), isFree) << row.why;
+        if (isFree) table.RemoveAccessorInfo(row.user, row.creator);
     }
-    CString owner;
-    table.GetOwner("anna", 7, owner);
-    EXPECT_EQ(owner, "A") << "a refused row changes nothing";
+    EXPECT_EQ(OwnerOf("anna", 7), "A") << "a refused row changes nothing";
     EXPECT_THAT(Users(), ElementsAre("Anna", "ABCDEFGHIJKLMNOPQRST"));
 }
 
-struct OwnerRow {
-    const char* owner;
-    int isAllowed;
-    int isDesktop;
-};
-
 TEST_F(AccessTable, OnlyTheDesktopSharesItsDataSet) {
-    for (const OwnerRow& row : {OwnerRow{"Orvo Desktop", 1, 1}, OwnerRow{"ORVO desktop", 1, 1},
-                                OwnerRow{"Orvo Desktop 2", 0, 0}, OwnerRow{"orvo", 0, 0}}) {
+    struct Row {
+        const char* owner;
+        int isShared;
+    };
+    for (const Row& row : {Row{"Orvo Desktop", 1}, Row{"ORVO desktop", 1}, Row{"Orvo Desktop 2", 0},
+                           Row{"orvo", 0}}) {
         int heldByDesktop = 7;
-        EXPECT_EQ(table.AddAccessorInfo("u", 1, row.owner), 1);
-        EXPECT_EQ(table.AllowDataAccess("U", 1, &heldByDesktop), row.isAllowed) << row.owner;
-        EXPECT_EQ(heldByDesktop, row.isDesktop) << row.owner;
+        EXPECT_EQ(Add("u", 1, row.owner), 1);
+        EXPECT_EQ(table.AllowDataAccess("U", 1, &heldByDesktop), row.isShared) << row.owner;
+        EXPECT_EQ(heldByDesktop, row.isShared) << row.owner;
         EXPECT_EQ(table.RemoveAccessorInfo("U", 1), 1);
     }
 }
@@ -140,13 +141,11 @@ TEST_F(AccessTable, ARemovedRowLeavesTheOthersInTheirOrder) {
         std::vector<std::string> left;
     };
     for (const Row& row : {Row{"a", {"b", "c"}}, Row{"b", {"a", "c"}}, Row{"c", {"a", "b"}}}) {
-        for (const char* user : {"a", "b", "c"}) table.AddAccessorInfo(user, 1, user);
+        AddEach({"a", "b", "c"});
         EXPECT_EQ(table.RemoveAccessorInfo(row.removed, 1), 1);
         EXPECT_EQ(Users(), row.left);
         for (const std::string& user : row.left) {
-            CString owner;
-            EXPECT_EQ(table.GetOwner(user.c_str(), 1, owner), 1);
-            EXPECT_EQ(owner, user.c_str());
+            EXPECT_EQ(OwnerOf(user.c_str()), user);
             EXPECT_EQ(table.RemoveAccessorInfo(user.c_str(), 1), 1);
         }
         EXPECT_THAT(Users(), IsEmpty());
@@ -154,25 +153,24 @@ TEST_F(AccessTable, ARemovedRowLeavesTheOthersInTheirOrder) {
 }
 
 TEST_F(AccessTable, AFullTableRefusesARowAndIsUntouched) {
-    for (unsigned long i = 0; i < 629; ++i) ASSERT_EQ(table.AddAccessorInfo("u", i, "o"), 1);
+    for (unsigned long i = 0; i < 629; ++i) ASSERT_EQ(Add("u", i, "o"), 1);
     const std::string before(Block(), 0x8000);
 
-    EXPECT_EQ(table.AddAccessorInfo("u", 629, "o"), 0);
+    EXPECT_EQ(Add("u", 629, "o"), 0);
 
     EXPECT_EQ(std::string(Block(), 0x8000), before);
     EXPECT_EQ(table.RemoveAccessorInfo("u", 0), 1);
-    EXPECT_EQ(table.AddAccessorInfo("u", 629, "o"), 1);
+    EXPECT_EQ(Add("u", 629, "o"), 1);
     EXPECT_EQ(Word(kBehindRows), 0U) << "a removal leaves no mark behind";
     EXPECT_EQ(Word(kBehindRows + 4), 0U);
 }
 
 TEST_F(AccessTable, TheCountIsNeverMoreThanTheRows) {
-    table.AddAccessorInfo("u", 1, "o");
+    Add("u", 1, "o");
     for (const unsigned long count : {629UL, 630UL, 0xFFFFFFFFUL}) {
         table.SetAccessorCount(count);
         EXPECT_EQ(Users().size(), 629U);
-        CString owner;
-        EXPECT_EQ(table.GetOwner("none", 1, owner), 0);
+        EXPECT_EQ(OwnerOf("none"), "nobody");
     }
     PutWord(24, 0xFFFFFFFF);
     EXPECT_EQ(Users().size(), 629U) << "whoever wrote it";
@@ -203,7 +201,7 @@ std::vector<std::string> MomentsOf(const char* block, const std::function<void()
 }
 
 TEST_F(AccessTable, ARemovalCutAtAnyMomentIsDoneAsAWholeOrNotAtAll) {
-    for (const char* user : {"a", "b", "c", "d"}) table.AddAccessorInfo(user, 1, user);
+    AddEach({"a", "b", "c", "d"});
 
     const auto moments = MomentsOf(Block(), [&] { table.RemoveAccessorInfo("b", 1); });
 
@@ -213,11 +211,7 @@ TEST_F(AccessTable, ARemovalCutAtAnyMomentIsDoneAsAWholeOrNotAtAll) {
         const std::vector<std::string> users = Users();
         whole += users == std::vector<std::string>{"a", "b", "c", "d"};
         ASSERT_THAT(users, AnyOf(ElementsAre("a", "b", "c", "d"), ElementsAre("a", "c", "d")));
-        for (const std::string& user : users) {
-            CString owner;
-            ASSERT_EQ(table.GetOwner(user.c_str(), 1, owner), 1);
-            ASSERT_EQ(owner, user.c_str());
-        }
+        for (const std::string& user : users) ASSERT_EQ(OwnerOf(user.c_str()), user);
         ASSERT_EQ(Word(kBehindRows), 0U);
     }
     EXPECT_EQ(whole, 2U) << "before its mark is set";
@@ -225,26 +219,22 @@ TEST_F(AccessTable, ARemovalCutAtAnyMomentIsDoneAsAWholeOrNotAtAll) {
 }
 
 TEST_F(AccessTable, AnAdditionCutAtAnyMomentShowsAWholeRowOrNone) {
-    table.AddAccessorInfo("a", 1, "a");
+    Add("a", 1, "a");
 
-    const auto moments = MomentsOf(Block(), [&] { table.AddAccessorInfo("b", 2, "owner"); });
+    const auto moments = MomentsOf(Block(), [&] { Add("b", 2, "owner"); });
 
     for (const std::string& moment : moments) {
         std::memcpy(Block(), moment.data(), moment.size());
-        CString owner("none");
-        ASSERT_EQ(table.GetOwner("b", 2, owner), Users().size() - 1);
-        ASSERT_EQ(owner, Users().size() == 1 ? "none" : "owner");
+        ASSERT_EQ(OwnerOf("b", 2), Users().size() == 1 ? "nobody" : "owner");
     }
     EXPECT_EQ(Users().size(), 2U);
 }
 
-struct Mark {
-    std::uint32_t movingTo;
-    std::uint32_t countAfter;
-};
-
 TEST_F(AccessTable, AMarkThatNoRemovalMakesHarmsNothing) {
-    table.AddAccessorInfo("a", 1, "a");
+    AddEach({"a"});
+    struct Mark {
+        std::uint32_t movingTo, countAfter;
+    };
     for (const Mark& mark :
          {Mark{1, 629}, Mark{3, 1}, Mark{630, 629}, Mark{1, 0xFFFFFFFF}, Mark{0xFFFFFFFF, 5}}) {
         PutWord(kBehindRows, mark.movingTo);
@@ -259,7 +249,7 @@ TEST_F(AccessTable, AMarkThatNoRemovalMakesHarmsNothing) {
 TEST_F(AccessTable, OnlyInitializeMakesTheBlock) {
     CDalAccessController other;
     EXPECT_EQ(other.Attach(), 1);
-    EXPECT_EQ(table.AddAccessorInfo("u", 1, "o"), 1);
+    EXPECT_EQ(Add("u", 1, "o"), 1);
     CString owner;
     EXPECT_EQ(other.GetOwner("u", 1, owner), 1);
     EXPECT_EQ(table.Initialize(), 1) << "once more changes nothing";
@@ -279,7 +269,7 @@ TEST_F(AccessTable, ATableWithoutAViewIsEmptyAndTakesNothing) {
     EXPECT_EQ(table.Initialize(), 1) << "the block is there";
 
     int heldByDesktop = 0;
-    EXPECT_EQ(table.AddAccessorInfo("u", 1, "o"), 0);
+    EXPECT_EQ(Add("u", 1, "o"), 0);
     EXPECT_EQ(table.RemoveAccessorInfo("u", 1), 0);
     EXPECT_EQ(table.AllowDataAccess("u", 1, &heldByDesktop), 1);
     table.SetAccessorCount(5);
@@ -287,8 +277,8 @@ TEST_F(AccessTable, ATableWithoutAViewIsEmptyAndTakesNothing) {
 }
 
 TEST_F(AccessTable, ADebugBuildListsTheTable) {
-    table.AddAccessorInfo("Anna", 7, "A");
-    table.AddAccessorInfo("Ben", 0xFFFFFFFF, "B");
+    Add("Anna", 7, "A");
+    Add("Ben", 0xFFFFFFFF, "B");
     testing::internal::CaptureStderr();
 
     table.Trace();
@@ -308,13 +298,11 @@ class AccessText : public AccessTable, public testing::WithParamInterface<Locale
 INSTANTIATE_TEST_SUITE_P(BothCodePages, AccessText, testing::ValuesIn(kBothCodePages));
 
 TEST_P(AccessText, ACutSplitsNoCharacter) {
-    const std::string hyo = GetParam().codePage == 932 ? "\x95\x5C" : "\xE8\xA1\xA8";
+    const std::string hyo = SystemText("表").Bytes();
     const std::string name = std::string(19, 'x') + hyo;
-    EXPECT_EQ(table.AddAccessorInfo(name.c_str(), 1, (std::string(22, 'x') + hyo).c_str()), 1);
+    EXPECT_EQ(Add(name.c_str(), 1, (std::string(22, 'x') + hyo).c_str()), 1);
 
-    CString owner;
-    EXPECT_EQ(table.GetOwner(name.c_str(), 1, owner), 1);
-    EXPECT_EQ(owner, std::string(22, 'x').c_str());
+    EXPECT_EQ(OwnerOf(name.c_str()), std::string(22, 'x'));
     EXPECT_THAT(Users(), ElementsAre(std::string(19, 'x')));
 }
 

@@ -20,8 +20,7 @@ using namespace std::string_literals;
 
 TEST(HeadingText, WhatIsWrittenReadsAsItWas) {
     struct Row {
-        const char* why;
-        const char* text;
+        const char *why, *text;
         Heading heading;
     };
     const Row rows[] = {

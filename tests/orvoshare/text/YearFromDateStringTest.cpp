@@ -14,8 +14,7 @@ namespace {
 constexpr int kAsBefore = -77;
 
 struct Reading {
-    int result;
-    int year;
+    int result, year;
     bool operator==(const Reading&) const = default;
 };
 

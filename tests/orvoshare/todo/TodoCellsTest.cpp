@@ -96,25 +96,6 @@ TEST_F(TodoCells, ACheckMarkHasTheColourOfItsRow) {
     EXPECT_EQ(Draw(record.get(), TodoColumn::Completed, kCell, 1).at(0).bitmap, selectedCheck);
 }
 
-TEST_F(TodoCells, TheColoursOfARowFollowItsSelectionAndMaskOnTheScreen) {
-    Show({{"shown", 2, Day(-1)}, {"hidden"}});
-    RecordAt(1)->SetPrivate(1);
-    view->SetMaskPrivate(1);
-    view->SelectItem(0, 1);
-    Peer().ForgetDrawn();
-    view->RedrawWindow();
-
-    COLORREF name = 0;
-    COLORREF due = 0;
-    for (const DrawOperation& each : Peer().Drawn()) {
-        EXPECT_NE(each.text, "hidden");
-        if (each.text == "shown") name = each.colour;
-        if (each.text == "3/13/26") due = each.colour;
-    }
-    EXPECT_EQ(name, kSelected);
-    EXPECT_EQ(due, overdue);
-}
-
 TEST_F(TodoCells, TheNoteTitleHasTextPriorityAndDate) {
     EXPECT_EQ(Title({"Buy stamps", 1, Day(0)}), "Buy stamps, Priority 1, Due 3/14");
     EXPECT_EQ(Title({"Buy stamps", 5}), "Buy stamps, Priority 5");

@@ -113,8 +113,7 @@ TEST_F(TodoKeys, TheCheckMarkIsSeenBeforeTheLine) {
 
 TEST_F(TodoKeys, TheLineHasThirtyStrokesAndEndsOneBlankBehindTheText) {
     struct Row {
-        const char* why;
-        const char* text;
+        const char *why, *text;
         int step;
         int end;       // from the left edge
         bool hasRest;  // one stroke more

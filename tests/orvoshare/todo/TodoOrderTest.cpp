@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <random>
-#include <tuple>
 
 #include <orvoshare/todo/TodoFixture.h>
 #include <platform/text/Collation.h>
@@ -37,52 +36,35 @@ INSTANTIATE_TEST_SUITE_P(BothCodePages, TodoOrder, testing::ValuesIn(kBothCodePa
 
 TEST_P(TodoOrder, TheKeysDecideOneAfterTheOther) {
     const int hyphen = AddCategory(table, "co-op");
-    const int plain = AddCategory(table, "coop");
+    const AToDo inPlain{.category = AddCategory(table, "coop")};
     const int kana = AddCategory(table, "かな");
-    constexpr int kUnknown = 15;
+    const AToDo unknown{.priority = 5, .category = 15};
     struct Row {
         const char* why;
         eSortOrder order;
         AToDo left, right;
         int want;
     };
+    const AToDo early{.due = 8, .placement = 2};
+    const AToDo late{.due = 9, .placement = 1};
+    const AToDo urgent{.priority = 2, .placement = 9};
+    const AToDo lower{.placement = -5};
     const Row rows[] = {
-        {"priority first", eSortByPriorityDueDate, {.priority = 1, .due = 9}, {.due = 8}, -1},
-        {"then the date",
-         eSortByPriorityDueDate,
-         {.due = 9, .placement = 1},
-         {.due = 8, .placement = 2},
-         1},
-        {"then the placement", eSortByPriorityDueDate, {.placement = -5}, {.placement = 2}, -1},
+        {"priority first", eSortByPriorityDueDate, urgent, early, -1},
+        {"then the date", eSortByPriorityDueDate, late, early, 1},
+        {"then the placement", eSortByPriorityDueDate, lower, {}, -1},
         {"all equal", eSortByPriorityDueDate, {}, {}, 0},
-        {"no date comes last", eSortByDueDatePriority, {.priority = 1}, {.due = kMaxDate - 1}, 1},
-        {"then priority", eSortByDueDatePriority, {.priority = 2, .placement = 9}, {}, -1},
-        {"a hyphen is a sign",
-         eSortByCategoryDueDate,
-         {.category = hyphen},
-         {.category = plain},
-         -1},
-        {"kana come late", eSortByCategoryDueDate, {.category = kana}, {.category = plain}, 1},
-        {"an unknown category comes first",
-         eSortByCategoryPriority,
-         {.priority = 5, .category = kUnknown},
-         {.priority = 1, .category = hyphen},
-         -1},
-        {"unknown ones are one",
-         eSortByCategoryPriority,
-         {.category = kUnknown},
-         {.category = kUnknown - 1},
-         0},
-        {"in a category by date",
-         eSortByCategoryDueDate,
-         {.priority = 1, .due = 9},
-         {.priority = 2, .due = 8},
-         1},
-        {"or by priority",
-         eSortByCategoryPriority,
-         {.priority = 1, .due = 9},
-         {.priority = 2, .due = 8},
-         -1},
+        {"no date comes last", eSortByDueDatePriority, urgent, {.due = kMaxDate - 1}, 1},
+        {"then priority", eSortByDueDatePriority, urgent, {}, -1},
+        {"then the placement", eSortByDueDatePriority, lower, {}, -1},
+        {"a hyphen is a sign", eSortByCategoryDueDate, {.category = hyphen}, inPlain, -1},
+        {"kana come late", eSortByCategoryDueDate, {.category = kana}, inPlain, 1},
+        {"in a category by date, not by priority", eSortByCategoryDueDate, urgent, early, 1},
+        {"then by placement", eSortByCategoryDueDate, lower, {}, -1},
+        {"an unknown category comes first", eSortByCategoryPriority, unknown, inPlain, -1},
+        {"unknown ones are one", eSortByCategoryDueDate, unknown, {.category = 14}, 0},
+        {"in a category by priority, not by date", eSortByCategoryPriority, urgent, early, -1},
+        {"then by placement", eSortByCategoryPriority, lower, {}, -1},
         {"an unknown order", kUnknownOrder, {}, {}, -1},
     };
     for (const Row& row : rows) {
@@ -150,49 +132,6 @@ protected:
     std::mt19937 random{17};
 };
 INSTANTIATE_TEST_SUITE_P(BothCodePages, RandomToDos, testing::ValuesIn(kBothCodePages));
-
-// The orders once more, written as the keys of a tuple.
-struct CollatedName {
-    CString text;
-    friend bool operator<(const CollatedName& left, const CollatedName& right) {
-        return CompareStringA(LOCALE_SYSTEM_DEFAULT, SORT_STRINGSORT, left.text, -1, right.text,
-                              -1) == CSTR_LESS_THAN;
-    }
-};
-using Keys = std::tuple<CollatedName, long, long, long>;
-
-Keys KeysOf(const CToDoRecord& record, eSortOrder order, const CString& category) {
-    const int placement = Read(record, &CToDoRecord::GetPlacementPos);
-    switch (order) {
-        case eSortByPriorityDueDate:
-            return {{}, PriorityOf(record), DueOf(record), placement};
-        case eSortByDueDatePriority:
-            return {{}, DueOf(record), PriorityOf(record), placement};
-        case eSortByCategoryDueDate:
-            return {{category}, DueOf(record), placement, 0};
-        case eSortByCategoryPriority:
-            return {{category}, PriorityOf(record), placement, 0};
-    }
-    return {};
-}
-
-TEST_P(RandomToDos, CompareAsTheTuplesOfTheirKeys) {
-    FillRandomly(120);
-    for (const eSortOrder order : kAllOrders) {
-        view->SetSortOrder(order);
-        const auto keysOf = [&](int row) {
-            return KeysOf(*RecordAt(row), order, CategoryName(CategoryOf(*RecordAt(row))));
-        };
-        for (int i = 0; i < 120; ++i) {
-            for (int j = 0; j < 120; ++j) {
-                const Keys left = keysOf(i);
-                const Keys right = keysOf(j);
-                ASSERT_EQ(Compare(RecordAt(i), RecordAt(j)), int{right < left} - int{left < right})
-                    << order << " rows " << i << ", " << j;
-            }
-        }
-    }
-}
 
 TEST_P(RandomToDos, SortByKeysAsByTheCompareFunction) {
     FillRandomly(400);
