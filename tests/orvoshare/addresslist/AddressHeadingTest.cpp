@@ -54,11 +54,10 @@ TEST_F(AddressHeading, AnUnsoundTextShowsWhatItNamesAndHarmsNothing) {
         {"nothing behind the count", "(3)", 0, "", 180},
         {"an id that no column has", "(2) 99 100 0 200 (1) 98 50", 1, "(1) 0 200", 180},
         {"a phone column that is gone", "(2) 25 100 0 200 (0)", 1, "(1) 0 200", 180},
-        {"a column named twice is shown once", "(3) 0 100 3 90 0 200 (0)", 1, "(2) 0 200 3 90",
-         180},
+        {"named twice, shown once", "(3) 0 100 3 90 0 200 (0)", 1, "(2) 0 200 3 90", 180},
         {"widths beyond all measure", "(2) 0 99999 3 -7 (1) 2 -5", 1, "(2) 0 4000 3 0", 0},
         {"a hidden width beyond all measure", "(1) 0 200 (1) 2 99999", 1, "(1) 0 200", 4000},
-        {"a column both shown and hidden is shown", "(1) 2 90 (1) 2 70", 1, "(1) 2 90", 70},
+        {"both shown and hidden", "(1) 2 90 (1) 2 70", 1, "(1) 2 90", 70},
     };
     for (const Row& row : kRows) {
         Save(row.text);
@@ -78,16 +77,7 @@ TEST_F(AddressHeading, CustomLabelsAreRefreshedShownAndHidden) {
     table.SetPhoneLabel(0, "Cell");
     view->RefreshCustomLabels();
 
-    const CString heading = [this](int column) {
-        LVCOLUMN content;
-        char text[20] = "";
-        content.mask = LVCF_TEXT;
-        content.pszText = text;
-        content.cchTextMax = sizeof text;
-        view->SendMessage(LVM_GETCOLUMN, static_cast<WPARAM>(column), LParamOf(&content));
-        return CString(text);
-    }(view->IndexOf(9));
-    EXPECT_EQ(heading, "Born");
+    EXPECT_EQ(Peer().Column(view->IndexOf(9)).heading, "Born");
     EXPECT_EQ(Column(10).strHeading, "Hobby");
     EXPECT_EQ(Column(10).nWidth, 66);
     EXPECT_EQ(Column(AddressColumn::FirstPhone).strHeading, "Mobile");

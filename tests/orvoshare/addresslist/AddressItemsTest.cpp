@@ -1,7 +1,5 @@
 // The rows of an address list: their places, and who frees their records.
 // SPDX-License-Identifier: MIT
-#include <random>
-
 #include <orvoshare/addresslist/AddressListFixture.h>
 
 namespace orvo {
@@ -20,35 +18,6 @@ protected:
         return place;
     }
 };
-
-TEST_F(AddressItems, SortedInsertionGivesTheOrderOfTheWholeSort) {
-    std::mt19937 random(7);
-    const auto text = [&random](std::size_t length, unsigned letters) {
-        std::string text(length, 'a');
-        for (char& letter : text) letter = static_cast<char>('a' + random() % letters);
-        return text;
-    };
-    for (const int mode : {kReportView, kLargeIconView}) {
-        for (const int listBy : {kListByName, kListByCompany}) {
-            view->DV_DeleteAll();
-            view->SetViewMode(mode);
-            view->DV_SetListBy(listBy);
-            for (int number = 0; number < 60; ++number) {
-                const std::string name = text(3, 4);
-                const std::string company = text(2, 3);
-                CAddressRecord* record =
-                    Make({{AddressField::Name, name}, {AddressField::Company, company}}).release();
-                EXPECT_EQ(RecordAt(view->DV_InsertRecord(0, record, 1)), record);
-            }
-            for (int row = 1; row < 60; ++row) {
-                EXPECT_LE(
-                    AddrCompareFunc(LParamOf(RecordAt(row - 1)), LParamOf(RecordAt(row)), listBy),
-                    0)
-                    << mode << ' ' << listBy << ' ' << row;
-            }
-        }
-    }
-}
 
 TEST_F(AddressItems, ANewIconStandsToTheLowerRightOfTheOneBeforeIt) {
     for (const int mode : {kLargeIconView, kSmallIconView}) {

@@ -33,8 +33,7 @@ TEST_F(TruncateName, EachHalfHasItsShareOfTheWidth) {
         {"a width that isn't even", "Abcdefghij", "Klmnopqrst", 17, "Abcd..., Klmn..."},
         {"the first name is long", "Abc", "Klmnopqrstuv", 16, "Abc, Klmnopqr..."},
         {"the family name is long", "Abcdefghijkl", "Klm", 16, "Abcdefgh..., Klm"},
-        {"no first name: the separator's room is kept", "Abcdefghijklmnopq", "", 16,
-         "Abcdefghijk..."},
+        {"room for a separator is kept", "Abcdefghijklmnopq", "", 16, "Abcdefghijk..."},
     };
     view->DV_SetListBy(kListByName);
     for (const Row& row : kRows) {

@@ -1,7 +1,5 @@
 // What all address views have in common: filling, re-checking, lookup.
 // SPDX-License-Identifier: MIT
-#include <random>
-
 #include <orvoshare/addressviews/ViewFixture.h>
 
 namespace orvo {
@@ -45,27 +43,6 @@ TEST_P(ViewCore, ADamagedRecordHidesNobodyElse) {
 
     EXPECT_THAT(Names(), ElementsAre("Adams", "Baker"));
     EXPECT_EQ(table.LastError(), "the fields of record 2 are damaged");
-}
-
-TEST_P(ViewCore, ASortByKeysIsTheSortByTheCompareFunction) {
-    std::mt19937 random(17);
-    constexpr const char* kPieces[] = {"a", "B", "é", "か", "ガ", "山", " ", "-", ""};
-    const auto text = [&] {
-        std::string utf8;
-        for (int i = 0; i < 3; ++i) utf8 += kPieces[random() % std::size(kPieces)];
-        return utf8;
-    };
-    for (int i = 0; i < 200; ++i) {
-        Add({{Name, text()}, {NameYomi, text()}, {First, text()}, {Company, text()}});
-    }
-    for (const int listBy : {0, 1}) {
-        Fill(kAllCategories, 0, listBy);
-        for (int row = 1; row < view.DV_GetItemCount(); ++row) {
-            const auto before = static_cast<long>(view.DV_GetItemData(row - 1));
-            const auto after = static_cast<long>(view.DV_GetItemData(row));
-            ASSERT_LE(AddrCompareFunc(before, after, listBy), 0) << "row " << row;
-        }
-    }
 }
 
 TEST_P(ViewCore, AReSortDropsARecordThatNoLongerBelongs) {

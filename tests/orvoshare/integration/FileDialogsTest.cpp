@@ -116,17 +116,6 @@ TEST_F(FileDialogsTest, TheTemplateIsThatOfTheModuleThatIsGiven) {
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
 }
 
-TEST_F(FileDialogsTest, TextsAreThoseOfTheLanguage) {
-    const LocalizedModule german("de-DE", kUtf8CodePage);
-    CExportFileDialog dialog(nullptr, nullptr, nullptr, nullptr, 3, 1);
-    system.UseFileDialog([](const MemoryFileDialogPeer& shown) {
-        EXPECT_NE(shown.Setup().title, "Export As");
-        EXPECT_NE(shown.ControlText(kAll), "&All");
-        EXPECT_NE(shown.ControlText(kAll), "");
-    });
-    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
-}
-
 TEST_F(FileDialogsTest, ImportHasATitleOfItsHostAndTakesOnlyFilesThatAreThere) {
     const CString there(folder.File("there.vcf", "x"));
     CImportFileDialog dialog("Cards (*.vcf)|*.vcf||", nullptr, CString("Import ") + "cards");

@@ -100,19 +100,18 @@ TEST(BitArray, LoadingReplacesWhatItHeld) {
 }
 
 TEST(BitArray, ADamagedFormIsRefusedAndTheArrayStays) {
+    using enum CArchiveException::Cause;
     struct {
         const char* why;
         std::string bytes;
         CArchiveException::Cause cause;
     } const rows[] = {
-        {"no number", ""s, CArchiveException::endOfFile},
-        {"half of the second number", "\x09\0\0\0\x02\0"s, CArchiveException::endOfFile},
-        {"a byte too few", "\x09\0\0\0\x02\0\0\0\x02"s, CArchiveException::endOfFile},
-        {"far more promised than there", "\xF8\xFF\xFF\xFF\xFF\xFF\xFF\x1F\x02"s,
-         CArchiveException::endOfFile},
-        {"too many bytes for the bits", "\x08\0\0\0\x02\0\0\0\x02\x01"s,
-         CArchiveException::badValue},
-        {"too few bytes for the bits", "\xFF\xFF\xFF\xFF\0\0\0\0"s, CArchiveException::badValue},
+        {"no number", ""s, endOfFile},
+        {"half a number", "\x09\0\0\0\x02\0"s, endOfFile},
+        {"a byte too few", "\x09\0\0\0\x02\0\0\0\x02"s, endOfFile},
+        {"far too few", "\xF8\xFF\xFF\xFF\xFF\xFF\xFF\x1F\x02"s, endOfFile},
+        {"too many for the bits", "\x08\0\0\0\x02\0\0\0\x02\x01"s, badValue},
+        {"too few for the bits", "\xFF\xFF\xFF\xFF\0\0\0\0"s, badValue},
     };
     for (const auto& row : rows) {
         CBitArrayHelper array;

@@ -143,9 +143,9 @@ TEST_F(AccessCrowd, ManyFirstUsersComeToTheSameTable) {
         std::vector<std::unique_ptr<Program>> programs;
         for (int i = 0; i < 8; ++i) {
             programs.push_back(std::make_unique<Program>(
-                ACCESSOR, std::vector<std::string>{"row", fmt::to_string(i), "1", "o"}));
+                ACCESSOR, std::vector<std::string>{"claim", fmt::to_string(i), "o"}));
         }
-        for (const auto& program : programs) EXPECT_EQ(program->Line(), "added");
+        for (const auto& program : programs) EXPECT_EQ(program->Line(), "own []");
         CDalAccessController table;
         ASSERT_EQ(table.Attach(), 1);
         unsigned long count = 0;

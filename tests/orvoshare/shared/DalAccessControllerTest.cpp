@@ -276,22 +276,6 @@ TEST_F(AccessTable, ATableWithoutAViewIsEmptyAndTakesNothing) {
     EXPECT_THAT(Users(), IsEmpty());
 }
 
-TEST_F(AccessTable, ADebugBuildListsTheTable) {
-    Add("Anna", 7, "A");
-    Add("Ben", 0xFFFFFFFF, "B");
-    testing::internal::CaptureStderr();
-
-    table.Trace();
-
-#ifdef NDEBUG
-    const char* want = "";
-#else
-    const char* want =
-        "AC Count = 2\n0: User Anna, Creator 7, Owner A\n1: User Ben, Creator -1, Owner B\n";
-#endif
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), want);
-}
-
 class AccessText : public AccessTable, public testing::WithParamInterface<LocaleCase> {
     const LocaleInForce m_locale{GetParam().tag, GetParam().codePage};
 };

@@ -71,10 +71,8 @@ constexpr NameRow kNames[] = {
     {"no separator for an empty part", "", "Ann", "Acme", "Ann", "Ann", "Ann"},
     {"the company stands in for a missing name", "", "", "Acme\nInc", "Acme", "Acme", ""},
     {"nothing at all", "", "", "", "", "", ""},
-    {"only the first line counts", "Lee\r\nMiller", "Ann\nMary", "", "Lee, Ann", "Lee Ann",
-     "Lee, Ann\nMary"},
-    {"tabs become blanks in a row, and cut in the column", "Lee\tX", "", "", "Lee    X", "Lee    X",
-     "Lee"},
+    {"one line each", "Lee\r\nLi", "Ann\nJo", "", "Lee, Ann", "Lee Ann", "Lee, Ann\nJo"},
+    {"tabs become blanks, or cut", "Lee\tX", "", "", "Lee    X", "Lee    X", "Lee"},
     {"kanji", "山田", "太郎", "", "山田, 太郎", "山田 太郎", "山田, 太郎"},
 };
 

@@ -67,12 +67,17 @@ TEST_F(TodoDates, TheCalendarDayDecidesWhatIsDueAndWhatIsOverdue) {
     }
 }
 
-TEST_F(TodoDates, NoDateIsNeitherDueNorOverdueAndANegativeOneIsBoth) {
+TEST_F(TodoDates, NoDateIsNeitherDueNorOverdueAndHasNoText) {
     SetNow("Asia/Tokyo", "2026-05-03T12:00:00");
     EXPECT_EQ(IsDueToday(kMaxDate), 0);
     EXPECT_EQ(IsDueYesterdayOrEarlier(kMaxDate), 0);
     EXPECT_EQ(IsDueToday(-1), 1);
     EXPECT_EQ(IsDueYesterdayOrEarlier(-1), 1);
+
+    CString text("old");
+    DateText(kMaxDate, text, 1);
+    EXPECT_EQ(text, "");
+    for (const int choice : {3, 5, -1}) EXPECT_EQ(ChosenDate(choice, 7), kMaxDate) << choice;
 }
 
 struct TextRow {
@@ -101,14 +106,6 @@ TEST_F(TodoDates, ADateIsShownAndReadByTheLocale) {
         EXPECT_EQ(text, row.withoutYear) << row.locale.tag;
         EXPECT_EQ(IsoOf(DateOfText(row.typed)), "2027-12-24T23:59:59") << row.typed;
         EXPECT_EQ(IsoOf(DateOfText(row.typedNoYear)), "2026-12-24T23:59:59") << row.typedNoYear;
-    }
-}
-
-TEST_F(TodoDates, NoDateHasNoText) {
-    for (const int withYear : {0, 1}) {
-        CString text("old");
-        DateText(kMaxDate, text, withYear);
-        EXPECT_TRUE(text.IsEmpty());
     }
 }
 
@@ -157,10 +154,6 @@ TEST_F(TodoDates, AChosenDateLiesAtTheStartOfItsCalendarDay) {
                   std::string(row.day) + "T00:00:00")
             << row.why;
     }
-}
-
-TEST_F(TodoDates, NoDateAndEveryUnknownChoiceStandForNoDate) {
-    for (const int choice : {3, 5, -1}) EXPECT_EQ(ChosenDate(choice, 7), kMaxDate) << choice;
 }
 
 // Writes down where the picker began.
