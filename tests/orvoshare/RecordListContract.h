@@ -19,7 +19,7 @@ constexpr const char* kSection = "List";
 template <class Fixture>
 class RecordListContract : public Fixture {
 protected:
-    // Rows of the category Business, due on three days where they can be.
+    // Rows of the category Business.
     void ShowThree() {
         this->owner.told.clear();
         this->view = this->NewView();

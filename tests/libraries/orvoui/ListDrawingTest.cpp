@@ -74,20 +74,6 @@ TEST_F(ListDrawing, APopupCellHasAMarkWhereItHasRoomForTextBesideIt) {
     }
 }
 
-TEST_F(ListDrawing, PicturesAreDrawnWithoutTheirKeyAndRecoloured) {
-    constexpr COLORREF kBlue = 0xFF0000;
-    CBitmap bitmap({2, 1}, kBlue);
-    bitmap.SetPixel({1, 0}, 255);
-    OUIReplaceBitmapColor(&dc, &bitmap, kBlue, RGB(1, 2, 3));
-    OUIDrawBitmapTransparent(&dc, &bitmap, 5, 6, 255);
-
-    ASSERT_EQ(drawn->size(), 1U);
-    EXPECT_EQ(drawn->front().rect, (CRect{5, 6, 7, 7}));
-    EXPECT_EQ(drawn->front().clear, COLORREF{255});
-    EXPECT_EQ(drawn->front().bitmap.GetPixel({0, 0}), RGB(1, 2, 3));
-    EXPECT_EQ(drawn->front().bitmap.GetPixel({1, 0}), COLORREF{255});
-}
-
 TEST_F(ListDrawing, AMarkTakesTheColoursOfItsRowAndKeepsItsKey) {
     constexpr COLORREF kRed = RGB(255, 0, 0);
     CBitmap mark({4, 1}, kRed);

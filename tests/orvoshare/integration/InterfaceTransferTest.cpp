@@ -155,28 +155,6 @@ TEST_F(InterfaceTransfer, OnePacketServesTwoWindowsAndGoesByItsRelease) {
     EXPECT_TRUE(ServeUntil([] { return ExportedInterfaceCount() == 0; }));
 }
 
-TEST_F(InterfaceTransfer, APacketForOneUseServesOneProcessOnceAndNobodyAfterIt) {
-    const ComPointer<ICounter> own(new Counter);
-    block = GlobalAlloc(GMEM_MOVEABLE, 0);
-    IStream* stream = nullptr;
-    ASSERT_EQ(CreateStreamOnHGlobal(block, 1, &stream), S_OK);
-    const ComPointer held(stream);
-    ASSERT_EQ(CoMarshalInterface(stream, IID_ICounter, own.Get(), MSHCTX_LOCAL, nullptr,
-                                 MSHLFLAGS_NORMAL),
-              S_OK);
-    size = static_cast<DWORD>(GlobalSize(block));
-    const auto give = [&](HWND receiver) {
-        return SendInterfaceToHwnd(0, receiver, kTag, block, size);
-    };
-
-    EXPECT_EQ(give(peerWindow), S_OK);
-    EXPECT_EQ(Ask(kBouncePartner, 1), 1);
-    EXPECT_EQ(give(window.GetSafeHwnd()), CO_E_OBJNOTCONNECTED);
-    EXPECT_EQ(ExportedInterfaceCount(), 1U) << "the peer holds it";
-    EXPECT_EQ(give(peerWindow), CO_E_OBJNOTCONNECTED) << "by which it lets go of what it had";
-    EXPECT_TRUE(ServeUntil([] { return ExportedInterfaceCount() == 0; }));
-}
-
 TEST_F(InterfaceTransfer, AReceiverThatDiesHoldsNothingAnyMore) {
     ComPointer<ICounter> own(new Counter);
     Give(own.Get(), peerWindow);

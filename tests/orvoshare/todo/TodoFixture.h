@@ -133,7 +133,7 @@ protected:
         EXPECT_EQ(table.Add(*record), 0) << toDo.name;
         view->InsertRecord(view->GetItemCount(), record.release(), 0);
     }
-    // A new list with three rows: due yesterday, today and tomorrow, by falling priority.
+    // A new list with three rows: due yesterday, today and tomorrow, with priorities 1 to 3.
     void ShowDays(eSortOrder order = eSortByPriorityDueDate) {
         owner.told.clear();
         view = NewView();

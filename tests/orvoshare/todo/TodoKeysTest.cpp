@@ -12,57 +12,49 @@ using testing::SizeIs;
 using TodoKeys = TodoFixture;
 
 TEST_F(TodoKeys, TheMinusKeyTogglesWithoutTheOtherTestsOfAClick) {
+    struct Given {
+        bool hidesCompleted = false, marksDate = false, masks = false, hidesText = false;
+        int categoryShown = kAllCategories;
+        bool isCompleted = false;
+        int priority = 2;
+    };
     struct Row {
         const char* why;
-        std::function<void()> given;
+        Given given;
         const char* rows;
         std::vector<UINT> told;
         std::size_t strokes = 0;
         bool isSelected = true;  // the row stays selected
     };
     const Row rows[] = {
-        {"completed", [] {}, "a b c", {1527}},
-        {"undone, while completed ones are hidden",
-         [this] {
-             RecordAt(1)->SetCompleted(1, 0);
-             view->HideCompletedItems(1);
-         },
-         "a b c",
-         {1527}},
-        {"hidden", [this] { view->HideCompletedItems(1); }, "a c", {1526}, 30, false},
-        {"of another category", [this] { view->SetCategoryShown(kPersonal); }, "a b c", {1527}},
-        {"dated", [this] { view->SetMarkCompletionDate(1); }, "a b c", {1527}},
-        {"out of place", [this] { RecordAt(1)->SetPriority(5); }, "a b c", {1527}},
-        {"masked",
-         [this] {
-             view->SetMaskPrivate(1);
-             RecordAt(1)->SetPrivate(1);
-         },
-         "a b c",
-         {1527}},
-        {"hidden, but its text isn't shown",
-         [this] {
-             view->HideCompletedItems(1);
-             view->HideColumn(TodoColumn::Description);
-         },
-         "a b c",
-         {}},
+        {"completed", {}, "a b c", {1527}},
+        {"undone", {.hidesCompleted = true, .isCompleted = true}, "a b c", {1527}},
+        {"hidden", {.hidesCompleted = true}, "a c", {1526}, 30, false},
+        {"of another category", {.categoryShown = kPersonal}, "a b c", {1527}},
+        {"out of place, and dated", {.marksDate = true, .priority = 5}, "a b c", {1527}},
+        {"masked", {.masks = true}, "a b c", {1527}},
+        {"its text isn't shown", {.hidesCompleted = true, .hidesText = true}, "a b c", {}},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.why);
         ShowDays();
-        row.given();
+        RecordAt(1)->SetPriority(row.given.priority);
+        RecordAt(1)->SetCompleted(row.given.isCompleted, 0);
+        RecordAt(1)->SetPrivate(1);
+        view->HideCompletedItems(row.given.hidesCompleted);
+        view->SetMarkCompletionDate(row.given.marksDate);
+        view->SetMaskPrivate(row.given.masks);
+        view->SetCategoryShown(row.given.categoryShown);
+        if (row.given.hidesText) view->HideColumn(TodoColumn::Description);
         view->SelectItem(1, 1);
         const std::int64_t id = RecordAt(1)->GetId();
-        const int before = RecordAt(1)->IsCompleted();
         Peer().ForgetDrawn();
 
         system.TypeText("-");
 
-        EXPECT_NE(Stored(id)->IsCompleted(), before);
-        const bool isDated = view->IsMarkingCompletionDate() != 0;
-        EXPECT_EQ(CompletionOf(*Stored(id)),
-                  isDated ? CTime::GetCurrentTime().GetTime() : kMaxDate);
+        EXPECT_EQ(Stored(id)->IsCompleted(), !row.given.isCompleted);
+        const long now = CTime::GetCurrentTime().GetTime();
+        EXPECT_EQ(CompletionOf(*Stored(id)), row.given.marksDate ? now : kMaxDate);
         EXPECT_EQ(Names(), row.rows);
         EXPECT_EQ(owner.told, row.told);
         EXPECT_THAT(Lines(), SizeIs(row.strokes));
