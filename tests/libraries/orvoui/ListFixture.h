@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <string>
 #include <vector>
 
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -31,19 +33,7 @@ public:
     using COrvoUIListViewCtrl::m_aColumns;
     using COrvoUIListViewCtrl::SubItemFromIndex;
 
-    struct Cell {
-        DWORD data;
-        int id;
-        CRect rect;
-        int selected;
-        friend bool operator==(const Cell&, const Cell&) = default;
-        friend void PrintTo(const Cell& cell, std::ostream* out) {
-            *out << cell.data << " column " << cell.id << " at " << cell.rect.left << ','
-                 << cell.rect.top << ',' << cell.rect.right << ',' << cell.rect.bottom
-                 << (cell.selected != 0 ? " selected" : "");
-        }
-    };
-    std::vector<Cell> cells;
+    std::vector<std::string> cells;  // "data column id at left,top,right,bottom", and " selected"
     UINT textFlags = 0;
     int changes = 0;
     int questions = 0;
@@ -53,7 +43,9 @@ protected:
                     int selected) override {
         EXPECT_EQ(reserved, 0);
         textFlags = flags;
-        cells.push_back({data, SubItemFromIndex(column), rect, selected});
+        cells.push_back(fmt::format("{} column {} at {},{},{},{}{}", data, SubItemFromIndex(column),
+                                    rect.left, rect.top, rect.right, rect.bottom,
+                                    selected != 0 ? " selected" : ""));
     }
 
 private:
