@@ -12,7 +12,7 @@ namespace orvo {
 
 // What a test says of a to-do; the rest doesn't matter to it.
 struct AToDo {
-    std::string_view name;
+    std::string_view name = "";
     int priority = 3;
     long due = kMaxDate;
     int category = kNoCategory;
