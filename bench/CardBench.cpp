@@ -5,7 +5,7 @@
 #include <libraries/quire/MemoryEngine.h>
 #include <orvoshare/addresslist/DetailViewAddrList.h>
 #include <orvoshare/addressviews/DetailViewAddrCard.h>
-#include <platform/window/MemoryWindowSystem.h>
+#include <platform/window/memory/MemoryWindowSystem.h>
 
 #include "People.h"
 

@@ -5,7 +5,7 @@
 #include <orvoshare/addresslist/DetailViewAddrList.h>
 #include <orvoshare/addressviews/AddrCompare.h>
 #include <orvoshare/addressviews/AddressOrder.h>
-#include <platform/window/MemoryWindowSystem.h>
+#include <platform/window/memory/MemoryWindowSystem.h>
 
 #include "People.h"
 

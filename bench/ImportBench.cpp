@@ -3,7 +3,7 @@
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
 
-#include <exchange/ImportFile.h>
+#include <exchange/files/ImportFile.h>
 
 #include "People.h"
 

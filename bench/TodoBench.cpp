@@ -4,7 +4,7 @@
 
 #include <orvoshare/todo/TodoListbox.h>
 #include <platform/text/KeySort.h>
-#include <platform/window/MemoryWindowSystem.h>
+#include <platform/window/memory/MemoryWindowSystem.h>
 
 #include "People.h"
 

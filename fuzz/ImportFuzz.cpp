@@ -5,10 +5,10 @@
 #include <string>
 #include <string_view>
 
-#include <exchange/CardWriter.h>
-#include <exchange/ImportFile.h>
-#include <exchange/ToDoFields.h>
-#include <exchange/ToDoWriter.h>
+#include <exchange/calendar/ToDoFields.h>
+#include <exchange/calendar/ToDoWriter.h>
+#include <exchange/cards/CardWriter.h>
+#include <exchange/files/ImportFile.h>
 #include <libraries/quire/MemoryEngine.h>
 
 namespace orvo {

@@ -4,7 +4,7 @@
 #include <QStackedWidget>
 #include <stdexcept>
 
-#include <desktop/DesktopWindow.h>
+#include <desktop/window/DesktopWindow.h>
 #include <host/HostOptions.h>
 #include <platform/qt/QtWindowSystem.h>
 #include <platform/settings/SettingsStore.h>

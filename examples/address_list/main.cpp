@@ -15,7 +15,7 @@
 #include <orvoshare/addressviews/LookupEdit.h>
 #include <orvoshare/integration/OrvoOleDropTarget.h>
 #include <platform/qt/QtWindowSystem.h>
-#include <platform/window/WindowSystem.h>
+#include <platform/window/base/WindowSystem.h>
 
 namespace {
 

@@ -9,9 +9,9 @@
 #include <cli/AddressFields.h>
 #include <cli/Commands.h>
 #include <cli/Output.h>
-#include <exchange/ExportFile.h>
-#include <exchange/FilesToImport.h>
-#include <exchange/ImportFile.h>
+#include <exchange/files/ExportFile.h>
+#include <exchange/files/FilesToImport.h>
+#include <exchange/files/ImportFile.h>
 
 namespace orvo::cli {
 namespace {

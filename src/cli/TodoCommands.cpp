@@ -13,7 +13,7 @@
 #include <cli/Output.h>
 #include <cli/TodoView.h>
 #include <contracts/Dates.h>
-#include <exchange/ToDoSeries.h>
+#include <exchange/calendar/ToDoSeries.h>
 #include <orvoshare/todo/TodoDates.h>
 
 namespace orvo::cli {

@@ -6,8 +6,8 @@
 
 #include <cli/Store.h>
 #include <orvoshare/options/DesktopOptions.h>
-#include <platform/window/CWnd.h>
-#include <platform/window/MemoryWindowSystem.h>
+#include <platform/window/base/CWnd.h>
+#include <platform/window/memory/MemoryWindowSystem.h>
 
 namespace orvo::cli {
 

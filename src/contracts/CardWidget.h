@@ -8,8 +8,8 @@
 #include <platform/Export.h>
 #include <platform/text/Arrays.h>
 #include <platform/text/CString.h>
-#include <platform/window/CWnd.h>
-#include <platform/window/ListPeer.h>
+#include <platform/window/base/CWnd.h>
+#include <platform/window/list/ListPeer.h>
 
 namespace orvo {
 

@@ -7,9 +7,9 @@
 
 #include <platform/Export.h>
 #include <platform/text/CString.h>
-#include <platform/window/CDC.h>
-#include <platform/window/CListCtrl.h>
-#include <platform/window/CMenu.h>
+#include <platform/window/dialogs/CMenu.h>
+#include <platform/window/list/CListCtrl.h>
+#include <platform/window/pictures/CDC.h>
 
 namespace orvo {
 

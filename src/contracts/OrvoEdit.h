@@ -3,7 +3,7 @@
 #pragma once
 
 #include <platform/Export.h>
-#include <platform/window/CEdit.h>
+#include <platform/window/edit/CEdit.h>
 
 namespace orvo {
 

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include <desktop/ViewKind.h>
 #include <desktop/options/DesktopPreferences.h>
+#include <desktop/views/ViewKind.h>
 
 namespace orvo::desktop {
 

@@ -16,17 +16,17 @@
 
 #include <fmt/format.h>
 
-#include <desktop/Appearance.h>
 #include <desktop/CommandLine.h>
-#include <desktop/DesktopWindow.h>
 #include <desktop/EndSignals.h>
-#include <desktop/PrintCommands.h>
-#include <desktop/Problems.h>
-#include <desktop/Texts.h>
+#include <desktop/commands/PrintCommands.h>
 #include <desktop/instance/Instance.h>
 #include <desktop/options/DesktopPreferences.h>
 #include <desktop/rescue/RescueOffer.h>
 #include <desktop/rescue/StoreTrouble.h>
+#include <desktop/texts/Problems.h>
+#include <desktop/texts/Texts.h>
+#include <desktop/window/Appearance.h>
+#include <desktop/window/DesktopWindow.h>
 #include <host/HostOptions.h>
 #include <host/OpenFolders.h>
 #include <libraries/quire/UserStore.h>
@@ -36,7 +36,7 @@
 #include <platform/qt/QtWindowSystem.h>
 #include <platform/text/SystemLocale.h>
 #include <platform/time/CTime.h>
-#include <platform/window/ForeignWindow.h>
+#include <platform/window/base/ForeignWindow.h>
 
 namespace orvo::desktop {
 namespace {

@@ -5,7 +5,7 @@
 #include <functional>
 #include <memory>
 
-#include <platform/window/WindowSystem.h>
+#include <platform/window/base/WindowSystem.h>
 
 namespace orvo {
 

@@ -6,7 +6,7 @@
 #include <gmock/gmock.h>
 
 #include <contract/PeerSystem.h>
-#include <platform/window/CWnd.h>
+#include <platform/window/base/CWnd.h>
 
 namespace orvo {
 

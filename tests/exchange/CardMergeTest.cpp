@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <gmock/gmock.h>
 
-#include <exchange/CardMerge.h>
-#include <exchange/ExportFile.h>
+#include <exchange/cards/CardMerge.h>
+#include <exchange/files/ExportFile.h>
 
 #include "exchange/Tables.h"
 

@@ -5,8 +5,8 @@
 
 #include <gmock/gmock.h>
 
-#include <exchange/ContentLine.h>
-#include <exchange/ExportFile.h>
+#include <exchange/files/ExportFile.h>
+#include <exchange/lines/ContentLine.h>
 
 #include "exchange/Tables.h"
 

@@ -6,7 +6,7 @@
 #include <fmt/core.h>
 #include <gmock/gmock.h>
 
-#include <exchange/EntryReader.h>
+#include <exchange/lines/EntryReader.h>
 
 namespace orvo {
 namespace {

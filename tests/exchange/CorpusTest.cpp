@@ -11,9 +11,9 @@
 #include <fmt/core.h>
 #include <gmock/gmock.h>
 
-#include <exchange/CardWriter.h>
-#include <exchange/ToDoFields.h>
-#include <exchange/ToDoWriter.h>
+#include <exchange/calendar/ToDoFields.h>
+#include <exchange/calendar/ToDoWriter.h>
+#include <exchange/cards/CardWriter.h>
 
 #include "exchange/Tables.h"
 

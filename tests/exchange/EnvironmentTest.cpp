@@ -5,9 +5,9 @@
 
 #include <gmock/gmock.h>
 
-#include <exchange/CardWriter.h>
-#include <exchange/Origin.h>
-#include <exchange/ToDoWriter.h>
+#include <exchange/calendar/ToDoWriter.h>
+#include <exchange/cards/CardWriter.h>
+#include <exchange/lines/Origin.h>
 #include <platform/time/TimeZone.h>
 #include <support/LocaleInForce.h>
 

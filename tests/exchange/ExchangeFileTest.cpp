@@ -9,7 +9,7 @@
 #include <fmt/core.h>
 #include <gmock/gmock.h>
 
-#include <exchange/ExportFile.h>
+#include <exchange/files/ExportFile.h>
 #include <support/LocaleInForce.h>
 
 #include "exchange/Tables.h"

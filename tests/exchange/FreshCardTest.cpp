@@ -4,7 +4,7 @@
 
 #include <gmock/gmock.h>
 
-#include <exchange/ExportFile.h>
+#include <exchange/files/ExportFile.h>
 
 #include "exchange/Tables.h"
 

@@ -5,8 +5,8 @@
 #include <gmock/gmock.h>
 
 #include <contract/RecordStoreContract.h>
-#include <exchange/ExportFile.h>
-#include <exchange/ImportFile.h>
+#include <exchange/files/ExportFile.h>
+#include <exchange/files/ImportFile.h>
 
 #include "exchange/Tables.h"
 

@@ -4,8 +4,8 @@
 
 #include <gmock/gmock.h>
 
-#include <exchange/LineText.h>
-#include <exchange/ValueDecoder.h>
+#include <exchange/lines/LineText.h>
+#include <exchange/lines/ValueDecoder.h>
 
 namespace orvo {
 namespace {

@@ -10,8 +10,8 @@
 #include <fmt/core.h>
 #include <gmock/gmock.h>
 
-#include <exchange/ImportFile.h>
-#include <exchange/NewFile.h>
+#include <exchange/files/ImportFile.h>
+#include <exchange/files/NewFile.h>
 
 namespace orvo {
 namespace {

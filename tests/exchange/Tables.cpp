@@ -4,7 +4,7 @@
 
 #include <fmt/core.h>
 
-#include <exchange/TableTexts.h>
+#include <exchange/cards/TableTexts.h>
 #include <platform/text/SystemText.h>
 #include <platform/time/TimeZone.h>
 

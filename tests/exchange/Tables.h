@@ -7,7 +7,7 @@
 #include <vector>
 
 #include <contracts/RecordStore.h>
-#include <exchange/ImportFile.h>
+#include <exchange/files/ImportFile.h>
 #include <libraries/quire/MemoryEngine.h>
 
 namespace orvo {

@@ -5,7 +5,7 @@
 
 #include <gmock/gmock.h>
 
-#include <exchange/ToDoWriter.h>
+#include <exchange/calendar/ToDoWriter.h>
 #include <platform/time/CTime.h>
 #include <platform/time/TimeZone.h>
 

@@ -6,7 +6,7 @@
 #include <contracts/ResourceScope.h>
 #include <orvoshare/RecordListFixture.h>
 #include <orvoshare/text/ListHeading.h>
-#include <platform/window/WindowInput.h>
+#include <platform/window/base/WindowInput.h>
 
 namespace orvo {
 

@@ -16,9 +16,9 @@
 #include <orvoshare/ModuleInForce.h>
 #include <platform/settings/SettingsFixture.h>
 #include <platform/text/SystemText.h>
-#include <platform/window/MemoryListPeer.h>
-#include <platform/window/RecordingCanvas.h>
 #include <platform/window/WindowFixture.h>
+#include <platform/window/memory/MemoryListPeer.h>
+#include <platform/window/pictures/RecordingCanvas.h>
 #include <support/Categories.h>
 #include <support/CodePages.h>
 #include <support/OwnerWindow.h>

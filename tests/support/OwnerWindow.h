@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-#include <platform/window/CWnd.h>
+#include <platform/window/base/CWnd.h>
 
 namespace orvo {
 

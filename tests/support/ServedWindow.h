@@ -6,8 +6,8 @@
 #include <unistd.h>
 
 #include <platform/ipc/Waiting.h>
-#include <platform/window/CWnd.h>
-#include <platform/window/ForeignWindow.h>
+#include <platform/window/base/CWnd.h>
+#include <platform/window/base/ForeignWindow.h>
 
 namespace orvo {
 

@@ -7,10 +7,10 @@
 #include <QHBoxLayout>
 #include <QRadioButton>
 
-#include <desktop/Texts.h>
 #include <desktop/forms/AddressForm.h>
 #include <desktop/forms/FormDialog.h>
 #include <desktop/forms/FormFields.h>
+#include <desktop/texts/Texts.h>
 #include <platform/qt/QtConvert.h>
 #include <platform/text/SystemLocale.h>
 

@@ -8,8 +8,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include <desktop/Texts.h>
 #include <desktop/forms/CategoryChoice.h>
+#include <desktop/texts/Texts.h>
 #include <platform/qt/QtConvert.h>
 
 namespace orvo::desktop {

@@ -6,8 +6,8 @@
 #include <algorithm>
 
 #include <contracts/Dates.h>
-#include <desktop/Texts.h>
 #include <desktop/forms/DateField.h>
+#include <desktop/texts/Texts.h>
 
 namespace orvo::desktop {
 namespace {

@@ -3,10 +3,10 @@
 #include <QMessageBox>
 #include <QPushButton>
 
-#include <desktop/Texts.h>
 #include <desktop/forms/EndOfSeries.h>
 #include <desktop/forms/FormDialog.h>
-#include <exchange/ToDoSeries.h>
+#include <desktop/texts/Texts.h>
+#include <exchange/calendar/ToDoSeries.h>
 
 namespace orvo::desktop {
 

@@ -11,9 +11,9 @@
 #include <QScrollBar>
 #include <QStyle>
 
-#include <desktop/Problems.h>
-#include <desktop/Texts.h>
 #include <desktop/forms/FormDialog.h>
+#include <desktop/texts/Problems.h>
+#include <desktop/texts/Texts.h>
 
 namespace orvo::desktop {
 namespace {

@@ -3,8 +3,8 @@
 #include <cmath>
 #include <limits>
 
-#include <desktop/Texts.h>
 #include <desktop/forms/FormFields.h>
+#include <desktop/texts/Texts.h>
 #include <orvoshare/text/CategoryText.h>
 #include <platform/qt/QtConvert.h>
 

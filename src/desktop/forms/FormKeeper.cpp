@@ -6,10 +6,10 @@
 #include <QWidget>
 #include <algorithm>
 
-#include <desktop/Texts.h>
 #include <desktop/forms/DateField.h>
 #include <desktop/forms/FormFields.h>
 #include <desktop/forms/FormKeeper.h>
+#include <desktop/texts/Texts.h>
 #include <platform/io/FileReplacement.h>
 
 namespace orvo::desktop {

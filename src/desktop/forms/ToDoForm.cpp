@@ -5,12 +5,12 @@
 #include <tuple>
 
 #include <contracts/Dates.h>
-#include <desktop/Texts.h>
 #include <desktop/forms/DateField.h>
 #include <desktop/forms/EndOfSeries.h>
 #include <desktop/forms/FormDialog.h>
 #include <desktop/forms/FormFields.h>
 #include <desktop/forms/ToDoForm.h>
+#include <desktop/texts/Texts.h>
 #include <platform/time/CTime.h>
 
 namespace orvo::desktop {

@@ -3,8 +3,8 @@
 #include <deque>
 #include <utility>
 
-#include <desktop/Texts.h>
 #include <desktop/history/EditHistory.h>
+#include <desktop/texts/Texts.h>
 
 #include "RecordingEngine.h"
 #include "StepNames.h"

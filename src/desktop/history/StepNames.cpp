@@ -8,7 +8,7 @@
 #include <set>
 
 #include <contracts/RecordFields.h>
-#include <desktop/Texts.h>
+#include <desktop/texts/Texts.h>
 
 #include "RowImage.h"
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 
-#include <desktop/Texts.h>
 #include <desktop/import/AddressRows.h>
+#include <desktop/texts/Texts.h>
 #include <platform/text/SystemText.h>
 
 namespace orvo::desktop {

@@ -3,10 +3,10 @@
 #include <QGuiApplication>
 #include <QPalette>
 
-#include <desktop/Texts.h>
 #include <desktop/import/AddressRows.h>
 #include <desktop/import/DuplicateRows.h>
 #include <desktop/import/Duplicates.h>
+#include <desktop/texts/Texts.h>
 
 namespace orvo::desktop {
 namespace {

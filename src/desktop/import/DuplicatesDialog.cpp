@@ -13,10 +13,10 @@
 #include <QVBoxLayout>
 #include <map>
 
-#include <desktop/Texts.h>
 #include <desktop/import/DuplicateRows.h>
 #include <desktop/import/DuplicatesDialog.h>
 #include <desktop/import/MergeAddresses.h>
+#include <desktop/texts/Texts.h>
 
 namespace orvo::desktop {
 namespace {

@@ -5,9 +5,9 @@
 #include <QFileDialog>
 #include <QPushButton>
 
-#include <desktop/Texts.h>
 #include <desktop/import/ImportChooser.h>
-#include <exchange/FilesToImport.h>
+#include <desktop/texts/Texts.h>
+#include <exchange/files/FilesToImport.h>
 #include <platform/qt/QtConvert.h>
 #include <platform/qt/QtWindowSystem.h>
 #include <platform/text/SystemText.h>

@@ -7,8 +7,8 @@
 
 #include <fmt/format.h>
 
-#include <desktop/Texts.h>
 #include <desktop/import/ImportProgress.h>
+#include <desktop/texts/Texts.h>
 
 namespace orvo::desktop {
 namespace {

@@ -17,8 +17,8 @@
 #include <QVBoxLayout>
 #include <array>
 
-#include <desktop/Texts.h>
 #include <desktop/import/ImportReportDialog.h>
+#include <desktop/texts/Texts.h>
 #include <platform/qt/QtFileIcons.h>
 
 namespace orvo::desktop {

@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 
-#include <desktop/Texts.h>
 #include <desktop/import/AddressRows.h>
 #include <desktop/import/Duplicates.h>
 #include <desktop/import/MergeAddresses.h>
-#include <exchange/CardMerge.h>
-#include <exchange/ImportFile.h>
+#include <desktop/texts/Texts.h>
+#include <exchange/cards/CardMerge.h>
+#include <exchange/files/ImportFile.h>
 
 namespace orvo::desktop {
 namespace {

@@ -4,8 +4,8 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include <desktop/Texts.h>
 #include <desktop/kana/KanaIndex.h>
+#include <desktop/texts/Texts.h>
 
 namespace orvo::desktop {
 namespace {

@@ -7,9 +7,9 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
-#include <desktop/Texts.h>
 #include <desktop/options/OptionsDialog.h>
 #include <desktop/options/OptionsPages.h>
+#include <desktop/texts/Texts.h>
 
 namespace orvo::desktop {
 namespace {

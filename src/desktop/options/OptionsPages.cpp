@@ -16,16 +16,16 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include <desktop/Texts.h>
 #include <desktop/options/DesktopPreferences.h>
 #include <desktop/options/OptionsPages.h>
 #include <desktop/security/PasswordDialogs.h>
+#include <desktop/texts/Texts.h>
 #include <host/Disclosure.h>
 #include <host/Password.h>
 #include <orvoshare/integration/SoundFileDialog.h>
 #include <platform/qt/QtConvert.h>
 #include <platform/text/SystemText.h>
-#include <platform/window/PlaySound.h>
+#include <platform/window/base/PlaySound.h>
 
 namespace orvo::desktop {
 namespace {

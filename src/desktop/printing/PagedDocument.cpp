@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <utility>
 
-#include <desktop/Texts.h>
 #include <desktop/printing/PagedDocument.h>
+#include <desktop/texts/Texts.h>
 
 namespace orvo::desktop {
 namespace {

@@ -12,8 +12,8 @@
 #include <sys/stat.h>
 #include <vector>
 
-#include <desktop/Texts.h>
 #include <desktop/printing/PrintJob.h>
+#include <desktop/texts/Texts.h>
 #include <platform/io/FileReplacement.h>
 #include <platform/io/NewFileMode.h>
 #include <platform/io/TrustedPath.h>

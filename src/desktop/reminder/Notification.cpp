@@ -9,8 +9,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include <desktop/Texts.h>
 #include <desktop/reminder/Notification.h>
+#include <desktop/texts/Texts.h>
 
 namespace orvo::desktop {
 namespace {

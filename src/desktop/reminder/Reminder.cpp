@@ -5,11 +5,11 @@
 #include <QStringList>
 #include <chrono>
 
-#include <desktop/Texts.h>
 #include <desktop/options/DesktopPreferences.h>
 #include <desktop/reminder/Reminder.h>
+#include <desktop/texts/Texts.h>
 #include <platform/text/SystemText.h>
-#include <platform/window/PlaySound.h>
+#include <platform/window/base/PlaySound.h>
 
 namespace orvo::desktop {
 namespace {

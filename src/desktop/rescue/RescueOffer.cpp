@@ -7,9 +7,9 @@
 #include <QTimer>
 #include <algorithm>
 
-#include <desktop/Problems.h>
-#include <desktop/Texts.h>
 #include <desktop/rescue/RescueOffer.h>
+#include <desktop/texts/Problems.h>
+#include <desktop/texts/Texts.h>
 #include <libraries/quire/StoreRescue.h>
 
 namespace orvo::desktop {

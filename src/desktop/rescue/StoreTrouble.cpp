@@ -5,9 +5,9 @@
 #include <QMessageBox>
 #include <QPushButton>
 
-#include <desktop/Texts.h>
 #include <desktop/rescue/RescueOffer.h>
 #include <desktop/rescue/StoreTrouble.h>
+#include <desktop/texts/Texts.h>
 #include <libraries/quire/StoreRescue.h>
 
 namespace orvo::desktop {

@@ -10,8 +10,8 @@
 #include <QVBoxLayout>
 #include <functional>
 
-#include <desktop/Texts.h>
 #include <desktop/security/PasswordDialogs.h>
+#include <desktop/texts/Texts.h>
 #include <host/Password.h>
 
 namespace orvo::desktop {

@@ -5,7 +5,7 @@
 
 #include <contracts/TextMeasure.h>
 #include <platform/text/CodePage.h>
-#include <platform/window/CDC.h>
+#include <platform/window/pictures/CDC.h>
 
 namespace orvo {
 

@@ -7,8 +7,8 @@
 #include <contracts/CardWidget.h>
 #include <contracts/ListWidget.h>
 #include <libraries/orvoui/TextLine.h>
-#include <platform/window/Contrast.h>
-#include <platform/window/WindowSystem.h>
+#include <platform/window/base/WindowSystem.h>
+#include <platform/window/pictures/Contrast.h>
 
 namespace orvo {
 

@@ -3,9 +3,9 @@
 #include <utility>
 
 #include <contracts/CardWidget.h>
-#include <platform/window/CDC.h>
-#include <platform/window/ListInput.h>
-#include <platform/window/WindowSystem.h>
+#include <platform/window/base/WindowSystem.h>
+#include <platform/window/list/ListInput.h>
+#include <platform/window/pictures/CDC.h>
 
 namespace orvo {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include <contracts/CardWidget.h>
-#include <platform/window/ListSort.h>
-#include <platform/window/WindowSystem.h>
+#include <platform/window/base/WindowSystem.h>
+#include <platform/window/list/ListSort.h>
 
 namespace orvo {
 

@@ -1,8 +1,8 @@
 // The widget library's day picker.
 // SPDX-License-Identifier: MIT
 #include <contracts/DayPicker.h>
-#include <platform/window/CWnd.h>
-#include <platform/window/WindowSystem.h>
+#include <platform/window/base/CWnd.h>
+#include <platform/window/base/WindowSystem.h>
 
 namespace orvo {
 

@@ -1,7 +1,7 @@
 // The list widget: its rows, its selection, and how a row is painted.
 // SPDX-License-Identifier: MIT
 #include <contracts/ListWidget.h>
-#include <platform/window/Contrast.h>
+#include <platform/window/pictures/Contrast.h>
 
 namespace orvo {
 

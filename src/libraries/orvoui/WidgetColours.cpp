@@ -4,8 +4,8 @@
 #include <iterator>
 
 #include <contracts/ListWidget.h>
-#include <platform/window/Contrast.h>
-#include <platform/window/WindowSystem.h>
+#include <platform/window/base/WindowSystem.h>
+#include <platform/window/pictures/Contrast.h>
 
 namespace orvo {
 

@@ -4,7 +4,7 @@
 
 #include <orvoshare/addresslist/DetailViewAddrList.h>
 #include <orvoshare/addressviews/LookupEdit.h>
-#include <platform/window/WindowSystem.h>
+#include <platform/window/base/WindowSystem.h>
 
 namespace orvo {
 

@@ -9,7 +9,7 @@
 #include <orvoshare/addressviews/DetailViewCore.h>
 #include <orvoshare/addressviews/TypedCharacters.h>
 #include <platform/Export.h>
-#include <platform/window/Cursor.h>
+#include <platform/window/base/Cursor.h>
 
 namespace orvo {
 

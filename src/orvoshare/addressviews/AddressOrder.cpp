@@ -4,7 +4,7 @@
 #include <orvoshare/addressviews/AddressOrder.h>
 #include <orvoshare/addressviews/DetailViewAddrInf.h>
 #include <platform/text/KeySort.h>
-#include <platform/window/ListSort.h>
+#include <platform/window/list/ListSort.h>
 
 namespace orvo {
 namespace {

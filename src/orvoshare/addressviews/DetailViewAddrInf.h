@@ -5,7 +5,7 @@
 #include <contracts/RecordStore.h>
 #include <platform/Export.h>
 #include <platform/text/Arrays.h>
-#include <platform/window/Messages.h>
+#include <platform/window/base/Messages.h>
 
 namespace orvo {
 

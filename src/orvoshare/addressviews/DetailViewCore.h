@@ -13,7 +13,7 @@
 #include <orvoshare/addressviews/LookupKey.h>
 #include <platform/text/CodePage.h>
 #include <platform/text/SystemLocale.h>
-#include <platform/window/ListMessages.h>
+#include <platform/window/list/ListMessages.h>
 
 namespace orvo {
 

@@ -4,7 +4,7 @@
 #include <orvoshare/addressviews/DetailViewAddrInf.h>
 #include <orvoshare/addressviews/LookupEdit.h>
 #include <platform/time/TickCount.h>
-#include <platform/window/WindowSystem.h>
+#include <platform/window/base/WindowSystem.h>
 
 namespace orvo {
 namespace {

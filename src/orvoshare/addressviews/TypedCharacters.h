@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <platform/window/Messages.h>
+#include <platform/window/base/Messages.h>
 
 namespace orvo {
 

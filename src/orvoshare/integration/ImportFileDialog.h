@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <platform/window/CFileDialog.h>
+#include <platform/window/dialogs/CFileDialog.h>
 
 namespace orvo {
 

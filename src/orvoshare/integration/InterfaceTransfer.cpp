@@ -3,7 +3,7 @@
 #include <cstring>
 
 #include <orvoshare/integration/InterfaceTransfer.h>
-#include <platform/window/CWnd.h>
+#include <platform/window/base/CWnd.h>
 
 namespace orvo {
 

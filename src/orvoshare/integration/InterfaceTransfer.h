@@ -4,7 +4,7 @@
 
 #include <platform/Export.h>
 #include <platform/com/Marshal.h>
-#include <platform/window/ForeignWindow.h>
+#include <platform/window/base/ForeignWindow.h>
 
 namespace orvo {
 

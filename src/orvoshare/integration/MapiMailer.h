@@ -9,7 +9,7 @@
 #include <platform/desktop/SimpleMapi.h>
 #include <platform/module/LoadLibrary.h>
 #include <platform/text/Arrays.h>
-#include <platform/window/Messages.h>
+#include <platform/window/base/Messages.h>
 
 namespace orvo {
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include <platform/Export.h>
-#include <platform/window/CMenu.h>
+#include <platform/window/dialogs/CMenu.h>
 
 namespace orvo {
 

@@ -6,8 +6,8 @@
 #include <contracts/ResourceScope.h>
 #include <orvoshare/integration/SoundFileDialog.h>
 #include <orvoshare/module/OrvoShareModule.h>
-#include <platform/window/PlaySound.h>
-#include <platform/window/WindowSystem.h>
+#include <platform/window/base/PlaySound.h>
+#include <platform/window/base/WindowSystem.h>
 
 namespace orvo {
 namespace {

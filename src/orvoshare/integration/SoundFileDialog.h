@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <platform/window/CBitmap.h>
-#include <platform/window/CFileDialog.h>
+#include <platform/window/dialogs/CFileDialog.h>
+#include <platform/window/pictures/CBitmap.h>
 
 namespace orvo {
 

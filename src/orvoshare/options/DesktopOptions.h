@@ -8,7 +8,7 @@
 #include <platform/Export.h>
 #include <platform/io/CObject.h>
 #include <platform/text/CString.h>
-#include <platform/window/MessageMap.h>
+#include <platform/window/base/MessageMap.h>
 
 namespace orvo {
 

@@ -1,7 +1,7 @@
 // The desktop options of the host, asked for through its main window.
 // SPDX-License-Identifier: MIT
 #include <orvoshare/options/DesktopOptionsOfMainWindow.h>
-#include <platform/window/CWnd.h>
+#include <platform/window/base/CWnd.h>
 
 namespace orvo {
 

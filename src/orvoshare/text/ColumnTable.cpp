@@ -3,7 +3,7 @@
 #include <contracts/ResourceScope.h>
 #include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/text/ColumnTable.h>
-#include <platform/window/Icon.h>
+#include <platform/window/base/Icon.h>
 
 namespace orvo {
 namespace {

@@ -6,8 +6,8 @@
 #include <contracts/ResourceScope.h>
 #include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/todo/TodoListbox.h>
-#include <platform/window/CWnd.h>
-#include <platform/window/WindowSystem.h>
+#include <platform/window/base/CWnd.h>
+#include <platform/window/base/WindowSystem.h>
 
 namespace orvo {
 namespace {

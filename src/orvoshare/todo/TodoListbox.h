@@ -8,7 +8,7 @@
 #include <contracts/ListWidget.h>
 #include <contracts/RecordStore.h>
 #include <platform/Export.h>
-#include <platform/window/Cursor.h>
+#include <platform/window/base/Cursor.h>
 
 namespace orvo {
 

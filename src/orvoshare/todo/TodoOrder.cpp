@@ -9,7 +9,7 @@
 #include <orvoshare/todo/TodoListbox.h>
 #include <platform/text/Collation.h>
 #include <platform/text/SystemLocale.h>
-#include <platform/window/ListSort.h>
+#include <platform/window/list/ListSort.h>
 
 namespace orvo {
 namespace {

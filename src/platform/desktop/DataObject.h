@@ -9,7 +9,7 @@
 
 #include <platform/Export.h>
 #include <platform/text/CString.h>
-#include <platform/window/Messages.h>
+#include <platform/window/base/Messages.h>
 
 namespace orvo {
 

@@ -4,7 +4,7 @@
 
 #include <platform/Export.h>
 #include <platform/desktop/DataObject.h>
-#include <platform/window/CWnd.h>
+#include <platform/window/base/CWnd.h>
 
 namespace orvo {
 

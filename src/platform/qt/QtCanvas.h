@@ -5,7 +5,7 @@
 
 #include <QPainter>
 
-#include <platform/window/Canvas.h>
+#include <platform/window/pictures/Canvas.h>
 
 namespace orvo {
 

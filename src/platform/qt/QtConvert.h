@@ -12,8 +12,8 @@
 #include <string_view>
 
 #include <platform/text/CString.h>
-#include <platform/window/CBitmap.h>
-#include <platform/window/ListMessages.h>
+#include <platform/window/list/ListMessages.h>
+#include <platform/window/pictures/CBitmap.h>
 
 namespace orvo {
 

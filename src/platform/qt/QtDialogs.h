@@ -6,7 +6,7 @@
 
 #include <platform/text/CString.h>
 #include <platform/time/CTime.h>
-#include <platform/window/CMenu.h>
+#include <platform/window/dialogs/CMenu.h>
 
 namespace orvo {
 

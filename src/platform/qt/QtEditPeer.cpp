@@ -15,7 +15,7 @@
 #include <platform/qt/QtEditPeer.h>
 #include <platform/qt/QtKeys.h>
 #include <platform/text/CodePage.h>
-#include <platform/window/CWnd.h>
+#include <platform/window/base/CWnd.h>
 
 namespace orvo {
 

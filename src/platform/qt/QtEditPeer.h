@@ -3,7 +3,7 @@
 #pragma once
 
 #include <platform/qt/QtPeer.h>
-#include <platform/window/EditPeer.h>
+#include <platform/window/edit/EditPeer.h>
 
 namespace orvo {
 

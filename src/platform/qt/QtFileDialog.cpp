@@ -11,8 +11,8 @@
 #include <platform/qt/QtFileDialog.h>
 #include <platform/qt/QtFileDialogRow.h>
 #include <platform/qt/QtFileIcons.h>
-#include <platform/window/CFileDialog.h>
-#include <platform/window/WindowInput.h>
+#include <platform/window/base/WindowInput.h>
+#include <platform/window/dialogs/CFileDialog.h>
 
 namespace orvo {
 namespace {

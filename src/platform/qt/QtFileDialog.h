@@ -5,7 +5,7 @@
 #include <QAbstractButton>
 
 #include <platform/qt/QtPeer.h>
-#include <platform/window/FileDialogPeer.h>
+#include <platform/window/dialogs/FileDialogPeer.h>
 
 namespace orvo {
 

@@ -7,8 +7,8 @@
 #include <functional>
 #include <map>
 
-#include <platform/window/DialogTemplate.h>
-#include <platform/window/Messages.h>
+#include <platform/window/base/Messages.h>
+#include <platform/window/dialogs/DialogTemplate.h>
 
 namespace orvo {
 

@@ -9,9 +9,9 @@
 #include <platform/qt/QtCanvas.h>
 #include <platform/qt/QtConvert.h>
 #include <platform/qt/QtHeading.h>
-#include <platform/window/CDC.h>
-#include <platform/window/CImageList.h>
-#include <platform/window/CListCtrl.h>
+#include <platform/window/list/CListCtrl.h>
+#include <platform/window/pictures/CDC.h>
+#include <platform/window/pictures/CImageList.h>
 
 namespace orvo {
 

@@ -1,7 +1,7 @@
 // Keys, buttons and characters of Qt's events as messages have them.
 // SPDX-License-Identifier: MIT
 #include <platform/qt/QtKeys.h>
-#include <platform/window/KeyInput.h>
+#include <platform/window/base/KeyInput.h>
 
 namespace orvo {
 

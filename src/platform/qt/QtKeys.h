@@ -5,7 +5,7 @@
 #include <QString>
 #include <Qt>
 
-#include <platform/window/Messages.h>
+#include <platform/window/base/Messages.h>
 
 namespace orvo {
 

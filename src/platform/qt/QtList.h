@@ -6,7 +6,7 @@
 #include <optional>
 
 #include <platform/qt/QtPeer.h>
-#include <platform/window/RowListPeer.h>
+#include <platform/window/list/RowListPeer.h>
 
 class QAbstractItemView;
 

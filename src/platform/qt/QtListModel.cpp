@@ -6,7 +6,7 @@
 #include <platform/qt/QtConvert.h>
 #include <platform/qt/QtList.h>
 #include <platform/qt/QtListModel.h>
-#include <platform/window/CImageList.h>
+#include <platform/window/pictures/CImageList.h>
 
 namespace orvo {
 

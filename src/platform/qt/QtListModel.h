@@ -6,7 +6,7 @@
 #include <QPoint>
 #include <QRect>
 
-#include <platform/window/ListPeer.h>
+#include <platform/window/list/ListPeer.h>
 
 namespace orvo {
 

@@ -9,7 +9,7 @@
 #include <platform/qt/QtConvert.h>
 #include <platform/qt/QtDrop.h>
 #include <platform/qt/QtWindowLink.h>
-#include <platform/window/WindowPeer.h>
+#include <platform/window/base/WindowPeer.h>
 
 namespace orvo {
 

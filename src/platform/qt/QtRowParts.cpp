@@ -7,7 +7,7 @@
 #include <platform/qt/QtCanvas.h>
 #include <platform/qt/QtConvert.h>
 #include <platform/qt/QtRowParts.h>
-#include <platform/window/CDC.h>
+#include <platform/window/pictures/CDC.h>
 
 namespace orvo {
 

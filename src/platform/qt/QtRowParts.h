@@ -5,7 +5,7 @@
 #include <QString>
 #include <vector>
 
-#include <platform/window/ListPeer.h>
+#include <platform/window/list/ListPeer.h>
 
 namespace orvo {
 

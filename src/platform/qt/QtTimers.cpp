@@ -5,7 +5,7 @@
 #include <limits>
 
 #include <platform/qt/QtTimers.h>
-#include <platform/window/WindowInput.h>
+#include <platform/window/base/WindowInput.h>
 
 namespace orvo {
 

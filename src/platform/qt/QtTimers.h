@@ -5,7 +5,7 @@
 #include <QObject>
 #include <vector>
 
-#include <platform/window/Messages.h>
+#include <platform/window/base/Messages.h>
 
 namespace orvo {
 

@@ -8,10 +8,10 @@
 #include <platform/qt/QtConvert.h>
 #include <platform/qt/QtKeys.h>
 #include <platform/qt/QtWindowLink.h>
-#include <platform/window/CDC.h>
-#include <platform/window/CWnd.h>
-#include <platform/window/KeyInput.h>
-#include <platform/window/WindowInput.h>
+#include <platform/window/base/CWnd.h>
+#include <platform/window/base/KeyInput.h>
+#include <platform/window/base/WindowInput.h>
+#include <platform/window/pictures/CDC.h>
 
 namespace orvo {
 

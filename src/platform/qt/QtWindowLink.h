@@ -11,7 +11,7 @@
 #include <set>
 #include <vector>
 
-#include <platform/window/WindowPeer.h>
+#include <platform/window/base/WindowPeer.h>
 
 namespace orvo {
 

@@ -5,7 +5,7 @@
 #include <QResizeEvent>
 
 #include <platform/qt/QtWindowPeer.h>
-#include <platform/window/CWnd.h>
+#include <platform/window/base/CWnd.h>
 
 namespace orvo {
 

@@ -15,9 +15,9 @@
 #include <platform/qt/QtListPeer.h>
 #include <platform/qt/QtWindowPeer.h>
 #include <platform/qt/QtWindowSystem.h>
-#include <platform/window/CWnd.h>
-#include <platform/window/Contrast.h>
-#include <platform/window/WindowInput.h>
+#include <platform/window/base/CWnd.h>
+#include <platform/window/base/WindowInput.h>
+#include <platform/window/pictures/Contrast.h>
 
 namespace orvo {
 

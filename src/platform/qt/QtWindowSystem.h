@@ -10,7 +10,7 @@
 #include <platform/qt/QtSound.h>
 #include <platform/qt/QtTimers.h>
 #include <platform/qt/QtWindowLink.h>
-#include <platform/window/WindowSystem.h>
+#include <platform/window/base/WindowSystem.h>
 
 namespace orvo {
 

@@ -5,8 +5,8 @@
 #include <string>
 
 #include <platform/ipc/FileMapping.h>
-#include <platform/window/CWnd.h>
-#include <platform/window/ForeignWindow.h>
+#include <platform/window/base/CWnd.h>
+#include <platform/window/base/ForeignWindow.h>
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <contract/StoreFolder.h>
-#include <desktop/StoreSession.h>
+#include <desktop/store/StoreSession.h>
 
 #include "HistoryFixture.h"
 

@@ -5,8 +5,8 @@
 #include <QTableView>
 
 #include <contract/StoreFolder.h>
-#include <desktop/StoreSession.h>
 #include <desktop/import/DuplicatesDialog.h>
+#include <desktop/store/StoreSession.h>
 
 #include "../forms/FormFixture.h"
 

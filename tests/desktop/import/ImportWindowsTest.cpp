@@ -8,9 +8,9 @@
 #include <fstream>
 
 #include <contract/StoreFolder.h>
-#include <desktop/StoreSession.h>
 #include <desktop/import/ImportProgress.h>
 #include <desktop/import/ImportReportDialog.h>
+#include <desktop/store/StoreSession.h>
 
 #include "../forms/FormFixture.h"
 

@@ -9,7 +9,7 @@
 #include <desktop/import/AddressRows.h>
 #include <desktop/import/Duplicates.h>
 #include <desktop/import/MergeAddresses.h>
-#include <exchange/ExportFile.h>
+#include <exchange/files/ExportFile.h>
 #include <libraries/quire/MemoryEngine.h>
 
 namespace orvo::desktop {

@@ -9,7 +9,7 @@
 
 #include <gtest/gtest.h>
 
-#include <desktop/DesktopWindow.h>
+#include <desktop/window/DesktopWindow.h>
 
 namespace orvo::desktop {
 namespace {

@@ -7,7 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <desktop/NameChanges.h>
+#include <desktop/store/NameChanges.h>
 
 namespace orvo::desktop {
 namespace {

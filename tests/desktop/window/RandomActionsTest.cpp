@@ -9,10 +9,10 @@
 
 #include <gtest/gtest.h>
 
-#include <desktop/Texts.h>
+#include <desktop/texts/Texts.h>
 #include <libraries/quire/SqliteEngine.h>
 #include <orvoshare/addressviews/AddrCompare.h>
-#include <platform/window/ListPeer.h>
+#include <platform/window/list/ListPeer.h>
 
 #include "RandomUser.h"
 

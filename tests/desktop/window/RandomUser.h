@@ -6,7 +6,7 @@
 #include <random>
 #include <string>
 
-#include <desktop/DesktopWindow.h>
+#include <desktop/window/DesktopWindow.h>
 
 namespace orvo::desktop {
 

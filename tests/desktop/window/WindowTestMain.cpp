@@ -8,7 +8,7 @@
 #include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/resources/StringTable.h>
 #include <platform/qt/QtWindowSystem.h>
-#include <platform/window/CWnd.h>
+#include <platform/window/base/CWnd.h>
 
 int main(int argc, char** argv) {
     using namespace orvo;

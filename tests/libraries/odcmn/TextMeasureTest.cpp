@@ -4,8 +4,8 @@
 
 #include <contracts/TextMeasure.h>
 #include <platform/text/SystemText.h>
-#include <platform/window/CDC.h>
-#include <platform/window/RecordingCanvas.h>
+#include <platform/window/pictures/CDC.h>
+#include <platform/window/pictures/RecordingCanvas.h>
 #include <support/CodePages.h>
 #include <support/LocaleInForce.h>
 

@@ -10,8 +10,8 @@
 #include <gtest/gtest.h>
 
 #include <contracts/CardWidget.h>
-#include <platform/window/MemoryListPeer.h>
 #include <platform/window/WindowFixture.h>
+#include <platform/window/memory/MemoryListPeer.h>
 
 namespace orvo {
 

@@ -6,8 +6,8 @@
 #include <gmock/gmock.h>
 
 #include <contracts/ListWidget.h>
-#include <platform/window/RecordingCanvas.h>
 #include <platform/window/WindowFixture.h>
+#include <platform/window/pictures/RecordingCanvas.h>
 
 namespace orvo {
 

@@ -7,8 +7,8 @@
 #include <orvoshare/addressviews/LookupEdit.h>
 #include <platform/text/CodePage.h>
 #include <platform/text/SystemText.h>
-#include <platform/window/MemoryListPeer.h>
 #include <platform/window/WindowFixture.h>
+#include <platform/window/memory/MemoryListPeer.h>
 #include <support/AddressFixture.h>
 #include <support/LocaleInForce.h>
 

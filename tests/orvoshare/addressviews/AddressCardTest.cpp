@@ -3,7 +3,7 @@
 #include <contracts/Profile.h>
 #include <orvoshare/addressviews/ViewFixture.h>
 #include <platform/settings/SettingsFixture.h>
-#include <platform/window/WindowInput.h>
+#include <platform/window/base/WindowInput.h>
 #include <support/OwnerWindow.h>
 
 namespace orvo {

@@ -1,7 +1,7 @@
 // The lookup box: its states, by the messages that a user causes.
 // SPDX-License-Identifier: MIT
 #include <orvoshare/addressviews/ViewFixture.h>
-#include <platform/window/WindowInput.h>
+#include <platform/window/base/WindowInput.h>
 
 namespace orvo {
 namespace {

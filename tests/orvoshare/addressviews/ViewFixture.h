@@ -11,8 +11,8 @@
 #include <orvoshare/addressviews/DetailViewAddrCard.h>
 #include <orvoshare/addressviews/LookupEdit.h>
 #include <platform/text/SystemText.h>
-#include <platform/window/MemoryListPeer.h>
 #include <platform/window/WindowFixture.h>
+#include <platform/window/memory/MemoryListPeer.h>
 #include <support/AddressFixture.h>
 #include <support/CodePages.h>
 #include <support/LocaleInForce.h>

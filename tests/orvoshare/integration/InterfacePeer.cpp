@@ -4,7 +4,7 @@
 
 #include <orvoshare/integration/InterfaceTransfer.h>
 #include <platform/com/Counter.h>
-#include <platform/window/CWnd.h>
+#include <platform/window/base/CWnd.h>
 #include <support/ServedWindow.h>
 
 #include "PeerMessages.h"

@@ -3,7 +3,7 @@
 #pragma once
 
 #include <orvoshare/options/DesktopOptionsOfMainWindow.h>
-#include <platform/window/CWnd.h>
+#include <platform/window/base/CWnd.h>
 
 namespace orvo {
 

@@ -6,10 +6,10 @@
 #include <orvoshare/resources/ResourceTable.h>
 #include <orvoshare/resources/StringTable.h>
 #include <platform/module/ResourceHandle.h>
-#include <platform/window/CMenu.h>
-#include <platform/window/Cursor.h>
-#include <platform/window/DialogTemplate.h>
-#include <platform/window/Icon.h>
+#include <platform/window/base/Cursor.h>
+#include <platform/window/base/Icon.h>
+#include <platform/window/dialogs/CMenu.h>
+#include <platform/window/dialogs/DialogTemplate.h>
 #include <support/LocaleInForce.h>
 
 namespace orvo {

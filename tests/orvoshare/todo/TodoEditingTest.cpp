@@ -1,7 +1,7 @@
 // Clicks on a list of to-dos: what they change, and what the owner is told.
 // SPDX-License-Identifier: MIT
 #include <orvoshare/todo/TodoFixture.h>
-#include <platform/window/WindowInput.h>
+#include <platform/window/base/WindowInput.h>
 
 namespace orvo {
 namespace {

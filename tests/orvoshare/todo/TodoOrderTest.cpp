@@ -5,7 +5,7 @@
 
 #include <orvoshare/todo/TodoFixture.h>
 #include <platform/text/Collation.h>
-#include <platform/window/ListSort.h>
+#include <platform/window/list/ListSort.h>
 
 namespace orvo {
 namespace {

@@ -8,7 +8,7 @@
 #include <functional>
 
 #include <platform/qt/QtFixture.h>
-#include <platform/window/CMenu.h>
+#include <platform/window/dialogs/CMenu.h>
 
 namespace orvo {
 

@@ -13,7 +13,7 @@
 #include <gmock/gmock.h>
 
 #include <platform/qt/QtFixture.h>
-#include <platform/window/CEdit.h>
+#include <platform/window/edit/CEdit.h>
 #include <support/CodePages.h>
 #include <support/LocaleInForce.h>
 

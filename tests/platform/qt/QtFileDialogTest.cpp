@@ -7,7 +7,7 @@
 #include <gmock/gmock.h>
 
 #include <platform/qt/FileDialogHands.h>
-#include <platform/window/CFileDialog.h>
+#include <platform/window/dialogs/CFileDialog.h>
 #include <support/CodePages.h>
 #include <support/LocaleInForce.h>
 

@@ -12,7 +12,7 @@
 
 #include <platform/qt/QtConvert.h>
 #include <platform/qt/QtWindowSystem.h>
-#include <platform/window/CWnd.h>
+#include <platform/window/base/CWnd.h>
 #include <support/Patience.h>
 
 namespace orvo {

@@ -9,7 +9,7 @@
 #include <gmock/gmock.h>
 
 #include <platform/qt/QtFixture.h>
-#include <platform/window/CListCtrl.h>
+#include <platform/window/list/CListCtrl.h>
 
 namespace orvo {
 

@@ -8,7 +8,7 @@
 #include <gmock/gmock.h>
 
 #include <platform/qt/QtFixture.h>
-#include <platform/window/CDC.h>
+#include <platform/window/pictures/CDC.h>
 #include <support/CodePages.h>
 #include <support/LocaleInForce.h>
 #include <support/Patience.h>

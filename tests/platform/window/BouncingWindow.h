@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <platform/window/CWnd.h>
-#include <platform/window/ForeignWindow.h>
+#include <platform/window/base/CWnd.h>
+#include <platform/window/base/ForeignWindow.h>
 
 namespace orvo {
 

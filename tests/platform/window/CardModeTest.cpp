@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <gmock/gmock.h>
 
-#include <platform/window/ListInput.h>
-#include <platform/window/MemoryListPeer.h>
+#include <platform/window/list/ListInput.h>
+#include <platform/window/memory/MemoryListPeer.h>
 
 namespace orvo {
 

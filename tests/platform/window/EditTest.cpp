@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <platform/text/SystemText.h>
-#include <platform/window/CEdit.h>
-#include <platform/window/MemoryEditPeer.h>
 #include <platform/window/WindowFixture.h>
+#include <platform/window/edit/CEdit.h>
+#include <platform/window/memory/MemoryEditPeer.h>
 #include <support/CodePages.h>
 #include <support/LocaleInForce.h>
 

@@ -3,9 +3,9 @@
 #include <gmock/gmock.h>
 
 #include <platform/io/TempFolder.h>
-#include <platform/window/CFileDialog.h>
-#include <platform/window/PlaySound.h>
 #include <platform/window/WindowFixture.h>
+#include <platform/window/base/PlaySound.h>
+#include <platform/window/dialogs/CFileDialog.h>
 #include <support/CodePages.h>
 #include <support/LocaleInForce.h>
 

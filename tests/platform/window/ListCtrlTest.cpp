@@ -5,10 +5,10 @@
 
 #include <gmock/gmock.h>
 
-#include <platform/window/ListSort.h>
-#include <platform/window/MemoryListPeer.h>
 #include <platform/window/NotingList.h>
 #include <platform/window/WindowFixture.h>
+#include <platform/window/list/ListSort.h>
+#include <platform/window/memory/MemoryListPeer.h>
 
 namespace orvo {
 

@@ -6,9 +6,9 @@
 #include <gtest/gtest.h>
 
 #include <contract/PeerSystem.h>
-#include <platform/window/MemoryListPeer.h>
-#include <platform/window/MemoryWindowSystem.h>
-#include <platform/window/RowSelection.h>
+#include <platform/window/list/RowSelection.h>
+#include <platform/window/memory/MemoryListPeer.h>
+#include <platform/window/memory/MemoryWindowSystem.h>
 
 namespace orvo {
 

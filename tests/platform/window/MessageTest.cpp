@@ -4,7 +4,7 @@
 
 #include <platform/window/NotingList.h>
 #include <platform/window/WindowFixture.h>
-#include <platform/window/WindowInput.h>
+#include <platform/window/base/WindowInput.h>
 
 namespace orvo {
 

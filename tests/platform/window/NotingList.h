@@ -8,8 +8,8 @@
 #include <gtest/gtest.h>
 
 #include <platform/text/MultiByte.h>
-#include <platform/window/CDC.h>
-#include <platform/window/CListCtrl.h>
+#include <platform/window/list/CListCtrl.h>
+#include <platform/window/pictures/CDC.h>
 
 namespace orvo {
 

@@ -3,10 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <platform/module/ResourceHandle.h>
-#include <platform/window/CMenu.h>
-#include <platform/window/Cursor.h>
-#include <platform/window/DialogTemplate.h>
-#include <platform/window/Icon.h>
+#include <platform/window/base/Cursor.h>
+#include <platform/window/base/Icon.h>
+#include <platform/window/dialogs/CMenu.h>
+#include <platform/window/dialogs/DialogTemplate.h>
 #include <support/LocaleInForce.h>
 
 namespace orvo {

@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include <platform/window/CWnd.h>
-#include <platform/window/MemoryWindowSystem.h>
+#include <platform/window/base/CWnd.h>
+#include <platform/window/memory/MemoryWindowSystem.h>
 
 namespace orvo {
 

@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
-#include <platform/window/CDC.h>
-#include <platform/window/CMenu.h>
-#include <platform/window/CWnd.h>
-#include <platform/window/MemoryWindowPeer.h>
 #include <platform/window/WindowFixture.h>
-#include <platform/window/WindowInput.h>
+#include <platform/window/base/CWnd.h>
+#include <platform/window/base/WindowInput.h>
+#include <platform/window/dialogs/CMenu.h>
+#include <platform/window/memory/MemoryWindowPeer.h>
+#include <platform/window/pictures/CDC.h>
 
 namespace orvo {
 

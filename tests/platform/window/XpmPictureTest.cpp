@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include <platform/window/XpmPicture.h>
+#include <platform/window/pictures/XpmPicture.h>
 
 namespace orvo {
 namespace {

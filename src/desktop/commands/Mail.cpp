@@ -1,0 +1,98 @@
+// Mail to people of the list, and their cards by mail.
+// SPDX-License-Identifier: MIT
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <desktop/commands/Mail.h>
+#include <desktop/texts/Texts.h>
+#include <exchange/files/ExportFile.h>
+#include <host/MailReason.h>
+#include <orvoshare/integration/MapiMailer.h>
+#include <platform/io/FileName.h>
+#include <platform/qt/QtConvert.h>
+#include <platform/text/SystemText.h>
+
+namespace orvo::desktop {
+namespace {
+
+// By this name the file lies on the disk for a moment; in the message it has another one, so that
+// the mail library keeps a copy of its own as long as the mail program may want it.
+constexpr const char* kFileName = "attachment.vcf";
+
+CString MailAddressOf(const CAddressRecord& record) {
+    for (long slot = 1; slot <= 5; ++slot) {
+        CString text;
+        record.GetPhone(slot, text);
+        if (text.View().find('@') != std::string_view::npos) return text;
+    }
+    return {};
+}
+
+QString Refusal(unsigned long code) {
+    if (code == SUCCESS_SUCCESS) return {};
+    return Text("The mail can't be written: %1").arg(Text(MailReason(code)));
+}
+
+QString NoLibrary() {
+    const std::string untrusted = WhyNotLoaded(kMailLibrary);
+    if (!untrusted.empty()) {
+        return Text("The mail library isn't loaded: %1").arg(FromUtf8(untrusted));
+    }
+    return Text("The mail library MAPI32.DLL isn't installed.");
+}
+
+bool WriteCards(const std::vector<CAddressRecord*>& records, CAddressTable& table,
+                const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly)) return false;
+    for (CAddressRecord* record : records) {
+        std::string card = ExportCard(*record, table);
+        if (!card.ends_with('\n')) card += "\r\n";
+        if (file.write(card.data(), static_cast<qint64>(card.size())) < 0) return false;
+    }
+    return file.flush();
+}
+
+// Of one record its name, so that the receiver knows whose card it is.
+CString AttachmentName(const std::vector<CAddressRecord*>& records) {
+    CString name;
+    if (records.size() == 1) {
+        records.front()->GetName(name);
+        if (name.IsEmpty()) records.front()->GetCompany(name);
+    }
+    if (name.IsEmpty()) name = FromQt(Text("Addresses"));
+    return SystemText(PlainFileName(ToUtf8(name)) + ".vcf");
+}
+
+}  // namespace
+
+QString SendMailTo(const std::vector<CAddressRecord*>& records) {
+    std::vector<CEmailAddress> recipients;
+    for (const CAddressRecord* record : records) {
+        const CString address = MailAddressOf(*record);
+        if (!address.IsEmpty()) recipients.emplace_back("", address);
+    }
+    if (recipients.empty()) return Text("None of the selected entries has a mail address.");
+    CMapiMailer mailer;
+    if (!mailer.Initialize()) return NoLibrary();
+    return Refusal(mailer.SendMailWithUI(nullptr, nullptr, recipients.size(), recipients.data()));
+}
+
+QString SendAsCards(const std::vector<CAddressRecord*>& records, CAddressTable& table) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(kFileName);
+    try {
+        if (!folder.isValid() || !WriteCards(records, table, path)) {
+            return Text("The cards can't be written to %1.").arg(path);
+        }
+    } catch (const ExchangeError& error) {
+        return FromUtf8(error.what());
+    }
+    CMapiMailer mailer;
+    if (!mailer.Initialize()) return NoLibrary();
+    const CString name = AttachmentName(records);
+    return Refusal(
+        mailer.SendMailAttachmentWithUI(nullptr, 0, nullptr, nullptr, nullptr, FromQt(path), name));
+}
+
+}  // namespace orvo::desktop

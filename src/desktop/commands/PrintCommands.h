@@ -1,0 +1,24 @@
+// The commands by which the user prints what the view shows.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QMainWindow>
+#include <string>
+
+#include <desktop/views/ViewFrame.h>
+
+namespace orvo::desktop {
+
+// Each asks the user, does it with a progress that he can cancel, and tells what went wrong.
+void PrintView(QMainWindow& window, ViewFrame& frame);
+void PreviewView(QMainWindow& window, ViewFrame& frame);
+void SaveViewAsPdf(QMainWindow& window, ViewFrame& frame);
+
+// Paper, orientation and margins of all that is printed from now on.
+void SetUpPages(QWidget& window);
+
+// Writes all rows of the view into a PDF file, and asks nothing. Hidden entries are left out.
+// Gives:  what went wrong, in one line; empty where nothing did.
+std::string WriteViewAsPdf(ViewFrame& frame, const std::string& file);
+
+}  // namespace orvo::desktop

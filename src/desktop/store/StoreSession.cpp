@@ -1,0 +1,138 @@
+// The store that a window shows.
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+
+#include <fmt/format.h>
+
+#include <desktop/store/StoreSession.h>
+#include <desktop/texts/Texts.h>
+#include <exchange/files/ImportFile.h>
+#include <libraries/quire/UserStore.h>
+#include <platform/text/SystemText.h>
+
+namespace orvo::desktop {
+namespace {
+
+// So long a program that writes to the store is waited for.
+constexpr std::chrono::milliseconds kPatience{2000};
+
+}  // namespace
+
+std::unique_ptr<StoreSession> StoreSession::Open(const std::string& path, std::string& error,
+                                                 StoreFault* fault) {
+    std::unique_ptr<SqliteEngine> engine = OpenUserStore(path, error, fault);
+    if (!engine) return nullptr;
+    return std::unique_ptr<StoreSession>(new StoreSession(std::move(engine)));
+}
+
+StoreSession::StoreSession(std::unique_ptr<SqliteEngine> engine)
+    : m_engine(std::move(engine)),
+      m_history(*m_engine),
+      m_addresses(m_history.Engine()),
+      m_toDos(m_history.Engine()) {
+    NoteDamage(m_addresses.TextsFailure());
+    NoteDamage(m_toDos.TextsFailure());
+}
+
+bool StoreSession::Claim(std::string& error) {
+    m_claim.emplace(m_engine->Name(), kDesktopOwner, kPatience);
+    if (m_claim->Access() != DataSetAccess::Refused) return true;
+    error = fmt::format("{}: {} has this store open; try again later", m_engine->Name(),
+                        ToUtf8(m_claim->Holder()));
+    return false;
+}
+
+ImportResult StoreSession::Import(const std::vector<std::string>& files,
+                                  const FileProgress& progress) {
+    const EditHistory::Step step(m_history, Text("Import").toStdString());
+    ImportResult result;
+    try {
+        ImportAll(files, progress, result);
+    } catch (const ExchangeError& error) {
+        result = {};
+        result.failure = error.what();
+        result.isCancelled = dynamic_cast<const ImportCancelled*>(&error) != nullptr;
+        // Of what was taken back nothing may stay in memory.
+        m_addresses.RefreshTexts();
+        m_toDos.RefreshTexts();
+    }
+    return result;
+}
+
+void StoreSession::ImportAll(const std::vector<std::string>& files, const FileProgress& progress,
+                             ImportResult& result) {
+    StoreEngine& engine = m_history.Engine();
+    const auto check = [&engine](auto status) {
+        if (static_cast<long>(status) != 0) throw ExchangeError(engine.LastError());
+    };
+    StoreTransaction transaction(engine);
+    check(transaction.Status());
+    check(m_addresses.RefreshTexts());
+    check(m_toDos.RefreshTexts());
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        ImportProgress tell;
+        if (progress) {
+            tell = [&](std::size_t done, std::size_t total) { return progress(i, done, total); };
+        }
+        const ImportReport report = ImportFile(files[i], m_addresses, m_toDos, tell);
+        result.addresses += report.addresses;
+        result.toDos += report.toDos;
+        if (result.firstAddress == 0) result.firstAddress = report.firstAddress;
+        if (report.lastAddress != 0) result.lastAddress = report.lastAddress;
+        for (const SkippedEntry& entry : report.skipped) {
+            result.skipped.push_back({files[i], entry.line, entry.reason});
+        }
+    }
+    check(transaction.Commit());
+}
+
+std::string StoreSession::Change(const std::string& name, const std::function<long()>& change) {
+    const EditHistory::Step step(m_history, name);
+    std::string reason;
+    {
+        StoreTransaction transaction(m_history.Engine());
+        if (transaction.Status() == StoreStatus::Ok && change() == 0 &&
+            transaction.Commit() == StoreStatus::Ok) {
+            return {};
+        }
+        reason = m_history.Engine().LastError();
+    }
+    if (reason.empty()) reason = fmt::format("{}: the change was refused", m_engine->Name());
+    return Refreshed(std::move(reason));
+}
+
+std::string StoreSession::Undo() {
+    return Refreshed(m_history.Undo());
+}
+
+std::string StoreSession::Redo() {
+    return Refreshed(m_history.Redo());
+}
+
+std::string StoreSession::Refreshed(std::string result) {
+    m_addresses.RefreshTexts();
+    m_toDos.RefreshTexts();
+    return result;
+}
+
+void StoreSession::SetFailureListener(const std::function<void(const std::string&)>& listener) {
+    const auto tell = [this, listener](const std::string& reason, bool isOver) {
+        if (!isOver) NoteDamage(reason);
+        listener(reason);
+    };
+    m_addresses.SetFailureListener(tell);
+    m_toDos.SetFailureListener(tell);
+}
+
+// Each view that is filled meets it again.
+void StoreSession::NoteDamage(const std::string& damage) {
+    const bool isKnown = std::find(m_damage.begin(), m_damage.end(), damage) != m_damage.end();
+    if (!damage.empty() && !isKnown) m_damage.push_back(damage);
+}
+
+bool StoreSession::TakeForeignChange() {
+    const bool changesAddresses = m_addresses.TakeForeignChange();
+    return m_toDos.TakeForeignChange() || changesAddresses;
+}
+
+}  // namespace orvo::desktop

@@ -1,0 +1,59 @@
+// Storing the to-dos of a calendar as records.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <contracts/RecordStore.h>
+#include <exchange/calendar/CalendarClock.h>
+#include <exchange/cards/TableTexts.h>
+#include <exchange/lines/EntryReader.h>
+#include <exchange/lines/ProgressMeter.h>
+
+namespace orvo {
+
+// Takes the entries of a calendar one after the other. To-dos wait until the calendar is over, as
+// its version and its zones may stand after them. The text that was read must outlive it.
+class CalendarReader {
+public:
+    // `fileCharset` is the legacy set of the file, empty where it has none. The meter is told of
+    // the to-dos that are stored.
+    CalendarReader(CToDoTable& table, ImportReport& report, std::string_view fileCharset,
+                   ProgressMeter& meter);
+
+    void Take(const Entry& entry);
+    // Stores the to-dos that wait.
+    // Fails:  ExchangeError where the store refuses to write.
+    void Finish();
+    bool IsWaiting() const { return !m_waiting.empty(); }
+
+private:
+    struct WaitingToDo {
+        std::string_view source;
+        std::size_t number;
+    };
+
+    void Store(const Entry& toDo, Dialect dialect);
+    // The opening of its calendar, where it has one, and the zones that the to-do names.
+    std::vector<SharedText> SharedOf(const Entry& toDo) const;
+    void TakeZone(std::string_view source);
+    void Skip(const Entry& entry);
+
+    CToDoTable& m_table;
+    ImportReport& m_report;
+    ProgressMeter& m_meter;
+    CategoryNames m_categories;
+    std::string m_fileCharset;
+    CalendarClock m_clock;
+    std::string m_version;
+    std::string m_zoneLine;  // the TZ of the calendar
+    std::vector<WaitingToDo> m_waiting;
+    std::map<std::string, SharedText, std::less<>> m_zones;  // by TZID
+    std::optional<SharedText> m_opening;                     // of a calendar of vCalendar
+};
+
+}  // namespace orvo

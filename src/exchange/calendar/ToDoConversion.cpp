@@ -1,0 +1,142 @@
+// The lines of a to-do that both calendar formats have, carried from one to the other.
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <optional>
+
+#include <exchange/calendar/ToDoConversion.h>
+#include <platform/time/TimeZone.h>
+
+namespace orvo {
+namespace {
+
+enum class Content { Text, List, Date, AsItIs };
+
+struct SharedRule {
+    std::string_view oldName;  // of vCalendar
+    std::string_view name;
+    Content content;
+};
+constexpr std::array<SharedRule, 12> kShared{{{"UID", "UID", Content::Text},
+                                              {"DCREATED", "CREATED", Content::Date},
+                                              {"LAST-MODIFIED", "LAST-MODIFIED", Content::Date},
+                                              {"DTSTART", "DTSTART", Content::Date},
+                                              {"PRIORITY", "PRIORITY", Content::AsItIs},
+                                              {"LOCATION", "LOCATION", Content::Text},
+                                              {"URL", "URL", Content::AsItIs},
+                                              {"ATTACH", "ATTACH", Content::AsItIs},
+                                              {"RELATED-TO", "RELATED-TO", Content::Text},
+                                              {"CONTACT", "CONTACT", Content::Text},
+                                              {"COMMENT", "COMMENT", Content::Text},
+                                              {"RESOURCES", "RESOURCES", Content::List}}};
+
+class Converter {
+public:
+    Converter(const ToDoSource& source, std::string_view charset, Dialect dialect,
+              CalendarClock& clock)
+        : m_source(source),
+          m_dialect(dialect),
+          m_clock(clock),
+          m_decoder(source.toDo.lines, charset) {}
+
+    std::string Run() {
+        std::string text;
+        for (const ContentLine& line : m_source.toDo.lines) {
+            if (const auto rule = RuleOf(line)) text += Convert(line, *rule);
+        }
+        return text;
+    }
+
+private:
+    std::optional<SharedRule> RuleOf(const ContentLine& line) const {
+        const bool wasOld = m_source.dialect == Dialect::Calendar10;
+        for (const SharedRule& rule : kShared) {
+            if (EqualsIgnoringCase(line.name, wasOld ? rule.oldName : rule.name)) return rule;
+        }
+        const bool isOwn = StartsIgnoringCase(line.name, "X-") &&
+                           !EqualsIgnoringCase(line.name, NameOf(ToDoProperty::Archived));
+        if (!isOwn) return std::nullopt;
+        return SharedRule{line.name, line.name, Content::AsItIs};
+    }
+
+    std::string Convert(const ContentLine& line, const SharedRule& rule) {
+        const bool isOld = m_dialect == Dialect::Calendar10;
+        const bool isBinary = EncodingOf(line.parameters) == TransferEncoding::Base64;
+        const bool isDate = rule.content == Content::Date;
+        std::string head(isOld ? rule.oldName : rule.name);
+        ParameterWalk walk(line.parameters);
+        Parameter parameter;
+        while (walk.Next(parameter)) {
+            const bool isForm = EqualsIgnoringCase(parameter.name, "VALUE") ||
+                                EqualsIgnoringCase(parameter.name, "TZID");
+            if (parameter.source.empty() || TellsEncoding(parameter)) continue;
+            if (isForm && (isDate || isBinary)) continue;
+            const bool needsName = parameter.name.empty() && !isOld;
+            head.append(needsName ? ";TYPE=" : ";").append(parameter.source);
+        }
+        if (isBinary) {
+            head += isOld ? ";ENCODING=BASE64" : ";ENCODING=BASE64;VALUE=BINARY";
+            std::string value(line.value);
+            std::erase_if(value, [](char c) { return c == ' ' || c == '\t'; });
+            return FormatLine(head, value, m_dialect, "\r\n");
+        }
+        const std::string value = isDate ? DateOf(line, head) : ValueOf(line, rule.content);
+        return FormatLine(head, value, m_dialect, "\r\n");
+    }
+
+    std::string ValueOf(const ContentLine& line, Content content) {
+        std::string storage;
+        const std::string_view value = m_decoder.Decode(line, storage);
+        if (content == Content::AsItIs) return std::string(value);
+        const bool isOld = m_dialect == Dialect::Calendar10;
+        const std::string_view dividers =
+            content == Content::Text ? "" : CategoryDividers(m_source.dialect);
+        std::string result;
+        std::string text;
+        std::string_view part;
+        for (PartWalk walk(value, dividers); walk.Next(part);) {
+            if (content == Content::Text) {
+                Unescape(part, m_source.dialect, text);
+                return Escape(text, m_dialect);
+            }
+            Unescape(part, Dialect::Calendar20, text);
+            if (!result.empty()) result += isOld ? ';' : ',';
+            result += Escape(text, Dialect::Calendar20);
+        }
+        return result;
+    }
+
+    std::string DateOf(const ContentLine& line, std::string& head) {
+        const std::optional<CalendarDate> read = m_clock.Read(line);
+        if (!read) return std::string(Trimmed(line.value));
+        const bool isOld = m_dialect == Dialect::Calendar10;
+        CalendarDate date = *read;
+        const bool wasInZone = m_source.dialect == Dialect::Calendar10 &&
+                               !m_source.timeZones.empty() &&
+                               date.form == CalendarDate::Form::Floating;
+        if (date.form == CalendarDate::Form::Zoned || wasInZone) {
+            date.form = CalendarDate::Form::Utc;
+        } else if (date.form == CalendarDate::Form::Day && isOld) {
+            // vCalendar has no days; this one begins at midnight.
+            std::string day = m_clock.Format(date.moment, date);
+            return day.append("T000000");
+        } else if (date.form == CalendarDate::Form::Day) {
+            head += ";VALUE=DATE";
+        }
+        return m_clock.Format(date.moment, date);
+    }
+
+    const ToDoSource& m_source;
+    Dialect m_dialect;
+    CalendarClock& m_clock;
+    ValueDecoder m_decoder;
+};
+
+}  // namespace
+
+std::string ConvertLines(const ToDoSource& source, std::string_view charset, Dialect dialect,
+                         CalendarClock& clock) {
+    clock.SetZones(source.timeZones);
+    return Converter(source, charset, dialect, clock).Run();
+}
+
+}  // namespace orvo

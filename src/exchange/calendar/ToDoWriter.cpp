@@ -1,0 +1,154 @@
+// Writing a to-do record as a VTODO, and the calendar around them.
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <functional>
+#include <random>
+
+#include <fmt/core.h>
+
+#include <exchange/calendar/ToDoConversion.h>
+#include <exchange/calendar/ToDoEdits.h>
+#include <exchange/calendar/ToDoWriter.h>
+#include <exchange/lines/ExchangeError.h>
+#include <exchange/lines/LossText.h>
+#include <platform/time/CTime.h>
+
+namespace orvo {
+namespace {
+
+// The origin of a record that came from no file: its source holds nothing but its UID.
+constexpr std::string_view kOnlyExported = "exported";
+
+std::string SourceWithNewUid() {
+    std::random_device random;
+    return fmt::format("BEGIN:VTODO\r\nUID:orvo-{:08x}{:08x}{:08x}{:08x}\r\nEND:VTODO\r\n",
+                       random(), random(), random(), random());
+}
+
+bool HasUid(std::string_view lines) {
+    ContentLineReader reader(lines);
+    ContentLine line;
+    while (reader.Next(line)) {
+        if (EqualsIgnoringCase(line.name, "UID")) return true;
+    }
+    return false;
+}
+
+// The lines that a fresh to-do begins with, those of another format that it keeps among them.
+std::string FreshToDo(const CToDoRecord& record, const ToDoSource* other, std::string_view charset,
+                      Dialect dialect, CalendarClock& clock) {
+    const std::string kept = other ? ConvertLines(*other, charset, dialect, clock) : std::string();
+    std::string text = "BEGIN:VTODO\r\n";
+    if (!HasUid(kept)) {
+        // The same at each export of what was once imported without one.
+        const std::size_t hash = std::hash<std::string_view>()(other ? other->toDo.source : "");
+        const std::string uid = fmt::format("orvo-{}-{:016x}", record.GetId(), hash);
+        text += FormatLine("UID", uid, dialect, "\r\n");
+    }
+    if (dialect == Dialect::Calendar20) {
+        const std::string now =
+            clock.Format(CTime::GetCurrentTime().GetTime(), {0, CalendarDate::Form::Utc, {}});
+        text += FormatLine("DTSTAMP", now, dialect, "\r\n");
+    }
+    return text + kept + "END:VTODO\r\n";
+}
+
+}  // namespace
+
+ToDoWriter::ToDoWriter(CToDoTable& table, Dialect dialect)
+    : m_table(table), m_dialect(dialect), m_categories(*table.GetCategoryManager()) {}
+
+Origin ToDoWriter::OriginHere(const ToDoFields& fields) {
+    Origin origin;
+    m_categories.Find(fields.categories, origin);
+    origin.due = CivilOfRecordDate(fields.dueDate);
+    origin.completed = CivilOfRecordDate(fields.completionDate);
+    return origin;
+}
+
+ToDoWriter::Written ToDoWriter::Write(const CToDoRecord& record, std::string* loss) {
+    ToDoParts parts;
+    std::string originText;
+    ToDoValues now;
+    const bool isWhole = now.Read(record);
+    if (!isWhole || record.GetSourceParts(parts.shared, parts.rest) != 0 ||
+        record.GetOrigin(originText) != 0) {
+        const std::string reason = m_table.LastError();
+        if (!loss) throw ExchangeError("a to-do can't be read from the store: " + reason);
+        *loss = LossText("to-do", record, reason);
+        parts = {};
+        originText.clear();
+    }
+    if (parts.rest.empty()) {
+        parts = {{}, SourceWithNewUid()};
+        originText = kOnlyExported;
+        // Where the store can't be written, the export goes on; the next one gives another UID.
+        CToDoRecord stored(m_table);
+        const bool isKept = (!loss || loss->empty()) && m_table.Find(record.GetId(), stored) == 0;
+        if (isKept) stored.SetSource(parts.rest, originText);
+    }
+    EntryReader reader(parts.rest);
+    ToDoSource source;
+    const bool hasSource = ReadToDoSource(parts, reader, source);
+    const bool isFresh = !hasSource || source.dialect != m_dialect || originText == kOnlyExported;
+    std::optional<Origin> origin = ParseOrigin(originText);
+    std::string charset = origin ? origin->charset : std::string();
+    const std::string freshText =
+        isFresh ? FreshToDo(record, hasSource ? &source : nullptr, charset, m_dialect, m_clock)
+                : "";
+    EntryReader freshReader(freshText);
+    Written written;
+    if (isFresh) {
+        freshReader.Next(source.toDo);
+        origin.reset();
+        charset.clear();
+    } else {
+        written.timeZones = source.timeZones;
+    }
+    m_clock.SetZones(written.timeZones);
+    const ToDoFields was = DeriveToDo(source.toDo.lines, m_dialect, charset, m_clock);
+    if (!origin) origin = OriginHere(was);
+    LineEdits edits(source.toDo.lines, m_dialect, charset);
+    ToDoEdits(was, *origin, now, m_dialect, edits).Run(m_clock, m_categories);
+    written.toDo = edits.IsEmpty() ? std::string(source.toDo.source) : edits.Text();
+    return written;
+}
+
+void CalendarText::Add(const ToDoWriter::Written& written) {
+    std::map<std::string, SharedText> zones;
+    std::string zoneLine;
+    for (const SharedText& text : written.timeZones) {
+        if (IsZone(text.Text())) {
+            zones.try_emplace(ZoneNameOf(text.Text()), text);
+        } else {
+            zoneLine += ZoneLineOf(text.Text());
+        }
+    }
+    const auto fits = [&](const Calendar& calendar) {
+        if (!calendar.toDos.empty() && calendar.zoneLine != zoneLine) return false;
+        return std::all_of(zones.begin(), zones.end(), [&](const auto& zone) {
+            const auto known = calendar.zones.find(zone.first);
+            return known == calendar.zones.end() || known->second == zone.second;
+        });
+    };
+    auto place = std::find_if(m_calendars.begin(), m_calendars.end(), fits);
+    if (place == m_calendars.end()) place = m_calendars.emplace(m_calendars.end());
+    place->zoneLine = zoneLine;
+    for (const auto& [name, text] : zones) place->zones.try_emplace(name, text);
+    place->toDos.append(written.toDo);
+    if (!written.toDo.ends_with('\n') && !written.toDo.ends_with('\r')) place->toDos += "\r\n";
+}
+
+std::string CalendarText::Text() const {
+    std::string text;
+    for (const Calendar& calendar : m_calendars) {
+        text.append("BEGIN:VCALENDAR\r\nPRODID:-//OrvoShare//Orvo//EN\r\n");
+        text.append(m_dialect == Dialect::Calendar10 ? "VERSION:1.0\r\n" : "VERSION:2.0\r\n");
+        text.append(calendar.zoneLine);
+        for (const auto& zone : calendar.zones) text.append(zone.second.Text());
+        text.append(calendar.toDos).append("END:VCALENDAR\r\n");
+    }
+    return text;
+}
+
+}  // namespace orvo

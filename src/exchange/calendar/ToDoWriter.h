@@ -1,0 +1,67 @@
+// Writing a to-do record as a VTODO, and the calendar around them.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <contracts/RecordStore.h>
+#include <exchange/calendar/CalendarClock.h>
+#include <exchange/calendar/ToDoFields.h>
+#include <exchange/cards/TableTexts.h>
+#include <exchange/lines/LineText.h>
+
+namespace orvo {
+
+class ToDoWriter {
+public:
+    // The dialect is Calendar10 or Calendar20.
+    ToDoWriter(CToDoTable& table, Dialect dialect);
+
+    struct Written {
+        // The opening and the zones that its source had (ToDoSource).
+        std::vector<SharedText> timeZones;
+        std::string toDo;
+    };
+
+    // The VTODO that the record was imported from, with the lines of edited fields written anew; a
+    // fresh one, which keeps the other one's lines as far as both formats have them, where the
+    // record came in another format or wasn't imported. One that wasn't gets its UID at its
+    // first export and keeps it in its source. Where the store can't give the record's note and
+    // what it was imported from, the to-do goes without them and `loss` tells why in one line;
+    // without a `loss`, throws ExchangeError.
+    Written Write(const CToDoRecord& record, std::string* loss = nullptr);
+
+private:
+    // What a to-do without an origin would get if it were imported now.
+    Origin OriginHere(const ToDoFields& fields);
+
+    CToDoTable& m_table;
+    Dialect m_dialect;
+    CategoryNames m_categories;
+    CalendarClock m_clock;
+};
+
+// Puts to-dos together to the text of a file. To-dos of calendars that differ in their TZ, or in
+// their zones under the same name, go into calendars of their own.
+class CalendarText {
+public:
+    explicit CalendarText(Dialect dialect) : m_dialect(dialect) {}
+
+    void Add(const ToDoWriter::Written& written);
+    std::string Text() const;
+
+private:
+    struct Calendar {
+        std::string zoneLine;
+        std::map<std::string, SharedText> zones;
+        std::string toDos;
+    };
+
+    Dialect m_dialect;
+    std::vector<Calendar> m_calendars{1};
+};
+
+}  // namespace orvo

@@ -1,0 +1,31 @@
+// Writing an address record as a card.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+#include <contracts/RecordStore.h>
+#include <exchange/cards/TableTexts.h>
+
+namespace orvo {
+
+class CardWriter {
+public:
+    explicit CardWriter(CAddressTable& table);
+
+    // The card that the record was imported from, with the lines of edited fields written anew, or
+    // a fresh vCard 3.0 card. Where the store can't give the record's note and what it was imported
+    // from, the card goes without them and `loss` tells why in one line; without a `loss`, throws
+    // ExchangeError.
+    std::string Write(const CAddressRecord& record, std::string* loss = nullptr);
+
+private:
+    // What a card without an origin would get if it were imported now.
+    Origin OriginHere(const CardFields& fields);
+
+    CAddressTable& m_table;
+    PhoneLabels m_labels;
+    CategoryNames m_categories;
+};
+
+}  // namespace orvo

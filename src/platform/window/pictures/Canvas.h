@@ -1,0 +1,64 @@
+// What a device context draws on: a recording, or a widget on the screen.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include <platform/window/base/Messages.h>
+#include <platform/window/pictures/CBitmap.h>
+
+namespace orvo {
+
+// How a text is laid out in its rectangle.
+constexpr UINT DT_LEFT = 0x0000;
+constexpr UINT DT_CENTER = 0x0001;
+constexpr UINT DT_RIGHT = 0x0002;
+constexpr UINT DT_VCENTER = 0x0004;
+constexpr UINT DT_BOTTOM = 0x0008;
+constexpr UINT DT_WORDBREAK = 0x0010;
+constexpr UINT DT_SINGLELINE = 0x0020;
+constexpr UINT DT_EXPANDTABS = 0x0040;
+constexpr UINT DT_NOCLIP = 0x0100;
+constexpr UINT DT_NOPREFIX = 0x0800;
+constexpr UINT DT_END_ELLIPSIS = 0x8000;  // with DT_WORDBREAK: where not all lines fit
+
+// A typeface; an empty face and a height of 0 stand for the desktop's own.
+struct CFont {
+    std::string face;
+    int height = 0;
+    bool isBold = false;
+    bool isStruckOut = false;
+
+    friend bool operator==(const CFont&, const CFont&) = default;
+};
+
+struct TextLook {
+    COLORREF colour = 0;
+    UINT format = 0;
+    CFont font;
+};
+
+class Canvas {
+public:
+    virtual ~Canvas() = default;
+
+    // False where nothing of the rectangle would be seen.
+    virtual bool IsVisible(const CRect&) const { return true; }
+
+    // Texts are bytes in the system's code page.
+    virtual CSize TextExtent(std::string_view text, const CFont& font) = 0;
+    virtual void DrawText(std::string_view text, const CRect& rect, const TextLook& look) = 0;
+    virtual void FillRect(const CRect& rect, COLORREF colour) = 0;
+    virtual void DrawLine(CPoint from, CPoint to, COLORREF colour) = 0;
+
+    // A frame of one pixel, inside the rectangle.
+    virtual void FrameRect(const CRect& rect, COLORREF colour) = 0;
+    virtual void DrawFocusRect(const CRect& rect, COLORREF colour) = 0;
+
+    // Pixels of the colour `clear` are left out.
+    virtual void DrawBitmap(CPoint place, const CBitmap& bitmap, std::optional<COLORREF> clear) = 0;
+};
+
+}  // namespace orvo
