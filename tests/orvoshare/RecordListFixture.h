@@ -1,5 +1,5 @@
-// A list of records in a window, with an owner that is told, a scratch store and settings of its
-// own. SPDX-License-Identifier: MIT
+// A list of records in a window that is told, with a scratch store and settings of its own.
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include <functional>

@@ -9,7 +9,7 @@
 
 #include <exchange/cards/CardFields.h>
 #include <exchange/cards/CardMerge.h>
-#include <exchange/files/ExportFile.h>
+#include <exchange/cards/CardWriter.h>
 #include <exchange/lines/EntryReader.h>
 #include <exchange/lines/LineEdits.h>
 #include <exchange/lines/Origin.h>
@@ -248,7 +248,7 @@ long AddLinesOfOther(CAddressRecord& kept, const CAddressRecord& other, CAddress
     if (status == 0) status = otherCard.Read(other);
     if (status != 0 || !otherCard.isCard) return status;
     const bool wasCard = keptCard.isCard;
-    if (!wasCard) keptCard.Open(ExportCard(kept, table));
+    if (!wasCard) keptCard.Open(CardWriter(table).Write(kept));
     Merger merger(keptCard, otherCard);
     merger.Run();
     if (!merger.IsChanged()) return 0;
