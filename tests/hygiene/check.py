@@ -23,8 +23,13 @@ FLOORS = {
 }
 LONGEST_FILE = 450  # lines
 SCREEN = 65
+MOST_FUNCTIONS = 25  # of a class of the desktop program
+LONGEST_CLASS = 300  # lines, with those of its functions
+STILL_LARGE = {"ViewFrame"}  # nothing is added here
 LONGEST_BUILD_LINE = 120  # characters
 NO_FUNCTION = re.compile(r"\s*(namespace|struct|class|enum|union|if|for|while|switch|else|do|\}|case|default)\b|\s*\}")
+CLASS = re.compile(r"^[ \t]*(?:class|struct)\s+(\w+)(?:\s+final)?(?:\s*:[^;{}()]*)?\s*\{", re.MULTILINE)
+NO_MEMBER_FUNCTION = re.compile(r"(using|typedef|friend|static_assert|enum|class|struct)\b")
 INCLUDE = re.compile(r'^\s*#\s*include\s*[<"]([^>"]+)[>"]')
 
 
@@ -112,6 +117,65 @@ def long_functions(lines):
             begun.clear()
 
 
+def without_texts(code):
+    """The code with its comments and quoted texts empty, so that braces in them don't count."""
+    return re.sub(r"//[^\n]*|/\*.*?\*/|(\"|')(?:\\.|(?!\1)[^\\\n])*\1", lambda match: match.group(1) or "", code, flags=re.DOTALL)
+
+
+def body_from(code, start):
+    """What lies between the brace before `start` and the one that closes it."""
+    depth = 1
+    for brace in re.finditer(r"[{}]", code[start:]):
+        depth += 1 if brace.group() == "{" else -1
+        if depth == 0:
+            return code[start:start + brace.start()]
+    return code[start:]
+
+
+def emptied(code, inside):
+    """The code with all that pairs of brackets hold taken out, from the innermost."""
+    before = None
+    while before != code:
+        before, code = code, re.sub(inside, "\0", code)
+    return code
+
+
+def member_functions(body):
+    """The member functions that the body of a class declares, but for those that its base asks for or that it deletes."""
+    members = emptied(body, r"\{[^{}]*\}").replace("\0", "{}")
+    members = emptied(members, r"<[^<>;{}]*>")
+    members = re.sub(r"\b(public|protected|private):", "", members)
+    # Braces that a comma or others follow initialise members of a constructor.
+    for member in re.split(r";|\{\}(?=\s*(?:[A-Za-z~\[]|$))", members):
+        member = re.sub(r"^template\s*", "", member.replace("\0", "").strip())
+        head, bracket, _ = member.partition("(")
+        is_initialised = "=" in head and "operator" not in head
+        is_own = not re.search(r"=\s*delete$|\boverride\b", member)
+        if bracket and is_own and not is_initialised and not NO_MEMBER_FUNCTION.match(member):
+            yield head.split()[-1] if head.split() else head
+
+
+def check_classes(folder):
+    files = {file: without_texts(file.read_text()) for file in sources() if file.is_relative_to(folder)}
+    outside = {}
+    for code in files.values():
+        for function in re.finditer(r"^\w[^\n;{}]*?\b(\w+)::~?\w+\([^;{}]*?\{.*?^\}", code, flags=re.DOTALL | re.MULTILINE):
+            outside[function.group(1)] = outside.get(function.group(1), 0) + function.group().count("\n") + 1
+    for file, code in files.items():
+        for found in CLASS.finditer(code):
+            name = found.group(1)
+            if name in STILL_LARGE:
+                continue
+            body = body_from(code, found.end())
+            count = len(list(member_functions(body)))
+            lines = body.count("\n") + 1 + (outside.get(name, 0) if file.suffix == ".h" else 0)
+            where = f"{file}:{code.count(chr(10), 0, found.start()) + 1}"
+            if count > MOST_FUNCTIONS:
+                yield f"{where}: {name} has {count} functions, of at most {MOST_FUNCTIONS}; which second subject hides in it?"
+            if lines > LONGEST_CLASS:
+                yield f"{where}: {name} has {lines} lines, of at most {LONGEST_CLASS}; which second subject hides in it?"
+
+
 def check_sizes():
     for source in sources():
         lines = source.read_text().splitlines()
@@ -119,6 +183,7 @@ def check_sizes():
             yield f"{source}: {len(lines)} lines; which second subject hides in it?"
         for number, length in long_functions(lines):
             yield f"{source}:{number}: a function of {length} lines doesn't fit on a screen"
+    yield from check_classes("src/desktop")
     seen = {}
     for name in output_of("git", "ls-files", "-co", "--exclude-standard"):
         path = pathlib.Path(name)

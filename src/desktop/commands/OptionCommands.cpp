@@ -1,63 +1,81 @@
-// The options while the window is open, and the lock on private entries.
+// The options while the window is open, names, and the lock on private entries.
 // SPDX-License-Identifier: MIT
+#include <desktop/commands/OptionCommands.h>
 #include <desktop/dialogs/NamesDialog.h>
 #include <desktop/options/OptionsDialog.h>
 #include <desktop/security/PasswordDialogs.h>
 #include <desktop/texts/Texts.h>
 #include <desktop/window/Appearance.h>
-#include <desktop/window/DesktopWindow.h>
 #include <host/HostOptions.h>
+#include <platform/settings/SettingsStore.h>
 
 namespace orvo::desktop {
 
-COrvoDesktopOptions DesktopWindow::StoredOptions() {
-    return LoadHostOptions([this](const std::string& problem) { TellProblem(problem); });
+COrvoDesktopOptions OptionCommands::Stored() const {
+    return LoadHostOptions(
+        [this](const std::string& problem) { m_context.ReportProblem(problem); });
 }
 
-void DesktopWindow::OpenOptions() {
-    COrvoDesktopOptions chosen = StoredOptions();
+void OptionCommands::OpenOptions() {
+    COrvoDesktopOptions chosen = Stored();
     const Colours before = PreferredColours();
-    if (!EditOptions(this, chosen)) return;
+    if (!EditOptions(&m_context.Window(), chosen)) return;
     if (PreferredColours() != before) SetColours(PreferredColours());
-    ChangeOptions([&chosen](COrvoDesktopOptions& options) { options = chosen; });
+    Change([&chosen](COrvoDesktopOptions& options) { options = chosen; });
 }
 
-void DesktopWindow::OpenNames() {
-    EditNames(this, m_session);
-    FillCategoryBox();
-    m_frame.Refill();
+void OptionCommands::OpenNames() {
+    EditNames(&m_context.Window(), m_context.Session());
+    m_context.Refresh();
 }
 
-void DesktopWindow::ChoosePrivacy(Privacy privacy) {
-    if (privacy != Privacy::Hide && !Unlock()) return ShowPrivacy();
-    ChangeOptions([privacy](COrvoDesktopOptions& options) { SetPrivacy(options, privacy); });
+void OptionCommands::Change(const std::function<void(COrvoDesktopOptions&)>& change) {
+    COrvoDesktopOptions& options = m_context.Options();
+    if (m_context.IsInUse()) {
+        // What orvo has set since stays.
+        const SettingsLock lock;
+        options = Stored();
+        change(options);
+        const std::string problem = SaveHostOptions(options);
+        m_context.Refuse(FromUtf8(problem));
+    } else {
+        change(options);
+    }
+    HoldLock();
+    m_privacyShown();
+    m_context.Frame().Refill();
+    m_changed();
 }
 
-void DesktopWindow::LockOrUnlock() {
+void OptionCommands::ChoosePrivacy(Privacy privacy) {
+    if (privacy != Privacy::Hide && !Unlock()) return m_privacyShown();
+    Change([privacy](COrvoDesktopOptions& options) { SetPrivacy(options, privacy); });
+}
+
+void OptionCommands::LockAtStart() {
+    m_isLocked = IsGuarded(m_context.Options());
+    HoldLock();
+}
+
+void OptionCommands::LockOrUnlock() {
     if (!m_isLocked) {
         m_isLocked = true;
     } else if (!Unlock()) {
         return;
     }
     // Read again: the lock holds in memory only.
-    ChangeOptions([](COrvoDesktopOptions&) {});
+    Change([](COrvoDesktopOptions&) {});
 }
 
-bool DesktopWindow::Unlock() {
-    if (m_isLocked && AskForPassword(this)) m_isLocked = false;
+bool OptionCommands::Unlock() {
+    if (m_isLocked && AskForPassword(&m_context.Window())) m_isLocked = false;
     return !m_isLocked;
 }
 
-void DesktopWindow::HoldLock() {
-    if (!IsGuarded(m_options)) m_isLocked = false;
-    SetPrivacy(m_options, Disclosure(m_options, !m_isLocked).InForce());
-}
-
-void DesktopWindow::ShowPrivacy() {
-    m_privacies.actions().at(static_cast<int>(PrivacyOf(m_options)))->setChecked(true);
-    m_lock->setVisible(IsGuarded(m_options));
-    m_lock->setText(m_isLocked ? Text("&Unlock private entries...")
-                               : Text("Loc&k private entries"));
+void OptionCommands::HoldLock() {
+    COrvoDesktopOptions& options = m_context.Options();
+    if (!IsGuarded(options)) m_isLocked = false;
+    SetPrivacy(options, Disclosure(options, !m_isLocked).InForce());
 }
 
 }  // namespace orvo::desktop

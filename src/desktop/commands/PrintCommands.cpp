@@ -7,7 +7,6 @@
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QProgressDialog>
-#include <QStatusBar>
 #include <utility>
 
 #include <desktop/commands/PrintCommands.h>
@@ -17,7 +16,6 @@
 #include <desktop/printing/PrintJob.h>
 #include <desktop/texts/Texts.h>
 #include <desktop/views/EntryTexts.h>
-#include <desktop/window/DesktopWindow.h>
 #include <orvoshare/integration/ExportFileDialog.h>
 #include <platform/qt/QtConvert.h>
 #include <platform/text/SystemText.h>
@@ -88,11 +86,11 @@ void TellFailure(QWidget& parent, const PrintResult& result) {
 }
 
 // On paper nothing shows that there is more than what was printed.
-void TellHidden(QMainWindow& window, ViewFrame& frame, bool isSelection, const QString& done) {
-    const int hidden = isSelection ? 0 : frame.HiddenCount();
+void TellHidden(const CommandContext& context, bool isSelection, const QString& done) {
+    const int hidden = isSelection ? 0 : context.Frame().HiddenCount();
     QStringList told{done, hidden != 0 ? LeftOutText(hidden) : QString()};
     told.removeAll(QString());
-    if (!told.isEmpty()) window.statusBar()->showMessage(told.join(' '), kMessageTime);
+    if (!told.isEmpty()) context.Say(told.join(' '));
 }
 
 void SetUp(QPrinter& printer, ViewFrame& frame) {
@@ -102,7 +100,9 @@ void SetUp(QPrinter& printer, ViewFrame& frame) {
 
 }  // namespace
 
-void PrintView(QMainWindow& window, ViewFrame& frame) {
+void PrintView(const CommandContext& context) {
+    QWidget& window = context.Window();
+    ViewFrame& frame = context.Frame();
     QPrinter printer(QPrinter::HighResolution);
     SetUp(printer, frame);
     QPrintDialog dialog(&printer, &window);
@@ -114,10 +114,12 @@ void PrintView(QMainWindow& window, ViewFrame& frame) {
     const PrintResult result =
         Send(window, frame, isSelection ? SelectedRows(frame) : AllRows(frame), printer);
     TellFailure(window, result);
-    if (result.end == PrintEnd::Done) TellHidden(window, frame, isSelection, {});
+    if (result.end == PrintEnd::Done) TellHidden(context, isSelection, {});
 }
 
-void PreviewView(QMainWindow& window, ViewFrame& frame) {
+void PreviewView(const CommandContext& context) {
+    QWidget& window = context.Window();
+    ViewFrame& frame = context.Frame();
     QPrinter printer(QPrinter::HighResolution);
     SetUp(printer, frame);
     QPrintPreviewDialog dialog(&printer, &window);
@@ -138,10 +140,12 @@ void PreviewView(QMainWindow& window, ViewFrame& frame) {
     dialog.exec();
     SavePageLayout(printer.pageLayout());
     // What was leafed through may have been printed from there.
-    TellHidden(window, frame, false, {});
+    TellHidden(context, false, {});
 }
 
-void SaveViewAsPdf(QMainWindow& window, ViewFrame& frame) {
+void SaveViewAsPdf(const CommandContext& context) {
+    QWidget& window = context.Window();
+    ViewFrame& frame = context.Frame();
     const bool hasSelection = frame.SelectedCount() > 0;
     CExportFileDialog dialog(nullptr, "pdf", FromQt(Text("PDF files") + "|*.pdf||"), &frame,
                              kRangeAll | (hasSelection ? kRangeSelected : 0), kRangeAll);
@@ -160,7 +164,7 @@ void SaveViewAsPdf(QMainWindow& window, ViewFrame& frame) {
         SaveAsPdf(document, LoadPageLayout(), file, title.name, {}, box.Progress());
     TellFailure(window, result);
     if (result.end != PrintEnd::Done) return;
-    TellHidden(window, frame, isSelection, Text("The file \"%1\" was saved.").arg(file));
+    TellHidden(context, isSelection, Text("The file \"%1\" was saved.").arg(file));
 }
 
 void SetUpPages(QWidget& window) {

@@ -2,17 +2,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QMainWindow>
 #include <string>
 
-#include <desktop/views/ViewFrame.h>
+#include <desktop/commands/CommandContext.h>
 
 namespace orvo::desktop {
 
 // Each asks the user, does it with a progress that he can cancel, and tells what went wrong.
-void PrintView(QMainWindow& window, ViewFrame& frame);
-void PreviewView(QMainWindow& window, ViewFrame& frame);
-void SaveViewAsPdf(QMainWindow& window, ViewFrame& frame);
+void PrintView(const CommandContext& context);
+void PreviewView(const CommandContext& context);
+void SaveViewAsPdf(const CommandContext& context);
 
 // Paper, orientation and margins of all that is printed from now on.
 void SetUpPages(QWidget& window);

@@ -1,0 +1,52 @@
+// What commands work with, and how they say what became of them.
+// SPDX-License-Identifier: MIT
+#include <QMessageBox>
+#include <QStatusBar>
+
+#include <desktop/commands/CommandContext.h>
+#include <desktop/texts/Problems.h>
+#include <desktop/texts/Texts.h>
+#include <desktop/views/EntryTexts.h>
+
+namespace orvo::desktop {
+namespace {
+
+// Milliseconds for which the status bar shows a message.
+constexpr int kMessageTime = 20000;
+
+}  // namespace
+
+void CommandContext::Refuse(const QString& refusal) const {
+    if (!refusal.isEmpty()) QMessageBox::warning(&m_window, m_window.windowTitle(), refusal);
+}
+
+void CommandContext::Say(const QString& line) const {
+    m_window.statusBar()->showMessage(line, kMessageTime);
+}
+
+void CommandContext::SayLeftOut(int count) const {
+    if (count != 0) Say(LeftOutText(count));
+}
+
+void CommandContext::SayMasked() const {
+    if (m_frame.SelectedCount() == 0) return;
+    Say(Text("This is private and masked. To open or copy it, choose View, Show private entries."));
+}
+
+void CommandContext::ReportProblem(const std::string& problem) const {
+    PrintProblem(problem);
+    // A picture shows the counts.
+    if (m_window.isVisible()) Say(ProblemText(problem));
+}
+
+bool CommandContext::IsFound(long status) const {
+    if (status != 0) Refuse(Text("Another program has removed this entry."));
+    return status == 0;
+}
+
+void CommandContext::Refresh() const {
+    m_services.fillCategories();
+    m_frame.Refill();
+}
+
+}  // namespace orvo::desktop

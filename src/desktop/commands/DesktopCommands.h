@@ -1,0 +1,38 @@
+// All that menus, keys and the views can ask for.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <desktop/commands/EditCommands.h>
+#include <desktop/commands/ExportCommands.h>
+#include <desktop/commands/FormCommands.h>
+#include <desktop/commands/ImportCommands.h>
+#include <desktop/commands/MailCommands.h>
+#include <desktop/commands/OptionCommands.h>
+#include <desktop/commands/PluginCommands.h>
+#include <desktop/commands/TextCommands.h>
+
+namespace orvo::desktop {
+
+struct DesktopCommands {
+    // The context outlives the commands.
+    explicit DesktopCommands(CommandContext& context)
+        : forms(context),
+          texts(context),
+          edits(context),
+          imports(context),
+          exports(context),
+          options(context),
+          mail(context),
+          plugins(context) {}
+
+    FormCommands forms;
+    TextCommands texts;
+    EditCommands edits;
+    ImportCommands imports;
+    ExportCommands exports;
+    OptionCommands options;
+    MailCommands mail;
+    PluginCommands plugins;
+};
+
+}  // namespace orvo::desktop

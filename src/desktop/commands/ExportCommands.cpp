@@ -1,0 +1,68 @@
+// Export from the store.
+// SPDX-License-Identifier: MIT
+#include <QMessageBox>
+#include <iterator>
+#include <unordered_set>
+
+#include <desktop/commands/ExportCommands.h>
+#include <desktop/commands/SaveStart.h>
+#include <desktop/texts/Problems.h>
+#include <desktop/texts/Texts.h>
+#include <desktop/views/EntryTexts.h>
+#include <exchange/files/ExportFile.h>
+#include <orvoshare/integration/ExportFileDialog.h>
+#include <platform/qt/QtConvert.h>
+#include <platform/text/SystemText.h>
+
+namespace orvo::desktop {
+
+void ExportCommands::ChooseFile() {
+    ViewFrame& frame = m_context.Frame();
+    const bool isCalendar = frame.IsShowingToDos();
+    const CString filter =
+        FromQt(isCalendar ? Text("Calendars") + "|*.ics;*.vcs||" : Text("Cards") + "|*.vcf||");
+    const bool hasSelection = frame.SelectedCount() > 0;
+    CExportFileDialog dialog(nullptr, isCalendar ? "ics" : "vcf", filter, &frame,
+                             kRangeAll | (hasSelection ? kRangeSelected : 0),
+                             hasSelection ? kRangeSelected : kRangeAll);
+    const SaveStart start(dialog, isCalendar ? Text("To Do") : Text("Addresses"),
+                          isCalendar ? ".ics" : ".vcf");
+    if (dialog.DoModal() != IDOK) return;
+    const std::string file = ToUtf8(dialog.GetPathName());
+    KeepFolderOf(file);
+    Export(file, dialog.GetRange() == kRangeSelected);
+}
+
+void ExportCommands::Export(const std::string& file, bool isSelectionOnly) {
+    ViewFrame& frame = m_context.Frame();
+    StoreSession& session = m_context.Session();
+    std::unordered_set<std::int64_t> selected;
+    for (const CBaseRecord* record : frame.SelectedRecords(WayOut::Export)) {
+        selected.insert(record->GetId());
+    }
+    const Disclosure disclosure = frame.Disclosed();
+    int untold = isSelectionOnly ? frame.LeftOutOfSelection(WayOut::Export) : 0;
+    try {
+        const ExportReport report =
+            ExportFile(file, session.Addresses(), session.ToDos(), [&](const CBaseRecord& record) {
+                if (isSelectionOnly) return selected.count(record.GetId()) != 0;
+                if (disclosure.Of(WayOut::Export, record) == Told::Whole) return true;
+                ++untold;
+                return false;
+            });
+        QString told = CountText("%1 entry was exported.", "%1 entries were exported.",
+                                 static_cast<std::int64_t>(report.written));
+        if (untold != 0) told += ' ' + LeftOutText(untold);
+        m_context.Say(told);
+        if (report.leftOut.empty()) return;
+        QMessageBox::warning(&m_context.Window(), m_context.Window().windowTitle(),
+                             told + "\n\n" +
+                                 CountText("%1 entry was left out:", "%1 entries were left out:",
+                                           std::ssize(report.leftOut)) +
+                                 ProblemLines(report.leftOut));
+    } catch (const ExchangeError& error) {
+        m_context.Refuse(Text("Nothing was exported.") + "\n\n" + FromUtf8(error.what()));
+    }
+}
+
+}  // namespace orvo::desktop

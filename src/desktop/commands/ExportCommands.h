@@ -1,0 +1,25 @@
+// Export from the store.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+#include <desktop/commands/CommandContext.h>
+
+namespace orvo::desktop {
+
+class ExportCommands {
+public:
+    // The context outlives the commands.
+    explicit ExportCommands(CommandContext& context) : m_context(context) {}
+
+    // Exports what the view shows, or of it what is selected, to a file that the user chooses.
+    void ChooseFile();
+
+private:
+    void Export(const std::string& file, bool isSelectionOnly);
+
+    CommandContext& m_context;
+};
+
+}  // namespace orvo::desktop

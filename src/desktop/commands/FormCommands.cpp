@@ -1,0 +1,135 @@
+// The forms in which the user writes entries.
+// SPDX-License-Identifier: MIT
+#include <QMessageBox>
+#include <QPushButton>
+
+#include <desktop/commands/FormCommands.h>
+#include <desktop/forms/AddressForm.h>
+#include <desktop/forms/ToDoForm.h>
+#include <desktop/texts/Texts.h>
+#include <platform/io/FileReplacement.h>
+#include <platform/settings/SettingsStore.h>
+
+namespace orvo::desktop {
+namespace {
+
+template <class Record, class Table>
+bool IsThere(Table& table, std::int64_t id) {
+    Record record(table);
+    return id != 0 && table.Find(id, record) == 0 && record.IsDeleted() == 0;
+}
+
+}  // namespace
+
+FormCommands::FormCommands(CommandContext& context)
+    : m_context(context),
+      m_keeper(FolderOf(SettingsStore::Path()) + "/unsaved-" +
+               DataSetUser(context.Session().Path()) + ".json") {}
+
+void FormCommands::NewAddress() {
+    StoreSession& session = m_context.Session();
+    ViewFrame& frame = m_context.Frame();
+    CAddressRecord record(session.Addresses());
+    if (frame.Category() != kAllCategories && !frame.IsShowingToDos()) {
+        record.SetCategoryId(frame.Category());
+    }
+    const EditHistory::Step step(session.History(), Text("New address").toStdString());
+    if (!EditAddress(&m_context.Window(), session.Addresses(), record, &m_keeper)) {
+        return frame.Refill();
+    }
+    if (frame.IsShowingToDos()) m_context.ShowView(ViewKind::List);
+    ShowEdited(record.GetId());
+}
+
+void FormCommands::NewToDo() {
+    StoreSession& session = m_context.Session();
+    ViewFrame& frame = m_context.Frame();
+    CToDoRecord record(session.ToDos());
+    if (frame.Category() != kAllCategories && frame.IsShowingToDos()) {
+        record.SetCategoryId(frame.Category());
+    }
+    const EditHistory::Step step(session.History(), Text("New to-do").toStdString());
+    if (!EditToDo(&m_context.Window(), session.ToDos(), record, &m_keeper)) return frame.Refill();
+    m_context.ShowView(ViewKind::ToDos);
+    ShowEdited(record.GetId());
+}
+
+// The form works on a record of its own, as the view may read its records anew meanwhile.
+template <class Table, class Record>
+bool FormCommands::OpenForm(Table& table, bool (*edit)(QWidget*, Table&, Record&, FormKeeper*),
+                            const QString& name, std::int64_t& id) {
+    Record record(table);
+    if (!m_context.IsFound(table.Find(id, record))) return false;
+    const EditHistory::Step step(m_context.Session().History(), name.toStdString());
+    if (!edit(&m_context.Window(), table, record, &m_keeper)) return false;
+    // Where the entry was gone, it may have been saved as a new one.
+    id = record.GetId();
+    return true;
+}
+
+void FormCommands::OpenSelected() {
+    const std::vector<CBaseRecord*> records = m_context.Frame().SelectedRecords(WayOut::Change);
+    if (records.empty()) return m_context.SayMasked();
+    if (records.size() != 1) return;
+    OpenEntry(records.front()->GetId());
+}
+
+// An entry of the view that is shown.
+void FormCommands::OpenEntry(std::int64_t id) {
+    StoreSession& session = m_context.Session();
+    const bool isSaved = m_context.Frame().IsShowingToDos()
+                             ? OpenForm(session.ToDos(), EditToDo, Text("Edit to-do"), id)
+                             : OpenForm(session.Addresses(), EditAddress, Text("Edit address"), id);
+    if (isSaved) {
+        ShowEdited(id);
+    } else {
+        m_context.Frame().Refill();
+    }
+}
+
+void FormCommands::ShowEdited(std::int64_t id) {
+    ViewFrame& frame = m_context.Frame();
+    frame.Refill();
+    frame.SelectRecord(id);
+    frame.ShownWindow().SetFocus();
+}
+
+std::optional<KeptForm> FormCommands::Kept() const {
+    return m_hasOffered ? std::nullopt : m_keeper.Kept();
+}
+
+void FormCommands::Offer(const KeptForm& form) {
+    m_hasOffered = true;
+    QMessageBox box(QMessageBox::Question, m_context.Window().windowTitle(),
+                    Text("The form \"%1\" was open when the program ended. What was typed there "
+                         "isn't saved yet.")
+                        .arg(form.title),
+                    QMessageBox::NoButton, &m_context.Window());
+    box.setTextFormat(Qt::PlainText);
+    QPushButton* again = box.addButton(Text("&Open it again"), QMessageBox::AcceptRole);
+    const QPushButton* discard = box.addButton(Text("&Discard"), QMessageBox::DestructiveRole);
+    box.addButton(Text("&Later"), QMessageBox::RejectRole);
+    box.setDefaultButton(again);
+    box.exec();
+    if (box.clickedButton() == discard) m_keeper.Remove();
+    if (box.clickedButton() == again) OpenKept(form);
+}
+
+// Where the entry is gone meanwhile, the texts go into a new one.
+void FormCommands::OpenKept(const KeptForm& form) {
+    m_keeper.BeginWith(form.fields);
+    StoreSession& session = m_context.Session();
+    if (form.isToDo ? IsThere<CToDoRecord>(session.ToDos(), form.id)
+                    : IsThere<CAddressRecord>(session.Addresses(), form.id)) {
+        if (m_context.Frame().IsShowingToDos() != form.isToDo) {
+            m_context.ShowView(form.isToDo ? ViewKind::ToDos : ViewKind::List);
+        }
+        OpenEntry(form.id);
+    } else if (form.isToDo) {
+        NewToDo();
+    } else {
+        NewAddress();
+    }
+}
+
+}  // namespace orvo::desktop

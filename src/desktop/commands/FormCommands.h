@@ -1,0 +1,43 @@
+// The forms in which the user writes entries.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+
+#include <desktop/commands/CommandContext.h>
+#include <desktop/forms/FormKeeper.h>
+
+namespace orvo::desktop {
+
+class FormCommands {
+public:
+    // The context outlives the commands.
+    explicit FormCommands(CommandContext& context);
+
+    // A new entry begins with the category that is shown.
+    void NewAddress();
+    void NewToDo();
+    // Does nothing where several are selected.
+    void OpenSelected();
+
+    // A form that was open when the program ended. Gives nothing where none is kept, or it was
+    // offered before.
+    std::optional<KeptForm> Kept() const;
+    // Asks what becomes of it, once.
+    void Offer(const KeptForm& form);
+
+private:
+    // Gives true after the entry was saved, with the id that it has then.
+    template <class Table, class Record>
+    bool OpenForm(Table& table, bool (*edit)(QWidget*, Table&, Record&, FormKeeper*),
+                  const QString& name, std::int64_t& id);
+    void OpenEntry(std::int64_t id);
+    void OpenKept(const KeptForm& form);
+    void ShowEdited(std::int64_t id);
+
+    CommandContext& m_context;
+    FormKeeper m_keeper;
+    bool m_hasOffered = false;
+};
+
+}  // namespace orvo::desktop

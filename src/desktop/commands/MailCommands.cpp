@@ -1,0 +1,27 @@
+// Mail to the people who are selected, and their cards by mail.
+// SPDX-License-Identifier: MIT
+#include <desktop/commands/Mail.h>
+#include <desktop/commands/MailCommands.h>
+
+namespace orvo::desktop {
+
+void MailCommands::Send(const std::function<QString(const std::vector<CAddressRecord*>&)>& send) {
+    std::vector<CAddressRecord*> records;
+    for (CBaseRecord* record : m_context.Frame().SelectedRecords(WayOut::Mail)) {
+        records.push_back(static_cast<CAddressRecord*>(record));
+    }
+    m_context.SayLeftOut(m_context.Frame().LeftOutOfSelection(WayOut::Mail));
+    if (!records.empty()) m_context.Refuse(send(records));
+}
+
+void MailCommands::SendMailToSelected() {
+    Send(SendMailTo);
+}
+
+void MailCommands::SendSelectedAsCards() {
+    Send([this](const std::vector<CAddressRecord*>& records) {
+        return SendAsCards(records, m_context.Session().Addresses());
+    });
+}
+
+}  // namespace orvo::desktop

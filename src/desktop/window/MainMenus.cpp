@@ -1,0 +1,243 @@
+// The menus of the main window.
+// SPDX-License-Identifier: MIT
+#include <QMenuBar>
+#include <algorithm>
+
+#include <desktop/commands/PrintCommands.h>
+#include <desktop/plugins/PluginMenu.h>
+#include <desktop/texts/Texts.h>
+#include <desktop/window/MainMenus.h>
+#include <platform/qt/QtConvert.h>
+
+namespace orvo::desktop {
+
+MainMenus::~MainMenus() {
+    m_context.Session().History().SetListener(nullptr);
+}
+
+void MainMenus::Make(const QList<QAction*>& views) {
+    MakeFileMenu();
+    MakeEditMenu();
+    MakeViewMenu(views);
+    MakeAddressMenu();
+    MakeToDoMenu();
+    SetLocator(*m_addressActions.front(), ORVO_ITEM_SEND_MAIL);
+    m_commands.plugins.Load(*m_context.Window().menuBar());
+}
+
+QMenu& MainMenus::AddMenu(const char* text, std::uint32_t locator) {
+    QMenu& menu = *m_context.Window().menuBar()->addMenu(Text(text));
+    SetLocator(*menu.menuAction(), locator);
+    return menu;
+}
+
+void MainMenus::MakeFileMenu() {
+    QMenu& file = AddMenu(Untranslated("&File"), ORVO_MENU_FILE);
+    AddCommand(file, Text("New &address..."), "Ctrl+N", [this] { m_commands.forms.NewAddress(); });
+    AddCommand(file, Text("New &to-do..."), "Ctrl+Shift+N", [this] { m_commands.forms.NewToDo(); });
+    file.addSeparator();
+    AddCommand(file, Text("&Import..."), "Ctrl+I", [this] { m_commands.imports.ChooseFiles(); });
+    AddCommand(file, Text("&Export..."), "Ctrl+Shift+E",
+               [this] { m_commands.exports.ChooseFile(); });
+    file.addSeparator();
+    AddCommand(file, Text("&Print..."), "Ctrl+P", [this] { PrintView(m_context); });
+    AddCommand(file, Text("Print pre&view..."), "", [this] { PreviewView(m_context); });
+    AddCommand(file, Text("Save as P&DF..."), "", [this] { SaveViewAsPdf(m_context); });
+    AddCommand(file, Text("Page set&up..."), "", [this] { SetUpPages(m_context.Window()); });
+    file.addSeparator();
+    AddCommand(file, Text("&Categories and labels..."), "",
+               [this] { m_commands.options.OpenNames(); });
+    AddCommand(file, Text("&Options..."), "Ctrl+,", [this] { m_commands.options.OpenOptions(); });
+    file.addSeparator();
+    AddCommand(file, Text("&Quit"), "Ctrl+Q", [this] { m_context.Window().close(); });
+}
+
+void MainMenus::MakeEditMenu() {
+    QMenu& edit = AddMenu(Untranslated("&Edit"), ORVO_MENU_EDIT);
+    m_undo = AddCommand(edit, {}, "Ctrl+Z", [this] { m_commands.edits.Undo(); });
+    m_redo = AddCommand(edit, {}, "Ctrl+Shift+Z", [this] { m_commands.edits.Redo(); });
+    edit.addSeparator();
+    m_selectionActions = {
+        AddCommand(edit, Text("&Open..."), "Ctrl+O", [this] { m_commands.forms.OpenSelected(); }),
+        AddCommand(edit, Text("Set cate&gory..."), "Ctrl+K",
+                   [this] { m_commands.edits.SetCategoryOfSelected(); }),
+        AddCommand(edit, Text("&Copy"), "Ctrl+C", [this] { m_commands.edits.CopySelected(); }),
+        AddCommand(edit, Text("&Delete"), "Del", [this] { m_commands.edits.DeleteSelected(); })};
+    m_editText = AddCommand(edit, Text("Edit te&xt"), "F2", [this] { m_commands.texts.Begin(); });
+    AddCommand(edit, Text("Select &all"), "Ctrl+A", [this] { m_commands.edits.SelectAll(); });
+    edit.addSeparator();
+    AddCommand(edit, Text("&Trash..."), "", [this] { m_commands.edits.OpenTrash(); });
+    m_context.Session().History().SetListener([this] { ShowSteps(); });
+    ShowSteps();
+}
+
+QAction* MainMenus::AddCommand(QMenu& menu, const QString& text, const char* keys,
+                               const std::function<void()>& run) {
+    QAction* action = menu.addAction(text);
+    action->setShortcut(QKeySequence(keys));
+    QObject::connect(action, &QAction::triggered, action, [run] { run(); });
+    return action;
+}
+
+void MainMenus::MakeViewMenu(const QList<QAction*>& views) {
+    QMenu& view = AddMenu(Untranslated("&View"), ORVO_MENU_VIEW);
+    view.addActions(views);
+    view.addSeparator();
+    QMenu& columns = *view.addMenu(Text("C&olumns"));
+    QObject::connect(&columns, &QMenu::aboutToShow, &columns,
+                     [this, &columns] { FillColumnMenu(columns); });
+    ViewFrame& frame = m_context.Frame();
+    constexpr struct {
+        const char* text;
+        const char* keys;
+        int change;
+    } kCardSteps[] = {{Untranslated("Lar&ger cards"), "Ctrl++", 1},
+                      {Untranslated("&Smaller cards"), "Ctrl+-", -1}};
+    for (const auto& step : kCardSteps) {
+        QAction* action = view.addAction(Text(step.text));
+        action->setShortcut(QKeySequence(step.keys));
+        QObject::connect(action, &QAction::triggered, action, [&frame, change = step.change] {
+            frame.SetCardStep(frame.CardStep() + change);
+        });
+    }
+    view.addSeparator();
+    constexpr Choice kPrivacies[] = {
+        {Untranslated("S&how private entries"), static_cast<int>(Privacy::Show)},
+        {Untranslated("&Mask private entries"), static_cast<int>(Privacy::Mask)},
+        {Untranslated("Hi&de private entries"), static_cast<int>(Privacy::Hide)}};
+    AddChoices(
+        m_privacies, view, kPrivacies, static_cast<int>(PrivacyOf(m_context.Options())),
+        [this](int value) { m_commands.options.ChoosePrivacy(static_cast<Privacy>(value)); });
+    m_lock = AddCommand(view, {}, "Ctrl+L", [this] { m_commands.options.LockOrUnlock(); });
+    ShowPrivacy();
+}
+
+void MainMenus::MakeAddressMenu() {
+    ViewFrame& frame = m_context.Frame();
+    QMenu& addresses = AddMenu(Untranslated("&Addresses"), ORVO_MENU_ADDRESSES);
+    constexpr Choice kOrders[] = {{Untranslated("By &name"), static_cast<int>(kListByName)},
+                                  {Untranslated("By &company"), static_cast<int>(kListByCompany)}};
+    AddChoices(m_addressOrders, addresses, kOrders, static_cast<int>(frame.AddressOrder()),
+               [&frame](int value) { frame.SetAddressOrder(value); });
+    addresses.addSeparator();
+    MailCommands& mail = m_commands.mail;
+    m_addressActions = {
+        AddCommand(addresses, Text("Send &mail to selected"), "Ctrl+M",
+                   [&mail] { mail.SendMailToSelected(); }),
+        AddCommand(addresses, Text("Send as &vCard"), "", [&mail] { mail.SendSelectedAsCards(); })};
+    addresses.addSeparator();
+    AddCommand(addresses, Text("Find &duplicates..."), "",
+               [this] { m_commands.imports.FindDuplicatesOfStore(); });
+}
+
+void MainMenus::MakeToDoMenu() {
+    ViewFrame& frame = m_context.Frame();
+    QMenu& toDos = AddMenu(Untranslated("&To Do"), ORVO_MENU_TO_DO);
+    constexpr Choice kOrders[] = {
+        {Untranslated("By &priority, then due date"), eSortByPriorityDueDate},
+        {Untranslated("By &due date, then priority"), eSortByDueDatePriority},
+        {Untranslated("By &category, then due date"), eSortByCategoryDueDate},
+        {Untranslated("By c&ategory, then priority"), eSortByCategoryPriority}};
+    AddChoices(m_toDoOrders, toDos, kOrders, frame.ToDoOrder(),
+               [&frame](int value) { frame.SetToDoOrder(static_cast<eSortOrder>(value)); });
+    toDos.addSeparator();
+    AddFlag(toDos, Untranslated("&Show completed"), &COrvoDesktopOptions::GetTodoShowCompleted,
+            &COrvoDesktopOptions::SetTodoShowCompleted);
+    AddFlag(toDos, Untranslated("Only what is d&ue"), &COrvoDesktopOptions::GetTodoShowDueItemsOnly,
+            &COrvoDesktopOptions::SetTodoShowDueItemsOnly);
+    AddFlag(toDos, Untranslated("&Record the day of completion"),
+            &COrvoDesktopOptions::GetTodoMarkCompletionDate,
+            &COrvoDesktopOptions::SetTodoMarkCompletionDate);
+}
+
+void MainMenus::AddChoices(QActionGroup& group, QMenu& menu, std::span<const Choice> choices,
+                           int present, const std::function<void(int)>& choose) {
+    for (const Choice& choice : choices) {
+        QAction* action = menu.addAction(Text(choice.text));
+        action->setCheckable(true);
+        action->setChecked(choice.value == present);
+        group.addAction(action);
+        QObject::connect(action, &QAction::triggered, action,
+                         [choose, value = choice.value] { choose(value); });
+    }
+}
+
+void MainMenus::AddFlag(QMenu& menu, const char* text, int (COrvoDesktopOptions::*get)() const,
+                        void (COrvoDesktopOptions::*set)(int)) {
+    QAction* action = menu.addAction(Text(text));
+    action->setCheckable(true);
+    action->setChecked((m_context.Options().*get)() != 0);
+    QObject::connect(action, &QAction::triggered, action, [this, set](bool isOn) {
+        m_commands.options.Change(
+            [set, isOn](COrvoDesktopOptions& options) { (options.*set)(isOn ? 1 : 0); });
+    });
+}
+
+void MainMenus::FillColumnMenu(QMenu& menu) {
+    menu.clear();
+    COrvoUIListViewCtrl* list = m_context.Frame().ShownColumns();
+    if (!list) {
+        menu.addAction(Text("This view has no columns"))->setEnabled(false);
+        return;
+    }
+    const std::vector<int> shown = list->GetShownColumns();
+    for (const COrvoLVColumn& column : list->GetColumns()) {
+        if (column.strName.IsEmpty()) continue;  // of a label that was removed
+        QString name = ToQt(column.strName.View());
+        QAction* action = menu.addAction(name.replace('&', "&&"));
+        action->setCheckable(true);
+        action->setChecked(std::ranges::find(shown, column.nId) != shown.end());
+        // Without its first column a row could not be told from the next.
+        action->setEnabled(column.bOptional != 0);
+        QObject::connect(action, &QAction::triggered, action,
+                         [list, id = column.nId](bool isShown) {
+                             isShown ? list->ShowColumn(id, -1) : list->HideColumn(id);
+                         });
+    }
+}
+
+void MainMenus::EnableOrders() {
+    const bool isToDos = m_context.Frame().IsShowingToDos();
+    m_addressOrders.setEnabled(!isToDos);
+    m_toDoOrders.setEnabled(isToDos);
+}
+
+void MainMenus::CheckOrders() {
+    const ViewFrame& frame = m_context.Frame();
+    m_addressOrders.actions().at(frame.AddressOrder() == kListByName ? 0 : 1)->setChecked(true);
+    m_toDoOrders.actions().at(frame.ToDoOrder())->setChecked(true);
+}
+
+void MainMenus::EnableSelection() {
+    ViewFrame& frame = m_context.Frame();
+    const int selected = frame.SelectedCount();
+    for (QAction* action : m_selectionActions) action->setEnabled(selected > 0);
+    for (QAction* action : m_addressActions) {
+        action->setEnabled(selected > 0 && !frame.IsShowingToDos());
+    }
+    m_editText->setEnabled(selected == 1 && frame.IsShowingToDos());
+}
+
+void MainMenus::ShowPrivacy() {
+    const COrvoDesktopOptions& options = m_context.Options();
+    m_privacies.actions().at(static_cast<int>(PrivacyOf(options)))->setChecked(true);
+    m_lock->setVisible(IsGuarded(options));
+    m_lock->setText(m_commands.options.IsLocked() ? Text("&Unlock private entries...")
+                                                  : Text("Loc&k private entries"));
+}
+
+void MainMenus::ShowSteps() {
+    const EditHistory& history = m_context.Session().History();
+    m_undo->setEnabled(history.CanUndo());
+    m_redo->setEnabled(history.CanRedo());
+    // A name may hold what the user has typed.
+    const auto escaped = [](const std::string& name) {
+        return FromUtf8(name).replace('&', QLatin1String("&&"));
+    };
+    m_undo->setText(history.CanUndo() ? Text("&Undo: %1").arg(escaped(history.UndoName()))
+                                      : Text("&Undo"));
+    m_redo->setText(history.CanRedo() ? Text("&Redo: %1").arg(escaped(history.RedoName()))
+                                      : Text("&Redo"));
+}
+
+}  // namespace orvo::desktop

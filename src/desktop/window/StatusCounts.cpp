@@ -1,0 +1,28 @@
+// How many entries there are and are selected, in the status bar.
+// SPDX-License-Identifier: MIT
+#include <QLocale>
+
+#include <desktop/texts/Texts.h>
+#include <desktop/window/StatusCounts.h>
+
+namespace orvo::desktop {
+
+void StatusCounts::PutInto(QStatusBar& bar) {
+    constexpr int kGap = 8;
+    m_label.setContentsMargins(kGap, 0, kGap, 0);
+    bar.addWidget(&m_label);
+    // Qt hides the counts behind a message only where they show already, and may show them later.
+    QObject::connect(&bar, &QStatusBar::messageChanged, &m_label,
+                     [this](const QString& message) { m_label.setVisible(message.isEmpty()); });
+}
+
+void StatusCounts::Show(ViewFrame& frame) {
+    const int rows = frame.RowCount();
+    const int selected = frame.SelectedCount();
+    const QString all = frame.IsShowingToDos() ? CountText("%1 to-do", "%1 to-dos", rows)
+                                               : CountText("%1 address", "%1 addresses", rows);
+    m_label.setText(
+        selected == 0 ? all : Text("%1 (%2 selected)").arg(all, QLocale().toString(selected)));
+}
+
+}  // namespace orvo::desktop

@@ -1,0 +1,124 @@
+// The tool bar: lookup, category, and a button for each view.
+// SPDX-License-Identifier: MIT
+#include <QLabel>
+#include <QLineEdit>
+#include <QStatusBar>
+
+#include <desktop/texts/Texts.h>
+#include <desktop/views/LookupKeys.h>
+#include <desktop/views/ViewIcons.h>
+#include <desktop/window/ToolBar.h>
+#include <orvoshare/module/OrvoShareModule.h>
+#include <orvoshare/resources/StringTable.h>
+#include <platform/qt/QtConvert.h>
+#include <platform/qt/QtWindowSystem.h>
+
+namespace orvo::desktop {
+namespace {
+
+constexpr int kLookupWidth = 220;
+constexpr int kCategoryWidth = 170;
+constexpr int kGap = 8;
+
+QString LookUpText() {
+    return ToQt(OrvoShareText(kStringLookUp).View());
+}
+
+QLabel* MakeLabel(const QString& text, QWidget& labelled) {
+    auto* label = new QLabel(text);
+    label->setBuddy(&labelled);
+    label->setContentsMargins(kGap, 0, kGap, 0);
+    return label;
+}
+
+}  // namespace
+
+ToolBar::ToolBar(const CommandContext& context) : m_context(context) {}
+
+ToolBar::~ToolBar() {
+    m_context.Frame().LookupBox().SetRefusalListener(nullptr);
+}
+
+void ToolBar::Make() {
+    QToolBar& bar = *m_context.Window().addToolBar(Text("Tools"));
+    bar.setMovable(false);
+    bar.setContextMenuPolicy(Qt::PreventContextMenu);
+    AddLookup(bar);
+    AddCategories(bar);
+    auto* space = new QWidget;
+    space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    bar.addWidget(space);
+    AddViews(bar);
+}
+
+void ToolBar::AddLookup(QToolBar& bar) {
+    ViewFrame& frame = m_context.Frame();
+    QWidget* box = QtWindowSystem::WidgetOf(&frame.LookupBox());
+    box->setFixedWidth(kLookupWidth);
+    box->setAccessibleName(Text("Look up"));
+    if (auto* line = dynamic_cast<QLineEdit*>(box))
+        new LookupKeys(*line, [&frame] { frame.OpenByReturn(); });
+    frame.LookupBox().SetRefusalListener(
+        [this](const CString& typed) { SayRefused(ToQt(typed.View())); });
+    bar.addWidget(MakeLabel(LookUpText(), *box));
+    bar.addWidget(box);
+}
+
+void ToolBar::SayRefused(const QString& typed) const {
+    if (typed.isEmpty()) {
+        m_context.Window().statusBar()->clearMessage();
+    } else {
+        m_context.Say(Text("No name begins with %1").arg(typed));
+    }
+}
+
+void ToolBar::AddCategories(QToolBar& bar) {
+    bar.addWidget(MakeLabel(Text("Category:"), m_categories));
+    m_categories.setFixedWidth(kCategoryWidth);
+    m_categories.setFocusPolicy(Qt::StrongFocus);
+    m_categories.setAccessibleName(Text("Category"));
+    QObject::connect(&m_categories, &QComboBox::activated, &m_categories,
+                     [this] { m_context.Frame().SetCategory(m_categories.currentData().toInt()); });
+    bar.addWidget(&m_categories);
+}
+
+void ToolBar::AddViews(QToolBar& bar) {
+    constexpr struct {
+        ViewKind kind;
+        const char* text;
+        const char* keys;
+    } kViews[] = {{ViewKind::List, Untranslated("List"), "Ctrl+1"},
+                  {ViewKind::LargeIcons, Untranslated("Large icons"), "Ctrl+2"},
+                  {ViewKind::SmallIcons, Untranslated("Small icons"), "Ctrl+3"},
+                  {ViewKind::Cards, Untranslated("Cards"), "Ctrl+4"},
+                  {ViewKind::ToDos, Untranslated("To Do"), "Ctrl+5"}};
+    for (const auto& view : kViews) {
+        if (view.kind == ViewKind::ToDos) bar.addSeparator();
+        QAction* action = m_views.addAction(IconOf(view.kind), Text(view.text));
+        action->setCheckable(true);
+        action->setShortcut(QKeySequence(view.keys));
+        QObject::connect(action, &QAction::triggered, action,
+                         [this, kind = view.kind] { m_context.ShowView(kind); });
+        bar.addAction(action);
+    }
+}
+
+void ToolBar::CheckView(ViewKind kind) {
+    m_views.actions().at(static_cast<int>(kind))->setChecked(true);
+}
+
+void ToolBar::FillCategories() {
+    ViewFrame& frame = m_context.Frame();
+    m_categories.clear();
+    m_categories.addItem(Text("All categories"), kAllCategories);
+    CCategoryMgr* categories = frame.ShownTable().GetCategoryManager();
+    CCategory* category = nullptr;
+    for (categories->FindFirst(category); category; categories->FindNext(category)) {
+        m_categories.addItem(FromUtf8(category->ShownUtf8()), category->GetIndex());
+    }
+    const int shown = m_categories.findData(frame.Category());
+    m_categories.setCurrentIndex(shown < 0 ? 0 : shown);
+    if (shown < 0) frame.SetCategory(kAllCategories);
+}
+
+}  // namespace orvo::desktop
