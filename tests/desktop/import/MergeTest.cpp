@@ -10,6 +10,7 @@
 #include <desktop/import/Duplicates.h>
 #include <desktop/import/MergeAddresses.h>
 #include <exchange/files/ExportFile.h>
+#include <exchange/files/ImportFile.h>
 #include <libraries/quire/MemoryEngine.h>
 
 namespace orvo::desktop {
