@@ -63,8 +63,8 @@ public:
     }
 
     QWidget* Viewport() override {
-        if (!m_window || m_window->Frame().RowCount() == 0) return nullptr;
-        QWidget* shown = QtWindowSystem::WidgetOf(&m_window->Frame().ShownWindow());
+        if (!m_window || m_window->Frame().Entries().RowCount() == 0) return nullptr;
+        QWidget* shown = QtWindowSystem::WidgetOf(&m_window->Frame().Entries().Window());
         QWidget* view = dynamic_cast<QStackedWidget&>(*shown).currentWidget();
         return dynamic_cast<QAbstractScrollArea&>(*view).viewport();
     }

@@ -121,7 +121,7 @@ int SaveFiles(DesktopWindow& window, const CommandLine& line) {
     if (line.pdf.empty()) return kDone;
     const std::string problem = WriteViewAsPdf(window.Frame(), line.pdf);
     if (!problem.empty()) return Fail(problem);
-    const int hidden = window.Frame().HiddenCount();
+    const int hidden = window.Frame().Entries().HiddenCount();
     if (hidden == 0) return kDone;
     PrintProblem(fmt::format("{}: {} private {} left out", line.pdf, hidden,
                              hidden == 1 ? "entry was" : "entries were"));

@@ -29,7 +29,7 @@ void CommandContext::SayLeftOut(int count) const {
 }
 
 void CommandContext::SayMasked() const {
-    if (m_frame.SelectedCount() == 0) return;
+    if (m_frame.Entries().SelectedCount() == 0) return;
     Say(Text("This is private and masked. To open or copy it, choose View, Show private entries."));
 }
 
@@ -46,7 +46,7 @@ bool CommandContext::IsFound(long status) const {
 
 void CommandContext::Refresh() const {
     m_services.fillCategories();
-    m_frame.Refill();
+    m_frame.Entries().Refill();
 }
 
 }  // namespace orvo::desktop

@@ -17,25 +17,25 @@ namespace orvo::desktop {
 
 void EditCommands::ChangeSelected(const QString& name,
                                   const std::function<long(CBaseRecord&)>& change) {
-    ViewFrame& frame = m_context.Frame();
+    ShownEntries& entries = m_context.Frame().Entries();
     const std::string failure = m_context.Session().Change(name.toStdString(), [&] {
-        for (CBaseRecord* record : frame.SelectedRecords(WayOut::Change)) {
+        for (CBaseRecord* record : entries.SelectedRecords(WayOut::Change)) {
             if (const long status = change(*record); status != 0) return status;
         }
         return 0L;
     });
     // What was taken back is still in the view's records.
-    frame.Refill();
+    entries.Refill();
     if (!failure.empty()) {
         m_context.Refuse(Text("Nothing was changed.") + "\n\n" + ProblemText(failure));
     }
 }
 
 void EditCommands::DeleteSelected() {
-    ViewFrame& frame = m_context.Frame();
-    const auto count = static_cast<std::int64_t>(frame.SelectedRecords(WayOut::Change).size());
+    ShownEntries& entries = m_context.Frame().Entries();
+    const auto count = static_cast<std::int64_t>(entries.SelectedRecords(WayOut::Change).size());
     if (count == 0) return m_context.SayMasked();
-    const bool isToDos = frame.IsShowingToDos();
+    const bool isToDos = m_context.Frame().IsShowingToDos();
     const QString question =
         isToDos
             ? CountText("Move %1 to-do to the trash?", "Move %1 to-dos to the trash?", count)
@@ -45,48 +45,49 @@ void EditCommands::DeleteSelected() {
         QMessageBox::question(&window, window.windowTitle(), question) != QMessageBox::Yes) {
         return;
     }
-    CBaseTable& table = frame.ShownTable();
+    // Meanwhile another view may have come up.
+    CBaseTable& table = m_context.Frame().Entries().Table();
     ChangeSelected(isToDos ? CountText("Delete %1 to-do", "Delete %1 to-dos", count)
                            : CountText("Delete %1 address", "Delete %1 addresses", count),
                    [&table](CBaseRecord& record) { return table.Delete(record); });
 }
 
 void EditCommands::SetCategoryOfSelected() {
-    ViewFrame& frame = m_context.Frame();
-    if (frame.SelectedRecords(WayOut::Change).empty()) return m_context.SayMasked();
-    const std::optional<int> category = ChooseCategory(&m_context.Window(), frame.ShownTable());
+    ShownEntries& entries = m_context.Frame().Entries();
+    if (entries.SelectedRecords(WayOut::Change).empty()) return m_context.SayMasked();
+    const std::optional<int> category = ChooseCategory(&m_context.Window(), entries.Table());
     if (!category) return;
     ChangeSelected(Text("Change category"),
                    [category](CBaseRecord& record) { return record.SetCategoryId(*category); });
 }
 
 void EditCommands::CopySelected() {
-    ViewFrame& frame = m_context.Frame();
-    const std::vector<CBaseRecord*> records = frame.SelectedRecords(WayOut::Clipboard);
+    ShownEntries& entries = m_context.Frame().Entries();
+    const std::vector<CBaseRecord*> records = entries.SelectedRecords(WayOut::Clipboard);
     if (records.empty()) return m_context.SayMasked();
-    m_context.SayLeftOut(frame.LeftOutOfSelection(WayOut::Clipboard));
+    m_context.SayLeftOut(entries.LeftOutOfSelection(WayOut::Clipboard));
     QApplication::clipboard()->setMimeData(EntriesAsMimeData(records).release());
 }
 
 // To-dos can't be dragged.
 std::unique_ptr<QMimeData> EditCommands::DraggedFrom(QPoint place) {
-    ViewFrame& frame = m_context.Frame();
-    if (frame.IsShowingToDos()) return nullptr;
-    const auto* rows = dynamic_cast<const ListPeer*>(frame.ShownWindow().GetPeer());
-    const QPoint point = QtWindowSystem::WidgetOf(&frame.ShownWindow())->mapFromGlobal(place);
+    ShownEntries& entries = m_context.Frame().Entries();
+    if (m_context.Frame().IsShowingToDos()) return nullptr;
+    const auto* rows = dynamic_cast<const ListPeer*>(entries.Window().GetPeer());
+    const QPoint point = QtWindowSystem::WidgetOf(&entries.Window())->mapFromGlobal(place);
     const int row = rows ? rows->HitTest({point.x(), point.y()}).row : -1;
     if (row < 0 || !rows->IsSelected(row)) return nullptr;
-    const std::vector<CBaseRecord*> records = frame.SelectedRecords(WayOut::Drag);
-    m_context.SayLeftOut(frame.LeftOutOfSelection(WayOut::Drag));
+    const std::vector<CBaseRecord*> records = entries.SelectedRecords(WayOut::Drag);
+    m_context.SayLeftOut(entries.LeftOutOfSelection(WayOut::Drag));
     return records.empty() ? nullptr : EntriesAsMimeData(records);
 }
 
 void EditCommands::SelectAll() {
-    ViewFrame& frame = m_context.Frame();
-    auto* rows = dynamic_cast<ListPeer*>(frame.ShownWindow().GetPeer());
+    ShownEntries& entries = m_context.Frame().Entries();
+    auto* rows = dynamic_cast<ListPeer*>(entries.Window().GetPeer());
     if (!rows || rows->RowCount() == 0) return;
     rows->Select(0, rows->RowCount() - 1, true);
-    frame.ShownWindow().SetFocus();
+    entries.Window().SetFocus();
     // At once: the next key may be that of Copy, which is off as long as nothing counts as
     // selected.
     m_context.ShowCounts();
@@ -106,7 +107,7 @@ void EditCommands::TakeBack(const std::string& problem) {
 }
 
 void EditCommands::OpenTrash() {
-    const Disclosure disclosure = m_context.Frame().Disclosed();
+    const Disclosure disclosure(m_context.Options());
     if (ShowTrash(&m_context.Window(), m_context.Session(), disclosure)) m_context.Refresh();
 }
 

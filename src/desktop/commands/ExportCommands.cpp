@@ -17,16 +17,15 @@
 namespace orvo::desktop {
 
 void ExportCommands::ChooseFile() {
-    ViewFrame& frame = m_context.Frame();
-    const bool isCalendar = frame.IsShowingToDos();
-    const CString filter =
-        FromQt(isCalendar ? Text("Calendars") + "|*.ics;*.vcs||" : Text("Cards") + "|*.vcf||");
-    const bool hasSelection = frame.SelectedCount() > 0;
-    CExportFileDialog dialog(nullptr, isCalendar ? "ics" : "vcf", filter, &frame,
+    ShownEntries& entries = m_context.Frame().Entries();
+    const EntryFile kind = entries.File();
+    const CString filter = FromQt(kind.filter);
+    const bool hasSelection = entries.SelectedCount() > 0;
+    CExportFileDialog dialog(nullptr, kind.ending, filter, &m_context.Frame(),
                              kRangeAll | (hasSelection ? kRangeSelected : 0),
                              hasSelection ? kRangeSelected : kRangeAll);
-    const SaveStart start(dialog, isCalendar ? Text("To Do") : Text("Addresses"),
-                          isCalendar ? ".ics" : ".vcf");
+    const std::string ending = std::string(".") + kind.ending;
+    const SaveStart start(dialog, entries.Name(), ending.c_str());
     if (dialog.DoModal() != IDOK) return;
     const std::string file = ToUtf8(dialog.GetPathName());
     KeepFolderOf(file);
@@ -34,14 +33,14 @@ void ExportCommands::ChooseFile() {
 }
 
 void ExportCommands::Export(const std::string& file, bool isSelectionOnly) {
-    ViewFrame& frame = m_context.Frame();
+    ShownEntries& entries = m_context.Frame().Entries();
     StoreSession& session = m_context.Session();
     std::unordered_set<std::int64_t> selected;
-    for (const CBaseRecord* record : frame.SelectedRecords(WayOut::Export)) {
+    for (const CBaseRecord* record : entries.SelectedRecords(WayOut::Export)) {
         selected.insert(record->GetId());
     }
-    const Disclosure disclosure = frame.Disclosed();
-    int untold = isSelectionOnly ? frame.LeftOutOfSelection(WayOut::Export) : 0;
+    const Disclosure disclosure(m_context.Options());
+    int untold = isSelectionOnly ? entries.LeftOutOfSelection(WayOut::Export) : 0;
     try {
         const ExportReport report =
             ExportFile(file, session.Addresses(), session.ToDos(), [&](const CBaseRecord& record) {

@@ -30,12 +30,11 @@ void FormCommands::NewAddress() {
     StoreSession& session = m_context.Session();
     ViewFrame& frame = m_context.Frame();
     CAddressRecord record(session.Addresses());
-    if (frame.Category() != kAllCategories && !frame.IsShowingToDos()) {
-        record.SetCategoryId(frame.Category());
-    }
+    const int category = frame.Addresses().Category();
+    if (!frame.IsShowingToDos() && category != kAllCategories) record.SetCategoryId(category);
     const EditHistory::Step step(session.History(), Text("New address").toStdString());
     if (!EditAddress(&m_context.Window(), session.Addresses(), record, &m_keeper)) {
-        return frame.Refill();
+        return frame.Entries().Refill();
     }
     if (frame.IsShowingToDos()) m_context.ShowView(ViewKind::List);
     ShowEdited(record.GetId());
@@ -45,11 +44,11 @@ void FormCommands::NewToDo() {
     StoreSession& session = m_context.Session();
     ViewFrame& frame = m_context.Frame();
     CToDoRecord record(session.ToDos());
-    if (frame.Category() != kAllCategories && frame.IsShowingToDos()) {
-        record.SetCategoryId(frame.Category());
-    }
+    const int category = frame.ToDos().Category();
+    if (frame.IsShowingToDos() && category != kAllCategories) record.SetCategoryId(category);
     const EditHistory::Step step(session.History(), Text("New to-do").toStdString());
-    if (!EditToDo(&m_context.Window(), session.ToDos(), record, &m_keeper)) return frame.Refill();
+    if (!EditToDo(&m_context.Window(), session.ToDos(), record, &m_keeper))
+        return frame.Entries().Refill();
     m_context.ShowView(ViewKind::ToDos);
     ShowEdited(record.GetId());
 }
@@ -68,7 +67,8 @@ bool FormCommands::OpenForm(Table& table, bool (*edit)(QWidget*, Table&, Record&
 }
 
 void FormCommands::OpenSelected() {
-    const std::vector<CBaseRecord*> records = m_context.Frame().SelectedRecords(WayOut::Change);
+    const std::vector<CBaseRecord*> records =
+        m_context.Frame().Entries().SelectedRecords(WayOut::Change);
     if (records.empty()) return m_context.SayMasked();
     if (records.size() != 1) return;
     OpenEntry(records.front()->GetId());
@@ -83,15 +83,15 @@ void FormCommands::OpenEntry(std::int64_t id) {
     if (isSaved) {
         ShowEdited(id);
     } else {
-        m_context.Frame().Refill();
+        m_context.Frame().Entries().Refill();
     }
 }
 
 void FormCommands::ShowEdited(std::int64_t id) {
-    ViewFrame& frame = m_context.Frame();
-    frame.Refill();
-    frame.SelectRecord(id);
-    frame.ShownWindow().SetFocus();
+    ShownEntries& entries = m_context.Frame().Entries();
+    entries.Refill();
+    entries.SelectRecord(id);
+    entries.Window().SetFocus();
 }
 
 std::optional<KeptForm> FormCommands::Kept() const {

@@ -110,7 +110,7 @@ void ImportCommands::ShowImported(const ImportResult& result) {
 }
 
 bool ImportCommands::ComparesPrivate() const {
-    return m_context.Frame().Disclosed().Of(WayOut::Duplicates) == Told::Whole;
+    return Disclosure(m_context.Options()).Of(WayOut::Duplicates) == Told::Whole;
 }
 
 void ImportCommands::OfferDuplicates(const ImportResult& result) {

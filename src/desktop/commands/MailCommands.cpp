@@ -7,10 +7,11 @@ namespace orvo::desktop {
 
 void MailCommands::Send(const std::function<QString(const std::vector<CAddressRecord*>&)>& send) {
     std::vector<CAddressRecord*> records;
-    for (CBaseRecord* record : m_context.Frame().SelectedRecords(WayOut::Mail)) {
+    ShownEntries& entries = m_context.Frame().Entries();
+    for (CBaseRecord* record : entries.SelectedRecords(WayOut::Mail)) {
         records.push_back(static_cast<CAddressRecord*>(record));
     }
-    m_context.SayLeftOut(m_context.Frame().LeftOutOfSelection(WayOut::Mail));
+    m_context.SayLeftOut(entries.LeftOutOfSelection(WayOut::Mail));
     if (!records.empty()) m_context.Refuse(send(records));
 }
 

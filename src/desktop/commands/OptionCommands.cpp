@@ -43,7 +43,7 @@ void OptionCommands::Change(const std::function<void(COrvoDesktopOptions&)>& cha
     }
     HoldLock();
     m_privacyShown();
-    m_context.Frame().Refill();
+    m_context.Frame().Entries().Refill();
     m_changed();
 }
 

@@ -11,7 +11,8 @@ void PluginCommands::Load(QMenuBar& bar) {
     Plugins::Services services;
     services.selectedIds = [this] {
         std::vector<std::int64_t> ids;
-        for (const CBaseRecord* record : m_context.Frame().SelectedRecords(WayOut::Export)) {
+        for (const CBaseRecord* record :
+             m_context.Frame().Entries().SelectedRecords(WayOut::Export)) {
             ids.push_back(record->GetId());
         }
         return ids;

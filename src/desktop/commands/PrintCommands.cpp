@@ -87,7 +87,7 @@ void TellFailure(QWidget& parent, const PrintResult& result) {
 
 // On paper nothing shows that there is more than what was printed.
 void TellHidden(const CommandContext& context, bool isSelection, const QString& done) {
-    const int hidden = isSelection ? 0 : context.Frame().HiddenCount();
+    const int hidden = isSelection ? 0 : context.Frame().Entries().HiddenCount();
     QStringList told{done, hidden != 0 ? LeftOutText(hidden) : QString()};
     told.removeAll(QString());
     if (!told.isEmpty()) context.Say(told.join(' '));
@@ -107,7 +107,7 @@ void PrintView(const CommandContext& context) {
     SetUp(printer, frame);
     QPrintDialog dialog(&printer, &window);
     dialog.setWindowTitle(Text("Print"));
-    dialog.setOption(QAbstractPrintDialog::PrintSelection, frame.SelectedCount() > 0);
+    dialog.setOption(QAbstractPrintDialog::PrintSelection, frame.Entries().SelectedCount() > 0);
     if (dialog.exec() != QDialog::Accepted) return;
     SavePageLayout(printer.pageLayout());
     const bool isSelection = printer.printRange() == QPrinter::Selection;
@@ -146,7 +146,7 @@ void PreviewView(const CommandContext& context) {
 void SaveViewAsPdf(const CommandContext& context) {
     QWidget& window = context.Window();
     ViewFrame& frame = context.Frame();
-    const bool hasSelection = frame.SelectedCount() > 0;
+    const bool hasSelection = frame.Entries().SelectedCount() > 0;
     CExportFileDialog dialog(nullptr, "pdf", FromQt(Text("PDF files") + "|*.pdf||"), &frame,
                              kRangeAll | (hasSelection ? kRangeSelected : 0), kRangeAll);
     const CString caption = FromQt(Text("Save as PDF"));

@@ -113,10 +113,11 @@ PrintedCard CardOf(CDetailViewAddrCard& view, int row) {
 }
 
 QString CategoryName(ViewFrame& frame) {
-    CCategoryMgr* categories = frame.ShownTable().GetCategoryManager();
+    CCategoryMgr* categories = frame.Entries().Table().GetCategoryManager();
     CCategory* category = nullptr;
     for (categories->FindFirst(category); category; categories->FindNext(category)) {
-        if (category->GetIndex() == frame.Category()) return FromUtf8(category->ShownUtf8());
+        if (category->GetIndex() == frame.Entries().Category())
+            return FromUtf8(category->ShownUtf8());
     }
     return {};
 }
@@ -124,14 +125,14 @@ QString CategoryName(ViewFrame& frame) {
 }  // namespace
 
 std::vector<int> AllRows(ViewFrame& frame) {
-    std::vector<int> rows(static_cast<std::size_t>(frame.RowCount()));
+    std::vector<int> rows(static_cast<std::size_t>(frame.Entries().RowCount()));
     std::iota(rows.begin(), rows.end(), 0);
     return rows;
 }
 
 std::vector<int> SelectedRows(ViewFrame& frame) {
     std::vector<int> rows;
-    const auto* peer = dynamic_cast<const ListPeer*>(frame.ShownWindow().GetPeer());
+    const auto* peer = dynamic_cast<const ListPeer*>(frame.Entries().Window().GetPeer());
     for (int row = peer ? peer->NextSelected(-1) : -1; row >= 0; row = peer->NextSelected(row)) {
         rows.push_back(row);
     }
@@ -139,7 +140,7 @@ std::vector<int> SelectedRows(ViewFrame& frame) {
 }
 
 std::unique_ptr<PrintedItems> ItemsOf(ViewFrame& frame, std::vector<int> rows) {
-    CWnd& view = frame.ShownWindow();
+    CWnd& view = frame.Entries().Window();
     if (auto* cards = dynamic_cast<CDetailViewAddrCard*>(&view)) {
         const int count = static_cast<int>(rows.size());
         return std::make_unique<PrintedCards>(

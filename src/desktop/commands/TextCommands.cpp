@@ -8,7 +8,7 @@ namespace orvo::desktop {
 
 void TextCommands::Open() {
     m_field = std::make_unique<TextInPlace>(
-        m_context.Frame().ToDoList(),
+        m_context.Frame().ToDos().List(),
         [this](std::int64_t id, const std::string& text) { return Save(id, text); });
 }
 
@@ -19,7 +19,7 @@ bool TextCommands::Save(std::int64_t id, const std::string& text) {
     if (!m_context.IsFound(session.ToDos().Find(id, record))) return true;
     const std::string failure = session.Change(Text("Edit to-do").toStdString(),
                                                [&] { return record.SetDescriptionUtf8(text); });
-    m_context.Frame().Refill();
+    m_context.Frame().Entries().Refill();
     if (!failure.empty()) {
         m_context.Refuse(Text("Nothing was changed.") + "\n\n" + ProblemText(failure));
     }

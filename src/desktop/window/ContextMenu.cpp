@@ -29,7 +29,7 @@ void ContextMenu::AddKey() {
 // By a key it comes from what has the focus, by the mouse from what is below it.
 void ContextMenu::Open(const QContextMenuEvent& event, const std::vector<QAction*>& actions) const {
     QWidget& window = m_context.Window();
-    const QWidget* view = QtWindowSystem::WidgetOf(&m_context.Frame().ShownWindow());
+    const QWidget* view = QtWindowSystem::WidgetOf(&m_context.Frame().Entries().Window());
     const bool isByMouse = event.reason() == QContextMenuEvent::Mouse;
     const QWidget* asked = isByMouse ? window.childAt(event.pos()) : QApplication::focusWidget();
     if (!view || !view->isAncestorOf(asked)) return;
@@ -42,8 +42,8 @@ void ContextMenu::Open(const QContextMenuEvent& event, const std::vector<QAction
 // Below the row that has the focus, or in the middle where that isn't in view.
 QPoint ContextMenu::Place() const {
     ViewFrame& frame = m_context.Frame();
-    const auto* rows = dynamic_cast<const ListPeer*>(frame.ShownWindow().GetPeer());
-    const QWidget* view = QtWindowSystem::WidgetOf(&frame.ShownWindow());
+    const auto* rows = dynamic_cast<const ListPeer*>(frame.Entries().Window().GetPeer());
+    const QWidget* view = QtWindowSystem::WidgetOf(&frame.Entries().Window());
     if (!rows || !view) return m_context.Window().pos();
     CRect row;
     const bool isFocused = rows->RowRect(rows->FocusRow(), RowPart::Label, row);

@@ -58,7 +58,7 @@ DesktopWindow::DesktopWindow(StoreSession& session, COrvoDesktopOptions& options
 DesktopWindow::~DesktopWindow() {
     m_commands.texts.Close();
     m_session.SetFailureListener([](const std::string&) {});
-    m_frame.SetChangeListener(nullptr);
+    m_frame.Listeners().changed = nullptr;
     m_frame.DestroyWindow();
 }
 
@@ -68,25 +68,26 @@ bool DesktopWindow::Open(const WindowSettings& settings) {
     setCentralWidget(QtWindowSystem::WidgetOf(&m_frame));
     if (SystemLocale::Language() == "ja") m_kana.PutInto(*this);
     Listen();
-    m_frame.SetAddressOrder(settings.addressOrder);
-    m_frame.SetToDoOrder(static_cast<eSortOrder>(settings.toDoOrder));
+    m_frame.Addresses().SetOrder(settings.addressOrder);
+    m_frame.ToDos().SetOrder(static_cast<eSortOrder>(settings.toDoOrder));
     m_toolBar.Make();
     m_menus.Make(m_toolBar.ViewActions());
     m_contextMenu.AddKey();
     m_counts.PutInto(*statusBar());
     if (!settings.geometry.isEmpty()) restoreGeometry(settings.geometry);
-    m_frame.SetChangeListener([this] { ShowChange(); });
+    m_frame.Listeners().changed = [this] { ShowChange(); };
     ShowView(settings.view);
     return true;
 }
 
 void DesktopWindow::Listen() {
-    m_frame.SetDropListener([this](const std::vector<std::string>& files) { ImportLater(files); });
-    m_frame.SetOpenListener([this] { m_commands.forms.OpenSelected(); });
-    m_frame.ToDoList().SetCompletionQuestion(
+    ViewListeners& listeners = m_frame.Listeners();
+    listeners.dropped = [this](const std::vector<std::string>& files) { ImportLater(files); };
+    listeners.opened = [this] { m_commands.forms.OpenSelected(); };
+    listeners.closed = [this] { CloseUnlessAsking(); };
+    m_frame.ToDos().List().SetCompletionQuestion(
         [this](const CToDoRecord& record) { return MayComplete(this, record); });
     m_commands.texts.Open();
-    m_frame.SetCloseListener([this] { CloseUnlessAsking(); });
     new DragOut(*centralWidget(),
                 [this](QPoint place) { return m_commands.edits.DraggedFrom(place); });
 }
@@ -101,8 +102,9 @@ void DesktopWindow::BeginSession() {
 void DesktopWindow::ShowView(ViewKind kind) {
     if (!m_commands.texts.Finish()) return;
     m_frame.Show(kind);
-    const QString name = m_frame.IsShowingToDos() ? Text("To Do") : Text("Addresses");
-    QtWindowSystem::NameList(m_frame.ShownWindow(), name, Text("Private entry"), Text("overdue"));
+    ShownEntries& entries = m_frame.Entries();
+    QtWindowSystem::NameList(entries.Window(), entries.Name(), Text("Private entry"),
+                             Text("overdue"));
     m_toolBar.CheckView(kind);
     m_toolBar.FillCategories();
     m_menus.EnableOrders();
@@ -115,7 +117,7 @@ void DesktopWindow::ShowChange() {
 }
 
 void DesktopWindow::ShowCounts() {
-    m_counts.Show(m_frame);
+    m_counts.Show(m_frame.Entries());
     m_kana.Show();
     m_menus.EnableSelection();
 }
@@ -156,8 +158,8 @@ void DesktopWindow::Save() {
     WindowSettings settings;
     settings.geometry = saveGeometry();
     settings.view = m_frame.Shown();
-    settings.addressOrder = static_cast<int>(m_frame.AddressOrder());
-    settings.toDoOrder = m_frame.ToDoOrder();
+    settings.addressOrder = static_cast<int>(m_frame.Addresses().Order());
+    settings.toDoOrder = m_frame.ToDos().Order();
     settings.Save();
 }
 

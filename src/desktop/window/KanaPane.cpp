@@ -13,7 +13,8 @@ void KanaPane::PutInto(QMainWindow& window) {
     line->setContentsMargins(0, 0, 0, 0);
     line->setSpacing(0);
     m_index = new KanaIndex;
-    m_index->SetChooseListener([this](KanaRow row) { GoToKanaRow(m_frame.AddressView(), row); });
+    m_index->SetChooseListener(
+        [this](KanaRow row) { GoToKanaRow(m_frame.Addresses().View(), row); });
     line->addWidget(window.takeCentralWidget(), 1);
     line->addWidget(m_index);
     window.setCentralWidget(both);
@@ -22,10 +23,10 @@ void KanaPane::PutInto(QMainWindow& window) {
 void KanaPane::Show() {
     if (!m_index) return;
     m_index->setVisible(!m_frame.IsShowingToDos());
-    const std::pair rows(m_frame.FillCount(), m_frame.RowCount());
+    const std::pair rows(m_frame.Addresses().FillCount(), m_frame.Addresses().RowCount());
     if (m_frame.IsShowingToDos() || m_rows == rows) return;
     m_rows = rows;
-    m_index->ShowEntries(FirstKanaEntries(m_frame.AddressView()));
+    m_index->ShowEntries(FirstKanaEntries(m_frame.Addresses().View()));
 }
 
 }  // namespace orvo::desktop

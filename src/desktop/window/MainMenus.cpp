@@ -97,7 +97,7 @@ void MainMenus::MakeViewMenu(const QList<QAction*>& views) {
         QAction* action = view.addAction(Text(step.text));
         action->setShortcut(QKeySequence(step.keys));
         QObject::connect(action, &QAction::triggered, action, [&frame, change = step.change] {
-            frame.SetCardStep(frame.CardStep() + change);
+            frame.Addresses().SetCardStep(frame.Addresses().CardStep() + change);
         });
     }
     view.addSeparator();
@@ -117,8 +117,8 @@ void MainMenus::MakeAddressMenu() {
     QMenu& addresses = AddMenu(Untranslated("&Addresses"), ORVO_MENU_ADDRESSES);
     constexpr Choice kOrders[] = {{Untranslated("By &name"), static_cast<int>(kListByName)},
                                   {Untranslated("By &company"), static_cast<int>(kListByCompany)}};
-    AddChoices(m_addressOrders, addresses, kOrders, static_cast<int>(frame.AddressOrder()),
-               [&frame](int value) { frame.SetAddressOrder(value); });
+    AddChoices(m_addressOrders, addresses, kOrders, static_cast<int>(frame.Addresses().Order()),
+               [&frame](int value) { frame.Addresses().SetOrder(value); });
     addresses.addSeparator();
     MailCommands& mail = m_commands.mail;
     m_addressActions = {
@@ -138,8 +138,8 @@ void MainMenus::MakeToDoMenu() {
         {Untranslated("By &due date, then priority"), eSortByDueDatePriority},
         {Untranslated("By &category, then due date"), eSortByCategoryDueDate},
         {Untranslated("By c&ategory, then priority"), eSortByCategoryPriority}};
-    AddChoices(m_toDoOrders, toDos, kOrders, frame.ToDoOrder(),
-               [&frame](int value) { frame.SetToDoOrder(static_cast<eSortOrder>(value)); });
+    AddChoices(m_toDoOrders, toDos, kOrders, frame.ToDos().Order(),
+               [&frame](int value) { frame.ToDos().SetOrder(static_cast<eSortOrder>(value)); });
     toDos.addSeparator();
     AddFlag(toDos, Untranslated("&Show completed"), &COrvoDesktopOptions::GetTodoShowCompleted,
             &COrvoDesktopOptions::SetTodoShowCompleted);
@@ -175,7 +175,7 @@ void MainMenus::AddFlag(QMenu& menu, const char* text, int (COrvoDesktopOptions:
 
 void MainMenus::FillColumnMenu(QMenu& menu) {
     menu.clear();
-    COrvoUIListViewCtrl* list = m_context.Frame().ShownColumns();
+    COrvoUIListViewCtrl* list = m_context.Frame().Entries().Columns();
     if (!list) {
         menu.addAction(Text("This view has no columns"))->setEnabled(false);
         return;
@@ -204,13 +204,15 @@ void MainMenus::EnableOrders() {
 
 void MainMenus::CheckOrders() {
     const ViewFrame& frame = m_context.Frame();
-    m_addressOrders.actions().at(frame.AddressOrder() == kListByName ? 0 : 1)->setChecked(true);
-    m_toDoOrders.actions().at(frame.ToDoOrder())->setChecked(true);
+    m_addressOrders.actions()
+        .at(frame.Addresses().Order() == kListByName ? 0 : 1)
+        ->setChecked(true);
+    m_toDoOrders.actions().at(frame.ToDos().Order())->setChecked(true);
 }
 
 void MainMenus::EnableSelection() {
     ViewFrame& frame = m_context.Frame();
-    const int selected = frame.SelectedCount();
+    const int selected = frame.Entries().SelectedCount();
     for (QAction* action : m_selectionActions) action->setEnabled(selected > 0);
     for (QAction* action : m_addressActions) {
         action->setEnabled(selected > 0 && !frame.IsShowingToDos());

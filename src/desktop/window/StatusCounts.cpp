@@ -16,11 +16,9 @@ void StatusCounts::PutInto(QStatusBar& bar) {
                      [this](const QString& message) { m_label.setVisible(message.isEmpty()); });
 }
 
-void StatusCounts::Show(ViewFrame& frame) {
-    const int rows = frame.RowCount();
-    const int selected = frame.SelectedCount();
-    const QString all = frame.IsShowingToDos() ? CountText("%1 to-do", "%1 to-dos", rows)
-                                               : CountText("%1 address", "%1 addresses", rows);
+void StatusCounts::Show(ShownEntries& entries) {
+    const int selected = entries.SelectedCount();
+    const QString all = entries.CountedText(entries.RowCount());
     m_label.setText(
         selected == 0 ? all : Text("%1 (%2 selected)").arg(all, QLocale().toString(selected)));
 }

@@ -5,7 +5,7 @@
 #include <QLabel>
 #include <QStatusBar>
 
-#include <desktop/views/ViewFrame.h>
+#include <desktop/views/ShownEntries.h>
 
 namespace orvo::desktop {
 
@@ -13,7 +13,7 @@ class StatusCounts {
 public:
     // While the bar shows a message the counts make room for it.
     void PutInto(QStatusBar& bar);
-    void Show(ViewFrame& frame);
+    void Show(ShownEntries& entries);
 
 private:
     QLabel m_label;

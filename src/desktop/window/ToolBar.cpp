@@ -77,8 +77,9 @@ void ToolBar::AddCategories(QToolBar& bar) {
     m_categories.setFixedWidth(kCategoryWidth);
     m_categories.setFocusPolicy(Qt::StrongFocus);
     m_categories.setAccessibleName(Text("Category"));
-    QObject::connect(&m_categories, &QComboBox::activated, &m_categories,
-                     [this] { m_context.Frame().SetCategory(m_categories.currentData().toInt()); });
+    QObject::connect(&m_categories, &QComboBox::activated, &m_categories, [this] {
+        m_context.Frame().Entries().SetCategory(m_categories.currentData().toInt());
+    });
     bar.addWidget(&m_categories);
 }
 
@@ -108,17 +109,17 @@ void ToolBar::CheckView(ViewKind kind) {
 }
 
 void ToolBar::FillCategories() {
-    ViewFrame& frame = m_context.Frame();
+    ShownEntries& entries = m_context.Frame().Entries();
     m_categories.clear();
     m_categories.addItem(Text("All categories"), kAllCategories);
-    CCategoryMgr* categories = frame.ShownTable().GetCategoryManager();
+    CCategoryMgr* categories = entries.Table().GetCategoryManager();
     CCategory* category = nullptr;
     for (categories->FindFirst(category); category; categories->FindNext(category)) {
         m_categories.addItem(FromUtf8(category->ShownUtf8()), category->GetIndex());
     }
-    const int shown = m_categories.findData(frame.Category());
+    const int shown = m_categories.findData(entries.Category());
     m_categories.setCurrentIndex(shown < 0 ? 0 : shown);
-    if (shown < 0) frame.SetCategory(kAllCategories);
+    if (shown < 0) entries.SetCategory(kAllCategories);
 }
 
 }  // namespace orvo::desktop

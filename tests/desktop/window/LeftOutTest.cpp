@@ -81,10 +81,11 @@ TEST_F(LeftOut, EachViewTellsNoMoreThanTheUserWantsAndSaysWhatItLacks) {
             Choose("Copy");
             ViewFrame& frame = window->Frame();
 
-            EXPECT_EQ(frame.RowCount(), choice.rows);
-            EXPECT_EQ(frame.HiddenCount(), choice.hidden);
+            EXPECT_EQ(frame.Entries().RowCount(), choice.rows);
+            EXPECT_EQ(frame.Entries().HiddenCount(), choice.hidden);
             for (const WayOut way : kWaysOfSelected) {
-                EXPECT_EQ(static_cast<int>(frame.SelectedRecords(way).size()), choice.whole);
+                EXPECT_EQ(static_cast<int>(frame.Entries().SelectedRecords(way).size()),
+                          choice.whole);
             }
             const QString copied = QApplication::clipboard()->text();
             EXPECT_EQ(copied.count("Xanadu"), choice.whole - (kAll - kPrivate));

@@ -67,14 +67,14 @@ CBaseRecord* RecordOf(const ViewFrame& frame, DWORD data) {
 int ComparedRows(ViewFrame& frame, DWORD before, DWORD after) {
     const auto first = static_cast<long>(before);
     const auto second = static_cast<long>(after);
-    if (!frame.IsShowingToDos()) return AddrCompareFunc(first, second, frame.AddressOrder());
-    auto* toDos = dynamic_cast<CTodoListbox*>(&frame.ShownWindow());
+    if (!frame.IsShowingToDos()) return AddrCompareFunc(first, second, frame.Addresses().Order());
+    auto* toDos = dynamic_cast<CTodoListbox*>(&frame.Entries().Window());
     return TodoCompareRecords(first, second, reinterpret_cast<long>(toDos));
 }
 
 void ExpectRowsOfTheStore(ViewFrame& frame, StoreReader& store,
                           const COrvoDesktopOptions& options) {
-    const auto* rows = dynamic_cast<const ListPeer*>(frame.ShownWindow().GetPeer());
+    const auto* rows = dynamic_cast<const ListPeer*>(frame.Entries().Window().GetPeer());
     ASSERT_NE(rows, nullptr);
     std::set<std::int64_t> shown;
     for (int row = 0; row < rows->RowCount(); ++row) {
@@ -85,7 +85,7 @@ void ExpectRowsOfTheStore(ViewFrame& frame, StoreReader& store,
     }
     const TableKind kind = frame.IsShowingToDos() ? TableKind::ToDo : TableKind::Address;
     EXPECT_EQ(shown.size(), static_cast<std::size_t>(rows->RowCount()));
-    EXPECT_EQ(shown, store.Wanted(kind, frame.Category(), options));
+    EXPECT_EQ(shown, store.Wanted(kind, frame.Entries().Category(), options));
 }
 
 TEST(RandomActions, RowsAreThoseOfTheStoreAfterEach) {
@@ -108,7 +108,7 @@ TEST(RandomActions, RowsAreThoseOfTheStoreAfterEach) {
     for (int i = 0; i < kActions; ++i) {
         if (i % kForeignEvery == 0) {
             store.Add("Foreign " + std::to_string(i));
-            window.Frame().Refill();
+            window.Frame().Entries().Refill();
         }
         const std::string what = user.Act();
         ExpectRowsOfTheStore(window.Frame(), store, options);

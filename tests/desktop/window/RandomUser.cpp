@@ -93,7 +93,7 @@ std::string RandomUser::Act() {
                     {1, &RandomUser::DropFile}};
     // Without a window manager no window has the keys after a question.
     m_window.activateWindow();
-    if (!QApplication::focusWidget()) m_window.Frame().ShownWindow().SetFocus();
+    if (!QApplication::focusWidget()) m_window.Frame().Entries().Window().SetFocus();
     int roll = Roll(20);
     const auto* chosen = kActions;
     for (; roll >= chosen->count; ++chosen) roll -= chosen->count;
@@ -123,7 +123,7 @@ std::string RandomUser::PressKey() {
 }
 
 std::string RandomUser::ClickView() {
-    QWidget* view = QtWindowSystem::WidgetOf(&m_window.Frame().ShownWindow());
+    QWidget* view = QtWindowSystem::WidgetOf(&m_window.Frame().Entries().Window());
     if (auto* area = view->findChild<QAbstractScrollArea*>()) view = area->viewport();
     if (auto* area = dynamic_cast<QAbstractScrollArea*>(view)) view = area->viewport();
     const QPoint place(Roll(view->width()), Roll(view->height() / 2));

@@ -1,0 +1,64 @@
+// Addresses as a list, as icons or as cards.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <desktop/views/HeadingSpread.h>
+#include <desktop/views/ShownEntries.h>
+#include <desktop/views/ViewKind.h>
+#include <orvoshare/addressviews/DetailViewAddrCard.h>
+#include <orvoshare/addressviews/LookupEdit.h>
+
+namespace orvo::desktop {
+
+class ShownAddresses : public ShownEntries {
+public:
+    using ShownEntries::ShownEntries;
+
+    // Makes the windows of the views inside of the parent; the box leads through them, and with the
+    // combo outlives them.
+    // Gives:  false where a window can't be made.
+    bool Create(CWnd& parent, CLookupEdit& box, CCategoryCombo& categories);
+
+    // True for the list and its icons, which are one window.
+    static bool IsOfList(ViewKind kind);
+    // Uses the view of that kind; for to-dos the list, which is empty then.
+    void Use(ViewKind kind);
+    CDetailViewAddrInf& View();
+
+    long Order() const { return m_order; }
+    void SetOrder(long listBy);
+
+    // From 0, as the user makes cards smaller or larger.
+    void SetCardStep(int step);
+    int CardStep() const;
+
+    // The room for columns, in pixels.
+    void FillWidth(int width) { m_spread->FillWidth(width); }
+    // Saves headings and the size of the cards.
+    void SaveHeadings();
+
+    QString Name() const override;
+    QString CountedText(int count) const override;
+    EntryFile File() const override;
+    CAddressTable& Table() override { return m_session.Addresses(); }
+    CWnd& Window() override;
+    COrvoUIListViewCtrl* Columns() override;
+    void SortByColumn(int id) override;
+    int RowCount() override { return View().DV_GetItemCount(); }
+    int SelectedCount() override { return static_cast<int>(View().DV_GetSelectedCount()); }
+    int HiddenCount() override;
+    CAddressRecord* RecordOf(DWORD data) const override;
+
+protected:
+    void Fill(const Disclosure& disclosure) override;
+    void Empty() override { View().DV_DeleteAll(); }
+
+private:
+    ViewKind m_kind = ViewKind::List;
+    long m_order = kListByName;
+    CDetailViewAddrList m_list;
+    CDetailViewAddrCard m_cards;
+    std::optional<HeadingSpread> m_spread;  // once the windows stand
+};
+
+}  // namespace orvo::desktop

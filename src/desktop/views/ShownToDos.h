@@ -1,0 +1,56 @@
+// To-dos as a list.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+
+#include <desktop/views/HeadingSpread.h>
+#include <desktop/views/ShownEntries.h>
+#include <orvoshare/todo/TodoListbox.h>
+
+namespace orvo::desktop {
+
+class ShownToDos : public ShownEntries {
+public:
+    using ShownEntries::ShownEntries;
+
+    // Makes the window of the list inside of the parent; the combo outlives it.
+    // Requires: the parent hands out the options already.
+    // Gives:  false where that can't be done.
+    bool Create(CWnd& parent, CCategoryCombo& categories);
+
+    CTodoListbox& List() { return *m_list; }  // once it is made
+
+    eSortOrder Order() const { return m_order; }
+    void SetOrder(eSortOrder order);
+
+    // Whether a click into that column, by its place, changes the to-do.
+    bool IsChangedByClick(int column) const;
+
+    // The room for columns, in pixels.
+    void FillWidth(int width) { m_spread->FillWidth(width); }
+    void SaveHeadings();
+
+    QString Name() const override;
+    QString CountedText(int count) const override;
+    EntryFile File() const override;
+    CToDoTable& Table() override { return m_session.ToDos(); }
+    CWnd& Window() override { return *m_list; }
+    COrvoUIListViewCtrl* Columns() override { return m_list.get(); }
+    void SortByColumn(int id) override;
+    int RowCount() override { return m_list->GetItemCount(); }
+    int SelectedCount() override { return m_list->GetSelectedCount(); }
+    int HiddenCount() override;
+    CToDoRecord* RecordOf(DWORD data) const override;
+
+protected:
+    void Fill(const Disclosure& disclosure) override;
+    void Empty() override { m_list->DeleteAll(); }
+
+private:
+    eSortOrder m_order = eSortByPriorityDueDate;
+    std::unique_ptr<CTodoListbox> m_list;  // it asks for the options as soon as it is there
+    std::optional<HeadingSpread> m_spread;
+};
+
+}  // namespace orvo::desktop
