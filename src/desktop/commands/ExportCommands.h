@@ -13,7 +13,8 @@ public:
     // The context outlives the commands.
     explicit ExportCommands(CommandContext& context) : m_context(context) {}
 
-    // Exports what the view shows, or of it what is selected, to a file that the user chooses.
+    // Exports all entries of the kind that is shown, or those that are selected, to a file that the
+    // user chooses.
     void ChooseFile();
 
 private:
