@@ -63,7 +63,7 @@ PrintedCell AddressCellOf(CDetailViewAddrList& list, DWORD data, int id) {
 }
 
 PrintedCell ToDoCellOf(CTodoListbox& list, DWORD data, int id) {
-    const TodoCell cell = list.GetCell(reinterpret_cast<CToDoRecord*>(data), id, false);
+    const TodoCell cell = list.GetCell(ToDoOf(data), id, false);
     const ColumnMark mark = MarkOf(kToDoMarks, id);
     return {ToQt(cell.text.View()), cell.picture ? mark.mark : mark.otherwise, cell.isOverdue};
 }

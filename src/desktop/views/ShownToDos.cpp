@@ -56,10 +56,6 @@ EntryFile ShownToDos::File() const {
     return {Text("Calendars") + "|*.ics;*.vcs||", "ics"};
 }
 
-CToDoRecord* ShownToDos::RecordOf(DWORD data) const {
-    return reinterpret_cast<CToDoRecord*>(data);
-}
-
 void ShownToDos::SetOrder(eSortOrder order) {
     m_order = order;
     if (Window().IsWindowVisible() != 0) Refill();

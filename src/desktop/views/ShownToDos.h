@@ -10,6 +10,11 @@
 
 namespace orvo::desktop {
 
+// The record behind the data word of a row of the list, which owns it; null where that is 0.
+inline CToDoRecord* ToDoOf(DWORD data) {
+    return reinterpret_cast<CToDoRecord*>(data);
+}
+
 class ShownToDos : public ShownEntries {
 public:
     using ShownEntries::ShownEntries;
@@ -41,7 +46,7 @@ public:
     int RowCount() override { return m_list->GetItemCount(); }
     int SelectedCount() override { return m_list->GetSelectedCount(); }
     int HiddenCount() override;
-    CToDoRecord* RecordOf(DWORD data) const override;
+    CToDoRecord* RecordOf(DWORD data) const override { return ToDoOf(data); }
 
 protected:
     void Fill(const Disclosure& disclosure) override;

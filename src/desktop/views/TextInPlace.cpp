@@ -9,6 +9,7 @@
 #include <utility>
 
 #include <desktop/texts/Texts.h>
+#include <desktop/views/ShownToDos.h>
 #include <desktop/views/TextInPlace.h>
 #include <platform/qt/QtConvert.h>
 #include <platform/qt/QtWindowSystem.h>
@@ -68,7 +69,7 @@ void TextInPlace::Begin() {
     m_list.EnsureVisible(row, 0);
     const std::optional<CRect> cell = TextCell(row);
     if (!cell) return;
-    const auto& record = *reinterpret_cast<CToDoRecord*>(m_list.GetItemData(row));
+    const auto& record = *ToDoOf(m_list.GetItemData(row));
     m_id = record.GetId();
     m_whole = record.DescriptionUtf8();
     // The list shows one line: the first that isn't blank.

@@ -145,19 +145,18 @@ BOOL ViewFrame::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) {
     const NMHDR header = *PointerOf<NMHDR>(lParam);
     const BOOL isHandled = CWnd::OnNotify(wParam, lParam, result);
     if (header.code == LVN_ITEMCHANGED) Tell();
-    if (header.code == NM_DBLCLK) DoubleClicked(*PointerOf<NMITEMACTIVATE>(lParam));
+    if (header.code == NM_DBLCLK) {
+        const auto& click = *PointerOf<NMITEMACTIVATE>(lParam);
+        // The clicks of a double click have done something already where they change a to-do.
+        const bool isDone = IsShowingToDos() && m_toDos.IsChangedByClick(click.iSubItem);
+        if (click.iItem >= 0 && !isDone) OpenSelected();
+    }
     const COrvoUIListViewCtrl* columns = Entries().Columns();
     if (header.code == LVN_COLUMNCLICK && columns) {
         const int column = PointerOf<NMLISTVIEW>(lParam)->iSubItem;
         Entries().SortByColumn(columns->SubItemFromIndex(column));
     }
     return isHandled;
-}
-
-// The clicks of a double click have done something already where they change a to-do.
-void ViewFrame::DoubleClicked(const NMITEMACTIVATE& click) {
-    if (click.iItem < 0) return;
-    if (!IsShowingToDos() || !m_toDos.IsChangedByClick(click.iSubItem)) OpenSelected();
 }
 
 }  // namespace orvo::desktop

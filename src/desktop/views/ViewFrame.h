@@ -41,9 +41,7 @@ public:
     // Those of the view that is shown.
     ShownEntries& Entries();
     ShownAddresses& Addresses() { return m_addresses; }
-    const ShownAddresses& Addresses() const { return m_addresses; }
     ShownToDos& ToDos() { return m_toDos; }
-    const ShownToDos& ToDos() const { return m_toDos; }
 
     CLookupEdit& LookupBox() { return m_box; }
     // Opens what is selected, unless the lookup has just refused a letter: it isn't what was meant.
@@ -66,7 +64,6 @@ private:
     LRESULT OnFilesDropped(WPARAM, LPARAM paths);
     void OnClose();
     void OnSize(UINT kind, int width, int height);
-    void DoubleClicked(const NMITEMACTIVATE& click);
     LRESULT OnReturn(WPARAM, LPARAM);
     void OpenSelected();
 

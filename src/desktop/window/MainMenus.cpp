@@ -203,7 +203,7 @@ void MainMenus::EnableOrders() {
 }
 
 void MainMenus::CheckOrders() {
-    const ViewFrame& frame = m_context.Frame();
+    ViewFrame& frame = m_context.Frame();
     m_addressOrders.actions()
         .at(frame.Addresses().Order() == kListByName ? 0 : 1)
         ->setChecked(true);
