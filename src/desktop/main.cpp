@@ -196,7 +196,7 @@ int ShowWindow(StoreSession& session, const CommandLine& line, Instance* instanc
 
 // Behind each window's title; two windows of two stores are told apart by it.
 QString TitleOf(const std::string& store) {
-    const QString program = "Orvo Desktop";
+    QString program = "Orvo Desktop";
     if (InstanceName(store) == InstanceName({})) return program;
     const QFileInfo file(FromUtf8(store));
     QString folder = file.absolutePath();

@@ -44,7 +44,7 @@ std::optional<std::string> AskForStore(const std::string& store, StoreFault faul
         const QAbstractButton* clicked = question.clickedButton();
         if (clicked == again) return store;
         if (clicked != another && (!rescue || clicked != rescue)) return std::nullopt;
-        const std::optional<std::string> next =
+        std::optional<std::string> next =
             clicked == another ? ChooseStore(store) : RescueIntoNew(nullptr, store);
         if (next) return next;
     }
