@@ -47,6 +47,8 @@ DesktopWindow::DesktopWindow(StoreSession& session, COrvoDesktopOptions& options
     resize(kFirstSize);
     m_countTimer.setSingleShot(true);
     connect(&m_countTimer, &QTimer::timeout, this, [this] { ShowCounts(); });
+    m_offerTimer.setSingleShot(true);
+    connect(&m_offerTimer, &QTimer::timeout, this, [this] { OfferKeptForm(); });
     m_foreignTimer.setInterval(kForeignInterval);
     connect(&m_foreignTimer, &QTimer::timeout, this, [this] { LookForForeignChange(); });
     session.SetFailureListener([this](const std::string& problem) { TellProblem(problem); });
@@ -96,7 +98,7 @@ void DesktopWindow::BeginSession() {
     m_context.SetInUse(true);
     m_foreignTimer.start();
     m_reminder.Start();
-    QTimer::singleShot(0, this, [this] { OfferKeptForm(); });
+    m_offerTimer.start(0);
 }
 
 void DesktopWindow::ShowView(ViewKind kind) {
@@ -146,7 +148,7 @@ void DesktopWindow::OfferKeptForm() {
     const std::optional<KeptForm> form = m_commands.forms.Kept();
     if (!form || (form->isPrivate && m_commands.options.IsLocked())) return;
     if (QApplication::activeModalWidget() || m_commands.imports.IsImporting()) {
-        QTimer::singleShot(kOfferWait, this, [this] { OfferKeptForm(); });
+        m_offerTimer.start(kOfferWait);
         return;
     }
     m_commands.forms.Offer(*form);

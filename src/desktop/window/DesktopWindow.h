@@ -74,6 +74,7 @@ private:
     KanaPane m_kana;
     QTimer m_countTimer;    // runs while the counts are out of date
     QTimer m_foreignTimer;  // runs in a session
+    QTimer m_offerTimer;    // runs until a kept form can be offered
     Reminder m_reminder;    // works in a session
     bool m_isStoreGone = false;
     bool m_isToReopen = false;
