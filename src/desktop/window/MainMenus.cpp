@@ -217,7 +217,8 @@ void MainMenus::EnableSelection() {
     for (QAction* action : m_addressActions) {
         action->setEnabled(selected > 0 && !frame.IsShowingToDos());
     }
-    m_editText->setEnabled(selected == 1 && frame.IsShowingToDos());
+    // Counted a moment late; a key right behind a selection is looked at by the command itself.
+    m_editText->setEnabled(frame.IsShowingToDos());
 }
 
 void MainMenus::ShowPrivacy() {
