@@ -3,7 +3,6 @@
 #include <memory>
 
 #include <orvoshare/addresslist/DetailViewAddrList.h>
-#include <orvoshare/addressviews/LookupEdit.h>
 #include <platform/window/base/WindowSystem.h>
 
 namespace orvo {
@@ -40,24 +39,6 @@ BOOL CDetailViewAddrList::PreTranslateMessage(MSG* message) {
     if (!isKey || message->wParam != VK_RETURN) return 0;
     if (const CWnd* owner = GetOwner()) owner->PostMessage(WM_DV_RETURN);
     return 1;
-}
-
-void CDetailViewAddrList::OnChar(UINT character, UINT repeat, UINT flags) {
-    if (m_typed.IsForText(character)) {
-        if (m_pLookupEdit) m_pLookupEdit->OnChar(character, repeat, flags);
-    } else {
-        COrvoUIListViewCtrl::OnChar(character, repeat, flags);
-    }
-}
-
-void CDetailViewAddrList::OnKeyDown(UINT key, UINT repeat, UINT flags) {
-    if (m_pLookupEdit && CLookupEdit::IsForView(key)) m_pLookupEdit->Clear();
-    COrvoUIListViewCtrl::OnKeyDown(key, repeat, flags);
-}
-
-void CDetailViewAddrList::OnLButtonDown(UINT flags, CPoint point) {
-    if (m_pLookupEdit) m_pLookupEdit->Clear();
-    COrvoUIListViewCtrl::OnLButtonDown(flags, point);
 }
 
 bool CDetailViewAddrList::IsOverCategory(CPoint point) {

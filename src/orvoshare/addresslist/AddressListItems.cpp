@@ -4,7 +4,6 @@
 
 #include <orvoshare/addresslist/DetailViewAddrList.h>
 #include <orvoshare/addressviews/AddrCompare.h>
-#include <orvoshare/addressviews/AddressInsert.h>
 
 namespace orvo {
 
@@ -50,10 +49,6 @@ int CDetailViewAddrList::DV_InsertRecord(int nIndex, CAddressRecord* pRecord, in
     return row;
 }
 
-unsigned long CDetailViewAddrList::DV_GetIndexToInsert(CAddressRecord* pRecord) {
-    return IndexToInsert(*this, pRecord);
-}
-
 int CDetailViewAddrList::DV_DeleteItem(int nIndex) {
     // The record may be freed now, and its address be given to another.
     if (RecordOf(GetItemData(nIndex)) == m_pMenuRecord) m_pMenuRecord = nullptr;
@@ -95,10 +90,6 @@ unsigned long CDetailViewAddrList::DV_GetItemData(int nIndex) {
     return GetItemData(nIndex);
 }
 
-unsigned CDetailViewAddrList::DV_GetSelectedCount() {
-    return static_cast<unsigned>(GetSelectedCount());
-}
-
 void CDetailViewAddrList::DV_SelectAllItems(int bSelect) {
     SelectAllItems(bSelect);
 }
@@ -135,16 +126,8 @@ int CDetailViewAddrList::DV_Update(int nIndex) {
     return Update(nIndex);
 }
 
-void CDetailViewAddrList::DV_SetRedraw(int bRedraw) {
-    SetRedraw(bRedraw);
-}
-
 int CDetailViewAddrList::DV_EnsureVisible(int nIndex, int bPartialOK) {
     return EnsureVisible(nIndex, bPartialOK);
-}
-
-HWND CDetailViewAddrList::DV_GetHwnd() {
-    return GetSafeHwnd();
 }
 
 int CDetailViewAddrList::DV_FindItemByData(long lData) {
@@ -153,36 +136,6 @@ int CDetailViewAddrList::DV_FindItemByData(long lData) {
 
 void CDetailViewAddrList::DV_SetMaskPrivate(int bMask) {
     SetMaskPrivate(bMask);
-}
-
-void CDetailViewAddrList::DV_FillFromTable(CAddressTable* pTable, int nCategory, int bHidePrivate,
-                                           int nListBy) {
-    DVC_FillFromTable(pTable, nCategory, bHidePrivate, nListBy);
-}
-
-int CDetailViewAddrList::DV_Lookup(CString strKey) {
-    return DVC_Lookup(std::move(strKey));
-}
-
-int CDetailViewAddrList::DV_ReSort(int nIndex, int nCategory, int bHidePrivate) {
-    return DVC_ReSort(nIndex, nCategory, bHidePrivate);
-}
-
-int CDetailViewAddrList::DV_Resort() {
-    return DVC_Resort();
-}
-
-int CDetailViewAddrList::DV_IsPrivateRecordSelected() {
-    return DVC_IsPrivateRecordSelected();
-}
-
-int CDetailViewAddrList::DV_VerifyCategoryAndPrivate(CAddressRecord* pRecord, int nCategory,
-                                                     int bHidePrivate) {
-    return DVC_VerifyCategoryAndPrivate(pRecord, nCategory, bHidePrivate);
-}
-
-int CDetailViewAddrList::DV_VerifyCategoryAndPrivate(int nIndex, int nCategory, int bHidePrivate) {
-    return DVC_VerifyCategoryAndPrivate(nIndex, nCategory, bHidePrivate);
 }
 
 }  // namespace orvo

@@ -5,9 +5,7 @@
 #include <memory>
 
 #include <contracts/ListWidget.h>
-#include <orvoshare/addressviews/DetailViewAddrInf.h>
-#include <orvoshare/addressviews/DetailViewCore.h>
-#include <orvoshare/addressviews/TypedCharacters.h>
+#include <orvoshare/addressviews/AddressView.h>
 #include <platform/Export.h>
 #include <platform/window/base/Cursor.h>
 
@@ -46,9 +44,7 @@ struct AddressCell {
     bool opensPopup = false;
 };
 
-class ORVO_API CDetailViewAddrList : public COrvoUIListViewCtrl,
-                                     public CDetailViewAddrInf,
-                                     public CDetailViewCore<CDetailViewAddrList> {
+class ORVO_API CDetailViewAddrList : public AddressView<CDetailViewAddrList, COrvoUIListViewCtrl> {
 public:
     CDetailViewAddrList();
     ~CDetailViewAddrList() override;
@@ -98,20 +94,13 @@ public:
     static const MessageMap& ThisMap();
     const MessageMap& GetMessageMap() const override { return ThisMap(); }
 
-    void DV_SetEdit(CLookupEdit* pEdit) override { m_pLookupEdit = pEdit; }
-    void DV_SetAddressTable(CAddressTable* pTable) override { m_pAddressTable = pTable; }
-    int DV_GetListBy() override { return m_nListBy; }
     void DV_SetListBy(int nListBy) override;
     int DV_SetSortOrder(int nColumn, int nOrder) override;
-    void DV_SetCategory(int nCategory) override { m_nCategoryShown = nCategory; }
     int DV_InsertRecord(int nIndex, CAddressRecord* pRecord, int bSorted) override;
-    void DV_FillFromTable(CAddressTable* pTable, int nCategory, int bHidePrivate,
-                          int nListBy) override;
     int DV_DeleteItem(int nIndex) override;
     void DV_DeleteAll() override;
     int DV_GetItemCount() override;
     unsigned long DV_GetItemData(int nIndex) override;
-    unsigned DV_GetSelectedCount() override;
     void DV_SelectAllItems(int bSelect) override;
     int DV_SelectItem(int nIndex, int bSelect) override;
     void DV_SelectAndScroll(int nIndex) override;
@@ -121,19 +110,9 @@ public:
     POSITION DV_GetFirstSelectedItemPosition() override;
     int DV_GetNextSelectedItem(POSITION& pos) override;
     int DV_Update(int nIndex) override;
-    void DV_SetRedraw(int bRedraw) override;
     int DV_EnsureVisible(int nIndex, int bPartialOK) override;
-    HWND DV_GetHwnd() override;
-    int DV_Lookup(CString strKey) override;
     int DV_FindItemByData(long lData) override;
-    int DV_ReSort(int nIndex, int nCategory, int bHidePrivate) override;
     void DV_SetMaskPrivate(int bMask) override;
-    int DV_Resort() override;
-    int DV_IsPrivateRecordSelected() override;
-    unsigned long DV_GetIndexToInsert(CAddressRecord* pRecord) override;
-    int DV_VerifyCategoryAndPrivate(CAddressRecord* pRecord, int nCategory,
-                                    int bHidePrivate) override;
-    int DV_VerifyCategoryAndPrivate(int nIndex, int nCategory, int bHidePrivate) override;
 
 protected:
     void DrawColumn(CDC* dc, int nColumn, DWORD dwItemData, CRect& rcCell, UINT nTextFlags,
@@ -141,9 +120,6 @@ protected:
 
     void OnGetDispInfo(NMHDR* header, LRESULT* result);
     void OnGetInfoTip(NMHDR* header, LRESULT* result);
-    void OnChar(UINT character, UINT repeat, UINT flags);
-    void OnKeyDown(UINT key, UINT repeat, UINT flags);
-    void OnLButtonDown(UINT flags, CPoint point);
     BOOL OnSetCursor(CWnd* window, UINT hitCode, UINT message);
     void OnClick(NMHDR* header, LRESULT* result);
     void OnCategoryChange(UINT command);
@@ -179,10 +155,6 @@ private:
     void ShowCategoryMenu(int row, CPoint point);
 
     CCategoryCombo* m_pCategoryCombo = nullptr;
-    CAddressTable* m_pAddressTable = nullptr;
-    int m_nCategoryShown = kAllCategories;
-    int m_nListBy = -1;
-    CLookupEdit* m_pLookupEdit = nullptr;
     CBitmap m_bmpPrivate;
     CBitmap m_bmpNote;
     CImageList m_imageList;
@@ -192,7 +164,6 @@ private:
     HCURSOR m_hHandCursor = nullptr;
     int m_nMenuRow = -1;                            // on which the pop-up was opened last
     const CAddressRecord* m_pMenuRecord = nullptr;  // of that row then; null once it may be gone
-    TypedCharacters m_typed;
 };
 
 }  // namespace orvo

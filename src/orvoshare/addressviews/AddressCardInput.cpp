@@ -1,7 +1,6 @@
 // The user's keys and clicks in the card view, and what the parent window is told of them.
 // SPDX-License-Identifier: MIT
 #include <orvoshare/addressviews/DetailViewAddrCard.h>
-#include <orvoshare/addressviews/LookupEdit.h>
 
 namespace orvo {
 
@@ -19,24 +18,6 @@ void CDetailViewAddrCard::OnDestroy() {
     // A card can still be painted until the window is gone.
     DeleteAllCards(1);
     COrvoUICardView::OnDestroy();
-}
-
-void CDetailViewAddrCard::OnChar(UINT character, UINT repeat, UINT flags) {
-    if (m_typed.IsForText(character)) {
-        if (m_pLookupEdit) m_pLookupEdit->OnChar(character, repeat, flags);
-    } else {
-        COrvoUICardView::OnChar(character, repeat, flags);
-    }
-}
-
-void CDetailViewAddrCard::OnKeyDown(UINT key, UINT repeat, UINT flags) {
-    if (m_pLookupEdit && CLookupEdit::IsForView(key)) m_pLookupEdit->Clear();
-    COrvoUICardView::OnKeyDown(key, repeat, flags);
-}
-
-void CDetailViewAddrCard::OnLButtonDown(UINT flags, CPoint point) {
-    if (m_pLookupEdit) m_pLookupEdit->Clear();
-    COrvoUICardView::OnLButtonDown(flags, point);
 }
 
 void CDetailViewAddrCard::PostToParent(UINT command) {

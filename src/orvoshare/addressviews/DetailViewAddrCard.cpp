@@ -5,10 +5,8 @@
 
 #include <contracts/Profile.h>
 #include <contracts/ResourceScope.h>
-#include <orvoshare/addressviews/AddressInsert.h>
 #include <orvoshare/addressviews/AddressOrder.h>
 #include <orvoshare/addressviews/DetailViewAddrCard.h>
-#include <orvoshare/addressviews/LookupEdit.h>
 #include <orvoshare/module/OrvoShareModule.h>
 
 namespace orvo {
@@ -86,10 +84,6 @@ int CDetailViewAddrCard::DV_InsertRecord(int nIndex, CAddressRecord* pRecord, in
     return std::min(nIndex, count);
 }
 
-unsigned long CDetailViewAddrCard::DV_GetIndexToInsert(CAddressRecord* pRecord) {
-    return IndexToInsert(*this, pRecord);
-}
-
 int CDetailViewAddrCard::DV_DeleteItem(int nIndex) {
     DeleteCard(nIndex, 1);
     return 1;
@@ -114,10 +108,6 @@ int CDetailViewAddrCard::DV_GetItemCount() {
 
 unsigned long CDetailViewAddrCard::DV_GetItemData(int nIndex) {
     return reinterpret_cast<unsigned long>(GetCardData(nIndex));
-}
-
-unsigned CDetailViewAddrCard::DV_GetSelectedCount() {
-    return static_cast<unsigned>(GetSelectedCount());
 }
 
 void CDetailViewAddrCard::DV_SelectAllItems(int bSelect) {
@@ -158,16 +148,8 @@ int CDetailViewAddrCard::DV_Update(int nIndex) {
     return 1;
 }
 
-void CDetailViewAddrCard::DV_SetRedraw(int bRedraw) {
-    SetRedraw(bRedraw);
-}
-
 int CDetailViewAddrCard::DV_EnsureVisible(int nIndex, int) {
     return EnsureVisible(nIndex);
-}
-
-HWND CDetailViewAddrCard::DV_GetHwnd() {
-    return GetSafeHwnd();
 }
 
 int CDetailViewAddrCard::DV_FindItemByData(long lData) {
@@ -178,36 +160,6 @@ void CDetailViewAddrCard::DV_SetMaskPrivate(int bMask) {
     if (bMask == m_bMaskPrivate) return;
     m_bMaskPrivate = bMask;
     RedrawWindow(nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
-}
-
-void CDetailViewAddrCard::DV_FillFromTable(CAddressTable* pTable, int nCategory, int bHidePrivate,
-                                           int nListBy) {
-    DVC_FillFromTable(pTable, nCategory, bHidePrivate, nListBy);
-}
-
-int CDetailViewAddrCard::DV_Lookup(CString strKey) {
-    return DVC_Lookup(std::move(strKey));
-}
-
-int CDetailViewAddrCard::DV_ReSort(int nIndex, int nCategory, int bHidePrivate) {
-    return DVC_ReSort(nIndex, nCategory, bHidePrivate);
-}
-
-int CDetailViewAddrCard::DV_Resort() {
-    return DVC_Resort();
-}
-
-int CDetailViewAddrCard::DV_IsPrivateRecordSelected() {
-    return DVC_IsPrivateRecordSelected();
-}
-
-int CDetailViewAddrCard::DV_VerifyCategoryAndPrivate(CAddressRecord* pRecord, int nCategory,
-                                                     int bHidePrivate) {
-    return DVC_VerifyCategoryAndPrivate(pRecord, nCategory, bHidePrivate);
-}
-
-int CDetailViewAddrCard::DV_VerifyCategoryAndPrivate(int nIndex, int nCategory, int bHidePrivate) {
-    return DVC_VerifyCategoryAndPrivate(nIndex, nCategory, bHidePrivate);
 }
 
 }  // namespace orvo
