@@ -25,7 +25,7 @@
 #include <desktop/rescue/StoreTrouble.h>
 #include <desktop/texts/Problems.h>
 #include <desktop/texts/Texts.h>
-#include <desktop/window/Appearance.h>
+#include <desktop/options/Appearance.h>
 #include <desktop/window/DesktopWindow.h>
 #include <host/HostOptions.h>
 #include <host/OpenFolders.h>

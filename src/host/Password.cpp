@@ -7,8 +7,8 @@
 #include <unicode/bytestream.h>
 #include <unicode/normalizer2.h>
 
-#include <contracts/Settings.h>
 #include <host/Password.h>
+#include <host/SettingText.h>
 #include <platform/settings/SettingsStore.h>
 
 namespace orvo {
@@ -27,10 +27,7 @@ bool MakeSettingsOwn() {
 }
 
 std::string Hash() {
-    std::array<char, crypto_pwhash_STRBYTES> buffer{};
-    unsigned long size = buffer.size();
-    CmnGetProfileString(kSection, kHashKey, buffer.data(), size, "");
-    return buffer.data();
+    return SettingText(kSection, kHashKey);
 }
 
 // Composing makes a text longer only where it has one of a few old characters.
@@ -76,11 +73,11 @@ bool SetPassword(const TypedPassword& typed) {
            crypto_pwhash_str(hash.data(), bytes.data(), bytes.size(),
                              crypto_pwhash_OPSLIMIT_INTERACTIVE,
                              crypto_pwhash_MEMLIMIT_INTERACTIVE) == 0 &&
-           MakeSettingsOwn() && CmnWriteProfileString(kSection, kHashKey, hash.data()) != 0;
+           MakeSettingsOwn() && SetSettingText(kSection, kHashKey, hash.data());
 }
 
 bool RemovePassword() {
-    return CmnWriteProfileString(kSection, kHashKey, "") != 0;
+    return SetSettingText(kSection, kHashKey, "");
 }
 
 }  // namespace orvo

@@ -5,7 +5,7 @@
 #include <desktop/options/OptionsDialog.h>
 #include <desktop/security/PasswordDialogs.h>
 #include <desktop/texts/Texts.h>
-#include <desktop/window/Appearance.h>
+#include <desktop/options/Appearance.h>
 #include <host/HostOptions.h>
 #include <platform/settings/SettingsStore.h>
 

@@ -5,11 +5,9 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 #include <array>
-#include <vector>
 
-#include <contracts/Settings.h>
 #include <desktop/options/DesktopPreferences.h>
-#include <platform/text/SystemText.h>
+#include <host/SettingText.h>
 
 namespace orvo::desktop {
 namespace {
@@ -21,51 +19,40 @@ constexpr const char* kFolderKey = "LastFolder";
 constexpr const char* kColoursKey = "Colours";
 // In the order of `Colours`, as --colours names them.
 constexpr std::array<const char*, 3> kColourNames{"desktop", "light", "dark"};
-constexpr std::size_t kLongestText = 8192;  // bytes, for a path
-
-std::string Read(const char* key) {
-    std::vector<char> buffer(kLongestText);
-    unsigned long size = buffer.size();
-    CmnGetProfileString(kSection, key, buffer.data(), size, "");
-    return ToUtf8(CString(buffer.data()));
-}
-
-bool Write(const char* key, const std::string& text) {
-    return CmnWriteProfileString(kSection, key, SystemText(text)) != 0;
-}
 
 }  // namespace
 
 std::string PreferredLocale() {
-    return Read(kLocaleKey);
+    return SettingText(kSection, kLocaleKey);
 }
 
 bool SetPreferredLocale(const std::string& locale) {
-    return Write(kLocaleKey, locale);
+    return SetSettingText(kSection, kLocaleKey, locale);
 }
 
 std::string ReminderSound() {
-    return Read(kSoundKey);
+    return SettingText(kSection, kSoundKey);
 }
 
 bool SetReminderSound(const std::string& path) {
-    return Write(kSoundKey, path);
+    return SetSettingText(kSection, kSoundKey, path);
 }
 
 std::string LastFolder() {
     const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    for (const QString& folder : {QString::fromStdString(Read(kFolderKey)), documents}) {
+    for (const QString& folder :
+         {QString::fromStdString(SettingText(kSection, kFolderKey)), documents}) {
         if (!folder.isEmpty() && QFileInfo(folder).isDir()) return folder.toStdString();
     }
     return QDir::homePath().toStdString();
 }
 
 bool SetLastFolder(const std::string& folder) {
-    return Write(kFolderKey, folder);
+    return SetSettingText(kSection, kFolderKey, folder);
 }
 
 Colours PreferredColours() {
-    const std::string name = Read(kColoursKey);
+    const std::string name = SettingText(kSection, kColoursKey);
     for (std::size_t i = 0; i < kColourNames.size(); ++i) {
         if (name == kColourNames.at(i)) return static_cast<Colours>(i);
     }
@@ -73,7 +60,8 @@ Colours PreferredColours() {
 }
 
 bool SetPreferredColours(Colours colours) {
-    return Write(kColoursKey, kColourNames.at(static_cast<std::size_t>(colours)));
+    return SetSettingText(kSection, kColoursKey,
+                          kColourNames.at(static_cast<std::size_t>(colours)));
 }
 
 }  // namespace orvo::desktop

@@ -5,11 +5,9 @@
 #include <QRectF>
 #include <QSizeF>
 #include <QStringList>
-#include <array>
-#include <string>
 
-#include <contracts/Settings.h>
 #include <desktop/printing/PageSetup.h>
+#include <host/SettingText.h>
 
 namespace orvo::desktop {
 namespace {
@@ -28,14 +26,11 @@ constexpr qreal kMostPaper = 2000;
 constexpr qreal kLeastArea = 40;
 
 QString Read(const char* key) {
-    std::array<char, 100> text{};
-    unsigned long size = text.size();
-    CmnGetProfileString(kSection, key, text.data(), size, "");
-    return QString::fromLatin1(text.data());
+    return QString::fromStdString(SettingText(kSection, key));
 }
 
 bool Write(const char* key, const QString& text) {
-    return CmnWriteProfileString(kSection, key, text.toLatin1().constData()) != 0;
+    return SetSettingText(kSection, key, text.toStdString());
 }
 
 // Fails: an empty list.

@@ -5,7 +5,7 @@
 #include <QStyle>
 #include <QStyleFactory>
 
-#include <desktop/window/Appearance.h>
+#include <desktop/options/Appearance.h>
 
 namespace orvo::desktop {
 namespace {
