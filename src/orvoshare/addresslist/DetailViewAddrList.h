@@ -5,7 +5,7 @@
 #include <memory>
 
 #include <contracts/ListWidget.h>
-#include <orvoshare/addressviews/AddressView.h>
+#include <orvoshare/addressviews/AddressViewBase.h>
 #include <platform/Export.h>
 #include <platform/window/base/Cursor.h>
 
@@ -44,7 +44,8 @@ struct AddressCell {
     bool opensPopup = false;
 };
 
-class ORVO_API CDetailViewAddrList : public AddressView<CDetailViewAddrList, COrvoUIListViewCtrl> {
+class ORVO_API CDetailViewAddrList
+    : public AddressViewBase<CDetailViewAddrList, COrvoUIListViewCtrl> {
 public:
     CDetailViewAddrList();
     ~CDetailViewAddrList() override;

@@ -3,7 +3,7 @@
 #pragma once
 
 #include <contracts/CardWidget.h>
-#include <orvoshare/addressviews/AddressView.h>
+#include <orvoshare/addressviews/AddressViewBase.h>
 #include <platform/Export.h>
 
 namespace orvo {
@@ -16,7 +16,7 @@ constexpr UINT ID_DV_ITEM_DBLCLK = 1630;
 constexpr UINT ID_DV_ITEM_RCLICK = 1631;
 constexpr UINT ID_DV_BACKGROUND_RCLICK = 1632;
 
-class ORVO_API CDetailViewAddrCard : public AddressView<CDetailViewAddrCard, COrvoUICardView> {
+class ORVO_API CDetailViewAddrCard : public AddressViewBase<CDetailViewAddrCard, COrvoUICardView> {
 public:
     CDetailViewAddrCard();
     ~CDetailViewAddrCard() override;

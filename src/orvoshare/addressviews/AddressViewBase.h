@@ -15,9 +15,9 @@ namespace orvo {
 
 // `View` derives from this; `Widget` is the window that shows its items.
 template <class View, class Widget>
-class ORVO_API AddressView : public Widget,
-                             public CDetailViewAddrInf,
-                             public CDetailViewCore<View> {
+class ORVO_API AddressViewBase : public Widget,
+                                 public CDetailViewAddrInf,
+                                 public CDetailViewCore<View> {
 public:
     void DV_SetEdit(CLookupEdit* pEdit) override { m_pLookupEdit = pEdit; }
     void DV_SetAddressTable(CAddressTable* pTable) override { m_pAddressTable = pTable; }
@@ -51,7 +51,7 @@ public:
     }
 
 protected:
-    AddressView() = default;
+    AddressViewBase() = default;
 
     // Typed text belongs to the lookup box, and what turns to the view itself empties it.
     void OnChar(UINT character, UINT repeat, UINT flags) {
