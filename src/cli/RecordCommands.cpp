@@ -3,6 +3,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <people/PersonReader.h>
 
 #include <fmt/format.h>
 
@@ -10,6 +11,7 @@
 #include <cli/AddressFields.h>
 #include <cli/Commands.h>
 #include <cli/Output.h>
+#include <cli/PersonView.h>
 #include <orvoshare/resources/StringTable.h>
 
 namespace orvo::cli {
@@ -63,6 +65,17 @@ std::unique_ptr<CAddressRecord> FindAddress(Store& store, std::int64_t id) {
     return record;
 }
 
+// What only the card says that the record came from doesn't keep the rest from being shown either.
+Person PersonOf(Store& store, const CAddressRecord& record, ExitCode& code) {
+    std::string loss;
+    Person person = ReadPerson(record, store.Addresses(), loss);
+    if (!loss.empty()) {
+        PrintError(loss);
+        code = kSomeSkipped;
+    }
+    return person;
+}
+
 // A note that can't be read doesn't keep the rest from being shown.
 std::string NoteOf(Store& store, const CAddressRecord& record, ExitCode& code) {
     std::string note;
@@ -103,19 +116,6 @@ Json AsJson(Store& store, const CAddressRecord& record, ExitCode& code) {
     return json;
 }
 
-// A field in a line of its own; the further lines of its text stand below the first.
-void PrintField(const std::string& title, std::string text) {
-    if (text.empty()) return;
-    std::string head = title + ":";
-    while (!text.empty()) {
-        const std::size_t end = text.find_first_of("\r\n");
-        PrintLine(fmt::format("{:<20} {}", head, text.substr(0, end)));
-        head.clear();
-        if (end == std::string::npos) break;
-        text.erase(0, text.compare(end, 2, "\r\n") == 0 ? end + 2 : end + 1);
-    }
-}
-
 void PrintAsText(Store& store, const CAddressRecord& record, ExitCode& code) {
     const Json json = AsJson(store, record, code);
     PrintField("ID", fmt::format("{}", record.GetId()));
@@ -130,6 +130,7 @@ void PrintAsText(Store& store, const CAddressRecord& record, ExitCode& code) {
     }
     PrintField("Note", json["note"]);
     PrintField("Category", CategoryName(store.Addresses(), record));
+    PrintPerson(PersonOf(store, record, code));
     if (record.IsPrivate()) PrintField("Private", "yes");
     if (record.IsArchived()) PrintField("Archived", "yes");
 }
@@ -154,7 +155,9 @@ int Show(Store& store, std::int64_t id, bool json) {
     if (told == Told::Masked) {
         PrintMasked(*record, json);
     } else if (json) {
-        PrintJson(AsJson(store, *record, code));
+        Json all = AsJson(store, *record, code);
+        AddPerson(PersonOf(store, *record, code), all);
+        PrintJson(all);
     } else {
         PrintAsText(store, *record, code);
     }
@@ -246,11 +249,12 @@ void AddRecordCommands(CLI::App& app, Invocation& invocation) {
         return command;
     };
 
-    addIdCommand("show", "Show one address with all its fields")->callback([id, &invocation] {
-        invocation.command = [id, &invocation](Store& store) {
-            return Show(store, *id, invocation.json);
-        };
-    });
+    addIdCommand("show", "Show one address with all that is known of it")
+        ->callback([id, &invocation] {
+            invocation.command = [id, &invocation](Store& store) {
+                return Show(store, *id, invocation.json);
+            };
+        });
     CLI::App* add = app.add_subcommand("add", "Add an address");
     AddFieldOptions(*add, *changes);
     add->callback([changes, &invocation] {

@@ -17,6 +17,7 @@ FLOORS = {
     "orvoshare": 4,
     "libraries": 4,
     "exchange": 4,
+    "people": 5,
     "host": 5,
     "cli": 6,
     "desktop": 6,

@@ -1,0 +1,23 @@
+// What only a person's card says, as `show` prints it.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <people/Person.h>
+#include <string>
+
+#include <cli/Output.h>
+
+namespace orvo::cli {
+
+// A field in a line of its own; the further lines of its text stand below the first. Nothing for an
+// empty text.
+void PrintField(const std::string& title, std::string text);
+
+// All that no field of the record shows.
+void PrintPerson(const Person& person);
+
+// The same and the numbers of the record, one object each, under "details"; and the parts of the
+// name, "department", "role", "photo", "members".
+void AddPerson(const Person& person, Json& json);
+
+}  // namespace orvo::cli

@@ -1,0 +1,147 @@
+// All that is known of a person.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <people/PersonDate.h>
+#include <string>
+#include <vector>
+
+#include <exchange/cards/CardProperties.h>
+
+namespace orvo {
+
+// What a detail is, in the order in which details are shown.
+enum class DetailKind : std::uint8_t {
+    Phone,
+    Email,
+    Messenger,
+    Address,
+    Page,
+    Birthday,
+    Anniversary,
+    Date,  // any other that a person is remembered by
+    Relation,
+    Member,  // of a group
+    Fact,    // such as a language
+    Other,   // what this program knows by the name of its property alone
+};
+
+// What a detail is for, and what a relation is; NameOf gives the word.
+enum class DetailWord : std::uint8_t {
+    Home,
+    Work,
+    Mobile,
+    Fax,
+    Pager,
+    Main,
+    Text,
+    Video,
+    Car,
+    School,
+    Spouse,
+    Partner,
+    Child,
+    Parent,
+    Mother,
+    Father,
+    Brother,
+    Sister,
+    Sibling,
+    Relative,
+    Friend,
+    Colleague,
+    Manager,
+    Assistant,
+    Emergency,
+    Agent,
+    Death,
+    Language,
+    Gender,
+    BirthPlace,
+    DeathPlace,
+    Place,
+    TimeZone,
+    MaidenName,
+    Interest,
+    Hobby,
+    Expertise,
+    Calendar,
+    FreeBusy,
+};
+constexpr std::size_t kDetailWords = static_cast<std::size_t>(DetailWord::FreeBusy) + 1;
+
+constexpr std::size_t kAddressParts = 7;
+
+// A number, an address, a date: what one line of a card says. Texts are UTF-8.
+struct Detail {
+    DetailKind kind = DetailKind::Other;
+    std::string text;  // as people read it, with line breaks in an address
+    std::vector<DetailWord> words;
+    std::string label;     // what the card itself calls it; stands before the words
+    std::string service;   // of a messenger; empty where it isn't told
+    std::string property;  // the name of the line's property in capitals
+    int preference = kNotPreferred;
+    std::optional<PersonDate> date;
+    // Of an address: box, extension, street, city, state, code, country.
+    std::array<std::string, kAddressParts> parts;
+    std::string place;        // of an address or a place: "latitude,longitude" in degrees
+    std::string uri;          // of a messenger or a relation, as the card has it
+    std::size_t line = 0;     // of the card, from 0
+    int slot = 0;             // 1 to 5 for what the record holds as one of its numbers
+    bool isOfRecord = false;  // true for what a field of the record shows
+};
+
+struct PersonName {
+    std::string full;  // as the card writes it
+    std::string family;
+    std::string given;
+    std::string middle;
+    std::string prefix;
+    std::string suffix;
+    std::string nickname;  // several are divided by ", "
+};
+
+struct PersonWork {
+    std::string company;
+    std::string department;  // several, from the greatest to the smallest, are divided by ", "
+    std::string title;
+    std::string role;
+};
+
+// A picture of the person. It is never fetched from anywhere.
+struct PersonPhoto {
+    std::string mediaType;  // such as "image/png", as the card tells it; may be wrong or empty
+    std::string bytes;      // as they are in the card
+    std::string link;       // where the card has only the address of a picture
+};
+
+struct Person {
+    PersonName name;
+    PersonWork work;
+    std::optional<PersonPhoto> photo;
+    std::vector<Detail> details;  // by kind; within one by preference, then as in the card
+    std::string note;
+    std::vector<std::string> categories;
+    std::string uid;
+    bool isGroup = false;
+    std::vector<std::string> members;  // of a group: what names each, such as the UID of its card
+
+    // The first of that kind, null where there is none; valid as long as the person.
+    const Detail* First(DetailKind kind) const;
+};
+
+// The kind and the word in English, such as "Phone" and "Home"; programs translate them.
+const char* NameOf(DetailKind kind);
+const char* NameOf(DetailWord word);
+
+// How a detail is headed, with each name by `translate`: "Phone (Work, Fax)", "Birthday", the
+// service of a messenger, and the property of what nothing else is known of.
+using TranslateName = std::function<std::string(const char* english)>;
+std::string TitleOf(const Detail& detail, const TranslateName& translate);
+
+}  // namespace orvo

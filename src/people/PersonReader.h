@@ -1,0 +1,22 @@
+// Reading all that a card or a record says of a person.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <people/Person.h>
+#include <string>
+#include <string_view>
+
+#include <contracts/RecordStore.h>
+
+namespace orvo {
+
+// What the first card of the text says; a person without anything where there is no card. `charset`
+// is the legacy set of its lines, empty where they are to be asked.
+Person ReadPerson(std::string_view card, std::string_view charset = {});
+
+// What the record's card would say if it were exported now: the fields of the record, and with them
+// all that only the card holds that it came from.
+// Gives:  what can be read; where that isn't all, `loss` says why in one line, else it is empty.
+Person ReadPerson(const CAddressRecord& record, CAddressTable& table, std::string& loss);
+
+}  // namespace orvo
