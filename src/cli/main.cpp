@@ -72,6 +72,7 @@ int Run(int count, char** arguments) {
     app.require_subcommand(1);
     AddGlobalOptions(app, invocation);
     AddExchangeCommands(app, invocation);
+    AddFindCommand(app, invocation);
     AddAddressesCommands(app, invocation);
     AddCardCommands(app, invocation);
     AddViewCommands(app, invocation);
