@@ -11,6 +11,7 @@
 #include <cli/LocalDate.h>
 #include <cli/Output.h>
 #include <host/OpenFolders.h>
+#include <host/StoreAdvice.h>
 #include <libraries/quire/UserStore.h>
 #include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/resources/StringTable.h>
@@ -64,6 +65,20 @@ int RunWith(Store& store, const Invocation& invocation) {
     return code == kDone && !damage.empty() ? kSomeSkipped : code;
 }
 
+int RunOnStore(const Invocation& invocation) {
+    try {
+        PrivateGuard guard(invocation.privates);
+        Store store(invocation.store, guard);
+        const std::string ownStore = invocation.store.empty() ? UserStorePath() : std::string();
+        for (const std::string& line : OpenFolders(ownStore)) PrintWarning(line);
+        return RunWith(store, invocation);
+    } catch (const CommandError& error) {
+        throw CommandError(error.Code(), WithAdvice(error.what()));
+    } catch (const std::exception& error) {
+        throw CommandError(kWrongUse, WithAdvice(error.what()));
+    }
+}
+
 int Run(int count, char** arguments) {
     CheckArguments(count, arguments);
     CLI::App app("Addresses and to-dos in one store.", "orvo");
@@ -104,11 +119,7 @@ int Run(int count, char** arguments) {
     if (!invocation.now.empty()) CTime::SetClock(TimeOfText(invocation.now, "--now"));
     OrvoShareMain(OwnModule(), DLL_PROCESS_ATTACH);
     if (invocation.withoutStore) return invocation.withoutStore();
-    PrivateGuard guard(invocation.privates);
-    Store store(invocation.store, guard);
-    const std::string ownStore = invocation.store.empty() ? UserStorePath() : std::string();
-    for (const std::string& line : OpenFolders(ownStore)) PrintWarning(line);
-    return RunWith(store, invocation);
+    return RunOnStore(invocation);
 }
 
 }  // namespace

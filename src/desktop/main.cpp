@@ -29,6 +29,7 @@
 #include <desktop/window/DesktopWindow.h>
 #include <host/HostOptions.h>
 #include <host/OpenFolders.h>
+#include <host/StoreAdvice.h>
 #include <libraries/quire/UserStore.h>
 #include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/resources/StringTable.h>
@@ -241,7 +242,7 @@ std::unique_ptr<StoreSession> OpenOrAsk(CommandLine& line, bool wasThere,
     while (true) {
         auto session = OpenSession(line, wasThere, error, fault);
         if (session) return session;
-        PrintProblem(error);
+        PrintProblem(WithAdvice(error));
         if (line.IsOffScreen()) return nullptr;
         const std::string store = StorePathOf(line);
         const std::optional<std::string> next = AskForStore(store, fault);

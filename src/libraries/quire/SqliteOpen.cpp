@@ -33,8 +33,6 @@ constexpr std::size_t kApplicationIdOffset = 68;
 
 constexpr int kOpenFlags = SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
 
-constexpr const char* kWayOut = "; `orvo rescue` copies what can be read into a new store";
-
 constexpr const char* kSettings =
     "PRAGMA foreign_keys = ON; PRAGMA trusted_schema = OFF; PRAGMA synchronous = FULL;"
     "PRAGMA journal_size_limit = 16777216;";
@@ -295,6 +293,12 @@ int OpenFile(const std::string& name, int flags, SqliteFile& file, Marks& marks)
     return result == SQLITE_OK ? SetUp(file, marks) : result;
 }
 
+// A reason to which the fault is added where it says something else, such as an error of the disk.
+std::string EndingWithDamage(const std::string& reason) {
+    const std::string_view damage = FaultText(StoreFault::Damaged);
+    return reason.ends_with(damage) ? reason : fmt::format("{}; {}", reason, damage);
+}
+
 // Opens for reading a store beside which there is no room for the log's index. A process that
 // writes to the store has that index already, so that nobody changes a store without a log.
 // Gives:  null where it can't be read so either.
@@ -307,8 +311,7 @@ std::unique_ptr<SqliteFile> OpenWithoutRoom(const std::string& path, std::string
     return result == SQLITE_OK && IsStore(marks) ? std::move(file) : nullptr;
 }
 
-// Opens for reading a store that SQLite holds to be damaged as a whole, as one whose end is cut
-// off.
+// Opens for reading a store that SQLite takes for damaged as a whole, as one whose end is cut off.
 // Gives:  null where it can't be read so either.
 std::unique_ptr<SqliteFile> OpenDamaged(const std::string& path, const std::string& reason) {
     auto file = std::make_unique<SqliteFile>();
@@ -320,7 +323,7 @@ std::unique_ptr<SqliteFile> OpenDamaged(const std::string& path, const std::stri
     if (result == SQLITE_OK) {
         result = SetUp(*file, marks);
     }
-    file->SetWhyReadOnly(fmt::format("the store is damaged ({}){}", reason, kWayOut));
+    file->SetWhyReadOnly(EndingWithDamage(reason));
     return result == SQLITE_OK && IsStore(marks) ? std::move(file) : nullptr;
 }
 
@@ -400,7 +403,7 @@ bool IsOfNewerVersion(SqliteFile& file) {
 }
 
 std::string DamageError(const std::string& path, const std::string& reason) {
-    return NotOpened(path, reason) + kWayOut;
+    return NotOpened(path, EndingWithDamage(reason));
 }
 
 std::string StoreError(const std::string& path, const SqliteFile& file, int result) {

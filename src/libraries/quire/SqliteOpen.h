@@ -31,7 +31,7 @@ bool HasStoreMarks(const std::string& path);
 // True for an open file whose mark tells a newer version of the format.
 bool IsOfNewerVersion(SqliteFile& file);
 
-// Why a store can't be opened, where that can be due to damage: with the way out.
+// Why a store can't be opened, where that can be due to damage: ends with the text of that fault.
 std::string DamageError(const std::string& path, const std::string& reason);
 
 // One line for a result of SQLite other than success.

@@ -22,6 +22,7 @@ constexpr std::array kTexts{
     "another program has this store open; try again later",
     "another program has removed or replaced this file while it was open",
     "it isn't there any more",
+    "HOME is not set",
     "there isn't enough memory",
     "it can't be read or written",
 };

@@ -16,10 +16,11 @@ enum class StoreFault {
     Missing,     // its folder isn't there
     NotAllowed,  // the file or its folder
     NoRoom,
-    Busy,   // another program is writing
-    Taken,  // another program has it for itself
-    Moved,  // removed or replaced while it was open
-    Gone,   // isn't there after it was
+    Busy,    // another program is writing
+    Taken,   // another program has it for itself
+    Moved,   // removed or replaced while it was open
+    Gone,    // isn't there after it was
+    NoHome,  // the user has no folder of his own for it
     Memory,
     Unreadable,  // anything else
 };

@@ -42,7 +42,8 @@ std::unique_ptr<SqliteEngine> OpenUserStore(const std::string& path, std::string
     if (fault) *fault = StoreFault::NotAllowed;
     const fs::path own = UserStorePath();
     if (own.empty()) {
-        error = "HOME is not set: name the store with --store FILE";
+        error = FaultText(StoreFault::NoHome);
+        if (fault) *fault = StoreFault::NoHome;
         return nullptr;
     }
     return MakeFolder(own.parent_path(), error) ? SqliteEngine::Open(own.string(), error, fault)
