@@ -1,6 +1,7 @@
 # What `cmake --install` lays down: the libraries with their headers, the programs, and how other builds and desktops
 # find them. The components are the packages of OrvoPackage.cmake.
 include(CMakePackageConfigHelpers)
+include(OrvoHeaders)
 
 set(cmake_folder "${CMAKE_INSTALL_LIBDIR}/cmake/OrvoShare")
 set(header_folder "${CMAKE_INSTALL_INCLUDEDIR}/OrvoShare")
@@ -49,18 +50,11 @@ if(ORVO_DESKTOP)
             DESTINATION "${CMAKE_INSTALL_DATADIR}/dbus-1/services" COMPONENT desktop)
 endif()
 
-# These include headers of libraries which a program that embeds this one needn't have.
-set(left_out "")
-foreach(header AsciiCollation DamagedFile InterfaceBus LoosePages SqliteFile SqliteMigration SqliteOpen SqliteRow
-               SqliteSalvage SqliteStatements TableRescue)
-    list(APPEND left_out PATTERN "${header}.h" EXCLUDE)
-endforeach()
-if(NOT ORVO_DESKTOP)
-    list(APPEND left_out PATTERN "platform/qt" EXCLUDE)
-endif()
-foreach(folder platform contracts orvoshare libraries)
-    install(DIRECTORY "${PROJECT_SOURCE_DIR}/src/${folder}" DESTINATION "${header_folder}"
-            COMPONENT development FILES_MATCHING PATTERN "*.h" ${left_out})
+orvo_public_headers(public_headers)
+foreach(header ${public_headers})
+    cmake_path(GET header PARENT_PATH folder)
+    install(FILES "${PROJECT_SOURCE_DIR}/src/${header}" DESTINATION "${header_folder}/${folder}"
+            COMPONENT development)
 endforeach()
 install(EXPORT OrvoShareTargets NAMESPACE OrvoShare:: DESTINATION "${cmake_folder}"
         COMPONENT development)

@@ -7,15 +7,26 @@
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
+#include <iterator>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 #include <unistd.h>
 
-#include <libraries/quire/StoreFault.h>
-
 namespace orvo {
 
 namespace {
+
+struct ResultRow {
+    int kind;
+    StoreFault fault;
+};
+constexpr ResultRow kResults[] = {
+    {SQLITE_CORRUPT, StoreFault::Damaged},     {SQLITE_ERROR, StoreFault::Damaged},
+    {SQLITE_NOTADB, StoreFault::Damaged},      {SQLITE_PERM, StoreFault::NotAllowed},
+    {SQLITE_READONLY, StoreFault::NotAllowed}, {SQLITE_AUTH, StoreFault::NotAllowed},
+    {SQLITE_FULL, StoreFault::NoRoom},         {SQLITE_BUSY, StoreFault::Busy},
+    {SQLITE_LOCKED, StoreFault::Busy},         {SQLITE_NOMEM, StoreFault::Memory},
+};
 
 // SQLite takes a null pointer for a null value, and a view of an empty text may have one.
 const char* NeverNull(std::string_view bytes) {
@@ -181,6 +192,13 @@ std::string SqliteFile::Reason(int result) const {
     }
     const std::string reason = FaultText(FaultOfResult(result));
     return kind == SQLITE_IOERR && error != 0 ? reason + ": " + std::strerror(error) : reason;
+}
+
+StoreFault FaultOfResult(int result) {
+    const auto* const row =
+        std::find_if(std::begin(kResults), std::end(kResults),
+                     [result](const ResultRow& each) { return each.kind == (result & 0xFF); });
+    return row == std::end(kResults) ? StoreFault::Unreadable : row->fault;
 }
 
 }  // namespace orvo

@@ -11,6 +11,8 @@
 
 #include <sqlite3.h>
 
+#include <libraries/quire/StoreFault.h>
+
 namespace orvo {
 
 constexpr int kBusyTimeout = 3000;  // milliseconds
@@ -107,5 +109,8 @@ private:
     std::string m_whyReadOnly;
     bool m_isOlder = false;
 };
+
+// What a result other than success says.
+StoreFault FaultOfResult(int result);
 
 }  // namespace orvo

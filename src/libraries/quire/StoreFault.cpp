@@ -2,9 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <array>
-#include <iterator>
-
-#include <sqlite3.h>
 
 #include <libraries/quire/StoreFault.h>
 
@@ -28,18 +25,6 @@ constexpr std::array kTexts{
 };
 static_assert(kTexts.size() == static_cast<std::size_t>(StoreFault::Unreadable) + 1);
 
-struct ResultRow {
-    int kind;
-    StoreFault fault;
-};
-constexpr ResultRow kResults[] = {
-    {SQLITE_CORRUPT, StoreFault::Damaged},     {SQLITE_ERROR, StoreFault::Damaged},
-    {SQLITE_NOTADB, StoreFault::Damaged},      {SQLITE_PERM, StoreFault::NotAllowed},
-    {SQLITE_READONLY, StoreFault::NotAllowed}, {SQLITE_AUTH, StoreFault::NotAllowed},
-    {SQLITE_FULL, StoreFault::NoRoom},         {SQLITE_BUSY, StoreFault::Busy},
-    {SQLITE_LOCKED, StoreFault::Busy},         {SQLITE_NOMEM, StoreFault::Memory},
-};
-
 }  // namespace
 
 const char* FaultText(StoreFault fault) {
@@ -51,13 +36,6 @@ std::optional<StoreFault> FaultOfLine(std::string_view line) {
         kTexts.begin(), kTexts.end(), [line](const char* each) { return line.ends_with(each); });
     if (text == kTexts.end()) return std::nullopt;
     return static_cast<StoreFault>(text - kTexts.begin());
-}
-
-StoreFault FaultOfResult(int result) {
-    const auto* const row =
-        std::find_if(std::begin(kResults), std::end(kResults),
-                     [result](const ResultRow& each) { return each.kind == (result & 0xFF); });
-    return row == std::end(kResults) ? StoreFault::Unreadable : row->fault;
 }
 
 }  // namespace orvo

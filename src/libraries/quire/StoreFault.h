@@ -31,7 +31,4 @@ ORVO_API const char* FaultText(StoreFault fault);
 // The fault whose text ends the line; nothing for other lines.
 ORVO_API std::optional<StoreFault> FaultOfLine(std::string_view line);
 
-// What a result of SQLite other than success says.
-StoreFault FaultOfResult(int result);
-
 }  // namespace orvo

@@ -2,13 +2,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <platform/Export.h>
 #include <platform/window/base/Messages.h>
 
 namespace orvo {
 
 // Follows the characters of WM_CHAR one by one: on a page of double bytes a trail byte is told by
 // the lead byte before it, and may look like anything by itself.
-class TypedCharacters {
+class ORVO_API TypedCharacters {
 public:
     // True for a printable character, one of the two bytes of one, and backspace.
     bool IsForText(UINT character);

@@ -18,7 +18,7 @@ ORVO_API CString RemoveLeadingSpaces(const CString& source);
 ORVO_API void RemoveTabs(CString& text);
 
 // Adds the lines of `text` at the end of `lines`; an empty text adds nothing.
-void AppendLines(const CString& text, CStringArray& lines);
+ORVO_API void AppendLines(const CString& text, CStringArray& lines);
 
 // Sets `result` to the person's name in the list form, or to the company where no name is filled
 // in. Only the first line of each field counts; a record with neither gives an empty text.

@@ -206,9 +206,9 @@ private:
 };
 
 // The comparison behind the orders: -1, 0 or 1 for two records of a view; 0 where one is null.
-int TodoCompareRecords(long record1, long record2, long view);
+ORVO_API int TodoCompareRecords(long record1, long record2, long view);
 // The same for the record of a row and a record.
-int TodoCompareRowToRecord(long row, long record, long view);
+ORVO_API int TodoCompareRowToRecord(long row, long record, long view);
 
 // From now on lists of to-dos sort their rows by keys that give the order of TodoCompareRecords.
 // May be called again.

@@ -4,6 +4,7 @@
 #include <QClipboard>
 #include <QCursor>
 #include <QPalette>
+#include <QTimer>
 #include <QToolTip>
 
 #include <platform/qt/QtCanvas.h>
@@ -13,6 +14,9 @@
 #include <platform/qt/QtKeys.h>
 #include <platform/qt/QtListAccess.h>
 #include <platform/qt/QtListPeer.h>
+#include <platform/qt/QtSound.h>
+#include <platform/qt/QtTimers.h>
+#include <platform/qt/QtWindowLink.h>
 #include <platform/qt/QtWindowPeer.h>
 #include <platform/qt/QtWindowSystem.h>
 #include <platform/window/base/CWnd.h>
@@ -71,10 +75,18 @@ QWidget* OwnerWidget(const CWnd* owner) {
 
 }  // namespace
 
-QtWindowSystem::QtWindowSystem() {
+struct QtWindowSystem::State {
+    QtInputState input;
+    QtTimers timers;
+    QtSound sound;
+    QTimer wakeUp;  // runs while posted messages wait for the event loop
+    bool showsWaiting = false;
+};
+
+QtWindowSystem::QtWindowSystem() : m_state(std::make_unique<State>()) {
     TellOfLists();
-    m_wakeUp.setSingleShot(true);
-    QObject::connect(&m_wakeUp, &QTimer::timeout, &m_wakeUp, [] { PumpMessages(); });
+    m_state->wakeUp.setSingleShot(true);
+    QObject::connect(&m_state->wakeUp, &QTimer::timeout, &m_state->wakeUp, [] { PumpMessages(); });
 }
 
 // Widgets that wait for their end have links to this system.
@@ -95,15 +107,15 @@ void QtWindowSystem::NameList(const CWnd& list, const QString& name, const QStri
 }
 
 std::unique_ptr<WindowPeer> QtWindowSystem::MakeWindowPeer(const PeerPlace& place) {
-    return std::make_unique<QtWindowPeer>(m_input, place);
+    return std::make_unique<QtWindowPeer>(m_state->input, place);
 }
 
 std::unique_ptr<ListPeer> QtWindowSystem::MakeListPeer(const PeerPlace& place) {
-    return std::make_unique<QtListPeer>(m_input, place);
+    return std::make_unique<QtListPeer>(m_state->input, place);
 }
 
 std::unique_ptr<EditPeer> QtWindowSystem::MakeEditPeer(const PeerPlace& place) {
-    return std::make_unique<QtEditPeer>(m_input, place);
+    return std::make_unique<QtEditPeer>(m_state->input, place);
 }
 
 std::unique_ptr<Canvas> QtWindowSystem::MakeMeasuringCanvas() {
@@ -113,19 +125,19 @@ std::unique_ptr<Canvas> QtWindowSystem::MakeMeasuringCanvas() {
 std::unique_ptr<FileDialogPeer> QtWindowSystem::MakeFileDialogPeer(const PeerPlace& place,
                                                                    const FileDialogSetup& setup) {
     QWidget* parent = QtWidgetState::ParentWidget(place);
-    return std::make_unique<QtFileDialogPeer>(m_input, parent ? parent : ActiveWindow(), setup);
+    return std::make_unique<QtFileDialogPeer>(m_state->input, parent ? parent : ActiveWindow(), setup);
 }
 
 void QtWindowSystem::WakeUp() {
-    if (!m_wakeUp.isActive()) m_wakeUp.start();
+    if (!m_state->wakeUp.isActive()) m_state->wakeUp.start();
 }
 
 void QtWindowSystem::StartTimer(HWND window, UINT_PTR id, UINT milliseconds) {
-    m_timers.Start(window, id, milliseconds);
+    m_state->timers.Start(window, id, milliseconds);
 }
 
 bool QtWindowSystem::StopTimer(HWND window, UINT_PTR id) {
-    return m_timers.Stop(window, id);
+    return m_state->timers.Stop(window, id);
 }
 
 UINT QtWindowSystem::TrackPopupMenu(CMenu& menu, UINT flags, CPoint point, CWnd* owner) {
@@ -145,24 +157,24 @@ void QtWindowSystem::Beep(UINT) {
 }
 
 bool QtWindowSystem::PlaySoundFile(const CString& path) {
-    return m_sound.Play(ToQt(path.View()));
+    return m_state->sound.Play(ToQt(path.View()));
 }
 
 void QtWindowSystem::StopSound() {
-    m_sound.Stop();
+    m_state->sound.Stop();
 }
 
 // A shape belongs to the window under the pointer, but the waiting shape to all windows.
 void QtWindowSystem::ShowCursor(HCURSOR cursor) {
     const bool waits = cursor && cursor->standard == IDC_WAIT;
-    if (waits && !m_showsWaiting) QApplication::setOverrideCursor(Qt::WaitCursor);
-    if (!waits && m_showsWaiting) QApplication::restoreOverrideCursor();
-    m_showsWaiting = waits;
-    if (waits || !m_input.underPointer) return;
+    if (waits && !m_state->showsWaiting) QApplication::setOverrideCursor(Qt::WaitCursor);
+    if (!waits && m_state->showsWaiting) QApplication::restoreOverrideCursor();
+    m_state->showsWaiting = waits;
+    if (waits || !m_state->input.underPointer) return;
     if (cursor) {
-        m_input.underPointer->setCursor(ToQt(*cursor));
+        m_state->input.underPointer->setCursor(ToQt(*cursor));
     } else {
-        m_input.underPointer->unsetCursor();
+        m_state->input.underPointer->unsetCursor();
     }
 }
 
@@ -172,8 +184,8 @@ CPoint QtWindowSystem::PointerPosition() const {
 
 bool QtWindowSystem::IsKeyDown(UINT key) const {
     const Qt::KeyboardModifier modifier = ModifierOf(key);
-    if (modifier == Qt::NoModifier) return m_input.keysDown.count(key) != 0;
-    return m_input.modifiers.testFlag(modifier) ||
+    if (modifier == Qt::NoModifier) return m_state->input.keysDown.count(key) != 0;
+    return m_state->input.modifiers.testFlag(modifier) ||
            QGuiApplication::keyboardModifiers().testFlag(modifier);
 }
 

@@ -2,14 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QTimer>
+#include <QString>
 #include <QWidget>
 #include <memory>
 
 #include <platform/Export.h>
-#include <platform/qt/QtSound.h>
-#include <platform/qt/QtTimers.h>
-#include <platform/qt/QtWindowLink.h>
 #include <platform/window/base/WindowSystem.h>
 
 namespace orvo {
@@ -55,11 +52,8 @@ public:
     void SetClipboardText(const CString& text) override;
 
 private:
-    QtInputState m_input;
-    QtTimers m_timers;
-    QtSound m_sound;
-    QTimer m_wakeUp;  // runs while posted messages wait for the event loop
-    bool m_showsWaiting = false;
+    struct State;
+    std::unique_ptr<State> m_state;
 };
 
 }  // namespace orvo

@@ -56,6 +56,6 @@ ORVO_API HWND FindPublishedWindow(std::string_view name);
 ORVO_API void SetMessageTimeLimit(int milliseconds);
 
 // What SendMessage does with a handle that names no window of this process.
-LRESULT SendToForeignWindow(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+ORVO_API LRESULT SendToForeignWindow(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
 }  // namespace orvo

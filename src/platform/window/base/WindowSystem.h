@@ -77,7 +77,7 @@ public:
 };
 
 // The one that needs nothing but memory. What makes it knows this header, not the other way round.
-WindowSystem& DefaultWindowSystem();
+ORVO_API WindowSystem& DefaultWindowSystem();
 
 ORVO_API BOOL MessageBeep(UINT type);
 ORVO_API COLORREF GetSysColor(int id);

@@ -146,7 +146,7 @@ public:
     virtual void InvalidateRows(int first, int last) = 0;
 
     // Paints the ground, and through the client each row that is in view.
-    void PaintRows(CDC& dc);
+    ORVO_API void PaintRows(CDC& dc);
 
     // The heading as a window of its own.
     virtual std::unique_ptr<WindowPeer> MakeHeadingPeer() = 0;
