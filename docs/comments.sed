@@ -5,7 +5,7 @@
 \~^ *//~s~[\@<>#%]~\\&~g
 1s~^// (.*)$~/// \\file\n/// \1~
 t
-s~^( *)//( *)(Gives|Requires|Owner|Fails): *~\1///\n\1/// @par \3\n\1/// ~
+s~^( *)//( *)(Returns|Requires|Owner|Fails): *~\1///\n\1/// @par \3\n\1/// ~
 t
 s~^( *)//( .*)?$~\1///\2~
 t

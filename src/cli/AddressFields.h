@@ -39,11 +39,11 @@ constexpr std::array<FieldName, 12> kFieldNames{{
 std::string ModuleText(unsigned number);
 
 // The index of a category by its name, as it is stored or shown.
-// Fails:  CommandError, nothing found.
+// Fails:    CommandError, nothing found.
 int CategoryIndex(CBaseTable& table, const std::string& name);
 
 // The same, but a name that isn't there yet becomes a category.
-// Fails:  CommandError where the table has no room or the name is too long.
+// Fails:    CommandError where the table has no room or the name is too long.
 int CategoryIndexOrNew(CBaseTable& table, const std::string& name);
 
 // The name of a record's category as it is shown; empty where the manager doesn't know it.

@@ -38,7 +38,7 @@ protected:
     explicit AddressHost(Store& store);
 
     // Connects the view, whose window stands, and fills it from the store.
-    // Fails:  CommandError.
+    // Fails:    CommandError.
     void Fill(CDetailViewAddrInf& view, Store& store, const ListOptions& options);
 
     CLookupEdit m_box;
@@ -50,7 +50,7 @@ public:
 
     CDetailViewAddrList& List() { return m_list; }
 
-    // Fails:  CommandError, nothing found.
+    // Fails:    CommandError, nothing found.
     CAddressRecord& RecordAt(int row);
 
 private:
@@ -68,7 +68,7 @@ private:
     CDetailViewAddrCard m_cards;
 };
 
-// Fails:  CommandError, nothing found, where the view has no such row.
+// Fails:    CommandError, nothing found, where the view has no such row.
 void CheckRow(CDetailViewAddrInf& view, int row);
 
 }  // namespace orvo::cli

@@ -22,7 +22,7 @@ struct Invocation {
     unsigned codePage = 0;
     bool json = false;
     PrivateRequest privates;
-    std::function<int(Store&)> command;  // gives the exit code
+    std::function<int(Store&)> command;  // returns the exit code
     std::function<int()> withoutStore;   // the same for a command that opens no store
 };
 

@@ -14,8 +14,8 @@ namespace orvo::cli {
 // What stands for a picture in a table.
 constexpr const char* kPictureSign = "*";
 
-// The ids of the columns that --columns names: "all", or ids parted by commas.
-// Fails:  CommandError where there is no such column.
+// The ids of the columns that --columns names: "all", or ids separated by commas.
+// Fails:    CommandError where there is no such column.
 std::vector<int> NamedColumns(const COrvoUIListViewCtrl& list, const std::string& names);
 
 // The column of an id that the list has.
@@ -26,7 +26,7 @@ std::vector<std::string> TableHeadings(const COrvoUIListViewCtrl& list);
 
 // Sets up the heading as it was saved under the section; where `columns` isn't empty ("default",
 // "all", or ids) anew, and saves it.
-// Fails:  CommandError.
+// Fails:    CommandError.
 template <class List>
 void SetUpHeading(List& list, const char* section, const std::string& columns) {
     if (columns == "default") {

@@ -44,7 +44,8 @@ std::time_t MomentOfClock(const Civil& civil) {
     return isShown ? time.GetTime() : -1;
 }
 
-// Reads a text that has a digit wherever the form has the letter of a field, and else is the form.
+// Reads a text that has a digit wherever the form has the letter of a field, and is the same as the
+// form elsewhere.
 bool ReadForm(std::string_view form, std::string_view text, Civil& civil) {
     if (text.size() != form.size()) return false;
     Civil read{0, 0, 0, 0, 0, 0};

@@ -20,7 +20,7 @@ void PrintError(std::string_view utf8);
 // The same behind the program's name.
 void PrintWarning(std::string_view utf8);
 
-// Writes the lines of a text, which are parted by line feeds, with their tabs.
+// Writes the lines of a text, which are separated by line feeds, with their tabs.
 void PrintTabbedText(std::string_view utf8);
 
 // The text, with blanks behind it up to a width on a terminal; one blank at least.

@@ -60,7 +60,7 @@ private:
     std::array<void (*)(int), kEndSignals.size()> m_before{};
 };
 
-// Byte by byte, so that nothing behind the line is taken from who reads on.
+// Byte by byte, so that nothing behind the line is taken from whoever reads on.
 std::string ReadLine(int descriptor, const std::string& name) {
     std::string line;
     line.reserve(kLongestLine);  // a string that grew would leave a part behind in memory

@@ -7,13 +7,13 @@
 namespace orvo::cli {
 
 // Asks on the terminal that standard input is, without showing what is typed.
-// Gives:  what was typed up to the end of the line; the caller wipes it.
-// Fails:  CommandError, wrong use, where standard input is no terminal.
+// Returns:  what was typed up to the end of the line; the caller wipes it.
+// Fails:    CommandError, wrong use, where standard input is no terminal.
 std::string AskForPassword();
 
 // The first line of a file; "-" is standard input.
-// Gives:  the line without its end; the caller wipes it.
-// Fails:  CommandError, wrong use, where the file can't be read.
+// Returns:  the line without its end; the caller wipes it.
+// Fails:    CommandError, wrong use, where the file can't be read.
 std::string ReadPassword(const std::string& file);
 
 }  // namespace orvo::cli

@@ -1,4 +1,4 @@
-// What a call may tell of private entries.
+// What a call may reveal of private entries.
 // SPDX-License-Identifier: MIT
 #include <utility>
 

@@ -17,7 +17,7 @@
 namespace orvo::cli {
 namespace {
 
-// What the options of add and edit give; what isn't given stays as it is.
+// The values of the options of add and edit; a field without a value stays as it is.
 struct Changes {
     std::map<AddressField, std::string> texts;
     std::map<long, std::string> labels;  // by phone slot: a label's text or number

@@ -13,7 +13,7 @@
 
 namespace orvo::cli {
 
-// An open store with its tables, and what may be told of the private entries in it.
+// An open store with its tables, and what may be revealed of the private entries in it.
 class Store {
 public:
     // Opens or creates the store; an empty path stands for the user's own store, whose folder is
@@ -31,7 +31,7 @@ public:
     // Why categories and labels are in part those of a new store; else empty.
     std::string TextsFailure() const;
 
-    // Fails:  CommandError where `status` isn't 0.
+    // Fails:    CommandError where `status` isn't 0.
     void Check(long status);
 
 private:
@@ -45,18 +45,18 @@ private:
 // two seconds for a program that has the store to itself; the desktop application doesn't.
 class WriteClaim {
 public:
-    // Fails:  CommandError that tells who has the store.
+    // Fails:    CommandError that says who has the store.
     explicit WriteClaim(const Store& store);
 
 private:
     DataSetClaim m_claim;
 };
 
-// One change of the store, from the categories and labels on as they are at its beginning. Without
+// One change of the store, which begins with the categories and labels as they are then. Without
 // Commit nothing of it stays.
 class Transaction {
 public:
-    // Fails:  CommandError, here and in Commit.
+    // Fails:    CommandError, here and in Commit.
     explicit Transaction(Store& store);
     void Commit();
 

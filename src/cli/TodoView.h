@@ -28,12 +28,12 @@ void AddTodoOptions(CLI::App& command, TodoOptions& options);
 class TodoView : public ViewHost {
 public:
     // Fills the list from the store.
-    // Fails:  CommandError.
+    // Fails:    CommandError.
     TodoView(Store& store, const TodoOptions& options);
 
     CTodoListbox& List() { return m_list; }
 
-    // Fails:  CommandError, nothing found.
+    // Fails:    CommandError, nothing found.
     CToDoRecord& RecordAt(int row);
 
     // A click into the row's cell of that column. A menu that it opens is answered with the

@@ -31,7 +31,7 @@ struct RowOptions {
 
 // Types the text into the box with the focus. What the box has refused it refuses again for as long
 // as nothing else comes: so even a text of a hundred thousand characters is answered at once.
-// Gives: how often the box has beeped.
+// Returns:  how often the box has beeped.
 int TypeInto(MemoryWindowSystem& system, std::string_view typed) {
     std::set<std::string_view> refused;
     int repeated = 0;

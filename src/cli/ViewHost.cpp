@@ -28,7 +28,7 @@ Disclosure Narrowed(Disclosure disclosure, bool hidesPrivate, bool masksPrivate)
 }
 
 ViewHost::ViewHost(Store& store) : m_frame(store.Guard().Options()) {
-    // Nobody is there to answer; who asked for the change tells why it didn't come.
+    // Nobody is there to answer; whoever asked for the change reports why it wasn't made.
     m_system.OnUnexpectedQuestion([](const std::string&) {});
     WindowSystem::SetCurrent(&m_system);
     m_frame.Create(WS_VISIBLE, kFrame, nullptr, 0);

@@ -30,7 +30,7 @@ private:
     COrvoDesktopOptions m_options;
 };
 
-// What a command that was told to hide or to mask private entries tells of them.
+// What a command that was told to hide or mask private entries says of them.
 Disclosure Narrowed(Disclosure disclosure, bool hidesPrivate, bool masksPrivate);
 
 // The window system in force, and the main window, as long as it lives.
@@ -48,8 +48,8 @@ protected:
     explicit ViewHost(Store& store);
     ~ViewHost();
 
-    // Runs `fill`, a walk over the table; a damaged record is told on standard error.
-    // Fails:  CommandError where the walk ends early.
+    // Runs `fill`, a walk over the table; a damaged record is reported on standard error.
+    // Fails:    CommandError where the walk ends early.
     void Watch(CBaseTable& table, const std::function<void()>& fill);
 
     MemoryWindowSystem m_system;

@@ -129,7 +129,8 @@ int main(int count, char** arguments) {
     using namespace orvo::cli;
     // A reader that has seen enough, such as `head`, ends the program without a word.
     std::signal(SIGPIPE, SIG_DFL);
-    // A limit on the size of files fails the write that meets it, so that the reason can be told.
+    // A limit on the size of files fails the write that meets it, so that the reason can be
+    // reported.
     std::signal(SIGXFSZ, SIG_IGN);
     int code = kWrongUse;
     try {

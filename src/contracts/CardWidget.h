@@ -15,9 +15,9 @@ namespace orvo {
 
 class CDC;
 
-// What one card shows. The body's lines end with a line feed; a tab parts a label from its value,
-// and a line that begins with a tab goes on with the value of the line before it. An empty line is
-// space. The line "<L>" stands for a rule below the head of the body.
+// What one card shows. The body's lines end with a line feed; a tab separates a label from its
+// value, and a line that begins with a tab goes on with the value of the line before it. An empty
+// line is space. The line "<L>" stands for a rule below the head of the body.
 class ORVO_API CCardDesc {
 public:
     CString strTitle;
@@ -34,14 +34,15 @@ constexpr const char* kCardRule = "<L>";
 // Cards flow down columns from left to right; the view scrolls by whole columns. A card is a
 // pointer that the view hands back and never reads. What a card says is asked for each time it is
 // painted, and not otherwise. Cards are counted from 0 in display order; one outside is harmless:
-// what asks gives -1, 0 or null, what sets does nothing. The argument `flag` is 1 at every call.
+// getters return -1, 0 or null, setters do nothing. The argument `flag` is 1 at every call.
 class ORVO_API COrvoUICardView : public CWnd, private ListPeerClient {
 public:
     COrvoUICardView();
     ~COrvoUICardView() override;
 
-    // Beyond the end: at it. The pointers stay the caller's.
-    // Fails:  below 0, or without a window, where the count of cards stays as it was.
+    // Inserts a card before the one at the index; beyond the end, at the end.
+    // Owner:    the caller keeps what the pointer leads to.
+    // Fails:    below 0, or without a window, where the count of cards stays as it was.
     void InsertCard(int index, void* data, int flag);
     void DeleteCard(int index, int flag);
     void DeleteAllCards(int flag);
@@ -61,13 +62,13 @@ public:
     int GetSelectedCount() const;
     int GetFocusCardIndex() const;
 
-    // Gives: non-zero where the card is in view now.
+    // Returns:  non-zero where the card is in view now.
     int EnsureVisible(int index);
     // Paints the card anew.
     void Update(int index);
 
     // As LVM_SORTITEMS, by registered sort keys too. Selection and focus stay with their cards.
-    // Gives: non-zero on success.
+    // Returns:  non-zero on success.
     int SortItems(PFNLVCOMPARE compare, unsigned long argument);
 
     // Pixels; a size is held between 80 by 40 and 2000 by 2000.

@@ -27,8 +27,9 @@ constexpr int kNoCategory = 0;
 constexpr const char* kNoCategoryName = "Uncategorized";
 
 // The start of a name that a category has room for: whole characters that take at most
-// kCategoryNameLength bytes of the system's code page. Both are UTF-8; a name that fits comes back
-// whole, and the result lies in `utf8`.
+// kCategoryNameLength bytes of the system's code page. Both are UTF-8.
+// Returns:  the whole name where it fits.
+// Owner:    the caller: the result lies in `utf8`.
 ORVO_API std::string_view CutCategoryName(std::string_view utf8);
 
 class ORVO_API CCategory : public CObject {
@@ -64,7 +65,7 @@ class ORVO_API CCategoryMgr {
 public:
     // The lowest free index where the manager can take the name now; else -1.
     using Choose = std::function<int()>;
-    // Called by Add: stores the name at the index that `choose` gives once all that others have
+    // Called by Add: stores the name at the index that `choose` returns once all that others have
     // stored is loaded. A false result ends the Add.
     using Keeper = std::function<bool(const std::string& utf8, const Choose& choose)>;
     // Called when the manager has taken a category.
@@ -75,20 +76,22 @@ public:
 
     int GetCount() const;
 
-    // Each sets the pointer to the category, which the manager keeps, or to null where there is
-    // none. Names match by their case folding, the stored ones before those that are shown.
-    // FindFirst and FindNext walk by rising index; the pointer is null after the last one.
-    // Gives:  0 when found.
+    // Each sets the pointer to the category, or to null where there is none. Names match by their
+    // case folding, the stored ones before those that are shown. FindFirst and FindNext walk by
+    // rising index; the pointer is null after the last one.
+    // Returns:  0 when found.
+    // Owner:    the manager.
     CatError FindIndex(int index, CCategory*& category);
     CatError FindName(const CString& name, CCategory*& category);
     CatError FindUtf8Name(std::string_view name, CCategory*& category);
     CatError FindFirst(CCategory*& category);
     CatError FindNext(CCategory*& category);
 
-    // Gives:  0: the manager has taken the category and given it the lowest free index. Else the
-    //         caller still owns it.
-    // Fails:  for null, where 16 categories stand, where the name is empty, too long or taken, and
-    //         where it can't be stored. A name that another process has taken since is found then.
+    // Returns:  0 when the manager has taken the category and given it the lowest free index.
+    // Owner:    the manager on success, else still the caller.
+    // Fails:    for null, where 16 categories stand, where the name is empty, too long or taken,
+    //           and where it can't be stored. A name that another process has taken since is found
+    //           then.
     CatError Add(CCategory* category);
 
     // Puts a category that is stored already at its index. One that stands there keeps its object

@@ -8,7 +8,7 @@
 namespace orvo {
 
 // Lets the user choose a day, beginning at the given one; the owner is the main window.
-// Gives:  non-zero, and the chosen day in `day`; 0, with `day` untouched, on cancel.
+// Returns:  non-zero, and the chosen day in `day`; 0, with `day` untouched, on cancel.
 ORVO_API int DisplayOrvoUIDayPickerDlg(CTime& day);
 
 }  // namespace orvo

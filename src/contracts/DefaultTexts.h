@@ -36,7 +36,7 @@ inline constexpr std::array<DefaultText, 14> kDefaultTexts{{
     {TableKind::Address, StoreEngine::TextKind::CustomLabel, 4, "Custom 4", 33114},
 }};
 
-// Gives the module's text of that number, UTF-8; empty where there is none.
+// Returns the module's text of that number, UTF-8; empty where there is none.
 using ModuleTexts = std::string (*)(unsigned number);
 
 // Where the default texts of the user's language come from: the module puts itself here while it

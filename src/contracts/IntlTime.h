@@ -23,13 +23,14 @@ public:
 
     // The picture of the locale for that kind. The second argument is 1 where the caller walks the
     // picture field by field and 0 where it goes to ParseDateFromFormat; both get the same picture.
-    // Owner:  this library; valid on the same thread until the locale changes.
+    // Owner:    this library; valid on the same thread until the locale changes.
     const CString& GetDateFormatA(FormatType type, int = 1);
 
     // What stands between the fields of the short date, exactly: such as "/", "-" or ". ".
     CString GetDateSeperator();
 
-    // The date as text, by kind or by picture; valid until the next call.
+    // The date as text, by kind or by picture.
+    // Owner:    this object, until the next call.
     const CString& FormatDate(FormatType type);
     const CString& FormatDate(const CString& picture);
 
@@ -39,8 +40,8 @@ public:
     // to be missing. Numbers followed by the signs for year, month and day (年月日) need no order.
     // An era before or after the year ("平成5", "平5", "H5") makes it a Western year; in a picture
     // with gg a year of up to two digits without an era counts in the era of today.
-    // Gives:  non-zero where all of the text was understood and every field is one that a calendar
-    //         has; else 0, with all three as they were.
+    // Returns:  non-zero where all of the text was understood and every field is one that a
+    //           calendar has; else 0, with all three as they were.
     int ParseDateFromFormat(const CString& picture, const CString& text, char separator, int& year,
                             int& month, int& day);
 

@@ -41,7 +41,7 @@ public:
 // A list whose rows are painted column by column by the class that derives from it, and hide their
 // content where they are masked. Every row holds one data word; 0 stands for none.
 //
-// A row or column outside is harmless: what asks gives -1 or 0, what sets does nothing.
+// A row or column outside is harmless: getters return -1 or 0, setters do nothing.
 class ORVO_API COrvoUIListViewCtrl : public CListCtrl {
 public:
     COrvoUIListViewCtrl();
@@ -52,26 +52,26 @@ public:
 
     // Shows the rows as kLargeIconView, kReportView or kSmallIconView; rows, selection and focus
     // stay.
-    // Gives:  non-zero on success; 0 for another mode.
+    // Returns:  non-zero on success; 0 for another mode.
     virtual int SetViewMode(int mode);
     int GetViewMode() const;
 
     // Appends a copy of the column to m_aColumns; it stays hidden until ShowColumn.
-    // Gives:  non-zero on success; 0 for null or for an id that is there already.
+    // Returns:  non-zero on success; 0 for null or for an id that is there already.
     int InitializeColumn(const COrvoLVColumn* column);
 
     // Puts the column at the right end of the heading; a width of -1 is that of the column's
     // record. A width is held between kNarrowestColumn and kWidestColumn. A column that is shown
     // already only takes the width.
-    // Gives:  non-zero on success; 0 for an id that no column has, or without a window.
+    // Returns:  non-zero on success; 0 for an id that no column has, or without a window.
     int ShowColumn(int nId, int nWidth);
 
     // Takes the column out of the heading; its width is remembered.
-    // Gives:  non-zero on success; 0 where it isn't shown.
+    // Returns:  non-zero on success; 0 where it isn't shown.
     int HideColumn(int nId);
 
     // Sets the width that a column will have where ShowColumn names none, held in the same limits.
-    // Gives:  0 where there is no such column.
+    // Returns:  0 where there is no such column.
     int RememberWidth(int nId, int nWidth);
 
     // All columns, in the order of the InitializeColumn calls, and the ids of those that are shown,
@@ -88,12 +88,12 @@ public:
 
     // Inserts a row. With `asksText` not 0 its text is asked for through LVN_GETDISPINFO, and its
     // picture too where `image` is -1. A row that doesn't ask has no text, and no picture for -1.
-    // Gives:  the row, -1 on failure.
+    // Returns:  the row, -1 on failure.
     int InsertRecord(int row, void* data, int asksText, int image);
 
     // Records by which column the rows are sorted, -1 for none; its heading gets a mark, and the
     // rows stay where they are.
-    // Gives:  the column before.
+    // Returns:  the column before.
     int SetSortOrder(int nId, int order);
     int GetSortColumn() const { return m_sortColumn; }
 
@@ -124,7 +124,7 @@ protected:
 
     // The rectangle, in client coordinates, of the row's main column: the one that was given to
     // InitializeColumn first, wherever it stands. In the icon modes, of the row's label.
-    // Gives:  non-zero on success; 0, and leaves `rect` alone, where that column is hidden.
+    // Returns:  non-zero on success; 0, and leaves `rect` alone, where that column is hidden.
     int GetMainItemRect(int row, RECT* rect) const;
 
     // Repaints the control in the colours that are now in force.
@@ -171,7 +171,7 @@ ORVO_API void OUIGetColors(int colourId, COLORREF* first, COLORREF* second, COLO
 // Each draws one line of text in the rectangle, kCellTextOffset from its left and right edge, in
 // the first colour of the id and the list font; what doesn't fit ends in an ellipsis. `reserved` is
 // 0. An overdue date brings the ground on which it can be read. The text of a pop-up cell carries a
-// small mark that tells that a click opens a menu, unless the cell is too narrow for both.
+// small mark that says that a click opens a menu, unless the cell is too narrow for both.
 ORVO_API void OUIDrawCellText(CDC* dc, const char* text, RECT* rect, int colourId, int reserved,
                               UINT textFlags);
 ORVO_API void OUIDrawPopupCellText(CDC* dc, const char* text, RECT* rect, int colourId,
@@ -180,8 +180,8 @@ ORVO_API void OUIDrawPopupCellText(CDC* dc, const char* text, RECT* rect, int co
 // Draws the bitmap; pixels of the key colour are left out.
 ORVO_API void OUIDrawBitmapTransparent(CDC* dc, CBitmap* bitmap, int x, int y, COLORREF key);
 
-// Gives:  the mark, which is black on white, in the colours of the id: the first, the ground behind
-//         it, and what lies between them. Pixels of the key colour stay.
+// Returns:  the mark, which is black on white, in the colours of the id: the first, the ground
+//           behind it, and what lies between them. Pixels of the key colour stay.
 ORVO_API CBitmap OUIMarkInColours(const CBitmap& mark, COLORREF key, int colourId);
 
 ORVO_API void OUIReplaceBitmapColor(CDC* dc, CBitmap* bitmap, COLORREF from, COLORREF to);
@@ -191,7 +191,7 @@ ORVO_API CFont* OUIGetListFont();
 
 // Appends an item for each category, by rising index, with its name, in which every '&' stands
 // twice, as menus show it; the command is `firstCommand` plus the index.
-// Gives:  the number of items appended.
+// Returns:  the number of items appended.
 ORVO_API int FillCategoryMenu(CCategoryMgr* categories, CCategoryCombo* combo, CMenu* menu,
                               int firstCommand);
 

@@ -20,21 +20,21 @@ extern "C" {
 #define ORVO_MENU_TO_DO 0x500U
 #define ORVO_ITEM_NONE 0xFFFFFFFFU
 
-// It lives until the window ends, and serves the thread of the window alone. Texts are in UTF-8 and
-// are read before a function returns.
+// Lives until the window ends. To be used from the thread of the windows only. Texts are in UTF-8
+// and are read before a function returns.
 struct OrvoPluginHost {
     uint32_t version;
     void* host;  // the first argument of each function
 
     // Adds an entry to the menu before the item, or at the end where that isn't there; `chosen` is
     // called with `data` when the user chooses it. An & in the text stands before its mnemonic.
-    // Gives: 0 where there is no such menu, or no text or function.
+    // Returns:  0 where there is no such menu, or no text or function.
     int (*addEntry)(void* host, uint32_t menu, uint32_t before, const char* text,
                     void (*chosen)(void* data), void* data);
 
     // Writes the ids of the selected entries of the view that is shown, as many as there is room
     // for; those that are masked aren't among them.
-    // Gives: how many there are.
+    // Returns:  how many there are.
     uint32_t (*selectedIds)(void* host, int64_t* ids, uint32_t room);
 
     // Shows one line to the user, who goes on.
@@ -43,7 +43,7 @@ struct OrvoPluginHost {
 
 // What a plug-in exports under the name "OrvoPluginStart". It is called once, before the window
 // shows. Where the host's version isn't its own it does nothing.
-// Gives: the version that it is made for, 0 where it can't work.
+// Returns:  the version that it is made for, 0 where it can't work.
 typedef uint32_t (*OrvoPluginStartFunction)(const struct OrvoPluginHost* host);
 
 #ifdef __cplusplus

@@ -68,7 +68,7 @@ public:
     static std::string_view GoodStart(std::string_view packed);
 
     // Takes a copy of a buffer of this form.
-    // Gives:  false, and changes nothing, where the bytes are not of this form.
+    // Returns:  false, and changes nothing, where the bytes are not of this form.
     bool Assign(std::string_view packed);
 
     std::string_view Bytes() const { return {m_bytes.get(), m_size}; }

@@ -25,14 +25,15 @@ public:
     CBaseTable(const CBaseTable&) = delete;
     CBaseTable& operator=(const CBaseTable&) = delete;
 
-    // Never null for the tables of this store; kept by the table.
+    // Never null for the tables of this store.
+    // Owner:    the table.
     CCategoryMgr* GetCategoryManager() { return &m_categories; }
 
     // Puts a new record of this table, with its note and source, into the store and gives it its
     // id, and, where no placement was set, the id as its placement.
     long Add(CBaseRecord& record);
-    // Reads the stored record of that id into `record`, deleted or not; Gone where there is none.
-    // `record` stays as it was on failure.
+    // Reads the stored record of that id into `record`, deleted or not.
+    // Fails:    with Gone where there is none. `record` then stays as it was.
     long Find(std::int64_t id, CBaseRecord& record);
     // Marks the record as deleted, and takes the mark away. Iterators pass deleted records over.
     long Delete(CBaseRecord& record);
@@ -43,20 +44,20 @@ public:
     // The records that aren't deleted; -1 on failure.
     std::int64_t GetCount();
 
-    // Told after each change through this table, on the same thread; an empty function ends it.
+    // Called after each change through this table, on the same thread; an empty function ends that.
     using Listener = std::function<void(const RecordChange&)>;
     void SetListener(Listener listener) { m_listener = std::move(listener); }
 
-    // Told, with the reason in one line, where a change of a stored record fails, which then is as
-    // it was, and where a walk over the table fails: at a damaged record, which it passes over, or
-    // for good.
+    // Called, with the reason in one line, where a change of a stored record fails, which then is
+    // as it was, and where a walk over the table fails: at a damaged record, which it passes over,
+    // or for good.
     using FailureListener = std::function<void(const std::string& reason, bool isOver)>;
     void SetFailureListener(FailureListener listener) { m_failed = std::move(listener); }
 
     // Reads categories and labels again as the store has them now, and forgets what a Rollback has
     // taken back. To be called when a transaction has begun and after its Rollback; adding a
     // category and setting a label do it by themselves.
-    // Fails:  where they can't be read.
+    // Fails:    where they can't be read.
     long RefreshTexts();
 
     // True, once, after another process or engine has changed the store. Categories and labels have
@@ -74,7 +75,7 @@ public:
 protected:
     CBaseTable(StoreEngine& engine, TableKind kind);
 
-    // What was there stays where they can't be read.
+    // What was there stays where the texts can't be read.
     virtual StoreStatus LoadTexts();
     // While the table is being made, the texts of a new store take the places of those that can't
     // be read.
@@ -138,16 +139,16 @@ public:
     explicit CToDoTable(StoreEngine& engine);
 };
 
-// A short-lived cursor over one table. Not for sharing between threads.
+// A short-lived cursor over one table. Not to be used from several threads at once.
 class ORVO_API CBaseIterator {
 public:
     virtual ~CBaseIterator();
     CBaseIterator(const CBaseIterator&) = delete;
     CBaseIterator& operator=(const CBaseIterator&) = delete;
 
-    // Gives:    0 when `record` holds the table's first (FindNext: next) record; anything else when
+    // Returns:  0 when `record` holds the table's first (FindNext: next) record; anything else when
     //           there is none, and at each FindNext after that. FindNext without a find before it
-    //           gives the first record. The last argument is always 1.
+    //           reads the first record. The last argument is always 1.
     // Requires: the table lives, and `record` is of the table's kind and store.
     // Owner:    the caller keeps `record`; its earlier content is overwritten, and it outlives the
     //           cursor.
@@ -186,7 +187,8 @@ public:
     explicit CToDoIterator(CToDoTable& table);
 
     // Moves to the first record of the category; FindNext goes on in category order, into the later
-    // categories. Non-zero, and the walk is over, where the category has no record.
+    // categories.
+    // Fails:    where the category has no record; the walk is over then.
     long FindByCategoryId(int category, CToDoRecord& record, int = 1);
 };
 

@@ -24,7 +24,7 @@ class CToDoTable;
 // 03:14:07 UTC.
 ORVO_API long maxDate();
 
-// What a table tells its host after a change that went through it.
+// What a table reports to its host after a change that went through it.
 struct RecordChange {
     enum class Kind {
         Added,
@@ -42,8 +42,8 @@ struct RecordChange {
 //
 // Text. The operations with CString work in the system's code page; those with UTF-8 (`Utf8`,
 // `SetUtf8`) go past it and lose nothing whatever the page. Setting a CString that is the same text
-// as the getter gives changes nothing, so that a form that gives back what it was given never harms
-// a character that the page lacks.
+// as the getter returns changes nothing, so that a form that hands back what it was given never
+// harms a character that the page lacks.
 //
 // A private copy of one stored record, bound to its table, which must outlive it. A setter takes
 // effect at once: in this copy and, once the record is in its table, in the store, where it changes

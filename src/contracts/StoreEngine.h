@@ -17,7 +17,7 @@ namespace orvo {
 
 enum class TableKind { Address, ToDo };
 
-// Why an operation failed; the values are what the records' `long` results give.
+// Why an operation failed; the values are those of the records' `long` results.
 enum class StoreStatus : long {
     Ok = 0,
     End = 1,      // a walk is over
@@ -61,7 +61,8 @@ public:
         return m_text == other.m_text || *m_text == *other.m_text;
     }
 
-    // For who keeps one only as long as somebody else does. Requires: `text` isn't null.
+    // For a holder that keeps the text only as long as somebody else does.
+    // Requires: `text` isn't null.
     using Pointer = std::shared_ptr<const std::string>;
     explicit SharedText(Pointer text) : m_text(std::move(text)) {}
     const Pointer& Handle() const { return m_text; }
@@ -88,15 +89,15 @@ class StoreCursor {
 public:
     virtual ~StoreCursor() = default;
 
-    // Gives:  Ok when `row` holds the next row; End after the last one and at each call from then
-    //         on.
-    // Fails:  for a row that is damaged, or for several in a row that can't be read, with the first
-    //         id in `row`; the next call goes on behind them. Where the walk itself fails `row`
-    //         stays as it was, and the walk is over.
+    // Returns:  Ok when `row` holds the next row; End after the last one and at each call from then
+    //           on.
+    // Fails:    for a row that is damaged, or for several in a row that can't be read, with the
+    //           first id in `row`; the next call goes on behind them. Where the walk itself fails
+    //           `row` stays as it was, and the walk is over.
     virtual StoreStatus Next(StoredRow& row) = 0;
 };
 
-// Keeps the rows of one store. Not for use from several threads at once. A new store holds the
+// Keeps the rows of one store. Not to be used from several threads at once. A new store holds the
 // texts of kDefaultTexts.
 //
 // Every operation that changes something takes effect at once and is safe on disk when it returns,
@@ -116,21 +117,23 @@ public:
     // A walk by rising id over the rows that are deleted; null on failure.
     virtual std::unique_ptr<StoreCursor> WalkDeleted(TableKind kind) = 0;
 
-    // `row.fields` then points into `fields`. Deleted rows are read too.
+    // Deleted rows are read too.
+    // Owner:    the caller keeps `fields`, into which `row.fields` then points.
     virtual StoreStatus Read(TableKind kind, std::int64_t id, StoredRow& row,
                              std::string& fields) = 0;
     virtual StoreStatus ReadExtra(TableKind kind, std::int64_t id, RowExtra& extra) = 0;
 
     // Gives the row an id above all that the table ever gave, also in a transaction that was
-    // dropped since, and, where `row.placement` is 0, the id as its placement. A due or completion
-    // date that isn't a time of a clock in the years 0 to 9999 is refused, here and by Update.
+    // dropped since, and, where `row.placement` is 0, the id as its placement.
+    // Fails:    here and in Update, with Refused where a due or completion date isn't a time of a
+    //           clock in the years 0 to 9999.
     virtual StoreStatus Insert(TableKind kind, StoredRow& row, const RowExtra& extra) = 0;
     // Replaces the row of that id; with an `extra`, all of that too.
     virtual StoreStatus Update(TableKind kind, const StoredRow& row, const RowExtra* extra) = 0;
     // Removes the row for good.
     virtual StoreStatus Remove(TableKind kind, std::int64_t id) = 0;
-    // Puts a row that was removed back, under the id that Insert gave it. Refused where the store
-    // holds a row of that id.
+    // Puts a row that was removed back, under the id that Insert gave it.
+    // Fails:    with Refused where the store holds a row of that id.
     virtual StoreStatus Restore(TableKind kind, const StoredRow& row, const RowExtra& extra) = 0;
     virtual std::int64_t Count(TableKind kind) = 0;
 
@@ -140,7 +143,7 @@ public:
         int number;
         std::string text;  // UTF-8
     };
-    // Fails:  with those in `result` that could be read.
+    // Fails:    with those in `result` that could be read.
     virtual StoreStatus ReadTexts(TableKind kind, TextKind texts,
                                   std::vector<NumberedText>& result) = 0;
     virtual StoreStatus WriteText(TableKind kind, TextKind texts, int number,
@@ -160,12 +163,12 @@ public:
     // nothing beyond that.
     virtual std::int64_t ForeignVersion() = 0;
 
-    // What messages call the store: its file; empty where it has none.
+    // The name of the store in messages: its file; empty where it has none.
     virtual std::string Name() const { return {}; }
 
     const std::string& LastError() const { return m_lastError; }
 
-    // Notes why an operation failed, and gives `status`.
+    // Notes why an operation failed, and returns `status`.
     StoreStatus Fail(StoreStatus status, std::string message) {
         m_lastError = std::move(message);
         return status;

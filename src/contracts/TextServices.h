@@ -40,7 +40,7 @@ ORVO_API void AppendBackslash(CString& text);
 // A line ends at "\r\n", at "\r" or at "\n". On an empty text both end up empty.
 ORVO_API void GetFirstLine(CString& text, CString& line);
 
-// The same over a text that stays: gives the first line, and moves the view behind its end.
+// The same over a text that stays: returns the first line, and moves the view behind its end.
 ORVO_API std::string_view TakeFirstLine(std::string_view& text);
 
 // Non-zero where the text holds more than one line: something other than nothing follows the first
@@ -49,8 +49,8 @@ ORVO_API int IsMultiline(const CString& text);
 
 // Moves a date of the record form by whole calendar days; the local time of day stays, also across
 // a clock change.
-// Gives: non-zero on success; 0, with the date untouched, where it or the result isn't a date:
-//        negative, kMaxDate (no date) or above.
+// Returns:  non-zero on success; 0, with the date untouched, where it or the result isn't a date:
+//           negative, kMaxDate (no date) or above.
 ORVO_API int IncrDate(long& date, int days);
 
 // Widgets (libraries/orvoui).

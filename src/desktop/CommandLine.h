@@ -35,8 +35,8 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-// Gives:  nothing where the user asked for help or the version, which is printed then.
-// Fails:  CommandLineError.
+// Returns:  nothing where the user asked for help or the version, which is printed then.
+// Fails:    CommandLineError.
 std::optional<CommandLine> ReadCommandLine(int count, char** arguments);
 
 }  // namespace orvo::desktop

@@ -162,8 +162,8 @@ void Answer(DesktopWindow& window, const StartRequest& request) {
     if (!request.files.empty()) window.ImportLater(request.files);
 }
 
-// The instance is null where no window is shown. Gives kReopen where the store is to be opened
-// again.
+// The instance is null where no window is shown.
+// Returns:  kReopen where the store is to be opened again.
 int ShowWindow(StoreSession& session, const CommandLine& line, Instance* instance) {
     COrvoDesktopOptions options = LoadOptions();
     DesktopWindow window(session, options);
@@ -217,7 +217,7 @@ void SetUpApplication(const CommandLine& line) {
 }
 
 // Opens the store of the line. One that was there and is gone isn't made anew.
-// Gives:  null, with the reason in one line in `error` and as the fault.
+// Returns:  null, with the reason in one line in `error` and as the fault.
 std::unique_ptr<StoreSession> OpenSession(const CommandLine& line, bool wasThere,
                                           std::string& error, StoreFault& fault) {
     const std::string path = StorePathOf(line);
@@ -234,7 +234,7 @@ std::unique_ptr<StoreSession> OpenSession(const CommandLine& line, bool wasThere
 
 // The same, for a window: where that fails the user is asked for a way on, which may lead to
 // another store.
-// Gives:  null where he gives it up, or where another program shows the store that he has chosen.
+// Returns:  null where he gives it up, or where another program shows the store that he has chosen.
 std::unique_ptr<StoreSession> OpenOrAsk(CommandLine& line, bool wasThere,
                                         std::unique_ptr<Instance>& instance) {
     std::string error;
@@ -306,7 +306,7 @@ int Main(int count, char** arguments) {
 }  // namespace orvo::desktop
 
 int main(int count, char** arguments) {
-    // A file that may not grow is a failure to be told, and no reason to end.
+    // A file that may not grow is a failure to be reported, and no reason to end.
     std::signal(SIGXFSZ, SIG_IGN);
     return orvo::desktop::Main(count, arguments);
 }

@@ -13,7 +13,7 @@ enum class Privacy { Show, Mask, Hide };
 Privacy PrivacyOf(const COrvoDesktopOptions& options);
 void SetPrivacy(COrvoDesktopOptions& options, Privacy privacy);
 
-// True where private entries may only be seen by who gives the password.
+// True where private entries may only be seen by whoever gives the password.
 bool IsGuarded(const COrvoDesktopOptions& options);
 
 enum class WayOut {

@@ -103,7 +103,7 @@ UserFileState LookAtUserFile() {
     return file;
 }
 
-// Gives:  why the file doesn't count, in one line; nothing where it does, or isn't there.
+// Returns:  why the file doesn't count, in one line; nothing where it does, or isn't there.
 std::string LoadUserFile(COrvoDesktopOptions& options) {
     UserFileState file = LookAtUserFile();
     if (!file.isThere) {

@@ -8,7 +8,7 @@
 namespace orvo {
 
 // Looks at the folder of the settings and, where `store` isn't empty, at the folder of that file.
-// Gives: a line for each that other users could write to or have made, and why.
+// Returns:  a line for each that other users could write to or have made, and why.
 std::vector<std::string> OpenFolders(const std::string& store);
 
 }  // namespace orvo

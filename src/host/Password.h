@@ -35,8 +35,8 @@ bool IsPasswordSet();
 // False, too, where none is set. It takes about a tenth of a second, and 64 MiB meanwhile.
 bool IsPassword(const TypedPassword& typed);
 
-// Gives:  false where the settings file can't be written, or there is no memory for the hash; the
-//         old password stays then.
+// Returns:  false where the settings file can't be written, or there is no memory for the hash; the
+//           old password stays then.
 bool SetPassword(const TypedPassword& typed);
 bool RemovePassword();
 

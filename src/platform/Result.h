@@ -1,4 +1,4 @@
-// HRESULT: how calls of interfaces and of the shell tell what became of them.
+// HRESULT: how calls of interfaces and of the shell report what became of them.
 // SPDX-License-Identifier: MIT
 #pragma once
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-# Checks what the compiler doesn't: the floors of the house, the licence lines, the sizes of files and functions, and that
-# headers compile alone: those that a change can have broken, and with --all every one.
+# Checks what the compiler doesn't: the floors of the house, the labels of comments, the licence lines, the sizes of
+# files and functions, and that headers compile alone: those that a change can have broken, and with --all every one.
 # SPDX-License-Identifier: MIT
 import argparse
 import concurrent.futures
@@ -197,6 +197,23 @@ def check_sizes():
                     yield f"{name}:{number}: {len(line)} characters, of at most {LONGEST_BUILD_LINE}"
 
 
+def check_labels():
+    """The labels of comments stand in their order, with their texts in one column."""
+    order = ["Returns", "Requires", "Owner", "Fails"]
+    for source in sources():
+        last = -1
+        for number, line in enumerate(source.read_text().splitlines(), 1):
+            label = re.match(r"\s*// (?:.*[.:;] )?(Gives|Returns|Requires|Owner|Fails):", line)
+            if not line.lstrip().startswith("//"):
+                last = -1
+            elif label and not re.match(r"\s*// (Returns:  |Requires: |Owner:    |Fails:    )\S", line):
+                yield f"{source}:{number}: not a line of the form \"// {'Returns:':<10}\" of docs/reading.md"
+            elif label and order.index(label[1]) <= last:
+                yield f"{source}:{number}: {label[1]} comes before {order[last]} or stands there twice"
+            elif label:
+                last = order.index(label[1])
+
+
 def check_licence():
     for name in output_of("git", "ls-files", "-co", "--exclude-standard", "src", "tests", "bench", "fuzz", "scripts", "run",
                           "test"):
@@ -254,14 +271,15 @@ def check_headers(compiler, headers):
 
 def main():
     parser = argparse.ArgumentParser()
-    parser.add_argument("check", choices=["floors", "licence", "sizes", "headers"])
+    parser.add_argument("check", choices=["floors", "labels", "licence", "sizes", "headers"])
     parser.add_argument("--compiler", default="c++")
     parser.add_argument("--all", action="store_true")
     arguments = parser.parse_args()
     if arguments.check == "headers":
         faults = list(check_headers(arguments.compiler, sorted(includes_of_headers()) if arguments.all else touched_headers()))
     else:
-        faults = list({"floors": check_floors, "licence": check_licence, "sizes": check_sizes}[arguments.check]())
+        checks = {"floors": check_floors, "labels": check_labels, "licence": check_licence, "sizes": check_sizes}
+        faults = list(checks[arguments.check]())
     print("\n".join(faults))
     return 1 if faults else 0
 

@@ -48,7 +48,7 @@ public:
     void SayMasked() const;
     // One line, in UTF-8, for standard error and the status bar.
     void ReportProblem(const std::string& problem) const;
-    // Gives false for the status of a record that was looked for and is gone, and says so.
+    // Returns false for the status of a record that was looked for and is gone, and says so.
     bool IsFound(long status) const;
 
     // Shows categories and rows as they are in the store now.

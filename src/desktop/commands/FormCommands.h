@@ -20,14 +20,14 @@ public:
     // Does nothing where several are selected.
     void OpenSelected();
 
-    // A form that was open when the program ended. Gives nothing where none is kept, or it was
-    // offered before.
+    // A form that was open when the program ended.
+    // Returns:  nothing where none is kept, or it was offered before.
     std::optional<KeptForm> Kept() const;
     // Asks what becomes of it, once.
     void Offer(const KeptForm& form);
 
 private:
-    // Gives true after the entry was saved, with the id that it has then.
+    // Returns:  true after the entry was saved, with the id that it has then.
     template <class Table, class Record>
     bool OpenForm(Table& table, bool (*edit)(QWidget*, Table&, Record&, FormKeeper*),
                   const QString& name, std::int64_t& id);

@@ -9,8 +9,8 @@
 
 namespace orvo::desktop {
 
-// Each opens the mail program of the desktop. Gives: nothing on success, else why not, in one
-// line of the user's language.
+// Each opens the mail program of the desktop.
+// Returns:  an empty text on success, else why not, in one line of the user's language.
 
 // To the first mail address of each record that has one.
 QString SendMailTo(const std::vector<CAddressRecord*>& records);

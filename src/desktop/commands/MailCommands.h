@@ -20,7 +20,7 @@ public:
     void SendSelectedAsCards();
 
 private:
-    // `send` gives nothing on success, else why not.
+    // `send` returns an empty text on success, else why not.
     void Send(const std::function<QString(const std::vector<CAddressRecord*>&)>& send);
 
     CommandContext& m_context;

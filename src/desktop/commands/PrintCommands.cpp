@@ -23,12 +23,12 @@
 namespace orvo::desktop {
 namespace {
 
-// So many are leafed through, and each takes memory as long as the preview is open.
+// Nobody leafs through more, and each takes memory as long as the preview is open.
 constexpr int kMostPreviewedPages = 500;
 // Milliseconds: what is sure to be done sooner shows no progress.
 constexpr int kPatience = 1000;
 
-// Shows how far the pages are. It ends when it is cancelled, or when the window behind it closes.
+// Shows how many pages are done. It ends when it is cancelled, or when the window behind it closes.
 class ProgressBox {
 public:
     explicit ProgressBox(QWidget& parent)

@@ -8,7 +8,7 @@
 
 namespace orvo::desktop {
 
-// Each asks the user, does it with a progress that he can cancel, and tells what went wrong.
+// Each asks the user, does it with a progress that he can cancel, and says what went wrong.
 void PrintView(const CommandContext& context);
 void PreviewView(const CommandContext& context);
 void SaveViewAsPdf(const CommandContext& context);
@@ -17,7 +17,7 @@ void SaveViewAsPdf(const CommandContext& context);
 void SetUpPages(QWidget& window);
 
 // Writes all rows of the view into a PDF file, and asks nothing. Hidden entries are left out.
-// Gives:  what went wrong, in one line; empty where nothing did.
+// Returns:  what went wrong, in one line; empty where nothing did.
 std::string WriteViewAsPdf(ViewFrame& frame, const std::string& file);
 
 }  // namespace orvo::desktop

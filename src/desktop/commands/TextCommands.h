@@ -21,7 +21,8 @@ public:
     // Edits the text of the row that is selected. It is open from Open() on.
     void Begin() { m_field->Begin(); }
     bool IsEditing() const { return m_field->IsOpen(); }
-    // Saves what is being edited. Gives false where that failed, and the field stays.
+    // Saves what is being edited.
+    // Returns:  false where that failed, and the field stays.
     bool Finish() { return !m_field || m_field->Finish(); }
 
 private:

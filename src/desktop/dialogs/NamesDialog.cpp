@@ -28,7 +28,7 @@ struct Name {
     bool isFixed = false;  // it can neither be renamed nor removed
 };
 
-// What can be done with the names of a page; each operation gives what is wrong.
+// What can be done with the names of a page; each operation returns what is wrong.
 struct NameRules {
     std::function<std::vector<Name>()> read;
     std::function<QString(const QString& name)> add;  // null where names can't be added

@@ -10,7 +10,7 @@
 namespace orvo::desktop {
 
 // Private entries are shown only where the user lets them be seen.
-// Gives:  true where the user has changed something.
+// Returns:  true where the user has changed something.
 bool ShowTrash(QWidget* parent, StoreSession& session, Disclosure disclosure);
 
 }  // namespace orvo::desktop

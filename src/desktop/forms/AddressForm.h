@@ -13,7 +13,7 @@ namespace orvo::desktop {
 // saves what was changed, all or nothing. Where somebody has removed a stored one meanwhile, it may
 // be saved as a new one, which `record` then is.
 // What would be lost with the program's end goes to `keeper`.
-// Gives:  true after it was saved; false where the user has given it up, or it can't be read.
+// Returns:  true after it was saved; false where the user has given it up, or it can't be read.
 bool EditAddress(QWidget* parent, CAddressTable& table, CAddressRecord& record,
                  FormKeeper* keeper = nullptr);
 

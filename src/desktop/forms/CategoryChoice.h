@@ -9,8 +9,8 @@
 
 namespace orvo::desktop {
 
-// Gives:  the index of the category of `table` that the user has chosen; nothing where he has
-//         chosen none.
+// Returns:  the index of the category of `table` that the user has chosen; nothing where he has
+//           chosen none.
 std::optional<int> ChooseCategory(QWidget* parent, CBaseTable& table);
 
 }  // namespace orvo::desktop

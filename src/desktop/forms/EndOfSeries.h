@@ -9,7 +9,8 @@
 namespace orvo::desktop {
 
 // Asks where the record repeats, as to complete it ends the whole series.
-// Gives:  false where the user doesn't want that, or where the store can't tell, which he is told.
+// Returns:  false where the user doesn't want that, or where the store can't say, which is reported
+//           to the user.
 bool MayComplete(QWidget* parent, const CToDoRecord& record);
 
 }  // namespace orvo::desktop

@@ -21,14 +21,14 @@ public:
     QVBoxLayout& Column() { return *m_column; }
 
     // Where the program ends before the user has saved the form or given it up, what he has changed
-    // is kept there. Null keeps nothing. `form` tells what the form is about.
+    // is kept there. Null keeps nothing. `form` says what the form is about.
     void KeepIn(FormKeeper* keeper, const KeptForm& form);
 
     // Asked before each save; false goes back to the form.
     void SetQuestion(std::function<bool()> question) { m_maySave = std::move(question); }
 
     // Shows the form until the user is done with it.
-    // Gives:  true after it was saved.
+    // Returns:  true after it was saved.
     bool Run();
 
     // Escape, Cancel and the window's own button end here.
@@ -57,7 +57,7 @@ private:
     QVBoxLayout* m_column;  // the page's
 };
 
-// Tells why an entry can't be shown in a form.
+// Says why an entry can't be shown in a form.
 void TellUnreadable(QWidget* parent, const QString& title, const SaveResult& result);
 
 }  // namespace orvo::desktop

@@ -24,7 +24,7 @@ class FormKeeper {
 public:
     explicit FormKeeper(std::string path) : m_path(std::move(path)) {}
 
-    // Gives:  nothing where none is kept, or the file isn't one of ours.
+    // Returns:  nothing where none is kept, or the file isn't one of ours.
     std::optional<KeptForm> Kept() const;
     // Where it can't be written the form is lost, as it would be without.
     void Keep(const KeptForm& form) const;

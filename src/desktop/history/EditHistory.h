@@ -47,13 +47,13 @@ public:
 
     // Each takes back, or does again, one step, as one transaction. The categories and labels of
     // the tables are to be read again, and their records too.
-    // Gives:  an empty text on success, else why not, in one line of the user's language.
-    // Fails:  where a row isn't as the step has left it, as another program has changed it, and
-    //         where the store can't be written; all is as it was then, and the step stays.
+    // Returns:  an empty text on success, else why not, in one line of the user's language.
+    // Fails:    where a row isn't as the step has left it, as another program has changed it, and
+    //           where the store can't be written; all is as it was then, and the step stays.
     std::string Undo();
     std::string Redo();
 
-    // Told after what can be undone or redone has changed.
+    // Called after what can be undone or redone has changed.
     void SetListener(std::function<void()> listener);
 
 private:

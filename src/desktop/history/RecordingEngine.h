@@ -18,8 +18,8 @@ namespace orvo::desktop {
 // Stands before another engine, which outlives it.
 class RecordingEngine : public StoreEngine {
 public:
-    // Given what a transaction has changed, at its end: nothing where it was dropped. Given each
-    // change outside of a transaction, too.
+    // Called at the end of a transaction with what it has changed, which is nothing where it was
+    // dropped, and with each change outside of a transaction.
     using Keeper = std::function<void(StepChanges)>;
 
     RecordingEngine(StoreEngine& real, Keeper keeper);

@@ -24,7 +24,7 @@ struct RowImage {
 };
 
 RowImage ImageOf(TableKind kind, const StoredRow& row, const RowExtra& extra);
-// Requires: an image that ImageOf gave.
+// Requires: an image that ImageOf has made.
 WholeRow RowOfImage(const RowImage& image);
 
 // Stands for an image where that itself isn't needed.

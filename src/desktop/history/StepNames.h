@@ -9,7 +9,8 @@
 
 namespace orvo::desktop {
 
-// Names the step by what it does, in UTF-8. Requires: it isn't empty.
+// Names the step by what it does, in UTF-8.
+// Requires: it isn't empty.
 std::string NameOfStep(const StepChanges& step);
 
 // That another program has changed a row, of which these are images, or has removed it. The row is

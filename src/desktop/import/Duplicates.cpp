@@ -14,8 +14,8 @@ namespace orvo::desktop {
 namespace {
 
 constexpr unsigned kFold = SORT_STRINGSORT | NORM_IGNORECASE | NORM_IGNORENONSPACE;
-// Numbers are the same where so many of their last digits are, and one has no other before them
-// than the longer one has. Shorter ones are compared as a whole.
+// Numbers are the same where this many of their last digits are, and what the shorter one has
+// before these stands in the longer one, too. Shorter ones are compared as a whole.
 constexpr std::size_t kLocalDigits = 7;
 
 std::string_view WithoutBlanks(std::string_view text) {
@@ -125,7 +125,7 @@ void ForEachAddress(CAddressTable& table, bool withPrivate, Take take) {
 // Addresses of one name, of which each is compared with all before it.
 class Namesakes {
 public:
-    // Gives:  the id of the first one that shares a contact with the record; 0 for none.
+    // Returns:  the id of the first one that shares a contact with the record; 0 for none.
     std::int64_t Add(const CAddressRecord& record) {
         std::int64_t found = 0;
         std::vector<Contact> contacts;

@@ -28,7 +28,7 @@ struct IdRange {
 // the same company, whatever the case, width and accents, and share a phone number or a mail
 // address. Each address is the second of one pair at the most. What is private counts only where
 // it is asked for.
-// Gives:  what was found up to where the store can't be read; damaged addresses are passed over.
+// Returns:  what was found up to where the store can't be read; damaged addresses are passed over.
 std::vector<DuplicatePair> FindDuplicates(CAddressTable& table, bool withPrivate,
                                           const IdRange& range = {});
 

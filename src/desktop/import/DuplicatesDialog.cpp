@@ -109,7 +109,7 @@ private:
     }
 
     // Reads the pair anew, as others may have changed it.
-    // Gives:  Gone where one of them isn't there any more.
+    // Returns:  Gone where one of them isn't there any more.
     long Read(const DuplicatePair& pair) {
         const std::int64_t first = IdOf(pair.first);
         const std::int64_t second = IdOf(pair.second);

@@ -11,21 +11,21 @@
 
 namespace orvo::desktop {
 
-// Runs changes of the store, which give 0 on success, as one step of that name.
-// Gives:  an empty text, else why nothing was changed, in one line.
+// Runs changes of the store, which return 0 on success, as one step of that name.
+// Returns:  an empty text, else why nothing was changed, in one line.
 using RunChange =
     std::function<std::string(const std::string& name, const std::function<long()>& change)>;
 
-// Where the pairs come from, which tells how their halves are called.
+// Where the pairs come from, which decides what their halves are called.
 enum class DuplicateOrigin { Import, Store };
 
 // Shows the pairs one after the other: to be merged, to be left as they are, or with the second one
 // to be deleted. A pair of which one is gone meanwhile is passed over.
-// Gives:  true where the user has changed something.
+// Returns:  true where the user has changed something.
 bool ShowDuplicates(QWidget* parent, CAddressTable& table, const std::vector<DuplicatePair>& pairs,
                     DuplicateOrigin origin, const RunChange& run);
 
-// Tells how many an import has found, and lets the user choose to look at them.
+// Says how many an import has found, and lets the user choose to look at them.
 bool AskToReview(QWidget* parent, std::size_t count);
 
 }  // namespace orvo::desktop

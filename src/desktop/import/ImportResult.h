@@ -33,8 +33,8 @@ struct ImportResult {
     bool isCancelled = false;
 };
 
-// Told of the file that is read, by its place in the list, and how many of its bytes are done;
-// false ends the import.
+// Called with the file that is being read, by its place in the list, and how many of its bytes are
+// done; false ends the import.
 using FileProgress = std::function<bool(std::size_t file, std::size_t done, std::size_t total)>;
 
 }  // namespace orvo::desktop

@@ -96,7 +96,7 @@ private:
         }
     }
 
-    // Gives:  the slot in which the number is now; 0 where it is in none.
+    // Returns:  the slot in which the number is now; 0 where it is in none.
     long TakePhone(long slot, const std::string& text) {
         for (const long present : kSlots) {
             const std::string_view kept = m_kept.Utf8(PhoneField(present));

@@ -12,8 +12,8 @@ namespace orvo::desktop {
 // Numbers fill the slots that are free, each once, then go there, too. Both notes are joined. The
 // category is the first that isn't none. The result is private where either is, and archived where
 // both are. What a card of `other` says beyond its fields stands in exports of `kept`, too.
+// Returns:  0, or why not as a StoreStatus. The records are to be read again then.
 // Requires: a transaction, which is to be dropped where it fails; both are stored.
-// Gives:    0, or why not as a StoreStatus. The records are to be read again then.
 long MergeInto(CAddressRecord& kept, CAddressRecord& other);
 
 }  // namespace orvo::desktop

@@ -11,7 +11,7 @@ namespace orvo::desktop {
 // path comes back by PathOfUri, also those that are no text.
 std::string UriOfPath(const std::string& path);
 
-// The path of a URI of this machine; any other text as it is, so that whoever opens it tells that
+// The path of a URI of this machine; any other text as it is, so that whoever opens it reports that
 // there is no such file.
 std::string PathOfUri(std::string_view uri);
 

@@ -27,10 +27,10 @@ constexpr char kInterface[] = "org.freedesktop.Application";
 constexpr char kToken[] = "activation-token";
 constexpr char kStartupId[] = "desktop-startup-id";
 
-// So long an answer is waited for.
+// How long an answer is waited for.
 constexpr std::chrono::seconds kTimeLimit{3};
 
-// So often a place is asked for again whose owner has just left.
+// How often a place whose owner has just left is asked for again.
 constexpr int kTries = 5;
 
 using Values = std::map<std::string, sdbus::Variant>;
@@ -115,7 +115,7 @@ class Instance::Place {
 public:
     explicit Place(std::unique_ptr<sdbus::IConnection> bus) : m_bus(std::move(bus)) {}
 
-    // Gives:  false where another program has the name.
+    // Returns:  false where another program has the name.
     bool Take(const std::string& name) {
         Answer(name);
         try {

@@ -32,8 +32,8 @@ std::string InstanceName(const std::string& store);
 // org.freedesktop.Application. Without a session bus every start is the first.
 class Instance {
 public:
-    // Gives:  the place; null where a program had it already, which has taken the request then.
-    // Fails:  InstanceError where that program doesn't answer within three seconds.
+    // Returns:  the place; null where a program had it already, which has taken the request then.
+    // Fails:    InstanceError where that program doesn't answer within three seconds.
     static std::unique_ptr<Instance> Claim(const std::string& name, const StartRequest& request);
 
     Instance(const Instance&) = delete;

@@ -30,7 +30,7 @@ KanaRow RowOfRecord(const CAddressRecord* record, std::span<const AddressField> 
 }  // namespace
 
 KanaEntries FirstKanaEntries(CDetailViewAddrInf& view) {
-    // So many records at a time are brought near before they are read.
+    // How many records at a time are brought near before they are read.
     constexpr int kAhead = 32;
     const bool byCompany = view.DV_GetListBy() == kListByCompany;
     const std::span<const AddressField> fields = byCompany ? kByCompany : kByName;

@@ -40,7 +40,7 @@ private:
 };
 
 // Selects the first item of the row, alone, and brings it into view.
-// Gives:  false where there is none.
+// Returns:  false where there is none.
 bool GoToKanaRow(CDetailViewAddrInf& view, KanaRow row);
 
 }  // namespace orvo::desktop

@@ -10,7 +10,7 @@ namespace orvo::desktop {
 
 // Shows the options, which change where the user agrees; the caller keeps them. The password, the
 // language and the sound of reminders are kept here.
-// Gives:  true where the user has agreed.
+// Returns:  true where the user has agreed.
 bool EditOptions(QWidget* parent, COrvoDesktopOptions& options);
 
 }  // namespace orvo::desktop

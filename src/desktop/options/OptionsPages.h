@@ -14,11 +14,11 @@ namespace orvo::desktop {
 class OptionsPage : public QWidget {
 public:
     // Asks for what must be known before the user's choices may hold, such as a password.
-    // Gives:  false where the dialog is to stay.
+    // Returns:  false where the dialog is to stay.
     virtual bool Confirm() { return true; }
 
     // Takes the choices over into the options and to where they are kept.
-    // Gives:  false where something can't be kept.
+    // Returns:  false where something can't be kept.
     bool Save(COrvoDesktopOptions& options) const;
 
 protected:

@@ -13,7 +13,7 @@ void SetLocator(QAction& action, std::uint32_t locator);
 
 // Adds an entry to the menu that has the locator, before the item with the other one, else at the
 // menu's end.
-// Gives:  the entry, which is the menu's; null where there is no such menu.
+// Returns:  the entry, which is the menu's; null where there is no such menu.
 QAction* InsertEntry(QMenuBar& bar, std::uint32_t menu, std::uint32_t before, const QString& text);
 
 }  // namespace orvo::desktop

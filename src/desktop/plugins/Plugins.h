@@ -33,11 +33,11 @@ public:
     Plugins& operator=(const Plugins&) = delete;
 
     // Starts each library of the folder, in the order of their names.
-    // Gives:  a line for each that doesn't work; nothing of it remains.
+    // Returns:  a line for each that doesn't work; nothing of it remains.
     std::vector<std::string> Load(const std::filesystem::path& folder);
 
 private:
-    // Gives what is wrong, empty for nothing.
+    // Returns what is wrong, empty for nothing.
     std::string Start(const std::filesystem::path& file);
     void RemoveEntriesFrom(std::size_t first);
 

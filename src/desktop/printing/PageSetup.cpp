@@ -33,7 +33,7 @@ bool Write(const char* key, const QString& text) {
     return SetSettingText(kSection, key, text.toStdString());
 }
 
-// Fails: an empty list.
+// Fails:    with an empty list.
 QList<qreal> ReadNumbers(const QString& text, QChar separator, int count) {
     QList<qreal> numbers;
     for (const QString& word : text.split(separator)) {

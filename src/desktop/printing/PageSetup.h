@@ -10,7 +10,7 @@ namespace orvo::desktop {
 // with middling margins.
 QPageLayout LoadPageLayout();
 
-// Gives:  false where the settings can't be written, which is told on standard error.
+// Returns:  false where the settings can't be written, which is reported on standard error.
 bool SavePageLayout(const QPageLayout& layout);
 
 }  // namespace orvo::desktop

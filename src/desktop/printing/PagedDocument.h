@@ -13,7 +13,7 @@
 
 namespace orvo::desktop {
 
-// Hears how much is done of how much; false ends the work.
+// Called with how much is done of how much; false ends the work.
 using PrintProgress = std::function<bool(int done, int total)>;
 
 // What stands above the items of each page.
@@ -30,7 +30,7 @@ public:
     ~PagedDocument();
 
     // Breaks the items into pages of the device's size. The device outlives the painting.
-    // Gives:  false where `progress` ended it; the pages up to there can be painted.
+    // Returns:  false where `progress` ended it; the pages up to there can be painted.
     bool LayOut(QPaintDevice& device, const PrintProgress& progress);
 
     // At least 1 after LayOut: without items there is an empty page.

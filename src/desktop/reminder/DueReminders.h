@@ -21,9 +21,9 @@ struct DueReminder {
 // True for a due time that means a whole day: its first second, or its last one.
 bool IsWholeDay(const CivilTime& due);
 
-// The to-dos that aren't completed and of which it is time to tell now, by rising due time: as long
-// before as the options say, in minutes, hours or days for a unit of 0, 1 or else. What is due on a
-// day, at no time, is due when the work day begins. What can't be read is passed over.
+// The to-dos that aren't completed and of which it is time to remind now, by rising due time: as
+// long before as the options say, in minutes, hours or days for a unit of 0, 1 or else. What is due
+// on a day, without a time, is due when the work day begins. What can't be read is passed over.
 std::vector<DueReminder> DueReminders(StoreEngine& engine, const COrvoDesktopOptions& options);
 
 }  // namespace orvo::desktop

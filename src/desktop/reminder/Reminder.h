@@ -12,7 +12,7 @@
 
 namespace orvo::desktop {
 
-// Tells of each to-do once, and again when it gets another due time; of all for which it is time
+// Reminds of each to-do once, and again when it gets another due time; of all for which it is time,
 // together. It plays the sound that the user has chosen.
 class Reminder {
 public:
@@ -21,7 +21,7 @@ public:
     // Engine and options outlive it; the options are looked at each time.
     Reminder(StoreEngine& engine, const COrvoDesktopOptions& options, Tell tell);
 
-    // From now on it looks some times a minute, for the first time at once.
+    // From now on it looks several times a minute, for the first time at once.
     void Start();
     void Stop();
 

@@ -15,7 +15,7 @@
 namespace orvo::desktop {
 namespace {
 
-// So many lines are told in a message.
+// A message shows no more lines than these.
 constexpr std::size_t kMostToldLines = 12;
 
 QString Title() {

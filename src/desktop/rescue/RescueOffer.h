@@ -10,12 +10,12 @@ class QWidget;
 
 namespace orvo::desktop {
 
-// Tells the damage, a line each, and asks whether to rescue; where the user wants it, asks for the
-// new store, makes it and tells what became of it.
+// Shows the damage, a line each, and asks whether to rescue; where the user wants it, asks for the
+// new store, makes it and says what became of it.
 void OfferRescue(QWidget* parent, const std::string& store, const std::vector<std::string>& damage);
 
 // The same without the question.
-// Gives:  the new store; nothing where none was made.
+// Returns:  the new store; nothing where none was made.
 std::optional<std::string> RescueIntoNew(QWidget* parent, const std::string& store);
 
 // As OfferRescue, once the program waits for its user, who sees the window then.

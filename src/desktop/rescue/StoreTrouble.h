@@ -10,13 +10,13 @@
 
 namespace orvo::desktop {
 
-// Tells why the store can't be opened and asks for a way on: the same again, another one, the
-// rescue of a damaged one, or none.
-// Gives:  the store to open next; nothing where the user gives it up.
+// Says why the store can't be opened and asks for a way on: the same again, another one, the rescue
+// of a damaged one, or none.
+// Returns:  the store to open next; nothing where the user gives it up.
 std::optional<std::string> AskForStore(const std::string& store, StoreFault fault);
 
-// Tells that the open store was removed or replaced.
-// Gives:  true where the user wants what lies there now.
+// Says that the open store was removed or replaced.
+// Returns:  true where the user wants what lies there now.
 bool AskToReopen(QWidget* parent, const std::string& store);
 
 }  // namespace orvo::desktop

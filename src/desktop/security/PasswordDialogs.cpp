@@ -22,7 +22,7 @@ constexpr int kFieldWidth = 28;  // characters
 // Fields that hide what is typed, and a line below that says what is wrong with it.
 class PasswordDialog : public QDialog {
 public:
-    // `check` gives what is wrong; an empty text closes the dialog.
+    // `check` returns what is wrong; an empty text closes the dialog.
     PasswordDialog(QWidget* parent, const QString& title, const QString& agree,
                    std::function<QString()> check)
         : QDialog(parent), m_check(std::move(check)) {

@@ -7,11 +7,11 @@ class QWidget;
 namespace orvo::desktop {
 
 // Asks for the password until it is right or the user gives up.
-// Gives:  true for the right one, or where none is set.
+// Returns:  true for the right one, or where none is set.
 bool AskForPassword(QWidget* parent);
 
 // Asks for the old password, where there is one, and for a new one twice.
-// Gives:  true where the new one is set.
+// Returns:  true where the new one is set.
 bool ChoosePassword(QWidget* parent);
 
 }  // namespace orvo::desktop

@@ -8,7 +8,7 @@
 
 namespace orvo::desktop {
 
-// Each is one step of the session's history, keeps a name without the blanks around it, and gives
+// Each is one step of the session's history, keeps a name without the blanks around it, and returns
 // what is wrong, for the user; an empty text on success. Records that are in memory are to be read
 // again then.
 QString AddCategory(StoreSession& session, CBaseTable& table, const QString& name);

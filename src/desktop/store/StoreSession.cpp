@@ -13,7 +13,7 @@
 namespace orvo::desktop {
 namespace {
 
-// So long a program that writes to the store is waited for.
+// How long a program that writes to the store is waited for.
 constexpr std::chrono::milliseconds kPatience{2000};
 
 }  // namespace

@@ -19,13 +19,13 @@ namespace orvo::desktop {
 class StoreSession {
 public:
     // Opens or creates the store; an empty path stands for the user's own.
-    // Gives:  null on failure, with the reason in one line in `error` and, where it
-    //         is asked for, in `fault`.
+    // Returns:  null on failure, with the reason in one line in `error` and, where it is asked for,
+    //           in `fault`.
     static std::unique_ptr<StoreSession> Open(const std::string& path, std::string& error,
                                               StoreFault* fault = nullptr);
 
     // Stands in the table of who has which store open, until the session ends.
-    // Gives:  false where another program has it, with the reason in one line in `error`.
+    // Returns:  false where another program has it, with the reason in one line in `error`.
     bool Claim(std::string& error);
 
     CAddressTable& Addresses() { return m_addresses; }
@@ -38,18 +38,18 @@ public:
     std::string Undo();
     std::string Redo();
 
-    // Runs `change`, which gives 0 on success, as one step of that name (UTF-8, of the user's
+    // Runs `change`, which returns 0 on success, as one step of that name (UTF-8, of the user's
     // language): all that it does to the store, or nothing.
-    // Gives:  an empty text on success, else why not, in one line. Records that the change has
-    //         touched are to be read again then.
+    // Returns:  an empty text on success, else why not, in one line. Records that the change has
+    //           touched are to be read again then.
     std::string Change(const std::string& name, const std::function<long()>& change);
 
     // Takes in card and calendar files: all of them, or none.
     ImportResult Import(const std::vector<std::string>& files,
                         const FileProgress& progress = nullptr);
 
-    // Told, in one line, of a record that can't be read, or of a walk over the store that ended
-    // early.
+    // Called, with one line, for a record that can't be read, and for a walk over the store that
+    // ended early.
     void SetFailureListener(const std::function<void(const std::string&)>& listener);
 
     // What of the store couldn't be read so far, a line each.
@@ -65,7 +65,7 @@ public:
 private:
     explicit StoreSession(std::unique_ptr<SqliteEngine> engine);
 
-    // Fails:  ExchangeError, and the store is as it was.
+    // Fails:    ExchangeError, and the store is as it was.
     void ImportAll(const std::vector<std::string>& files, const FileProgress& progress,
                    ImportResult& result);
 

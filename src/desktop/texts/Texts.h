@@ -12,7 +12,8 @@ namespace orvo::desktop {
 // From now on the texts are in that language, such as "de", as far as there are such texts; else in
 // English. They are taken from the message files of gettext's domain "orvo-desktop" in the folder
 // that ORVO_LOCALE_DIR names, else in share/locale of the program's prefix. Qt's own texts go
-// along. The application object is there.
+// along.
+// Requires: the application object is there.
 void UseLanguage(const std::string& language);
 
 // The text in the language of the user, by its English form.

@@ -1,4 +1,4 @@
-// How entries are told outside of their views: in one line, and for other programs.
+// How entries read outside of their views: in one line, and for other programs.
 // SPDX-License-Identifier: MIT
 #include <QMimeData>
 #include <QStringList>

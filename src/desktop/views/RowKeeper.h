@@ -15,7 +15,7 @@ namespace orvo::desktop {
 // or in another view of the same table.
 class RowKeeper {
 public:
-    // Gives the id of the record behind a row's data word, which isn't 0.
+    // Returns the id of the record behind a row's data word, which isn't 0.
     using IdOf = std::function<std::int64_t(DWORD)>;
 
     // Takes selection, focus and the first row in view; of a window that shows no rows, none.

@@ -16,7 +16,7 @@ public:
 
     // Makes the windows of the views inside of the parent; the box leads through them, and with the
     // combo outlives them.
-    // Gives:  false where a window can't be made.
+    // Returns:  false where a window can't be made.
     bool Create(CWnd& parent, CLookupEdit& box, CCategoryCombo& categories);
 
     // True for the list and its icons, which are one window.

@@ -61,7 +61,7 @@ public:
     void Enter(bool isFilled);
     void Leave();
 
-    // The selected records that are told whole on that way out. They are the view's.
+    // The selected records that may go out whole on that way. They are the view's.
     std::vector<CBaseRecord*> SelectedRecords(WayOut way);
     // How many selected ones aren't.
     int LeftOutOfSelection(WayOut way);

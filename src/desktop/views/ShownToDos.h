@@ -20,8 +20,8 @@ public:
     using ShownEntries::ShownEntries;
 
     // Makes the window of the list inside of the parent; the combo outlives it.
+    // Returns:  false where that can't be done.
     // Requires: the parent hands out the options already.
-    // Gives:  false where that can't be done.
     bool Create(CWnd& parent, CCategoryCombo& categories);
 
     CTodoListbox& List() { return *m_list; }  // once it is made

@@ -22,7 +22,7 @@ namespace orvo::desktop {
 class TextInPlace : public QObject {
 public:
     // Puts the text, UTF-8, of the to-do of that id into the store.
-    // Gives:  false where that failed and the user, who was told, may try again.
+    // Returns:  false where that failed and the user, who was told, may try again.
     using Save = std::function<bool(std::int64_t id, const std::string& text)>;
 
     // Both outlive it, the list with its window.
@@ -31,7 +31,8 @@ public:
     // Begins with the row that is selected; nothing where there isn't exactly one, or it is masked.
     void Begin();
     bool IsOpen() const { return m_field != nullptr; }
-    // Saves what is being edited. Gives false where that failed, and the field stays open.
+    // Saves what is being edited.
+    // Returns:  false where that failed, and the field stays open.
     bool Finish();
 
     bool eventFilter(QObject* watched, QEvent* event) override;

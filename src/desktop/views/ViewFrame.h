@@ -12,7 +12,7 @@
 
 namespace orvo::desktop {
 
-// Who is told of what happens in the views; each may be empty.
+// Called for what happens in the views; each may be empty.
 struct ViewListeners {
     std::function<void()> changed;  // rows, selection or order have changed
     std::function<void()> opened;   // the user asks to open, by Return or a double click
@@ -21,7 +21,7 @@ struct ViewListeners {
     std::function<void(const std::vector<std::string>&)> dropped;
 };
 
-// It is the main window of the views: it hands out the options, and hears what they tell. Only the
+// It is the main window of the views: it hands out the options, and gets their messages. Only the
 // view that is shown holds records.
 class ViewFrame : public CWnd {
 public:
@@ -30,7 +30,7 @@ public:
     ~ViewFrame() override;
 
     // Makes the windows of the views; none is shown yet.
-    // Gives:  false where a window can't be made.
+    // Returns:  false where a window can't be made.
     bool Open();
 
     ViewKind Shown() const { return m_shown; }

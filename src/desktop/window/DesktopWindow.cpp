@@ -21,7 +21,7 @@ namespace {
 
 constexpr QSize kFirstSize{1000, 680};
 
-// Milliseconds. So often what other programs did to the store is looked for.
+// Milliseconds between two looks at what other programs did to the store.
 constexpr int kForeignInterval = 200;
 // Milliseconds until a kept form is offered again where something else is asked.
 constexpr int kOfferWait = 300;
@@ -112,7 +112,7 @@ void DesktopWindow::ShowView(ViewKind kind) {
     m_menus.EnableOrders();
 }
 
-// Of a thousand rows that are selected at once each tells; one look at the end is enough.
+// Each of a thousand rows that are selected at once reports that; one look at the end is enough.
 void DesktopWindow::ShowChange() {
     m_countTimer.start();
     m_menus.CheckOrders();
@@ -124,7 +124,8 @@ void DesktopWindow::ShowCounts() {
     m_menus.EnableSelection();
 }
 
-// Asks once for each time that the store goes. Gives true while it is gone.
+// Asks once for each time that the store goes.
+// Returns:  true while it is gone.
 bool DesktopWindow::LooksForMovedStore() {
     const bool wasGone = std::exchange(m_isStoreGone, m_session.HasMoved());
     if (m_isStoreGone && !wasGone && AskToReopen(this, m_session.Path())) {

@@ -26,14 +26,14 @@ public:
     ~DesktopWindow() override;
 
     // Makes the views and fills the one that is to be shown.
-    // Gives:  false where that can't be done.
+    // Returns:  false where that can't be done.
     bool Open(const WindowSettings& settings);
 
     // From now on, what the user changes about window, views and options is kept for the next
     // start, and what other programs do to the store is seen.
     void BeginSession();
 
-    // Takes in card and calendar files, and those of folders, and tells what became of them.
+    // Takes in card and calendar files, and those of folders, and says what became of them.
     void Import(const std::vector<std::string>& paths) { m_commands.imports.Import(paths); }
     // The same once the event loop is back, so that a drag has ended, and the window stands.
     void ImportLater(const std::vector<std::string>& files) {

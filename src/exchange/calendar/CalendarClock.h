@@ -29,7 +29,7 @@ public:
     ~CalendarClock();
 
     // Sets the calendar's own zones: texts of VTIMEZONE components, and the opening of a calendar
-    // of vCalendar, whose TZ line tells the zone of the times that name none.
+    // of vCalendar, whose TZ line names the zone of the times that name none.
     void SetZones(const std::vector<SharedText>& timeZones);
 
     // Nothing where the line isn't a date that is there, or where its year is far outside of the

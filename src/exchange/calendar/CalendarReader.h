@@ -20,14 +20,14 @@ namespace orvo {
 // its version and its zones may stand after them. The text that was read must outlive it.
 class CalendarReader {
 public:
-    // `fileCharset` is the legacy set of the file, empty where it has none. The meter is told of
-    // the to-dos that are stored.
+    // `fileCharset` is the legacy set of the file, empty where it has none. The meter counts the
+    // to-dos that are stored.
     CalendarReader(CToDoTable& table, ImportReport& report, std::string_view fileCharset,
                    ProgressMeter& meter);
 
     void Take(const Entry& entry);
     // Stores the to-dos that wait.
-    // Fails:  ExchangeError where the store refuses to write.
+    // Fails:    ExchangeError where the store refuses to write.
     void Finish();
     bool IsWaiting() const { return !m_waiting.empty(); }
 

@@ -24,7 +24,7 @@ struct ToDoValues {
     bool isPrivate = false;
     bool isArchived = false;
 
-    // Gives:  false where the store can't be read.
+    // Returns:  false where the store can't be read.
     bool Read(const CToDoRecord& record);
 };
 

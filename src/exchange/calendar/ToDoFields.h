@@ -55,7 +55,8 @@ struct ToDoFields {
     }
 };
 
-// `clock` has the zones of the to-do; `charset` is its legacy set, empty where the lines are asked.
+// `clock` has the zones of the to-do; `charset` is its legacy set, empty where the lines themselves
+// decide.
 ToDoFields DeriveToDo(const LineList& lines, Dialect dialect, std::string_view charset,
                       CalendarClock& clock);
 
@@ -85,11 +86,11 @@ std::string_view ZoneLineOf(std::string_view opening);
 
 struct ToDoSource {
     Dialect dialect = Dialect::Calendar20;
-    std::vector<SharedText> timeZones;  // as in the parts, but for an opening that tells nothing
+    std::vector<SharedText> timeZones;  // as in the parts, but for an opening that says nothing
     Entry toDo;
 };
-// Gives:  false where the parts hold no to-do. The entry is valid as long as the reader, which reads
-//         the rest of the parts.
+// Returns:  false where the parts hold no to-do. The entry is valid as long as the reader, which
+//           reads the rest of the parts.
 bool ReadToDoSource(const ToDoParts& parts, EntryReader& reader, ToDoSource& result);
 
 }  // namespace orvo

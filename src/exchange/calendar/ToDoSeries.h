@@ -8,7 +8,7 @@ namespace orvo {
 
 // Sets `isRepeating` to whether the record's kept source has it come again, by a rule or at dates.
 // To complete such a record ends the whole series.
-// Gives:  0, or the status with which the store refuses the source.
+// Returns:  0, or the status with which the store refuses the source.
 long ReadIsRepeating(const CToDoRecord& record, bool& isRepeating);
 
 }  // namespace orvo

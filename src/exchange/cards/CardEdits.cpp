@@ -74,7 +74,7 @@ std::size_t FindName(std::string_view text, std::string_view name, bool isLast) 
 }
 
 // Puts the new family and given name in the place of the old ones.
-// Gives:  false where the text holds none that has changed.
+// Returns:  false where the text holds none that has changed.
 bool ReplaceNames(std::string& text, const NameParts& old, const NameParts& parts) {
     struct Place {
         std::size_t at;

@@ -23,7 +23,7 @@ struct AddressValues {
     bool isPrivate = false;
     bool isArchived = false;
 
-    // Gives:  false where the store can't be read.
+    // Returns:  false where the store can't be read.
     bool Read(const CAddressRecord& record);
 
     std::string_view Text(AddressField field) const { return text[IndexOf(field)]; }

@@ -161,7 +161,7 @@ private:
         if (!known) {
             m_fields.ownLabel[slot] = Trimmed(m_text);
         } else if (kind == PhoneKind::Other) {
-            kind = *known;  // of a mail address or a page the property has told it
+            kind = *known;  // of a mail address or a page the property has said so
         }
     }
 

@@ -55,7 +55,7 @@ struct CardFields {
 };
 
 // Fills `fields` from the lines of one card, whose legacy set is `charset`; where it is empty, the
-// lines are asked.
+// lines themselves decide.
 void DeriveFields(const LineList& lines, Dialect dialect, std::string_view charset,
                   CardFields& fields);
 

@@ -10,7 +10,7 @@ namespace orvo {
 // holds, so that exports of `kept` have it, too. A second line of what a card has only once, and
 // what a field holds in part, is written under a name of our own, X-ORVO-OTHER-NAME. The fields of
 // both records stay. Where `kept` was not imported it gets a card that says what its fields say.
-// Gives:  0, or why not as a StoreStatus; ExchangeError where the store can't be read.
+// Returns:  0, or why not as a StoreStatus; ExchangeError where the store can't be read.
 long AddLinesOfOther(CAddressRecord& kept, const CAddressRecord& other, CAddressTable& table);
 
 }  // namespace orvo

@@ -76,10 +76,10 @@ bool HoldsKanaOrLatin(std::string_view utf8);
 // What the line is; nothing for one that fills no field.
 std::optional<Property> PropertyOf(const ContentLine& line);
 
-// The kind of number that the types of a TEL line tell.
+// The kind of number that the types of a TEL line name.
 PhoneKind PhoneKindOf(std::string_view parameters);
 
-// What a label of the form "_$!<Work>!$_" tells; nothing for any other text.
+// What a label of the form "_$!<Work>!$_" names; nothing for any other text.
 std::optional<PhoneKind> KindOfGroupLabel(std::string_view label);
 
 bool IsPrivateClass(std::string_view value);

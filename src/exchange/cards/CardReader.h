@@ -18,8 +18,8 @@ public:
     CardReader(CAddressTable& table, std::string_view fileCharset);
 
     // Puts the card into the table.
-    // Gives: why it was left out; empty where it is in.
-    // Fails: ExchangeError where the store refuses to write.
+    // Returns:  why it was left out; empty where it is in.
+    // Fails:    ExchangeError where the store refuses to write.
     std::string_view Store(const Entry& card);
 
     // Of the record that was stored last.

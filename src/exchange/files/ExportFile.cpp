@@ -31,7 +31,7 @@ FileKind KindOf(const std::string& path) {
         "{}: the name of a card file ends in .vcf, of a calendar in .ics or .vcs", path));
 }
 
-// Calls `write` for each record that is wanted and not damaged. It tells in the text that it is
+// Calls `write` for each record that is wanted and not damaged. It says in the text that it is
 // given what it couldn't write.
 template <class Record, class Iterator, class Table, class Write>
 void ForEach(Table& table, const IsWanted& isWanted, ExportReport& report, Write write) {

@@ -24,9 +24,9 @@ struct ExportReport {
 // Writes the addresses to a .vcf file, or the to-dos to a .ics or .vcs file, as the name ends: all
 // of them, or those of one category. What was imported and not edited since is written back as it
 // came. The file is replaced as a whole or not at all; without a record to write it is left alone.
-// Gives:  what was written, and what was left out as the store can't read it any more.
-// Fails:  ExchangeError for another ending, where the file can't be written, and where the store
-//         can't be read.
+// Returns:  what was written, and what was left out as the store can't read it any more.
+// Fails:    ExchangeError for another ending, where the file can't be written, and where the store
+//           can't be read.
 ExportReport ExportFile(const std::string& path, CAddressTable& addresses, CToDoTable& toDos,
                         int category = kAllCategories);
 

@@ -22,7 +22,7 @@ namespace orvo {
 namespace {
 
 constexpr std::size_t kChunk = 1u << 20;
-// So long, in milliseconds, the first writer of a pipe is waited for.
+// How long, in milliseconds, the first writer of a pipe is waited for.
 constexpr int kPatience = 2000;
 constexpr const char* kHoldsNothing = "holds no card or calendar";
 
@@ -140,7 +140,7 @@ ImportReport ImportBytes(std::string_view bytes, CAddressTable& addresses, CToDo
         } else {
             calendar.Take(entry);
         }
-        // To-dos that wait come to the store, and are told, later than what follows them.
+        // To-dos that wait come to the store, and are reported, later than what follows them.
         if (!calendar.IsWaiting()) meter.Pass(entry.lines[entry.lines.size() - 1].source);
     }
     if (!isKnown) throw ExchangeError(kHoldsNothing);

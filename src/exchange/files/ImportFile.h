@@ -15,7 +15,7 @@ namespace orvo {
 // name. Records get rising ids and placement positions in the file's order.
 // Requires: the caller has a transaction open if the import must be all or nothing.
 // Fails:    ExchangeError where the file can't be read, is no card or calendar file, or the store
-//           refuses to write; ImportCancelled where `progress` gives false.
+//           refuses to write; ImportCancelled where `progress` returns false.
 ImportReport ImportFile(const std::string& path, CAddressTable& addresses, CToDoTable& toDos,
                         const ImportProgress& progress = nullptr);
 

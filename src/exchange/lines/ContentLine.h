@@ -28,7 +28,7 @@ struct ContentLine {
 void TakeApart(ContentLine& line);
 
 // Reads the content lines of a text one after the other, in time linear to the text. Lines end at
-// CR LF, LF or CR. A line goes on on the next one where that begins with a blank or a tab, where it
+// CR LF, LF or CR. A line goes on in the next one where that begins with a blank or a tab, where it
 // is quoted-printable and ends in a soft break, and where it is base64 and only base64 follows. A
 // byte order mark before a line, as joined files have it, is no part of it.
 class ContentLineReader {
@@ -36,13 +36,13 @@ public:
     explicit ContentLineReader(std::string_view text, std::size_t firstNumber = 1)
         : m_text(text), m_number(firstNumber) {}
 
-    // Gives:  false at the end of the text.
+    // Returns:  false at the end of the text.
     bool Next(ContentLine& line);
 
-    // Goes back to the line that was read last, so that Next gives it again.
+    // Goes back to the line that was read last, so that Next returns it again.
     void GoBackTo(const ContentLine& line);
 
-    // From the line that Next gives next on.
+    // From the line on that Next returns next.
     std::string_view Rest() const { return m_text.substr(m_position); }
 
     // Frees what was unfolded so far.
@@ -90,11 +90,11 @@ private:
 // The value of the first parameter of that name, without quotes; empty where there is none.
 std::string_view FindParameter(std::string_view parameters, std::string_view name);
 
-// How a value was made fit for sending, as its parameters tell.
+// How a value was made fit for sending, as its parameters say.
 enum class TransferEncoding { None, QuotedPrintable, Base64 };
 TransferEncoding EncodingOf(std::string_view parameters);
 
-// True for quoted-printable text that goes on on the next line: it ends in "=", behind which blanks
+// True for quoted-printable text that goes on in the next line: it ends in "=", behind which blanks
 // may have got.
 bool EndsInSoftBreak(std::string_view text);
 
@@ -102,7 +102,7 @@ bool EndsInSoftBreak(std::string_view text);
 bool HasType(std::string_view parameters, std::string_view word);
 
 // Takes the next item of a list whose items are divided by commas and may stand in quotes.
-// Gives:  false where the list is used up.
+// Returns:  false where the list is used up.
 bool NextListItem(std::string_view& list, std::string_view& item);
 
 // Without the blanks and tabs at both ends, and without the quotes around it.

@@ -45,7 +45,7 @@ public:
     explicit EntryReader(std::string_view text, std::size_t firstNumber = 1)
         : m_text(text), m_reader(text, firstNumber) {}
 
-    // Gives:  false at the end of the text.
+    // Returns:  false at the end of the text.
     bool Next(Entry& entry);
 
 private:

@@ -10,9 +10,8 @@
 
 namespace orvo {
 
-// Told, every few thousand bytes, how many of a file's bytes are in the store, and at the end that
-// all are. The numbers never fall. A function that returns false ends the
-// import.
+// Called every few thousand bytes with how many of a file's bytes are in the store, and at the end
+// with all. The numbers never fall. A function that returns false ends the import.
 using ImportProgress = std::function<bool(std::size_t done, std::size_t total)>;
 
 // An entry of a file that was left out.

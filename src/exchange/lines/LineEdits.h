@@ -17,7 +17,7 @@ namespace orvo {
 // A line that is to be written anew.
 struct EditedLine {
     std::string name;                     // with its group
-    std::vector<std::string> parameters;  // without those that tell an encoding
+    std::vector<std::string> parameters;  // without those that name an encoding
     std::string value;                    // escaped UTF-8
     bool isRemoved = false;
 };
@@ -26,7 +26,7 @@ struct EditedLine {
 // line of a legacy set is written as UTF-8 too, as one entry never mixes sets that no line names.
 class LineEdits {
 public:
-    // `charset` is the legacy set of the lines, empty where they are to be asked.
+    // `charset` is the legacy set of the lines, empty where they themselves decide.
     LineEdits(const LineList& lines, Dialect dialect, std::string_view charset = {});
 
     // The line as it is to be written; what is asked for once is written anew.

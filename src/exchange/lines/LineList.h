@@ -77,7 +77,7 @@ public:
     void Clear();
     // Empty lines that follow each other become one. A nested line is one of a component inside of
     // the entry and has no name there. `rest` is what the entry may go on with, from the line on.
-    // Fails:  ExchangeError beyond 4 GB.
+    // Fails:    ExchangeError beyond 4 GB.
     void Add(const ContentLine& line, bool isNested, std::string_view rest);
     // Drops all but the first lines.
     void Cut(std::size_t size) { m_lines.resize(size); }

@@ -30,9 +30,8 @@ Dialect DialectOfCard(const LineList& lines);
 void AppendQuotedPrintable(std::string_view text, std::string& bytes);
 void AppendBase64(std::string_view text, std::string& bytes);
 
-// Takes the part of a value before its next divider, which doesn't stand behind a backslash, and
-// cuts it and the divider off.
-// Gives:  false once all parts are taken.
+// Walks over the parts of a value, between dividers that don't stand behind a backslash. Next is
+// false once all parts are taken.
 class PartWalk {
 public:
     PartWalk(std::string_view value, std::string_view dividers)
@@ -73,7 +72,7 @@ std::string ReplaceParts(std::string_view value, std::initializer_list<NewPart> 
                          Dialect dialect);
 
 // One line for a value that is escaped already, folded where the dialect folds. The head is group,
-// name and parameters; those that tell an encoding are added here.
+// name and parameters; those that name an encoding are added here.
 std::string FormatLine(std::string_view head, std::string_view value, Dialect dialect,
                        std::string_view lineEnd);
 

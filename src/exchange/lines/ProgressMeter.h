@@ -15,7 +15,7 @@ public:
         : m_text(text), m_total(total), m_tell(tell) {}
 
     // This part of the text is done.
-    // Fails:  ImportCancelled.
+    // Fails:    ImportCancelled.
     void Pass(std::string_view part);
     void Finish() { Tell(m_total); }
 
@@ -25,7 +25,7 @@ private:
     std::string_view m_text;
     std::size_t m_total;
     const ImportProgress& m_tell;
-    std::size_t m_next = 0;  // the place in the text from which on it is told again
+    std::size_t m_next = 0;  // the place in the text at which the next call is due
 };
 
 }  // namespace orvo

@@ -20,10 +20,10 @@ std::string_view GuessFileCharset(std::string_view text);
 // else the one that its bytes together point to; empty where no line is of one.
 std::string LegacyCharsetOf(const LineList& lines, std::string_view fileCharset);
 
-// Gives the values of the lines of one entry. Transfer encoding and CHARSET are undone.
+// The values of the lines of one entry. Transfer encoding and CHARSET are undone.
 class ValueDecoder {
 public:
-    // `charset` is the entry's legacy set; where it is empty, the lines themselves are asked. The
+    // `charset` is the entry's legacy set; where it is empty, the lines themselves decide. The
     // lines must outlive it.
     explicit ValueDecoder(const LineList& lines, std::string_view charset = {})
         : m_lines(lines), m_charset(charset) {}

@@ -9,7 +9,7 @@
 
 namespace orvo {
 
-// Tells in one line what is wrong with a file's bytes.
+// Says in one line what is wrong with a file's bytes.
 class CatalogError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
@@ -22,8 +22,8 @@ struct MessageCatalog {
 
 // Reads the whole file's bytes, of either byte order. Messages whose context isn't a number are
 // passed over.
-// Fails:  CatalogError where a byte that is needed is missing, a text isn't UTF-8, or the texts
-//         together are longer than the file.
+// Fails:    CatalogError where a byte that is needed is missing, a text isn't UTF-8, or the texts
+//           together are longer than the file.
 MessageCatalog ReadMessageCatalog(std::string_view bytes);
 
 }  // namespace orvo

@@ -64,7 +64,7 @@ void COrvoUICardView::OnLButtonDblClk(UINT, CPoint point) {
 void COrvoUICardView::OnRButtonDown(UINT, CPoint point) {
     SetFocus();
     if (m_cards) HandleListRightPress(*m_cards, CardAt(point), {});
-    // What was told of the selection may have moved the cards, or destroyed the window.
+    // The report of the selection may have moved the cards, or destroyed the window.
     if (m_cards) OnCardOnRButtonDown(CardAt(point), point);
 }
 

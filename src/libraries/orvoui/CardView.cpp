@@ -87,7 +87,7 @@ void COrvoUICardView::SelectAllCards(int select, int) {
     if (m_cards) m_cards->Select(0, m_cards->RowCount() - 1, select != 0);
 }
 
-// Each step is told, and who is told of it may destroy the window.
+// Each step is reported, and whoever hears of it may destroy the window.
 void COrvoUICardView::SelectAndScrollCard(int index, int flag) {
     if (index < 0 || index >= GetCardCount()) return;
     m_cards->Select(0, index - 1, false);

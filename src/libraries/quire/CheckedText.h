@@ -9,7 +9,7 @@
 
 namespace orvo {
 
-// Gives:  false where some of the bytes stand for no character of the page.
+// Returns:  false where some of the bytes stand for no character of the page.
 bool SystemToUtf8(const CString& text, std::string& utf8);
 
 }  // namespace orvo

@@ -11,7 +11,7 @@ namespace orvo {
 
 // Opens the store file for reading, past what SQLite itself holds against it: an end that is cut
 // off, or entries of the schema that it doesn't understand. The file isn't changed.
-// Gives:  null, with the reason in one line in `error`, where the tables of a store aren't found.
+// Returns:  null, with the reason in one line in `error`, where the tables of a store aren't found.
 std::unique_ptr<SqliteFile> OpenDamagedFile(const std::string& path, std::string& error);
 
 // The same for a copy of the file, made at `copy`, that begins with the first page of `fresh`, a

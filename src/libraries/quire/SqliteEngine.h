@@ -18,17 +18,16 @@ struct SqliteStatements;
 class ORVO_API SqliteEngine : public StoreEngine {
 public:
     // Opens the store file, or makes it where there is none or an empty file; its folder must be
-    // there and be one to write in. A file that may not be written, or beside
-    // which the disk has no room, opens for reading.
-    // Fails:  with null, one line in `error` and where it is asked for the `fault`. A file that is no store, or was made by a newer
-    //         version, stays byte for byte as it was.
+    // there and be writable. A file that may not be written, or beside which the disk has no room,
+    // opens for reading.
+    // Fails:    with null, one line in `error` and, where it is asked for, the `fault`. A file that
+    //           is no store, or was made by a newer version, stays byte for byte as it was.
     static std::unique_ptr<SqliteEngine> Open(const std::string& path, std::string& error,
                                               StoreFault* fault = nullptr);
 
     ~SqliteEngine() override;
 
-    // True once another file, or none, lies at the path that was opened. What is changed then is
-    // refused.
+    // True once another file, or none, lies at the path that was opened. Changes are refused then.
     bool HasMoved() const;
 
     // How long a change waits for another writer; 3000 at first.

@@ -68,7 +68,7 @@ private:
 
 class SqliteFile {
 public:
-    // `flags` are those of sqlite3_open_v2. Each operation gives SQLite's result.
+    // `flags` are those of sqlite3_open_v2. Each operation returns SQLite's result.
     int Open(const std::string& path, int flags);
     int Prepare(const std::string& sql, SqliteStatement& statement);
     int Run(const char* sql);
@@ -94,7 +94,7 @@ public:
     bool IsOlder() const { return m_isOlder; }
     void SetOlder(bool isOlder) { m_isOlder = isOlder; }
 
-    // True for a result that tells that a file found no room to grow.
+    // True for a result that says that a file found no room to grow.
     bool LacksRoom(int result) const;
 
     sqlite3* Handle() const { return m_database.get(); }

@@ -147,7 +147,7 @@ StoreFault FaultOfFile(const SqliteFile& file, int result) {
 }
 
 // Looks at the file before SQLite works with it, which can leave traces beside it.
-// Gives:  false, with `error`, where it is there and is no store to open.
+// Returns:  false, with `error`, where it is there and is no store to open.
 bool CheckHeader(const std::string& path, std::string& error, StoreFault& fault) {
     struct stat status {};
     if (stat(path.c_str(), &status) != 0) {
@@ -219,7 +219,7 @@ int WriteDefaultTexts(SqliteFile& file) {
 }
 
 // Makes the store in one transaction, unless another process has just done so. The file isn't in
-// WAL mode yet, so that its header tells a store as soon as there is one.
+// WAL mode yet, so that its header marks a store as soon as there is one.
 int CreateStore(SqliteFile& file, Marks& marks) {
     bool isEmpty = false;
     int result = file.Run("BEGIN IMMEDIATE");
@@ -268,7 +268,7 @@ int TakeOlderVersion(SqliteFile& file, bool isReadOnly) {
     return ReadAsVersion2(file);
 }
 
-// Brings an open file to where it can be worked with; `marks` tell what it is.
+// Brings an open file to where it can be worked with; `marks` say what it is.
 int SetUp(SqliteFile& file, Marks& marks) {
     sqlite3_busy_timeout(file.Handle(), kBusyTimeout);
     bool isEmpty = false;
@@ -301,7 +301,7 @@ std::string EndingWithDamage(const std::string& reason) {
 
 // Opens for reading a store beside which there is no room for the log's index. A process that
 // writes to the store has that index already, so that nobody changes a store without a log.
-// Gives:  null where it can't be read so either.
+// Returns:  null where it can't be read so either.
 std::unique_ptr<SqliteFile> OpenWithoutRoom(const std::string& path, std::string reason) {
     auto file = std::make_unique<SqliteFile>();
     Marks marks;
@@ -312,7 +312,7 @@ std::unique_ptr<SqliteFile> OpenWithoutRoom(const std::string& path, std::string
 }
 
 // Opens for reading a store that SQLite takes for damaged as a whole, as one whose end is cut off.
-// Gives:  null where it can't be read so either.
+// Returns:  null where it can't be read so either.
 std::unique_ptr<SqliteFile> OpenDamaged(const std::string& path, const std::string& reason) {
     auto file = std::make_unique<SqliteFile>();
     Marks marks;

@@ -28,7 +28,7 @@ std::unique_ptr<SqliteFile> OpenStore(const std::string& path, std::string& erro
 // True for a file whose header marks it as a store that this program knows.
 bool HasStoreMarks(const std::string& path);
 
-// True for an open file whose mark tells a newer version of the format.
+// True for an open file whose mark names a newer version of the format.
 bool IsOfNewerVersion(SqliteFile& file);
 
 // Why a store can't be opened, where that can be due to damage: ends with the text of that fault.

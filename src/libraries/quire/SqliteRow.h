@@ -11,7 +11,7 @@
 namespace orvo {
 
 // Reads the columns of one of the reading statements. `row.fields` is valid until its next step.
-// Gives:  false where the row is damaged; `row.id` is right then too.
+// Returns:  false where the row is damaged; `row.id` is right then too.
 bool ReadSqliteRow(const SqliteStatement& statement, TableKind kind, StoredRow& row);
 
 // The parameters of `insert` and `update` that SqliteRowParameters leaves alone. Where they aren't

@@ -125,7 +125,8 @@ private:
     }
 
     // Takes the rows from the id `next` on up to the end or a failure, and sets `next` behind them.
-    // Ids rise; of two rows that don't the one is damaged that breaks the order of its neighbours.
+    // Ids rise; where two don't, the row that breaks the order of its neighbours is the damaged
+    // one.
     int ReadRun(std::int64_t& next) {
         const SqliteRun run(m_rowsFrom);
         m_rowsFrom.Bind(1, next);
@@ -303,7 +304,7 @@ private:
         }
     }
 
-    // Lost rows between which none can be read are told as one.
+    // Lost rows between which none can be read are reported as one.
     void AddLost(const Ids& ids, std::vector<SalvagedEntry>& entries) const {
         const auto indexed = m_indexed.find(ids.first);
         SalvagedEntry entry;

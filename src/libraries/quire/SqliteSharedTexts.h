@@ -14,7 +14,7 @@ namespace orvo {
 struct SqliteStatements;
 
 // Knows the texts that it has read or written as long as somebody holds them, so that thousands of
-// rows have one copy of a text in memory and don't look for it by its bytes. Each operation gives
+// rows have one copy of a text in memory and don't look for it by its bytes. Each operation returns
 // SQLite's result.
 class SqliteSharedTexts {
 public:
@@ -24,7 +24,8 @@ public:
     // Appends the text of that number: SQLITE_ROW; SQLITE_DONE where there is none.
     int Read(std::int64_t number, std::vector<SharedText>& texts);
     // The number of the text, which gets into the store where it isn't there: SQLITE_ROW or
-    // SQLITE_DONE. Requires: a transaction in which a row is told to have it.
+    // SQLITE_DONE.
+    // Requires: a transaction in which the text is entered for a row.
     int Keep(const SharedText& text, std::int64_t& number);
     // After changes were dropped: their numbers are given again.
     void Forget();

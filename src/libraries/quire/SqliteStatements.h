@@ -53,7 +53,7 @@ struct SqliteStatements {
     SqliteStatement dropPart;
     SqliteStatement foreignVersion;
 
-    // Gives SQLite's result.
+    // Returns SQLite's result.
     int Prepare(SqliteFile& file);
 
     SqliteTableStatements& Of(TableKind kind) { return tables[static_cast<std::size_t>(kind)]; }

@@ -46,7 +46,7 @@ private:
 };
 
 // Fills the new store at `fresh` from the file.
-// Gives:  false, with `error`, where it can't be written; `isEmpty` where nothing was found.
+// Returns:  false, with `error`, where it can't be written; `isEmpty` where nothing was found.
 bool Fill(SqliteFile& file, const std::string& damaged, const std::string& fresh,
           RescueReport& report, bool& isEmpty, std::string& error) {
     std::unique_ptr<SqliteEngine> engine = SqliteEngine::Open(fresh, error);
@@ -68,7 +68,7 @@ bool Fill(SqliteFile& file, const std::string& damaged, const std::string& fresh
     return false;
 }
 
-// Gives:  false, with `error`, where nothing was found or the new store can't be written.
+// Returns:  false, with `error`, where nothing was found or the new store can't be written.
 bool RescueInto(const ScratchFolder& scratch, const std::string& damaged, const std::string& fresh,
                 RescueReport& report, std::string& error) {
     bool isEmpty = true;

@@ -12,8 +12,8 @@ namespace orvo {
 // Copies all records with their notes and sources, the categories and the labels that SQLite still
 // gives of the store `damaged` into the new store `fresh`, under the ids that they had. `damaged`
 // is only read, and needs no header and no tables of contents that can be read.
-// Gives:  false, with one line in `error`, where there is a `fresh` already, where it can't be
-//         written, and where nothing of a store is found. It is then not made.
+// Returns:  false, with one line in `error`, where there is a `fresh` already, where it can't be
+//           written, and where nothing of a store is found. It is then not made.
 ORVO_API bool RescueStore(const std::string& damaged, const std::string& fresh,
                           RescueReport& report, std::string& error);
 

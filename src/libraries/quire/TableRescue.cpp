@@ -81,7 +81,7 @@ public:
     Rescue(SqliteFile& file, const std::string& path, StoreEngine& fresh, RescueReport& report)
         : m_file(file), m_path(path), m_fresh(fresh), m_report(report) {}
 
-    // False where the new store can't take it; its LastError tells why.
+    // False where the new store can't take it; its LastError says why.
     bool Run() {
         return CopyTexts() && CopyTable(TableKind::Address, m_report.addresses) &&
                CopyTable(TableKind::ToDo, m_report.toDos);

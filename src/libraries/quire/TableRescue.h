@@ -12,8 +12,8 @@
 namespace orvo {
 
 // Copies all records and names that `file`, which lies at `path`, still gives into a new store, and
-// tells in `report` what was copied and what is lost. `foundNothing` is set where that is nothing.
-// Gives:  false where the new store can't take it; its LastError tells why.
+// notes in `report` what was copied and what is lost. `foundNothing` is set where that is nothing.
+// Returns:  false where the new store can't take it; its LastError says why.
 bool RescueTables(SqliteFile& file, const std::string& path, StoreEngine& fresh,
                   RescueReport& report, bool& foundNothing);
 

@@ -16,8 +16,8 @@ ORVO_API std::string UserStorePath();
 
 // Opens or creates the store file at `path`; an empty path stands for UserStorePath(), whose folder
 // is then made, for the user alone.
-// Gives:  the engine; null on failure, with the reason in one line in `error` and, where
-//         it is asked for, in `fault`.
+// Returns:  the engine; null on failure, with the reason in one line in `error` and, where it is
+//           asked for, in `fault`.
 ORVO_API std::unique_ptr<SqliteEngine> OpenUserStore(const std::string& path, std::string& error,
                                                      StoreFault* fault = nullptr);
 

@@ -52,21 +52,22 @@ public:
 
     // Prepares columns and pictures, after the window has been made. Table and box of categories
     // stay the host's; the box may be null.
-    // Gives:  1.
+    // Returns:  1.
     int Initialize(CAddressTable* table, CCategoryCombo* combo);
 
-    // Gives the columns of the table to the widget. Gives: 1.
+    // Hands the columns of the table to the widget.
+    // Returns:  1.
     int InitializeColumns();
 
     // Shows the columns that were saved under the section, or by default; `bCompanyLast` chooses
     // between the two default headings.
-    // Gives:  1 where a heading was set up; 0 for a null section, or for a saved text that begins
-    //         with no number above 0.
+    // Returns:  1 where a heading was set up; 0 for a null section, or for a saved text that begins
+    //           with no number above 0.
     int ReadHeaderColumnInfo(const char* section, int bCompanyLast);
 
     // Saves columns, order and widths under the section.
-    // Gives:  non-zero on success; 0, and what was saved stays, for a null section or a heading
-    //         without columns.
+    // Returns:  non-zero on success; 0, and what was saved stays, for a null section or a heading
+    //           without columns.
     int WriteHeaderColumnInfo(const char* section);
 
     // Shows the columns of the default heading, at their own widths.
@@ -78,7 +79,8 @@ public:
     int SetViewMode(int mode) override;
 
     // Pictures of the size from bitmaps of this module, their blue in the widget's icon colour.
-    // Owner:  the caller. Null where the list can't be made.
+    // Owner:    the caller.
+    // Fails:    with null where the list can't be made.
     CImageList* CreateListViewIconImageList(CDC* dc, const int* ids, int count, int size);
 
     int IsRecordPrivate(DWORD data) override;
@@ -131,11 +133,11 @@ protected:
     void DeleteItemData();
 
     // The number in a slot, with the first letter of the label behind it: "555-1234 (W)".
-    // Gives:  1 where the text isn't empty, else 0.
+    // Returns:  1 where the text isn't empty, else 0.
     int FormatPhone(CAddressRecord* record, long slot, long label, CString& text);
 
     // The address in one line.
-    // Gives:  1 where the text isn't empty, else 0.
+    // Returns:  1 where the text isn't empty, else 0.
     int FormatAddress(CAddressRecord* record, CString& text);
 
     // Keeps the first line only.

@@ -18,10 +18,11 @@ constexpr long kListByName = 1;
 
 // Compare two records, given by their addresses, in the order that `listBy` names: 0 by company,
 // any other by name. The texts that aren't empty are compared one by one; where all are equal, the
-// record with fewer of them goes first.
-// Gives: negative: the first record goes first; 0: no difference; positive: the second goes first.
-//        AddrCompareFunc asks for the system's code page each time: the Japanese form, in which a
-//        reading stands before the text that it reads, for 932, the English form for any other.
+// record with fewer of them goes first. AddrCompareFunc asks for the system's code page each time:
+// the Japanese form, in which a reading stands before the text that it reads, for 932, the English
+// form for any other.
+// Returns:  negative: the first record goes first; 0: no difference; positive: the second goes
+//           first.
 ORVO_API int AddrCompareFunc(long record1, long record2, long listBy);
 ORVO_API int AddrCompareFuncEnglish(long record1, long record2, long listBy);
 ORVO_API int AddrCompareFuncJapanese(long record1, long record2, long listBy);

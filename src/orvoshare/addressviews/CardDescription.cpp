@@ -47,7 +47,7 @@ void AddHead(const CAddressRecord& record, CCardDesc& description) {
     if (!body.IsEmpty()) body += CString(kCardRule) + "\n";
 }
 
-// Gives: true where lines stand above now that want an empty line before the next block.
+// Returns:  true where lines stand above now that want an empty line before the next block.
 bool AddAddress(const CAddressRecord& record, bool isSetOff, CString& body) {
     const CString address = Read(record, AddressField::Address);
     const CString city = Read(record, AddressField::City);

@@ -22,11 +22,11 @@ public:
     ~CDetailViewAddrCard() override;
 
     // Takes the table, which stays the host's, and makes room for its labels.
-    // Gives:  1.
+    // Returns:  1.
     int Initialize(CAddressTable* pTable);
 
     // Restores, and saves, the size of the cards under the section of the user's profile.
-    // Gives:  1 on success; 0 for a null section, or where no size is saved.
+    // Returns:  1 on success; 0 for a null section, or where no size is saved.
     int ReadCardSize(const char* pszSection);
     int WriteCardSize(const char* pszSection);
 

@@ -37,8 +37,8 @@ public:
     virtual void DV_SetCategory(int nCategory) = 0;
 
     // Puts a new item at `nIndex`, or with `bSorted` where the order wants it.
-    // Gives:  the new item's index; -1 for null, or where the item can't be put there.
-    // Owner:  the view, from the call on; with -1 the record is gone.
+    // Returns:  the new item's index; -1 for null, or where the item can't be put there.
+    // Owner:    the view, from the call on; with -1 the record is gone.
     virtual int DV_InsertRecord(int nIndex, CAddressRecord* pRecord, int bSorted) = 0;
 
     // Empties the view and fills it with the table's records of the category (16: of all) that
@@ -81,7 +81,7 @@ public:
 
     // Re-checks an item whose record has changed. One that no longer belongs in the view goes, and
     // its record is freed; one that sorts elsewhere now is put there and selected.
-    // Gives:  the item's index now; -1 where it went or there was none.
+    // Returns:  the item's index now; -1 where it went or there was none.
     virtual int DV_ReSort(int nIndex, int nCategory, int bHidePrivate) = 0;
 
     virtual void DV_SetMaskPrivate(int bMask) = 0;

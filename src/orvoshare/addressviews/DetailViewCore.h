@@ -23,7 +23,7 @@ namespace orvo {
 template <class View>
 class CDetailViewCore {
 public:
-    // Damaged records are stepped over; the table's LastError tells of them.
+    // Damaged records are skipped; the table's LastError names the last one.
     void DVC_FillFromTable(CAddressTable* pTable, int nCategory, int bHidePrivate, int nListBy);
     int DVC_ReSort(int nIndex, int nCategory, int bHidePrivate);
     int DVC_Lookup(CString strKey);

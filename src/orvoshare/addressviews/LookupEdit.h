@@ -21,8 +21,8 @@ public:
     // The view isn't owned and outlives the box's last message.
     void SetListBox(CDetailViewAddrInf* pView) { m_pListBox = pView; }
 
-    // Told all that was typed where no record starts with it, what was refused before too, and an
-    // empty text once that is over.
+    // Called with all that was typed where no record starts with it, what was refused before
+    // included, and with an empty text once that is over.
     void SetRefusalListener(std::function<void(const CString& typed)> listener) {
         m_refusalListener = std::move(listener);
     }
@@ -43,7 +43,7 @@ public:
     void Clear();
 
     // Removes the selection, or without one the character after the caret, and searches again.
-    // Gives:  0 where there was nothing to remove, else 1.
+    // Returns:  0 where there was nothing to remove, else 1.
     int Delete();
 
     // Makes one item of the view the only selected one and brings it into view.

@@ -29,7 +29,7 @@ enum class KeyMatch : unsigned {
 ORVO_API KeyFields SystemKeyFields();
 
 // Sets `key` to the name of the record as the listing order has it, in list form.
-// Gives:  an empty key for a record with no name and no company, and for null.
+// Returns:  an empty key for a record with no name and no company, and for null.
 ORVO_API void MakeRecordKey(const CAddressRecord* record, KeyFields fields, long listBy,
                             CString& key);
 
@@ -52,7 +52,7 @@ public:
     // Compares the typed text with the record's key, both folded by ToFullwidthAndHira, the key
     // then cut to the length of the typed text: to its bytes, or under UTF-8, where letters that
     // match may differ in bytes, to its characters. No more of the key is made than that takes.
-    // Gives:  as CompareStringA, less CSTR_EQUAL, with the typed text first.
+    // Returns:  as CompareStringA, less CSTR_EQUAL, with the typed text first.
     int Compare(const CAddressRecord* record, KeyFields fields, KeyCut cut);
 
 private:

@@ -15,7 +15,7 @@ enum class Labels { Whole, InOneLine };
 
 // Adds a line for each phone that has number and label: the label, a tab, the number. Further lines
 // of a number begin with the tab.
-// Gives:  false where there is none.
+// Returns:  false where there is none.
 bool AddPhoneLines(const CAddressRecord& record, const CAddressTable& table, Labels labels,
                    CString& text);
 

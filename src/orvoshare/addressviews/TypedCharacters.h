@@ -7,8 +7,8 @@
 
 namespace orvo {
 
-// Follows the characters of WM_CHAR one by one: on a page of double bytes a trail byte is told by
-// the lead byte before it, and may look like anything by itself.
+// Follows the characters of WM_CHAR one by one: on a page of double bytes a trail byte is
+// recognised by the lead byte before it, and may look like anything by itself.
 class ORVO_API TypedCharacters {
 public:
     // True for a printable character, one of the two bytes of one, and backspace.

@@ -15,15 +15,15 @@ namespace orvo {
 
 constexpr const char* kMailLibrary = "MAPI32.DLL";
 
-// Each send comes back when the compose window is closed, as far as the mail program tells. It
-// gives 0 when the message was sent or the user cancelled, else the code of the mail library, or
-// MAPI_E_FAILURE before Initialize has succeeded. Recipients are an array of `count`. Texts may be
-// null for none. Nothing is shown but the mail program's own windows. The object belongs to the
-// thread that uses it.
+// Each send comes back when the compose window is closed, as far as the mail program reports that.
+// It returns 0 when the message was sent or the user cancelled, else the code of the mail library,
+// or MAPI_E_FAILURE before Initialize has succeeded. Recipients are an array of `count`. Texts may
+// be null for none. Nothing is shown but the mail program's own windows. Not to be used from
+// several threads at once.
 class ORVO_API CMapiMailer {
 public:
     // Loads the mail library.
-    // Gives:  1 when mail can be sent; else 0, and the object is as it was.
+    // Returns:  1 when mail can be sent; else 0, and the object is as it was.
     int Initialize();
 
     unsigned long SendMailWithUI(HWND parent, const char* subject, unsigned long count,
@@ -41,7 +41,8 @@ public:
                                                     CPtrArray* names);
 
 protected:
-    // Fills `count` records of `target`, whose texts then are those of `recipients`. Gives 1.
+    // Fills `count` records of `target`, whose texts then are those of `recipients`.
+    // Returns:  1.
     int BuildMapiDescriptors(MapiRecipDesc* target, unsigned long count, CEmailAddress* recipients);
 
 private:

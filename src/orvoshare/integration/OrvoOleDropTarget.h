@@ -16,14 +16,15 @@ constexpr UINT kFilesDropped = 48845;
 // dropped. Paths are in the system's code page.
 class ORVO_API COrvoOleDropTarget : public COleDropTarget {
 public:
-    // Looks once at what is dragged; OnDragOver gives the same for all of the drag.
+    // Looks once at what is dragged; OnDragOver returns the same for all of the drag.
     DROPEFFECT OnDragEnter(CWnd* window, COleDataObject* data, DWORD keyState,
                            CPoint point) override;
     DROPEFFECT OnDragOver(CWnd* window, COleDataObject* data, DWORD keyState,
                           CPoint point) override;
 
     // Sends kFilesDropped with the files that are taken, where there are any and `effect` is
-    // DROPEFFECT_COPY. Gives 0 in any case.
+    // DROPEFFECT_COPY.
+    // Returns:  0 in any case.
     BOOL OnDrop(CWnd* window, COleDataObject* data, DROPEFFECT effect, CPoint point) override;
 
 protected:
@@ -35,7 +36,8 @@ protected:
     void ResolveFilename(HWND window, CString& path);
 
     // Writes the path of the shortcut's target, at most MAX_PATH bytes with the ending zero byte;
-    // an empty one on failure. Gives: S_OK, or a number below 0.
+    // an empty one on failure.
+    // Returns:  S_OK, or a number below 0.
     HRESULT ResolveIt(HWND window, const char* shortcut, char* result);
 
 private:

@@ -13,8 +13,8 @@ namespace orvo {
 // module of the system's locale; the detach of the last attach that is in force frees it. A host
 // attaches after it has set the locale. To take on another locale it detaches and attaches again.
 // That, as any first attach and last detach, happens while no other thread uses the module's texts.
-// Gives:  non-zero; a detach without an attach changes nothing.
-// Fails:  with 0 where the framework refuses the module; the attach isn't in force then.
+// Returns:  non-zero; a detach without an attach changes nothing.
+// Fails:    with 0 where the framework refuses the module; the attach isn't in force then.
 ORVO_API int OrvoShareMain(HINSTANCE instance, unsigned reason);
 
 // A copy of the extension module record, for a CDllResourceHandler. Where no attach is in force it

@@ -18,23 +18,24 @@ public:
     const CRuntimeClass* GetRuntimeClass() const override;
 
     // The number of bits and the number of bytes, 4 bytes each, then the bytes.
-    // Fails:  with CArchiveException, and the array as it was, where the archive ends early or the
-    //         two numbers don't fit each other; nothing is allocated for bytes that aren't there.
+    // Fails:    with CArchiveException, and the array as it was, where the archive ends early or
+    //           the two numbers don't fit each other; nothing is allocated for bytes that aren't
+    //           there.
     void Serialize(CArchive& archive) override;
 
     // Makes the array `count` bits long, all of them 0.
-    // Gives:  1.
+    // Returns:  1.
     int Initialize(unsigned long count);
 
-    // Gives:  1; 0, with the array as it was, for an index outside the array.
+    // Returns:  1; 0, with the array as it was, for an index outside the array.
     int SetValue(unsigned long index, int value);
 
-    // Gives:  the bit; 0 for an index outside the array. `error`, which may be null, is set to 1
-    //         then, else to 0.
+    // Returns:  the bit; 0 for an index outside the array. `error`, which may be null, is set to 1
+    //           then, else to 0.
     int GetValue(unsigned long index, int* error) const;
 
     // Copies all bytes to `target`, which has room for GetArraySize bytes.
-    // Gives:  1; 0 where the array has no bytes.
+    // Returns:  1; 0 where the array has no bytes.
     int GetByteArray(unsigned char* target) const;
 
     unsigned long GetNofElements() const { return m_count; }

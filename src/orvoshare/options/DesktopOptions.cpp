@@ -34,7 +34,7 @@ CString ReadText(const char* section, const char* key, const char* defaultText) 
 // A file whose bytes go into the replacement of another one.
 class ReplacementFile : public CFile {
 public:
-    // Gives:  false where the replacement can't be begun.
+    // Returns:  false where the replacement can't be begun.
     bool Begin(const std::string& target) {
         if (target.empty()) return false;
         m_target = target;

@@ -18,8 +18,8 @@ constexpr UINT WM_GET_DESKTOP_OPTIONS = 0xBECA;
 
 // A setter changes the object only; a save keeps what the object holds. The password flag lies in a
 // file of the user, the To Do options and the verify flag nowhere, all others in the settings of
-// the application (contracts/Settings.h), whose failures aren't told. What the values mean is the
-// host's affair; flags are 0 or not 0.
+// the application (contracts/Settings.h), whose failures aren't reported. What the values mean is
+// the host's affair; flags are 0 or not 0.
 class ORVO_API COrvoDesktopOptions : public CObject {
 public:
     static const CRuntimeClass classCOrvoDesktopOptions;
@@ -40,17 +40,18 @@ public:
     void SetUser(CUser* user);
 
     // First the user's file, then the settings.
-    // Fails:  as LoadPerUserOptions and SavePerUserOptions; the settings are left alone then.
+    // Fails:    as LoadPerUserOptions and SavePerUserOptions; the settings are left alone then.
     void LoadOptions();
     void SaveOptions();
 
     // A file that can't be opened gives the defaults.
-    // Fails:  with CException where the file ends early or can't be read; the flag stays as it was.
+    // Fails:    with CException where the file ends early or can't be read; the flag stays as it
+    //           was.
     void LoadPerUserOptions();
     // Puts a new file, for its owner alone, in the place of the old one, which is whole until then.
     // Does nothing where that can't be begun: its folder must be there, and what it replaces a
     // file.
-    // Fails:  with CException where it can't be written; the old file stays.
+    // Fails:    with CException where it can't be written; the old file stays.
     void SavePerUserOptions();
     void SetDefaultUserOptions() { m_passwordRequired = 0; }
 

@@ -11,7 +11,7 @@ namespace {
 constexpr int kBufferSize = 4096;
 
 // Serializes the object by an archive over the open file, and closes both.
-// Gives:  false where that failed; the file is closed then, too.
+// Returns:  false where that failed; the file is closed then, too.
 bool SerializeAndClose(CObject& object, CFile& file, unsigned mode) {
     try {
         CArchive archive(&file, mode | CArchive::bNoFlushOnDelete, kBufferSize);

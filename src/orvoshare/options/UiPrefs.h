@@ -18,12 +18,12 @@ public:
     virtual void InitializeDefault() {}
 
     // The path is in the bytes of the file system.
-    // Gives:  1 when the file was read; 0 when the defaults were taken, because the file isn't
-    //         there, is in use, or is damaged.
+    // Returns:  1 when the file was read; 0 when the defaults were taken, because the file isn't
+    //           there, is in use, or is damaged.
     int Load(const char* path);
 
-    // Gives:  1 when the file was written.
-    // Fails:  with 0. A file that could be opened may then be empty or incomplete.
+    // Returns:  1 when the file was written.
+    // Fails:    with 0. A file that could be opened may then be empty or incomplete.
     int Save(const char* path);
 };
 

@@ -30,31 +30,34 @@ constexpr std::size_t kMostAccessors = 629;
 // Each operation has the table to itself, so that several processes may add and remove at once. One
 // that is killed within an operation leaves nothing half done: the next operation finishes it. A
 // user is compared without regard to case, by the bytes that a row holds: the first 20, less those
-// of a character that doesn't fit. Before Initialize or Attach has given 1, and where a block that
-// somebody else has made is too small, the table is empty and takes no row.
+// of a character that doesn't fit. Before Initialize or Attach has returned 1, and where a block
+// that somebody else has made is too small, the table is empty and takes no row.
 class ORVO_API CDalAccessController : public CMapFileHelper {
 public:
-    // Makes or opens the block. Gives 1 when it is there.
+    // Makes or opens the block.
+    // Returns:  1 when it is there.
     int Initialize();
 
-    // The same, but 0 where nobody has the block open, which is then not made.
+    // The same, but returns 0 where nobody has the block open, which is then not made.
     int Attach();
 
-    // Gives:  1 when there is such a row, with its owner in `owner`; else 0 with `owner` untouched.
+    // Returns:  1 when there is such a row, with its owner in `owner`; else 0 with `owner`
+    //           untouched.
     int GetOwner(const char* user, unsigned long creator, CString& owner);
 
-    // Gives:  1 when added; 0 where the key stands in the table, whoever owns it, or the table is
-    //         full.
+    // Returns:  1 when added; 0 where the key stands in the table, whoever owns it, or the table is
+    //           full.
     int AddAccessorInfo(const char* user, unsigned long creator, const char* owner);
 
-    // Gives:  1 when removed; 0 where there is no such row. The rows behind it keep their order.
+    // Returns:  1 when removed; 0 where there is no such row. The rows behind it keep their order.
     int RemoveAccessorInfo(const char* user, unsigned long creator);
 
-    // Gives:  1 where nobody holds the data set, or the desktop application does, which sets
-    //         `heldByDesktop` to 1 in place of 0; whoever asks. Else 0.
+    // Returns:  1 where nobody holds the data set, or the desktop application does, which sets
+    //           `heldByDesktop` to 1 in place of 0; whoever asks. Else 0.
     int AllowDataAccess(const char* user, unsigned long creator, int* heldByDesktop);
 
-    // Sets `rows` to the first row in the block, which others may change at any time. Gives 1.
+    // Sets `rows` to the first row in the block, which others may change at any time.
+    // Returns:  1.
     int GetAccessInfoArray(unsigned long* count, CAccessInfo** rows);
 
     // `count` is at most kMostAccessors.

@@ -21,7 +21,7 @@ constexpr const char* kTerminalOwner = "orvo";
 ORVO_API std::string DataSetUser(const std::string& storePath);
 constexpr unsigned long kStoreCreator = 1;
 
-// Gives:  the path of the store that somebody claims under that key; empty where nobody does.
+// Returns:  the path of the store that somebody claims under that key; empty where nobody does.
 ORVO_API std::string ClaimedStore(const std::string& user);
 
 // How a host may go on.
@@ -33,7 +33,7 @@ enum class DataSetAccess {
 };
 
 // Claims a data set from the construction to the end, where the row goes. The row of a claim whose
-// process was killed is removed by the next claim. Not for sharing between threads.
+// process was killed is removed by the next claim. Not to be used from several threads at once.
 class ORVO_API DataSetClaim {
 public:
     // Waits up to `patience` for another application that has the data set. `owner` has at most 23
@@ -58,7 +58,7 @@ private:
     std::string m_storePath;
     std::string m_user;
     CDalAccessController m_table;
-    // Held while the claim lives; tells the owner, so that the row of a dead one can be known, and
+    // Held while the claim lives; names the owner, so that the row of a dead one can be known, and
     // the path, which no key gives back.
     LockFile m_life;
     std::string m_lifePath;

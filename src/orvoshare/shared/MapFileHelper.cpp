@@ -9,7 +9,7 @@ namespace {
 
 constexpr int kInherit = 1;
 
-// Gives null for a block that is there already.
+// Returns null for a block that is there already.
 HANDLE CreateNew(const char* name, unsigned long size) {
     const HANDLE mapping = CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0,
                                               static_cast<std::uint32_t>(size), name);

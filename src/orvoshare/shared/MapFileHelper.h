@@ -22,8 +22,8 @@ static_assert(sizeof(CMapFileHeader) == 24);
 
 // The order of calls is CreateOrOpenMap, MapView, then the data, and UnmapView and CloseMap or the
 // destructor. Copies share handle and view, so that only one of them may keep its auto close on.
-// Nothing here orders what several threads or processes write. GetLastError tells why the platform
-// refused.
+// Not to be used from several threads at once. Nothing here orders what several processes write.
+// GetLastError says why the platform refused.
 class ORVO_API CMapFileHelper {
 public:
     CMapFileHelper() = default;
@@ -32,24 +32,27 @@ public:
     // With auto close, closes view and handle; without, both stay open for the life of the process.
     virtual ~CMapFileHelper();
 
-    // Gives:  1 when a block of that name is there.
+    // Returns:  1 when a block of that name is there.
     int DoesMapExist(const char* name);
 
     // Makes the block, which must not be there yet, or with `create` 0 opens the one that is there.
     // `size` is that of the block in bytes, the header included, and the same for all who open it.
     // The two values go into the header of a new block.
-    // Gives:  1 when the object holds a block afterwards: a failed call leaves an older one alone.
+    // Returns:  1 when the object holds a block afterwards: a failed call leaves an older one
+    //           alone.
     int CreateOrOpenMap(int create, const char* name, unsigned long size, unsigned long firstValue,
                         unsigned long secondValue);
 
-    // Maps the block; who has made it writes its header, too. Gives 1 on success.
+    // Maps the block; who has made it writes its header, too.
+    // Returns:  1 on success.
     int MapView();
 
-    // Each gives 1 when there is none any more.
+    // Each returns 1 when there is none any more.
     int UnmapView();
     int CloseMap();
 
-    // Copies `length` bytes to the data area and keeps the length in the header. Gives 1.
+    // Copies `length` bytes to the data area and keeps the length in the header.
+    // Returns:  1.
     // Requires: a view, and a length of at most the size of the block less the header.
     // Fails:    with 0, and nothing written, where this isn't so.
     int SetData(void* data, unsigned long length);

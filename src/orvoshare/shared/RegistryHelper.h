@@ -8,7 +8,8 @@
 
 namespace orvo {
 
-// The caller opens and closes the key. All give 1 on success, and 0 where it failed for any reason.
+// The caller opens and closes the key. All return 1 on success, and 0 where it failed for any
+// reason.
 class ORVO_API CRegistryHelper {
 public:
     CRegistryHelper() = default;
@@ -17,11 +18,11 @@ public:
     virtual ~CRegistryHelper() = default;
 
     // Reads a value of the type REG_SZ of at most 1024 bytes, the ending zero counted in.
-    // Fails:  with an empty `value`.
+    // Fails:    with an empty `value`.
     int GetStringValue(HKEY key, const char* name, CString& value);
 
     // Reads a value of the type REG_DWORD.
-    // Fails:  with 0 in `value`.
+    // Fails:    with 0 in `value`.
     int GetDwordValue(HKEY key, const char* name, unsigned long* value);
 
     int WriteStringValue(HKEY key, const char* name, const char* value);

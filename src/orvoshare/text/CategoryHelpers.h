@@ -8,7 +8,7 @@
 
 namespace orvo {
 
-// What CreateCategoryHelper gives, as numbers of 32 bits without a sign.
+// What CreateCategoryHelper returns, as numbers of 32 bits without a sign.
 enum CategoryResult : long {
     kCategoryMade = 0,
     kTooManyCategories = 0x8000600F,
@@ -17,12 +17,14 @@ enum CategoryResult : long {
     kCategoryRefused = 0x8000FFFF  // the manager didn't add it
 };
 
-// Adds a category, which the manager then owns, by the start of the name that CutCategoryName
-// gives. A null name counts as empty.
-// Gives:  a CategoryResult; a manager that holds 16 categories is told before the faults of a name.
+// Adds a category by the start of the name that CutCategoryName returns. A null name counts as
+// empty.
+// Returns:  a CategoryResult; a manager that holds 16 categories is reported before the faults of a
+//           name.
+// Owner:    the manager has the new category.
 ORVO_API long CreateCategoryHelper(CCategoryMgr* manager, const char* name);
 
-// Gives:    the index of the category of that name, 16 for "All" in any case, even where a category
+// Returns:  the index of the category of that name, 16 for "All" in any case, even where a category
 //           has that name, or -1.
 // Requires: `name` is UTF-16, ended by a zero.
 ORVO_API int GetCategoryIndexHelper(CCategoryMgr* manager, const unsigned short* name);
@@ -30,7 +32,7 @@ ORVO_API int GetCategoryIndexHelper(CCategoryMgr* manager, const unsigned short*
 // Fills `map`, which has 16 entries, with the index in `target` for each category index of
 // `source`. A `category` other than 16 is the answer for all of them, and the tables aren't looked
 // at. For 16, categories match by name; one that `target` lacks gives 0.
-// Gives:  1.
+// Returns:  1.
 ORVO_API int AdjustCategoryIndices(int category, CBaseTable* target, CBaseTable* source, int* map);
 
 // 1 for a record that is neither archived nor deleted; 0 for any other, and for null.

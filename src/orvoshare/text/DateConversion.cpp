@@ -64,7 +64,7 @@ bool NamesAnEra(const CString& field) {
 }
 
 // Drops the fields before the year's from both; `text` then begins with the year.
-// Gives:  the field of the picture with the year; empty where it has none.
+// Returns:  the field of the picture with the year; empty where it has none.
 CString FindYear(CString picture, CString& text, const CString& separator) {
     while (!picture.IsEmpty()) {
         CString field = picture.SpanExcluding(separator);

@@ -26,16 +26,15 @@ ORVO_API int IsDateWithOrvoRange(long date);
 // As Vb2CDateHelper, with all bits set for a date outside the range, too.
 ORVO_API unsigned long OrvoVb2CDate(double date);
 
-// Reads the year out of a date text in the short format of the user's locale, and tells whether it
+// Reads the year out of a date text in the short format of the user's locale, and checks whether it
 // lies in the range. A field without a number leaves `year` as it was, and that year is judged.
 // With the Japanese calendar the year is one of an era, and stays so: 1 to 43 Heisei, or 45 to 63
 // Showa. Which of the two counts is kept from call to call, whatever era the text names: at first
 // Heisei; year 63 changes over to Showa, and year 1 back. With any other calendar only a year field
-// of four bytes is checked.
-// Gives:  1 when the year is accepted.
-// Fails:  with 0 and `year` 0; but 1752 gives 1970, and 9999 gives 2031. Also where the format has
-//         an era and the text names neither of the two by its first character.
-// Not for use from several threads.
+// of four bytes is checked. Not to be used from several threads at once.
+// Returns:  1 when the year is accepted.
+// Fails:    with 0 and `year` 0; but 1752 gives 1970, and 9999 gives 2031. Also where the format
+//           has an era and the text names neither of the two by its first character.
 ORVO_API int GetYearFromDateString(CString text, int& year);
 
 }  // namespace orvo

@@ -31,7 +31,7 @@ ORVO_API CString FormatHeading(const Heading& heading);
 // one byte before each number and one more before the second count, and never compared. What is no
 // number reads as 0, and one that no int holds as the nearest int. A text that ends early gives the
 // pairs that it holds whole.
-// Gives:  the heading; an empty one where the text begins with no number above 0.
+// Returns:  the heading; an empty one where the text begins with no number above 0.
 ORVO_API Heading ParseHeading(const CString& text);
 
 }  // namespace orvo

@@ -12,10 +12,10 @@ namespace orvo {
 using TokenCallback = int (*)(const char* token, CString& replacement, long data);
 
 // Writes `source` to `output` with each token, from an `open` byte to the next `close` byte,
-// replaced by what the callback gives. Bytes are compared singly: a trail byte equal to `open`
+// replaced by what the callback returns. Bytes are compared singly: a trail byte equal to `open`
 // opens a token. Tokens don't nest.
-// Gives: 1 when the whole text was processed; 0 when it ended inside a token, and `output` then
-//        holds what stood before it.
+// Returns:  1 when the whole text was processed; 0 when it ended inside a token, and `output` then
+//           holds what stood before it.
 ORVO_API int TransformTokens(const char* source, char open, char close, CString& output,
                              TokenCallback callback, long data);
 

@@ -66,7 +66,8 @@ public:
     CTodoListbox();
     ~CTodoListbox() override;
 
-    // Prepares heading pictures, columns and colours, after the window has been made. Gives: 1.
+    // Prepares heading pictures, columns and colours, after the window has been made.
+    // Returns:  1.
     int Initialize();
 
     // The heading, as of ReadHeading and WriteHeading, under the key "ToDoHeading".
@@ -109,12 +110,13 @@ public:
     void SetSortOrder(eSortOrder order);
     eSortOrder GetSortOrder() const { return m_eSortOrder; }
 
-    // Sorts all rows. Gives: non-zero on success.
+    // Sorts all rows.
+    // Returns:  non-zero on success.
     int Resort();
 
     // Checks a row whose record the host has changed: one that no longer passes the filter goes,
     // and its record with it; where it is out of place, all rows are sorted and it is selected.
-    // Gives:  the row now, or of a removed one the row at its place; -1 for none.
+    // Returns:  the row now, or of a removed one the row at its place; -1 for none.
     int ReSort(int row);
 
     // The same, but takes the row out and puts it in again at its place.
@@ -125,8 +127,8 @@ public:
     unsigned long GetIndexToInsert(CToDoRecord* record);
 
     // Adds a row, with `sorted` at its place.
-    // Gives:  the row; -1 for null or on failure.
-    // Owner:  the view, from the call on, also where the row couldn't be added.
+    // Returns:  the row; -1 for null or on failure.
+    // Owner:    the view, from the call on, also where the row couldn't be added.
     int InsertRecord(int row, CToDoRecord* record, int sorted);
 
     // The category's name; empty where the table doesn't know it.

@@ -13,12 +13,12 @@ namespace orvo {
 // An object stays here while its packet can be used or somebody holds it.
 class ExportTable {
 public:
-    // Gives: the random key of a packet that can be used once, or again and again until Forget.
+    // Returns:  the random key of a packet that can be used once, or again and again until Forget.
     std::uint64_t Add(ComPointer<IUnknown> object, REFIID id, bool isTable);
 
     // Uses the packet for a process, which then holds the object once more.
-    // Fails: with CO_E_OBJNOTCONNECTED where it is used up or unknown, E_INVALIDARG where that
-    //        isn't its interface.
+    // Fails:    with CO_E_OBJNOTCONNECTED where it is used up or unknown, E_INVALIDARG where that
+    //           isn't its interface.
     HRESULT Attach(std::uint64_t key, REFIID id, const std::string& holder);
 
     // The same for this process itself, which gets the object.
@@ -35,7 +35,7 @@ public:
     // Nothing can be reached any more.
     void Clear();
 
-    // Fails: with CO_E_OBJNOTCONNECTED where the caller doesn't hold the object.
+    // Fails:    with CO_E_OBJNOTCONNECTED where the caller doesn't hold the object.
     HRESULT Call(std::uint64_t key, const std::string& caller, std::uint32_t method,
                  const CallBytes& arguments, CallBytes& results) const;
 

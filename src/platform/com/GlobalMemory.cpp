@@ -39,7 +39,7 @@ public:
         return handle;
     }
 
-    // Gives what `work` makes of the block, and `missing` where there is none.
+    // Returns what `work` makes of the block, and `missing` where there is none.
     template <class Result, class Work>
     Result With(HGLOBAL handle, Result missing, Work work) {
         const std::lock_guard lock(m_mutex);

@@ -188,7 +188,7 @@ void InterfaceBus::Answer(sdbus::MethodCall& call, RequestHandler handler) {
         reply.send();
         Flush();
     } catch (const sdbus::Error&) {
-        // The caller has gone, or its answer is too big for the bus; it is told by the bus.
+        // The caller has gone, or its answer is too big for the bus, which reports that to it.
         return;
     }
 }

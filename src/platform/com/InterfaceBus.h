@@ -16,11 +16,12 @@
 
 namespace orvo {
 
-// Belongs to one thread. What comes in is served whenever sources are served. While a call waits
-// for its answer it serves what comes in too, so that the callee can call back.
+// To be used from the thread that made it only. What comes in is served whenever sources are
+// served. While a call waits for its answer it serves what comes in too, so that the callee can
+// call back.
 class InterfaceBus : public std::enable_shared_from_this<InterfaceBus> {
 public:
-    // Gives: null where there is no session bus.
+    // Returns:  null where there is no session bus.
     static std::shared_ptr<InterfaceBus> Open();
 
     explicit InterfaceBus(std::unique_ptr<sdbus::IConnection> connection);
@@ -33,7 +34,7 @@ public:
     InterfaceReference Reference(std::uint64_t key, REFIID id) const;
     bool IsOwn(const InterfaceReference& reference) const { return reference.busName == m_name; }
 
-    // Each asks the process of the reference; how they fail is told at RemoteObject.
+    // Each asks the process of the reference; how they fail is said at RemoteObject.
     HRESULT Attach(const InterfaceReference& target);
     HRESULT Forget(const InterfaceReference& target);
     HRESULT Call(const InterfaceReference& target, std::uint32_t method, const CallBytes& arguments,

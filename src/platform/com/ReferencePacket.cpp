@@ -31,7 +31,7 @@ bool IsElementCharacter(char character) {
            (character >= '0' && character <= '9') || character == '_';
 }
 
-// Whether these are elements that the separator parts, none of them empty.
+// Whether the text is elements with the separator between them, none of them empty.
 bool IsElements(std::string_view text, char separator, std::string_view others) {
     char before = separator;
     for (const char character : text) {

@@ -21,11 +21,12 @@ struct InterfaceReference {
 // No packet is longer.
 constexpr ULONG kPacketLimit = 544;
 
-// Fails: with E_INVALIDARG where the name or the path is no such name; as the stream fails.
+// Fails:    with E_INVALIDARG where the name or the path is no such name; as the stream fails.
 ORVO_API HRESULT WritePacket(IStream& stream, const InterfaceReference& reference);
 
 // Reads no further than the packet goes.
-// Fails: with STG_E_READFAULT where the stream ends too soon, E_INVALIDARG where it is no packet.
+// Fails:    with STG_E_READFAULT where the stream ends too soon, E_INVALIDARG where it is no
+//           packet.
 ORVO_API HRESULT ReadPacket(IStream& stream, InterfaceReference& reference);
 
 }  // namespace orvo

@@ -20,10 +20,10 @@ public:
     virtual REFIID InterfaceId() const = 0;
 
     // Calls a method and waits for its end; calls and messages that come meanwhile are served.
-    // Gives:  what the stub gave, with its bytes in `results`.
-    // Fails:  with RPC_E_DISCONNECTED or RPC_E_SERVER_DIED where the other process has ended,
-    //         RPC_E_TIMEOUT where it doesn't answer in time, CO_E_OBJNOTCONNECTED where it no
-    //         longer exports the object, RPC_E_SERVERFAULT where the stub threw.
+    // Returns:  what the stub returned, with its bytes in `results`.
+    // Fails:    with RPC_E_DISCONNECTED or RPC_E_SERVER_DIED where the other process has ended,
+    //           RPC_E_TIMEOUT where it doesn't answer in time, CO_E_OBJNOTCONNECTED where it no
+    //           longer exports the object, RPC_E_SERVERFAULT where the stub threw.
     virtual HRESULT Call(std::uint32_t method, const CallBytes& arguments, CallBytes& results) = 0;
 };
 
@@ -42,7 +42,7 @@ struct RemoteInterface {
 };
 
 // From now on the interface can be passed to other processes, which register it as well. `object`
-// of the stub is what QueryInterface gives for that id, as IUnknown.
+// of the stub is what QueryInterface sets for that id, as IUnknown.
 ORVO_API void RegisterInterface(REFIID id, ProxyMaker makeProxy, Stub stub);
 
 // Null where that interface isn't registered.

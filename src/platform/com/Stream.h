@@ -16,10 +16,12 @@ constexpr ULONG STREAM_SEEK_END = 2;
 
 class IStream : public IUnknown {
 public:
-    // Gives: S_FALSE where fewer bytes are left; `done`, which may be null, tells how many came.
+    // Returns:  S_FALSE where fewer bytes are left; `done`, which may be null, is set to how many
+    //           came.
     virtual HRESULT Read(void* bytes, ULONG count, ULONG* done) = 0;
 
-    // Writes over what is there and behind its end. Fails: with STG_E_MEDIUMFULL, nothing written.
+    // Writes over what is there and behind its end.
+    // Fails:    with STG_E_MEDIUMFULL, nothing written.
     virtual HRESULT Write(const void* bytes, ULONG count, ULONG* done) = 0;
 
     // Places behind the end are allowed; those before the start fail with E_INVALIDARG. `place`,
@@ -31,7 +33,8 @@ protected:
 };
 
 // Makes a stream at the start of the block, which it frees with its last reference where
-// `deleteOnRelease` is not 0. Fails: with E_INVALIDARG where there is no such block.
+// `deleteOnRelease` is not 0.
+// Fails:    with E_INVALIDARG where there is no such block.
 ORVO_API HRESULT CreateStreamOnHGlobal(HGLOBAL block, int deleteOnRelease, IStream** stream);
 
 }  // namespace orvo

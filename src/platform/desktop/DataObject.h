@@ -33,8 +33,8 @@ constexpr UINT MAX_PATH = 260;
 constexpr UINT kCountFiles = 0xFFFFFFFF;
 
 // Copies the path of that number, from 0, cut to `size` with its ending zero byte.
-// Gives: the bytes of the path without the zero byte, those copied where `buffer` isn't null; with
-//        kCountFiles the number of files; 0 where there is no such file.
+// Returns:  the bytes of the path without the zero byte, those copied where `buffer` isn't null;
+//           with kCountFiles the number of files; 0 where there is no such file.
 ORVO_API UINT DragQueryFileA(const HDROP& drop, UINT file, char* buffer, UINT size);
 
 class ORVO_API COleDataObject {
@@ -42,12 +42,12 @@ public:
     // Adds an entry. Data that isn't a list of files comes with null.
     void Add(CLIPFORMAT format, HDROP data);
 
-    // The entries in their order; GetNextFormat gives 0 after the last one.
+    // The entries in their order; GetNextFormat returns 0 after the last one.
     void BeginEnumFormats() { m_next = 0; }
     BOOL GetNextFormat(FORMATETC* format);
 
-    // Gives: the data of the entry that `entry` names, else of the first one of that format; null
-    //        where there is none.
+    // Returns:  the data of the entry that `entry` names, else of the first one of that format;
+    //           null where there is none.
     HDROP GetGlobalData(CLIPFORMAT format, const FORMATETC* entry = nullptr) const;
 
 private:

@@ -19,7 +19,7 @@ constexpr DROPEFFECT DROPEFFECT_SCROLL = 0x80000000;
 constexpr DROPEFFECT kDropNotHandled = 0xFFFFFFFF;  // an answer of OnDropEx
 
 // Derived classes say by the On functions what they take; here nothing is taken. Points are in
-// client coordinates, key states are MK_*. All is called in the thread of the windows.
+// client coordinates, key states are MK_*. To be used from the thread of the windows only.
 class ORVO_API COleDropTarget {
 public:
     COleDropTarget() = default;
@@ -32,17 +32,19 @@ public:
     virtual DROPEFFECT OnDragOver(CWnd* window, COleDataObject* data, DWORD keyState, CPoint point);
     virtual BOOL OnDrop(CWnd* window, COleDataObject* data, DROPEFFECT effect, CPoint point);
 
-    // Asked before OnDrop. Gives: what was done, or kDropNotHandled to have OnDrop asked.
+    // Asked before OnDrop.
+    // Returns:  what was done, or kDropNotHandled to have OnDrop asked.
     virtual DROPEFFECT OnDropEx(CWnd* window, COleDataObject* data, DROPEFFECT effect,
                                 DROPEFFECT allowed, CPoint point);
     virtual void OnDragLeave(CWnd* window);
 
-    // Asked before OnDragOver. Gives: DROPEFFECT_SCROLL with others while the window scrolls.
+    // Asked before OnDragOver.
+    // Returns:  DROPEFFECT_SCROLL with others while the window scrolls.
     virtual DROPEFFECT OnDragScroll(CWnd* window, DWORD keyState, CPoint point);
 
     // From now on the window takes what is dragged over it, as the target says, on whichever window
     // system it stands.
-    // Gives: 0 where the window isn't there, or one of the two is registered already.
+    // Returns:  0 where the window isn't there, or one of the two is registered already.
     BOOL Register(CWnd* window);
     void Revoke();
 
@@ -50,8 +52,8 @@ public:
     static COleDropTarget* FromWindow(HWND window);
 
     // For window systems: what happens to data over the registered window. `allowed` is what its
-    // source lets be done with it. Each gives one of these effects, or DROPEFFECT_NONE. The target
-    // may be gone after DoDrop.
+    // source lets be done with it. Each returns one of these effects, or DROPEFFECT_NONE. The
+    // target may be gone after DoDrop.
     DROPEFFECT DoDragEnter(COleDataObject& data, DWORD keyState, DROPEFFECT allowed, CPoint point);
     DROPEFFECT DoDragOver(COleDataObject& data, DWORD keyState, DROPEFFECT allowed, CPoint point);
     DROPEFFECT DoDrop(COleDataObject& data, DWORD keyState, DROPEFFECT allowed, CPoint point);

@@ -7,8 +7,8 @@
 
 namespace orvo {
 
-// Gives: the path of the file for which the desktop entry stands; empty where it stands for none on
-//        this machine.
+// Returns:  the path of the file for which the desktop entry stands; empty where it stands for none
+//           on this machine.
 std::string PathOfLinkEntry(std::string_view entry);
 
 }  // namespace orvo

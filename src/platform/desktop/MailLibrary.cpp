@@ -14,7 +14,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Texts are taken for UTF-8 where the program that has loaded the library tells no more.
+// Texts are taken for UTF-8 where the program that has loaded the library says no more.
 std::string AsItIs(const char* text) {
     return text ? text : "";
 }

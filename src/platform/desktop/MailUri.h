@@ -17,7 +17,7 @@ struct MailDraft {
 };
 
 // The one person whom `address` names, without a leading "SMTP:" and without control characters.
-// Gives: an empty text where it names none, or may name several.
+// Returns:  an empty text where it names none, or may name several.
 std::string PlainMailAddress(std::string_view address);
 
 // The address of the message. It has ASCII letters, digits and "%/:?&=@,.-_~" only, so that no

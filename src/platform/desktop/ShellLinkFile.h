@@ -8,7 +8,7 @@
 
 namespace orvo {
 
-// In UTF-8, with the separators of the file; each empty where the file doesn't tell.
+// In UTF-8, with the separators of the file; each empty where the file doesn't say.
 struct ShellLinkFile {
     std::string relativePath;  // from the folder of the shortcut
     std::string basePath;      // whole, on the machine where the shortcut was made
@@ -20,7 +20,7 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-// Fails: with a ShellLinkError where the bytes aren't a sound shell link.
+// Fails:    with a ShellLinkError where the bytes aren't a sound shell link.
 ShellLinkFile ReadShellLink(std::string_view bytes);
 
 }  // namespace orvo

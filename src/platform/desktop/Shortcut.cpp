@@ -70,7 +70,7 @@ bool IsFile(const fs::path& file) {
     return !file.empty() && fs::is_regular_file(file, nothing);
 }
 
-// Of a path as the shell link has it: '\' parts names, and a letter may stand for a drive.
+// Of a path as the shell link has it: '\' separates names, and a letter may stand for a drive.
 fs::path LocalPath(std::string path) {
     std::replace(path.begin(), path.end(), '\\', '/');
     if (path.size() >= 2 && path[1] == ':') path.erase(0, 2);

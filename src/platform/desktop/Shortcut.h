@@ -19,9 +19,9 @@ ORVO_API bool IsShortcut(const CString& path);
 // machine where the link was made, then below the link's folder by ever shorter ends of that path.
 // Names are matched without regard to case where none is the same, the shortcut's own too. A
 // shortcut is followed once, a symbolic link to its end and then, if that is a shortcut, once more.
-// Gives:  S_OK.
-// Fails:  with `target` empty: kFileNotFound where the shortcut or the target isn't there, E_FAIL
-//         where the shortcut is damaged or isn't one.
+// Returns:  S_OK.
+// Fails:    with `target` empty: kFileNotFound where the shortcut or the target isn't there, E_FAIL
+//           where the shortcut is damaged or isn't one.
 ORVO_API HRESULT ResolveShortcut(const char* path, CString& target);
 
 }  // namespace orvo

@@ -64,7 +64,7 @@ constexpr ULONG MAPI_E_NOT_SUPPORTED = 26;
 
 // MAPISendMail of a mail library. `session` 0 stands for none, `window` is the handle of the window
 // to which the compose window is modal, `reserved` is 0.
-// Gives: SUCCESS_SUCCESS, MAPI_USER_ABORT, or why not.
+// Returns:  SUCCESS_SUCCESS, MAPI_USER_ABORT, or why not.
 using MapiSendMail = ULONG (*)(std::uintptr_t session, std::uintptr_t window, MapiMessage* message,
                                ULONG flags, ULONG reserved);
 

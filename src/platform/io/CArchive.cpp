@@ -33,7 +33,7 @@ CArchive::~CArchive() {
     try {
         Close();
     } catch (const CException&) {
-        // Nobody is left to tell; who must know calls Close.
+        // Nobody is left to hear of a failure; whoever must know calls Close.
     }
 }
 

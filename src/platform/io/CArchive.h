@@ -17,10 +17,10 @@ namespace orvo {
 // one that doesn't fit throws CArchiveException::badValue. A text is a count and its bytes: one
 // byte for fewer than 255; else FF and two bytes for fewer than 65534; else FF FF FF and four
 // bytes.
-// Fails:  with CArchiveException::endOfFile where the file ends inside a value; nothing is
-//         then allocated for what it promised. With badValue for a count that no text has, and with
-//         genericException where the archive is closed or of the other direction. A value that
-//         can't be read keeps what it held.
+// Fails:    with CArchiveException::endOfFile where the file ends inside a value; nothing is then
+//           allocated for what it promised. With badValue for a count that no text has, and with
+//           genericException where the archive is closed or of the other direction. A value that
+//           can't be read keeps what it held.
 class ORVO_API CArchive {
 public:
     enum Mode : unsigned { store = 0, load = 1, bNoFlushOnDelete = 2 };
@@ -36,7 +36,7 @@ public:
     bool IsLoading() const { return (m_mode & load) != 0; }
     bool IsStoring() const { return !IsLoading(); }
 
-    // Read gives the number of bytes read, less than `count` only at the end of the file.
+    // Read returns the number of bytes read, less than `count` only at the end of the file.
     std::size_t Read(void* buffer, std::size_t count);
     void Write(const void* buffer, std::size_t count);
 

@@ -56,13 +56,13 @@ public:
     virtual ~CFile();
 
     // Without shareExclusive it fails while a CFile with shareExclusive has the file open.
-    // Gives:  non-zero on success; else 0, with an existing file as it was, and `error`, where
-    //         given, says what, where and why in one line.
+    // Returns:  non-zero on success; else 0, with an existing file as it was, and `error`, where
+    //           given, says what, where and why in one line.
     virtual int Open(const char* path, unsigned flags, std::string* error = nullptr);
 
-    // Reads up to `count` bytes and gives their number, less than `count` only at the end of the
+    // Reads up to `count` bytes and returns their number, less than `count` only at the end of the
     // file.
-    // Fails:  with CFileException, as all that follow.
+    // Fails:    with CFileException, as all that follow.
     virtual std::size_t Read(void* buffer, std::size_t count);
     virtual void Write(const void* buffer, std::size_t count);
     virtual long Seek(long offset, SeekPosition from);

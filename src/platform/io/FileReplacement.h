@@ -13,7 +13,7 @@ namespace orvo {
 
 // For the user's eyes alone until it is in its place, and gone without a trace unless Replace
 // succeeds; at every moment, also of a crash, the old file is whole. Where an operation fails it
-// gives false, and `errno` tells why.
+// returns false, and `errno` says why.
 class ORVO_API FileReplacement {
 public:
     FileReplacement() = default;
@@ -23,7 +23,7 @@ public:
 
     // Makes the file `temporary`, which must lie in the folder of `target`. As long as it is being
     // written nobody else can lock it.
-    // Fails:  where a file of that name is there already, with EEXIST.
+    // Fails:    where a file of that name is there already, with EEXIST.
     bool Open(const std::string& target, const std::string& temporary);
 
     bool Write(std::string_view bytes);

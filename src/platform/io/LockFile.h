@@ -10,14 +10,14 @@
 namespace orvo {
 
 // Between threads it holds as between processes. It goes with its holder, also where that is
-// killed; the file stays but for Remove. Where an operation fails it gives false, and `errno` tells
-// why.
+// killed; the file stays but for Remove. Where an operation fails it returns false, and `errno`
+// says why.
 class ORVO_API LockFile {
 public:
     // Waits for its turn. The file is made where it isn't there; a symbolic link fails.
     bool Lock(const std::string& path);
 
-    // Fails:  with EWOULDBLOCK where somebody else holds the lock.
+    // Fails:    with EWOULDBLOCK where somebody else holds the lock.
     bool TryLock(const std::string& path);
 
     void Release() { m_file.Reset(); }

@@ -1,4 +1,4 @@
-// The codes by which the platform's functions tell why they failed.
+// The codes by which the platform's functions report why they failed.
 // SPDX-License-Identifier: MIT
 #pragma once
 

@@ -34,8 +34,8 @@ std::string Because(const fs::path& path, int reason) {
 
 // Goes along `path` as the system does, with a look at each folder, link and file. At the end
 // `path` is free of links.
-// Gives:  what was said against the first step that isn't in order. A step that isn't there ends
-//         the way; then `missing` is what remains, and `path` what stands before it.
+// Returns:  what was said against the first step that isn't in order. A step that isn't there ends
+//           the way; then `missing` is what remains, and `path` what stands before it.
 std::string Walk(fs::path& path, fs::path& missing, const Look& look) {
     std::error_code error;
     const fs::path whole = fs::absolute(path, error);

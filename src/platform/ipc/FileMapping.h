@@ -19,14 +19,14 @@ constexpr std::uint32_t FILE_MAP_ALL_ACCESS = 0xF001F;
 
 // A block lives as long as any process has a handle or a view of it open. A process that ends in
 // any way, killed included, has none any more; the next creator starts with zeros. A name may hold
-// any bytes, as many as it likes; its case counts. All functions may be called from several
-// threads. A forked child that doesn't start another program holds what its parent had open.
+// any bytes, as many as it likes; its case counts. May be used from several threads at once. A
+// forked child that doesn't start another program holds what its parent had open.
 
 // Makes a block of that size, or opens the one that is there, which keeps its size. `file` is
 // INVALID_HANDLE_VALUE, `security` null, `protection` PAGE_READWRITE.
-// Gives:  a handle, which the caller closes with CloseHandle. GetLastError is ERROR_SUCCESS, or
-//         ERROR_ALREADY_EXISTS where the block was there.
-// Fails:  with null, and GetLastError tells why; a size of 0 and an empty name are refused.
+// Returns:  a handle, which the caller closes with CloseHandle. GetLastError is ERROR_SUCCESS, or
+//           ERROR_ALREADY_EXISTS where the block was there.
+// Fails:    with null, and GetLastError says why; a size of 0 and an empty name are refused.
 ORVO_API HANDLE CreateFileMappingA(HANDLE file, const void* security, std::uint32_t protection,
                                    std::uint32_t sizeHigh, std::uint32_t sizeLow, const char* name);
 
@@ -36,12 +36,12 @@ ORVO_API HANDLE OpenFileMappingA(std::uint32_t access, int inherit, const char* 
 
 // Maps the first `length` bytes of the block, or all of it where `length` is 0. `access` is
 // FILE_MAP_ALL_ACCESS, the offset 0, `address` null. Each call makes a view of its own.
-// Gives:  the address; null on failure, ERROR_ACCESS_DENIED where the block is shorter.
-// Owner:  the caller, who gives it back with UnmapViewOfFile.
+// Returns:  the address; null on failure, ERROR_ACCESS_DENIED where the block is shorter.
+// Owner:    the caller, who gives it back with UnmapViewOfFile.
 ORVO_API void* MapViewOfFileEx(HANDLE mapping, std::uint32_t access, std::uint32_t offsetHigh,
                                std::uint32_t offsetLow, std::size_t length, void* address);
 
-// Each gives non-zero on success; 0 for an address or a handle that isn't open.
+// Returns:  non-zero on success; 0 for an address or a handle that isn't open.
 ORVO_API int UnmapViewOfFile(const void* address);
 ORVO_API int CloseHandle(HANDLE handle);
 

@@ -48,7 +48,7 @@ bool AddressOf(const std::string& path, sockaddr_un& address) {
     return true;
 }
 
-// Fails: with EAGAIN while too many others wait for that process.
+// Fails:    with EAGAIN while too many others wait for that process.
 bool Connect(int socket, const std::string& path) {
     sockaddr_un address{};
     return AddressOf(path, address) &&

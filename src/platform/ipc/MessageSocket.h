@@ -15,7 +15,8 @@
 
 namespace orvo {
 
-// Handles a message of another process. Gives: false where this process doesn't take it.
+// Handles a message of another process.
+// Returns:  false where this process doesn't take it.
 using ProcessMessageHandler = std::function<bool(const ProcessMessage&, std::int64_t& result)>;
 
 // Hears what other processes send to this one, whenever sources are served.
@@ -27,7 +28,7 @@ public:
     MessageListener& operator=(const MessageListener&) = delete;
 
     // Begins to listen under a random number that no other process of the user has.
-    // Fails:  with false and the reason in one line in `error`.
+    // Fails:    with false and the reason in one line in `error`.
     bool Open(std::string& error);
 
     // The number under which others reach this process, not 0; 0 before Open.

@@ -28,7 +28,7 @@ public:
     ReceivedMessage& operator=(const ReceivedMessage&) = delete;
 
     // Reads the message that waits at a socket of kind SOCK_SEQPACKET.
-    // Fails: where it is no whole message, or its block could change or shrink under the reader.
+    // Fails:    where it is no whole message, or its block could change or shrink under the reader.
     bool Receive(int socket);
 
     const ProcessMessage& Message() const { return m_message; }
@@ -43,7 +43,7 @@ private:
 
 // Writes the message to a socket of kind SOCK_SEQPACKET. A block of more than 4096 bytes goes as a
 // file in memory, which nobody can change any more.
-// Fails: with false; `errno` tells why.
+// Fails:    with false; `errno` says why.
 ORVO_API bool WriteMessage(int socket, const ProcessMessage& message);
 
 }  // namespace orvo

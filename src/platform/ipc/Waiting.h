@@ -10,10 +10,11 @@ namespace orvo {
 
 // While it lives, `serve` is called by ServeSources whenever the descriptor can be read or has been
 // hung up. `serve` must not block, copes with finding nothing, and may end this source or wait
-// itself. All of this belongs to one thread.
+// itself. To be used from the thread of the windows only, or in a program without windows from the
+// one that serves.
 class ORVO_API WaitSource {
 public:
-    // Owner: the caller keeps the descriptor, and closes it after the source has gone.
+    // Owner:    the caller keeps the descriptor, and closes it after the source has gone.
     WaitSource(int descriptor, std::function<void()> serve);
     ~WaitSource();
     WaitSource(const WaitSource&) = delete;
@@ -29,7 +30,7 @@ ORVO_API int WaitDescriptor();
 
 // Waits until a source is ready, but no longer than that many milliseconds (below 0: however long
 // that takes), and serves one source.
-// Gives: false where none was ready.
+// Returns:  false where none was ready.
 ORVO_API bool ServeSources(int milliseconds);
 
 }  // namespace orvo

@@ -20,8 +20,8 @@ struct AFX_EXTENSION_MODULE {
 };
 
 // Puts the record into use; both its handles become `module`.
-// Gives:  non-zero on success.
-// Fails:  with 0, and the record untouched, where `module` is null.
+// Returns:  non-zero on success.
+// Fails:    with 0, and the record untouched, where `module` is null.
 ORVO_API int AfxInitExtensionModule(AFX_EXTENSION_MODULE& record, HINSTANCE module);
 
 // Undoes one AfxInitExtensionModule, or all where `all` isn't 0. After the last one the framework
@@ -31,7 +31,7 @@ ORVO_API void AfxTermExtensionModule(AFX_EXTENSION_MODULE& record, int all);
 
 // A place in the chain of the modules that the framework searches, latest first; one with `system`
 // not 0 comes after all others.
-// Owner:  the framework, from the constructor on until AfxTermExtensionModule of the record.
+// Owner:    the framework, from the constructor on until AfxTermExtensionModule of the record.
 class ORVO_API CDynLinkLibrary {
 public:
     explicit CDynLinkLibrary(const AFX_EXTENSION_MODULE& record, int system = 0);

@@ -14,7 +14,7 @@ namespace orvo {
 ORVO_API HINSTANCE FindResourceModule(ResourceKind kind, unsigned number);
 
 // The resource of that module, as its file has it; empty where there is none.
-// Owner:  the module, for as long as it lives.
+// Owner:    the module, for as long as it lives.
 ORVO_API std::string_view FindResourceText(ResourceKind kind, unsigned number);
 
 }  // namespace orvo

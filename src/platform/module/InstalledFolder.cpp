@@ -29,7 +29,7 @@ fs::path ProgramFile() {
 }
 
 // The folder below the prefix under which `file` lies: "prefix/bin/file", "prefix/lib/file" or, as
-// some systems part their libraries, "prefix/lib/machine/file". Empty where there is none. What
+// some systems divide their libraries, "prefix/lib/machine/file". Empty where there is none. What
 // stands beside the prefix is no part of the program: anybody may have put it there.
 fs::path FolderBeside(const fs::path& file, const fs::path& belowPrefix) {
     std::error_code nothing;

@@ -11,14 +11,14 @@ namespace orvo {
 
 enum class ResourceKind { Bitmap, Icon, Cursor, Menu, Dialog };
 
-// A library's own resources, or the language module that stands before them. A module is read only,
-// so that several threads may ask it at once.
+// A library's own resources, or the language module that stands before them. A module is read only.
+// May be used from several threads at once.
 class ORVO_API Module {
 public:
     virtual ~Module() = default;
 
     // Sets `utf8` to the string of that number.
-    // Gives:  false, with `utf8` untouched, where the module holds none.
+    // Returns:  false, with `utf8` untouched, where the module holds none.
     virtual bool FindString(unsigned number, std::string& utf8) const = 0;
 
     // The text of the resource, as its file has it; it lives as long as the module. Empty where the

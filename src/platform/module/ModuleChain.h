@@ -13,7 +13,7 @@ namespace orvo {
 class CDynLinkLibrary;
 struct AFX_EXTENSION_MODULE;
 
-// One chain for the process; it may be used from several threads.
+// One chain for the process. May be used from several threads at once.
 class ModuleChain {
 public:
     static ModuleChain& Instance();

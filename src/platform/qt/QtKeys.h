@@ -9,7 +9,7 @@
 
 namespace orvo {
 
-// Gives: VK_* or the capital or digit, 0 for a key that messages don't name.
+// Returns:  VK_* or the capital or digit, 0 for a key that messages don't name.
 UINT VirtualKeyOf(int key);
 
 // VK_SHIFT, VK_CONTROL or VK_MENU; no modifier for any other key.

@@ -14,7 +14,7 @@
 namespace orvo {
 
 // The widget goes with its peer, but a moment later, as it may be handling an event. Where its
-// parent widget went first, nothing happens any longer and questions get zero values.
+// parent widget went first, nothing happens any longer and getters return zero values.
 class QtWidgetState {
 public:
     QtWidgetState(const QtWidgetState&) = delete;

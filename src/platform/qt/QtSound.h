@@ -18,7 +18,7 @@ public:
     QtSound& operator=(const QtSound&) = delete;
 
     // Starts to play the file, of the form WAV, in place of what is playing.
-    // Gives: false where there is no sound device.
+    // Returns:  false where there is no sound device.
     bool Play(const QString& path);
     void Stop();
 

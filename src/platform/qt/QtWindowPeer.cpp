@@ -18,7 +18,7 @@ public:
 
     QtWindowLink& Link() { return m_link; }
 
-    // WM_SIZE is for sizes that the user chooses; who sets one sends it himself.
+    // WM_SIZE is for sizes that the user chooses; whoever sets one sends the message, too.
     void SetPlace(const QRect& place) {
         m_known = place.size();
         setGeometry(place);

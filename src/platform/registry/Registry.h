@@ -10,14 +10,14 @@
 
 namespace orvo {
 
-// docs/settings.md tells how keys and values lie in the file; both roots are the user's own. Names
-// are in the system's code page and compared without regard to case. A path is parted by
-// backslashes; those at its ends don't count. What another process writes is seen by the next call.
-// All functions may be called from several threads,
-// and give ERROR_SUCCESS or one of: ERROR_FILE_NOT_FOUND where there is no such key or value,
-// ERROR_ACCESS_DENIED where the key was not opened for this or the file can't be written,
-// ERROR_INVALID_DATA where what stands in the file is no value of its type, ERROR_INVALID_HANDLE,
-// ERROR_INVALID_PARAMETER, and what is told with a function.
+// docs/settings.md says how keys and values lie in the file; both roots are the user's own. Names
+// are in the system's code page and compared without regard to case. The parts of a path are
+// separated by backslashes; those at its ends don't count. What another process writes is seen by
+// the next call. May be used from several threads at once. All functions return ERROR_SUCCESS or
+// one of: ERROR_FILE_NOT_FOUND where there is no such key or value, ERROR_ACCESS_DENIED where the
+// key was not opened for this or the file can't be written, ERROR_INVALID_DATA where what stands in
+// the file is no value of its type, ERROR_INVALID_HANDLE, ERROR_INVALID_PARAMETER, and what is said
+// with a function.
 struct RegistryKey;
 using HKEY = RegistryKey*;
 
@@ -39,8 +39,8 @@ constexpr std::uint32_t REG_OPENED_EXISTING_KEY = 2;
 
 // Opens a key below an open one, or makes it together with those above it. `reserved` and `options`
 // are 0, and `className` and `security` null; `disposition` may be null.
-// Gives:  ERROR_SUCCESS with the key in `result`, which the caller closes with RegCloseKey.
-// Fails:  with another code and a null `result`.
+// Returns:  ERROR_SUCCESS with the key in `result`, which the caller closes with RegCloseKey.
+// Fails:    with another code and a null `result`.
 ORVO_API long RegCreateKeyExA(HKEY parent, const char* path, std::uint32_t reserved,
                               const char* className, std::uint32_t options, std::uint32_t access,
                               const void* security, HKEY* result, std::uint32_t* disposition);
@@ -54,15 +54,15 @@ ORVO_API long RegCloseKey(HKEY key);
 
 // Reads a value into `data`, which has room for `size` bytes, and sets `size` to the bytes of the
 // value and `type` to its type. A null or empty name is the default value; `reserved` is null.
-// `type` may be null; with null `data`, only type and size are told. A text has its ending zero
+// `type` may be null; with null `data`, only type and size are set. A text has its ending zero
 // counted in, a list of texts both of its ending zeros.
-// Fails:  with ERROR_MORE_DATA where there is no room, with the size that it takes.
+// Fails:    with ERROR_MORE_DATA where there is no room, with the size that it takes.
 ORVO_API long RegQueryValueExA(HKEY key, const char* name, std::uint32_t* reserved,
                                std::uint32_t* type, unsigned char* data, std::uint32_t* size);
 
 // Sets a value, which is safe on disk after that. A text or a list of texts that lacks its ending
 // zero gets it.
-// Fails:  where the type is none of the above, or a REG_DWORD hasn't four bytes.
+// Fails:    where the type is none of the above, or a REG_DWORD hasn't four bytes.
 ORVO_API long RegSetValueExA(HKEY key, const char* name, std::uint32_t reserved, std::uint32_t type,
                              const unsigned char* data, std::uint32_t size);
 

@@ -16,7 +16,7 @@ struct RegistryValue {
 
 // The name of the type, a colon, and the data: a text without its ending zero, a number as a
 // decimal, bytes in hexadecimal.
-// Fails:  with nothing for an unknown type, or a number that hasn't four bytes.
+// Fails:    with nothing for an unknown type, or a number that hasn't four bytes.
 std::optional<std::string> TextOfValue(std::uint32_t type, std::string_view data);
 
 // The value of a text; nothing where it is none.

@@ -27,11 +27,11 @@ struct FileStamp {
 std::string FollowLinks(const std::string& path);
 
 // Makes the folder of a file, and those above it, for the user alone.
-// Fails:  with false; `errno` tells why.
+// Fails:    with false; `errno` says why.
 bool MakeFolderOf(const std::string& path);
 
 // A file that isn't there has no bytes and an empty stamp.
-// Fails:  with false, with the reason in `error`.
+// Fails:    with false, with the reason in `error`.
 bool ReadFile(const std::string& path, std::string& bytes, FileStamp& stamp, std::string& error);
 
 // Puts a new file with these bytes in the place of the old one and keeps its permissions; a first

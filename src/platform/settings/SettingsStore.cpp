@@ -61,7 +61,7 @@ void TellOnce(StoreState& state, const std::string& line) {
 
 using Change = std::function<void(SettingsText&)>;
 
-// Fails:  with false; what could be read counts all the same.
+// Fails:    with false; what could be read counts all the same.
 bool Refresh(StoreState& state, std::string& error) {
     const std::string path = PathOf(state);
     struct stat status {};
@@ -85,7 +85,7 @@ std::optional<CString> ReadFrom(const SettingsText& text, std::string_view secti
     return ReadSpelling(*spelling);
 }
 
-// Gives:  the answer of the text as it is now. A file that can't be read is told.
+// Returns:  the answer of the text as it is now. A file that can't be read is reported.
 template <class Question>
 auto Ask(const Question& question) {
     StoreState& state = State();

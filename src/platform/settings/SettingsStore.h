@@ -15,22 +15,23 @@ namespace orvo {
 constexpr std::string_view kApplicationGroup = "Application";
 constexpr std::string_view kProfileGroup = "Profile";
 
-// One for the process. docs/settings.md tells the format of the file, which is settings.ini in the
-// folder orvo below the user's configuration folder. Sections, keys and texts are in the system's
-// code page and may hold any byte; names are compared byte by byte. Any number of threads and
-// processes may read and write; no write undoes what another one has written.
+// One for the process. docs/settings.md describes the format of the file, which is settings.ini in
+// the folder orvo below the user's configuration folder. Sections, keys and texts are in the
+// system's code page and may hold any byte; names are compared byte by byte. May be used from
+// several threads at once. Any number of processes may read and write, too; no write undoes what
+// another one has written.
 class ORVO_API SettingsStore {
 public:
     // Names the file in place of the user's own; an empty path goes back to that one.
     // Requires: no SettingsLock is held.
     static void SetPath(std::string_view path);
 
-    // The file in force; empty where the environment tells no configuration folder. Not made before
+    // The file in force; empty where the environment names no configuration folder. Not made before
     // the first write.
     static std::string Path();
 
-    // Gives:  nothing where the key isn't there. A file that can't be read has no keys, which is
-    //         told in one line on standard error.
+    // Returns:  nothing where the key isn't there. A file that can't be read has no keys, which is
+    //           reported in one line on standard error.
     static std::optional<CString> Read(std::string_view group, std::string_view section,
                                        std::string_view key);
 
@@ -43,8 +44,8 @@ public:
 
     // Puts the text in the file, which is safe on disk after that. A key that has this text already
     // leaves the file untouched.
-    // Fails:  with false, and the file as it was, told in one line on standard error; the same line
-    //         isn't told twice in a row.
+    // Fails:    with false, and the file as it was, reported in one line on standard error; the
+    //           same line isn't reported twice in a row.
     static bool Write(std::string_view group, std::string_view section, std::string_view key,
                       std::string_view text);
     static bool WriteInt(std::string_view group, std::string_view section, std::string_view key,
@@ -72,7 +73,7 @@ public:
     SettingsLock& operator=(const SettingsLock&) = delete;
     ~SettingsLock();
 
-    // False where the lock file can't be used; writes fail then, and Error tells why.
+    // False where the lock file can't be used; writes fail then, and Error says why.
     bool IsHeld() const;
     const std::string& Error() const;
 

@@ -35,7 +35,7 @@ public:
         m_elements.erase(first, first + std::clamp(count, 0, GetSize() - position));
     }
 
-    // Gives the position of the new element.
+    // Returns the position of the new element.
     int Add(Element element) {
         m_elements.push_back(std::move(element));
         return GetUpperBound();

@@ -46,7 +46,7 @@ public:
     CString& operator+=(char character);
 
     // Compare is by unsigned bytes; CompareNoCase ignores the case of letters in the system's code
-    // page. Both give a negative number, 0 or a positive number.
+    // page. Both return a negative number, 0 or a positive number.
     int Compare(const CString& other) const;
     int CompareNoCase(const CString& other) const;
 
@@ -66,7 +66,7 @@ public:
     int ReverseFind(char character) const;
     int FindOneOf(const char* set) const;
 
-    // Each gives the number of changes (Insert and Delete: the new length).
+    // Each returns the number of changes (Insert and Delete: the new length).
     int Replace(char from, char to);
     int Replace(const char* from, const char* to);
     int Remove(char character);
@@ -87,8 +87,8 @@ public:
 
     // Sets the text to the string of that number: from the module of AfxGetResourceHandle, else
     // from the first extension module that holds one. Defined in platform/module.
-    // Gives:  non-zero when found.
-    // Fails:  with 0 and an empty text.
+    // Returns:  non-zero when found.
+    // Fails:    with 0 and an empty text.
     int LoadString(unsigned id);
 
     // Found only where one side is a CString, so that they stay out of comparisons of other texts.

@@ -15,8 +15,8 @@ ORVO_API bool IsValidUtf8(std::string_view bytes);
 
 // Decodes bytes of a character set that is named as in MIME ("SHIFT_JIS", "iso-8859-1"; case does
 // not count).
-// Gives: false, with `utf8` untouched, for an unknown name, or where the bytes are not all of that
-//        set.
+// Returns:  false, with `utf8` untouched, for an unknown name, or where the bytes are not all of
+//           that set.
 ORVO_API bool DecodeCharset(std::string_view name, std::string_view bytes, std::string& utf8);
 
 // Encodes UTF-8 text; false, with `bytes` untouched, for an unknown name, for text that is no
@@ -37,8 +37,8 @@ ORVO_API std::string_view GuessLegacyCharset(std::string_view bytes);
 ORVO_API std::string DecodeLegacy(std::string_view bytes);
 ORVO_API std::string DecodeLegacy(std::string_view charset, std::string_view bytes);
 
-// If `bytes` begins with a byte order mark, or is UTF-16 without one, gives the text as UTF-8
-// without the mark and true.
+// If `bytes` begins with a byte order mark, or is UTF-16 without one, returns true and the text as
+// UTF-8 without the mark.
 ORVO_API bool DecodeMarked(std::string_view bytes, std::string& utf8);
 
 }  // namespace orvo

@@ -15,7 +15,7 @@ constexpr unsigned kUtf8CodePage = 65001;
 constexpr unsigned kJapaneseCodePage = 932;
 
 // One code page: 65001 (UTF-8), 932 (Japanese), or a page of single bytes. Pages are made once and
-// live as long as the process; using one from several threads is safe.
+// live as long as the process. May be used from several threads at once.
 //
 // Page 932 follows the vendor's table (ICU's ibm-943_P15A-2003, with the eight single bytes that it
 // moves put right). A character that 932 lacks is given a private double-byte code (lead bytes F0
@@ -27,7 +27,7 @@ public:
     // other than 932, or as a page without ASCII.
     static const CodePage* Find(unsigned number);
 
-    // The page that GetACP tells.
+    // The page that GetACP returns.
     static const CodePage& System();
 
     virtual ~CodePage() = default;

@@ -23,11 +23,11 @@ constexpr int CSTR_GREATER_THAN = 3;
 // Compares two texts of the system's code page by the rules of the system's locale. Hyphen and
 // apostrophe are symbols with a place of their own. A length of -1 stands for text that ends in a
 // zero byte.
-// Requires: SORT_STRINGSORT, alone or with NORM_IGNORECASE, or with NORM_IGNORECASE and
-//           NORM_IGNORENONSPACE.
-// Gives:    CSTR_LESS_THAN, CSTR_EQUAL or CSTR_GREATER_THAN; 0 for another locale than
+// Returns:  CSTR_LESS_THAN, CSTR_EQUAL or CSTR_GREATER_THAN; 0 for another locale than
 //           LOCALE_SYSTEM_DEFAULT and LOCALE_USER_DEFAULT, for other flags, and for a null pointer.
 //           The collator is made once for each locale and thread.
+// Requires: SORT_STRINGSORT, alone or with NORM_IGNORECASE, or with NORM_IGNORECASE and
+//           NORM_IGNORENONSPACE.
 ORVO_API int CompareStringA(unsigned locale, unsigned flags, const char* left, int leftLength,
                             const char* right, int rightLength);
 
@@ -37,9 +37,9 @@ ORVO_API int CompareStringA(unsigned locale, unsigned flags, const char* left, i
 // it is ignored, or its place depends on its neighbours.
 using AsciiWeights = std::array<std::uint8_t, 128>;
 
-// Requires: flags of CompareStringA with NORM_IGNORECASE; for any other no character has a weight.
-// Gives:    the weights for the system's locale, which stay until it changes; made once for each
+// Returns:  the weights for the system's locale, which stay until it changes; made once for each
 //           locale and thread.
+// Requires: flags of CompareStringA with NORM_IGNORECASE; for any other no character has a weight.
 ORVO_API const AsciiWeights& AsciiWeightsFor(unsigned flags);
 
 // Appends the sort key of a UTF-8 text: compared byte by byte, keys stand in the order that

@@ -19,7 +19,7 @@ ORVO_API int _mbscmp(const unsigned char* left, const unsigned char* right);
 
 // Copies at most `count` - 1 bytes and ends them with a zero byte. On a double-byte page the cut is
 // by byte; under UTF-8 no character is split. A `count` below 1 copies nothing.
-// Gives: `target`.
+// Returns:  `target`.
 ORVO_API char* lstrcpyn(char* target, const char* source, int count);
 
 }  // namespace orvo

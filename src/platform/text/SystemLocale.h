@@ -23,8 +23,8 @@ public:
 
     // Sets language and code page; a code page of 0 stands for the language's own: 932 for
     // Japanese, else 65001.
-    // Gives: false, and changes nothing, where the tag is no well-formed BCP 47 tag or there is no
-    //        such page.
+    // Returns:  false, and changes nothing, where the tag is no well-formed BCP 47 tag or there is
+    //           no such page.
     static bool Set(std::string_view tag, unsigned codePage = 0);
 
     // Goes back to the environment.
@@ -44,11 +44,11 @@ constexpr unsigned LOCALE_SYSTEM_DEFAULT = 0x0800;
 constexpr unsigned LOCALE_ICALENDARTYPE = 0x1009;
 
 // The user's setting as text.
-// Gives: the bytes written, the ending zero included; with a `size` of 0, the bytes needed; 0 on
-//        failure.
-// Fails: for an unknown locale or kind, and for a buffer too small; the buffer is then untouched.
-//        The calendar types are 1 Gregorian, 3 Japanese era, 4 Taiwan, 5 Korea, 6 Hijri, 7 Thai, 8
-//        Hebrew, as the platform numbers them.
+// Returns:  the bytes written, the ending zero included; with a `size` of 0, the bytes needed; 0 on
+//           failure.
+// Fails:    for an unknown locale or kind, and for a buffer too small; the buffer is then
+//           untouched. The calendar types are 1 Gregorian, 3 Japanese era, 4 Taiwan, 5 Korea, 6
+//           Hijri, 7 Thai, 8 Hebrew, as the platform numbers them.
 ORVO_API int GetLocaleInfoA(unsigned locale, unsigned kind, char* buffer, int size);
 
 }  // namespace orvo

@@ -14,7 +14,7 @@ namespace orvo {
 
 class WindowSystem;
 
-// Every function is harmless while the window isn't there: what asks gives a zero value. A handler
+// Every function is harmless while the window isn't there: getters return zero values. A handler
 // may destroy its window, but not delete the object.
 class ORVO_API CWnd {
 public:
@@ -27,15 +27,15 @@ public:
     static CWnd* FromHandle(HWND window) { return WindowFromHandle(window); }
 
     // Makes the window with a peer of the system in force. WM_CREATE is sent.
-    // Gives: 0 where the window exists already, or the handler of WM_CREATE gives -1.
+    // Returns:  0 where the window exists already, or the handler of WM_CREATE returns -1.
     BOOL Create(DWORD style, const CRect& rect, CWnd* parent, UINT id);
 
     // The same on a peer that a host has made.
-    // Gives: 0, too, where the peer isn't of the window's kind.
+    // Returns:  0, too, where the peer isn't of the window's kind.
     BOOL Attach(std::unique_ptr<WindowPeer> peer, DWORD style, CWnd* parent, UINT id);
 
-    // Sends WM_DESTROY to the window, then to its children. Afterwards the handle is dead:
-    // messages to it, also those already posted, do nothing and give 0.
+    // Sends WM_DESTROY to the window, then to its children. Afterwards the handle is dead: messages
+    // to it, also those already posted, do nothing and return 0.
     BOOL DestroyWindow();
 
     HWND GetSafeHwnd() const { return m_handle; }
@@ -83,13 +83,13 @@ public:
 
     // WM_TIMER comes each time that many milliseconds, at least 1, have passed, until the timer is
     // killed or the window goes. Set again, a timer begins anew. An id isn't 0.
-    // Gives: the id; 0 where no timer runs now.
+    // Returns:  the id; 0 where no timer runs now.
     UINT_PTR SetTimer(UINT_PTR id, UINT milliseconds);
 
-    // Gives: 0 where there is no such timer.
+    // Returns:  0 where there is no such timer.
     BOOL KillTimer(UINT_PTR id);
 
-    CWnd* SetFocus();  // gives the window that had it
+    CWnd* SetFocus();  // returns the window that had it
     static CWnd* GetFocus();
     BOOL ShowWindow(BOOL show);
     BOOL IsWindowVisible() const { return m_peer && m_peer->IsShown(); }
@@ -128,7 +128,7 @@ protected:
     void OnSysColorChange() { Default(); }
 
     // A child's notification: first reflected to the child, then looked up in the map.
-    // Gives: non-zero when it was handled.
+    // Returns:  non-zero when it was handled.
     virtual BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result);
 
     // Tells the parent; without one the notification is reflected to the window at once.
@@ -153,7 +153,7 @@ private:
     bool m_isGoing = false;  // DestroyWindow is under way
 };
 
-// By handle; a dead one gives 0.
+// By handle; for a dead one they return 0.
 ORVO_API LRESULT SendMessage(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
 ORVO_API BOOL PostMessage(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
 ORVO_API BOOL IsWindow(HWND window);
@@ -161,7 +161,8 @@ ORVO_API BOOL IsWindow(HWND window);
 // The window that owns message boxes; set by a host.
 ORVO_API CWnd* AfxGetMainWnd();
 
-// Gives IDOK, IDCANCEL, IDYES or IDNO. The owner of the box is the main window.
+// The owner of the box is the main window.
+// Returns:  IDOK, IDCANCEL, IDYES or IDNO.
 ORVO_API int AfxMessageBox(const CString& text, UINT type = MB_OK, UINT helpId = 0);
 ORVO_API void AfxSetMainWnd(CWnd* window);
 

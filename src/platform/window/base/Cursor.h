@@ -24,15 +24,15 @@ constexpr int IDC_WAIT = 32514;
 constexpr int IDC_SIZEWE = 32644;
 constexpr int IDC_HAND = 32649;
 
-// Gives: the shape of that number, or null; it lives as long as the process.
+// Returns:  the shape of that number, or null; it lives as long as the process.
 ORVO_API HCURSOR LoadStandardCursor(int number);
 
 // The cursor of that number from the resources in reach; it lives as long as the process.
-// Gives: null where there is none.
+// Returns:  null where there is none.
 ORVO_API HCURSOR LoadCursor(unsigned number);
 
 // Shows the shape from now on.
-// Gives: the one shown before.
+// Returns:  the one shown before.
 ORVO_API HCURSOR SetCursor(HCURSOR cursor);
 ORVO_API HCURSOR GetCursor();
 

@@ -17,7 +17,7 @@ struct COPYDATASTRUCT {
     void* lpData = nullptr;
 };
 
-// What GetLastError tells after a message to another process that gave 0 because it failed.
+// What GetLastError returns after a message to another process that returned 0 because it failed.
 constexpr long ERROR_INVALID_WINDOW_HANDLE = 1400;
 constexpr long ERROR_TIMEOUT = 1460;
 
@@ -28,7 +28,7 @@ constexpr long ERROR_TIMEOUT = 1460;
 // and calls of interfaces. The host of the receiver watches WaitDescriptor.
 
 // The window's handle for other processes, by which this process begins to hear them.
-// Gives: null where there is no such window, or this process can't be reached.
+// Returns:  null where there is no such window, or this process can't be reached.
 ORVO_API HWND GlobalHandleOf(HWND window);
 
 // A window that other processes find by a name, for as long as this lives.
@@ -40,7 +40,7 @@ public:
     PublishedWindow(const PublishedWindow&) = delete;
     PublishedWindow& operator=(const PublishedWindow&) = delete;
 
-    // Fails: where the window has no handle for other processes or the name can't be written.
+    // Fails:    where the window has no handle for other processes or the name can't be written.
     bool IsPublished() const { return !m_path.empty(); }
 
 private:

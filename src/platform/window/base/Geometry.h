@@ -56,8 +56,8 @@ struct CRect {
     void InflateRect(int x, int y) { *this = {left - x, top - y, right + x, bottom + y}; }
     void DeflateRect(int x, int y) { InflateRect(-x, -y); }
 
-    // Each gives false, and an empty rectangle, where nothing is left. An empty rectangle adds
-    // nothing to a union.
+    // Each returns false, and makes an empty rectangle, where nothing is left. An empty rectangle
+    // adds nothing to a union.
     bool IntersectRect(const CRect& one, const CRect& other) {
         *this = {std::max(one.left, other.left), std::max(one.top, other.top),
                  std::min(one.right, other.right), std::min(one.bottom, other.bottom)};

@@ -13,7 +13,7 @@ struct Icon {
 };
 
 // Takes the icon of that number from the resources in reach.
-// Gives: false, with `icon` untouched, where there is none.
+// Returns:  false, with `icon` untouched, where there is none.
 ORVO_API bool LoadIcon(unsigned number, Icon& icon);
 
 }  // namespace orvo

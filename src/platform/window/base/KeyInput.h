@@ -15,7 +15,7 @@ struct HeldKeys {
 // A key went down: WM_KEYDOWN, or with Alt WM_SYSKEYDOWN. A key that stands for a control
 // character, as a letter does with Ctrl, is followed by its WM_CHAR, unless PreTranslateMessage
 // took it.
-// Gives: false where it was taken.
+// Returns:  false where it was taken.
 ORVO_API bool HandleKeyDown(HWND window, UINT key, HeldKeys held);
 ORVO_API void HandleKeyUp(HWND window, UINT key, HeldKeys held);
 

@@ -14,12 +14,12 @@ namespace orvo {
 
 class CWnd;
 
-// Gives the window of a handle, or null.
+// Returns the window of a handle, or null.
 ORVO_API CWnd* WindowFromHandle(HWND window);
 
 struct MessageMapEntry {
     enum class Kind { Message, Command, Control, ControlReflect, Notify, NotifyReflect };
-    // Gives false where the handler leaves the message to those that follow.
+    // Returns false where the handler leaves the message to those that follow.
     using Call = std::function<bool(CWnd&, WPARAM, LPARAM, LRESULT&)>;
 
     Kind kind;
@@ -37,7 +37,7 @@ public:
         : m_base(&base), m_entries(entries) {}
 
     // Calls the first entry that fits, those of a class before those of its base.
-    // Gives: true when one handled the message; `result` is its answer.
+    // Returns:  true when one handled the message; `result` is its answer.
     bool Dispatch(MessageMapEntry::Kind kind, UINT code, UINT id, CWnd& window, WPARAM wParam,
                   LPARAM lParam, LRESULT& result) const;
 

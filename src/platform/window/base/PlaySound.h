@@ -14,8 +14,9 @@ constexpr DWORD SND_FILENAME = 0x20000;
 // With SND_FILENAME and SND_ASYNC starts to play the file of that path, in place of what is
 // playing; the call doesn't wait. With SND_PURGE, or without a path, ends what is playing. No
 // module of the system holds sounds: `module` is null.
-// Gives:  non-zero where the system took the order, which for a file means that it can play sounds.
-// Fails:  with 0 for other flags, too, and changes nothing.
+// Returns:  non-zero where the system took the order, which for a file means that it can play
+//           sounds.
+// Fails:    with 0 for other flags, too, and changes nothing.
 ORVO_API BOOL PlaySoundA(const char* path, const void* module, DWORD flags);
 
 }  // namespace orvo

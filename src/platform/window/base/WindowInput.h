@@ -8,11 +8,11 @@
 namespace orvo {
 
 // Handles posted messages, those posted by handlers too, until none is left.
-// Gives: how many were handled.
+// Returns:  how many were handled.
 ORVO_API int PumpMessages();
 
 // Handles a message of the user's at once, after PreTranslateMessage of the window and those above.
-// Gives: false when PreTranslateMessage took it away.
+// Returns:  false when PreTranslateMessage took it away.
 ORVO_API bool HandleInput(const MSG& message);
 
 // The focus has gone to that window, or to none of ours: WM_KILLFOCUS and WM_SETFOCUS are sent.

@@ -17,7 +17,7 @@ namespace orvo {
 class CMenu;
 class CWnd;
 
-// Windows, and all calls of a window system, belong to one thread.
+// Windows and their system: to be used from the thread of the windows only.
 class ORVO_API WindowSystem {
 public:
     virtual ~WindowSystem() = default;
@@ -44,25 +44,25 @@ public:
     // passed. A timer of the window and id that runs already begins anew.
     virtual void StartTimer(HWND window, UINT_PTR id, UINT milliseconds) = 0;
 
-    // Gives: false where there is no such timer.
+    // Returns:  false where there is no such timer.
     virtual bool StopTimer(HWND window, UINT_PTR id) = 0;
 
     // Shows the menu at a point of the screen until the user has chosen.
-    // Gives: the command, 0 for none.
+    // Returns:  the command, 0 for none.
     virtual UINT TrackPopupMenu(CMenu& menu, UINT flags, CPoint point, CWnd* owner) = 0;
 
-    // Gives: IDOK, IDCANCEL, IDYES or IDNO.
+    // Returns:  IDOK, IDCANCEL, IDYES or IDNO.
     virtual int ShowMessageBox(CWnd* owner, const CString& text, UINT type) = 0;
 
     // Lets the user choose a day, beginning at the given one.
-    // Gives: false, and leaves the day alone, where the user thinks better of it.
+    // Returns:  false, and leaves the day alone, where the user thinks better of it.
     virtual bool PickDay(CWnd* owner, CTime& day) = 0;
 
     virtual void Beep(UINT type) = 0;
 
     // Starts to play the file in place of what is playing, which may outlast all windows. A file
     // that isn't a sound plays nothing.
-    // Gives: false where there is nothing to play sounds with.
+    // Returns:  false where there is nothing to play sounds with.
     virtual bool PlaySoundFile(const CString& path) = 0;
     virtual void StopSound() = 0;
 

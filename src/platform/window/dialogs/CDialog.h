@@ -13,13 +13,13 @@ public:
     const CRuntimeClass* GetRuntimeClass() const override;
 
     // Shows the dialog until the user is done with it.
-    // Gives: IDOK or IDCANCEL.
-    // Fails: with -1 where it can't be shown.
+    // Returns:  IDOK or IDCANCEL.
+    // Fails:    with -1 where it can't be shown.
     virtual int DoModal() = 0;
 
 protected:
     // Called when the controls stand and nothing is shown yet.
-    // Gives: 1 where the system may choose which control gets the focus.
+    // Returns:  1 where the system may choose which control gets the focus.
     virtual BOOL OnInitDialog() { return 1; }
 };
 

@@ -46,7 +46,7 @@ public:
                          DWORD flags = OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT,
                          const char* filter = nullptr, CWnd* parent = nullptr);
 
-    // Fails: with -1 where the template isn't in reach, or the dialog is shown already.
+    // Fails:    with -1 where the template isn't in reach, or the dialog is shown already.
     int DoModal() override;
 
     // What is chosen: now while the dialog is shown, else what IDOK was given for. The title is the
@@ -68,7 +68,7 @@ protected:
     virtual void OnInitDone() {}
     virtual void OnFileNameChange() {}
 
-    // Gives: 0 to accept the name that was chosen.
+    // Returns:  0 to accept the name that was chosen.
     virtual BOOL OnFileNameOK() { return 0; }
 
     BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) override;

@@ -28,7 +28,7 @@ public:
     BOOL CreatePopupMenu();
 
     // Makes the menu of that number from the resources in reach; its items are submenus.
-    // Gives: 0 where there is none, or where the menu exists already.
+    // Returns:  0 where there is none, or where the menu exists already.
     BOOL LoadMenu(UINT number);
     void DestroyMenu();  // the items go
 
@@ -38,30 +38,32 @@ public:
     BOOL AppendMenu(UINT flags, UINT command = 0, const CString& text = {});
     BOOL AppendMenu(std::unique_ptr<CMenu> submenu, const CString& text);
 
-    // Puts an item before the one at that position. Gives: 0 where there is no such position.
+    // Puts an item before the one at that position.
+    // Returns:  0 where there is no such position.
     BOOL InsertMenu(UINT position, UINT command, const CString& text);
 
     int GetMenuItemCount() const { return static_cast<int>(m_items.size()); }
     UINT GetMenuItemID(int position) const;  // UINT(-1) where there is none, or for a submenu
-    int GetMenuString(UINT item, CString& text, UINT flags) const;  // gives its length
+    int GetMenuString(UINT item, CString& text, UINT flags) const;  // returns its length
     UINT GetMenuState(UINT item, UINT flags) const;  // MF_*, UINT(-1) where there is none
     CMenu* GetSubMenu(int position) const;
 
     // A number that a host keeps with the item at a position, 0 at first.
-    // Gives: 0 where there is no such item.
+    // Returns:  0 where there is no such item.
     BOOL SetItemData(UINT position, DWORD data);
     BOOL GetItemData(UINT position, DWORD* data) const;
 
-    // Gives the item another command and text. Gives: 0 where there is no such item.
+    // Gives the item another command and text.
+    // Returns:  0 where there is no such item.
     BOOL ModifyMenu(UINT item, UINT flags, UINT command, const CString& text);
 
-    // Each gives the state before, UINT(-1) where there is no such item.
+    // Each returns the state before, UINT(-1) where there is no such item.
     UINT CheckMenuItem(UINT item, UINT flags);
     UINT EnableMenuItem(UINT item, UINT flags);
 
     // Shows the menu at a point of the screen until the user has chosen.
-    // Gives: with TPM_RETURNCMD the command, 0 for none. Without it non-zero, and the command is
-    //        posted to the owner.
+    // Returns:  with TPM_RETURNCMD the command, 0 for none. Without it non-zero, and the command is
+    //           posted to the owner.
     BOOL TrackPopupMenu(UINT flags, int x, int y, CWnd* owner);
 
 private:
@@ -89,7 +91,7 @@ struct MENUITEMINFO {
     DWORD dwItemData = 0;
 };
 
-// Each gives 0 where there is no such menu or item, where another form than kMenuItemInfoSize or
+// Each returns 0 where there is no such menu or item, where another form than kMenuItemInfoSize or
 // anything but MIIM_DATA is asked for, and where the item isn't named by its position.
 ORVO_API BOOL SetMenuItemInfoA(HMENU menu, UINT item, BOOL byPosition, const MENUITEMINFO* info);
 ORVO_API BOOL GetMenuItemInfoA(HMENU menu, UINT item, BOOL byPosition, MENUITEMINFO* info);

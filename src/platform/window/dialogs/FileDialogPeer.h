@@ -45,7 +45,7 @@ constexpr UINT kFileDialogFolderLabel = 1091;  // IDOK and IDCANCEL are the butt
 class FileDialogPeer : public WindowPeer {
 public:
     // Shows the dialog until the user is done with it.
-    // Gives: false where no file was chosen, or the window went meanwhile.
+    // Returns:  false where no file was chosen, or the window went meanwhile.
     virtual bool ShowModal() = 0;
 
     // The file that is chosen now; empty where the name is.

@@ -257,7 +257,7 @@ struct DRAWITEMSTRUCT {
 constexpr UINT ODS_SELECTED = 0x0001;
 constexpr UINT ODS_FOCUS = 0x0010;
 
-// Gives a negative number, 0 or a positive number for two data words; the third argument is the
+// Returns a negative number, 0 or a positive number for two data words; the third argument is the
 // sorter's own.
 using PFNLVCOMPARE = int (*)(long, long, long);
 

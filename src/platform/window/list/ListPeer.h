@@ -13,7 +13,7 @@ namespace orvo {
 
 class CDC;
 
-// What a peer asks and tells. A row number is good until rows come, go or change places.
+// What a peer asks and reports. A row number is good until rows come, go or change places.
 class ListPeerClient {
 public:
     virtual ~ListPeerClient() = default;
@@ -75,8 +75,8 @@ struct ListHit {
 // A peer is painted with WM_PAINT, for which PaintRows does the work, or it calls DrawRow for each
 // row by itself.
 //
-// Rows and columns are counted from 0. A number outside is harmless: what asks gives a zero value,
-// what sets does nothing and gives false.
+// Rows and columns are counted from 0. A number outside is harmless: getters return zero values,
+// setters do nothing and return false.
 class ListPeer : public WindowPeer {
 public:
     void SetClient(ListPeerClient* client) { m_client = client; }
@@ -85,7 +85,8 @@ public:
     // are on; the focus of a deleted row goes to the row that takes its place, or the last one.
     virtual int RowCount() const = 0;
     virtual void ReserveRows(int count) = 0;
-    virtual int InsertRow(int row, ListRow content) = 0;  // gives its number; beyond the end: at it
+    virtual int InsertRow(
+        int row, ListRow content) = 0;  // returns its number; beyond the end it is appended
     virtual bool DeleteRow(int row) = 0;
     virtual void DeleteAllRows() = 0;
     virtual DWORD Data(int row) const = 0;

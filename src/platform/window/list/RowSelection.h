@@ -16,7 +16,7 @@ public:
     int Count() const { return m_count; }
 
     bool Has(int row) const;
-    int SetRange(int first, int last, bool selected);  // gives how many rows changed
+    int SetRange(int first, int last, bool selected);  // returns how many rows changed
 
     // The first row after `after` that is as wanted; -1 where there is none.
     int Next(int after, bool wanted = true) const;

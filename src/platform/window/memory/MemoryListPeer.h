@@ -1,4 +1,4 @@
-// A list without a screen: rows and columns with a geometry that can be told in advance.
+// A list without a screen: rows and columns with a geometry that is known in advance.
 // SPDX-License-Identifier: MIT
 #pragma once
 

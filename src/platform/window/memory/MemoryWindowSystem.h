@@ -34,7 +34,7 @@ struct ShownMenu {
 
 class ORVO_API MemoryWindowSystem : public WindowSystem {
 public:
-    // What happens at a question for which there is no answer: it is told to the hook, or where
+    // What happens at a question for which there is no answer: it is reported to the hook, or where
     // there is none to standard error, and answered as a user who closes it does: no command,
     // IDCANCEL, no day, no file.
     void OnUnexpectedQuestion(std::function<void(const std::string&)> hook);

@@ -18,7 +18,7 @@ public:
     void Create(CSize size, COLORREF ground);
 
     // Takes the bitmap of that number from the resources in reach.
-    // Gives: false, and an empty bitmap, where there is none.
+    // Returns:  false, and an empty bitmap, where there is none.
     bool LoadBitmap(unsigned number);
 
     // The same, with the pixels of one colour in another.
@@ -27,7 +27,7 @@ public:
     CSize Size() const { return m_size; }
     bool IsEmpty() const { return m_pixels.empty(); }
 
-    // A point outside gives 0 and takes nothing.
+    // Outside the picture GetPixel returns 0 and SetPixel does nothing.
     COLORREF GetPixel(CPoint point) const;
     void SetPixel(CPoint point, COLORREF colour);
 

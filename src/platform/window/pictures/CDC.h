@@ -27,7 +27,7 @@ public:
     CDC(const CDC&) = delete;
     CDC& operator=(const CDC&) = delete;
 
-    // Each gives the value before.
+    // Each returns the value before.
     COLORREF SetTextColor(COLORREF colour);
     COLORREF SetBkColor(COLORREF colour);
     COLORREF SetPenColor(COLORREF colour);

@@ -24,12 +24,13 @@ public:
     CImageList(const CImageList&) = delete;
     CImageList& operator=(const CImageList&) = delete;
 
-    // Gives: non-zero on success; 0 for a size that isn't positive, or where the list exists.
+    // Returns:  non-zero on success; 0 for a size that isn't positive, or where the list exists.
     BOOL Create(int width, int height, UINT flags, int initialCount, int growth);
     void DeleteImageList();
 
     // Cuts the bitmap into pictures of the list's width; pixels of the mask colour stay clear.
-    // Gives: the index of the first new picture, -1 where the bitmap is narrower or lower than one.
+    // Returns:  the index of the first new picture, -1 where the bitmap is narrower or lower than
+    //           one.
     int Add(const CBitmap& bitmap, COLORREF mask);
 
     int GetImageCount() const { return static_cast<int>(m_images.size()); }

@@ -17,7 +17,7 @@ struct XpmPicture {
 
 // Reads a picture whose colours are "#RRGGBB", "#RRRRGGGGBBBB", None, or one of black, white, red,
 // green, blue, yellow, cyan and magenta, each at its full strength. The text may hold any bytes.
-// Gives: nothing where it isn't such a picture, or is wider or higher than 4096 pixels.
+// Returns:  nothing where it isn't such a picture, or is wider or higher than 4096 pixels.
 std::optional<XpmPicture> ReadXpmPicture(std::string_view text);
 
 }  // namespace orvo
