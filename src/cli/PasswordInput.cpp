@@ -23,10 +23,10 @@ constexpr std::size_t kLongestLine = 4096;
 // The signals by which a terminal or its user ends a program.
 constexpr std::array kEndSignals{SIGINT, SIGTERM, SIGHUP, SIGQUIT};
 
-termios terminalBefore{};
+termios g_terminalBefore{};
 
 void RestoreAndEnd(int signal) {
-    ::tcsetattr(STDIN_FILENO, TCSANOW, &terminalBefore);
+    ::tcsetattr(STDIN_FILENO, TCSANOW, &g_terminalBefore);
     std::signal(signal, SIG_DFL);
     std::raise(signal);
 }
@@ -36,11 +36,11 @@ void RestoreAndEnd(int signal) {
 class SilentTerminal {
 public:
     SilentTerminal() {
-        ::tcgetattr(STDIN_FILENO, &terminalBefore);
+        ::tcgetattr(STDIN_FILENO, &g_terminalBefore);
         for (std::size_t i = 0; i < kEndSignals.size(); ++i) {
             m_before[i] = std::signal(kEndSignals[i], RestoreAndEnd);
         }
-        termios silent = terminalBefore;
+        termios silent = g_terminalBefore;
         silent.c_lflag &= ~static_cast<tcflag_t>(ECHO);
         silent.c_lflag |= ECHONL;
         // A program that is stopped would leave the user with a terminal that shows nothing.
@@ -48,7 +48,7 @@ public:
         ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &silent);
     }
     ~SilentTerminal() {
-        ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &terminalBefore);
+        ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &g_terminalBefore);
         for (std::size_t i = 0; i < kEndSignals.size(); ++i) {
             std::signal(kEndSignals[i], m_before[i]);
         }

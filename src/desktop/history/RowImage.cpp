@@ -109,10 +109,10 @@ WholeRow RowOfImage(const RowImage& image) {
 }
 
 std::uint64_t HashOf(const RowImage& image) {
-    constexpr std::uint64_t factor = 0x9E3779B97F4A7C15;  // odd, so that no bit is lost
+    constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15;  // odd, so that no bit is lost
     std::uint64_t hash = std::hash<std::string>()(image.bytes);
     for (const SharedText& text : image.shared) {
-        hash = hash * factor + std::hash<std::string>()(text.Text());
+        hash = hash * kFactor + std::hash<std::string>()(text.Text());
     }
     return hash;
 }

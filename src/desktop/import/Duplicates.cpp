@@ -19,10 +19,10 @@ constexpr unsigned kFold = SORT_STRINGSORT | NORM_IGNORECASE | NORM_IGNORENONSPA
 constexpr std::size_t kLocalDigits = 7;
 
 std::string_view WithoutBlanks(std::string_view text) {
-    constexpr std::string_view blanks = " \t\r\n";
-    const std::size_t begin = text.find_first_not_of(blanks);
+    constexpr std::string_view kBlanks = " \t\r\n";
+    const std::size_t begin = text.find_first_not_of(kBlanks);
     if (begin == std::string_view::npos) return {};
-    return text.substr(begin, text.find_last_not_of(blanks) - begin + 1);
+    return text.substr(begin, text.find_last_not_of(kBlanks) - begin + 1);
 }
 
 bool IsMail(std::string_view text) {
@@ -46,11 +46,11 @@ std::string FoldedMail(std::string_view text) {
 // text.
 std::string SignificantDigits(std::string_view text) {
     // To be dialled only without the country before it.
-    constexpr std::string_view atHome = "(0)";
+    constexpr std::string_view kAtHome = "(0)";
     std::string digits;
     std::size_t letters = 0;
     while (!text.empty()) {
-        if (text.starts_with(atHome)) text.remove_prefix(atHome.size());
+        if (text.starts_with(kAtHome)) text.remove_prefix(kAtHome.size());
         const CodePoint point = FirstCodePoint(text);
         text.remove_prefix(point.length);
         const auto value = static_cast<UChar32>(point.value);

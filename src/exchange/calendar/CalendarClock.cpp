@@ -30,8 +30,8 @@ using Component = std::unique_ptr<icalcomponent, FreeComponent>;
 
 // Rules of other kinds can stand for millions of changes a year, all of which would be worked out.
 bool IsYearlyRule(std::string_view rule) {
-    constexpr std::array<std::string_view, 5> keys{"COUNT", "UNTIL", "BYMONTH", "BYDAY",
-                                                   "BYMONTHDAY"};
+    constexpr std::array<std::string_view, 5> kKeys{"COUNT", "UNTIL", "BYMONTH", "BYDAY",
+                                                    "BYMONTHDAY"};
     ParameterWalk walk(rule);
     Parameter part;
     while (walk.Next(part)) {
@@ -41,7 +41,7 @@ bool IsYearlyRule(std::string_view rule) {
             if (part.value != "1") return false;
         } else if (EqualsIgnoringCase(part.name, "WKST")) {
             continue;
-        } else if (std::none_of(keys.begin(), keys.end(), [&](std::string_view key) {
+        } else if (std::none_of(kKeys.begin(), kKeys.end(), [&](std::string_view key) {
                        return EqualsIgnoringCase(part.name, key);
                    })) {
             return false;
@@ -84,7 +84,7 @@ bool IsThere(const icaltimetype& time) {
 
 // "+09:00", "-0330" or "9", in seconds.
 std::optional<int> ParseOffset(std::string_view value) {
-    constexpr int longest = 14 * 3600;
+    constexpr int kLongest = 14 * 3600;
     value = Trimmed(value);
     const bool isWest = value.starts_with('-');
     if (isWest || value.starts_with('+')) value.remove_prefix(1);
@@ -96,7 +96,7 @@ std::optional<int> ParseOffset(std::string_view value) {
     if (!isNumber) return std::nullopt;
     const int number = std::stoi(digits);
     const int offset = digits.size() <= 2 ? number * 3600 : number / 100 * 3600 + number % 100 * 60;
-    if (offset > longest) return std::nullopt;
+    if (offset > kLongest) return std::nullopt;
     return isWest ? -offset : offset;
 }
 
@@ -263,9 +263,9 @@ std::optional<CalendarDate> CalendarClock::ReadEnd(const ContentLine& start,
         return std::nullopt;
     }
     const icaldurationtype span = icaldurationtype_from_string(length.c_str());
-    constexpr unsigned longest = 100u * 366u;  // days
-    if (icaldurationtype_is_bad_duration(span) || span.weeks > longest || span.days > longest ||
-        span.hours > longest || span.minutes > longest || span.seconds > longest * 24 * 60) {
+    constexpr unsigned kLongest = 100u * 366u;  // days
+    if (icaldurationtype_is_bad_duration(span) || span.weeks > kLongest || span.days > kLongest ||
+        span.hours > kLongest || span.minutes > kLongest || span.seconds > kLongest * 24 * 60) {
         return std::nullopt;
     }
     time = icaltime_add(time, span);

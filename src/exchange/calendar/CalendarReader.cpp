@@ -22,8 +22,8 @@ constexpr std::array<OtherRule, 3> kOthers{
 
 // A component's name comes from the file and may be anything.
 std::string Printable(std::string_view text) {
-    constexpr std::size_t longest = 40;
-    std::string result(text.substr(0, longest));
+    constexpr std::size_t kLongest = 40;
+    std::string result(text.substr(0, kLongest));
     std::replace_if(
         result.begin(), result.end(), [](unsigned char c) { return c < ' ' || c >= 0x7F; }, '?');
     return result;

@@ -174,9 +174,9 @@ void CardEdits::SetNameParts(bool onlyChanged) {
     const std::ptrdiff_t line = m_was.Line(Property::Name);
     EditedLine& edited = line == kNoLine ? m_edits.Add("N") : m_edits.At(line);
     if (line == kNoLine) edited.value = ";;;;";
-    constexpr std::array<std::pair<NamePart, AddressField>, 2> rules{
+    constexpr std::array<std::pair<NamePart, AddressField>, 2> kRules{
         {{kFamily, AddressField::Name}, {kGiven, AddressField::First}}};
-    for (const auto& [part, field] : rules) {
+    for (const auto& [part, field] : kRules) {
         if (onlyChanged && IsSame(field)) continue;
         edited.value = ReplaceParts(edited.value, {{part, m_now.Text(field)}}, ';', m_dialect);
     }
@@ -260,20 +260,20 @@ void CardEdits::EditAddress() {
         AddressField field;
         std::size_t part;
     };
-    constexpr std::size_t street = 2;
-    constexpr std::array<PartRule, 5> rules{{{AddressField::Address, street},
-                                             {AddressField::City, 3},
-                                             {AddressField::State, 4},
-                                             {AddressField::ZipCode, 5},
-                                             {AddressField::Country, 6}}};
+    constexpr std::size_t kStreet = 2;
+    constexpr std::array<PartRule, 5> kRules{{{AddressField::Address, kStreet},
+                                              {AddressField::City, 3},
+                                              {AddressField::State, 4},
+                                              {AddressField::ZipCode, 5},
+                                              {AddressField::Country, 6}}};
     const std::ptrdiff_t line = m_was.Line(Property::Address);
     const std::ptrdiff_t label = m_was.Line(Property::Label);
-    const bool areSame = std::all_of(rules.begin(), rules.end(),
+    const bool areSame = std::all_of(kRules.begin(), kRules.end(),
                                      [&](const PartRule& rule) { return IsSame(rule.field); });
     if (areSame) return;
-    const bool onlyAddress = std::all_of(rules.begin() + 1, rules.end(), [&](const PartRule& rule) {
-        return m_now.Text(rule.field).empty();
-    });
+    const bool onlyAddress =
+        std::all_of(kRules.begin() + 1, kRules.end(),
+                    [&](const PartRule& rule) { return m_now.Text(rule.field).empty(); });
     if (line == kNoLine && label != kNoLine && onlyAddress) {
         EditValue(m_was.Text(AddressField::Address), m_now.Text(AddressField::Address),
                   Property::Label);
@@ -283,16 +283,16 @@ void CardEdits::EditAddress() {
         if (label != kNoLine && !IsSame(AddressField::Address)) m_edits.At(label).isRemoved = true;
         EditedLine& added = m_edits.Add("ADR");
         added.value = ";;;;;;";
-        for (const PartRule& rule : rules) {
+        for (const PartRule& rule : kRules) {
             added.value =
                 ReplaceParts(added.value, {{rule.part, m_now.Text(rule.field)}}, ';', m_dialect);
         }
         return;
     }
-    for (const PartRule& rule : rules) {
+    for (const PartRule& rule : kRules) {
         if (IsSame(rule.field)) continue;
         SetPart(line, rule.part, m_now.Text(rule.field));
-        if (rule.part != street) continue;
+        if (rule.part != kStreet) continue;
         SetPart(line, 0, {});
         SetPart(line, 1, {});
     }

@@ -176,10 +176,10 @@ private:
     }
 
     void StripScheme(const ContentLine& line, std::string& text) const {
-        constexpr std::string_view scheme = "tel:";
+        constexpr std::string_view kScheme = "tel:";
         const bool isUri = m_dialect == Dialect::Card40 ||
                            EqualsIgnoringCase(FindParameter(line.parameters, "VALUE"), "URI");
-        if (isUri && StartsIgnoringCase(text, scheme)) text.erase(0, scheme.size());
+        if (isUri && StartsIgnoringCase(text, kScheme)) text.erase(0, kScheme.size());
     }
 
     std::string_view Raw(Property property) {

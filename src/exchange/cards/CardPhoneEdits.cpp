@@ -70,9 +70,9 @@ void RemoveParameter(std::vector<std::string>& parameters, std::string_view name
 }  // namespace
 
 void CardEdits::SetPreferred(EditedLine& line, bool isPreferred) const {
-    constexpr std::array<std::string_view, 1> words{"PREF"};
+    constexpr std::array<std::string_view, 1> kWords{"PREF"};
     RemoveParameter(line.parameters, "PREF");
-    RemoveTypes(line.parameters, words);
+    RemoveTypes(line.parameters, kWords);
     if (!isPreferred) return;
     line.parameters.emplace_back(m_dialect == Dialect::Card21   ? "PREF"
                                  : m_dialect == Dialect::Card40 ? "PREF=1"
@@ -201,7 +201,7 @@ void CardEdits::EditReading(std::size_t number, AddressField field) {
         Property phonetic;
         Property own;
     };
-    constexpr std::array<Lines, 3> lines{
+    constexpr std::array<Lines, 3> kLines{
         {{Property::PhoneticLast, Property::OwnNameReading},
          {Property::PhoneticFirst, Property::OwnFirstReading},
          {Property::PhoneticOrganization, Property::OwnCompanyReading}}};
@@ -215,9 +215,9 @@ void CardEdits::EditReading(std::size_t number, AddressField field) {
         SetReading(*rule, text);
         return;
     }
-    const bool isFree = m_was.Line(lines[number].phonetic) == kNoLine;
+    const bool isFree = m_was.Line(kLines[number].phonetic) == kNoLine;
     const Property property =
-        isUsual && isFree && !rule ? lines[number].phonetic : lines[number].own;
+        isUsual && isFree && !rule ? kLines[number].phonetic : kLines[number].own;
     m_edits.Add(NameOf(property)).value = Escaped(text);
 }
 

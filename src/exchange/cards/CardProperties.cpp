@@ -125,11 +125,11 @@ PhoneKind PhoneKindOf(std::string_view parameters) {
 }
 
 std::optional<PhoneKind> KindOfGroupLabel(std::string_view label) {
-    constexpr std::string_view opening = "_$!<";
-    constexpr std::string_view closing = ">!$_";
-    if (!label.starts_with(opening) || !label.ends_with(closing)) return std::nullopt;
-    label.remove_prefix(opening.size());
-    label.remove_suffix(std::min(label.size(), closing.size()));
+    constexpr std::string_view kOpening = "_$!<";
+    constexpr std::string_view kClosing = ">!$_";
+    if (!label.starts_with(kOpening) || !label.ends_with(kClosing)) return std::nullopt;
+    label.remove_prefix(kOpening.size());
+    label.remove_suffix(std::min(label.size(), kClosing.size()));
     for (const KindRule& rule : kGroupLabelRules) {
         if (EqualsIgnoringCase(rule.type, label)) return rule.kind;
     }

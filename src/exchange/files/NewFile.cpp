@@ -31,19 +31,19 @@ std::string TargetOf(const std::string& path) {
 // Removes what exports that were killed have left beside the target: "TARGET.PROCESS-ATTEMPT.tmp".
 void RemoveStale(const std::string& target) {
     const std::string start = std::filesystem::path(target).filename().string() + ".";
-    constexpr std::string_view end = ".tmp";
+    constexpr std::string_view kEnd = ".tmp";
     std::error_code error;
     std::vector<std::filesystem::path> stale;
     for (std::filesystem::directory_iterator file(FolderOf(target), error), last;
          !error && file != last; file.increment(error)) {
         const std::string name = file->path().filename().string();
-        if (!name.starts_with(start) || !name.ends_with(end)) continue;
+        if (!name.starts_with(start) || !name.ends_with(kEnd)) continue;
         long process = 0;
         const auto [rest, failed] =
             std::from_chars(name.data() + start.size(), name.data() + name.size(), process);
         const bool isOurs = failed == std::errc() && *rest == '-' && process > 0 &&
                             name.find_first_not_of("0123456789", rest - name.data() + 1) ==
-                                name.size() - end.size();
+                                name.size() - kEnd.size();
         if (isOurs) stale.push_back(file->path());
     }
     for (const auto& path : stale) RemoveAbandoned(path.string());

@@ -78,8 +78,8 @@ std::ptrdiff_t LineEdits::PlaceOfAdded() const {
     };
     while (place > 0 && !isOwn(Line(place - 1))) --place;
     // The empty line that ends base64 stays with it, unless what comes next would read as a fold.
-    constexpr auto npos = std::string_view::npos;
-    while (Line(place).source.find_first_not_of(" \t\r\n") == npos &&
+    constexpr auto kNpos = std::string_view::npos;
+    while (Line(place).source.find_first_not_of(" \t\r\n") == kNpos &&
            Line(place + 1).source.find_first_of(" \t") != 0) {
         ++place;
     }

@@ -8,7 +8,7 @@
 namespace orvo {
 namespace {
 
-constexpr auto npos = std::string_view::npos;
+constexpr auto kNpos = std::string_view::npos;
 constexpr std::size_t kLongestLine = 75;
 
 bool IsContinuation(char character) {
@@ -16,9 +16,9 @@ bool IsContinuation(char character) {
 }
 
 void AppendHex(unsigned char byte, std::string& result) {
-    constexpr std::string_view digits = "0123456789ABCDEF";
-    result += digits[byte >> 4];
-    result += digits[byte & 0xFu];
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    result += kDigits[byte >> 4];
+    result += kDigits[byte & 0xFu];
 }
 
 void AppendFolded(std::string_view line, std::string_view lineEnd, std::string& result) {
@@ -45,7 +45,7 @@ void AppendQuoted(std::string_view value, std::size_t used, std::string_view lin
         const auto byte = static_cast<unsigned char>(value[i]);
         // A continued line that begins with a blank would be taken for a fold, and one that begins
         // with BEGIN or END for the line of that name.
-        const bool atStart = used == 0 && std::string_view(" BbEe").find(value[i]) != npos;
+        const bool atStart = used == 0 && std::string_view(" BbEe").find(value[i]) != kNpos;
         const bool atEdge = value[i] == ' ' && (i == 0 || i + 1 == value.size());
         const bool plain = byte >= ' ' && byte < 0x7F && byte != '=' && !atEdge && !atStart;
         const std::size_t width = plain ? 1 : 3;
@@ -77,7 +77,7 @@ std::string EscapeQuoted(std::string_view text, ValueKind kind) {
             result += "\r\n";  // as quoted-printable has it
         } else if (c == '\\' && kind == ValueKind::Parts) {
             const std::size_t end = std::min(text.find_first_not_of('\\', i), text.size());
-            const bool counts = end == text.size() || dividers.find(text[end]) != npos;
+            const bool counts = end == text.size() || dividers.find(text[end]) != kNpos;
             result.append((end - i) * (counts ? 2 : 1), '\\');
             i = end - 1;
         } else {
@@ -97,9 +97,9 @@ bool TellsEncoding(const Parameter& parameter) {
         EqualsIgnoringCase(parameter.name, "CHARSET")) {
         return true;
     }
-    constexpr std::array<std::string_view, 4> words{"QUOTED-PRINTABLE", "BASE64", "8BIT", "7BIT"};
+    constexpr std::array<std::string_view, 4> kWords{"QUOTED-PRINTABLE", "BASE64", "8BIT", "7BIT"};
     return parameter.name.empty() &&
-           std::any_of(words.begin(), words.end(), [&](std::string_view word) {
+           std::any_of(kWords.begin(), kWords.end(), [&](std::string_view word) {
                return EqualsIgnoringCase(parameter.value, word);
            });
 }

@@ -9,7 +9,7 @@
 namespace orvo {
 namespace {
 
-constexpr auto npos = std::string_view::npos;
+constexpr auto kNpos = std::string_view::npos;
 
 int Base64Digit(char c) {
     if (c >= 'A' && c <= 'Z') return c - 'A';
@@ -34,7 +34,7 @@ void UnescapeQuoted(std::string_view part, ValueKind kind, std::string& text) {
         }
         const std::size_t end = std::min(part.find_first_not_of('\\', i), part.size());
         std::size_t count = end - i;
-        if (end < part.size() && dividers.find(part[end]) != npos) {
+        if (end < part.size() && dividers.find(part[end]) != kNpos) {
             count = kind == ValueKind::Parts ? count / 2 : count - 1;
         } else if (end == part.size() && kind == ValueKind::Parts) {
             count -= count / 2;
@@ -77,7 +77,7 @@ void AppendQuotedPrintable(std::string_view text, std::string& bytes) {
         if (low >= 0) {
             bytes += static_cast<char>(high * 16 + low);
             i += 2;
-        } else if (text[i] == '=' && text.find_first_not_of(" \t", i + 1) == npos) {
+        } else if (text[i] == '=' && text.find_first_not_of(" \t", i + 1) == kNpos) {
             return;  // a soft break behind which nothing follows
         } else {
             bytes += text[i];
@@ -104,7 +104,7 @@ void AppendBase64(std::string_view text, std::string& bytes) {
 bool PartWalk::Next(std::string_view& part) {
     if (m_over) return false;
     std::size_t end = 0;
-    while (end < m_rest.size() && m_dividers.find(m_rest[end]) == npos) {
+    while (end < m_rest.size() && m_dividers.find(m_rest[end]) == kNpos) {
         end += m_rest[end] == '\\' ? 2 : 1;
     }
     m_over = end >= m_rest.size();
@@ -124,7 +124,7 @@ std::string_view PartOf(std::string_view value, std::size_t number, char divider
 
 void Unescape(std::string_view part, Dialect dialect, std::string& text, ValueKind kind) {
     text.clear();
-    if (part.find_first_of("\\\r") == npos) {
+    if (part.find_first_of("\\\r") == kNpos) {
         text = part;
         return;
     }
@@ -132,13 +132,13 @@ void Unescape(std::string_view part, Dialect dialect, std::string& text, ValueKi
         UnescapeQuoted(part, kind, text);
         return;
     }
-    constexpr std::string_view escaped = "\\;,:\"";
+    constexpr std::string_view kEscaped = "\\;,:\"";
     for (std::size_t i = 0; i < part.size(); ++i) {
         const char next = i + 1 < part.size() ? part[i + 1] : '\0';
         if (part[i] == '\\' && (next == 'n' || next == 'N')) {
             text += '\n';
             ++i;
-        } else if (part[i] == '\\' && escaped.find(next) != npos) {
+        } else if (part[i] == '\\' && kEscaped.find(next) != kNpos) {
             text += next;
             ++i;
         } else if (part[i] == '\r') {

@@ -49,10 +49,10 @@ void AppendLegacy(const ContentLine& line, std::string& sample) {
 bool MayHoldLegacyText(std::string_view text) {
     if (!IsValidUtf8(text) || text.find('\x1B') != std::string_view::npos) return true;
     // Bytes in quoted-printable, other than ASCII, but for the escape.
-    constexpr std::string_view highDigits = "189ABCDEFabcdef";
+    constexpr std::string_view kHighDigits = "189ABCDEFabcdef";
     for (std::size_t at = 0; (at = text.find('=', at)) != std::string_view::npos; ++at) {
         const std::string_view digit = text.substr(at + 1, 1);
-        if (!digit.empty() && highDigits.find(digit) != std::string_view::npos) return true;
+        if (!digit.empty() && kHighDigits.find(digit) != std::string_view::npos) return true;
     }
     return false;
 }

@@ -241,11 +241,11 @@ bool ApplyEra(const Era* typed, bool picturesEra, const CivilTime& today, TypedD
 // A year of two digits is of a century in which every fourth year is a leap year; without a year
 // there may be a 29th of February, without a month a 31st.
 bool IsDate(const TypedDate& date) {
-    constexpr int leapYear = 2000;
-    const int year = date.year.value_or(leapYear);
+    constexpr int kLeapYear = 2000;
+    const int year = date.year.value_or(kLeapYear);
     const int month = date.month.value_or(1);
     const int day = date.day.value_or(1);
-    const CivilTime civil{year < 100 ? year + leapYear : year, month, day};
+    const CivilTime civil{year < 100 ? year + kLeapYear : year, month, day};
     return month >= 1 && month <= 12 &&
            CivilOfDays(DaysOfCivil(civil.year, civil.month, civil.day)) == civil;
 }

@@ -85,7 +85,7 @@ struct COrvoDesktopOptions::StoredOption {
 // In the order in which they are written.
 std::span<const COrvoDesktopOptions::StoredOption> COrvoDesktopOptions::StoredOptions() {
     using Options = COrvoDesktopOptions;
-    static constexpr StoredOption options[] = {
+    static constexpr StoredOption kOptions[] = {
         {"Preferences", "Archive", &Options::m_autoArchive, 1},
         {"Preferences", "AutoSave", &Options::m_autoSave, 1},
         {"Preferences", "AutoSaveInterval", &Options::m_autoSaveInterval, 15},
@@ -100,7 +100,7 @@ std::span<const COrvoDesktopOptions::StoredOption> COrvoDesktopOptions::StoredOp
         {"Horaline", "AlarmTime", &Options::m_alarmAdvance, 5},
         {"Horaline", "AlarmUnit", &Options::m_alarmAdvanceUnit, 0},
     };
-    return options;
+    return kOptions;
 }
 
 const CRuntimeClass COrvoDesktopOptions::classCOrvoDesktopOptions(

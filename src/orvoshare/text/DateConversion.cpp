@@ -34,19 +34,18 @@ struct EraYears {
 constexpr EraYears kHeisei{std::numeric_limits<int>::min(), 43, 63};
 constexpr EraYears kShowa{45, std::numeric_limits<int>::max(), 1};
 
-const EraYears* g_currentEra = &kHeisei;
-
 int Refuse(int& year, int newYear) {
     year = newYear;
     return 0;
 }
 
 int AcceptEraYear(int& year) {
-    if (year == g_currentEra->changeYear) {
-        g_currentEra = g_currentEra == &kHeisei ? &kShowa : &kHeisei;
+    static const EraYears* era = &kHeisei;  // kept from call to call
+    if (year == era->changeYear) {
+        era = era == &kHeisei ? &kShowa : &kHeisei;
         return 1;
     }
-    const bool isInEra = year >= g_currentEra->first && year <= g_currentEra->last;
+    const bool isInEra = year >= era->first && year <= era->last;
     return isInEra ? 1 : Refuse(year, 0);
 }
 

@@ -18,7 +18,7 @@ constexpr char kInterfaceName[] = "orvo.Interfaces1";
 
 using Clock = std::chrono::steady_clock;
 
-std::chrono::milliseconds timeLimit{5000};
+std::chrono::milliseconds g_timeLimit{5000};
 
 int MillisecondsUntil(Clock::time_point end) {
     const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now());
@@ -152,7 +152,7 @@ void InterfaceBus::Detach(const InterfaceReference& target) {
 }
 
 void InterfaceBus::SetTimeLimit(int milliseconds) {
-    timeLimit = std::chrono::milliseconds(milliseconds);
+    g_timeLimit = std::chrono::milliseconds(milliseconds);
 }
 
 HRESULT InterfaceBus::OnCall(const Request& request, CallBytes& results) {
@@ -218,7 +218,7 @@ HRESULT InterfaceBus::Ask(const InterfaceReference& target, const char* request,
     const auto self = shared_from_this();
     // An answer that comes too late must find a place.
     const auto reply = std::make_shared<Reply>();
-    const auto end = Clock::now() + timeLimit;
+    const auto end = Clock::now() + g_timeLimit;
     try {
         const auto peer = PeerOf(target);
         sdbus::MethodCall call = peer->createMethodCall(kInterfaceName, request);
@@ -226,7 +226,7 @@ HRESULT InterfaceBus::Ask(const InterfaceReference& target, const char* request,
         const auto read = [reply](sdbus::MethodReply& message, const sdbus::Error* error) {
             ReadReply(*reply, message, error);
         };
-        peer->callMethod(call, read, timeLimit);
+        peer->callMethod(call, read, g_timeLimit);
         Flush();
         Serve();
         while (!reply->isHere) {
@@ -266,7 +266,7 @@ bool InterfaceBus::Process() {
 
 // What the bus doesn't take at once isn't sent while the process waits for something to read.
 void InterfaceBus::Flush() {
-    const auto end = Clock::now() + timeLimit;
+    const auto end = Clock::now() + g_timeLimit;
     while (IsOpen()) {
         const auto state = m_connection->getEventLoopPollData();
         const int left = MillisecondsUntil(end);

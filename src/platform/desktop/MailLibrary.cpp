@@ -18,13 +18,13 @@ namespace fs = std::filesystem;
 std::string AsItIs(const char* text) {
     return text ? text : "";
 }
-TextToUtf8 toUtf8 = AsItIs;
+TextToUtf8 g_toUtf8 = AsItIs;
 
 ULONG AddRecipients(const MapiMessage& message, MailDraft& draft) {
     for (ULONG i = 0; i < message.nRecipCount; ++i) {
         const MapiRecipDesc& recipient = message.lpRecips[i];
         if (recipient.ulRecipClass != MAPI_TO) return MAPI_E_BAD_RECIPTYPE;
-        const std::string address = PlainMailAddress(toUtf8(recipient.lpszAddress));
+        const std::string address = PlainMailAddress(g_toUtf8(recipient.lpszAddress));
         if (address.empty()) return MAPI_E_UNKNOWN_RECIPIENT;
         draft.to.push_back(address);
     }
@@ -33,12 +33,12 @@ ULONG AddRecipients(const MapiMessage& message, MailDraft& draft) {
 
 ULONG AddFile(const MapiFileDesc& file, MailDraft& draft) {
     std::error_code error;
-    const fs::path path = fs::absolute(toUtf8(file.lpszPathName), error);
+    const fs::path path = fs::absolute(g_toUtf8(file.lpszPathName), error);
     if (error || !fs::exists(path, error)) return MAPI_E_ATTACHMENT_NOT_FOUND;
     if (!fs::is_regular_file(path, error) || ::access(path.c_str(), R_OK) != 0) {
         return MAPI_E_ATTACHMENT_OPEN_FAILURE;
     }
-    std::string name = toUtf8(file.lpszFileName);
+    std::string name = g_toUtf8(file.lpszFileName);
     if (name.empty()) name = path.filename().string();
     // Composers take the path apart: some read a quotation mark or a comma as the end of it.
     const bool bearsItsName = name == path.filename() && IsPlainPath(path.string());
@@ -51,8 +51,8 @@ ULONG SendMail(const MapiMessage* message, ULONG flags) {
     if ((flags & MAPI_DIALOG) == 0) return MAPI_E_NOT_SUPPORTED;
     RemoveOldCopies();
     MailDraft draft;
-    draft.subject = toUtf8(message->lpszSubject);
-    draft.body = toUtf8(message->lpszNoteText);
+    draft.subject = g_toUtf8(message->lpszSubject);
+    draft.body = g_toUtf8(message->lpszNoteText);
     ULONG result = AddRecipients(*message, draft);
     for (ULONG i = 0; result == SUCCESS_SUCCESS && i < message->nFileCount; ++i) {
         result = AddFile(message->lpFiles[i], draft);
@@ -66,7 +66,7 @@ ULONG SendMail(const MapiMessage* message, ULONG flags) {
 extern "C" {
 
 ORVO_API void OrvoLibraryAttach(orvo::TextToUtf8 toUtf8) {
-    orvo::toUtf8 = toUtf8;
+    orvo::g_toUtf8 = toUtf8;
 }
 
 ORVO_API orvo::ULONG MAPISendMail(std::uintptr_t, std::uintptr_t, orvo::MapiMessage* message,

@@ -25,13 +25,13 @@ UChar32 Next(std::string_view text, std::size_t& at) {
 }
 
 bool IsPlain(UChar32 character) {
-    constexpr std::uint32_t plain = U_GC_L_MASK | U_GC_M_MASK | U_GC_N_MASK;
+    constexpr std::uint32_t kPlain = U_GC_L_MASK | U_GC_M_MASK | U_GC_N_MASK;
     if (character < 0x80 && character >= 0) {
         const char ascii = static_cast<char>(character);
-        return (U_MASK(u_charType(character)) & plain) != 0 ||
+        return (U_MASK(u_charType(character)) & kPlain) != 0 ||
                kSigns.find(ascii) != std::string_view::npos;
     }
-    return character >= 0 && (U_MASK(u_charType(character)) & plain) != 0;
+    return character >= 0 && (U_MASK(u_charType(character)) & kPlain) != 0;
 }
 
 std::string OfPlainCharacters(std::string_view text) {

@@ -73,11 +73,11 @@ OpenBlocks& Blocks() {
     return blocks;
 }
 
-thread_local long lastError = ERROR_SUCCESS;
+thread_local long g_lastError = ERROR_SUCCESS;
 
 template <class Result>
 Result Fail(long error, Result result) {
-    lastError = error;
+    SetLastError(error);
     return result;
 }
 
@@ -164,7 +164,7 @@ HANDLE CreateFileMappingA(HANDLE file, const void* security, std::uint32_t prote
     bool isThere = false;
     BlockPointer block = Hold(name, static_cast<off_t>(size), isThere);
     if (block == nullptr) return nullptr;
-    lastError = isThere ? ERROR_ALREADY_EXISTS : ERROR_SUCCESS;
+    SetLastError(isThere ? ERROR_ALREADY_EXISTS : ERROR_SUCCESS);
     return AddHandle(std::move(block));
 }
 
@@ -216,11 +216,11 @@ int CloseHandle(HANDLE handle) {
 }
 
 long GetLastError() {
-    return lastError;
+    return g_lastError;
 }
 
 void SetLastError(long error) {
-    lastError = error;
+    g_lastError = error;
 }
 
 }  // namespace orvo

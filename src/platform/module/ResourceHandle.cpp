@@ -5,16 +5,16 @@
 namespace orvo {
 namespace {
 
-thread_local HINSTANCE resourceHandle = nullptr;
+thread_local HINSTANCE g_resourceHandle = nullptr;
 
 }  // namespace
 
 HINSTANCE AfxGetResourceHandle() {
-    return resourceHandle;
+    return g_resourceHandle;
 }
 
 void AfxSetResourceHandle(HINSTANCE module) {
-    resourceHandle = module;
+    g_resourceHandle = module;
 }
 
 }  // namespace orvo

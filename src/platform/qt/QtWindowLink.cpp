@@ -31,12 +31,12 @@ constexpr ButtonRow kButtons[] = {
     {Qt::RightButton, QEvent::MouseButtonDblClick, WM_RBUTTONDBLCLK},
 };
 
-int paintsUnderWay = 0;
+int g_paintsUnderWay = 0;
 
 class PaintUnderWay {
 public:
-    PaintUnderWay() { ++paintsUnderWay; }
-    ~PaintUnderWay() { --paintsUnderWay; }
+    PaintUnderWay() { ++g_paintsUnderWay; }
+    ~PaintUnderWay() { --g_paintsUnderWay; }
     PaintUnderWay(const PaintUnderWay&) = delete;
     PaintUnderWay& operator=(const PaintUnderWay&) = delete;
 };
@@ -92,7 +92,7 @@ void QtWindowLink::Watch(QWidget& widget) {
 }
 
 bool QtWindowLink::IsPainting() {
-    return paintsUnderWay > 0;
+    return g_paintsUnderWay > 0;
 }
 
 void QtWindowLink::Paint(QWidget& painted, const QRegion& part) {

@@ -24,8 +24,8 @@ struct RegistryKey {
 
 namespace {
 
-RegistryKey currentUser{"CurrentUser", "", KEY_ALL_ACCESS};
-RegistryKey localMachine{"LocalMachine", "", KEY_ALL_ACCESS};
+RegistryKey g_currentUser{"CurrentUser", "", KEY_ALL_ACCESS};
+RegistryKey g_localMachine{"LocalMachine", "", KEY_ALL_ACCESS};
 
 struct OpenKeys {
     std::mutex mutex;
@@ -39,7 +39,7 @@ OpenKeys& Keys() {
 
 // A copy of an open key or root, as another thread may close the key meanwhile.
 std::optional<RegistryKey> Find(HKEY key) {
-    if (key == &currentUser || key == &localMachine) return *key;
+    if (key == &g_currentUser || key == &g_localMachine) return *key;
     OpenKeys& open = Keys();
     const std::lock_guard guard(open.mutex);
     const auto found = std::find_if(open.keys.begin(), open.keys.end(),
@@ -86,8 +86,8 @@ long FindFor(HKEY handle, std::uint32_t access, std::optional<RegistryKey>& key)
 
 }  // namespace
 
-const HKEY HKEY_CURRENT_USER = &currentUser;
-const HKEY HKEY_LOCAL_MACHINE = &localMachine;
+const HKEY HKEY_CURRENT_USER = &g_currentUser;
+const HKEY HKEY_LOCAL_MACHINE = &g_localMachine;
 
 long RegCreateKeyExA(HKEY parent, const char* path, std::uint32_t reserved, const char* className,
                      std::uint32_t options, std::uint32_t access, const void* security,
@@ -124,7 +124,7 @@ long RegOpenKeyExA(HKEY parent, const char* path, std::uint32_t options, std::ui
 }
 
 long RegCloseKey(HKEY key) {
-    if (key == &currentUser || key == &localMachine) return ERROR_SUCCESS;
+    if (key == &g_currentUser || key == &g_localMachine) return ERROR_SUCCESS;
     OpenKeys& open = Keys();
     const std::lock_guard guard(open.mutex);
     const auto erased = std::erase_if(open.keys, [&](const auto& one) { return one.get() == key; });

@@ -130,12 +130,12 @@ struct CloseDetector {
 
 // The set that the bytes themselves point to; nothing where they are too few or point to several.
 std::optional<LegacySet> DetectSet(std::string_view bytes) {
-    constexpr std::size_t longest = 1u << 16;
-    constexpr std::ptrdiff_t fewestHighBytes = 20;
-    const std::string_view sample = bytes.substr(0, longest);
+    constexpr std::size_t kLongest = 1u << 16;
+    constexpr std::ptrdiff_t kFewestHighBytes = 20;
+    const std::string_view sample = bytes.substr(0, kLongest);
     const auto high =
         std::count_if(sample.begin(), sample.end(), [](char byte) { return (byte & 0x80) != 0; });
-    if (high < fewestHighBytes) return std::nullopt;
+    if (high < kFewestHighBytes) return std::nullopt;
     UErrorCode status = U_ZERO_ERROR;
     const std::unique_ptr<UCharsetDetector, CloseDetector> detector(ucsdet_open(&status));
     ucsdet_setText(detector.get(), sample.data(), static_cast<std::int32_t>(sample.size()),

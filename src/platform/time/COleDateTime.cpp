@@ -41,8 +41,8 @@ double DateOfCivil(const CivilTime& civil) {
 
 // Nothing where the date, rounded to the second, is out of range.
 std::optional<CivilTime> CivilOfDate(double date) {
-    constexpr double farBeyondRange = 1e7;
-    if (!(std::fabs(date) < farBeyondRange)) return std::nullopt;
+    constexpr double kFarBeyondRange = 1e7;
+    if (!(std::fabs(date) < kFarBeyondRange)) return std::nullopt;
 
     const double whole = std::trunc(date);
     std::int64_t days = static_cast<std::int64_t>(whole);

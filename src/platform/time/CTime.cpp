@@ -19,11 +19,11 @@ int Field(std::time_t time, int CivilTime::*field) {
 }
 
 std::time_t MomentByFlag(const CivilTime& civil, int daylightFlag) {
-    constexpr int firstYear = 1900;
-    if (civil.year < std::numeric_limits<int>::min() + firstYear) return -1;
+    constexpr int kFirstYear = 1900;
+    if (civil.year < std::numeric_limits<int>::min() + kFirstYear) return -1;
     if (civil.month == std::numeric_limits<int>::min()) return -1;
     std::tm local{};
-    local.tm_year = civil.year - firstYear;
+    local.tm_year = civil.year - kFirstYear;
     local.tm_mon = civil.month - 1;
     local.tm_mday = civil.day;
     local.tm_hour = civil.hour;
@@ -71,11 +71,11 @@ int CTime::GetSecond() const {
 }
 
 int CTime::GetDayOfWeek() const {
-    constexpr int dayOfWeekOf1970 = 4;  // Thursday, from 0 for Sunday
+    constexpr int kDayOfWeekOf1970 = 4;  // Thursday, from 0 for Sunday
     const std::optional<CivilTime> civil = CivilOfMoment(m_time);
     if (!civil) return kNoField;
     const std::int64_t days = DaysOfCivil(civil->year, civil->month, civil->day);
-    const int dayOfWeek = static_cast<int>((days + dayOfWeekOf1970) % 7);
+    const int dayOfWeek = static_cast<int>((days + kDayOfWeekOf1970) % 7);
     return (dayOfWeek + 7) % 7 + 1;
 }
 

@@ -98,12 +98,12 @@ std::string FormatIso(const CivilTime& civil) {
 }
 
 std::optional<CivilTime> ParseIso(std::string_view text) {
-    constexpr std::size_t dayLength = 10;
-    constexpr std::size_t fullLength = 19;
+    constexpr std::size_t kDayLength = 10;
+    constexpr std::size_t kFullLength = 19;
     CivilTime civil;
-    if (text.size() != dayLength && text.size() != fullLength) return std::nullopt;
+    if (text.size() != kDayLength && text.size() != kFullLength) return std::nullopt;
     if (!ReadDay(text, civil)) return std::nullopt;
-    if (text.size() == fullLength && !ReadClock(text, civil)) return std::nullopt;
+    if (text.size() == kFullLength && !ReadClock(text, civil)) return std::nullopt;
     return civil;
 }
 

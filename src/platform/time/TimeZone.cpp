@@ -49,10 +49,10 @@ std::int32_t OffsetAroundDay(std::int64_t day) {
         std::int32_t offset;
         std::uint32_t generation;
     };
-    constexpr std::size_t entries = 2048;  // the due days of a store seldom span six years
-    thread_local std::array<Entry, entries> cache{};
+    constexpr std::size_t kEntries = 2048;  // the due days of a store seldom span six years
+    thread_local std::array<Entry, kEntries> cache{};
 
-    Entry& entry = cache[static_cast<std::size_t>(day) % entries];
+    Entry& entry = cache[static_cast<std::size_t>(day) % kEntries];
     const std::uint32_t generation = g_generation.load(std::memory_order_relaxed);
     if (entry.day != day || entry.generation != generation) {
         entry = {day, ReadOffset(day), generation};
@@ -64,9 +64,9 @@ std::int32_t OffsetAroundDay(std::int64_t day) {
 // the higher offset. It counts where that offset is in force then; where neither is, the clock
 // leaves the time out, and the later moment is the one moved on by the gap.
 std::int64_t MomentNearChange(std::int64_t local) {
-    constexpr std::int64_t margin = 36 * kHour;
-    const std::int32_t before = OffsetAt(local - margin);
-    const std::int32_t after = OffsetAt(local + margin);
+    constexpr std::int64_t kMargin = 36 * kHour;
+    const std::int32_t before = OffsetAt(local - kMargin);
+    const std::int32_t after = OffsetAt(local + kMargin);
     if (before == kChanging || after == kChanging) return local;  // beyond all years of a clock
 
     const std::int64_t earlier = local - std::max(before, after);
@@ -108,8 +108,8 @@ std::int64_t MomentOfCivil(const CivilTime& civil) {
 }
 
 std::optional<CivilTime> CivilOfMoment(std::int64_t moment) {
-    constexpr std::int64_t limit = std::numeric_limits<std::int64_t>::max() / 2;
-    if (moment < -limit || moment > limit) return std::nullopt;
+    constexpr std::int64_t kLimit = std::numeric_limits<std::int64_t>::max() / 2;
+    if (moment < -kLimit || moment > kLimit) return std::nullopt;
 
     std::int32_t offset = OffsetAroundDay(DayOfSeconds(moment));
     if (offset == kChanging) offset = OffsetAt(moment);

@@ -10,17 +10,17 @@ namespace orvo {
 
 namespace {
 
-WindowSystem* systemInForce = nullptr;
-HCURSOR shownCursor = nullptr;
+WindowSystem* g_systemInForce = nullptr;
+HCURSOR g_shownCursor = nullptr;
 
 }  // namespace
 
 WindowSystem& WindowSystem::Current() {
-    return systemInForce ? *systemInForce : DefaultWindowSystem();
+    return g_systemInForce ? *g_systemInForce : DefaultWindowSystem();
 }
 
 void WindowSystem::SetCurrent(WindowSystem* system) {
-    systemInForce = system;
+    g_systemInForce = system;
 }
 
 HCURSOR LoadStandardCursor(int number) {
@@ -37,11 +37,11 @@ HCURSOR LoadStandardCursor(int number) {
 
 HCURSOR SetCursor(HCURSOR cursor) {
     WindowSystem::Current().ShowCursor(cursor);
-    return std::exchange(shownCursor, cursor);
+    return std::exchange(g_shownCursor, cursor);
 }
 
 HCURSOR GetCursor() {
-    return shownCursor;
+    return g_shownCursor;
 }
 
 CWaitCursor::CWaitCursor() : m_before(SetCursor(LoadStandardCursor(IDC_WAIT))) {}
