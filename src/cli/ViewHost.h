@@ -30,7 +30,7 @@ private:
     COrvoDesktopOptions m_options;
 };
 
-// What a command that was told to hide or mask private entries says of them.
+// How a command shows private entries that it was asked to hide or to mask.
 Disclosure Narrowed(Disclosure disclosure, bool hidesPrivate, bool masksPrivate);
 
 // The window system in force, and the main window, as long as it lives.

@@ -43,7 +43,8 @@ public:
     // The name that is shown, in the system's code page, made anew at each call. A category is
     // renamed by SetName.
     CString& GetName();
-    // The text that GetName gives changes nothing, whatever the page lacks of the name.
+    // The text that GetName gives changes nothing, even where the page lacks characters of the
+    // name.
     void SetName(const CString& name);
     // The name that is shown: for the category of a new store that of the user's language.
     std::string ShownUtf8() const;

@@ -34,7 +34,7 @@ public:
     const CString& FormatDate(FormatType type);
     const CString& FormatDate(const CString& picture);
 
-    // Reads a date typed by the user. What the text doesn't give keeps its value on entry. Fields
+    // Reads a date typed by the user. What the text doesn't say keeps its value on entry. Fields
     // follow the order of the picture; any of blank, "/", "-", ".", the separator and the signs of
     // the picture divides them; the digits of every script count; with two fields the year is taken
     // to be missing. Numbers followed by the signs for year, month and day (年月日) need no order.

@@ -103,8 +103,8 @@ protected:
     long ChangeUtf8(std::uint8_t field, std::string_view utf8);
 
     // Runs `change` on the row as the store has it now, writes it back, takes it over into this
-    // copy and tells the table; on a record that isn't in its table, on this copy alone. With
-    // Parts::All the note, the source and its origin are read before and written after.
+    // copy and reports it to the table; on a record that isn't in its table, on this copy alone.
+    // With Parts::All the note, the source and its origin are read before and written after.
     struct Draft {
         StoredRow row;  // all but `fields`
         PackedFields fields;

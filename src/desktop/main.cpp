@@ -195,7 +195,7 @@ int ShowWindow(StoreSession& session, const CommandLine& line, Instance* instanc
     return window.IsToReopen() ? kReopen : code;
 }
 
-// Behind each window's title; two windows of two stores are told apart by it.
+// Behind each window's title; it tells windows of two stores apart.
 QString TitleOf(const std::string& store) {
     QString program = "Orvo Desktop";
     if (InstanceName(store) == InstanceName({})) return program;

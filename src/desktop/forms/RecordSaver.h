@@ -50,7 +50,7 @@ public:
     }
     const std::string& Note() const { return m_note; }
 
-    // One field of the form: `write` gives it to a record.
+    // One field of the form: `write` sets it in a record.
     void Add(std::function<bool()> isChanged, std::function<long(Record&)> write) {
         m_fields.push_back({std::move(isChanged), std::move(write)});
     }

@@ -12,7 +12,7 @@ namespace orvo::desktop {
 namespace {
 
 constexpr int kColumns = 3;
-// A note may be of any length; its beginning tells enough here.
+// A note may be of any length; its beginning is enough here.
 constexpr qsizetype kLongestText = 2000;
 
 QString NoteOf(const CAddressRecord& record) {

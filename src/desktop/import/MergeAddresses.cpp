@@ -118,7 +118,7 @@ private:
         return *free;
     }
 
-    // Of two ways to write a number the one that tells more of it stays; words go into the note.
+    // Of two ways to write a number the one that says more of it stays; words go into the note.
     void KeepFuller(long present, long slot, const std::string& text) {
         std::string dropped = text;
         const std::string kept(m_kept.Utf8(PhoneField(present)));

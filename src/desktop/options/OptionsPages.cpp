@@ -134,7 +134,7 @@ public:
         });
     }
 
-    // Who takes the password away must know it; who asks for one must choose it.
+    // Whoever takes the password away must know it; whoever asks for one must choose it.
     bool Confirm() override {
         const bool needsPassword = m_needsPassword->isChecked();
         if (needsPassword == m_hadPassword) return true;

@@ -88,7 +88,7 @@ private:
     QString m_problem;
 };
 
-// What device the pages go to, and how it is asked and told.
+// The device that the pages go to, and what can be asked of it.
 struct Target {
     QPagedPaintDevice& device;
     std::function<bool()> isWell;

@@ -23,11 +23,11 @@ struct PrintResult {
 struct PrintedPages {
     QPageRanges ranges;     // from 1; empty for all
     bool fromLast = false;  // the last page comes first
-    int most = 0;           // so many pages at most; 0 for no limit
+    int most = 0;           // of pages; 0 for no limit
 };
 
 // Lays the document out for the printer, and prints. Where it is cancelled or fails, the printer is
-// told to forget the job; one that can't prints the pages up to there.
+// asked to forget the job; one that can't prints the pages up to there.
 PrintResult Print(PagedDocument& document, QPrinter& printer, const PrintedPages& pages,
                   const PrintProgress& progress);
 

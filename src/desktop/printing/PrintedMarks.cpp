@@ -7,7 +7,7 @@
 namespace orvo::desktop {
 namespace {
 
-// Marks are drawn on a field of so many units a side.
+// The units a side of the field on which marks are drawn.
 constexpr qreal kField = 16;
 constexpr qreal kLineWidth = 1.2;
 

@@ -21,7 +21,7 @@ constexpr qreal kHeadingLine = 0.35;
 // Of the screen: a narrower column is left out, and the least width in which one is printed.
 constexpr int kClosedWidth = 8;
 constexpr int kLeastWidth = 24;
-// So many rows tell which widths are needed.
+// The rows by which the widths that are needed are reckoned.
 constexpr int kMeasuredRows = 200;
 
 const QColor kLineColour(0xBB, 0xBB, 0xBB);

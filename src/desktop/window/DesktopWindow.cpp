@@ -56,7 +56,7 @@ DesktopWindow::DesktopWindow(StoreSession& session, COrvoDesktopOptions& options
     m_commands.options.SetChangeListener([this] { OfferKeptForm(); });
 }
 
-// The views' widgets lie inside of this window, and are to be told of its end while it stands.
+// The views' widgets lie inside of this window, and must hear of its end while it stands.
 DesktopWindow::~DesktopWindow() {
     m_commands.texts.Close();
     m_session.SetFailureListener([](const std::string&) {});

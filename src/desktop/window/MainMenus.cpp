@@ -187,7 +187,7 @@ void MainMenus::FillColumnMenu(QMenu& menu) {
         QAction* action = menu.addAction(name.replace('&', "&&"));
         action->setCheckable(true);
         action->setChecked(std::ranges::find(shown, column.nId) != shown.end());
-        // Without its first column a row could not be told from the next.
+        // Without its first column a row looks like the next one.
         action->setEnabled(column.bOptional != 0);
         QObject::connect(action, &QAction::triggered, action,
                          [list, id = column.nId](bool isShown) {

@@ -82,7 +82,7 @@ ToDoWriter::Written ToDoWriter::Write(const CToDoRecord& record, std::string* lo
     if (parts.rest.empty()) {
         parts = {{}, SourceWithNewUid()};
         originText = kOnlyExported;
-        // Where the store can't be written, the export goes on; the next one gives another UID.
+        // Where the store can't be written, the export goes on; the next one writes another UID.
         CToDoRecord stored(m_table);
         const bool isKept = (!loss || loss->empty()) && m_table.Find(record.GetId(), stored) == 0;
         if (isKept) stored.SetSource(parts.rest, originText);

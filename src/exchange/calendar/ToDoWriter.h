@@ -29,7 +29,7 @@ public:
     // The VTODO that the record was imported from, with the lines of edited fields written anew; a
     // fresh one, which keeps the other one's lines as far as both formats have them, where the
     // record came in another format or wasn't imported. One that wasn't gets its UID at its first
-    // export and keeps it in its source. Where the store can't give the record's note and what it
+    // export and keeps it in its source. Where the store can't read the record's note and what it
     // was imported from, the to-do goes without them and `loss` says why in one line; without a
     // `loss`, throws ExchangeError.
     Written Write(const CToDoRecord& record, std::string* loss = nullptr);

@@ -186,7 +186,7 @@ void CardEdits::EditNames() {
     const bool areSame = IsSame(AddressField::Name) && IsSame(AddressField::First);
     const std::string_view name = m_now.Text(AddressField::Name);
     const bool hasFirst = !m_now.Text(AddressField::First).empty();
-    // FN alone can tell a name only while it isn't the company.
+    // FN alone can hold a name only while it isn't the company.
     const bool isCompany = Trimmed(name) == Trimmed(m_now.Text(AddressField::Company));
     const bool formattedWillDo =
         m_was.nameIsFormatted && !hasFirst && !isCompany && !Trimmed(name).empty();

@@ -171,7 +171,7 @@ private:
         m_addedLast = true;
     }
 
-    // In this form its own words tell how it is to be read, wherever it stands.
+    // In this form its own words say how it is to be read, wherever it stands.
     bool CanStayAsItIs(const ContentLine& line) const {
         if (ValueDecoder::IsLegacy(line)) return false;
         const TransferEncoding encoding = EncodingOf(line.parameters);

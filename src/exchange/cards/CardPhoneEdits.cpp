@@ -91,7 +91,7 @@ void CardEdits::SetLabel(EditedLine& line, long label, const PhoneLabels& labels
         line.parameters.push_back((m_dialect == Dialect::Card21 ? "" : "TYPE=") +
                                   std::string(type));
     }
-    // Of a mail address or a page the types alone wouldn't tell the label.
+    // Of a mail address or a page the types alone wouldn't name the label.
     if ((tellsItself || !labels.IsStandard(label)) && !labels.TextOf(label).empty()) {
         line.parameters.push_back("X-ORVO-LABEL=" + QuoteParameter(labels.TextOf(label)));
     }

@@ -14,7 +14,7 @@ public:
     explicit CardWriter(CAddressTable& table);
 
     // The card that the record was imported from, with the lines of edited fields written anew, or
-    // a fresh vCard 3.0 card. Where the store can't give the record's note and what it was imported
+    // a fresh vCard 3.0 card. Where the store can't read the record's note and what it was imported
     // from, the card goes without them and `loss` says why in one line; without a `loss`, throws
     // ExchangeError.
     std::string Write(const CAddressRecord& record, std::string* loss = nullptr);

@@ -76,7 +76,7 @@ std::string ReplaceParts(std::string_view value, std::initializer_list<NewPart> 
 std::string FormatLine(std::string_view head, std::string_view value, Dialect dialect,
                        std::string_view lineEnd);
 
-// True for a parameter that tells how the value is encoded.
+// True for a parameter that says how the value is encoded.
 bool TellsEncoding(const Parameter& parameter);
 
 // The text of a parameter value, with the escapes by '^', and back, in quotes.

@@ -1,4 +1,4 @@
-// What is said of a record that is written without what the store can't give of it.
+// What is said of a record that is written without what the store can't read of it.
 // SPDX-License-Identifier: MIT
 #pragma once
 

@@ -13,8 +13,8 @@
 
 namespace orvo {
 
-// Values that a record got when it was imported and that the same source may not give again:
-// under another time zone or language, or once the table's labels and categories have changed.
+// Values that a record got when it was imported and that the same source may not yield again: under
+// another time zone or language, or once the table's labels and categories have changed.
 struct Origin {
     std::string charset;  // the legacy set of the source; empty where it has none
 
@@ -37,7 +37,7 @@ std::string FormatOrigin(const Origin& origin);
 // Nothing for an empty text. A word that isn't understood is passed over.
 std::optional<Origin> ParseOrigin(std::string_view text);
 
-// The origin's date as a record gives it.
+// The origin's date as a record returns it.
 long RecordDateOf(const std::optional<CivilTime>& civil);
 // A record's date as its store keeps it; nothing for no date.
 std::optional<CivilTime> CivilOfRecordDate(long date);

@@ -25,7 +25,7 @@ constexpr FieldSign kFieldSigns[] = {{U'年', 'y'}, {U'月', 'M'}, {U'日', 'd'}
 
 struct Number {
     int value;
-    char field;  // 'y', 'M', 'd'; 0 where only its place tells
+    char field;  // 'y', 'M', 'd'; 0 where only its place decides
 };
 
 bool IsBlank(char32_t c) {

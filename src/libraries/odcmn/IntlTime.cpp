@@ -49,7 +49,7 @@ std::string LocaleName() {
     return U_SUCCESS(status) ? name : "en";
 }
 
-// Every call of ICU below does nothing once `status` tells of a failure.
+// Every call of ICU below does nothing once `status` is a failure.
 FormatHandle OpenFormat(const std::string& locale, UDateFormatStyle style, UErrorCode& status) {
     return FormatHandle(
         udat_open(UDAT_NONE, style, locale.c_str(), u"GMT", -1, nullptr, 0, &status));

@@ -67,7 +67,7 @@ void COrvoUIListViewCtrl::SelectAllItems(int select) {
 
 void COrvoUIListViewCtrl::SelectAndScroll(int row) {
     if (row < 0 || row >= GetItemCount()) return;
-    // A row that is the only selected one stays so, and nobody is told of a change.
+    // A row that is the only selected one stays so, and no change is reported.
     const bool isOnlyOne = IsItemSelected(row) != 0 && GetSelectedCount() == 1;
     if (!isOnlyOne) SelectAllItems(0);
     SetItemState(row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);

@@ -11,7 +11,8 @@
 
 namespace orvo {
 
-// Goes by the key of the row that it gave last, so that it doesn't mind what happens to that row.
+// Goes by the key of the row that it returned last, so that it doesn't mind what happens to that
+// row.
 class MemoryEngine::Cursor : public StoreCursor {
 public:
     enum class Rows { ById, ByCategory, Deleted };

@@ -12,10 +12,10 @@
 namespace orvo {
 
 // Reads some rows ahead and holds no statement open between, so that it neither stands in the way
-// of writers nor minds what happens to the rows that it has given. Each time it begins with the row
-// that it gave last and ends with one that it doesn't give yet: as long as both stand in order,
-// what lies between them is all that there is. Where they don't, or SQLite finds damage, it gathers
-// all that the rest of the table still gives and goes on with that.
+// of writers nor minds what happens to the rows that it has returned. Each time it begins with the
+// row that it returned last and ends with one that it doesn't return yet: as long as both stand in
+// order, what lies between them is all that there is. Where they don't, or SQLite finds damage, it
+// gathers all that can still be read of the rest of the table and goes on with that.
 class SqliteEngine::Cursor : public StoreCursor {
 public:
     // The statement takes the category, where there is one, an id and a limit.
@@ -54,7 +54,7 @@ public:
 private:
     static constexpr std::int64_t kMostRows = 256;
     static constexpr std::size_t kMostBytes = 1 << 20;
-    static constexpr std::size_t kLeastRows = 3;  // the one given last, one to give, the one behind
+    static constexpr std::size_t kLeastRows = 3;  // the last one, one to return, the one behind
 
     struct Ahead {
         StoredRow row;
@@ -93,7 +93,8 @@ private:
 
     StoreStatus ReadAhead() {
         const std::int64_t foreignVersion = m_engine.ForeignVersion();
-        // The row that was given last stands where it stood unless somebody has changed the store.
+        // The row that was returned last stands where it stood unless somebody has changed the
+        // store.
         const bool isAnchored =
             m_after != 0 && m_changes == m_engine.m_changes && m_foreignVersion == foreignVersion;
         m_changes = m_engine.m_changes;
@@ -170,7 +171,7 @@ private:
         return StoreStatus::Ok;
     }
 
-    // Gathers what the walk hasn't given yet.
+    // Gathers what the walk hasn't returned yet.
     void Salvage() {
         m_salvaged = SalvageTable(*m_engine.m_file, m_kind, m_category ? 0 : m_after);
         auto& entries = m_salvaged->entries;

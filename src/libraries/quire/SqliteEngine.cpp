@@ -234,7 +234,7 @@ StoreStatus SqliteEngine::ReadTexts(TableKind kind, TextKind texts,
     return TellsDamage(step) ? ReadTextsSingly(kind, texts, result) : Result(step);
 }
 
-// Reads the texts that a damaged table still gives.
+// Reads the texts that can still be read of a damaged table.
 StoreStatus SqliteEngine::ReadTextsSingly(TableKind kind, TextKind texts,
                                           std::vector<NumberedText>& result) {
     SqliteStatement& statement = m_statements->readText;
@@ -401,7 +401,7 @@ StoreStatus SqliteEngine::CheckFree(TableKind kind, std::int64_t id) {
                : Result(result);
 }
 
-// SQLite gives an id again where the insertion was rolled back, but a record may still hold it.
+// SQLite hands an id out again where the insertion was rolled back, but a record may still hold it.
 StoreStatus SqliteEngine::NewId(TableKind kind, std::int64_t& id) {
     SqliteStatement& statement = m_statements->Of(kind).lastId;
     const SqliteRun run(statement);

@@ -67,7 +67,7 @@ private:
     explicit SqliteEngine(std::string path);
 
     Ids& IdsOf(TableKind kind) { return m_ids[static_cast<std::size_t>(kind)]; }
-    // Ok for SQLite's results of success, else what Fail gives with SQLite's reason.
+    // Ok for SQLite's results of success, else what Fail returns with SQLite's reason.
     StoreStatus Result(int result);
     StoreStatus Run(SqliteStatement& statement);
     StoreStatus ReadTextsSingly(TableKind kind, TextKind texts, std::vector<NumberedText>& result);
@@ -84,7 +84,7 @@ private:
     StoreStatus WriteExtra(TableKind kind, std::int64_t id, const RowExtra& extra);
     StoreStatus ReadShared(TableKind kind, std::int64_t id, std::vector<SharedText>& shared);
     StoreStatus WriteShared(TableKind kind, std::int64_t id, const std::vector<SharedText>& shared);
-    // Takes away what the row has beyond so many shared texts.
+    // Takes away what the row has beyond that many shared texts.
     StoreStatus CutShared(TableKind kind, std::int64_t id, std::size_t count);
     bool ChangedNothing() const;
 

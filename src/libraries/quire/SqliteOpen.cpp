@@ -78,7 +78,7 @@ CREATE TABLE text (
 ) STRICT, WITHOUT ROWID;
 )";
 
-// What tells a store from other files.
+// What distinguishes a store from other files.
 struct Marks {
     std::int64_t applicationId = 0;
     std::int64_t version = 0;

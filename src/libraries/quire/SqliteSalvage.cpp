@@ -1,4 +1,4 @@
-// What a damaged table of a store file still gives.
+// What a damaged table of a store file still holds.
 // SPDX-License-Identifier: MIT
 #include "SqliteSalvage.h"
 
@@ -17,7 +17,7 @@ namespace orvo {
 
 namespace {
 
-// So many ids behind a damaged page are tried one by one: as many as the pages below one page of a
+// The ids behind a damaged page that are tried one by one: as many as the pages below one page of a
 // table's tree hold. Behind them the steps grow.
 constexpr std::int64_t kSingleSteps = 1 << 16;
 
@@ -255,7 +255,7 @@ private:
         for (const std::int64_t id : m_lostRows) {
             lost.emplace_back(id, id);
         }
-        // A whole index tells which rows there were.
+        // A whole index says which rows there were.
         if (!m_isIndexWhole) {
             AddLostRanges(lost);
         }
@@ -273,7 +273,7 @@ private:
         return table;
     }
 
-    // The ids that no page has told of, as far as the table ever gave them.
+    // The ids that no page has named, as far as the table ever gave them.
     void AddLostRanges(std::vector<Ids>& lost) const {
         for (auto [first, last] : m_lostRanges) {
             last = m_sequence != 0 ? std::min(last, m_sequence) : last;

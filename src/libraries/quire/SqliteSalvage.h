@@ -1,4 +1,4 @@
-// What a damaged table of a store file still gives.
+// What a damaged table of a store file still holds.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -22,7 +22,7 @@ struct KeptRow {
 
 constexpr std::int64_t kOpenEnd = std::numeric_limits<std::int64_t>::max();
 
-// A row that can be read, or rows that can't. Where nothing tells which of the lost ids had a row,
+// A row that can be read, or rows that can't. Where nothing says which of the lost ids had a row,
 // all that may have had one count.
 struct SalvagedEntry {
     std::int64_t first = 0;

@@ -11,15 +11,15 @@
 
 namespace orvo {
 
-// The pattern with the table's name for {t}, the columns that reading gives for {columns}, the
+// The pattern with the table's name for {t}, the columns that are read for {columns}, the
 // parameters of `insert` for {values} and the assignments of `update` for {assignments}.
 std::string SqliteSql(TableKind kind, const char* pattern);
 
-// The parameters of `insert` and `update`, in the order of the columns that the reading ones give:
-// id, placement, category, flags, fields, and for to-dos priority, due, completed.
+// The parameters of `insert` and `update`, in the order of the columns that are read: id,
+// placement, category, flags, fields, and for to-dos priority, due, completed.
 struct SqliteTableStatements {
-    SqliteStatement walk;          // from an id on, at most so many rows
-    SqliteStatement walkCategory;  // of a category, from an id on, at most so many rows
+    SqliteStatement walk;          // from an id on, at most that many rows
+    SqliteStatement walkCategory;  // of a category, from an id on, at most that many rows
     SqliteStatement nextCategory;  // the lowest above one
     SqliteStatement read;
     SqliteStatement readExtra;

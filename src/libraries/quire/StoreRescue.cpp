@@ -1,4 +1,4 @@
-// Saving what a damaged store file still gives.
+// Saving what can still be read of a damaged store file.
 // SPDX-License-Identifier: MIT
 #include <cerrno>
 #include <cstdio>

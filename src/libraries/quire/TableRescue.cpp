@@ -69,7 +69,7 @@ std::vector<SalvagedEntry> FindLoose(const SalvagedEntry& lost, const LooseRows&
         AddEntry(row->first, row->first, &row->second, entries);
         next = row->first + 1;
     }
-    // Behind the last row that is found, an open end tells of nothing that is known.
+    // Behind the last row that is found, an open end stands for nothing that is known.
     if (next <= lost.last && (next == lost.first || lost.last != kOpenEnd)) {
         AddEntry(next, lost.last, nullptr, entries);
     }

@@ -103,7 +103,7 @@ void CDetailViewAddrList::OnCategoryChange(UINT command) {
     if (record->GetCategoryId(present) != 0 || present == chosen) return;
     if (record->SetCategoryId(chosen) != 0) return;
 
-    // Who listens to the table may have taken the row out already.
+    // Whoever listens to the table may have taken the row out already.
     const bool isHere = RecordOf(GetItemData(m_nMenuRow)) == record;
     if (isHere && m_nCategoryShown != kAllCategories) {
         m_pMenuRecord = nullptr;

@@ -1,4 +1,4 @@
-// The user's keys and clicks in the card view, and what the parent window is told of them.
+// The user's keys and clicks in the card view, and what is reported of them to the parent window.
 // SPDX-License-Identifier: MIT
 #include <orvoshare/addressviews/DetailViewAddrCard.h>
 

@@ -46,7 +46,8 @@ public:
     virtual void DV_FillFromTable(CAddressTable* pTable, int nCategory, int bHidePrivate,
                                   int nListBy) = 0;
 
-    // Removes the item. Its record becomes the caller's, who has asked for it before.
+    // Removes the item.
+    // Owner:    the caller has the record now, for which it has asked before.
     virtual int DV_DeleteItem(int nIndex) = 0;
 
     // Removes all items and frees their records.

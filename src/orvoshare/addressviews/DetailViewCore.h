@@ -17,9 +17,9 @@
 
 namespace orvo {
 
-// `View` derives from this, from CDetailViewAddrInf and from its widget, and gives
-// `int SortByCompare(PFNLVCOMPARE compare, long listBy)`, the widget's sort, and
-// `int GetMaskPrivate()`. The core has no state.
+// `View` derives from this, from CDetailViewAddrInf and from its widget, and has `int
+// SortByCompare(PFNLVCOMPARE compare, long listBy)`, the widget's sort, and `int GetMaskPrivate()`.
+// The core has no state.
 template <class View>
 class CDetailViewCore {
 public:

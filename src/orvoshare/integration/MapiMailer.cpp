@@ -93,7 +93,7 @@ unsigned long CMapiMailer::Send(HWND parent, unsigned long count, CEmailAddress*
     }
     const unsigned long result = m_pfnSendMail(0, reinterpret_cast<std::uintptr_t>(parent),
                                                &message, MAPI_LOGON_UI | MAPI_DIALOG, 0);
-    // A user who cancels isn't an error.
+    // That the user cancels isn't an error.
     return result == MAPI_USER_ABORT ? SUCCESS_SUCCESS : result;
 }
 

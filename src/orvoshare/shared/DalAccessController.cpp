@@ -31,7 +31,7 @@ constexpr bool kTraces = false;
 constexpr bool kTraces = true;
 #endif
 
-// The data area. What lies behind the rows is zero but within a removal, and tells what is left of
+// The data area. What lies behind the rows is zero but within a removal, and shows what is left of
 // one whose process was killed.
 struct AccessTable {
     std::uint32_t count;

@@ -16,7 +16,7 @@ namespace orvo {
 constexpr const char* kDesktopOwner = "Orvo Desktop";
 constexpr const char* kTerminalOwner = "orvo";
 
-// The key of a store in the table: as its user 16 hexadecimal digits that tell the path of its
+// The key of a store in the table: as its user 16 hexadecimal digits that stand for the path of its
 // file, whichever way that is named, and this creator.
 ORVO_API std::string DataSetUser(const std::string& storePath);
 constexpr unsigned long kStoreCreator = 1;

@@ -43,7 +43,7 @@ public:
     int CreateOrOpenMap(int create, const char* name, unsigned long size, unsigned long firstValue,
                         unsigned long secondValue);
 
-    // Maps the block; who has made it writes its header, too.
+    // Maps the block; whoever has made it writes its header, too.
     // Returns:  1 on success.
     int MapView();
 

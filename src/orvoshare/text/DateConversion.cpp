@@ -75,7 +75,8 @@ CString FindYear(CString picture, CString& text, const CString& separator) {
     return {};
 }
 
-// A text without a number leaves `year` as it was; a number beyond an int gives the nearest one.
+// A text without a number leaves `year` as it was; a number beyond an int counts as the nearest
+// one.
 void ReadYear(const CString& field, int& year) {
     const char* begin = field;
     char* end = nullptr;

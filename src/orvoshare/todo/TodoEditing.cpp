@@ -64,7 +64,7 @@ void PlaceRow(CTodoListbox& view, int row, int changedColumn) {
     }
 }
 
-// Who listens to the table may have moved the row at the change, or taken it out: then -1.
+// Whoever listens to the table may have moved the row at the change, or taken it out: then -1.
 int RowOf(const CTodoListbox& view, const CToDoRecord* record) {
     return view.FindItemByData(reinterpret_cast<long>(record));
 }

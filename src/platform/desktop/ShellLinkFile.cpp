@@ -12,7 +12,7 @@ namespace {
 
 using namespace std::string_view_literals;
 
-// The header: its size, the class that reads it, the flags that tell which parts follow.
+// The header: its size, the class that reads it, the flags that say which parts follow.
 constexpr std::size_t kHeaderSize = 0x4C;
 constexpr std::size_t kClassOffset = 4;
 constexpr std::string_view kClass =

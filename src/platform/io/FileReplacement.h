@@ -29,8 +29,8 @@ public:
     bool Write(std::string_view bytes);
 
     // Gives the file these permissions and the owner of the one in its place, makes it safe on
-    // disk, and puts it in its place. Where the system lets the program give no owner, as it lets
-    // nobody but an administrator, the file becomes the writer's own.
+    // disk, and puts it in its place. Where the system doesn't let the program set the owner, as it
+    // lets nobody but an administrator, the file becomes the writer's own.
     bool Replace(mode_t permissions);
 
 private:
@@ -42,7 +42,7 @@ private:
 };
 
 // Removes a temporary file whose writer is surely gone, killed or not: nobody holds its lock. Where
-// that can't be told, or another user made it, it stays.
+// that isn't known, or another user made it, it stays.
 ORVO_API void RemoveAbandoned(const std::string& temporary);
 
 // The folder in which a file lies; "." for a bare name.

@@ -74,7 +74,7 @@ private:
 };
 
 // The sockets of processes that were killed lie about; only while nobody begins to listen can one
-// that refuses be told from one that isn't ready yet.
+// that refuses be distinguished from one that isn't ready yet.
 void RemoveDead(const std::string& folder) {
     std::error_code ignored;
     for (const auto& file : std::filesystem::directory_iterator(folder, ignored)) {

@@ -16,7 +16,7 @@ namespace orvo {
 ORVO_API std::string RuntimeFolder(std::string& error);
 
 // A file name for any bytes, of at most 200 characters: of a long text it has the start, and a hash
-// that tells it from others.
+// that distinguishes it from others.
 ORVO_API std::string FileNameOf(std::string_view text);
 
 }  // namespace orvo

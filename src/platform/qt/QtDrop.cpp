@@ -80,8 +80,8 @@ bool QtDrop::IsAnothers(const QWidget& widget) const {
 }
 
 bool QtDrop::FilesDragged(const QWidget& widget, QDropEvent& event) {
-    // A program that ended in the middle of its drag has told nobody of that: what is dropped may
-    // be another's.
+    // A program that ended in the middle of its drag has reported that to nobody: what is dropped
+    // may be another's.
     if (event.type() != QEvent::DragMove) m_files = FilesOf(*event.mimeData());
     COleDropTarget* target = COleDropTarget::FromWindow(m_window);
     if (!m_files || !target) return false;

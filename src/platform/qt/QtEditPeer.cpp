@@ -1,4 +1,4 @@
-// An edit control on the screen: Qt's line edit, whose text changes only by what it is told.
+// An edit control on the screen: Qt's line edit, whose text changes only as it is asked to.
 // SPDX-License-Identifier: MIT
 #include <QClipboard>
 #include <QContextMenuEvent>

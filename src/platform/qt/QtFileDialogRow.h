@@ -16,8 +16,8 @@ namespace orvo {
 using QtControls = std::map<UINT, QWidget*>;
 
 // Adds the controls below the rows of a grid with labels on the left: a label that begins the
-// template stands below those. Texts get the room that they need. `clicked` is told the number of
-// each button that is clicked.
+// template stands below those. Texts get the room that they need. `clicked` is called with the
+// number of each button that is clicked.
 // Owner:    the widget of the grid.
 QtControls AddControlRow(QGridLayout& grid, const DialogTemplate& dialog,
                          const std::function<void(UINT id)>& clicked);

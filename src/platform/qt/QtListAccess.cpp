@@ -383,7 +383,7 @@ void QtListTeller::RowsMoved(QAbstractItemView& view) {
     Later();
 }
 
-// Qt tells that the view has the focus; its row is told anew.
+// Qt reports that the view has the focus; its row is reported anew.
 bool QtListTeller::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusIn) {
         m_told = {};

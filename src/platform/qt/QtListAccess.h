@@ -12,11 +12,11 @@ namespace orvo {
 
 class QtList;
 
-// From now on the views of lists are told of as tables with headings, rows and cells, or as lists
+// From now on the views of lists are presented as tables with headings, rows and cells, or as lists
 // of icons or cards. Called once the application stands; again it does nothing.
 void TellOfLists();
 
-// Tells what becomes of the row that has the focus, a moment later and at once, as a step of the
+// Reports what becomes of the row that has the focus, a moment later and at once, as a step of the
 // user changes focus, selection and text one by one.
 class QtListTeller : public QObject {
 public:
@@ -31,7 +31,7 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    // What was told last.
+    // What was reported last.
     struct State {
         QAccessible::Id item = 0;
         QString text;

@@ -20,7 +20,7 @@ class QtReportView;
 
 // Rows, selection and focus are RowListPeer's; Qt knows only how many rows there are and which has
 // the focus. How far the list is scrolled is Qt's. While drawing is off Qt hears of no row: what
-// has changed is told at once when it is on again.
+// has changed is reported in one piece when it is on again.
 class QtListPeer : public QtList {
 public:
     QtListPeer(QtInputState& input, const PeerPlace& place);

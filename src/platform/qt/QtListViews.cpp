@@ -1,4 +1,4 @@
-// The views of a list: Qt keeps scroll bars and heading, and tells assistive technology; the
+// The views of a list: Qt keeps scroll bars and heading, and talks to assistive technology; the
 // window paints.
 // SPDX-License-Identifier: MIT
 #include <QHeaderView>

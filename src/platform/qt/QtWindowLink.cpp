@@ -175,7 +175,7 @@ bool QtWindowLink::KeyReleased(const QKeyEvent& event) {
 
 void QtWindowLink::FocusLost(const QFocusEvent& event) {
     m_input.keysDown.clear();
-    // A menu gives the focus back; a window of ours tells for itself, and from where it came.
+    // A menu gives the focus back; a window of ours reports that itself, and from where it came.
     if (event.reason() == Qt::PopupFocusReason || IsLinked(QApplication::focusWidget())) return;
     if (CWnd::GetFocus() == CWnd::FromHandle(Handle())) NoteFocus(nullptr);
 }

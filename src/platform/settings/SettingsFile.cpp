@@ -26,7 +26,7 @@ constexpr mode_t kOwnFile = 0600;
 constexpr mode_t kPermissions = 07777;
 constexpr std::string_view kNoFile = "it is no regular file";
 
-// Longer than the steps in which any usual file system tells the time of a change, but for FAT's.
+// Longer than the steps in which any usual file system counts the time of a change, but for FAT's.
 constexpr std::int64_t kSettlingMilliseconds = 100;
 
 std::string Because(std::string_view what) {

@@ -9,7 +9,7 @@
 
 namespace orvo {
 
-// As AsciiWeightsFor tells.
+// As AsciiWeightsFor says.
 // Requires: a collator that doesn't tell the case of letters.
 std::array<std::uint8_t, 128> MakeAsciiWeights(const UCollator& collator);
 

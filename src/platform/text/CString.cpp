@@ -34,7 +34,7 @@ bool IsAscii(std::string_view text) {
 }
 
 // False where the byte is the trail byte of a double-byte character. Lead bytes are trail bytes
-// too, so the run of them before the byte tells by its length: the first of a run begins a
+// too, so the run of them before the byte decides by its length: the first of a run begins a
 // character.
 bool BeginsCharacter(const CodePage& page, std::string_view text, std::size_t position) {
     if (page.Number() != kJapaneseCodePage) return true;

@@ -13,7 +13,7 @@ namespace orvo {
 // A byte string that may hold any byte, zero included. Positions and lengths are in bytes.
 // Operations that look for a character or a set of characters go through the text character by
 // character in the system's code page, so that a trail byte is never taken for an ASCII character.
-// A position outside the text gives an empty result or -1, never a fault.
+// A position outside the text leads to an empty result or -1, never a fault.
 class ORVO_API CString {
 public:
     CString() = default;

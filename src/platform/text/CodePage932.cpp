@@ -86,7 +86,7 @@ icu::LocalUConverterPointer OpenConverter() {
     return converter;
 }
 
-// Some characters have several codes; ICU tells which one is written.
+// Some characters have several codes; ICU decides which one is written.
 Tables::Tables() {
     decode.fill(kNoCharacter);
     encode.fill(kNoCode);

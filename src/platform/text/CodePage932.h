@@ -22,7 +22,7 @@ public:
     void FromUtf16(std::u16string_view utf16, std::string& text) const override;
 
 private:
-    // Both give 0 where there is none.
+    // Both return 0 where there is none.
     char32_t CharacterOfPrivateCode(unsigned code) const;
     unsigned PrivateCodeOfCharacter(char32_t character) const;
 

@@ -31,15 +31,15 @@ public:
     static CTime GetCurrentTime();
 
     // Replaces the clock of GetCurrentTime for this process: from now on it stands at `now`. A
-    // negative value gives the real clock back. For hosts that repeat a day and for tests.
+    // negative value brings the real clock back. For hosts that repeat a day and for tests.
     static void SetClock(std::time_t now);
 
     CTime() = default;
     CTime(std::time_t time) : m_time(time) {}
 
     // A local time. Fields out of their range are carried over by the calendar; a time that can't
-    // be represented gives -1. `daylightFlag` -1 lets the calendar decide, as MomentOfCivil does; 0
-    // and above say that the clock shows standard or summer time.
+    // be represented becomes -1. `daylightFlag` -1 lets the calendar decide, as MomentOfCivil does;
+    // 0 and above say that the clock shows standard or summer time.
     CTime(int year, int month, int day, int hour, int minute, int second, int daylightFlag = -1);
 
     std::time_t GetTime() const { return m_time; }

@@ -36,8 +36,8 @@ std::int32_t OffsetAt(std::int64_t moment) {
 
 // The UTC offset of all moments from the start of the day before `day` to the end of the day after
 // it, counted in UTC; kChanging where it isn't the same one. Whatever the zone, the moments of the
-// local day lie within. Both ends tell: in the zone data no two changes lie less than 95 hours
-// apart.
+// local day lie within. Both ends are enough: in the zone data no two changes lie less than 95
+// hours apart.
 std::int32_t ReadOffset(std::int64_t day) {
     const std::int32_t offset = OffsetAt((day - 1) * kDay);
     return offset == OffsetAt((day + 2) * kDay) ? offset : kChanging;

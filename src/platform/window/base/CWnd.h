@@ -119,7 +119,8 @@ protected:
     // it was sent to another.
     LRESULT Default();
 
-    // Base handlers that a derived one calls for the default handling, as the arguments tell.
+    // Base handlers that a derived one calls for the default handling, which goes by these
+    // arguments.
     void OnChar(UINT character, UINT repeat, UINT flags);
     void OnKeyDown(UINT key, UINT repeat, UINT flags);
     void OnLButtonDown(UINT flags, CPoint point);

@@ -205,7 +205,7 @@ MessageMapEntry OnCommand(UINT id, void (Class::*handler)()) {
             }};
 }
 
-// All commands from `first` to `last`; the handler is told which.
+// All commands from `first` to `last`; the handler learns which.
 template <class Class>
 MessageMapEntry OnCommandRange(UINT first, UINT last, void (Class::*handler)(UINT id)) {
     return {MessageMapEntry::Kind::Command, 0, first, last,
@@ -215,7 +215,7 @@ MessageMapEntry OnCommandRange(UINT first, UINT last, void (Class::*handler)(UIN
             }};
 }
 
-// What the child control `id` tells in WM_COMMAND, at its parent.
+// What the child control `id` reports in WM_COMMAND, at its parent.
 template <UINT Code, class Class>
 MessageMapEntry OnControl(UINT id, void (Class::*handler)()) {
     return {MessageMapEntry::Kind::Control, Code, id, id,

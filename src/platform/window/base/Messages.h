@@ -122,7 +122,7 @@ constexpr UINT WM_UNDO = 0x0304;
 constexpr UINT WM_USER = 0x0400;
 constexpr UINT WM_APP = 0x8000;
 
-// Messages to an edit control, and what it tells its parent in WM_COMMAND.
+// Messages to an edit control, and what it reports to its parent in WM_COMMAND.
 constexpr UINT EM_GETSEL = 0x00B0;
 constexpr UINT EM_SETSEL = 0x00B1;
 constexpr UINT EM_SCROLLCARET = 0x00B7;

@@ -55,7 +55,7 @@ public:
     virtual int ShowMessageBox(CWnd* owner, const CString& text, UINT type) = 0;
 
     // Lets the user choose a day, beginning at the given one.
-    // Returns:  false, and leaves the day alone, where the user thinks better of it.
+    // Returns:  false, and leaves the day alone, where the user chooses none.
     virtual bool PickDay(CWnd* owner, CTime& day) = 0;
 
     virtual void Beep(UINT type) = 0;

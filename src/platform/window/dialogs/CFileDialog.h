@@ -15,7 +15,7 @@ constexpr DWORD OFN_PATHMUSTEXIST = 0x00800;
 constexpr DWORD OFN_FILEMUSTEXIST = 0x01000;
 constexpr DWORD OFN_EXPLORER = 0x80000;
 
-// What the dialog tells itself in WM_NOTIFY.
+// What the dialog reports to itself in WM_NOTIFY.
 constexpr UINT CDN_INITDONE = NotificationCode(-601);
 constexpr UINT CDN_SELCHANGE = NotificationCode(-602);
 constexpr UINT CDN_FILEOK = NotificationCode(-606);

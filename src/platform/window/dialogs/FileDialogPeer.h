@@ -38,7 +38,7 @@ constexpr UINT kFileDialogTypeLabel = 1089;
 constexpr UINT kFileDialogNameLabel = 1090;
 constexpr UINT kFileDialogFolderLabel = 1091;  // IDOK and IDCANCEL are the buttons
 
-// A peer tells its window CDN_SELCHANGE when the user changes the name, and CDN_FILEOK when a name
+// A peer sends its window CDN_SELCHANGE when the user changes the name, and CDN_FILEOK when a name
 // that meets the setup was chosen; a button of the added row sends WM_COMMAND. The controls are
 // those of the added row, and for SetControlText the system's too; one that isn't there is
 // harmless, and counts as neither enabled nor checked.

@@ -9,8 +9,8 @@
 
 namespace orvo {
 
-// Text and selection are the peer's. Positions are bytes; the parent is told EN_UPDATE and
-// EN_CHANGE after each change.
+// Text and selection are the peer's. Positions are bytes; the parent gets EN_UPDATE and EN_CHANGE
+// after each change.
 //
 // WM_CHAR brings one character: a code point under UTF-8; on a page of double bytes the lead byte
 // comes first and waits for its trail byte. The control characters of Ctrl+A, C, X and V select

@@ -21,7 +21,7 @@ struct EditSelection {
     friend bool operator==(const EditSelection&, const EditSelection&) = default;
 };
 
-// One line of text. A peer tells nobody of what it is told to do; text that the user enters without
+// One line of text. A peer doesn't report what it is asked to do; text that the user enters without
 // messages (by an input method, by a drop) reaches it as WM_CHAR through its window. SetText puts
 // the caret at the start.
 class EditPeer : public WindowPeer {

@@ -1,4 +1,4 @@
-// CListCtrl: the user's keys and clicks, what the parent is told and asked, and painting.
+// CListCtrl: the user's keys and clicks, what is reported to and asked of the parent, and painting.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <array>
@@ -96,7 +96,7 @@ void CListCtrl::LeftReleased(CPoint point, UINT flags) {
     const bool narrows = m_narrowsOnRelease;
     m_narrowsOnRelease = false;
     TellClick(NM_CLICK, point, flags);
-    // What was told of the click may have moved the rows.
+    // The report of the click may have moved the rows.
     if (narrows && m_list && m_list->IsSelected(row) && m_list->Data(row) == data) {
         SelectOnly(*m_list, row, row);
     }

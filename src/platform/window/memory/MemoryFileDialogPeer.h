@@ -22,7 +22,7 @@ public:
     void ClickControl(UINT id);
 
     // Ends the dialog where the name is accepted. Whether to overwrite is asked in a message box,
-    // and so is told why a name won't do.
+    // which also says why a name won't do.
     void PressOk();
 
     const FileDialogSetup& Setup() const { return m_setup; }

@@ -17,7 +17,7 @@ ORVO_API double Contrast(COLORREF one, COLORREF other);
 // Black or white, whichever can be read better on the ground.
 ORVO_API COLORREF Opposite(COLORREF ground);
 
-// So many eighths of the way from a colour to another.
+// The colour that many eighths of the way from one to another.
 ORVO_API COLORREF MixColours(COLORREF from, COLORREF to, int eighths);
 
 // The first colour on the way from `colour` to `end`, by eighths, that has that contrast with the
