@@ -11,7 +11,7 @@ namespace orvo {
 std::string SettingText(const char* section, const char* key);
 
 // Keeps it in the file before it returns.
-// Gives:  false where the file can't be written; it stays as it was.
+// Returns:  false where the file can't be written; it stays as it was.
 bool SetSettingText(const char* section, const char* key, std::string_view utf8);
 
 }  // namespace orvo

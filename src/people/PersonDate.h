@@ -21,7 +21,7 @@ struct PersonDate {
 
 // Reads the dates of vCard (RFC 6350, 4.3.1, and RFC 2426): "19850412", "1985-04-12T23:20:50Z",
 // "--0412", "---12", "1985-04", "1985".
-// Gives:  nothing for any other text, and for a day that doesn't exist.
+// Returns:  nothing for any other text, and for a day that doesn't exist.
 std::optional<PersonDate> ReadPersonDate(std::string_view text);
 
 // "1985-04-12", "--04-12", "1985-04", "1985", "---12".

@@ -16,7 +16,7 @@ Person ReadPerson(std::string_view card, std::string_view charset = {});
 
 // What the record's card would say if it were exported now: the fields of the record, and with them
 // all that only the card holds that it came from.
-// Gives:  what can be read; where that isn't all, `loss` says why in one line, else it is empty.
+// Returns:  what can be read; where that isn't all, `loss` says why in one line, else it is empty.
 Person ReadPerson(const CAddressRecord& record, CAddressTable& table, std::string& loss);
 
 }  // namespace orvo
