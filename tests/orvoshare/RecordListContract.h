@@ -13,243 +13,227 @@ namespace orvo {
 constexpr UINT kReturnTold = 48843;
 constexpr const char* kSection = "List";
 
-// A fixture tells how to make its list: NewView and Bare, and MakeNamed for a record; how to fill
-// and change it: Show, Fill, InsertFirst, Empty, TakeOut and SetCategoryShown; and what to expect:
-// kChoices, kRowChanged, kRowGone, kHeadingKey and kDefaultHeading.
-template <class Fixture>
-class RecordListContract : public Fixture {
+// The includer names the fixture, `ListFixture`. It tells how to make its list: NewView and Bare,
+// and MakeNamed for a record; how to fill and change it: Show, Fill, InsertFirst, Empty, TakeOut
+// and SetCategoryShown; and what to expect: kChoices, kRowChanged, kRowGone, kHeadingKey and
+// kDefaultHeading.
+class RecordListContract : public ListFixture {
 protected:
-    // Rows of the category Business.
+    // Rows of the category Business. What changes in the table from now on is counted.
     void ShowThree() {
-        this->owner.told.clear();
-        this->view = this->NewView();
-        this->Show({"a", "b", "c"}, kBusiness);
+        table.SetListener(nullptr);
+        system.whileOpen = nullptr;
+        owner.told.clear();
+        view = NewView();
+        Show({"a", "b", "c"}, kBusiness);
+        table.SetListener([this](const RecordChange&) { ++changes; });
     }
-    void Save(const char* heading) const {
-        EXPECT_NE(OUIWriteProfileString(kSection, this->kHeadingKey, heading), 0);
-    }
-    CString Saved() const { return OUIGetProfileString(kSection, this->kHeadingKey, nullptr); }
+    CString Saved() const { return OUIGetProfileString(kSection, kHeadingKey, nullptr); }
+
+    int changes = 0;
 };
-TYPED_TEST_SUITE_P(RecordListContract);
 
-TYPED_TEST_P(RecordListContract, ThePopupOfCategoriesOpensBelowItsRow) {
-    this->ShowThree();
-    this->OpenAndClose(1, kCategoryColumn);
+TEST_F(RecordListContract, ThePopupOfCategoriesOpensBelowItsRow) {
+    ShowThree();
+    OpenAndClose(1, kCategoryColumn);
 
-    EXPECT_THAT(this->MenuItems(),
+    EXPECT_THAT(MenuItems(),
                 testing::ElementsAre("1574 Uncategorized", "1575 Business", "1576 Personal"));
-    const ShownMenu& menu = this->system.Menus().back();
+    const ShownMenu& menu = system.Menus().back();
     CRect row;
-    this->view->GetItemRect(1, &row, LVIR_BOUNDS);
-    EXPECT_EQ(menu.point, (CPoint{10 + this->Cell(1, kCategoryColumn).x, 20 + row.bottom}));
+    view->GetItemRect(1, &row, LVIR_BOUNDS);
+    EXPECT_EQ(menu.point, (CPoint{10 + Cell(1, kCategoryColumn).x, 20 + row.bottom}));
     EXPECT_EQ(menu.flags, 0x106U);
-    EXPECT_EQ(menu.owner, &this->owner);
-    EXPECT_THAT(this->owner.told, testing::IsEmpty()) << "a closed menu tells nothing";
+    EXPECT_EQ(menu.owner, &owner);
+    EXPECT_THAT(owner.told, testing::IsEmpty()) << "a closed menu tells nothing";
 }
 
-TYPED_TEST_P(RecordListContract, OnlyTheOneSelectedRowIsEditedAndNotBehindItsMask) {
-    this->ShowThree();
-    this->Click(0, kNameColumn);
-    this->Click(1, kCategoryColumn, MK_CONTROL);
-    EXPECT_THAT(this->Selected(), testing::ElementsAre(0, 1));
-    this->Click(1, kCategoryColumn, MK_CONTROL);
-    EXPECT_THAT(this->Selected(), testing::ElementsAre(0)) << "one row, but not the clicked one";
-    this->system.Click(*this->view, {this->Cell(0, kCategoryColumn).x, 290});  // below the rows
-    for (const Choice& choice : this->kChoices) {
-        this->view->SelectAllItems(1);
-        this->Click(0, choice.column);
+TEST_F(RecordListContract, OnlyTheOneSelectedRowIsEditedAndNotBehindItsMask) {
+    ShowThree();
+    Click(0, kNameColumn);
+    Click(1, kCategoryColumn, MK_CONTROL);
+    EXPECT_THAT(Selected(), testing::ElementsAre(0, 1));
+    Click(1, kCategoryColumn, MK_CONTROL);
+    EXPECT_THAT(Selected(), testing::ElementsAre(0)) << "one row, but not the clicked one";
+    system.Click(*view, {Cell(0, kCategoryColumn).x, 290});  // below the rows
+    for (const Choice& choice : kChoices) {
+        view->SelectAllItems(1);
+        Click(0, choice.column);
     }
 
-    this->RecordAt(0)->SetPrivate(1);
-    this->view->SetMaskPrivate(1);
-    for (const Choice& choice : this->kChoices) this->Click(0, choice.column);
+    RecordAt(0)->SetPrivate(1);
+    view->SetMaskPrivate(1);
+    for (const Choice& choice : kChoices) Click(0, choice.column);
 
-    EXPECT_THAT(this->system.Menus(), testing::IsEmpty());
-    EXPECT_THAT(this->owner.told, testing::IsEmpty());
-    this->view->SetMaskPrivate(0);
-    this->Choose(0, kToPersonal);
-    EXPECT_EQ(CategoryOf(*this->RecordAt(0)), kPersonal) << "private, but not masked";
+    EXPECT_THAT(system.Menus(), testing::IsEmpty());
+    EXPECT_THAT(owner.told, testing::IsEmpty());
+    view->SetMaskPrivate(0);
+    Choose(0, kToPersonal);
+    EXPECT_EQ(CategoryOf(*RecordAt(0)), kPersonal) << "private, but not masked";
 }
 
-TYPED_TEST_P(RecordListContract, AChosenCategoryIsStoredAndToldUnlessTheRowHasIt) {
-    this->ShowThree();
-    int changes = 0;
-    this->table.SetListener([&](const RecordChange&) { ++changes; });
-
-    this->Choose(1, kToBusiness);
+TEST_F(RecordListContract, AChosenCategoryIsStoredAndToldUnlessTheRowHasIt) {
+    ShowThree();
+    Choose(1, kToBusiness);
     EXPECT_EQ(changes, 0);
-    EXPECT_THAT(this->owner.told, testing::IsEmpty());
+    EXPECT_THAT(owner.told, testing::IsEmpty());
 
-    this->Choose(1, kToPersonal);
-    EXPECT_EQ(CategoryOf(*this->Stored(this->RecordAt(1)->GetId())), kPersonal);
+    Choose(1, kToPersonal);
+    EXPECT_EQ(CategoryOf(*Stored(RecordAt(1)->GetId())), kPersonal);
     EXPECT_EQ(changes, 1);
-    EXPECT_THAT(this->owner.told, testing::ElementsAre(this->kRowChanged));
-    EXPECT_EQ(this->Names(), "a b c");
-    this->table.SetListener(nullptr);
+    EXPECT_THAT(owner.told, testing::ElementsAre(kRowChanged));
+    EXPECT_EQ(Names(), "a b c");
 }
 
-TYPED_TEST_P(RecordListContract, TheRowGoesWhereOneOtherCategoryIsOnShow) {
-    this->ShowThree();
-    this->SetCategoryShown(kBusiness);
-    const std::int64_t last = this->RecordAt(2)->GetId();
+TEST_F(RecordListContract, TheRowGoesWhereOneOtherCategoryIsOnShow) {
+    ShowThree();
+    SetCategoryShown(kBusiness);
+    const std::int64_t last = RecordAt(2)->GetId();
 
-    this->Choose(2, kToPersonal);
-    this->Choose(0, kToPersonal);
+    Choose(2, kToPersonal);
+    Choose(0, kToPersonal);
 
-    EXPECT_EQ(this->Names(), "b");
-    EXPECT_EQ(CategoryOf(*this->Stored(last)), kPersonal);
-    EXPECT_THAT(this->owner.told, testing::ElementsAre(this->kRowGone, this->kRowGone));
+    EXPECT_EQ(Names(), "b");
+    EXPECT_EQ(CategoryOf(*Stored(last)), kPersonal);
+    EXPECT_THAT(owner.told, testing::ElementsAre(kRowGone, kRowGone));
 }
 
-TYPED_TEST_P(RecordListContract, AChangedRowIsRepainted) {
-    this->ShowThree();
-    this->OpenAndClose(1, kCategoryColumn);
-    this->view->UpdateWindow();
-    ASSERT_TRUE(this->Peer().InvalidArea().IsRectEmpty());
-    this->view->SendMessage(WM_COMMAND, kToPersonal.command);
-    EXPECT_TRUE(this->IsRepainted(1));
+TEST_F(RecordListContract, AChangedRowIsRepainted) {
+    ShowThree();
+    OpenAndClose(1, kCategoryColumn);
+    view->UpdateWindow();
+    ASSERT_TRUE(Peer().InvalidArea().IsRectEmpty());
+    view->SendMessage(WM_COMMAND, kToPersonal.command);
+    EXPECT_TRUE(IsRepainted(1));
 }
 
-TYPED_TEST_P(RecordListContract, ACommandWithoutItsPopupOrForNoCategoryDoesNothing) {
-    this->ShowThree();
-    int changes = 0;
-    this->table.SetListener([&](const RecordChange&) { ++changes; });
+TEST_F(RecordListContract, ACommandWithoutItsPopupOrForNoCategoryDoesNothing) {
+    ShowThree();
     const auto sendAll = [this](UINT first) {
         for (UINT command = first; command <= 1591; ++command) {
-            this->view->SendMessage(WM_COMMAND, command);
+            view->SendMessage(WM_COMMAND, command);
         }
-        PumpMessages();
+    };
+    const auto sendChoices = [&] {
+        sendAll(kFirstCategory);
+        for (const Choice& choice : kChoices) view->SendMessage(WM_COMMAND, choice.command);
     };
 
-    sendAll(kFirstCategory);
-    this->OpenAndClose(1, kCategoryColumn);
+    sendChoices();
+    OpenAndClose(1, kCategoryColumn);
     sendAll(kFirstCategory + kCategoryCount);
-    this->Empty();
-    sendAll(kFirstCategory);
+    Empty();
+    sendChoices();
+    PumpMessages();
 
     EXPECT_EQ(changes, 0);
-    EXPECT_THAT(this->owner.told, testing::IsEmpty());
-    this->table.SetListener(nullptr);
+    EXPECT_THAT(owner.told, testing::IsEmpty());
 }
 
-TYPED_TEST_P(RecordListContract, ARowThatIsAnothersWhenTheMenuClosesIsLeftAlone) {
+TEST_F(RecordListContract, ARowThatIsAnothersWhenTheMenuClosesIsLeftAlone) {
     struct Case {
         const char* why;
         std::function<void()> whileOpen;
     };
     const Case cases[] = {
-        {"filled again", [this] { this->Fill(); }},
-        {"emptied", [this] { this->Empty(); }},
-        {"a row came before it", [this] { this->InsertFirst("x"); }},
-        {"the row went, and the next one took its place", [this] { this->TakeOut(1); }},
-        {"its records were freed", [this] { this->view->SendMessage(WM_DESTROY); }},
-        {"the window went", [this] { this->view->DestroyWindow(); }},
+        {"filled again", [this] { Fill(); }},
+        {"emptied", [this] { Empty(); }},
+        {"a row came before it", [this] { InsertFirst("x"); }},
+        {"the row went, and the next one took its place", [this] { TakeOut(1); }},
+        {"its records were freed", [this] { view->SendMessage(WM_DESTROY); }},
+        {"the window went", [this] { view->DestroyWindow(); }},
     };
-    int changes = 0;
     for (const Case& each : cases) {
-        for (const Choice& choice : this->kChoices) {
+        for (const Choice& choice : kChoices) {
             if (choice.command == 0) continue;
-            this->table.SetListener(nullptr);
-            this->system.whileOpen = nullptr;
-            this->ShowThree();
-            this->table.SetListener([&](const RecordChange&) { ++changes; });
-            this->system.whileOpen = each.whileOpen;
+            ShowThree();
+            system.whileOpen = each.whileOpen;
 
-            this->Choose(1, choice);
+            Choose(1, choice);
 
             EXPECT_EQ(changes, 0) << each.why << ' ' << choice.command;
-            EXPECT_THAT(this->owner.told, testing::IsEmpty()) << each.why << ' ' << choice.command;
+            EXPECT_THAT(owner.told, testing::IsEmpty()) << each.why << ' ' << choice.command;
         }
     }
-    this->table.SetListener(nullptr);
 }
 
-TYPED_TEST_P(RecordListContract, AListenerMayTakeTheRowOutFirst) {
-    for (const Choice& choice : this->kChoices) {
-        this->table.SetListener(nullptr);
-        this->ShowThree();
-        this->SetCategoryShown(kBusiness);
-        this->table.SetListener([this](const RecordChange&) { this->TakeOut(1); });
+TEST_F(RecordListContract, AListenerMayTakeTheRowOutFirst) {
+    for (const Choice& choice : kChoices) {
+        ShowThree();
+        SetCategoryShown(kBusiness);
+        table.SetListener([this](const RecordChange&) { TakeOut(1); });
 
-        this->Choose(1, choice);
+        Choose(1, choice);
 
-        EXPECT_EQ(this->Names(), "a c") << choice.column;
-        EXPECT_THAT(this->owner.told, testing::ElementsAre(this->kRowGone)) << choice.column;
-    }
-    this->table.SetListener(nullptr);
-}
-
-TYPED_TEST_P(RecordListContract, ARefusedChangeLeavesTheRowAndTellsNothing) {
-    this->ShowThree();
-    this->SetCategoryShown(kBusiness);
-    for (const Choice& choice : this->kChoices) {
-        this->engine.FailNext(FaultyEngine::Op::Update, "disk is full");
-
-        this->Choose(1, choice);
-
-        EXPECT_EQ(this->Names(), "a b c") << choice.column;
-        EXPECT_THAT(this->owner.told, testing::IsEmpty()) << choice.column;
+        EXPECT_EQ(Names(), "a c") << choice.column;
+        EXPECT_THAT(owner.told, testing::ElementsAre(kRowGone)) << choice.column;
     }
 }
 
-TYPED_TEST_P(RecordListContract, WithoutABoxOfCategoriesTheirPopupIsEmpty) {
-    this->ShowThree();
-    this->SetCombo(nullptr);
-    this->OpenAndClose(1, kCategoryColumn);
-    EXPECT_THAT(this->MenuItems(), testing::IsEmpty());
+TEST_F(RecordListContract, ARefusedChangeLeavesTheRowAndTellsNothing) {
+    ShowThree();
+    SetCategoryShown(kBusiness);
+    for (const Choice& choice : kChoices) {
+        engine.FailNext(FaultyEngine::Op::Update, "disk is full");
+
+        Choose(1, choice);
+
+        EXPECT_EQ(Names(), "a b c") << choice.column;
+        EXPECT_THAT(owner.told, testing::IsEmpty()) << choice.column;
+    }
 }
 
-TYPED_TEST_P(RecordListContract, TheOwnerThatWasSetIsTold) {
+TEST_F(RecordListContract, WithoutABoxOfCategoriesTheirPopupIsEmpty) {
+    ShowThree();
+    SetCombo(nullptr);
+    OpenAndClose(1, kCategoryColumn);
+    EXPECT_THAT(MenuItems(), testing::IsEmpty());
+}
+
+TEST_F(RecordListContract, TheOwnerThatWasSetIsTold) {
     OwnerWindow other;
     other.Create(WS_POPUP, {0, 0, 10, 10}, nullptr, 0);
-    this->ShowThree();
-    this->view->SetOwner(&other);
+    ShowThree();
+    view->SetOwner(&other);
 
-    this->Choose(0, kToPersonal);
-    this->system.PressKey(VK_RETURN);
+    Choose(0, kToPersonal);
+    system.PressKey(VK_RETURN);
 
-    EXPECT_THAT(other.told, testing::ElementsAre(this->kRowChanged, kReturnTold));
-    EXPECT_THAT(this->owner.told, testing::IsEmpty());
-    EXPECT_EQ(this->system.Menus()[0].owner, &this->owner) << "the menu is the parent's";
+    EXPECT_THAT(other.told, testing::ElementsAre(kRowChanged, kReturnTold));
+    EXPECT_THAT(owner.told, testing::IsEmpty());
+    EXPECT_EQ(system.Menus()[0].owner, &owner) << "the menu is the parent's";
 }
 
-TYPED_TEST_P(RecordListContract, ReturnIsToldAndGoesNoFurther) {
-    this->ShowThree();
-    this->view->SelectItem(0, 1);
-    this->system.PressKey(VK_RETURN);
-    this->system.PressKey(VK_RETURN, {VK_MENU});
-    this->system.PressKey(VK_SPACE, {VK_MENU});
-    EXPECT_THAT(this->owner.told, testing::ElementsAre(kReturnTold, kReturnTold));
-    EXPECT_THAT(this->owner.notified, testing::Not(testing::Contains(NM_RETURN)));
+TEST_F(RecordListContract, ReturnIsToldAndGoesNoFurther) {
+    ShowThree();
+    view->SelectItem(0, 1);
+    system.PressKey(VK_RETURN);
+    system.PressKey(VK_RETURN, {VK_MENU});
+    system.PressKey(VK_SPACE, {VK_MENU});
+    EXPECT_THAT(owner.told, testing::ElementsAre(kReturnTold, kReturnTold));
+    EXPECT_THAT(owner.notified, testing::Not(testing::Contains(NM_RETURN)));
 }
 
-TYPED_TEST_P(RecordListContract, TheHandIsShownOverCellsThatTakeAClick) {
-    this->ShowThree();
-    for (const Choice& choice : this->kChoices) {
-        EXPECT_TRUE(this->IsHandAt(this->Cell(1, choice.column))) << choice.column;
+TEST_F(RecordListContract, TheHandIsShownOverCellsThatTakeAClick) {
+    ShowThree();
+    for (const Choice& choice : kChoices) {
+        EXPECT_TRUE(IsHandAt(Cell(1, choice.column))) << choice.column;
     }
-    EXPECT_FALSE(this->IsHandAt(this->Cell(1, kNameColumn)));
-    const CPoint cell = this->Cell(1, kCategoryColumn);
-    EXPECT_FALSE(this->IsHandAt({cell.x, 290})) << "below the rows";
-    EXPECT_TRUE(this->IsHandAt(cell));
-    this->view->SendMessage(WM_SETCURSOR, WParamOf(this->view->GetSafeHwnd()),
-                            MAKELPARAM(static_cast<int>(HTCLIENT), 0));
+    EXPECT_FALSE(IsHandAt(Cell(1, kNameColumn)));
+    const CPoint cell = Cell(1, kCategoryColumn);
+    EXPECT_FALSE(IsHandAt({cell.x, 290})) << "below the rows";
+    EXPECT_TRUE(IsHandAt(cell));
+    view->SendMessage(WM_SETCURSOR, WParamOf(view->GetSafeHwnd()),
+                      MAKELPARAM(static_cast<int>(HTCLIENT), 0));
     EXPECT_EQ(GetCursor(), LoadStandardCursor(IDC_ARROW)) << "without a message";
-    this->RecordAt(1)->SetPrivate(1);
-    EXPECT_TRUE(this->IsHandAt(cell)) << "private, but not masked";
-    this->view->SetMaskPrivate(1);
-    EXPECT_FALSE(this->IsHandAt(cell)) << "masked";
+    RecordAt(1)->SetPrivate(1);
+    EXPECT_TRUE(IsHandAt(cell)) << "private, but not masked";
+    view->SetMaskPrivate(1);
+    EXPECT_FALSE(IsHandAt(cell)) << "masked";
+    EXPECT_TRUE(IsHandAt(Cell(0, kCategoryColumn))) << "not private";
 }
 
-TYPED_TEST_P(RecordListContract, OnlyAPrivateRecordIsPrivate) {
-    this->ShowThree();
-    this->RecordAt(1)->SetPrivate(1);
-    EXPECT_EQ(this->view->IsRecordPrivate(this->view->GetItemData(0)), 0);
-    EXPECT_EQ(this->view->IsRecordPrivate(this->view->GetItemData(1)), 1);
-    EXPECT_EQ(this->view->IsRecordPrivate(0), 0);
-}
-
-TYPED_TEST_P(RecordListContract, MarksStandInTheMiddleOfTheRowWithoutTheirRed) {
+TEST_F(RecordListContract, MarksStandInTheMiddleOfTheRowWithoutTheirRed) {
     constexpr COLORREF kRed = RGB(255, 0, 0);
     CBitmap padlock;
     CBitmap note;
@@ -259,10 +243,10 @@ TYPED_TEST_P(RecordListContract, MarksStandInTheMiddleOfTheRowWithoutTheirRed) {
     }
     note = OUIMarkInColours(note, kRed, kTextColour);
     padlock = OUIMarkInColours(padlock, kRed, kSelectedTextColour);
-    const auto record = this->MakeNamed("a");
+    const auto record = MakeNamed("a");
     for (const int id : {kNoteColumn, kPrivateColumn}) {
-        this->view->ShowColumn(id, -1);
-        EXPECT_TRUE(this->Draw(record.get(), id).empty()) << id;
+        view->ShowColumn(id, -1);
+        EXPECT_TRUE(Draw(record.get(), id).empty()) << id;
     }
     record->SetNote("a note");
     record->SetPrivate(1);
@@ -276,7 +260,7 @@ TYPED_TEST_P(RecordListContract, MarksStandInTheMiddleOfTheRowWithoutTheirRed) {
                         {kPrivateColumn, 1, padlock, {10, 20, 200, 45}, 24},
                         {kNoteColumn, 0, note, {10, 20, 30, 33}, 19}};  // -3 / 2 is -1
     for (const Row& row : rows) {
-        const Recording drawn = this->Draw(record.get(), row.id, row.cell, row.selected);
+        const Recording drawn = Draw(record.get(), row.id, row.cell, row.selected);
         ASSERT_EQ(drawn.size(), 1U) << row.id;
         EXPECT_EQ(drawn[0].bitmap, row.bitmap) << row.id;
         EXPECT_EQ(drawn[0].rect.TopLeft(), (CPoint{10, row.top}));
@@ -284,92 +268,79 @@ TYPED_TEST_P(RecordListContract, MarksStandInTheMiddleOfTheRowWithoutTheirRed) {
     }
 }
 
-TYPED_TEST_P(RecordListContract, ATextHasTheColourAndFlagsOfItsRow) {
-    this->system.SetColour(COLOR_WINDOWTEXT, RGB(1, 1, 1));
-    this->system.SetColour(COLOR_HIGHLIGHTTEXT, RGB(2, 2, 2));
-    this->ShowThree();
-    const auto record = this->MakeNamed("a");
+TEST_F(RecordListContract, ATextHasTheColourAndFlagsOfItsRow) {
+    system.SetColour(COLOR_WINDOWTEXT, RGB(1, 1, 1));
+    system.SetColour(COLOR_HIGHLIGHTTEXT, RGB(2, 2, 2));
+    ShowThree();
+    const auto record = MakeNamed("a");
     for (const int id : {kNameColumn, kCategoryColumn}) {
-        const Recording plain = this->Draw(record.get(), id);
+        const Recording plain = Draw(record.get(), id);
         ASSERT_FALSE(plain.empty()) << id;
         EXPECT_EQ(plain.back().colour, RGB(1, 1, 1));
-        EXPECT_EQ(plain.back().format, this->kFlags);
+        EXPECT_EQ(plain.back().format, kFlags);
         EXPECT_EQ(plain.size() > 1, id == kCategoryColumn) << "the mark of a pop-up";
-        EXPECT_EQ(this->Draw(record.get(), id, this->kCell, 1).back().colour, RGB(2, 2, 2));
+        EXPECT_EQ(Draw(record.get(), id, kCell, 1).back().colour, RGB(2, 2, 2));
     }
 }
 
-TYPED_TEST_P(RecordListContract, NothingIsDrawnWithoutRecordColumnRoomOrContext) {
-    const auto record = this->MakeNamed("a");
-    EXPECT_TRUE(this->Draw(nullptr, kNameColumn).empty());
-    EXPECT_TRUE(this->Draw(record.get(), 99).empty());
-    EXPECT_TRUE(this->Draw(record.get(), kCategoryColumn, {10, 20, 10, 45}).empty());
-    CRect cell = this->kCell;
-    this->view->DrawColumn(nullptr, 0, reinterpret_cast<DWORD>(record.get()), cell, 0, 0, 0);
+TEST_F(RecordListContract, NothingIsDrawnWithoutRecordColumnRoomOrContext) {
+    const auto record = MakeNamed("a");
+    EXPECT_TRUE(Draw(nullptr, kNameColumn).empty());
+    EXPECT_TRUE(Draw(record.get(), 99).empty());
+    EXPECT_TRUE(Draw(record.get(), kCategoryColumn, {10, 20, 10, 45}).empty());
+    CRect cell = kCell;
+    view->DrawColumn(nullptr, 0, reinterpret_cast<DWORD>(record.get()), cell, 0, 0, 0);
 }
 
-TYPED_TEST_P(RecordListContract, ACategoryThatIsGoneIsUncategorizedAndStillAPopup) {
-    this->ShowThree();
-    const auto record = this->MakeNamed("a");
+TEST_F(RecordListContract, ACategoryThatIsGoneIsUncategorizedAndStillAPopup) {
+    ShowThree();
+    const auto record = MakeNamed("a");
     record->SetCategoryId(9);
-    EXPECT_EQ(this->TextOf(*record, kCategoryColumn), "Uncategorized");
-    EXPECT_GT(this->Draw(record.get(), kCategoryColumn).size(), 1U);
+    EXPECT_EQ(TextOf(*record, kCategoryColumn), "Uncategorized");
+    EXPECT_GT(Draw(record.get(), kCategoryColumn).size(), 1U);
 }
 
-TYPED_TEST_P(RecordListContract, WithNothingSavedTheDefaultHeadingIsShown) {
-    this->view = this->Bare();
-    EXPECT_EQ(this->view->ReadHeaderColumnInfo(kSection, 0), 1);
-    EXPECT_EQ(HeadingOf(*this->view), this->kDefaultHeading);
-    EXPECT_EQ(this->Saved(), "") << "reading writes nothing";
+TEST_F(RecordListContract, WithNothingSavedTheDefaultHeadingIsShown) {
+    view = Bare();
+    EXPECT_EQ(view->ReadHeaderColumnInfo(kSection, 0), 1);
+    EXPECT_EQ(HeadingOf(*view), kDefaultHeading);
+    EXPECT_EQ(Saved(), "") << "reading writes nothing";
 }
 
-TYPED_TEST_P(RecordListContract, WhatTheUserDidToTheColumnsIsSaved) {
-    this->view = this->Bare();
-    this->view->ReadHeaderColumnInfo(kSection, 0);
-    this->view->SetColumnWidth(this->view->IndexOf(kCategoryColumn), 77);
-    this->view->SetColumnWidth(this->view->IndexOf(kNameColumn), 250);
-    this->view->HideColumn(kNameColumn);
+TEST_F(RecordListContract, WhatTheUserDidToTheColumnsIsSaved) {
+    view = Bare();
+    view->ReadHeaderColumnInfo(kSection, 0);
+    view->SetColumnWidth(view->IndexOf(kCategoryColumn), 77);
+    view->SetColumnWidth(view->IndexOf(kNameColumn), 250);
+    view->HideColumn(kNameColumn);
     std::vector<int> order;
-    const int count = this->view->GetHeaderCtrl()->GetItemCount();
+    const int count = view->GetHeaderCtrl()->GetItemCount();
     for (int index = count - 1; index >= 0; --index) order.push_back(index);
-    ASSERT_TRUE(this->view->SetColumnOrderArray(count, order.data()));
-    const std::vector<int> shown = this->view->GetShownColumns();
-    EXPECT_NE(this->view->WriteHeaderColumnInfo(kSection), 0);
+    ASSERT_TRUE(view->SetColumnOrderArray(count, order.data()));
+    const std::vector<int> shown = view->GetShownColumns();
+    EXPECT_NE(view->WriteHeaderColumnInfo(kSection), 0);
 
-    this->view = this->Bare();
-    EXPECT_EQ(this->view->ReadHeaderColumnInfo(kSection, 0), 1);
-    EXPECT_EQ(this->view->GetShownColumns(), shown);
-    EXPECT_EQ(this->view->GetColumnWidth(this->view->IndexOf(kCategoryColumn)), 77);
-    EXPECT_EQ(HeadingOf(*this->view), this->Saved());
-    this->view->ShowColumn(kNameColumn, -1);
-    EXPECT_EQ(this->view->GetColumnWidth(this->view->IndexOf(kNameColumn)), 250);
+    view = Bare();
+    EXPECT_EQ(view->ReadHeaderColumnInfo(kSection, 0), 1);
+    EXPECT_EQ(view->GetShownColumns(), shown);
+    EXPECT_EQ(view->GetColumnWidth(view->IndexOf(kCategoryColumn)), 77);
+    EXPECT_EQ(HeadingOf(*view), Saved());
+    view->ShowColumn(kNameColumn, -1);
+    EXPECT_EQ(view->GetColumnWidth(view->IndexOf(kNameColumn)), 250);
 }
 
-TYPED_TEST_P(RecordListContract, WithoutSectionColumnsOrWindowNothingIsReadOrSaved) {
-    this->view = this->Bare();
-    EXPECT_EQ(this->view->ReadHeaderColumnInfo(nullptr, 0), 0);
-    this->Save("(0) 1 2");
-    EXPECT_EQ(this->view->ReadHeaderColumnInfo(kSection, 0), 0);
-    EXPECT_THAT(this->view->GetShownColumns(), testing::IsEmpty());
-    EXPECT_EQ(this->view->WriteHeaderColumnInfo(kSection), 0) << "no column is shown";
-    this->view->ShowColumn(kNameColumn, -1);
-    EXPECT_EQ(this->view->WriteHeaderColumnInfo(nullptr), 0);
-    this->view->DestroyWindow();
-    EXPECT_EQ(this->view->WriteHeaderColumnInfo(kSection), 0);
-    EXPECT_EQ(this->Saved(), "(0) 1 2");
+TEST_F(RecordListContract, WithoutSectionColumnsOrWindowNothingIsReadOrSaved) {
+    view = Bare();
+    EXPECT_EQ(view->ReadHeaderColumnInfo(nullptr, 0), 0);
+    OUIWriteProfileString(kSection, kHeadingKey, "(0) 1 2");
+    EXPECT_EQ(view->ReadHeaderColumnInfo(kSection, 0), 0);
+    EXPECT_THAT(view->GetShownColumns(), testing::IsEmpty());
+    EXPECT_EQ(view->WriteHeaderColumnInfo(kSection), 0) << "no column is shown";
+    view->ShowColumn(kNameColumn, -1);
+    EXPECT_EQ(view->WriteHeaderColumnInfo(nullptr), 0);
+    view->DestroyWindow();
+    EXPECT_EQ(view->WriteHeaderColumnInfo(kSection), 0);
+    EXPECT_EQ(Saved(), "(0) 1 2");
 }
-
-REGISTER_TYPED_TEST_SUITE_P(
-    RecordListContract, ThePopupOfCategoriesOpensBelowItsRow,
-    OnlyTheOneSelectedRowIsEditedAndNotBehindItsMask,
-    AChosenCategoryIsStoredAndToldUnlessTheRowHasIt, TheRowGoesWhereOneOtherCategoryIsOnShow,
-    AChangedRowIsRepainted, ACommandWithoutItsPopupOrForNoCategoryDoesNothing,
-    ARowThatIsAnothersWhenTheMenuClosesIsLeftAlone, AListenerMayTakeTheRowOutFirst,
-    ARefusedChangeLeavesTheRowAndTellsNothing, WithoutABoxOfCategoriesTheirPopupIsEmpty,
-    TheOwnerThatWasSetIsTold, ReturnIsToldAndGoesNoFurther, TheHandIsShownOverCellsThatTakeAClick,
-    OnlyAPrivateRecordIsPrivate, MarksStandInTheMiddleOfTheRowWithoutTheirRed,
-    ATextHasTheColourAndFlagsOfItsRow, NothingIsDrawnWithoutRecordColumnRoomOrContext,
-    ACategoryThatIsGoneIsUncategorizedAndStillAPopup, WithNothingSavedTheDefaultHeadingIsShown,
-    WhatTheUserDidToTheColumnsIsSaved, WithoutSectionColumnsOrWindowNothingIsReadOrSaved);
 
 }  // namespace orvo

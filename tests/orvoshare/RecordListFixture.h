@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <contract/FaultyEngine.h>
+#include <contract/RecordValues.h>
 #include <contracts/ListWidget.h>
 #include <libraries/quire/MemoryEngine.h>
 #include <orvoshare/ModuleInForce.h>
@@ -19,7 +20,6 @@
 #include <platform/window/WindowFixture.h>
 #include <platform/window/memory/MemoryListPeer.h>
 #include <platform/window/pictures/RecordingCanvas.h>
-#include <support/Categories.h>
 #include <support/CodePages.h>
 #include <support/OwnerWindow.h>
 
@@ -160,7 +160,7 @@ protected:
         CRect bounds;
         view->GetItemRect(row, &bounds, LVIR_BOUNDS);
         const CRect area = Peer().InvalidArea();
-        return area.top == bounds.top && area.bottom == bounds.bottom;
+        return area.top <= bounds.top && area.bottom >= bounds.bottom;
     }
 
     // What the cell of a column draws.

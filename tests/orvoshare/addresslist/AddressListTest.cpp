@@ -1,12 +1,16 @@
 // The address list as a list of records, and what its pop-up and its pointer do beyond that.
 // SPDX-License-Identifier: MIT
-#include <orvoshare/RecordListContract.h>
 #include <orvoshare/addresslist/AddressListFixture.h>
 
 namespace orvo {
 
-INSTANTIATE_TYPED_TEST_SUITE_P(Address, RecordListContract, AddressListFixture);
+using ListFixture = AddressListFixture;
 
+}  // namespace orvo
+
+#include <orvoshare/RecordListContract.h>
+
+namespace orvo {
 namespace {
 
 using AddressPopup = AddressListFixture;

@@ -39,14 +39,12 @@ TEST_F(TodoCells, EachTextColumnShowsItsField) {
     EXPECT_EQ(TextOf(*record, TodoColumn::Category), "Personal");
     EXPECT_GT(Draw(record.get(), TodoColumn::Priority).size(), 1U) << "the mark of a pop-up";
     EXPECT_EQ(Draw(record.get(), TodoColumn::DueDate).size(), 1U);
-}
 
-TEST_F(TodoCells, AMissingValueLeavesTheCellEmpty) {
-    const auto record = Make({});
-    EXPECT_TRUE(Draw(record.get(), TodoColumn::Description).empty());
-    EXPECT_TRUE(Draw(record.get(), TodoColumn::DueDate).empty());
+    const auto empty = Make({});
+    EXPECT_TRUE(Draw(empty.get(), TodoColumn::Description).empty());
+    EXPECT_TRUE(Draw(empty.get(), TodoColumn::DueDate).empty());
     view = NewView();
-    EXPECT_TRUE(Draw(record.get(), TodoColumn::Category).empty()) << "no table";
+    EXPECT_TRUE(Draw(empty.get(), TodoColumn::Category).empty()) << "no table";
 }
 
 TEST_F(TodoCells, AnOverdueDateHasItsOwnColourUnlessItIsCompleted) {
@@ -94,6 +92,18 @@ TEST_F(TodoCells, ACheckMarkHasTheColourOfItsRow) {
 
     EXPECT_EQ(Draw(record.get(), TodoColumn::Completed).at(0).bitmap, check);
     EXPECT_EQ(Draw(record.get(), TodoColumn::Completed, kCell, 1).at(0).bitmap, selectedCheck);
+}
+
+TEST_F(TodoCells, APictureColumnHasANameAndAPictureOfItsOwnInPlaceOfAHeading) {
+    const CImageList& images = *CImageList::FromHandle(view->GetHeaderCtrl()->GetImageList());
+    EXPECT_EQ(view->m_aColumns[TodoColumn::Priority].strHeading, "Pri");
+    for (const int id : {TodoColumn::Note, TodoColumn::Private, TodoColumn::Completed}) {
+        const COrvoLVColumn& column = view->m_aColumns[static_cast<std::size_t>(id)];
+        EXPECT_FALSE(column.strName.IsEmpty());
+        EXPECT_EQ(column.strHeading, "") << column.strName;
+        const int other = (column.nHeadingImage + 1) % 3;
+        EXPECT_NE(*images.GetImage(column.nHeadingImage), *images.GetImage(other)) << id;
+    }
 }
 
 TEST_F(TodoCells, TheNoteTitleHasTextPriorityAndDate) {

@@ -23,6 +23,12 @@ std::string IsoOf(long moment) {
     return FormatIso(CivilOfMoment(moment).value());
 }
 
+CString TextOf(long date, int withYear) {
+    CString text("old");
+    DateText(date, text, withYear);
+    return text;
+}
+
 class TodoDates : public ZonedTest {
 protected:
     ~TodoDates() override { CTime::SetClock(-1); }
@@ -41,17 +47,10 @@ constexpr DueRow kDueRows[] = {
     {"no clock changes", "Asia/Tokyo", "2026-05-03T00:00:00", "2026-05-03T00:00:00"},
     {"the last second of a day", "Asia/Tokyo", "2026-05-03T23:59:59", "2026-05-03T00:00:00"},
     {"a day of 23 hours", "Europe/Berlin", "2026-03-29T12:00:00", "2026-03-29T00:00:00"},
-    {"just after it", "Europe/Berlin", "2026-03-30T00:30:00", "2026-03-30T00:00:00"},
     {"late in a day of 25 hours", "Europe/Berlin", "2026-10-25T23:30:00", "2026-10-25T00:00:00"},
-    {"just before it", "Europe/Berlin", "2026-10-24T23:59:59", "2026-10-24T00:00:00"},
-    {"a spring", "America/New_York", "2026-03-08T23:30:00", "2026-03-08T00:00:00"},
-    {"just after it", "America/New_York", "2026-03-09T00:15:00", "2026-03-09T00:00:00"},
-    {"an autumn", "America/New_York", "2026-11-01T23:30:00", "2026-11-01T00:00:00"},
-    {"half an hour less", "Australia/Lord_Howe", "2026-10-04T23:45:00", "2026-10-04T00:00:00"},
-    {"just after it", "Australia/Lord_Howe", "2026-10-05T00:15:00", "2026-10-05T00:00:00"},
+    {"just after 23 hours", "America/New_York", "2026-03-09T00:15:00", "2026-03-09T00:00:00"},
     {"half an hour more", "Australia/Lord_Howe", "2026-04-05T23:45:00", "2026-04-05T00:00:00"},
     {"a day that begins at one", "Africa/Cairo", "2026-04-24T12:00:00", "2026-04-24T01:00:00"},
-    {"before a day left out", "Pacific/Apia", "2011-12-29T12:00:00", "2011-12-29T00:00:00"},
     {"after a day left out", "Pacific/Apia", "2011-12-31T12:00:00", "2011-12-31T00:00:00"},
 };
 
@@ -74,9 +73,7 @@ TEST_F(TodoDates, NoDateIsNeitherDueNorOverdueAndHasNoText) {
     EXPECT_EQ(IsDueToday(-1), 1);
     EXPECT_EQ(IsDueYesterdayOrEarlier(-1), 1);
 
-    CString text("old");
-    DateText(kMaxDate, text, 1);
-    EXPECT_EQ(text, "");
+    EXPECT_EQ(TextOf(kMaxDate, 1), "");
     for (const int choice : {3, 5, -1}) EXPECT_EQ(ChosenDate(choice, 7), kMaxDate) << choice;
 }
 
@@ -90,8 +87,6 @@ constexpr TextRow kTextRows[] = {
     {{"de-DE", 65001}, "24.12.27", "24.12", "24.12.27", "24.12"},
     {{"sv-SE", 65001}, "2027-12-24", "12-24", "2027-12-24", "12-24"},
     {{"ko-KR", 65001}, "27. 12. 24.", "12. 24", "27. 12. 24.", "12. 24."},
-    {{"ja-JP", 65001}, "2027/12/24", "12/24", "2027/12/24", "12/24"},
-    {{"ja-JP", 932}, "2027/12/24", "12/24", "2027/12/24", "12/24"},
     {{"ja-JP", 932}, "2027/12/24", "12/24", "27\x94\x4E\x31\x32\x8C\x8E\x32\x34\x93\xFA", "12/24"},
 };
 
@@ -99,25 +94,14 @@ TEST_F(TodoDates, ADateIsShownAndReadByTheLocale) {
     SetNow("Europe/Berlin", "2026-05-03T12:00:00");
     for (const TextRow& row : kTextRows) {
         const LocaleInForce locale(row.locale.tag, row.locale.codePage);
-        CString text("old");
-        DateText(MomentOf("2027-12-24T17:30:00"), text, 1);
-        EXPECT_EQ(text, row.full) << row.locale.tag;
-        DateText(MomentOf("2027-12-24T17:30:00"), text, 0);
-        EXPECT_EQ(text, row.withoutYear) << row.locale.tag;
+        EXPECT_EQ(TextOf(MomentOf("2027-12-24T17:30:00"), 1), row.full) << row.locale.tag;
+        EXPECT_EQ(TextOf(MomentOf("2027-12-24T17:30:00"), 0), row.withoutYear) << row.locale.tag;
         EXPECT_EQ(IsoOf(DateOfText(row.typed)), "2027-12-24T23:59:59") << row.typed;
         EXPECT_EQ(IsoOf(DateOfText(row.typedNoYear)), "2026-12-24T23:59:59") << row.typedNoYear;
     }
 }
 
-TEST_F(TodoDates, WhatIsNoDateIsReadAsNone) {
-    const LocaleInForce locale("en-US");
-    SetNow("Asia/Tokyo", "2026-05-03T12:00:00");
-    for (const char* text : {"", "soon", "13/32/26", "5", "//", " "}) {
-        EXPECT_EQ(DateOfText(text), -1) << text;
-    }
-}
-
-TEST_F(TodoDates, TypedYearsFallIntoTheYearsOfRecords) {
+TEST_F(TodoDates, TypedYearsFallIntoTheYearsOfRecordsAndWhatIsNoDateIsReadAsNone) {
     struct Row {
         const char *typed, *year;
     };
@@ -130,6 +114,9 @@ TEST_F(TodoDates, TypedYearsFallIntoTheYearsOfRecords) {
         const CString typed = CString("1/2/") + row.typed;
         EXPECT_EQ(IsoOf(DateOfText(typed)), std::string(row.year) + "-01-02T23:59:59") << row.typed;
     }
+    for (const char* text : {"", "soon", "13/32/26", "5", "//", " "}) {
+        EXPECT_EQ(DateOfText(text), -1) << text;
+    }
 }
 
 TEST_F(TodoDates, AChosenDateLiesAtTheStartOfItsCalendarDay) {
@@ -141,7 +128,6 @@ TEST_F(TodoDates, AChosenDateLiesAtTheStartOfItsCalendarDay) {
     using enum DateChoice;
     constexpr Row kRows[] = {
         {"today", "Asia/Tokyo", "2026-05-03T12:00:00", Today, "2026-05-03"},
-        {"over a month's end", "Asia/Tokyo", "2026-05-31T12:00:00", Tomorrow, "2026-06-01"},
         {"over a year's end", "Asia/Tokyo", "2026-12-28T23:59:59", OneWeekLater, "2027-01-04"},
         {"over 25 hours", "Europe/Berlin", "2026-10-25T00:30:00", Tomorrow, "2026-10-26"},
         {"over 23 hours", "America/New_York", "2026-03-03T23:30:00", OneWeekLater, "2026-03-10"},

@@ -57,22 +57,6 @@ inline long Day(int days) {
     return CTime(2026, 3, 14 + days, 0, 0, 0).GetTime();
 }
 
-template <class Value, class Owner>
-Value Read(const CToDoRecord& record, long (Owner::*get)(Value&) const) {
-    Value value{};
-    EXPECT_EQ((record.*get)(value), 0);
-    return value;
-}
-inline int PriorityOf(const CToDoRecord& record) {
-    return Read(record, &CToDoRecord::GetPriority);
-}
-inline long DueOf(const CToDoRecord& record) {
-    return Read(record, &CToDoRecord::GetDueDate);
-}
-inline long CompletionOf(const CToDoRecord& record) {
-    return Read(record, &CToDoRecord::GetCompletionDate);
-}
-
 // It is noon.
 class TodoFixture : public RecordListFixture<TodoList, CToDoTable, CToDoRecord> {
 protected:

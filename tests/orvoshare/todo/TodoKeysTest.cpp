@@ -11,73 +11,86 @@ using testing::SizeIs;
 
 using TodoKeys = TodoFixture;
 
-TEST_F(TodoKeys, TheMinusKeyTogglesWithoutTheOtherTestsOfAClick) {
+TEST_F(TodoKeys, AToggleByClickTestsTheRowAnewAndOneByTheMinusKeyOnlyWhetherItIsCompleted) {
+    constexpr bool kClick = false;
+    constexpr bool kKey = true;
     struct Given {
-        bool hidesCompleted = false, marksDate = false, masks = false, hidesText = false;
+        bool wasCompleted = false, hidesCompleted = false, hidesPrivate = false, marksDate = false,
+             masks = false, hidesText = false;
         int categoryShown = kAllCategories;
-        bool isCompleted = false;
-        int priority = 2;
     };
     struct Row {
         const char* why;
+        bool byKey;
         Given given;
         const char* rows;
         std::vector<UINT> told;
         std::size_t strokes = 0;
-        bool isSelected = true;  // the row stays selected
+        std::vector<int> selected{1};
     };
     const Row rows[] = {
-        {"completed", {}, "a b c", {1527}},
-        {"undone", {.hidesCompleted = true, .isCompleted = true}, "a b c", {1527}},
-        {"hidden", {.hidesCompleted = true}, "a c", {1526}, 30, false},
-        {"of another category", {.categoryShown = kPersonal}, "a b c", {1527}},
-        {"out of place, and dated", {.marksDate = true, .priority = 5}, "a b c", {1527}},
-        {"masked", {.masks = true}, "a b c", {1527}},
-        {"its text isn't shown", {.hidesCompleted = true, .hidesText = true}, "a b c", {}},
+        {"completed", kClick, {}, "a b c", {1527}},
+        {"dated, out of place", kClick, {.marksDate = true}, "a c b", {1527}, 0, {2}},
+        {"hidden", kClick, {.hidesCompleted = true}, "a c", {1526}, 30},
+        {"not shown for another reason", kClick, {.hidesPrivate = true}, "a c", {1526}},
+        {"undone", kClick, {.wasCompleted = true}, "a b c", {1527}},
+        {"undone, not dated",
+         kClick,
+         {.wasCompleted = true, .hidesCompleted = true, .marksDate = true},
+         "a b c",
+         {1527}},
+        {"undone, and not shown", kClick, {true, true, true}, "a c", {1526}},
+        {"completed", kKey, {}, "a b c", {1527}},
+        {"undone", kKey, {true, true}, "a b c", {1527}},
+        {"hidden", kKey, {.hidesCompleted = true}, "a c", {1526}, 30, {}},
+        {"of another category", kKey, {.categoryShown = kPersonal}, "a b c", {1527}},
+        {"dated, out of place", kKey, {.marksDate = true}, "a b c", {1527}},
+        {"masked", kKey, {.masks = true}, "a b c", {1527}},
+        {"no text", kKey, {.hidesCompleted = true, .hidesText = true}, "a b c", {}},
     };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.why);
+    for (const auto& [why, byKey, given, names, told, strokes, selected] : rows) {
+        SCOPED_TRACE(std::string(why) + (byKey ? " by key" : " by click"));
         ShowDays();
-        RecordAt(1)->SetPriority(row.given.priority);
-        RecordAt(1)->SetCompleted(row.given.isCompleted, 0);
-        RecordAt(1)->SetPrivate(1);
-        view->HideCompletedItems(row.given.hidesCompleted);
-        view->SetMarkCompletionDate(row.given.marksDate);
-        view->SetMaskPrivate(row.given.masks);
-        view->SetCategoryShown(row.given.categoryShown);
-        if (row.given.hidesText) view->HideColumn(TodoColumn::Description);
-        view->SelectItem(1, 1);
         const std::int64_t id = RecordAt(1)->GetId();
+        RecordAt(1)->SetPriority(5);
+        RecordAt(1)->SetCompleted(given.wasCompleted, 0);
+        RecordAt(1)->SetPrivate(1);
+        view->HideCompletedItems(given.hidesCompleted);
+        view->HidePrivateItems(given.hidesPrivate);
+        view->SetMarkCompletionDate(given.marksDate);
+        view->SetMaskPrivate(given.masks);
+        view->SetCategoryShown(given.categoryShown);
+        if (given.hidesText) view->HideColumn(TodoColumn::Description);
+        view->SelectItem(1, 1);
+        view->UpdateWindow();
         Peer().ForgetDrawn();
 
-        system.TypeText("-");
+        if (byKey) system.TypeText("-");
+        if (!byKey) Click(1, TodoColumn::Completed);
 
-        EXPECT_EQ(Stored(id)->IsCompleted(), !row.given.isCompleted);
-        const long now = CTime::GetCurrentTime().GetTime();
-        EXPECT_EQ(CompletionOf(*Stored(id)), row.given.marksDate ? now : kMaxDate);
-        EXPECT_EQ(Names(), row.rows);
-        EXPECT_EQ(owner.told, row.told);
-        EXPECT_THAT(Lines(), SizeIs(row.strokes));
-        EXPECT_EQ(Selected(), row.isSelected ? std::vector<int>{1} : std::vector<int>{});
+        EXPECT_EQ(Stored(id)->IsCompleted(), !given.wasCompleted);
+        const bool isDated = given.marksDate && !given.wasCompleted;
+        EXPECT_EQ(CompletionDateOf(*Stored(id)),
+                  isDated ? CTime::GetCurrentTime().GetTime() : kMaxDate);
+        EXPECT_EQ(Names(), names);
+        EXPECT_EQ(owner.told, told);
+        EXPECT_THAT(Lines(), SizeIs(strokes));
+        EXPECT_EQ(Selected(), selected);
+        EXPECT_TRUE(IsRepainted(1) || names != std::string_view("a b c"));
     }
 }
 
-TEST_F(TodoKeys, AToggleByKeyThatIsRefusedTellsNothing) {
-    ShowDays();
-    view->SelectItem(1, 1);
-    engine.FailNext(FaultyEngine::Op::Update, "disk is full");
-    system.TypeText("-");
-    EXPECT_EQ(RecordAt(1)->IsCompleted(), 0);
-    EXPECT_THAT(owner.told, IsEmpty());
-}
-
-TEST_F(TodoKeys, AnyOtherCharacterAndAnyOtherSelectionIsDropped) {
+TEST_F(TodoKeys, AnyOtherCharacterOrSelectionAndARefusedToggleTellNothing) {
     ShowDays();
     system.TypeText("-");
     view->SelectItem(0, 1);
     system.TypeText("+b\xE2\x88\x92 ");
     EXPECT_THAT(Selected(), ElementsAre(0)) << "no search by letters";
     view->SelectItem(1, 1);
+    system.TypeText("-");
+
+    view->SelectItem(0, 0);
+    engine.FailNext(FaultyEngine::Op::Update, "disk is full");
     system.TypeText("-");
 
     EXPECT_EQ(RecordAt(0)->IsCompleted() + RecordAt(1)->IsCompleted(), 0);
