@@ -36,67 +36,48 @@ TEST_F(AddressImages, EachModeGetsItsPictures) {
     EXPECT_NE(view->GetImageList(LVSIL_SMALL), nullptr) << "since Initialize";
     EXPECT_EQ(view->GetImageList(LVSIL_NORMAL), nullptr);
     EXPECT_EQ(HeadingImages(), nullptr);
-
     EXPECT_NE(view->SetViewMode(kLargeIconView), 0);
     EXPECT_NE(view->SetViewMode(kReportView), 0);
     EXPECT_EQ(view->SetViewMode(7), 0);
 
-    struct Row {
-        const CImageList* images;
-        int size, count;
+    const auto expectPictures = [](const CImageList* images, int size, int count) {
+        ASSERT_NE(images, nullptr) << size;
+        EXPECT_EQ(images->ImageSize(), (CSize{size, size}));
+        EXPECT_EQ(images->GetImageCount(), count);
     };
-    const Row rows[] = {{view->GetImageList(LVSIL_NORMAL), 32, 3},
-                        {view->GetImageList(LVSIL_SMALL), 16, 3},
-                        {HeadingImages(), 16, 2}};
-    for (const Row& row : rows) {
-        ASSERT_NE(row.images, nullptr) << row.size;
-        EXPECT_EQ(row.images->ImageSize(), (CSize{row.size, row.size}));
-        EXPECT_EQ(row.images->GetImageCount(), row.count);
-    }
+    expectPictures(view->GetImageList(LVSIL_NORMAL), 32, 3);
+    expectPictures(view->GetImageList(LVSIL_SMALL), 16, 3);
+    expectPictures(HeadingImages(), 16, 2);
 }
 
-TEST_F(AddressImages, RowPicturesTakeTheIconColourInPlaceOfBlue) {
-    constexpr COLORREF kIcons = RGB(1, 2, 3);
-    system.SetColour(COLOR_HIGHLIGHT, kIcons);
-    view = Bare();
-    view->SetViewMode(kLargeIconView);
-    bool isUsed = false;
-    for (const int use : {LVSIL_NORMAL, LVSIL_SMALL}) {
-        const CImageList& images = *view->GetImageList(use);
-        for (int index = 0; index < images.GetImageCount(); ++index) {
-            const std::set<COLORREF> colours = ColoursOf(images, index);
-            EXPECT_EQ(colours.count(kBlue), 0U) << index;
-            EXPECT_EQ(images.GetMask(index), kMagenta);
-            isUsed = isUsed || colours.count(kIcons) != 0;
-        }
-    }
-    EXPECT_TRUE(isUsed);
-}
-
-TEST_F(AddressImages, AChangeOfColoursReachesTheIconsAtOnceAndAfterAReportLater) {
+TEST_F(AddressImages, RowPicturesTakeTheIconColourInPlaceOfBlueAtOnceAndAfterAReportLater) {
     constexpr COLORREF kFirst = RGB(1, 2, 3);
     constexpr COLORREF kSecond = RGB(4, 5, 6);
-    const auto has = [this](int use, COLORREF colour) {
-        const CImageList* images = view->GetImageList(use);
-        return images && ColoursOf(*images, 0).count(colour) != 0;
+    const auto recolour = [this](COLORREF colour) {
+        system.SetColour(COLOR_HIGHLIGHT, colour);
+        view->SendMessage(WM_SYSCOLORCHANGE);
+    };
+    const auto expectColour = [this](int use, COLORREF colour) {
+        const CImageList& images = *view->GetImageList(use);
+        EXPECT_EQ(ColoursOf(images, 0).count(colour), 1U) << use;
+        for (int index = 0; index < images.GetImageCount(); ++index) {
+            EXPECT_EQ(ColoursOf(images, index).count(kBlue), 0U) << index;
+            EXPECT_EQ(images.GetMask(index), kMagenta);
+        }
     };
     view->SetViewMode(kLargeIconView);
-    system.SetColour(COLOR_HIGHLIGHT, kFirst);
-    view->SendMessage(WM_SYSCOLORCHANGE);
-    EXPECT_TRUE(has(LVSIL_NORMAL, kFirst));
-
+    recolour(kFirst);
+    expectColour(LVSIL_NORMAL, kFirst);
     view->SetViewMode(kSmallIconView);
-    system.SetColour(COLOR_HIGHLIGHT, kSecond);
-    view->SendMessage(WM_SYSCOLORCHANGE);
-    EXPECT_TRUE(has(LVSIL_SMALL, kSecond));
+    recolour(kSecond);
+    expectColour(LVSIL_SMALL, kSecond);
 
     view->SetViewMode(kReportView);
-    system.SetColour(COLOR_HIGHLIGHT, kFirst);
-    view->SendMessage(WM_SYSCOLORCHANGE);
+    recolour(kFirst);
     view->SetViewMode(kSmallIconView);
-    EXPECT_TRUE(has(LVSIL_SMALL, kFirst));
+    expectColour(LVSIL_SMALL, kFirst);
     view->SetViewMode(kLargeIconView);
-    EXPECT_TRUE(has(LVSIL_NORMAL, kFirst));
+    expectColour(LVSIL_NORMAL, kFirst);
 }
 
 TEST_F(AddressImages, AListOfNoSizeIsNotMade) {
@@ -167,27 +148,20 @@ TEST_F(AddressIcons, OnlyWhatIsAskedIsAnsweredAndNothingInAReport) {
     EXPECT_EQ(Ask(LVIF_TEXT, 1).text, "");
 }
 
-class AddressIconLabel : public AddressIcons, public testing::WithParamInterface<LocaleCase> {
-protected:
-    AddressIconLabel() : m_page(GetParam().tag, GetParam().codePage) {}
-
-private:
-    LocaleInForce m_page;
-};
-INSTANTIATE_TEST_SUITE_P(BothCodePages, AddressIconLabel, testing::ValuesIn(kBothCodePages));
-
-TEST_P(AddressIconLabel, ALabelHas29BytesAtMostAndEndsInAWholeCharacter) {
+TEST_F(AddressIcons, ALabelHas29BytesAtMostAndEndsInAWholeCharacter) {
     view->SetViewMode(kLargeIconView);
-    ShowOne({{Name, "1234567890123456789012345678901234567890"}});
-    EXPECT_EQ(Ask().text, "12345678901234567890123456789");
-
-    // The 29th byte is the last of a character, then the first.
-    const std::string kanji = "\u6F22";
-    const auto bytes = static_cast<std::size_t>(SystemText(kanji).GetLength());
-    ShowOne({{Name, std::string(29 - bytes, 'x') + kanji + "y"}});
-    EXPECT_EQ(Ask().text, SystemText(std::string(29 - bytes, 'x') + kanji));
-    ShowOne({{Name, std::string(28, 'x') + kanji + "y"}});
-    EXPECT_EQ(Ask().text, CString('x', 28));
+    for (const LocaleCase& page : kBothCodePages) {
+        const LocaleInForce inForce(page.tag, page.codePage);
+        const std::string kanji = "\u6F22";
+        const auto bytes = static_cast<std::size_t>(SystemText(kanji).GetLength());
+        const std::string asLast = std::string(29 - bytes, 'x') + kanji;
+        ShowOne({{Name, std::string(40, 'x')}});
+        EXPECT_EQ(Ask().text, CString('x', 29));
+        ShowOne({{Name, asLast + "y"}});
+        EXPECT_EQ(Ask().text, SystemText(asLast));
+        ShowOne({{Name, std::string(28, 'x') + kanji + "y"}});
+        EXPECT_EQ(Ask().text, CString('x', 28));
+    }
 }
 
 }  // namespace

@@ -19,29 +19,21 @@ protected:
     }
 };
 
-TEST_F(AddressItems, ANewIconStandsToTheLowerRightOfTheOneBeforeIt) {
+TEST_F(AddressItems, ANewIconStandsToTheLowerRightOfTheOneBeforeItIfAny) {
     for (const int mode : {kLargeIconView, kSmallIconView}) {
         view->DV_DeleteAll();
         view->SetViewMode(mode);
         InsertSorted("Adams");
         InsertSorted("Carter");
+        const CPoint first = Icon(0);
         view->SetItemPosition(0, {200, 100});
 
         EXPECT_EQ(InsertSorted("Baker"), 1);
+        EXPECT_EQ(InsertSorted("Aaron"), 0);
 
-        EXPECT_EQ(Icon(1), (CPoint{201, 101}));
+        EXPECT_EQ(Icon(2), (CPoint{201, 101}));
+        EXPECT_EQ(Icon(0), first) << "placed by the control";
     }
-}
-
-TEST_F(AddressItems, AnIconThatComesFirstIsPlacedByTheControl) {
-    view->SetViewMode(kLargeIconView);
-    InsertSorted("Baker");
-    const CPoint first = Icon(0);
-    view->SetItemPosition(0, {200, 100});
-
-    EXPECT_EQ(InsertSorted("Adams"), 0);
-
-    EXPECT_EQ(Icon(0), first);
 }
 
 TEST_F(AddressItems, InReportModeAnInsertionPlacesNoIcon) {

@@ -14,24 +14,6 @@ class ViewCore : public testing::TestWithParam<LocaleCase>, public ViewFixture {
 };
 INSTANTIATE_TEST_SUITE_P(BothCodePages, ViewCore, testing::ValuesIn(kBothCodePages));
 
-TEST_P(ViewCore, AFillShowsWhatFitsCategoryAndPrivacyAndIsNotArchived) {
-    Add({{Name, "Carter"}}, 5);
-    Add({{Name, "Adams"}}, 5);
-    Add({{Name, "Baker"}}, 3);
-    Add({{Name, "Private"}}, 5)->SetPrivate(1);
-    const auto archived = Add({{Name, "Archived"}}, 5);
-    archived->SetArchived(1);
-
-    Fill(5);
-    EXPECT_THAT(Names(), ElementsAre("Adams", "Carter", "Private"));
-    Fill(5, 1);
-    EXPECT_THAT(Names(), ElementsAre("Adams", "Carter"));
-    Fill(kAllCategories);
-    EXPECT_THAT(Names(), ElementsAre("Adams", "Baker", "Carter", "Private"));
-    EXPECT_EQ(view.DV_VerifyCategoryAndPrivate(archived.get(), 5, 1), 1)
-        << "only a fill looks for archived records";
-}
-
 TEST_P(ViewCore, ADamagedRecordHidesNobodyElse) {
     AddNames({"Adams"});
     StoredRow damaged;
@@ -43,14 +25,6 @@ TEST_P(ViewCore, ADamagedRecordHidesNobodyElse) {
 
     EXPECT_THAT(Names(), ElementsAre("Adams", "Baker"));
     EXPECT_EQ(table.LastError(), "the fields of record 2 are damaged");
-}
-
-TEST_P(ViewCore, AReSortDropsARecordThatNoLongerBelongs) {
-    AddNames({"Adams", "Baker"});
-    Fill(0);
-    RecordAt(1)->SetCategoryId(4);
-    EXPECT_EQ(view.DV_ReSort(1, 0, 0), -1);
-    EXPECT_THAT(Names(), ElementsAre("Adams"));
 }
 
 TEST_P(ViewCore, AReSortSortsOnlyWhatIsOutOfPlace) {
@@ -81,9 +55,6 @@ TEST_P(ViewCore, ASingleItemIsInPlaceAndOneWithoutARecordNever) {
         EXPECT_EQ(view.DV_ReSort(1, kAllCategories, 0), -1);
         EXPECT_EQ(view.DV_VerifyCategoryAndPrivate(1, kAllCategories, 0), 0);
         EXPECT_EQ(view.DV_Lookup("b"), -1);
-        CString key("before");
-        view.DVC_GetItemKey(1, key);
-        EXPECT_EQ(key, "");
         view.DV_DeleteItem(1);
     }
 }
@@ -125,16 +96,12 @@ TEST(Utf8Lookup, FindsAccentedNamesAndWalksBackAmongTheSameAccents) {
     EXPECT_EQ(list.Found("aro"), "Aron") << "and walks on where no accent differs";
 }
 
-TEST_P(ViewCore, AKeyIsTheWholeNameInListForm) {
-    Add({{Name, "Lee"}, {First, "Ann"}});
+TEST_P(ViewCore, AKeyIsTheWholeNameInListFormAndTheListingOrderChoosesIt) {
+    Add({{Name, "Lee"}, {First, "Ann"}, {Company, "Acme"}});
     Fill();
     const bool isJapanese = GetParam().codePage == 932;
     EXPECT_EQ(view.DV_Lookup("lee, a"), isJapanese ? -1 : 0);
     EXPECT_EQ(view.DV_Lookup("lee a"), isJapanese ? 0 : -1);
-}
-
-TEST_P(ViewCore, TheListingOrderChoosesTheKey) {
-    Add({{Name, "Lee"}, {Company, "Acme"}});
     Fill(kAllCategories, 0, kListByCompany);
     EXPECT_EQ(view.DV_Lookup("acme"), 0);
     EXPECT_EQ(view.DV_Lookup("lee"), -1);
@@ -151,10 +118,6 @@ TEST(JapaneseLookup, FindsATextThatIsNoReadingRowByRow) {
     EXPECT_EQ(list.Found("あ"), "阿部") << "by its reading";
     EXPECT_EQ(list.Found("阿"), "阿部") << "as it is written";
     EXPECT_EQ(list.Found("佐"), "nobody");
-    CString key;
-    list.view.DVC_GetItemYomiKey(0, key);
-    EXPECT_EQ(key, SystemText("あべ"));
-
     SystemLocale::Set("ja-JP", 65001);
     list.Fill();
     EXPECT_EQ(list.Found("あ"), "nobody") << "elsewhere readings are no keys";
