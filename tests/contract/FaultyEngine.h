@@ -78,9 +78,7 @@ public:
     // As a real one, a Commit that fails has dropped the changes.
     StoreStatus Commit() override {
         const StoreStatus status = Run(Op::Commit, [&] { return m_real.Commit(); });
-        if (status != StoreStatus::Ok) {
-            m_real.Rollback();
-        }
+        if (status != StoreStatus::Ok) m_real.Rollback();
         return status;
     }
     void Rollback() override { m_real.Rollback(); }
@@ -90,9 +88,7 @@ public:
 private:
     bool TakeFault(Op op) {
         const auto fault = m_faults.find(op);
-        if (fault == m_faults.end()) {
-            return false;
-        }
+        if (fault == m_faults.end()) return false;
         Fail(StoreStatus::Failed, std::exchange(fault->second, {}));
         m_faults.erase(fault);
         return true;
@@ -100,9 +96,7 @@ private:
 
     template <class Call>
     StoreStatus Run(Op op, const Call& call) {
-        if (TakeFault(op)) {
-            return StoreStatus::Failed;
-        }
+        if (TakeFault(op)) return StoreStatus::Failed;
         const StoreStatus status = call();
         return status == StoreStatus::Ok || status == StoreStatus::End
                    ? status

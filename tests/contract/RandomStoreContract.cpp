@@ -3,6 +3,7 @@
 #include <map>
 #include <random>
 #include <set>
+#include <tuple>
 
 #include <contract/RecordStoreContract.h>
 #include <libraries/quire/RawStore.h>
@@ -13,11 +14,15 @@ class RandomStoreContract : public RecordStoreContract {
 protected:
     using Key = std::pair<TableKind, std::int64_t>;
     struct ModelRow {
-        int category = 0;
-        std::uint32_t flags = 0;
+        StoredRow row;
         std::string fields;
         RowExtra extra;
-        bool operator==(const ModelRow&) const = default;
+        auto Parts() const {
+            return std::tuple(row.placement, row.category, row.flags, row.priority, row.due,
+                              row.completed, fields, extra.note, extra.source, extra.origin,
+                              extra.shared);
+        }
+        bool operator==(const ModelRow& other) const { return Parts() == other.Parts(); }
     };
 
     int Random(int below) { return std::uniform_int_distribution(0, below - 1)(m_random); }
@@ -26,7 +31,7 @@ protected:
     // equal.
     RowExtra AnyExtra() {
         RowExtra extra;
-        if (Random(3) == 0) extra.note = "note";
+        if (Random(3) == 0) extra = {"note", std::string("BEGIN:VCARD\0\xFF", 13), "its file"};
         for (const SharedText& text : m_kept) {
             const int choice = Random(4);
             if (choice == 0) extra.shared.push_back(text);
@@ -34,16 +39,25 @@ protected:
         }
         return extra;
     }
-    ModelRow AnyRow() {
-        return {Random(16), Random(3) == 0 ? RowFlag::Deleted : 0, std::to_string(Random(1000)),
-                AnyExtra()};
+    // A placement of 0 stands for none at an insertion. Only to-dos have a priority and dates.
+    ModelRow AnyRow(TableKind kind) {
+        ModelRow any;
+        any.row.placement = Random(3);
+        any.row.category = Random(16);
+        any.row.flags = (Random(3) == 0 ? RowFlag::Deleted : 0) | RowFlag::Private;
+        if (kind == TableKind::ToDo) {
+            any.row.priority = Random(5) + 1;
+            if (Random(2) == 0) any.row.due = CivilTime{2026, 12, 24, 17, 30, Random(60)};
+            if (Random(2) == 0) any.row.completed = CivilTime{2026, 12, 23, 8, Random(60), 59};
+        }
+        any.fields = std::string("\x01\x03\0\xFF", 4) + std::to_string(Random(1000));
+        any.extra = AnyExtra();
+        return any;
     }
 
     static StoredRow Stored(const Key& key, const ModelRow& row) {
-        StoredRow stored;
+        StoredRow stored = row.row;
         stored.id = key.second;
-        stored.category = row.category;
-        stored.flags = row.flags;
         stored.fields = row.fields;
         return stored;
     }
@@ -62,10 +76,14 @@ protected:
 
     void Insert() {
         const TableKind kind = Random(3) == 0 ? TableKind::Address : TableKind::ToDo;
-        const ModelRow row = AnyRow();
+        ModelRow row = AnyRow(kind);
         StoredRow stored = Stored({kind, 0}, row);
         ASSERT_EQ(engine.Insert(kind, stored, row.extra), StoreStatus::Ok);
         EXPECT_GT(stored.id, std::exchange(m_lastIds[kind], stored.id)) << "given again";
+        if (row.row.placement != 0) {
+            EXPECT_EQ(stored.placement, row.row.placement);
+        }
+        row.row.placement = stored.placement;
         model[{kind, stored.id}] = row;
     }
 
@@ -77,11 +95,11 @@ protected:
         const Key key = place->first;
         ModelRow& row = place->second;
         if (choice < 11) {
-            row = AnyRow();
+            row = AnyRow(key.first);
             ASSERT_EQ(engine.Update(key.first, Stored(key, row), &row.extra), StoreStatus::Ok);
         } else if (choice < 15) {
-            row.category = Random(16);
-            row.flags ^= RowFlag::Deleted;
+            row.row.category = Random(16);
+            row.row.flags ^= RowFlag::Deleted;
             ASSERT_EQ(engine.Update(key.first, Stored(key, row), nullptr), StoreStatus::Ok);
         } else {
             ASSERT_EQ(engine.Remove(key.first, key.second), StoreStatus::Ok);
@@ -94,12 +112,9 @@ protected:
     }
 
     static ModelRow Read(StoreEngine& from, const Key& key) {
-        StoredRow row;
         ModelRow read;
-        EXPECT_EQ(from.Read(key.first, key.second, row, read.fields), StoreStatus::Ok);
+        EXPECT_EQ(from.Read(key.first, key.second, read.row, read.fields), StoreStatus::Ok);
         EXPECT_EQ(from.ReadExtra(key.first, key.second, read.extra), StoreStatus::Ok);
-        read.category = row.category;
-        read.flags = row.flags;
         return read;
     }
 
@@ -142,7 +157,8 @@ TEST_P(RandomStoreContract, TheStoreHoldsWhatTheModelHolds) {
     for (const TableKind kind : {TableKind::Address, TableKind::ToDo}) {
         EXPECT_EQ(engine.Count(kind),
                   std::count_if(model.begin(), model.end(), [&](const auto& entry) {
-                      return entry.first.first == kind && entry.second.flags == 0;
+                      return entry.first.first == kind &&
+                             (entry.second.row.flags & RowFlag::Deleted) == 0;
                   }));
     }
     for (const auto& [key, row] : std::exchange(model, {})) {
@@ -160,10 +176,11 @@ TEST_P(RandomStoreContract, AWalkGivesEachRowAsItIsNowWhateverHappensMeanwhile) 
     while (cursor->Next(row) == StoreStatus::Ok) {
         const Key key{TableKind::ToDo, row.id};
         ASSERT_EQ(model.count(key), 1U);
-        EXPECT_EQ(row.category, model[key].category);
+        EXPECT_EQ(row.category, model[key].row.category);
         EXPECT_EQ(row.fields, model[key].fields);
         for (auto next = model.upper_bound(last); next->first < key; ++next) {
-            EXPECT_NE(next->second.flags, 0U) << next->first.second << " was passed over";
+            EXPECT_NE(next->second.row.flags & RowFlag::Deleted, 0U)
+                << next->first.second << " was passed over";
         }
         last = key;
         if (++walked % 3 == 0 && walked < 500) Step();

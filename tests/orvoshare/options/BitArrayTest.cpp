@@ -16,22 +16,15 @@ namespace {
 using namespace std::string_literals;
 using testing::ElementsAre;
 
-std::string Stored(CBitArrayHelper& array) {
+// What the array writes, or what is left of `bytes` after it has read them.
+std::string Serialized(CBitArrayHelper& array, CArchive::Mode mode, const std::string& bytes = "") {
     const TempFolder folder;
     CFile file;
-    EXPECT_TRUE(file.Open(folder.Path("bits").c_str(), CFile::modeCreate | CFile::modeReadWrite));
-    CArchive archive(&file, CArchive::store);
+    file.Open(folder.File("bits", bytes).c_str(), CFile::modeReadWrite);
+    CArchive archive(&file, mode);
     array.Serialize(archive);
     archive.Close();
     return TempFolder::Content(folder.Path("bits"));
-}
-
-void Load(CBitArrayHelper& array, const std::string& bytes) {
-    const TempFolder folder;
-    CFile file;
-    EXPECT_TRUE(file.Open(folder.File("bits", bytes).c_str(), CFile::modeRead));
-    CArchive archive(&file, CArchive::load);
-    array.Serialize(archive);
 }
 
 std::vector<unsigned char> Bytes(const CBitArrayHelper& array) {
@@ -41,62 +34,43 @@ std::vector<unsigned char> Bytes(const CBitArrayHelper& array) {
 }
 
 TEST(BitArray, HasAByteForEachEightBitsBegun) {
-    struct {
-        unsigned long count, bytes;
-    } const rows[] = {{0, 0}, {1, 1}, {8, 1}, {9, 2}, {16, 2}, {17, 3}};
     CBitArrayHelper array;
-    for (const auto& row : rows) {
-        EXPECT_EQ(array.Initialize(row.count), 1);
-        EXPECT_EQ(array.GetNofElements(), row.count);
-        EXPECT_EQ(array.GetArraySize(), row.bytes) << row.count;
+    for (const auto& [count, bytes] : {std::pair{0UL, 0UL}, {1, 1}, {8, 1}, {9, 2}, {17, 3}}) {
+        EXPECT_EQ(array.Initialize(count), 1);
+        EXPECT_EQ(array.GetNofElements(), count);
+        EXPECT_EQ(array.GetArraySize(), bytes) << count;
     }
 }
 
-TEST(BitArray, AnIndexBehindTheLastBitIsRefusedEvenWhereItsByteIsThere) {
+TEST(BitArray, CountsBitsFromTheLeastSignificantAndRefusesThoseBehindTheLast) {
     CBitArrayHelper array;
-    array.Initialize(9);
-    int error = 0;
-
-    EXPECT_EQ(array.SetValue(8, 1), 1);
-    EXPECT_EQ(array.SetValue(9, 1), 0);
-    EXPECT_EQ(array.GetValue(9, &error), 0);
-    EXPECT_EQ(error, 1);
-    EXPECT_EQ(array.GetValue(8, &error), 1);
-    EXPECT_EQ(error, 0);
-    EXPECT_EQ(array.GetValue(9, nullptr), 0);
-    EXPECT_THAT(Bytes(array), ElementsAre(0, 1));
-}
-
-TEST(BitArray, CountsBitsFromTheLeastSignificantAndLeavesTheOthers) {
-    CBitArrayHelper array;
-    array.Initialize(16);
-    for (const unsigned long index : {0UL, 3UL, 7UL, 10UL}) array.SetValue(index, 5);
-    array.SetValue(3, 0);
-
+    array.Initialize(11);
+    for (const unsigned long index : {0UL, 3UL, 7UL, 10UL}) EXPECT_EQ(array.SetValue(index, 5), 1);
+    EXPECT_EQ(array.SetValue(3, 0), 1);
+    EXPECT_EQ(array.SetValue(11, 1), 0) << "even where its byte is there";
     EXPECT_THAT(Bytes(array), ElementsAre(0x81, 0x04));
+
+    int error = 0;
+    EXPECT_EQ(array.GetValue(11, &error), 0);
+    EXPECT_EQ(error, 1);
+    EXPECT_EQ(array.GetValue(10, &error), 1);
+    EXPECT_EQ(error, 0);
+    EXPECT_EQ(array.GetValue(11, nullptr), 0);
 }
 
-TEST(BitArray, StoresItsNumbersAndItsBytes) {
-    CBitArrayHelper array;
-    array.Initialize(9);
-    array.SetValue(1, 1);
-    array.SetValue(8, 1);
-    EXPECT_EQ(Stored(array), "\x09\0\0\0\x02\0\0\0\x02\x01"s);
-    array.Initialize(0);
-    EXPECT_EQ(Stored(array), std::string(8, '\0'));
-    EXPECT_EQ(array.GetByteArray(nullptr), 0);
-}
-
-TEST(BitArray, LoadingReplacesWhatItHeld) {
+TEST(BitArray, StoresItsNumbersAndItsBytesAndReplacesWhatItHeldByThem) {
+    const std::string form = "\x09\0\0\0\x02\0\0\0\x02\x01"s;
     CBitArrayHelper array;
     array.Initialize(100);
-
-    Load(array, "\x09\0\0\0\x02\0\0\0\x02\x01"s);
+    Serialized(array, CArchive::load, form);
     EXPECT_EQ(array.GetNofElements(), 9U);
     EXPECT_THAT(Bytes(array), ElementsAre(2, 1));
+    EXPECT_EQ(Serialized(array, CArchive::store), form);
 
-    Load(array, std::string(8, '\0'));
+    Serialized(array, CArchive::load, std::string(8, '\0'));
     EXPECT_EQ(array.GetArraySize(), 0U);
+    EXPECT_EQ(array.GetByteArray(nullptr), 0);
+    EXPECT_EQ(Serialized(array, CArchive::store), std::string(8, '\0'));
 }
 
 TEST(BitArray, ADamagedFormIsRefusedAndTheArrayStays) {
@@ -118,7 +92,7 @@ TEST(BitArray, ADamagedFormIsRefusedAndTheArrayStays) {
         array.Initialize(3);
         array.SetValue(2, 1);
         try {
-            Load(array, row.bytes);
+            Serialized(array, CArchive::load, row.bytes);
             ADD_FAILURE() << row.why;
         } catch (const CArchiveException& exception) {
             EXPECT_EQ(exception.GetCause(), row.cause) << row.why;

@@ -64,7 +64,7 @@ TEST_F(UiPrefs, AFileThatIsntThereOrEndsEarlyGivesTheDefaultsOnce) {
     EXPECT_EQ(widths.right, 2);
 }
 
-TEST_F(UiPrefs, AFileInUseIsNeitherReadNorEmptied) {
+TEST_F(UiPrefs, AFileInUseIsNeitherReadNorEmptiedAndWhereNoneCanBeNothingIsSaved) {
     folder.File("p", "\x07\0\0\0\x08\0\0\0"s);
     CFile other;
     ASSERT_TRUE(other.Open(path.c_str(), CFile::modeRead));
@@ -72,9 +72,6 @@ TEST_F(UiPrefs, AFileInUseIsNeitherReadNorEmptied) {
     EXPECT_EQ(Load(), 0);
     EXPECT_EQ(widths.Save(path.c_str()), 0);
     EXPECT_EQ(TempFolder::Content(path).size(), 8U);
-}
-
-TEST_F(UiPrefs, SavingWhereNoFileCanBeGives0) {
     EXPECT_EQ(widths.Save(folder.Path("none/p").c_str()), 0);
     EXPECT_EQ(widths.Save("/dev/full"), 0);
 }

@@ -29,8 +29,8 @@ int AwaitEnd() {
     return 0;
 }
 
-// Tells each step before and after it: "+7?" and "+7!" for an added row, "-7?" and "-7!" for a
-// removed one; "=7" for what is wrong.
+// Tells each step that is done: "+7" for an added row, "-7" for a removed one; "=7" for what is
+// wrong.
 int JoinCrowd(const std::string& name) {
     CDalAccessController table;
     if (table.Initialize() == 0) return 2;
@@ -41,15 +41,11 @@ int JoinCrowd(const std::string& name) {
         CString owner;
         if (table.GetOwner(user.c_str(), key, owner) != 0) {
             if (owner.Bytes() != own) Tell(fmt::format("={}", key));
-            Tell(fmt::format("-{}?", key));
             if (table.RemoveAccessorInfo(user.c_str(), key) == 0) Tell(fmt::format("={}", key));
-            Tell(fmt::format("-{}!", key));
+            Tell(fmt::format("-{}", key));
         }
-        Tell(fmt::format("+{}?", key));
-        if (table.AddAccessorInfo(user.c_str(), key, own.c_str()) == 0) {
-            Tell(fmt::format("={}", key));
-        }
-        Tell(fmt::format("+{}!", key));
+        const bool isAdded = table.AddAccessorInfo(user.c_str(), key, own.c_str()) != 0;
+        Tell(fmt::format("{}{}", isAdded ? '+' : '=', key));
     }
     return 0;
 }

@@ -63,15 +63,11 @@ TEST_F(MapFileHelper, NobodyJoinsABlockByCreatingIt) {
     EXPECT_EQ(second.CreateOrOpenMap(1, "b", kSize, 1, 1), 0);
 
     EXPECT_EQ(second.MapView(), 0) << "it has no handle";
+    EXPECT_EQ(first.CreateOrOpenMap(1, "b", kSize, 2, 2), 1) << "it keeps its own";
+    EXPECT_EQ(first.MapView(), 1);
+    EXPECT_EQ(WordsOf(first).front(), 1U);
     EXPECT_EQ(first.CloseMap(), 1);
     EXPECT_EQ(second.DoesMapExist("b"), 0) << "and nothing of it stays open";
-}
-
-TEST_F(MapFileHelper, AFailedCallLeavesTheOlderBlockInPlace) {
-    CMapFileHelper block;
-    Open(block, 1, 1);
-    EXPECT_EQ(block.CreateOrOpenMap(1, "b", kSize, 2, 2), 1);
-    EXPECT_EQ(WordsOf(block).front(), 1U);
 }
 
 TEST_F(MapFileHelper, DataFitTheBlockOrAreRefused) {
@@ -91,24 +87,20 @@ TEST_F(MapFileHelper, DataFitTheBlockOrAreRefused) {
     EXPECT_EQ(std::memcmp(block.GetDataBuffer(), data.data(), kSize - 24), 0) << "the bytes stay";
 }
 
-TEST_F(MapFileHelper, ClosingTakesTheContentAway) {
-    CMapFileHelper block;
-    EXPECT_EQ(block.UnmapView(), 1) << "there is none";
-    EXPECT_EQ(block.CloseMap(), 1) << "there is none";
+TEST_F(MapFileHelper, ABlockGoesWithItsLastHandleAndNotBefore) {
+    CMapFileHelper first;
+    EXPECT_EQ(first.UnmapView() + first.CloseMap(), 2) << "there is none";
     char data[] = "abcd";
     for (int round = 0; round < 2; ++round) {
-        Open(block, 1, 1);
-        EXPECT_EQ(*static_cast<char*>(block.GetDataBuffer()), '\0') << round;
-        block.SetData(data, 4);
-        EXPECT_EQ(block.UnmapView(), 1);
-        EXPECT_EQ(block.GetDataBuffer(), nullptr);
-        EXPECT_EQ(block.DoesMapExist("b"), 1) << "the handle is open";
-        EXPECT_EQ(block.CloseMap(), 1);
-        EXPECT_EQ(block.DoesMapExist("b"), 0);
+        Open(first, 1, 1);
+        EXPECT_EQ(*static_cast<char*>(first.GetDataBuffer()), '\0') << round;
+        first.SetData(data, 4);
+        EXPECT_EQ(first.UnmapView(), 1);
+        EXPECT_EQ(first.GetDataBuffer(), nullptr);
+        EXPECT_EQ(first.DoesMapExist("b"), 1) << "the handle is open";
+        EXPECT_EQ(first.CloseMap(), 1);
+        EXPECT_EQ(first.DoesMapExist("b"), 0);
     }
-}
-
-TEST_F(MapFileHelper, WithoutAutoCloseTheBlockOutlivesItsObject) {
     CMapFileHelper last;
     {
         CMapFileHelper block;
