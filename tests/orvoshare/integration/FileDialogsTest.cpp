@@ -26,15 +26,6 @@ struct FileDialogsTest : testing::Test {
     TempFolder folder;
 };
 
-// The user names a new file, and clicks before he accepts.
-MemoryFileDialogPeer::User Names(const std::string& path, UINT clicked = 0) {
-    return [path, clicked](MemoryFileDialogPeer& shown) {
-        shown.TypeFileName(CString(path));
-        if (clicked != 0) shown.ClickControl(clicked);
-        shown.PressOk();
-    };
-}
-
 TEST_F(FileDialogsTest, TheRangeIsThatOfTheButtonThatIsCheckedInTheEnd) {
     struct Row {
         const char* why;
@@ -59,7 +50,11 @@ TEST_F(FileDialogsTest, TheRangeIsThatOfTheButtonThatIsCheckedInTheEnd) {
     for (const Row& row : rows) {
         CExportFileDialog dialog(nullptr, "vcf", "Cards|*.vcf||", nullptr, row.available,
                                  row.standard);
-        system.UseFileDialog(Names(folder.Path("new"), row.clicked));
+        system.UseFileDialog([&](MemoryFileDialogPeer& shown) {
+            shown.TypeFileName(CString(folder.Path("new")));
+            if (row.clicked != 0) shown.ClickControl(row.clicked);
+            shown.PressOk();
+        });
         EXPECT_EQ(dialog.DoModal(), IDOK) << row.why;
         EXPECT_EQ(dialog.GetRange(), row.want) << row.why;
         EXPECT_EQ(dialog.GetPathName(), CString(folder.Path("new.vcf"))) << row.why;
@@ -136,59 +131,56 @@ TEST_F(FileDialogsTest, ImportHasATitleOfItsHostAndTakesOnlyFilesThatAreThere) {
 }
 
 struct SoundFileDialogTest : FileDialogsTest {
-    int Show(MemoryFileDialogPeer::User user, const char* initialFolder = "") {
+    void Show(MemoryFileDialogPeer::User user, const char* initialFolder = "") {
         CSoundFileDialog dialog(initialFolder, 1, "wav", nullptr, OFN_FILEMUSTEXIST,
                                 "Sounds|*.wav||", nullptr);
         system.UseFileDialog(std::move(user));
-        return dialog.DoModal();
-    }
-
-    static void ExpectEnabled(const MemoryFileDialogPeer& shown, bool play, bool stop,
-                              const char* why) {
-        EXPECT_EQ(shown.IsControlEnabled(kPlay), play) << why;
-        EXPECT_EQ(shown.IsControlEnabled(kStop), stop) << why;
+        dialog.DoModal();
     }
 };
 
 TEST_F(SoundFileDialogTest, AButtonIsOnWhereItHasSomethingToDo) {
     Show([](MemoryFileDialogPeer& shown) {
-        ExpectEnabled(shown, true, true, "at the start");
-        shown.TypeFileName("ring.wav");
-        ExpectEnabled(shown, true, true, "stop as before");
+        const auto expectEnabled = [&](bool play, bool stop, const char* why) {
+            EXPECT_EQ(shown.IsControlEnabled(kPlay), play) << why;
+            EXPECT_EQ(shown.IsControlEnabled(kStop), stop) << why;
+        };
+        expectEnabled(true, true, "at the start");
         shown.TypeFileName("");
-        ExpectEnabled(shown, false, false, "no file");
+        expectEnabled(false, false, "no file");
         shown.TypeFileName("bell.wav");
-        ExpectEnabled(shown, true, false, "stop as before");
+        expectEnabled(true, false, "stop as before");
         shown.ClickControl(kPlay);
-        ExpectEnabled(shown, true, true, "played");
+        expectEnabled(true, true, "played");
         shown.ClickControl(kStop);
-        ExpectEnabled(shown, true, true, "stopped");
+        expectEnabled(true, true, "stopped");
     });
 }
 
 TEST_F(SoundFileDialogTest, ASoundReplacesTheOneBeforeAndOutlastsTheDialog) {
-    Show(
-        [this](MemoryFileDialogPeer& shown) {
-            shown.ClickControl(kStop);
-            EXPECT_THAT(system.Sounds(), IsEmpty());
-            shown.TypeFileName("ring");
-            shown.ClickControl(kPlay);
-            shown.ClickControl(kStop);
-            EXPECT_FALSE(system.IsPlaying());
-            shown.TypeFileName("/other/bell.wav");
-            shown.ClickControl(kPlay);
-        },
-        "/sounds");
+    const auto play = [this](MemoryFileDialogPeer& shown) {
+        EXPECT_EQ(shown.Setup().folder, "/sounds");
+        shown.ClickControl(kStop);
+        EXPECT_THAT(system.Sounds(), IsEmpty());
+        shown.TypeFileName("ring");
+        shown.ClickControl(kPlay);
+        shown.ClickControl(kStop);
+        EXPECT_FALSE(system.IsPlaying());
+        shown.TypeFileName("/other/bell.wav");
+        shown.ClickControl(kPlay);
+    };
+    Show(play, "/sounds");
     EXPECT_THAT(system.Sounds(), ElementsAre("/sounds/ring.wav", "/other/bell.wav"));
     EXPECT_TRUE(system.IsPlaying());
 }
 
-TEST_F(SoundFileDialogTest, TheFacesHaveTheColoursOfButtons) {
+TEST_F(SoundFileDialogTest, TheFacesHaveTheColoursOfButtonsAndTheFolderIsTheSystems) {
     constexpr COLORREF kFace = RGB(1, 2, 3);
     constexpr COLORREF kText = RGB(9, 8, 7);
     system.SetColour(COLOR_BTNFACE, kFace);
     system.SetColour(COLOR_BTNTEXT, kText);
     Show([&](const MemoryFileDialogPeer& shown) {
+        EXPECT_EQ(shown.Setup().folder, "");
         system.SetColour(COLOR_BTNFACE, RGB(200, 200, 200));
         const CBitmap play = shown.ControlBitmap(kPlay);
         EXPECT_EQ(play.Size(), (CSize{8, 9}));
@@ -196,15 +188,6 @@ TEST_F(SoundFileDialogTest, TheFacesHaveTheColoursOfButtons) {
         EXPECT_EQ(play.GetPixel({1, 4}), kText);
         EXPECT_EQ(shown.ControlBitmap(kStop), CBitmap({8, 8}, kText));
     });
-}
-
-TEST_F(SoundFileDialogTest, TheFolderIsTheHostsOrTheSystems) {
-    for (const char* initialFolder : {"", "/sounds"}) {
-        const auto look = [=](const MemoryFileDialogPeer& shown) {
-            EXPECT_EQ(shown.Setup().folder, initialFolder);
-        };
-        Show(look, initialFolder);
-    }
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 // Items of a menu are found by their locators wherever they stand.
 // SPDX-License-Identifier: MIT
+#include <optional>
+
 #include <gtest/gtest.h>
 
 #include <orvoshare/integration/MenuItemLocater.h>
@@ -23,16 +25,12 @@ struct MenuItemLocaterTest : testing::Test {
         edit = GetSubMenu(bar.GetSafeHmenu(), 1);
     }
 
-    unsigned int Position(HMENU menu, unsigned long locator) {
+    // That of the item in the menu, or in its submenu of another locator.
+    unsigned int Position(HMENU menu, unsigned long locator,
+                          std::optional<unsigned long> submenu = {}) {
         unsigned int position = kUntouched;
-        const int found = locater.GetMenuPosition(menu, locator, &position);
-        EXPECT_EQ(found, position == kUntouched ? 0 : 1);
-        return position;
-    }
-    unsigned int ItemPosition(unsigned long submenu, unsigned long locator) {
-        unsigned int position = kUntouched;
-        const int found =
-            locater.GetMenuItemPosition(bar.GetSafeHmenu(), submenu, locator, &position);
+        const int found = submenu ? locater.GetMenuItemPosition(menu, *submenu, locator, &position)
+                                  : locater.GetMenuPosition(menu, locator, &position);
         EXPECT_EQ(found, position == kUntouched ? 0 : 1);
         return position;
     }
@@ -58,14 +56,14 @@ TEST_F(MenuItemLocaterTest, AnItemIsLookedForInTheSubmenuThatIsNamed) {
     locater.SetMenuLocator(GetSubMenu(bar.GetSafeHmenu(), 0), 0, 5);
     locater.SetMenuLocator(edit, 2, 5);
 
-    EXPECT_EQ(ItemPosition(10, 5), 2U);
-    EXPECT_EQ(ItemPosition(11, 5), kUntouched) << "no such submenu";
-    EXPECT_EQ(ItemPosition(10, 6), kUntouched) << "no such item";
+    EXPECT_EQ(Position(bar.GetSafeHmenu(), 5, 10), 2U);
+    EXPECT_EQ(Position(bar.GetSafeHmenu(), 5, 11), kUntouched) << "no such submenu";
+    EXPECT_EQ(Position(bar.GetSafeHmenu(), 6, 10), kUntouched) << "no such item";
     EXPECT_EQ(Position(bar.GetSafeHmenu(), 5), kUntouched) << "items of submenus don't count";
 
     bar.AppendMenu(MF_STRING, 9, "Help");
     locater.SetMenuLocator(bar.GetSafeHmenu(), 2, 12);
-    EXPECT_EQ(ItemPosition(12, 0), kUntouched) << "an item without a submenu";
+    EXPECT_EQ(Position(bar.GetSafeHmenu(), 0, 12), kUntouched) << "an item without a submenu";
 }
 
 TEST_F(MenuItemLocaterTest, NothingIsFoundWhereThereIsNoMenuOrItem) {

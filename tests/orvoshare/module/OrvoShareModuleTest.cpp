@@ -1,7 +1,5 @@
 // Attaching and detaching the module, and the texts that are in reach meanwhile.
 // SPDX-License-Identifier: MIT
-#include <cstdlib>
-
 #include <gtest/gtest.h>
 
 #include <contracts/LanguageModule.h>
@@ -9,6 +7,7 @@
 #include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/resources/StringTable.h>
 #include <platform/text/CString.h>
+#include <support/Environment.h>
 #include <support/LocaleInForce.h>
 
 namespace orvo {
@@ -21,13 +20,6 @@ struct OrvoShareModuleTest : testing::Test {
 
     static int Attach() { return OrvoShareMain(OwnModule(), DLL_PROCESS_ATTACH); }
     static int Detach() { return OrvoShareMain(OwnModule(), DLL_PROCESS_DETACH); }
-
-    static CString TextInScope(unsigned number) {
-        const CDllResourceHandler scope(OrvoShareRecord());
-        CString text("old");
-        text.LoadString(number);
-        return text;
-    }
 
     // Only what the chain of modules gives.
     static CString TextOutside(unsigned number) {
@@ -53,8 +45,8 @@ TEST_F(OrvoShareModuleTest, TextsComeInTheLanguageOfTheLocaleAtTheFirstAttach) {
         const LocaleInForce locale(language.tag);
         EXPECT_NE(Attach(), 0);
         EXPECT_EQ(OrvoShareLanguageCode(), language.code) << language.tag;
-        EXPECT_EQ(TextInScope(kStringPrivate), language.privateText) << language.tag;
-        EXPECT_EQ(TextInScope(4711), "") << "no such number";
+        EXPECT_EQ(OrvoShareText(kStringPrivate), language.privateText) << language.tag;
+        EXPECT_EQ(OrvoShareText(4711), "") << "no such number";
         Detach();
     }
 }
@@ -79,17 +71,6 @@ TEST_F(OrvoShareModuleTest, EveryLanguageModuleHoldsEveryText) {
     }
 }
 
-TEST_F(OrvoShareModuleTest, WithoutALanguageModuleTheOwnTextsStandIn) {
-    setenv("ORVO_LANGUAGE_DIR", "/nowhere", 1);
-    const LocaleInForce locale("de-DE");
-    EXPECT_EQ(OrvoShareRecord().module, OwnModule());
-    EXPECT_EQ(OrvoShareLanguageCode(), 0);
-    for (const NumberedString& english : EnglishStrings()) {
-        EXPECT_EQ(TextInScope(english.number), english.text);
-    }
-    unsetenv("ORVO_LANGUAGE_DIR");
-}
-
 TEST_F(OrvoShareModuleTest, TheLanguageStaysUntilTheLastDetach) {
     const LocaleInForce german("de-DE");
     Attach();
@@ -108,16 +89,20 @@ TEST_F(OrvoShareModuleTest, TheLanguageStaysUntilTheLastDetach) {
     EXPECT_EQ(OrvoShareLanguageCode(), 0x20) << "the next use attaches anew";
 }
 
-TEST_F(OrvoShareModuleTest, OnlyAnAttachWithAModuleCounts) {
-    setenv("ORVO_LANGUAGE_DIR", "/nowhere", 1);
+TEST_F(OrvoShareModuleTest, OnlyAnAttachWithAModuleCountsAndWithoutALanguageTheOwnTextsStandIn) {
+    Environment environment;
+    environment.Set("ORVO_LANGUAGE_DIR", "/nowhere");
+    const LocaleInForce locale("de-DE");
     EXPECT_NE(Detach(), 0);
     EXPECT_NE(OrvoShareMain(OwnModule(), 2), 0);
     EXPECT_EQ(OrvoShareMain(nullptr, DLL_PROCESS_ATTACH), 0);
     EXPECT_EQ(OrvoShareReferenceCount(), 0);
-    OrvoShareRecord();
-    OrvoShareRecord();
+    EXPECT_EQ(OrvoShareRecord().module, OwnModule());
+    EXPECT_EQ(OrvoShareLanguageCode(), 0);
+    for (const NumberedString& english : EnglishStrings()) {
+        EXPECT_EQ(OrvoShareText(english.number), english.text);
+    }
     EXPECT_EQ(OrvoShareReferenceCount(), 1) << "the first use attaches, once";
-    unsetenv("ORVO_LANGUAGE_DIR");
 }
 
 TEST_F(OrvoShareModuleTest, AHostsLibraryPutsTheModuleBeforeTheOthers) {

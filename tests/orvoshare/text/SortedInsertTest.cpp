@@ -26,28 +26,13 @@ unsigned long IndexFor(Rows& rows, long key) {
                                   reinterpret_cast<long>(&rows));
 }
 
-TEST(SortedInsert, FindsTheRowThatTheHalvingGives) {
-    struct Row {
-        const char* why;
-        std::vector<int> rows;
-        long key;
-        unsigned long want;
-    };
-    const Row kRows[] = {
-        {"one row before the key", {1}, 2, 1},
-        {"one row after the key", {3}, 2, 0},
-        {"one equal row", {2}, 2, 0},
-        {"two rows before the key", {1, 1}, 2, 2},
-        {"the key between two rows", {1, 3}, 2, 1},
-        {"an equal row at the end", {1, 2}, 2, 1},
-        {"five equal rows: the first middle", {2, 2, 2, 2, 2}, 2, 2},
-        {"before all", {1, 2, 3, 4, 5}, 0, 0},
-        {"after all", {1, 2, 3, 4, 5}, 6, 5},
-    };
-    for (const Row& row : kRows) {
-        Rows rows{row.rows};
-        EXPECT_EQ(IndexFor(rows, row.key), row.want) << row.why;
-    }
+TEST(SortedInsert, AmongEqualRowsFindsTheOneThatTheHalvingMeets) {
+    Rows one{{2}};
+    Rows atTheEnd{{1, 2}};
+    Rows five{{2, 2, 2, 2, 2}};
+    EXPECT_EQ(IndexFor(one, 2), 0U);
+    EXPECT_EQ(IndexFor(atTheEnd, 2), 1U);
+    EXPECT_EQ(IndexFor(five, 2), 2U);
 }
 
 TEST(SortedInsert, KeepsEveryListSortedWithAboutLogarithmicallyManyCompares) {
