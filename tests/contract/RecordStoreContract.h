@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstdlib>
 #include <memory>
 #include <ostream>
 #include <string>
@@ -15,7 +14,7 @@
 #include <libraries/quire/MemoryEngine.h>
 #include <libraries/quire/SqliteEngine.h>
 #include <platform/time/CTime.h>
-#include <platform/time/TimeZone.h>
+#include <platform/time/ZonedTest.h>
 
 namespace orvo {
 
@@ -40,13 +39,10 @@ inline void PrintTo(EngineKind kind, std::ostream* out) {
     *out << (kind == EngineKind::Memory ? "memory" : "SQLite");
 }
 
-class RecordStoreContract : public testing::TestWithParam<EngineKind> {
+// A test may set the clock and the time zone.
+class RecordStoreContract : public ZonedTest, public testing::WithParamInterface<EngineKind> {
 protected:
-    // A test may set the clock and the time zone.
-    ~RecordStoreContract() override {
-        CTime::SetClock(-1);
-        SetSystemTimeZone(m_zone);
-    }
+    ~RecordStoreContract() override { CTime::SetClock(-1); }
 
     static bool IsSqlite() { return GetParam() == EngineKind::Sqlite; }
 
@@ -96,14 +92,6 @@ protected:
     StoreEngine& engine = *store;
     CAddressTable addresses{engine};
     CToDoTable todos{engine};
-
-private:
-    static std::string ZoneOfEnvironment() {
-        const char* zone = std::getenv("TZ");
-        return zone != nullptr ? zone : "";
-    }
-
-    const std::string m_zone = ZoneOfEnvironment();
 };
 
 }  // namespace orvo

@@ -10,8 +10,6 @@ using enum AddressField;
 
 class TruncateName : public AddressListFixture {
 protected:
-    using AddressListFixture::AddressListFixture;
-
     CString Truncated(const char* text, const CAddressRecord& record, int characters) {
         RecordingCanvas canvas(std::make_shared<Recording>());
         CDC dc(canvas);
@@ -69,17 +67,14 @@ TEST_F(TruncateName, ATextThatFitsIsLeftAloneWhateverTheRecord) {
     EXPECT_EQ(Truncated("fits", *Make({}), 4), "fits");
 }
 
-class TruncateNameOnPage : public TruncateName, public testing::WithParamInterface<LocaleCase> {
-protected:
-    TruncateNameOnPage() : TruncateName(GetParam()) {}
-};
-INSTANTIATE_TEST_SUITE_P(BothCodePages, TruncateNameOnPage, testing::ValuesIn(kBothCodePages));
-
-TEST_P(TruncateNameOnPage, WideNamesAreCutBetweenCharactersAndJoinedAsTheLocaleDoes) {
+TEST_F(TruncateName, WideNamesAreCutBetweenCharactersAndJoinedAsTheLocaleDoes) {
     view->DV_SetListBy(kListByName);
     const auto record = Make({{Name, "漢字漢字漢字"}, {First, "仮名仮名仮名"}});
-    EXPECT_EQ(Truncated("漢字漢字漢字仮名仮名仮名", *record, 16),
-              FullName(SystemText("仮名..."), SystemText("漢字..."), true));
+    for (const LocaleCase& page : kBothCodePages) {
+        const LocaleInForce inForce(page.tag, page.codePage);
+        EXPECT_EQ(Truncated("漢字漢字漢字仮名仮名仮名", *record, 16),
+                  FullName(SystemText("仮名..."), SystemText("漢字..."), true));
+    }
 }
 
 }  // namespace

@@ -1,11 +1,9 @@
-// The dialogs for export, import and sound files on the screen.
+// The dialog for export on the screen.
 // SPDX-License-Identifier: MIT
-#include <QPushButton>
 #include <QRadioButton>
 
 #include <orvoshare/ModuleInForce.h>
 #include <orvoshare/integration/ExportFileDialog.h>
-#include <orvoshare/integration/SoundFileDialog.h>
 #include <platform/qt/FileDialogHands.h>
 
 namespace orvo {
@@ -16,13 +14,6 @@ constexpr const char* kCards = "Cards (*.vcf)|*.vcf||";
 class FileDialogsOnScreen : public FileDialogOnScreen {
 protected:
     QString InFolder(const char* name) const { return QString::fromStdString(folder.Path(name)); }
-
-    static QPushButton& Face(const QFileDialog& dialog, const char* name) {
-        for (auto* each : dialog.findChildren<QPushButton*>()) {
-            if (each->accessibleName() == name) return *each;
-        }
-        throw std::runtime_error(name);
-    }
 };
 
 TEST_F(FileDialogsOnScreen, ARangeIsChosenByAClickAndTheTextsStayWhileTheUserLooksAround) {
@@ -62,27 +53,6 @@ TEST_F(FileDialogsOnScreen, JapaneseTextsAreShownWhole) {
         }
     });
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
-}
-
-TEST_F(FileDialogsOnScreen, TheSoundButtonsFollowTheNameAndThePlay) {
-    const LocalizedModule module("en-US", kUtf8CodePage);
-    const std::string ring = folder.File("ring.wav", "not a sound");
-    CSoundFileDialog dialog(CString(folder.Path("")), 1, "wav", nullptr, OFN_FILEMUSTEXIST,
-                            "Sounds|*.wav||", &parent);
-    Use([&](QFileDialog& shown) {
-        const QPushButton& stop = Face(shown, "STOP");
-        Name(shown).setText("ring.wav");
-        Name(shown).clear();
-        EXPECT_FALSE(stop.isEnabled());
-        Name(shown).setText("ring.wav");
-        Face(shown, "PLAY").click();
-        EXPECT_TRUE(stop.isEnabled());
-        const QImage face = stop.icon().pixmap(stop.iconSize()).toImage();
-        EXPECT_EQ(ColourFromQt(face.pixelColor(4, 4)), system.Colour(COLOR_BTNTEXT));
-        Accept(shown).click();
-    });
-    EXPECT_EQ(dialog.DoModal(), IDOK);
-    EXPECT_EQ(dialog.GetPathName(), CString(ring));
 }
 
 }  // namespace

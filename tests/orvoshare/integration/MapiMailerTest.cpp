@@ -130,18 +130,13 @@ TEST_F(MapiMailerTest, EachFileGoesWithItsPathAndItsName) {
     std::string texts[] = {"/x/a", "/x/b", "a.vcf", "b.vcf", "more"};
     CPtrArray paths;
     CPtrArray names;
-    for (int i = 0; i < 2; ++i) paths.Add(texts[i].data());
-    for (int i = 2; i < 5; ++i) names.Add(texts[i].data());
-    EXPECT_EQ(
-        mailer.SendMultipleMailAttachmentsWithUI(nullptr, 2, people, "Hi", "Text", &paths, &names),
-        0U);
+    for (std::string& text : texts) (text.front() == '/' ? paths : names).Add(text.data());
+    mailer.SendMultipleMailAttachmentsWithUI(nullptr, 2, people, "Hi", "Text", &paths, &names);
     EXPECT_THAT(mail->lines, ElementsAre("subject Hi", "body Text", kToAnn, kToBob,
                                          "file /x/a a.vcf", "file /x/b b.vcf"));
 
     CPtrArray none;
-    EXPECT_EQ(
-        mailer.SendMultipleMailAttachmentsWithUI(nullptr, 0, nullptr, "Hi", nullptr, &none, &none),
-        0U);
+    mailer.SendMultipleMailAttachmentsWithUI(nullptr, 0, nullptr, "Hi", nullptr, &none, &none);
     EXPECT_THAT(mail->lines, ElementsAre("subject Hi"));
 }
 

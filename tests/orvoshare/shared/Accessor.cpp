@@ -1,7 +1,6 @@
 // A program that takes part in the table of accessors, as its first argument says.
 // SPDX-License-Identifier: MIT
 //
-// crowd NAME              adds a row, and removes an older one, for each byte of its input
 // row USER CREATOR OWNER  adds a row and holds the table until its input ends
 // claim STORE OWNER       claims a store until its input ends
 #include <cstdio>
@@ -16,8 +15,6 @@
 namespace orvo {
 namespace {
 
-constexpr unsigned kKeys = 40;
-
 void Tell(const std::string& line) {
     std::puts(line.c_str());
     std::fflush(stdout);
@@ -25,27 +22,6 @@ void Tell(const std::string& line) {
 
 int AwaitEnd() {
     while (std::getchar() != EOF) {
-    }
-    return 0;
-}
-
-// Tells each step that is done: "+7" for an added row, "-7" for a removed one; "=7" for what is
-// wrong.
-int JoinCrowd(const std::string& name) {
-    CDalAccessController table;
-    if (table.Initialize() == 0) return 2;
-    for (unsigned step = 0; std::getchar() != EOF; ++step) {
-        const unsigned key = step * 7 % kKeys;
-        const std::string user = fmt::format("{}-{}", name, key);
-        const std::string own = fmt::format("owner of {}", user);
-        CString owner;
-        if (table.GetOwner(user.c_str(), key, owner) != 0) {
-            if (owner.Bytes() != own) Tell(fmt::format("={}", key));
-            if (table.RemoveAccessorInfo(user.c_str(), key) == 0) Tell(fmt::format("={}", key));
-            Tell(fmt::format("-{}", key));
-        }
-        const bool isAdded = table.AddAccessorInfo(user.c_str(), key, own.c_str()) != 0;
-        Tell(fmt::format("{}{}", isAdded ? '+' : '=', key));
     }
     return 0;
 }
@@ -71,7 +47,6 @@ int Claim(const char* store, const char* owner) {
 
 int main(int count, char** arguments) {
     const std::string_view verb = count > 1 ? arguments[1] : "";
-    if (verb == "crowd" && count == 3) return orvo::JoinCrowd(arguments[2]);
     if (verb == "row" && count == 5) {
         return orvo::HoldRow(arguments[2], arguments[3], arguments[4]);
     }

@@ -13,8 +13,6 @@ constexpr COLORREF kSelected = RGB(2, 2, 2);
 
 class TodoCells : public TodoFixture {
 protected:
-    using TodoFixture::TodoFixture;
-
     void SetUp() override {
         system.SetColour(COLOR_WINDOWTEXT, kNormal);
         system.SetColour(COLOR_HIGHLIGHTTEXT, kSelected);
@@ -113,32 +111,24 @@ TEST_F(TodoCells, TheNoteTitleHasTextPriorityAndDate) {
     EXPECT_EQ(view->GetNoteTitle(1), "");
 }
 
-class TodoTitleOnPage : public TodoCells, public testing::WithParamInterface<LocaleCase> {
-protected:
-    TodoTitleOnPage() : TodoCells(GetParam()) {}
-};
-INSTANTIATE_TEST_SUITE_P(BothCodePages, TodoTitleOnPage, testing::ValuesIn(kBothCodePages));
-
-TEST_P(TodoTitleOnPage, TheDescriptionOfATitleEndsWithItsLineOrAfter80Bytes) {
-    const std::string kanji = "漢";
-    const std::string before(80 - SystemText(kanji).View().size(), 'x');
-    struct Row {
-        const char* why;
-        std::string description, want;
-    };
-    const Row rows[] = {
-        {"one line", "Buy", "Buy"},
-        {"a line feed first", "Buy\n\rmore", "Buy"},
-        {"a carriage return first", "Buy\r\nmore", "Buy"},
-        {"begins with a line end", "\nBuy", ""},
-        {"81 bytes", std::string(81, 'x'), std::string(80, 'x')},
-        {"the 80th byte is a character's last", before + kanji + "y", before + kanji},
-        {"the 80th byte is a character's first", std::string(79, 'x') + kanji,
-         std::string(79, 'x')},
-        {"a trail byte that is a backslash", "表\nmore", "表"},
-    };
-    for (const Row& row : rows) {
-        EXPECT_EQ(Title({row.description, 2}), SystemText(row.want) + ", Priority 2") << row.why;
+TEST_F(TodoCells, TheDescriptionOfATitleEndsWithItsLineOrAfter80Bytes) {
+    for (const LocaleCase& page : kBothCodePages) {
+        const LocaleInForce inForce(page.tag, page.codePage);
+        const std::string kanji = "漢";
+        const std::string before(80 - SystemText(kanji).View().size(), 'x');
+        const std::pair<std::string, std::string> rows[] = {
+            {"Buy", "Buy"},
+            {"Buy\n\rmore", "Buy"},
+            {"Buy\r\nmore", "Buy"},
+            {"\nBuy", ""},
+            {std::string(81, 'x'), std::string(80, 'x')},
+            {before + kanji + "y", before + kanji},
+            {std::string(79, 'x') + kanji, std::string(79, 'x')},
+            {"表\nmore", "表"},  // with a trail byte that is a backslash
+        };
+        for (const auto& [description, want] : rows) {
+            EXPECT_EQ(Title({description, 2}), SystemText(want) + ", Priority 2");
+        }
     }
 }
 
@@ -147,7 +137,10 @@ TEST_F(TodoCells, PrivateRecordsAreHiddenWhereTheOptionsOfTheMainWindowSaySo) {
     OptionsWindow main;
     EXPECT_EQ(CTodoListbox().IsHidingPrivateItems(), 0) << "no answer";
     COrvoDesktopOptions options;
+    EXPECT_EQ(GetVerifyDatFileOption(), 0) << "no answer";
+    options.SetVerifyDatFileFlag(3);
     main.options = &options;
+    EXPECT_EQ(GetVerifyDatFileOption(), 3);
     for (const int shows : {0, 1}) {
         options.SetShowingPrivate(shows);
         EXPECT_EQ(CTodoListbox().IsHidingPrivateItems(), 1 - shows);
