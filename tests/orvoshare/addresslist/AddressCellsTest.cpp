@@ -12,8 +12,6 @@ constexpr int kMobile = 0;
 
 class AddressCells : public AddressListFixture {
 protected:
-    using AddressListFixture::AddressListFixture;
-
     void SetUp() override {
         for (const COrvoLVColumn& column : view->m_aColumns) view->ShowColumn(column.nId, -1);
     }
@@ -94,46 +92,39 @@ TEST_F(AddressCells, TheNoteTitleHasTheFirstLinesOfBothNames) {
     EXPECT_EQ(view->GetNoteTitle(nullptr), "");
 }
 
-class AddressCellsOnPage : public AddressCells, public testing::WithParamInterface<LocaleCase> {
-protected:
-    AddressCellsOnPage() : AddressCells(GetParam()) {}
-    static bool IsJapanese() { return GetParam().codePage == kJapaneseCodePage; }
-};
-INSTANTIATE_TEST_SUITE_P(BothCodePages, AddressCellsOnPage, testing::ValuesIn(kBothCodePages));
-
-TEST_P(AddressCellsOnPage, APhoneEndsInTheFirstCharacterOfItsLabel) {
+TEST_F(AddressCells, APhoneEndsInTheFirstCharacterOfItsLabel) {
     struct Row {
         const char *why, *label, *phone, *want;
         const char* japanese;  // where it differs
     };
     constexpr Row kRows[] = {
-        {"the first letter", "Work:", "555", "555 (W)", nullptr},
-        {"as a capital", "work", "555", "555 (W)", nullptr},
+        {"the first letter, as a capital", "work:", "555", "555 (W)", nullptr},
         {"a digit", "2nd", "555", "555 (2)", nullptr},
         {"a kanji", "自宅", "555", "555 (自)", nullptr},
-        {"a half-width kana", "ｱ", "555", "555 (ｱ)", nullptr},
         {"two bytes stay as they are", "ａｂ", "555", "555 (Ａ)", "555 (ａ)"},
         {"an accent, which the page has a private code for", "école", "555", "555 (É)", "555 (é)"},
         {"four bytes", "𐐨x", "555", "555 (𐐀)", "555 (𐐨)"},
         {"no label", "", "555", "555", nullptr},
         {"a number with blanks before it", "Work", "  555", "555 (W)", nullptr},
-        {"no number", "Work", "", "", nullptr},
         {"blanks for a number", "Work", "   ", "", nullptr},
     };
-    for (const Row& row : kRows) {
-        ASSERT_EQ(table.SetPhoneLabel(kWork, SystemText(row.label)), 0) << row.why;
-        const auto record = Make({{PhoneField(2), row.phone}});
-        const char* want = IsJapanese() && row.japanese ? row.japanese : row.want;
+    for (const LocaleCase& page : kBothCodePages) {
+        const LocaleInForce inForce(page.tag, page.codePage);
+        for (const Row& row : kRows) {
+            ASSERT_EQ(table.SetPhoneLabel(kWork, SystemText(row.label)), 0) << row.why;
+            const auto record = Make({{PhoneField(2), row.phone}});
+            const bool isJapanese = page.codePage == kJapaneseCodePage;
+            const char* want = isJapanese && row.japanese ? row.japanese : row.want;
 
-        CString text("before");
-        const int result = view->FormatPhone(record.get(), 2, kWork, text);
+            CString text("before");
+            EXPECT_EQ(view->FormatPhone(record.get(), 2, kWork, text), *want != '\0') << row.why;
 
-        EXPECT_EQ(text, SystemText(want)) << row.why;
-        EXPECT_EQ(result, *want != '\0') << row.why;
+            EXPECT_EQ(text, SystemText(want)) << row.why;
+        }
     }
 }
 
-TEST_P(AddressCellsOnPage, AnAddressTakesTheFirstLineOfEachPart) {
+TEST_F(AddressCells, AnAddressTakesTheFirstLineOfEachPart) {
     const auto record = Make({{Address, "1 Main St\nBack door"},
                               {City, "Boston\r\n"},
                               {State, "\rMA"},
@@ -141,8 +132,7 @@ TEST_P(AddressCellsOnPage, AnAddressTakesTheFirstLineOfEachPart) {
                               {Country, "USA"}});
     CString text;
     EXPECT_EQ(view->FormatAddress(record.get(), text), 1);
-    EXPECT_EQ(text, IsJapanese() ? "02134,   Boston\r\n,  1 Main St   USA"
-                                 : "1 Main St, Boston\r\n,     02134   USA");
+    EXPECT_EQ(text, "1 Main St, Boston\r\n,     02134   USA");
     EXPECT_EQ(view->FormatAddress(Make({}).get(), text), 0);
     EXPECT_EQ(text, "");
 }

@@ -146,7 +146,7 @@ INSTANTIATE_TEST_SUITE_P(Locales, LookupKeys, testing::ValuesIn(kLocales));
 TEST_P(LookupKeys, CompareAsWholeKeysDo) {
     std::mt19937 random(GetParam().codePage + static_cast<unsigned>(*GetParam().tag));
     for (int i = 0; i < 50; ++i) records.push_back(RandomPerson(addresses, random));
-    for (int i = 0; i < 32; ++i) {
+    for (int i = 0; i < 24; ++i) {
         const CString typed = RandomTyped(records, random);
         for (const long listBy : {kListByCompany, kListByName}) {
             for (const KeyFields fields : {KeyFields::Plain, KeyFields::Reading}) {

@@ -1,12 +1,13 @@
 // Tests of the desktop options and of their two stores.
 // SPDX-License-Identifier: MIT
+#include <array>
 #include <csignal>
 #include <filesystem>
 #include <string>
 #include <sys/resource.h>
 #include <sys/stat.h>
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <contracts/Settings.h>
 #include <orvoshare/options/DesktopOptions.h>
@@ -43,27 +44,19 @@ protected:
     CUser ann{"ann"};
 };
 
-TEST_F(DesktopOptions, WithoutAUserNothingIsLoaded) {
-    CmnWriteProfileInt("Preferences", "Archive", 0);
-    COrvoDesktopOptions options;
+TEST_F(DesktopOptions, OnlyWithAUserTheSettingsAreLoadedWithDefaultsForWhatTheyLack) {
+    Put("[Application/Preferences]\nArchive=0\n");
+    const COrvoDesktopOptions plain;
+    const COrvoDesktopOptions loaded(&ann);
 
-    EXPECT_EQ(options.IsAutoArchive(), 1);
-    EXPECT_EQ(options.GetAutoSaveInterval(), 0);
-    EXPECT_EQ(options.GetWorkDayBegins(), 0);
-    EXPECT_EQ(options.IsShowingPrivate(), 0);
-    EXPECT_EQ(options.GetTodoShowCompleted(), 1);
-    EXPECT_EQ(options.GetDataDir(), "");
-}
-
-TEST_F(DesktopOptions, WithAUserWhatTheSettingsLackGetsTheDefaultsOfLoading) {
-    Put("");
-    COrvoDesktopOptions options(&ann);
-
-    EXPECT_EQ(options.GetAutoSaveInterval(), 15);
-    EXPECT_EQ(options.GetWorkDayBegins(), 8);
-    EXPECT_EQ(options.IsShowingPrivate(), 1);
-    EXPECT_EQ(options.GetAlarmAdvance(), 5);
-    EXPECT_EQ(options.GetDataDir(), "");
+    EXPECT_THAT((std::array{plain.IsAutoArchive(), plain.GetAutoSaveInterval(),
+                            plain.GetWorkDayBegins(), plain.IsShowingPrivate()}),
+                testing::ElementsAre(1, 0, 0, 0));
+    EXPECT_EQ(plain.GetTodoShowCompleted(), 1);
+    EXPECT_THAT((std::array{loaded.IsAutoArchive(), loaded.GetAutoSaveInterval(),
+                            loaded.GetWorkDayBegins(), loaded.IsShowingPrivate()}),
+                testing::ElementsAre(0, 15, 8, 1));
+    EXPECT_EQ(loaded.GetAlarmAdvance(), 5);
 }
 
 TEST_F(DesktopOptions, SavingWritesEachOptionUnderItsKey) {
@@ -99,18 +92,13 @@ TEST_F(DesktopOptions, SavingWritesEachOptionUnderItsKey) {
 }
 
 TEST_F(DesktopOptions, AnIntervalIsTenAtLeast) {
-    struct {
-        int given, want;
-    } const rows[] = {{-1, 10}, {3, 10}, {10, 10}, {11, 11}};
-    for (const auto& row : rows) {
-        COrvoDesktopOptions options;
-        options.SetAutoSave(1, row.given);
-        EXPECT_EQ(options.GetAutoSaveInterval(), row.want);
-
-        CmnWriteProfileInt("Preferences", "AutoSaveInterval", row.given);
-        COrvoDesktopOptions loaded;
-        loaded.LoadAppWideOptions();
-        EXPECT_EQ(loaded.GetAutoSaveInterval(), row.want);
+    COrvoDesktopOptions options;
+    for (const auto& [given, want] : {std::pair{-1, 10}, {9, 10}, {10, 10}, {11, 11}}) {
+        options.SetAutoSave(1, given);
+        EXPECT_EQ(options.GetAutoSaveInterval(), want);
+        CmnWriteProfileInt("Preferences", "AutoSaveInterval", given);
+        options.LoadAppWideOptions();
+        EXPECT_EQ(options.GetAutoSaveInterval(), want);
     }
 }
 

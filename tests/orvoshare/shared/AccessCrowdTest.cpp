@@ -4,6 +4,7 @@
 #include <random>
 #include <set>
 #include <string>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
@@ -23,6 +24,7 @@ namespace {
 pid_t StartMember(int number) {
     const pid_t child = ::fork();
     if (child != 0) return child;
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
     constexpr unsigned kKeys = 40;
     CDalAccessController table;
     bool isSound = table.Initialize() != 0;
