@@ -188,7 +188,6 @@ TEST_P(RecordFieldContract, ADueDaySurvivesAChangeOfZone) {
     SetSystemTimeZone("Asia/Tokyo");
     const auto todo = AToDo("call");
     ASSERT_EQ(todo->SetDueDate(MomentOfCivil({2026, 5, 1, 0, 30, 0})), 0);
-
     SetSystemTimeZone("America/New_York");
     EXPECT_EQ(CivilOfMoment(DueDateOf(*Stored(*todo))), (CivilTime{2026, 5, 1, 0, 30, 0}));
 }

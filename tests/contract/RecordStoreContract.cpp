@@ -189,17 +189,15 @@ TEST_P(RecordStoreContract, ListenersHearOfEachChange) {
 }
 
 TEST_P(RecordStoreContract, AListenerMayEndItself) {
-    std::vector<std::string> heard;
+    std::string heard;
     const std::string mark(100, 'x');
     addresses.SetListener([&heard, mark, &table = addresses](const RecordChange&) {
         table.SetListener({});
-        heard.push_back(mark);
+        heard += mark;
     });
-
     AnAddress("Ito");
     AnAddress("Sato");
-
-    EXPECT_THAT(heard, ElementsAre(mark));
+    EXPECT_EQ(heard, mark);
 }
 
 TEST_P(RecordStoreContract, ADamagedRecordIsToldAndTheWalkGoesOnBehindIt) {

@@ -82,7 +82,6 @@ TEST_F(AddressItems, EveryWayOutFreesEachRecordOnce) {
         [] {},  // the view is deleted with its window
         [this] { view->DestroyWindow(); },
         [this] { owner.DestroyWindow(); },
-        [this] { Empty(); },
         [this] { Fill(kPersonal); },
         [this] { view->DV_FillFromTable(nullptr, 1, 0, 1); },
         [this] {

@@ -110,8 +110,7 @@ TEST_P(ViewCore, AKeyIsTheWholeNameInListFormAndTheListingOrderChoosesIt) {
 TEST(JapaneseLookup, FindsATextThatIsNoReadingRowByRow) {
     const LocaleInForce locale("ja-JP");
     ViewFixture list;
-    for (const char* name : {"青木", "山田", "山本", "渡辺"})
-        list.Add({{Name, name}, {NameYomi, "か"}});
+    for (const char* name : {"青木", "山田", "渡辺"}) list.Add({{Name, name}, {NameYomi, "か"}});
     list.Add({{Name, "阿部"}, {NameYomi, "あべ"}});
     list.Fill();
 

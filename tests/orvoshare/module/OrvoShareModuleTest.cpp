@@ -29,19 +29,16 @@ struct OrvoShareModuleTest : testing::Test {
     }
 };
 
-struct Language {
-    const char* tag;
-    int code;
-    const char* privateText;
-};
-constexpr Language kLanguages[] = {
-    {"en-US", 0x09, "(Private)"}, {"de-DE", 0x40, "(Privat)"},
-    {"fr-FR", 0x20, "(Privé)"},   {"ja-JP", 0x11, "(\x94\xF1\x8C\xF6\x8A\x4A)"},
-    {"es-ES", 0, "(Private)"},
-};
-
 TEST_F(OrvoShareModuleTest, TextsComeInTheLanguageOfTheLocaleAtTheFirstAttach) {
-    for (const Language& language : kLanguages) {
+    struct Language {
+        const char* tag;
+        int code;
+        const char* privateText;
+    };
+    for (const Language& language :
+         {Language{"de-DE", 0x40, "(Privat)"}, Language{"fr-FR", 0x20, "(Privé)"},
+          Language{"ja-JP", 0x11, "(\x94\xF1\x8C\xF6\x8A\x4A)"},
+          Language{"es-ES", 0, "(Private)"}}) {
         const LocaleInForce locale(language.tag);
         EXPECT_NE(Attach(), 0);
         EXPECT_EQ(OrvoShareLanguageCode(), language.code) << language.tag;

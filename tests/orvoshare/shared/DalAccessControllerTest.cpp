@@ -116,15 +116,11 @@ TEST_F(AccessTable, WhatNobodyHasIsAllowedAndOnlyTheDesktopSharesItsDataSet) {
     EXPECT_EQ(table.AllowDataAccess("u", 1, &heldByDesktop), 1);
     EXPECT_EQ(heldByDesktop, 0);
     EXPECT_EQ(table.RemoveAccessorInfo("u", 1) + table.RemoveAccessorInfo(nullptr, 1), 0);
-    struct Row {
-        const char* owner;
-        int isShared;
-    };
-    for (const Row& row : {Row{"Orvo Desktop", 1}, Row{"ORVO desktop", 1}, Row{"Orvo Desktop 2", 0},
-                           Row{"orvo", 0}}) {
-        EXPECT_EQ(Add("u", 1, row.owner), 1);
-        EXPECT_EQ(table.AllowDataAccess("U", 1, &heldByDesktop), row.isShared) << row.owner;
-        EXPECT_EQ(heldByDesktop, row.isShared) << row.owner;
+    for (const auto& [owner, isShared] :
+         {std::pair{"Orvo Desktop", 1}, {"ORVO desktop", 1}, {"Orvo Desktop 2", 0}, {"orvo", 0}}) {
+        EXPECT_EQ(Add("u", 1, owner), 1);
+        EXPECT_EQ(table.AllowDataAccess("U", 1, &heldByDesktop), isShared) << owner;
+        EXPECT_EQ(heldByDesktop, isShared) << owner;
         EXPECT_EQ(table.RemoveAccessorInfo("U", 1), 1);
     }
 }
@@ -222,16 +218,12 @@ TEST_F(AccessTable, AnAdditionCutAtAnyMomentShowsAWholeRowOrNone) {
 
 TEST_F(AccessTable, AMarkThatNoRemovalMakesHarmsNothing) {
     AddEach({"a"});
-    struct Mark {
-        std::uint32_t movingTo, countAfter;
-    };
-    for (const Mark& mark :
-         {Mark{1, 629}, Mark{3, 1}, Mark{630, 629}, Mark{1, 0xFFFFFFFF}, Mark{0xFFFFFFFF, 5}}) {
-        PutWord(kBehindRows, mark.movingTo);
-        PutWord(kBehindRows + 4, mark.countAfter);
-
-        EXPECT_THAT(Users(), ElementsAre("a")) << mark.movingTo;
-
+    using Mark = std::pair<std::uint32_t, std::uint32_t>;
+    for (const auto& [movingTo, countAfter] :
+         {Mark(1, 629), Mark(3, 1), Mark(630, 629), Mark(1, 0xFFFFFFFF), Mark(0xFFFFFFFF, 5)}) {
+        PutWord(kBehindRows, movingTo);
+        PutWord(kBehindRows + 4, countAfter);
+        EXPECT_THAT(Users(), ElementsAre("a")) << movingTo;
         EXPECT_EQ(Word(kBehindRows), 0U);
     }
 }

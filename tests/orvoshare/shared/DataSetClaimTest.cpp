@@ -112,8 +112,8 @@ TEST_F(Claims, AClaimWaitsForItsTurn) {
     Claimer holder(Store(), "Other");
     EXPECT_EQ(holder.Line(), "own []");
     holder.EndInput();
-    const DataSetClaim claim(Store(), kTerminalOwner, std::chrono::hours(1));
-    EXPECT_EQ(claim.Access(), DataSetAccess::Own);
+    EXPECT_EQ(DataSetClaim(Store(), kTerminalOwner, std::chrono::hours(1)).Access(),
+              DataSetAccess::Own);
 }
 
 TEST_F(Claims, AFullTableKeepsNobodyFromWorking) {

@@ -66,7 +66,7 @@ TEST(AddressBlock, EverySubsetOfTheFieldsHasItsLines) {
     }
 }
 
-TEST(AddressBlock, AFieldOfSeveralLinesTakesThoseApartThatShareItsLine) {
+TEST(AddressBlock, AFieldOfSeveralLinesTakesThoseApartThatShareItsLineWhereTabsBecomeBlanks) {
     struct Row {
         const char* why;
         Form form;
@@ -82,14 +82,11 @@ TEST(AddressBlock, AFieldOfSeveralLinesTakesThoseApartThatShareItsLine) {
         {"not the zip code", FormatAddressJapanese, {"A", "C", "S", "Y\nZ", "N"}, "Y/Z/S  C/A/N"},
         {"not the address", FormatAddressEnglish, {"A\nB", "C", "S", "", "N"}, "A/B/C, S/N"},
         {"an end alone is no line", FormatAddressEnglish, {"", "C\r", "S\n", "\r\n", ""}, "C, S"},
+        {"tabs become blanks", FormatAddressEnglish, {"", "C\tD", "S", "", ""}, "C    D, S"},
+        {"and stay", FormatAddressJapanese, {"", "C\tD", "S", "", ""}, "S  C\tD"},
+        {"but in states", FormatAddressGerman, {"", "C\tD", "S\tT", "Z", ""}, "Z C\tD/S    T"},
     };
     for (const Row& row : kRows) EXPECT_EQ(Lines(row.form, row.fields), row.want) << row.why;
-}
-
-TEST(AddressBlock, TabsBecomeBlanksOnlyWhereTheyAreTold) {
-    EXPECT_EQ(Lines(FormatAddressEnglish, {"", "C\tD", "S", "", ""}), "C    D, S");
-    EXPECT_EQ(Lines(FormatAddressJapanese, {"", "C\tD", "S", "", ""}), "S  C\tD");
-    EXPECT_EQ(Lines(FormatAddressGerman, {"", "C\tD", "S\tT", "Z", ""}), "Z C\tD/S    T");
 }
 
 TEST(AddressBlock, TheFormFollowsLanguageCodePageAndText) {

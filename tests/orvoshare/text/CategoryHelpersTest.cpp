@@ -45,6 +45,9 @@ TEST(CategoryHelpers, ANameIsCutTo15BytesAndRefusedWhereItIsTakenOrEmptyOrOneToo
     for (char letter = 'a'; letter < 'a' + 14; ++letter) EXPECT_EQ(create(CString(letter, 1)), 0);
     EXPECT_EQ(create("another"), 0x8000600FL);
     EXPECT_EQ(create(""), 0x8000600FL) << "told before a fault of the name";
+    CCategoryMgr refusing([](const std::string&, const CCategoryMgr::Choose&) { return false; });
+    EXPECT_EQ(CreateCategoryHelper(&refusing, "name"), 0x8000FFFFL);
+    EXPECT_EQ(refusing.GetCount(), 0);
 }
 
 TEST(CategoryHelpers, TheCutKeepsWholeCharactersOnEachPage) {
@@ -64,12 +67,6 @@ TEST(CategoryHelpers, TheCutKeepsWholeCharactersOnEachPage) {
     }
 }
 
-TEST(CategoryHelpers, ACategoryThatTheManagerRefusesIsNotKept) {
-    CCategoryMgr manager([](const std::string&, const CCategoryMgr::Choose&) { return false; });
-    EXPECT_EQ(CreateCategoryHelper(&manager, "name"), 0x8000FFFFL);
-    EXPECT_EQ(manager.GetCount(), 0);
-}
-
 TEST(CategoryHelpers, ANameInUtf16IsFoundUnderEachCodePage) {
     for (const LocaleCase& row : kBothCodePages) {
         const LocaleInForce locale(row.tag, row.codePage);
@@ -84,13 +81,7 @@ TEST(CategoryHelpers, ANameInUtf16IsFoundUnderEachCodePage) {
     }
 }
 
-TEST(CategoryHelpers, OneCategoryForAllNeedsNoTables) {
-    std::array<int, 16> map{};
-    EXPECT_EQ(AdjustCategoryIndices(3, nullptr, nullptr, map.data()), 1);
-    EXPECT_THAT(map, Each(3));
-}
-
-TEST(CategoryHelpers, CategoriesOfTwoTablesMatchByName) {
+TEST(CategoryHelpers, CategoriesOfTwoTablesMatchByNameUnlessThereIsOneForAll) {
     MemoryEngine sourceEngine;
     MemoryEngine targetEngine;
     CAddressTable source(sourceEngine);
@@ -102,7 +93,8 @@ TEST(CategoryHelpers, CategoriesOfTwoTablesMatchByName) {
         EXPECT_EQ(CreateCategoryHelper(target.GetCategoryManager(), name), 0);
     }
     std::array<int, 16> map{};
-    map.fill(7);
+    EXPECT_EQ(AdjustCategoryIndices(3, nullptr, nullptr, map.data()), 1);
+    EXPECT_THAT(map, Each(3));
 
     EXPECT_EQ(AdjustCategoryIndices(16, &target, &source, map.data()), 1);
 

@@ -145,10 +145,8 @@ TEST_F(TodoDates, AChosenDateLiesAtTheStartOfItsCalendarDay) {
 // Writes down where the picker began.
 struct PickingSystem : SystemInForce {
     CTime begun;
-    CWnd* owner = nullptr;
 
     bool PickDay(CWnd* window, CTime& day) override {
-        owner = window;
         begun = day;
         return SystemInForce::PickDay(window, day);
     }
@@ -157,20 +155,15 @@ struct PickingSystem : SystemInForce {
 TEST_F(TodoDates, ThePickerBeginsAtTheDateOrTodayAndMayBeCancelled) {
     SetNow("Asia/Tokyo", "2026-05-03T12:00:00");
     PickingSystem system;
-    CWnd main;
-    main.Create(0, {0, 0, 10, 10}, nullptr, 0);
-    AfxSetMainWnd(&main);
     const int choice = static_cast<int>(DateChoice::Choose);
 
     system.AnswerDay(CTime(1'900'000'000));
     EXPECT_EQ(ChosenDate(choice, 1'800'000'000), 1'900'000'000);
     EXPECT_EQ(system.begun.GetTime(), 1'800'000'000);
-    EXPECT_EQ(system.owner, &main);
 
     system.AnswerDay(std::nullopt);
     EXPECT_EQ(ChosenDate(choice, kMaxDate), -1);
     EXPECT_EQ(IsoOf(system.begun.GetTime()), "2026-05-03T12:00:00");
-    AfxSetMainWnd(nullptr);
 }
 
 }  // namespace

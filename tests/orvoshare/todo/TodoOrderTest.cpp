@@ -26,11 +26,6 @@ protected:
     int Compare(const AToDo& left, const AToDo& right) {
         return Compare(Make(left).get(), Make(right).get());
     }
-    CString CategoryName(int category) {
-        CString name("old");
-        view->GetCategoryName(name, category);
-        return name;
-    }
 };
 INSTANTIATE_TEST_SUITE_P(BothCodePages, TodoOrder, testing::ValuesIn(kBothCodePages));
 
@@ -97,13 +92,6 @@ TEST_P(TodoOrder, TheHeadingMarksTheFirstKeyAndTheRowsStay) {
     }
     view->SetSortOrder(kUnknownOrder);
     EXPECT_EQ(view->GetSortColumn(), -1);
-}
-
-TEST_P(TodoOrder, ACategoryThatNobodyKnowsHasNoName) {
-    EXPECT_EQ(CategoryName(kPersonal), "Personal");
-    for (const int unknown : {15, 16, -1}) EXPECT_EQ(CategoryName(unknown), "") << unknown;
-    view = NewView();
-    EXPECT_EQ(CategoryName(kPersonal), "") << "no table";
 }
 
 // Few values, so that every key is often equal; two categories have one name, and some have none.
