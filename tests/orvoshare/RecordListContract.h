@@ -76,13 +76,18 @@ TEST_F(RecordListContract, OnlyTheOneSelectedRowIsEditedAndNotBehindItsMask) {
     EXPECT_EQ(CategoryOf(*RecordAt(0)), kPersonal) << "private, but not masked";
 }
 
-TEST_F(RecordListContract, AChosenCategoryIsStoredAndToldUnlessTheRowHasIt) {
+TEST_F(RecordListContract, AChosenCategoryIsStoredShownAndToldUnlessTheRowHasIt) {
     ShowThree();
     Choose(1, kToBusiness);
     EXPECT_EQ(changes, 0);
     EXPECT_THAT(owner.told, testing::IsEmpty());
 
-    Choose(1, kToPersonal);
+    OpenAndClose(1, kCategoryColumn);
+    view->UpdateWindow();
+    ASSERT_TRUE(Peer().InvalidArea().IsRectEmpty());
+    view->SendMessage(WM_COMMAND, kToPersonal.command);
+    EXPECT_TRUE(IsRepainted(1));
+    PumpMessages();
     EXPECT_EQ(CategoryOf(*Stored(RecordAt(1)->GetId())), kPersonal);
     EXPECT_EQ(changes, 1);
     EXPECT_THAT(owner.told, testing::ElementsAre(kRowChanged));
@@ -100,15 +105,6 @@ TEST_F(RecordListContract, TheRowGoesWhereOneOtherCategoryIsOnShow) {
     EXPECT_EQ(Names(), "b");
     EXPECT_EQ(CategoryOf(*Stored(last)), kPersonal);
     EXPECT_THAT(owner.told, testing::ElementsAre(kRowGone, kRowGone));
-}
-
-TEST_F(RecordListContract, AChangedRowIsRepainted) {
-    ShowThree();
-    OpenAndClose(1, kCategoryColumn);
-    view->UpdateWindow();
-    ASSERT_TRUE(Peer().InvalidArea().IsRectEmpty());
-    view->SendMessage(WM_COMMAND, kToPersonal.command);
-    EXPECT_TRUE(IsRepainted(1));
 }
 
 TEST_F(RecordListContract, ACommandWithoutItsPopupOrForNoCategoryDoesNothing) {
@@ -284,16 +280,11 @@ TEST_F(RecordListContract, NothingIsDrawnWithoutRecordColumnRoomOrContext) {
     view->DrawColumn(nullptr, 0, reinterpret_cast<DWORD>(record.get()), cell, 0, 0, 0);
 }
 
-TEST_F(RecordListContract, WithNothingSavedTheDefaultHeadingIsShown) {
+TEST_F(RecordListContract, WhatTheUserDidToTheDefaultColumnsIsSaved) {
     view = Bare();
     EXPECT_EQ(view->ReadHeaderColumnInfo(kSection, 0), 1);
     EXPECT_EQ(HeadingOf(*view), kDefaultHeading);
     EXPECT_EQ(Saved(), "") << "reading writes nothing";
-}
-
-TEST_F(RecordListContract, WhatTheUserDidToTheColumnsIsSaved) {
-    view = Bare();
-    view->ReadHeaderColumnInfo(kSection, 0);
     view->SetColumnWidth(view->IndexOf(kCategoryColumn), 77);
     view->SetColumnWidth(view->IndexOf(kNameColumn), 250);
     view->HideColumn(kNameColumn);

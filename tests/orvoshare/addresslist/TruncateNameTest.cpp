@@ -34,6 +34,7 @@ TEST_F(TruncateName, EachHalfHasItsShareOfTheWidth) {
         {"room for a separator is kept", "Abcdefghijklmnopq", "", 16, "Abcdefghijk..."},
     };
     view->DV_SetListBy(kListByName);
+    EXPECT_EQ(Truncated("fits", *Make({}), 4), "fits");
     for (const Row& row : kRows) {
         const auto record = Make({{Name, row.name}, {First, row.first}});
         EXPECT_EQ(Truncated("a text that is too long for any of these", *record, row.characters),
@@ -61,10 +62,6 @@ TEST_F(TruncateName, TheListingOrderChoosesTheParts) {
         EXPECT_EQ(Truncated("too long", *record, 7), row.want)
             << row.listBy << row.company << row.name << row.first;
     }
-}
-
-TEST_F(TruncateName, ATextThatFitsIsLeftAloneWhateverTheRecord) {
-    EXPECT_EQ(Truncated("fits", *Make({}), 4), "fits");
 }
 
 TEST_F(TruncateName, WideNamesAreCutBetweenCharactersAndJoinedAsTheLocaleDoes) {

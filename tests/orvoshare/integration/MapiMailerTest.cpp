@@ -65,11 +65,7 @@ TEST_F(LibraryTest, ALibraryIsTakenFromNoOtherFolderThanTheModules) {
     environment.Set("ORVO_MODULE_DIR", folder.Path(""));
     EXPECT_EQ(LoadLibraryA("libc.so.6"), nullptr);
     EXPECT_EQ(LoadLibraryA(folder.File("MAPI32.DLL", "no library").c_str()), nullptr);
-    EXPECT_EQ(LoadLibraryA(""), nullptr);
     EXPECT_EQ(LoadLibraryA(nullptr), nullptr);
-    EXPECT_EQ(GetProcAddress(nullptr, "MAPISendMail"), nullptr);
-    EXPECT_EQ(FreeLibrary(nullptr), 0);
-
     const HMODULE library = LoadLibraryA((kEmpty + "/MAPI32.DLL").c_str());
     EXPECT_NE(GetProcAddress(library, "SomethingElse"), nullptr);
     EXPECT_EQ(FreeLibrary(library), 1);
