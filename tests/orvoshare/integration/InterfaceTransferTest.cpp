@@ -151,14 +151,10 @@ TEST_F(InterfaceTransfer, OnePacketServesTwoWindowsAndGoesByItsRelease) {
 }
 
 TEST_F(InterfaceTransfer, AReceiverThatDiesHoldsNothingAnyMore) {
-    ComPointer<ICounter> own(new Counter);
-    Give(own.Get(), peerWindow);
+    Give(ComPointer<ICounter>(new Counter).Get(), peerWindow);
     EXPECT_EQ(ReleasePacket(), S_OK);
-    own = {};
     ASSERT_EQ(Counter::Living(), 1);
-
     peer.Kill();
-
     EXPECT_TRUE(ServeUntil([] { return Counter::Living() == 0; }));
 }
 
