@@ -95,8 +95,9 @@ protected:
     DWORD size = 0;
 };
 
-TEST_F(InterfaceTransfer, WhatTheObjectGivesComesBackAsItIsAndManyCallsLeaveNothingBehind) {
-    constexpr int kCalls = 100000;
+// More calls than a process may have files open or a bus keeps answers waiting.
+TEST_F(InterfaceTransfer, WhatTheObjectGivesComesBackAsItIsAndThousandsOfCallsLeaveNothingBehind) {
+    constexpr int kCalls = 5000;
     ASSERT_EQ(Fetch(), S_OK);
     EXPECT_EQ(window.sender, peerWindow);
     EXPECT_EQ(window.tag, kTag);
