@@ -4,6 +4,8 @@
 
 #include <ostream>
 
+#include <support/LocaleInForce.h>
+
 namespace orvo {
 
 struct LocaleCase {

@@ -1,6 +1,7 @@
 // Packets and who may use them, within one process.
 // SPDX-License-Identifier: MIT
 #include <thread>
+#include <tuple>
 
 #include <gtest/gtest.h>
 
@@ -98,22 +99,16 @@ TEST_F(Marshal, WhatCannotBePassedIsRefused) {
 }
 
 TEST_F(Marshal, AWholePacketThatNamesNothingIsRefused) {
-    struct Row {
-        const char* why;
-        std::int64_t place;
-        const char* bytes;
-        HRESULT want;
-    };
-    constexpr Row rows[] = {
+    constexpr std::tuple<const char*, std::int64_t, const char*, HRESULT> rows[] = {
         {"another interface", 8, "xxxx", E_INVALIDARG},
         {"another key", 24, "xxxxxxxx", CO_E_OBJNOTCONNECTED},
         {"a process that has never been", 32, ":9", RPC_E_DISCONNECTED},
     };
-    for (const Row& row : rows) {
+    for (const auto& [why, place, bytes, want] : rows) {
         ASSERT_EQ(Write(MSHLFLAGS_TABLESTRONG), S_OK);
-        stream->Seek(row.place, STREAM_SEEK_SET, nullptr);
-        stream->Write(row.bytes, static_cast<ULONG>(std::strlen(row.bytes)), nullptr);
-        EXPECT_EQ(Read(), row.want) << row.why;
+        stream->Seek(place, STREAM_SEEK_SET, nullptr);
+        stream->Write(bytes, static_cast<ULONG>(std::strlen(bytes)), nullptr);
+        EXPECT_EQ(Read(), want) << why;
     }
 }
 

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstdlib>
-#include <filesystem>
 #include <string>
 
 #include <gtest/gtest.h>

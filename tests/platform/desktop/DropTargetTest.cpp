@@ -1,14 +1,12 @@
 // The road of dragged data through a drop target, and the data itself.
 // SPDX-License-Identifier: MIT
-#include <gmock/gmock.h>
+#include <tuple>
 
 #include <platform/desktop/NotingTarget.h>
 #include <platform/window/WindowFixture.h>
 
 namespace orvo {
 namespace {
-
-using testing::ElementsAre;
 
 struct DropTargetTest : testing::Test {
     DropTargetTest() { window.Create(WS_POPUP, {0, 0, 100, 100}, nullptr, 0); }
@@ -39,13 +37,8 @@ TEST_F(DropTargetTest, AWindowHasOneTargetForAsLongAsBothLive) {
 TEST_F(DropTargetTest, ADropIsOfferedStepByStep) {
     constexpr DROPEFFECT kCopy = DROPEFFECT_COPY;
     constexpr DROPEFFECT kNone = DROPEFFECT_NONE;
-    struct Row {
-        const char* why;
-        DROPEFFECT over, dropEx;
-        BOOL drop;
-        std::string last;  // of the calls; empty where there is none behind the offer
-        DROPEFFECT want;
-    };
+    // The last text is the call behind the offer; it is empty where there is none.
+    using Row = std::tuple<const char*, DROPEFFECT, DROPEFFECT, BOOL, std::string, DROPEFFECT>;
     const Row rows[] = {
         {"taken", kCopy, kDropNotHandled, 1, "drop", kCopy},
         {"not taken after all", kCopy, kDropNotHandled, 0, "drop", kNone},
@@ -53,17 +46,16 @@ TEST_F(DropTargetTest, ADropIsOfferedStepByStep) {
         {"not wanted", kNone, kDropNotHandled, 1, "leave", kNone},
         {"not allowed by its source", DROPEFFECT_MOVE, kDropNotHandled, 1, "leave", kNone},
     };
-    for (const Row& row : rows) {
+    for (const auto& [why, over, dropEx, drop, last, want] : rows) {
         NotingTarget target;
         target.Register(&window);
-        target.over = row.over;
-        target.dropEx = row.dropEx;
-        target.drop = row.drop;
-        EXPECT_EQ(target.DoDrop(data, 0, DROPEFFECT_COPY | DROPEFFECT_LINK, {}), row.want)
-            << row.why;
+        target.over = over;
+        target.dropEx = dropEx;
+        target.drop = drop;
+        EXPECT_EQ(target.DoDrop(data, 0, DROPEFFECT_COPY | DROPEFFECT_LINK, {}), want) << why;
         std::vector<std::string> calls{"over", "dropEx"};
-        if (!row.last.empty()) calls.push_back(row.last);
-        EXPECT_EQ(target.calls, calls) << row.why;
+        if (!last.empty()) calls.push_back(last);
+        EXPECT_EQ(target.calls, calls) << why;
     }
 }
 

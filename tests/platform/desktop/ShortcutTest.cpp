@@ -1,21 +1,91 @@
-// Which file a shortcut stands for on this machine.
+// Shortcuts: the bytes of a shell link, and the files that shortcuts stand for.
 // SPDX-License-Identifier: MIT
-#include <filesystem>
+#include <tuple>
 
 #include <gtest/gtest.h>
 
 #include <platform/desktop/ShellLinkBytes.h>
+#include <platform/desktop/ShellLinkFile.h>
 #include <platform/desktop/Shortcut.h>
 #include <platform/io/TempFolder.h>
 #include <platform/text/SystemText.h>
 #include <support/CodePages.h>
-#include <support/LocaleInForce.h>
 
 namespace orvo {
 namespace {
 
-namespace fs = std::filesystem;
 using Link = ShellLinkBytes;
+
+TEST(ShellLinkFile, EachTextIsReadFromItsPlace) {
+    const std::tuple<const char*, Link, const char*, const char*> rows[] = {
+        {"a header alone", Link(), "", ""},
+        {"a description before it",
+         Link()
+             .WithUnicodeText(Link::kName, u"Ann")
+             .WithUnicodeText(Link::kRelativePath, u".\\\u5C71.vcf"),
+         ".\\\xE5\xB1\xB1.vcf", ""},
+        {"targets and a place before it",
+         Link()
+             .WithTargetIds("\x01\x02\x03")
+             .WithPlace("C:\\cards\\", "a.vcf")
+             .WithText(Link::kRelativePath, "a.vcf"),
+         "a.vcf", "C:\\cards\\a.vcf"},
+        {"the Unicode forms of the place win", Link().WithUnicodePlace(u"C:\\\u5C71\\", u"a.vcf"),
+         "", "C:\\\xE5\xB1\xB1\\a.vcf"},
+        {"a text ends at a zero",
+         Link().WithText(Link::kRelativePath, std::string("a.vcf\0.txt", 10)), "a.vcf", ""},
+    };
+    for (const auto& [why, parts, relativePath, basePath] : rows) {
+        const ShellLinkFile link = ReadShellLink(parts.Bytes());
+        EXPECT_EQ(link.relativePath, relativePath) << why;
+        EXPECT_EQ(link.basePath, basePath) << why;
+    }
+}
+
+TEST(ShellLinkFile, BytesAreInTheCodePageOfTheSystem) {
+    const LocaleInForce japanese("ja-JP", 932);
+    const ShellLinkFile link =
+        ReadShellLink(Link().WithText(Link::kRelativePath, "\x95\x5C.vcf").Bytes());
+    EXPECT_EQ(link.relativePath, "\xE8\xA1\xA8.vcf");
+}
+
+TEST(ShellLinkFile, EveryLinkThatEndsEarlyIsRefused) {
+    const std::string sound = Link()
+                                  .WithTargetIds("123")
+                                  .WithUnicodePlace(u"C:\\cards\\", u"a.vcf")
+                                  .WithUnicodeText(Link::kRelativePath, u"a.vcf")
+                                  .Bytes();
+    const std::size_t end = sound.size() - 4;
+    ASSERT_NO_THROW(ReadShellLink(sound.substr(0, end)));
+    for (std::size_t size = 0; size < end; ++size) {
+        EXPECT_THROW(ReadShellLink(sound.substr(0, size)), ShellLinkError) << size;
+    }
+}
+
+TEST(ShellLinkFile, WhatIsWrongIsTold) {
+    const auto withPlace = [](std::size_t offset, std::uint32_t number) {
+        Link link = Link().WithPlace("C:\\", "a.vcf");
+        link.info.replace(offset, 4, LittleEndian(number, 4));
+        return link.Bytes();
+    };
+    const std::string rows[][2] = {
+        {"[InternetShortcut]", "it isn't a shell link"},
+        {std::string(100, '\0'), "it isn't a shell link"},
+        {withPlace(0, 0xFFFFFFFF), "the place goes beyond the end"},
+        {withPlace(4, 8), "the place's header has 8 bytes"},
+        {withPlace(4, 0x7FFFFFFF), "the place's header has 2147483647 bytes"},
+        {withPlace(16, 0xFFFFFFF0), "the base path has no end"},
+        {Link().WithPlace(std::string(2000, 'x'), "").Bytes(), "the path has 2000 bytes"},
+    };
+    for (const auto& [bytes, want] : rows) {
+        try {
+            ReadShellLink(bytes);
+            ADD_FAILURE() << want;
+        } catch (const ShellLinkError& error) {
+            EXPECT_EQ(error.what(), want);
+        }
+    }
+}
 
 struct ShortcutTest : testing::Test {
     ShortcutTest() {
@@ -54,12 +124,7 @@ struct ShortcutTest : testing::Test {
 };
 
 TEST_F(ShortcutTest, AShellLinksTargetIsLookedForInOrder) {
-    struct Row {
-        const char* why;
-        Link link;
-        const char* want;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, Link, const char*> rows[] = {
         {"from the link's folder", To("..\\Cards\\Ann.vcf"), "Cards/Ann.vcf"},
         {"in whatever case", To("..\\CARDS\\ann.VCF"), "Cards/Ann.vcf"},
         {"the relative path first",
@@ -74,8 +139,8 @@ TEST_F(ShortcutTest, AShellLinksTargetIsLookedForInOrder) {
         {"a folder is no target", To("..\\Cards"), "not found"},
         {"no path at all", Link(), "not found"},
     };
-    for (const Row& row : rows) {
-        EXPECT_EQ(Target(LinkFile(row.link)), row.want) << row.why;
+    for (const auto& [why, link, want] : rows) {
+        EXPECT_EQ(Target(LinkFile(link)), want) << why;
     }
 }
 
@@ -101,12 +166,7 @@ TEST_F(ShortcutTest, DamagedAndForeignFilesAreRefused) {
 TEST_F(ShortcutTest, ADesktopEntryStandsForTheFileOfItsAddress) {
     const std::string head = "[Desktop Entry]\nType=Link\nURL=";
     const std::string path = folder.Path("Cards/Ann.vcf");
-    struct Row {
-        const char* why;
-        std::string entry;
-        const char* want;
-    };
-    const Row rows[] = {
+    const std::string rows[][3] = {
         {"three slashes", head + "file://" + path + "\n", "Cards/Ann.vcf"},
         {"one slash, and no line end", head + "file:" + path, "Cards/Ann.vcf"},
         {"this machine", head + "file://localhost" + path, "Cards/Ann.vcf"},
@@ -124,7 +184,7 @@ TEST_F(ShortcutTest, ADesktopEntryStandsForTheFileOfItsAddress) {
         {"a file that is gone", head + "file:///gone.vcf", "not found"},
         {"nothing", "", "refused"},
     };
-    for (const Row& row : rows) EXPECT_EQ(Target(EntryFile(row.entry)), row.want) << row.why;
+    for (const auto& [why, entry, want] : rows) EXPECT_EQ(Target(EntryFile(entry)), want) << why;
 }
 
 TEST_F(ShortcutTest, ASymbolicLinkIsFollowedToItsEnd) {

@@ -1,10 +1,11 @@
-// Tests of CArchive.
+// Archives of values, and the classes whose objects they hold.
 // SPDX-License-Identifier: MIT
 #include <tuple>
 
 #include <gmock/gmock.h>
 
 #include <platform/io/CArchive.h>
+#include <platform/io/CObject.h>
 
 #include "TempFolder.h"
 
@@ -76,13 +77,7 @@ TEST_F(CArchiveTest, ANumberOfMoreThanFourBytesIsRefusedAndNothingIsStored) {
     EXPECT_EQ(bytes, "");
 }
 
-struct CountRow {
-    const char* why;
-    int length;
-    std::string head;
-};
-
-const CountRow kCounts[] = {
+const std::tuple<const char*, int, std::string> kCounts[] = {
     {"empty", 0, "\0"s},
     {"the longest with one byte", 254, "\xFE"},
     {"the shortest with two bytes", 255, "\xFF\xFF\0"s},
@@ -92,37 +87,33 @@ const CountRow kCounts[] = {
 };
 
 TEST_F(CArchiveTest, ATextIsItsCountAndItsBytes) {
-    for (const CountRow& row : kCounts) {
-        const CString text(std::string(static_cast<std::size_t>(row.length), '\xE9'));
+    for (const auto& [why, length, head] : kCounts) {
+        const CString text(std::string(static_cast<std::size_t>(length), '\xE9'));
 
         const std::string bytes = Stored([&](CArchive& archive) { archive << text; });
 
-        EXPECT_EQ(bytes.substr(0, row.head.size()), row.head) << row.why;
-        EXPECT_EQ(bytes.substr(row.head.size()), text.Bytes()) << row.why;
+        EXPECT_EQ(bytes.substr(0, head.size()), head) << why;
+        EXPECT_EQ(bytes.substr(head.size()), text.Bytes()) << why;
         CArchive archive(Holding(bytes), CArchive::load);
         CString read;
         archive >> read;
-        EXPECT_TRUE(read == text) << row.why;
+        EXPECT_TRUE(read == text) << why;
     }
 }
 
 TEST_F(CArchiveTest, ABrokenTextThrowsAndLeavesTheOldOne) {
     using Error = CArchiveException;
-    struct Row {
-        const char* why;
-        std::string bytes;
-        Error::Cause cause;
-    };
-    for (const Row& row :
-         {Row{"no count", "", Error::endOfFile},
-          {"half a count", "\xFF\x10", Error::endOfFile},
-          {"less than promised", "\x05two", Error::endOfFile},
-          {"2 GB promised, 3 there", "\xFF\xFF\xFF\xFF\xFF\xFF\x7F..."s, Error::endOfFile},
-          {"more than 2 GB promised", "\xFF\xFF\xFF\0\0\0\x80"s, Error::badValue},
-          {"16-bit characters announced", "\xFF\xFE\xFF\x02"s, Error::badValue}}) {
+    const std::tuple<const char*, std::string, Error::Cause> rows[] = {
+        {"no count", "", Error::endOfFile},
+        {"half a count", "\xFF\x10", Error::endOfFile},
+        {"less than promised", "\x05two", Error::endOfFile},
+        {"2 GB promised, 3 there", "\xFF\xFF\xFF\xFF\xFF\xFF\x7F..."s, Error::endOfFile},
+        {"more than 2 GB promised", "\xFF\xFF\xFF\0\0\0\x80"s, Error::badValue},
+        {"16-bit characters announced", "\xFF\xFE\xFF\x02"s, Error::badValue}};
+    for (const auto& [why, bytes, cause] : rows) {
         CString text("old");
-        EXPECT_EQ(CauseOfLoading(row.bytes, text), row.cause) << row.why;
-        EXPECT_STREQ(text, "old") << row.why;
+        EXPECT_EQ(CauseOfLoading(bytes, text), cause) << why;
+        EXPECT_STREQ(text, "old") << why;
     }
 }
 
@@ -187,6 +178,47 @@ TEST_F(CArchiveTest, AFileThatTakesNothingFailsCloseOnceAndNeverTheDestructor) {
         EXPECT_NO_THROW(archive.Close());
     }
     EXPECT_NO_THROW({ CArchive(&m_file, CArchive::store) << 1; });
+}
+
+class Shape : public CObject {
+public:
+    static const CRuntimeClass classShape;
+    const CRuntimeClass* GetRuntimeClass() const override { return &classShape; }
+};
+
+class Circle : public Shape {
+public:
+    static const CRuntimeClass classCircle;
+    const CRuntimeClass* GetRuntimeClass() const override { return &classCircle; }
+};
+
+const CRuntimeClass Shape::classShape("Shape", 1, nullptr, &CObject::classCObject);
+const CRuntimeClass Circle::classCircle(
+    "Circle", 3, [] { return std::unique_ptr<CObject>(std::make_unique<Circle>()); },
+    &Shape::classShape);
+
+TEST(RuntimeClass, AClassWithAMakerIsMadeByItsNameWhileItIsThere) {
+    {
+        const CRuntimeClass passing("Passing", 1, Circle::classCircle.maker, nullptr);
+        EXPECT_EQ(CRuntimeClass::Find("Passing"), &passing);
+    }
+    ASSERT_EQ(CRuntimeClass::Find("Circle"), &Circle::classCircle);
+    EXPECT_EQ(Circle::classCircle.CreateObject()->GetRuntimeClass(), &Circle::classCircle);
+    for (const char* name : {"Passing", "Shape", "CObject", "circle"}) {
+        EXPECT_EQ(CRuntimeClass::Find(name), nullptr) << name;
+    }
+    EXPECT_EQ(Shape::classShape.CreateObject(), nullptr);
+}
+
+TEST(RuntimeClass, AnObjectIsOfItsClassAndOfAllItsBases) {
+    const Circle circle;
+    const Shape shape;
+
+    EXPECT_TRUE(circle.IsKindOf(Circle::classCircle));
+    EXPECT_TRUE(circle.IsKindOf(Shape::classShape));
+    EXPECT_TRUE(circle.IsKindOf(CObject::classCObject));
+    EXPECT_FALSE(shape.IsKindOf(Circle::classCircle));
+    EXPECT_FALSE(CObject().IsKindOf(Shape::classShape));
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <array>
 #include <sys/stat.h>
 #include <thread>
+#include <tuple>
 #include <unistd.h>
 
 #include <gmock/gmock.h>
@@ -52,13 +53,7 @@ TEST_F(CFileTest, CreateEmptiesAFileAndTheOtherModesDoNot) {
     EXPECT_EQ(m_file.GetLength(), 0u);
 }
 
-struct ShareRow {
-    const char* why;
-    unsigned first, second;
-    bool opens;
-};
-
-constexpr ShareRow kShares[] = {
+constexpr std::tuple<const char*, unsigned, unsigned, bool> kShares[] = {
     {"two readers", CFile::modeRead, CFile::modeRead, true},
     {"reader and writer", CFile::modeRead, CFile::modeCreate | CFile::modeWrite, true},
     {"second wants it alone", CFile::modeRead, CFile::modeRead | CFile::shareExclusive, false},
@@ -68,20 +63,20 @@ constexpr ShareRow kShares[] = {
 };
 
 TEST_F(CFileTest, AFileThatIsHeldAloneIsLeftAsItIs) {
-    for (const ShareRow& row : kShares) {
+    for (const auto& [why, firstMode, secondMode, opens] : kShares) {
         const std::string path = m_folder.File("shared.dat", "kept");
-        ASSERT_TRUE(m_file.Open(path.c_str(), row.first)) << row.why;
+        ASSERT_TRUE(m_file.Open(path.c_str(), firstMode)) << why;
 
         CFile second;
-        EXPECT_EQ(second.Open(path.c_str(), row.second, &m_error) != 0, row.opens) << row.why;
-        if (!row.opens) {
-            EXPECT_EQ(m_error, path + ": can't be opened: it is in use") << row.why;
-            EXPECT_EQ(TempFolder::Content(path), "kept") << row.why;
+        EXPECT_EQ(second.Open(path.c_str(), secondMode, &m_error) != 0, opens) << why;
+        if (!opens) {
+            EXPECT_EQ(m_error, path + ": can't be opened: it is in use") << why;
+            EXPECT_EQ(TempFolder::Content(path), "kept") << why;
         }
 
         m_file.Close();
         second.Close();
-        EXPECT_TRUE(second.Open(path.c_str(), row.second)) << row.why;
+        EXPECT_TRUE(second.Open(path.c_str(), secondMode)) << why;
     }
 }
 

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include <atomic>
 #include <cerrno>
-#include <filesystem>
 #include <sys/stat.h>
 #include <thread>
 
@@ -13,9 +12,6 @@
 #include <platform/io/TempFolder.h>
 
 namespace orvo {
-namespace {
-
-namespace fs = std::filesystem;
 
 TEST(FileReplacement, TheOldFileStaysUntilTheNewOneIsWhole) {
     const TempFolder folder;
@@ -86,6 +82,4 @@ TEST(LockFile, WhoeverWaitedForARemovedFileHoldsTheNextOne) {
     }
     EXPECT_FALSE(fs::exists(path));
 }
-
-}  // namespace
 }  // namespace orvo

@@ -11,18 +11,20 @@
 
 namespace orvo {
 
+namespace fs = std::filesystem;
+
 class TempFolder {
 public:
     explicit TempFolder(const char* pattern = "orvo-test-XXXXXX") {
-        std::string name = (std::filesystem::temp_directory_path() / pattern).string();
+        std::string name = (fs::temp_directory_path() / pattern).string();
         if (::mkdtemp(name.data()) == nullptr) throw std::runtime_error("no folder for the test");
         m_path = name;
     }
     TempFolder(const TempFolder&) = delete;
     TempFolder& operator=(const TempFolder&) = delete;
-    ~TempFolder() { std::filesystem::remove_all(m_path); }
+    ~TempFolder() { fs::remove_all(m_path); }
 
-    const std::filesystem::path& Path() const { return m_path; }
+    const fs::path& Path() const { return m_path; }
     std::string Path(const std::string& name) const { return (m_path / name).string(); }
 
     std::string File(const std::string& name, const std::string& content) const {
@@ -36,7 +38,7 @@ public:
     }
 
 private:
-    std::filesystem::path m_path;
+    fs::path m_path;
 };
 
 }  // namespace orvo

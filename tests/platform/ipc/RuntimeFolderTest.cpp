@@ -10,9 +10,6 @@
 #include <platform/ipc/RuntimeFolder.h>
 
 namespace orvo {
-namespace {
-
-namespace fs = std::filesystem;
 
 using RuntimeFolders = RuntimeFixture;
 
@@ -58,6 +55,4 @@ TEST_F(RuntimeFolders, WithoutARuntimeFolderAllProcessesComeToTheSameOne) {
                                    fmt::format("/tmp/orvo-{}", ::geteuid())));
     }
 }
-
-}  // namespace
 }  // namespace orvo

@@ -1,6 +1,5 @@
 // Where the text of a number is looked for, and for how long a module is in reach.
 // SPDX-License-Identifier: MIT
-#include <map>
 #include <thread>
 
 #include <gtest/gtest.h>
@@ -8,31 +7,21 @@
 #include <platform/module/ExtensionModule.h>
 #include <platform/module/FindResource.h>
 #include <platform/module/ResourceHandle.h>
+#include <platform/module/TextsModule.h>
 #include <platform/text/CString.h>
 #include <support/LocaleInForce.h>
 
 namespace orvo {
 namespace {
 
-class MapModule : public Module {
+// A menu for each text, and nothing else.
+class MenuModule : public TextsModule {
 public:
-    explicit MapModule(std::map<unsigned, std::string> texts) : m_texts(std::move(texts)) {}
+    explicit MenuModule(const Texts& texts) : TextsModule(texts, texts) {}
 
-    bool FindString(unsigned number, std::string& utf8) const override {
-        const auto found = m_texts.find(number);
-        if (found != m_texts.end()) utf8 = found->second;
-        return found != m_texts.end();
-    }
-
-    // A menu for each text.
     std::string_view FindResource(ResourceKind kind, unsigned number) const override {
-        const auto found = m_texts.find(number);
-        const bool isThere = kind == ResourceKind::Menu && found != m_texts.end();
-        return isThere ? std::string_view(found->second) : std::string_view();
+        return kind == ResourceKind::Menu ? TextsModule::FindResource(kind, number) : "";
     }
-
-private:
-    std::map<unsigned, std::string> m_texts;
 };
 
 // An extension module in use and in the chain, for one test.
@@ -58,10 +47,10 @@ struct ModuleTest : testing::Test {
     }
 
     LocaleInForce locale{"en-US"};
-    MapModule application{{{1, "application"}}};
-    MapModule early{{{1, "early"}, {2, "early"}, {3, "early"}}};
-    MapModule late{{{2, "late"}}};
-    MapModule system{{{3, "system"}, {4, "system"}}};
+    MenuModule application{{{1, "application"}}};
+    MenuModule early{{{1, "early"}, {2, "early"}, {3, "early"}}};
+    MenuModule late{{{2, "late"}}};
+    MenuModule system{{{3, "system"}, {4, "system"}}};
 };
 
 // The road of texts and of other resources is the same.
@@ -110,7 +99,7 @@ TEST_F(ModuleTest, EveryThreadHasItsOwnResourceHandle) {
 }
 
 TEST_F(ModuleTest, TextComesInTheCodePageOfTheSystem) {
-    const MapModule japanese({{1, "山"}});
+    const MenuModule japanese({{1, "山"}});
     AfxSetResourceHandle(&japanese);
     EXPECT_EQ(Load(1), "\xE5\xB1\xB1");
     const LocaleInForce page932("ja-JP", 932);

@@ -9,8 +9,6 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QSettings>
-#include <QTimer>
-#include <functional>
 
 #include <platform/io/TempFolder.h>
 #include <platform/qt/QtFixture.h>
@@ -24,9 +22,6 @@ protected:
         QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
                            QString::fromStdString(folder.Path("settings")));
     }
-
-    // Runs once the next dialog or box is shown.
-    static void Then(const std::function<void()>& act) { QTimer::singleShot(0, act); }
 
     // Runs with the file dialog that is shown next, and cancels it where it is still there.
     static void Use(const std::function<void(QFileDialog&)>& act) {

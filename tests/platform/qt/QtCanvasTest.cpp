@@ -4,8 +4,6 @@
 #include <QPainter>
 #include <algorithm>
 
-#include <gtest/gtest.h>
-
 #include <platform/qt/QtCanvas.h>
 #include <platform/qt/QtFixture.h>
 

@@ -4,8 +4,6 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QTimer>
-#include <functional>
 
 #include <platform/qt/QtFixture.h>
 #include <platform/window/dialogs/CMenu.h>
@@ -16,9 +14,6 @@ namespace {
 
 class QtDialogTest : public QtWindowFixture {
 protected:
-    // Runs once the menu or box is shown.
-    static void Then(const std::function<void()>& act) { QTimer::singleShot(0, act); }
-
     static void PressIn(QWidget* widget, std::initializer_list<Qt::Key> keys) {
         ASSERT_NE(widget, nullptr);
         for (const Qt::Key key : keys) QTest::keyClick(widget, key);

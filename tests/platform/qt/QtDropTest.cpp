@@ -6,18 +6,12 @@
 #include <QUrl>
 #include <QWindow>
 
-#include <gmock/gmock.h>
-
 #include <platform/desktop/NotingTarget.h>
 #include <platform/qt/QtFixture.h>
 #include <support/CodePages.h>
-#include <support/LocaleInForce.h>
 
 namespace orvo {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 struct QtDropTest : QtWindowFixture {
     void SetUp() override {

@@ -8,20 +8,14 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
-#include <QTimer>
-
-#include <gmock/gmock.h>
 
 #include <platform/qt/QtFixture.h>
 #include <platform/window/edit/CEdit.h>
 #include <support/CodePages.h>
-#include <support/LocaleInForce.h>
 
 namespace orvo {
 
 namespace {
-
-using testing::ElementsAre;
 
 // Takes no digit, and tells what came.
 class Edit : public CEdit {
@@ -137,7 +131,7 @@ TEST_F(QtEditTest, TheKeysOfTheClipboardChangeTheTextByMessages) {
 TEST_F(QtEditTest, TheMenusItemsChangeTheTextByMessages) {
     edit.SetWindowText("abc");
     edit.SetSel(0, 2);
-    QTimer::singleShot(0, [] {
+    Then([] {
         auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
         ASSERT_NE(menu, nullptr);
         for (QAction* action : menu->actions()) {

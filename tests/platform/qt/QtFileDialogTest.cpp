@@ -3,19 +3,15 @@
 #include <QComboBox>
 #include <QPushButton>
 #include <QRadioButton>
+#include <tuple>
 
-#include <gmock/gmock.h>
-
+#include <platform/module/TextsModule.h>
 #include <platform/qt/FileDialogHands.h>
 #include <platform/window/dialogs/CFileDialog.h>
 #include <support/CodePages.h>
-#include <support/LocaleInForce.h>
 
 namespace orvo {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 constexpr const char* kTemplate =
     "size 100 20\nfont 8 Sans\n"
@@ -23,19 +19,13 @@ constexpr const char* kTemplate =
     "radio-button 71 0 0 9 9 2 group\nradio-button 72 0 0 9 9 3 disabled\n"
     "bitmap-button 73 0 0 9 9 4 hidden-text\n";
 
-class TemplateModule : public Module {
-public:
-    bool FindString(unsigned number, std::string& utf8) const override {
-        utf8 = std::vector<const char*>{"", "Range:", "&All", "&Some", "Play"}[number];
-        return true;
-    }
-    std::string_view FindResource(ResourceKind, unsigned) const override { return kTemplate; }
-};
+const TextsModule kModule({{1, "Range:"}, {2, "&All"}, {3, "&Some"}, {4, "Play"}},
+                          {{1, kTemplate}});
 
 class RowDialog : public CFileDialog {
 public:
-    explicit RowDialog(const HINSTANCE module) : CFileDialog(1, nullptr, nullptr, 0) {
-        m_ofn.hInstance = module;
+    RowDialog() : CFileDialog(1, nullptr, nullptr, 0) {
+        m_ofn.hInstance = &kModule;
         m_ofn.lpTemplateName = 1;
         m_ofn.Flags |= OFN_ENABLETEMPLATE;
     }
@@ -70,8 +60,7 @@ private:
 using QtFileDialogTest = FileDialogOnScreen;
 
 TEST_F(QtFileDialogTest, LabelsAndRowAreAsItsTemplateAndTheDialogSay) {
-    const TemplateModule module;
-    RowDialog dialog(&module);
+    RowDialog dialog;
     Use([&](QFileDialog& shown) {
         EXPECT_EQ(Accept(shown).text(), "&Take");
         const std::pair<const char*, const char*> labels[] = {
@@ -112,8 +101,7 @@ TEST_F(QtFileDialogTest, LabelsAndRowAreAsItsTemplateAndTheDialogSay) {
 }
 
 TEST_F(QtFileDialogTest, EachChangeOfTheNameIsTold) {
-    const TemplateModule module;
-    RowDialog dialog(&module);
+    RowDialog dialog;
     const std::string path = folder.Path("ring.wav");
     Use([&](QFileDialog& shown) {
         EXPECT_THAT(dialog.titles, IsEmpty());
@@ -130,15 +118,10 @@ TEST_F(QtFileDialogTest, NamesThatWontDoAreToldAndExistingOnesAskedAbout) {
     const std::string there = folder.File("there.vcf", "x");
     const std::string absent = folder.Path("absent");
     const std::string nowhere = folder.Path("no/where.vcf");
-    struct Row {
-        const char* why;
-        BOOL opens;
-        DWORD flags;
-        std::string name;
-        QMessageBox::StandardButton answer;
-        int asked;
-        std::string want;  // empty where the dialog doesn't end by it
-    };
+    // Of a file dialog for opening or saving: its flags, the name, the answer, how often it asks,
+    // and the path, which is empty where the dialog doesn't end by that.
+    using Row = std::tuple<const char*, BOOL, DWORD, std::string, QMessageBox::StandardButton, int,
+                           std::string>;
     const auto none = QMessageBox::Close;
     const Row rows[] = {
         {"overwrite", 0, OFN_OVERWRITEPROMPT, there, QMessageBox::Yes, 1, there},
@@ -151,18 +134,18 @@ TEST_F(QtFileDialogTest, NamesThatWontDoAreToldAndExistingOnesAskedAbout) {
         {"no such folder", 0, OFN_PATHMUSTEXIST, nowhere, QMessageBox::Ok, 1, ""},
         {"nobody cares", 0, 0, nowhere, none, 0, nowhere},
     };
-    for (const Row& row : rows) {
+    for (const auto& [why, opens, flags, name, answer, count, want] : rows) {
         int asked = 0;
-        CFileDialog dialog(row.opens, "vcf", nullptr, row.flags, nullptr, &parent);
-        Use([&](QFileDialog& shown) {
-            Name(shown).setText(QString::fromStdString(row.name));
-            Answer(row.answer, asked);
+        CFileDialog dialog(opens, "vcf", nullptr, flags, nullptr, &parent);
+        Use([&, &typed = name, button = answer](QFileDialog& shown) {
+            Name(shown).setText(QString::fromStdString(typed));
+            Answer(button, asked);
             QTest::keyClick(&Name(shown), Qt::Key_Return);
             QCoreApplication::processEvents();  // the answer, where nothing was asked
         });
-        EXPECT_EQ(dialog.DoModal(), row.want.empty() ? IDCANCEL : IDOK) << row.why;
-        EXPECT_EQ(dialog.GetPathName(), CString(row.want)) << row.why;
-        EXPECT_EQ(asked, row.asked) << row.why;
+        EXPECT_EQ(dialog.DoModal(), want.empty() ? IDCANCEL : IDOK) << why;
+        EXPECT_EQ(dialog.GetPathName(), CString(want)) << why;
+        EXPECT_EQ(asked, count) << why;
     }
 }
 

@@ -6,9 +6,11 @@
 #include <QImage>
 #include <QPixmap>
 #include <QTest>
+#include <QTimer>
 #include <QWidget>
+#include <functional>
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <platform/qt/QtConvert.h>
 #include <platform/qt/QtWindowSystem.h>
@@ -16,6 +18,9 @@
 #include <support/Patience.h>
 
 namespace orvo {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
 
 struct QtSystemInForce : QtWindowSystem {
     QtSystemInForce() { WindowSystem::SetCurrent(this); }
@@ -30,6 +35,9 @@ protected:
         Widget(parent).activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&Widget(parent), kPatience));
     }
+
+    // Runs once the next menu, dialog or box is shown.
+    static void Then(const std::function<void()>& act) { QTimer::singleShot(0, act); }
 
     static QWidget& Widget(const CWnd& window) { return *QtWindowSystem::WidgetOf(&window); }
 

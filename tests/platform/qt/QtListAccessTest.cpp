@@ -6,16 +6,12 @@
 #include <QTreeView>
 #include <utility>
 
-#include <gmock/gmock.h>
-
 #include <platform/qt/QtFixture.h>
 #include <platform/window/list/CListCtrl.h>
 
 namespace orvo {
 
 namespace {
-
-using testing::ElementsAre;
 
 class QtListAccess : public QtWindowFixture {
 protected:

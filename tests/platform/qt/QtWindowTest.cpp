@@ -3,21 +3,15 @@
 #include <QApplication>
 #include <QPalette>
 #include <QScreen>
-#include <functional>
-
-#include <gmock/gmock.h>
 
 #include <platform/qt/QtFixture.h>
 #include <platform/window/pictures/CDC.h>
 #include <support/CodePages.h>
-#include <support/LocaleInForce.h>
 #include <support/Patience.h>
 
 namespace orvo {
 
 namespace {
-
-using testing::ElementsAre;
 
 constexpr COLORREF kRed = RGB(255, 0, 0);
 constexpr COLORREF kBlue = RGB(0, 0, 255);

@@ -1,13 +1,13 @@
 // Tests of keys and typed values, and of how they lie in the settings file.
 // SPDX-License-Identifier: MIT
 #include <string_view>
+#include <tuple>
 
 #include <gmock/gmock.h>
 
 #include <platform/registry/Registry.h>
 #include <platform/settings/SettingsFixture.h>
 #include <support/CodePages.h>
-#include <support/LocaleInForce.h>
 
 namespace orvo {
 namespace {
@@ -66,12 +66,7 @@ Value Query(HKEY key, const char* name, std::uint32_t room = 1024) {
 }
 
 TEST_F(Registry, EachTypeComesBackAndIsReadableInTheFile) {
-    struct Row {
-        const char* why;
-        std::uint32_t type;
-        std::string data, want;
-        const char* line;
-    };
+    using Row = std::tuple<const char*, std::uint32_t, std::string, std::string, const char*>;
     const Row rows[] = {
         {"a text", REG_SZ, "Dear\n\0"s, "Dear\n\0"s, "v=text:Dear\\n\n"},
         {"a text without its zero", REG_SZ, "a"s, "a\0"s, "v=text:a\n"},
@@ -84,13 +79,13 @@ TEST_F(Registry, EachTypeComesBackAndIsReadableInTheFile) {
         {"texts", REG_MULTI_SZ, "a\0b\0\0"s, "a\0b\0\0"s, "v=texts:a\\x00b\\x00\n"},
     };
     const Key key(HKEY_CURRENT_USER, "k");
-    for (const Row& row : rows) {
-        EXPECT_EQ(Set(key, "v", row.type, row.data), ERROR_SUCCESS) << row.why;
+    for (const auto& [why, type, data, want, line] : rows) {
+        EXPECT_EQ(Set(key, "v", type, data), ERROR_SUCCESS) << why;
         const Value value = Query(key, "v");
-        EXPECT_EQ(value.status, ERROR_SUCCESS) << row.why;
-        EXPECT_EQ(value.type, row.type) << row.why;
-        EXPECT_EQ(value.data, row.want) << row.why;
-        EXPECT_THAT(Bytes(), HasSubstr(row.line)) << row.why;
+        EXPECT_EQ(value.status, ERROR_SUCCESS) << why;
+        EXPECT_EQ(value.type, type) << why;
+        EXPECT_EQ(value.data, want) << why;
+        EXPECT_THAT(Bytes(), HasSubstr(line)) << why;
     }
 }
 

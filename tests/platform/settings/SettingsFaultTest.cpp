@@ -1,17 +1,12 @@
 // Tests of settings that can't be read or kept, and of writers that die.
 // SPDX-License-Identifier: MIT
-#include <signal.h>
-#include <sys/resource.h>
-#include <unistd.h>
-
 #include <gmock/gmock.h>
 
+#include <platform/io/FileSizeLimit.h>
 #include <platform/settings/SettingsFixture.h>
 #include <support/ChildProcess.h>
 
 namespace orvo {
-
-namespace fs = std::filesystem;
 
 using testing::AnyOf;
 using testing::HasSubstr;
@@ -31,38 +26,20 @@ protected:
 };
 
 constexpr const char* kOld = "[Group/Section]\nk=old\n";
-
-// Nobody may write or read everything, as an administrator may, while it lives.
-class Unprivileged {
-public:
-    explicit Unprivileged(const fs::path& own) {
-        if (m_user != 0) return;
-        EXPECT_EQ(::chown(own.c_str(), kNobody, kNobody), 0);
-        EXPECT_EQ(::seteuid(kNobody), 0);
-    }
-    Unprivileged(const Unprivileged&) = delete;
-    Unprivileged& operator=(const Unprivileged&) = delete;
-    ~Unprivileged() { EXPECT_EQ(::seteuid(m_user), 0); }
-
-private:
-    static constexpr uid_t kNobody = 65534;
-    uid_t m_user = ::geteuid();
-};
+constexpr fs::perms kForAllToRead{0555};
 
 }  // namespace
 
 TEST_F(Faults, AReadOnlyFolderIsToldOnceAndKeepsTheFile) {
     Put(kOld);
-    fs::permissions(folder, fs::perms::owner_read | fs::perms::owner_exec);
-    {
-        const Unprivileged user(folder);
-
+    fs::permissions(folder, kForAllToRead);
+    RunAsNobody([&] {
         EXPECT_EQ(FailedWrite("new"), file.string() +
                                           ": [Group/Section] k can't be saved: " + file.string() +
                                           ".lock can't be locked: Permission denied\n");
         EXPECT_EQ(FailedWrite("new"), "") << "told before";
         EXPECT_EQ(Read(), CString("old"));
-    }
+    });
     fs::permissions(folder, fs::perms::owner_all);
     EXPECT_EQ(Bytes(), kOld);
     EXPECT_TRUE(Write("new"));
@@ -84,16 +61,11 @@ TEST_F(Faults, AFolderThatCannotBeMadeIsTold) {
 
 TEST_F(Faults, AFullDiskIsToldAndLeavesTheOldFileAlone) {
     Put(kOld);
-    ::signal(SIGXFSZ, SIG_IGN);
-    rlimit before{};
-    ::getrlimit(RLIMIT_FSIZE, &before);
-    const rlimit small{1000, before.rlim_max};
-    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
-
-    const std::string told = FailedWrite(std::string(200'000, 'x'));
-
-    ::setrlimit(RLIMIT_FSIZE, &before);
-    EXPECT_THAT(told, HasSubstr(": it can't be written: File too large\n"));
+    {
+        const FileSizeLimit limit(1000);
+        EXPECT_THAT(FailedWrite(std::string(200'000, 'x')),
+                    HasSubstr(": it can't be written: File too large\n"));
+    }
     EXPECT_EQ(Bytes(), kOld);
     EXPECT_FALSE(fs::exists(file.string() + ".new"));
     EXPECT_TRUE(Write("new")) << "with room again it goes on";
@@ -102,8 +74,8 @@ TEST_F(Faults, AFullDiskIsToldAndLeavesTheOldFileAlone) {
 TEST_F(Faults, AFileThatCannotBeReadIsNotReplaced) {
     Put(kOld);
     fs::permissions(file, fs::perms::none);
-    {
-        const Unprivileged user(folder);
+    fs::permissions(folder, fs::perms::all);
+    RunAsNobody([&] {
         CaptureStderr();
 
         EXPECT_EQ(Read(), std::nullopt);
@@ -111,7 +83,7 @@ TEST_F(Faults, AFileThatCannotBeReadIsNotReplaced) {
 
         EXPECT_EQ(GetCapturedStderr(), file.string() + ": it can't be read: Permission denied\n");
         EXPECT_THAT(FailedWrite("new"), HasSubstr("it can't be read: Permission denied\n"));
-    }
+    });
     EXPECT_EQ(Bytes(), kOld);
 }
 
@@ -157,22 +129,6 @@ TEST_F(Faults, TheFileIsWholeAtEveryMomentAndAfterAKill) {
     }
     EXPECT_TRUE(Write("after")) << "what the dead left behind is in nobody's way";
     EXPECT_FALSE(fs::exists(file.string() + ".new"));
-}
-
-TEST_F(Faults, AFileCutAnywhereKeepsWhatIsLeft) {
-    const std::string whole =
-        "\xEF\xBB\xBF; \xFF\xC3\r\n[Group/Section]\r\nk=\xE8\xA1\xA8\\n\r\nbroken\r\n";
-    for (std::size_t length = 0; length <= whole.size(); ++length) {
-        const std::string cut = whole.substr(0, length);
-        Put(cut);
-
-        EXPECT_TRUE(Write("new")) << length;
-
-        EXPECT_EQ(Read(), CString("new")) << length;
-        const std::size_t value = cut.find("k=");
-        EXPECT_TRUE(Bytes().starts_with(cut.substr(0, value))) << length;
-    }
-    EXPECT_TRUE(Bytes().ends_with("k=new\r\nbroken\r\n"));
 }
 
 }  // namespace orvo

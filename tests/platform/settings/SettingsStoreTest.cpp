@@ -10,8 +10,6 @@
 
 namespace orvo {
 
-namespace fs = std::filesystem;
-
 namespace {
 
 using Store = SettingsFixture;

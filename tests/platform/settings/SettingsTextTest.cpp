@@ -1,22 +1,74 @@
-// Tests of reading and changing the text of a settings file.
+// The text of the settings file: how names and values are spelt, and what a change leaves alone.
 // SPDX-License-Identifier: MIT
+#include <map>
 #include <random>
 
 #include <gtest/gtest.h>
 
+#include <platform/settings/SettingsSpelling.h>
 #include <platform/settings/SettingsText.h>
+#include <platform/text/CodePage.h>
+#include <support/CodePages.h>
 
 namespace orvo {
-
 namespace {
 
-struct Change {
-    const char* why;
-    std::string before;
-    std::string after;  // once key k of section s is 9
+// A text in UTF-8, and how it is spelt as a name and as a value.
+constexpr std::string_view kSpellings[][4] = {
+    {"plain text is itself", "Due date", "Due date", "Due date"},
+    {"an empty text is empty", "", "", ""},
+    {"signs of the file's own are safe in values", "a=[b];#", "a\\x3D\\x5Bb\\x5D\\x3B\\x23",
+     "a=[b];#"},
+    {"lines stay one line", "a\r\n\tb", "a\\r\\n\\tb", "a\\r\\n\\tb"},
+    {"a backslash is doubled", "C:\\new", "C:\\\\new", "C:\\\\new"},
+    {"blanks at the ends are kept", "  a ", "\\x20 a\\x20", "\\x20 a\\x20"},
+    {"a blank alone is kept", " ", "\\x20", "\\x20"},
+    {"control characters are told", {"\0\x1F\x7F", 3}, "\\x00\\x1F\\x7F", "\\x00\\x1F\\x7F"},
+    {"a backslash as trail byte is none", "ソ表", "ソ表", "ソ表"},
+    {"what 932 lacks is itself", "Zoë 한 😀", "Zoë 한 😀", "Zoë 한 😀"},
 };
 
-const Change kChanges[] = {
+class SettingsSpelling : public testing::TestWithParam<LocaleCase> {
+protected:
+    LocaleInForce locale{GetParam().tag, GetParam().codePage};
+};
+
+INSTANTIATE_TEST_SUITE_P(BothCodePages, SettingsSpelling, testing::ValuesIn(kBothCodePages));
+
+TEST_P(SettingsSpelling, WhatALineCannotHoldIsEscaped) {
+    for (const auto& [why, utf8, asName, asValue] : kSpellings) {
+        std::string text;
+        CodePage::System().FromUtf8(utf8, text);
+
+        EXPECT_EQ(SpellName(text), asName) << why;
+        EXPECT_EQ(SpellText(text), asValue) << why;
+        EXPECT_EQ(ReadSpelling(asValue).Bytes(), text) << why;
+        EXPECT_EQ(ReadSpelling(asName).Bytes(), text) << why;
+    }
+}
+
+TEST_P(SettingsSpelling, ABackslashThatEscapesNothingIsItself) {
+    EXPECT_EQ(ReadSpelling("\\q\\X41\\x4 \\x4a\\x").Bytes(), "\\q\\X41\\x4 J\\x");
+}
+
+TEST_P(SettingsSpelling, AnyBytesComeBack) {
+    std::mt19937 random(GetParam().codePage);
+    std::map<std::string, std::string> textOf;
+    for (int round = 0; round < 30'000; ++round) {
+        std::string text(random() % 12, '\0');
+        for (char& byte : text) byte = static_cast<char>(random());
+        const std::string name = SpellName(text);
+        const std::string value = SpellText(text);
+
+        ASSERT_EQ(ReadSpelling(name).Bytes(), text) << testing::PrintToString(text);
+        ASSERT_EQ(ReadSpelling(value).Bytes(), text) << testing::PrintToString(text);
+        ASSERT_EQ(name.find_first_of(std::string_view("[]=;#\r\n\t\0", 9)), std::string::npos);
+        ASSERT_EQ(textOf.try_emplace(name, text).first->second, text) << name;
+    }
+}
+
+// The file before, and once key k of section s is 9.
+const std::string kChanges[][3] = {
     {"an empty file gets the section", "", "[s]\nk=9\n"},
     {"a new section goes to the end", "[t]\nk=1\n", "[t]\nk=1\n\n[s]\nk=9\n"},
     {"a new key goes behind the last of its section", "[s]\na=1\n\n; more\n[t]\nk=1\n",
@@ -40,13 +92,8 @@ const Change kChanges[] = {
     {"a byte order mark belongs to no name", "\xEF\xBB\xBF[s]\nk=1\n", "\xEF\xBB\xBF[s]\nk=9\n"},
 };
 
-struct Removal {
-    const char* why;
-    std::string before;
-    std::string after;  // once key k of section s is gone
-};
-
-const Removal kRemovals[] = {
+// The file before, and once key k of section s is gone.
+const std::string kRemovals[][3] = {
     {"only its line goes", "; k\n[s]\na=1\nk=1\nb=2\n[t]\nk=1\n", "; k\n[s]\na=1\nb=2\n[t]\nk=1\n"},
     {"the section stays", "[s]\r\nk=1\r\n", "[s]\r\n"},
     {"none of its name is left to count", "[s]\nk=1\na=1\nk=2\n[s]\nk=\n", "[s]\na=1\n[s]\n"},
@@ -56,16 +103,14 @@ const Removal kRemovals[] = {
     {"a section that isn't there", "[t]\nk=1\n", "[t]\nk=1\n"},
 };
 
-}  // namespace
-
 TEST(SettingsText, ARemovalKeepsEveryOtherLine) {
-    for (const Removal& removal : kRemovals) {
-        SettingsText text(removal.before);
+    for (const auto& [why, before, after] : kRemovals) {
+        SettingsText text(before);
 
         text.Remove("s", "k");
 
-        EXPECT_EQ(text.Bytes(), removal.after) << removal.why;
-        EXPECT_EQ(text.Find("s", "k"), std::nullopt) << removal.why;
+        EXPECT_EQ(text.Bytes(), after) << why;
+        EXPECT_EQ(text.Find("s", "k"), std::nullopt) << why;
     }
 }
 
@@ -84,13 +129,13 @@ TEST(SettingsText, ASectionWithoutKeysIsThere) {
 }
 
 TEST(SettingsText, AChangeKeepsEveryOtherByte) {
-    for (const Change& change : kChanges) {
-        SettingsText text(change.before);
+    for (const auto& [why, before, after] : kChanges) {
+        SettingsText text(before);
 
         text.Set("s", "k", "9");
 
-        EXPECT_EQ(text.Bytes(), change.after) << change.why;
-        EXPECT_EQ(text.Find("s", "k"), "9") << change.why;
+        EXPECT_EQ(text.Bytes(), after) << why;
+        EXPECT_EQ(text.Find("s", "k"), "9") << why;
     }
 }
 
@@ -117,4 +162,5 @@ TEST(SettingsText, AnyBytesCanBeReadAndTakeAValue) {
     }
 }
 
+}  // namespace
 }  // namespace orvo

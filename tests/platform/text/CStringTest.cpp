@@ -1,13 +1,15 @@
-// CString: positions outside the text, and searches by character.
+// CString and arrays of texts: positions, changes, characters of several bytes, case.
 // SPDX-License-Identifier: MIT
+#include <stdexcept>
+#include <tuple>
+
 #include <gtest/gtest.h>
 
+#include <platform/text/Arrays.h>
 #include <platform/text/CString.h>
 #include <support/LocaleInForce.h>
 
 namespace orvo {
-
-namespace {
 
 // In page 932 the second byte of this character is a backslash.
 constexpr char kTrailIsBackslash[] = "\x95\x5C";
@@ -97,12 +99,7 @@ TEST(CString, OnOtherPagesABackslashAfterAHighByteIsFound) {
     EXPECT_EQ(CString(kTrailIsBackslash).Find('\\'), 1);
 }
 
-struct CaseRow {
-    const char *why, *tag;
-    unsigned codePage;
-    const char *in, *upper;
-};
-constexpr CaseRow kCaseRows[] = {
+constexpr std::tuple<const char*, const char*, unsigned, const char*, const char*> kCaseRows[] = {
     {"letters of UTF-8", "de-DE", 65001, "añ1ж", "AÑ1Ж"},
     {"no letter becomes two", "de-DE", 65001, "straße", "STRAßE"},
     {"broken bytes stay", "de-DE", 65001, "a\xFF\xC3z", "A\xFF\xC3Z"},
@@ -112,12 +109,12 @@ constexpr CaseRow kCaseRows[] = {
 };
 
 TEST(CString, CaseIsMappedByCharacter) {
-    for (const CaseRow& row : kCaseRows) {
-        const LocaleInForce locale(row.tag, row.codePage);
-        CString text(row.in);
+    for (const auto& [why, tag, codePage, in, upper] : kCaseRows) {
+        const LocaleInForce locale(tag, codePage);
+        CString text(in);
         text.MakeUpper();
-        EXPECT_EQ(text, row.upper) << row.why;
-        EXPECT_EQ(CString(row.in).CompareNoCase(row.upper), 0) << row.why;
+        EXPECT_EQ(text, upper) << why;
+        EXPECT_EQ(CString(in).CompareNoCase(upper), 0) << why;
     }
     const LocaleInForce locale("en-US");
     CString lower("ÄB");
@@ -132,6 +129,29 @@ TEST(CString, ComparisonKeepsTheOrderOfLetters) {
     EXPECT_LT(CString("a").Compare("\xFF"), 0);
 }
 
-}  // namespace
+TEST(Array, RemovingEndsAtTheEndAndInsertingBehindItFillsUp) {
+    CStringArray texts;
+    EXPECT_EQ(texts.Add("a"), 0);
+    texts.InsertAt(2, "c");
+    texts.InsertAt(0, "_");
+    ASSERT_EQ(texts.GetSize(), 4);
+    EXPECT_EQ(texts[2], "");
+    EXPECT_EQ(texts[3], "c");
+
+    texts.RemoveAt(1, -1);
+    EXPECT_EQ(texts.GetSize(), 4);
+    texts.RemoveAt(1, 2147483647);
+    EXPECT_EQ(texts.GetUpperBound(), 0);
+}
+
+TEST(Array, APositionOutsideIsAFaultOfTheCaller) {
+    CStringArray texts;
+    texts.Add("a");
+
+    EXPECT_THROW(texts.GetAt(1), std::out_of_range);
+    EXPECT_THROW(texts.SetAt(-1, ""), std::out_of_range);
+    EXPECT_THROW(texts.RemoveAt(1), std::out_of_range);
+    EXPECT_THROW(texts.InsertAt(-1, ""), std::out_of_range);
+}
 
 }  // namespace orvo

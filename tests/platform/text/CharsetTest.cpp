@@ -7,13 +7,7 @@
 
 namespace orvo {
 
-namespace {
-
-struct SetRow {
-    const char* why;
-    std::string_view name, bytes, utf8;
-};
-constexpr SetRow kSetRows[] = {
+constexpr std::string_view kSetRows[][4] = {
     {"case does not count", "ISO-8859-1", "a\xE4", "aä"},
     {"nor does another way of writing", "iso8859-1", "a\xE4", "aä"},
     {"Japanese", "Shift_JIS", "\x95\x5C\x87\x40", "表①"},
@@ -26,17 +20,17 @@ constexpr SetRow kSetRows[] = {
 };
 
 TEST(Charset, ANamedSetIsReadAndWritten) {
-    for (const SetRow& row : kSetRows) {
+    for (const auto& [why, name, encoded, decoded] : kSetRows) {
         std::string utf8 = "former";
         std::string bytes = "former";
-        EXPECT_TRUE(DecodeCharset(row.name, row.bytes, utf8)) << row.why;
-        EXPECT_EQ(utf8, row.utf8) << row.why;
-        EXPECT_TRUE(EncodeCharset(row.name, row.utf8, bytes)) << row.why;
-        EXPECT_EQ(bytes, row.bytes) << row.why;
+        EXPECT_TRUE(DecodeCharset(name, encoded, utf8)) << why;
+        EXPECT_EQ(utf8, decoded) << why;
+        EXPECT_TRUE(EncodeCharset(name, decoded, bytes)) << why;
+        EXPECT_EQ(bytes, encoded) << why;
     }
 }
 
-constexpr SetRow kRefusedRows[] = {
+constexpr std::string_view kRefusedRows[][4] = {
     {"an unknown set", "no-such-set", "a", "a"},
     {"no name", "", "a", "a"},
     {"bytes of another set", "us-ascii", "\xE4", "ä"},
@@ -47,21 +41,17 @@ constexpr SetRow kRefusedRows[] = {
 };
 
 TEST(Charset, WhatDoesNotFitIsRefusedAndNothingChanges) {
-    for (const SetRow& row : kRefusedRows) {
+    for (const auto& [why, name, encoded, decoded] : kRefusedRows) {
         std::string utf8 = "former";
         std::string bytes = "former";
-        EXPECT_FALSE(DecodeCharset(row.name, row.bytes, utf8)) << row.why;
-        EXPECT_FALSE(EncodeCharset(row.name, row.utf8, bytes)) << row.why;
-        EXPECT_EQ(utf8, "former") << row.why;
-        EXPECT_EQ(bytes, "former") << row.why;
+        EXPECT_FALSE(DecodeCharset(name, encoded, utf8)) << why;
+        EXPECT_FALSE(EncodeCharset(name, decoded, bytes)) << why;
+        EXPECT_EQ(utf8, "former") << why;
+        EXPECT_EQ(bytes, "former") << why;
     }
 }
 
-struct GuessRow {
-    const char *why, *tag;
-    std::string_view bytes, name, utf8;
-};
-constexpr GuessRow kGuessRows[] = {
+constexpr std::string_view kGuessRows[][5] = {
     {"kanji and kana", "en-US", "N:\x8E\x52\x93\x63", "Shift_JIS", "N:山田"},
     {"a single kanji", "en-US", "N:\x97\xD1;", "Shift_JIS", "N:林;"},
     {"an umlaut", "en-US", "M\xFCller", "windows-1252", "Müller"},
@@ -105,10 +95,10 @@ constexpr GuessRow kGuessRows[] = {
 };
 
 TEST(Charset, TheGuessFollowsBytesAndLanguage) {
-    for (const GuessRow& row : kGuessRows) {
-        const LocaleInForce locale(row.tag);
-        EXPECT_EQ(GuessLegacyCharset(row.bytes), row.name) << row.why;
-        EXPECT_EQ(DecodeLegacy(row.bytes), row.utf8) << row.why;
+    for (const auto& [why, tag, bytes, name, utf8] : kGuessRows) {
+        const LocaleInForce locale(tag);
+        EXPECT_EQ(GuessLegacyCharset(bytes), name) << why;
+        EXPECT_EQ(DecodeLegacy(bytes), utf8) << why;
     }
 }
 
@@ -118,11 +108,7 @@ TEST(Charset, NoByteOfAWesternTextGoesMissing) {
         EXPECT_NE(DecodeLegacy("a" + std::string(1, static_cast<char>(byte)) + " "), "a ") << byte;
 }
 
-struct MarkRow {
-    const char* why;
-    std::string_view bytes, utf8;
-};
-constexpr MarkRow kMarkRows[] = {
+constexpr std::string_view kMarkRows[][3] = {
     {"UTF-8", "\xEF\xBB\xBFé", "é"},
     {"only a mark", "\xEF\xBB\xBF", ""},
     {"UTF-16, low byte first", {"\xFF\xFE\xE9\0", 4}, "é"},
@@ -137,10 +123,10 @@ constexpr MarkRow kMarkRows[] = {
 };
 
 TEST(Charset, AMarkTellsTheFormOfUnicode) {
-    for (const MarkRow& row : kMarkRows) {
+    for (const auto& [why, bytes, want] : kMarkRows) {
         std::string utf8;
-        EXPECT_TRUE(DecodeMarked(row.bytes, utf8)) << row.why;
-        EXPECT_EQ(utf8, row.utf8) << row.why;
+        EXPECT_TRUE(DecodeMarked(bytes, utf8)) << why;
+        EXPECT_EQ(utf8, want) << why;
     }
 }
 
@@ -153,7 +139,5 @@ TEST(Charset, OtherBytesHaveNoMark) {
         EXPECT_EQ(utf8, "former");
     }
 }
-
-}  // namespace
 
 }  // namespace orvo

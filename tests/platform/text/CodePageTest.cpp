@@ -1,16 +1,64 @@
-// Code pages: the table of 932, private codes, 8-bit pages, and cuts.
+// UTF-8 and the code pages: what each byte and character becomes, and where texts are cut.
 // SPDX-License-Identifier: MIT
 #include <thread>
+#include <tuple>
 
 #include <gtest/gtest.h>
 
+#include <platform/text/Charset.h>
 #include <platform/text/CodePage.h>
 #include <platform/text/CodePage932.h>
 #include <platform/text/Utf8.h>
 
 namespace orvo {
-
 namespace {
+
+constexpr std::tuple<const char*, const char*, std::u16string_view> kBrokenRows[] = {
+    {"a lone trail byte", "a\x80z", u"a\uFFFDz"},
+    {"a character cut short gives one for each byte", "\xE3\x81", u"\uFFFD\uFFFD"},
+    {"an overlong form", "\xC0\xAF", u"\uFFFD\uFFFD"},
+    {"a surrogate", "\xED\xA0\x80", u"\uFFFD\uFFFD\uFFFD"},
+    {"above U+10FFFF", "\xF4\x90\x80\x80", u"\uFFFD\uFFFD\uFFFD\uFFFD"},
+    {"the next character is read on its own", "\xE3あ", u"\uFFFDあ"},
+};
+
+TEST(Utf8, EachBrokenByteIsReplaced) {
+    for (const auto& [why, in, want] : kBrokenRows) {
+        EXPECT_EQ(Utf8ToUtf16(in), want) << why;
+        EXPECT_FALSE(IsValidUtf8(in)) << why;
+    }
+    EXPECT_EQ(FirstCodePoint("\xE3\x81").length, 1u);
+    EXPECT_EQ(FirstCodePoint("").length, 0u);
+    EXPECT_EQ(FirstCodePoint("😀a").value, U'😀');
+}
+
+TEST(Utf8, ALoneSurrogateIsReplaced) {
+    const char16_t lone[] = {u'a', 0xD800, u'b', 0xDC00};
+    EXPECT_EQ(Utf16ToUtf8({lone, 4}), "a\uFFFDb\uFFFD");
+
+    std::string written;
+    AppendCodePoint(0xD800, written);
+    AppendCodePoint(0x110000, written);
+    EXPECT_EQ(written, "\uFFFD\uFFFD");
+}
+
+TEST(Utf8, EveryCharacterComesBack) {
+    std::string all;
+    for (char32_t value = 0; value <= 0x10FFFF; ++value)
+        if (value < 0xD800 || value > 0xDFFF) AppendCodePoint(value, all);
+
+    EXPECT_TRUE(IsValidUtf8(all));
+    EXPECT_TRUE(Utf16ToUtf8(Utf8ToUtf16(all)) == all);
+}
+
+TEST(Utf8, AsciiEndsAtTheFirstHighByteWhereverItStands) {
+    for (std::size_t place = 0; place < 20; ++place) {
+        std::string text(20, 'a');
+        text[place] = '\x80';
+        EXPECT_EQ(AsciiLength(text), place);
+    }
+    EXPECT_EQ(AsciiLength(std::string(20, 'a')), 20u);
+}
 
 std::string Utf8Of(const CodePage& page, std::string_view text) {
     std::string utf8;
@@ -24,11 +72,7 @@ std::string BytesOf(const CodePage& page, std::string_view utf8) {
     return text;
 }
 
-struct PageRow {
-    const char* why;
-    std::string_view bytes, utf8;
-};
-constexpr PageRow k932Rows[] = {
+constexpr std::string_view k932Rows[][3] = {
     {"kanji", "\x95\xBD\x90\xAC", "平成"},
     {"half-width katakana", "\xB1\xDE", "ｱﾞ"},
     {"a vendor's circled digit", "\x87\x40", "①"},
@@ -42,9 +86,9 @@ constexpr PageRow k932Rows[] = {
 
 TEST(CodePage932, FollowsTheVendorsTableBothWays) {
     const CodePage932 page;
-    for (const PageRow& row : k932Rows) {
-        EXPECT_EQ(Utf8Of(page, row.bytes), row.utf8) << row.why;
-        EXPECT_EQ(BytesOf(page, row.utf8), row.bytes) << row.why;
+    for (const auto& [why, bytes, utf8] : k932Rows) {
+        EXPECT_EQ(Utf8Of(page, bytes), utf8) << why;
+        EXPECT_EQ(BytesOf(page, utf8), bytes) << why;
     }
 }
 
@@ -127,12 +171,8 @@ TEST(CodePage, OtherKindsOfPagesAreUnknown) {
     EXPECT_EQ(CodePage::Find(1252), CodePage::Find(1252));
 }
 
-struct CutRow {
-    const char* why;
-    unsigned page;
-    std::string_view text;
-    std::size_t limit, without, with;
-};
+using CutRow =
+    std::tuple<const char*, unsigned, std::string_view, std::size_t, std::size_t, std::size_t>;
 constexpr CutRow kCutRows[] = {
     {"the text is short enough", 65001, "aあ", 4, 4, 4},
     {"the cut falls between characters", 65001, "aあ", 1, 1, 1},
@@ -147,13 +187,12 @@ constexpr CutRow kCutRows[] = {
 };
 
 TEST(CodePage, ACutSplitsNoCharacter) {
-    for (const CutRow& row : kCutRows) {
-        const CodePage& page = *CodePage::Find(row.page);
-        EXPECT_EQ(CutLength(page, row.text, row.limit, false), row.without) << row.why;
-        EXPECT_EQ(CutLength(page, row.text, row.limit, true), row.with) << row.why;
+    for (const auto& [why, number, text, limit, without, with] : kCutRows) {
+        const CodePage& page = *CodePage::Find(number);
+        EXPECT_EQ(CutLength(page, text, limit, false), without) << why;
+        EXPECT_EQ(CutLength(page, text, limit, true), with) << why;
     }
 }
 
 }  // namespace
-
 }  // namespace orvo

@@ -1,18 +1,21 @@
-// Comparing text: the flags, the languages, and keys that give the same order.
+// Comparison of texts, its keys and their order, and the weights of ASCII characters.
 // SPDX-License-Identifier: MIT
+#include <algorithm>
 #include <array>
+#include <numeric>
 #include <random>
 #include <thread>
+#include <tuple>
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <platform/text/CodePage.h>
 #include <platform/text/Collation.h>
+#include <platform/text/KeySort.h>
 #include <platform/text/SystemText.h>
 #include <support/LocaleInForce.h>
 
 namespace orvo {
-
 namespace {
 
 constexpr unsigned kExact = SORT_STRINGSORT;
@@ -26,33 +29,31 @@ int Compare(unsigned flags, std::string_view left, std::string_view right) {
                           rightText.GetLength());
 }
 
-struct OrderRow {
-    const char *why, *tag, *left, *right;
-    int exact, noCase, base;
-};
-constexpr OrderRow kOrderRows[] = {
-    {"a hyphen has its place", "en-US", "co-op", "coop", 1, 1, 1},
-    {"so has an apostrophe", "en-US", "O'Neil", "oneil", 1, 1, 1},
-    {"lower case first", "en-US", "coop", "coOp", 1, 2, 2},
-    {"an accent counts with two of the flag sets", "en-US", "resume", "résumé", 1, 1, 2},
-    {"empty text first", "en-US", "", " ", 1, 1, 1},
-    {"signs before digits", "en-US", "_", "1", 1, 1, 1},
-    {"letters before kana", "en-US", "z", "あ", 1, 1, 1},
-    {"kana before kanji", "ja-JP", "ん", "亜", 1, 1, 1},
-    {"hiragana before katakana", "ja-JP", "あ", "ア", 1, 2, 2},
-    {"the voiced mark is an accent", "ja-JP", "か", "が", 1, 1, 2},
-    {"the locale decides", "sv-SE", "ö", "z", 3, 3, 3},
-    {"as here", "de-DE", "ö", "z", 1, 1, 1},
-    {"beyond the first plane", "en-US", "😀", "a", 1, 1, 1},
+// The results of the three sets of flags stand behind the texts.
+constexpr std::tuple<const char*, const char*, const char*, const char*, int, int, int> kOrders[] =
+    {
+        {"a hyphen has its place", "en-US", "co-op", "coop", 1, 1, 1},
+        {"so has an apostrophe", "en-US", "O'Neil", "oneil", 1, 1, 1},
+        {"lower case first", "en-US", "coop", "coOp", 1, 2, 2},
+        {"an accent counts with two of the flag sets", "en-US", "resume", "résumé", 1, 1, 2},
+        {"empty text first", "en-US", "", " ", 1, 1, 1},
+        {"signs before digits", "en-US", "_", "1", 1, 1, 1},
+        {"letters before kana", "en-US", "z", "あ", 1, 1, 1},
+        {"kana before kanji", "ja-JP", "ん", "亜", 1, 1, 1},
+        {"hiragana before katakana", "ja-JP", "あ", "ア", 1, 2, 2},
+        {"the voiced mark is an accent", "ja-JP", "か", "が", 1, 1, 2},
+        {"the locale decides", "sv-SE", "ö", "z", 3, 3, 3},
+        {"as here", "de-DE", "ö", "z", 1, 1, 1},
+        {"beyond the first plane", "en-US", "😀", "a", 1, 1, 1},
 };
 
 TEST(Collation, FollowsFlagsAndLocale) {
-    for (const OrderRow& row : kOrderRows) {
+    for (const auto& [why, tag, left, right, exact, noCase, base] : kOrders) {
         for (const unsigned page : {kUtf8CodePage, kJapaneseCodePage}) {
-            const LocaleInForce locale(row.tag, page);
-            EXPECT_EQ(Compare(kExact, row.left, row.right), row.exact) << row.why << page;
-            EXPECT_EQ(Compare(kNoCase, row.left, row.right), row.noCase) << row.why << page;
-            EXPECT_EQ(Compare(kBase, row.left, row.right), row.base) << row.why << page;
+            const LocaleInForce locale(tag, page);
+            EXPECT_EQ(Compare(kExact, left, right), exact) << why << page;
+            EXPECT_EQ(Compare(kNoCase, left, right), noCase) << why << page;
+            EXPECT_EQ(Compare(kBase, left, right), base) << why << page;
         }
     }
 }
@@ -143,6 +144,102 @@ TEST(Collation, AKeyEndsInItsOnlyZeroByteHoweverLong) {
     }
 }
 
-}  // namespace
+std::string RandomAscii(std::mt19937& random) {
+    constexpr std::string_view kUsual = "aAbBcCdDhHiIjJlLsSyYzZ019 -',.";
+    std::string text;
+    for (std::size_t length = random() % 6; length > 0; --length) {
+        text += random() % 10 == 0 ? static_cast<char>(random() % 128)
+                                   : kUsual[random() % kUsual.size()];
+    }
+    return text;
+}
 
+bool HasWeights(const AsciiWeights& weights, std::string_view text) {
+    return std::all_of(text.begin(), text.end(),
+                       [&](char each) { return weights[static_cast<std::size_t>(each)] != 0; });
+}
+
+std::string WeightsOf(const AsciiWeights& weights, std::string text) {
+    for (char& each : text) each = static_cast<char>(weights[static_cast<std::size_t>(each)]);
+    return text;
+}
+
+// Languages that read two letters as one, tell letters by accents alone, or sort numbers by value
+// are among them.
+TEST(AsciiWeights, CompareTextsAsTheLocaleDoes) {
+    constexpr const char* kTags[] = {"en-US", "sv-SE",           "cs-CZ",          "hu-HU", "lt-LT",
+                                     "da-DK", "cy-GB",           "et-EE",          "br-FR", "fr-CA",
+                                     "ja-JP", "de-DE-u-kn-true", "en-US-u-kc-true"};
+    std::mt19937 random(3);
+    for (const char* tag : kTags) {
+        const LocaleInForce locale(tag, 65001);
+        for (const unsigned flags : {kNoCase, kBase}) {
+            const AsciiWeights& weights = AsciiWeightsFor(flags);
+            for (int i = 0; i < 3000; ++i) {
+                const std::string left = RandomAscii(random);
+                const std::string right = RandomAscii(random);
+                if (!HasWeights(weights, left) || !HasWeights(weights, right)) continue;
+                ASSERT_EQ(Sign(WeightsOf(weights, left).compare(WeightsOf(weights, right))),
+                          Compare(flags, left, right))
+                    << tag << " <" << left << "> <" << right << ">";
+            }
+        }
+    }
+}
+
+TEST(AsciiWeights, AreWithheldFromWhatDoesNotStandAlone) {
+    const std::tuple<const char*, const char*, unsigned, const char*, const char*> rows[] = {
+        {"all that names are made of", "en-US", kNoCase, "azAZ09 ,.-'", "\x01\x7F"},
+        {"on Japanese systems too", "ja-JP", kBase, "azAZ09 ,.-'", "\x01\x7F"},
+        {"case counts", "en-US", kExact, "", "ab"},
+    };
+    for (const auto& [why, tag, flags, with, without] : rows) {
+        const LocaleInForce locale(tag);
+        const AsciiWeights& weights = AsciiWeightsFor(flags);
+        EXPECT_TRUE(HasWeights(weights, with)) << why;
+        for (const char each : std::string_view(without)) {
+            EXPECT_EQ(weights[static_cast<std::size_t>(each)], 0) << why << ": " << each;
+        }
+    }
+}
+
+using Key = std::vector<std::string>;  // the parts
+
+std::vector<std::uint32_t> Order(const std::vector<Key>& keys) {
+    return KeySortedRows(keys.size(), [&](std::uint32_t row, std::size_t part, std::string& key) {
+        if (part < keys[row].size()) key += keys[row][part];
+    });
+}
+
+// Many keys begin with others, and the bytes are the least and the greatest.
+TEST(KeySort, EqualsAStableSortOnRandomKeys) {
+    std::mt19937 random(7);
+    for (int round = 0; round < 300; ++round) {
+        std::vector<Key> keys(random() % 200);
+        for (Key& key : keys) {
+            key.resize(random() % 4);
+            for (std::string& part : key) {
+                part.resize(1 + random() % 12);
+                for (char& byte : part) byte = random() % 8 == 0 ? '\xFF' : '\0';
+            }
+        }
+        std::vector<std::uint32_t> expected(keys.size());
+        std::iota(expected.begin(), expected.end(), 0u);
+        std::stable_sort(expected.begin(), expected.end(),
+                         [&](auto left, auto right) { return keys[left] < keys[right]; });
+
+        EXPECT_EQ(Order(keys), expected) << "round " << round;
+    }
+}
+
+TEST(KeySort, APartIsAskedForOnlyWhereTheOnesBeforeItAreEqual) {
+    std::vector<int> asked(3);
+    KeySortedRows(3, [&](std::uint32_t row, std::size_t part, std::string& key) {
+        ++asked[row];
+        if (part == 0) key += row == 2 ? 'b' : 'a';
+    });
+    EXPECT_THAT(asked, testing::ElementsAre(2, 2, 1));
+}
+
+}  // namespace
 }  // namespace orvo

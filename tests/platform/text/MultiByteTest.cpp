@@ -1,5 +1,8 @@
 // Character tests and small text functions on several code pages.
 // SPDX-License-Identifier: MIT
+#include <set>
+#include <tuple>
+
 #include <gtest/gtest.h>
 
 #include <platform/text/MultiByte.h>
@@ -9,37 +12,20 @@ namespace orvo {
 
 namespace {
 
-struct ByteRow {
-    const char* why;
-    unsigned page, character;
-    bool want;
-};
-
-constexpr ByteRow kLeadRows[] = {
-    {"below the first range", 932, 0x80, false},
-    {"first range", 932, 0x81, true},
-    {"its end", 932, 0x9F, true},
-    {"half-width katakana", 932, 0xB1, false},
-    {"second range", 932, 0xE0, true},
-    {"its end", 932, 0xFC, true},
-    {"behind it", 932, 0xFD, false},
-    {"a trail byte of UTF-8", 65001, 0xBF, false},
-    {"never in UTF-8", 65001, 0xC1, false},
-    {"two bytes", 65001, 0xC2, true},
-    {"four bytes", 65001, 0xF4, true},
-    {"beyond Unicode", 65001, 0xF5, false},
-    {"8-bit pages have none", 1252, 0x81, false},
-};
-
 TEST(MultiByte, LeadBytesDependOnTheCodePage) {
-    for (const ByteRow& row : kLeadRows) {
-        const LocaleInForce locale("en-US", row.page);
-        EXPECT_EQ(IsDBCSLeadByte(static_cast<unsigned char>(row.character)) != 0, row.want)
-            << row.why;
+    const std::tuple<unsigned, std::set<std::pair<int, int>>> rows[] = {
+        {932, {{0x81, 0x9F}, {0xE0, 0xFC}}}, {65001, {{0xC2, 0xF4}}}, {1252, {}}};
+    for (const auto& [page, ranges] : rows) {
+        const LocaleInForce locale("en-US", page);
+        for (int byte = 0; byte < 256; ++byte) {
+            bool want = false;
+            for (const auto& [first, last] : ranges) want |= first <= byte && byte <= last;
+            EXPECT_EQ(IsDBCSLeadByte(static_cast<unsigned char>(byte)) != 0, want) << byte;
+        }
     }
 }
 
-constexpr ByteRow kPrintRows[] = {
+constexpr std::tuple<const char*, unsigned, unsigned, bool> kPrintRows[] = {
     {"blank", 65001, 0x20, true},
     {"tab", 65001, 0x09, false},
     {"delete", 65001, 0x7F, false},
@@ -63,9 +49,9 @@ constexpr ByteRow kPrintRows[] = {
 };
 
 TEST(MultiByte, WhatCanBePrintedDependsOnTheCodePage) {
-    for (const ByteRow& row : kPrintRows) {
-        const LocaleInForce locale("en-US", row.page);
-        EXPECT_EQ(_ismbcprint(row.character) != 0, row.want) << row.why << " on " << row.page;
+    for (const auto& [why, page, character, want] : kPrintRows) {
+        const LocaleInForce locale("en-US", page);
+        EXPECT_EQ(_ismbcprint(character) != 0, want) << why << " on " << page;
     }
 }
 
@@ -86,14 +72,7 @@ TEST(MultiByte, ComparisonIsByTheCodesOfCharacters) {
     EXPECT_EQ(Compare("\xB1", "\x82\xA0"), 1);
 }
 
-struct CopyRow {
-    const char* why;
-    unsigned page;
-    const char* source;
-    int count;
-    const char* want;
-};
-constexpr CopyRow kCopyRows[] = {
+constexpr std::tuple<const char*, unsigned, const char*, int, const char*> kCopyRows[] = {
     {"all of it", 65001, "abc", 9, "abc"},
     {"room for the end only", 65001, "abc", 1, ""},
     {"no character of UTF-8 is split", 65001, "aあ", 4, "a"},
@@ -103,12 +82,12 @@ constexpr CopyRow kCopyRows[] = {
 };
 
 TEST(MultiByte, ACopyEndsWithinItsRoom) {
-    for (const CopyRow& row : kCopyRows) {
-        const LocaleInForce locale("en-US", row.page);
+    for (const auto& [why, page, source, count, want] : kCopyRows) {
+        const LocaleInForce locale("en-US", page);
         char target[] = "~~~~~~~~~";
-        EXPECT_EQ(lstrcpyn(target, row.source, row.count), target) << row.why;
-        EXPECT_STREQ(target, row.want) << row.why;
-        EXPECT_EQ(target[8], '~') << row.why;
+        EXPECT_EQ(lstrcpyn(target, source, count), target) << why;
+        EXPECT_STREQ(target, want) << why;
+        EXPECT_EQ(target[8], '~') << why;
     }
 }
 

@@ -1,10 +1,16 @@
-// Tests of the arithmetic of civil days and of their ISO 8601 text.
+// Days of the calendar, their text, and the clock times of zones.
 // SPDX-License-Identifier: MIT
 #include <chrono>
+#include <ctime>
+#include <limits>
+#include <thread>
+#include <tuple>
 
 #include <gtest/gtest.h>
 
 #include <platform/time/TimeZone.h>
+
+#include "ZonedTest.h"
 
 namespace orvo {
 namespace {
@@ -61,6 +67,101 @@ constexpr std::pair<const char*, const char*> kBadTexts[] = {
 
 TEST(IsoText, ATextOfAnotherFormGivesNothing) {
     for (const auto& [why, text] : kBadTexts) EXPECT_EQ(ParseIso(text), std::nullopt) << why;
+}
+
+constexpr std::int64_t kHalfHour = 1800;
+
+// One look at the system's clock: a moment, and the seconds that the local clock shows then.
+struct Look {
+    std::int64_t moment;
+    std::int64_t local;
+    CivilTime civil;
+};
+
+Look LookAt(std::int64_t moment) {
+    const std::time_t time = moment;
+    std::tm shown{};
+    localtime_r(&time, &shown);
+    return {moment,
+            moment + shown.tm_gmtoff,
+            {shown.tm_year + 1900, shown.tm_mon + 1, shown.tm_mday, shown.tm_hour, shown.tm_min,
+             shown.tm_sec}};
+}
+
+// The first moment at which the clock shows what it shows at `look`.
+std::int64_t FirstMomentOf(const Look& look) {
+    std::int64_t first = look.moment;
+    for (std::int64_t hours = 1; hours <= 50; ++hours) {
+        const Look earlier = LookAt(look.moment - hours * kHalfHour);
+        if (earlier.local == look.local) first = earlier.moment;
+    }
+    return first;
+}
+
+class SystemZone : public ZonedTest, public testing::WithParamInterface<const char*> {};
+
+TEST_P(SystemZone, EveryHalfHourFrom1970To2040IsAsTheSystemShowsIt) {
+    SetSystemTimeZone(GetParam());
+    const std::int64_t end = DaysOfCivil(2040, 1, 1) * 86400;
+    Look last = LookAt(-kHalfHour);
+    std::int64_t latestLocal = last.local;
+
+    for (std::int64_t moment = 0; moment < end; moment += kHalfHour) {
+        const Look look = LookAt(moment);
+        ASSERT_EQ(CivilOfMoment(moment), look.civil) << moment;
+
+        const bool isRepeated = look.local <= latestLocal;
+        const std::int64_t first = isRepeated ? FirstMomentOf(look) : moment;
+        ASSERT_EQ(MomentOfCivil(look.civil), first) << FormatIso(look.civil);
+
+        // A clock time between the two looks is left out, and moved on by the gap.
+        for (std::int64_t gone = last.local + kHalfHour; gone < look.local; gone += kHalfHour) {
+            CivilTime civil = last.civil;
+            civil.second += static_cast<int>(gone - last.local);
+            ASSERT_EQ(MomentOfCivil(civil), last.moment + (gone - last.local)) << FormatIso(civil);
+        }
+        latestLocal = std::max(latestLocal, look.local);
+        last = look;
+    }
+}
+
+// Whole hours; changes of half an hour; a day left out in 2011; changes twice within two months.
+INSTANTIATE_TEST_SUITE_P(Zones, SystemZone,
+                         testing::Values("Asia/Tokyo", "Europe/Berlin", "America/New_York",
+                                         "Australia/Lord_Howe", "Pacific/Apia",
+                                         "Africa/Casablanca"));
+
+using ClockChange = ZonedTest;
+
+TEST_F(ClockChange, FieldsOutOfRangeAreCarriedOver) {
+    SetSystemTimeZone("Asia/Tokyo");
+    const std::tuple<const char*, CivilTime, CivilTime> rows[] = {
+        {"a month too many", {2026, 13, 1}, {2027, 1, 1}},
+        {"a second too many", {2026, 12, 31, 23, 59, 60}, {2027, 1, 1}},
+        {"day 0 and hour -1", {2026, 3, 0, -1}, {2026, 2, 27, 23}},
+    };
+    for (const auto& [why, civil, shown] : rows) {
+        EXPECT_EQ(CivilOfMoment(MomentOfCivil(civil)), shown) << why;
+    }
+}
+
+TEST_F(ClockChange, AChangeOfZoneForgetsTheOneBeforeOnEveryThread) {
+    const CivilTime noon{2026, 5, 3, 12, 0, 0};
+    SetSystemTimeZone("Asia/Tokyo");
+    const std::int64_t tokyo = MomentOfCivil(noon);
+
+    SetSystemTimeZone("UTC");
+    std::int64_t utc = 0;
+    std::thread([&] { utc = MomentOfCivil(noon); }).join();
+
+    EXPECT_EQ(MomentOfCivil(noon) - tokyo, 9 * 3600);
+    EXPECT_EQ(utc - tokyo, 9 * 3600);
+}
+
+TEST_F(ClockChange, AMomentWhoseYearFitsNoIntShowsNothing) {
+    EXPECT_EQ(CivilOfMoment(std::numeric_limits<std::int64_t>::max()), std::nullopt);
+    EXPECT_EQ(CivilOfMoment(std::numeric_limits<std::int64_t>::min()), std::nullopt);
+    EXPECT_EQ(CivilOfMoment(DaysOfCivil(2147483650, 1, 1) * 86400), std::nullopt);
 }
 
 }  // namespace

@@ -11,6 +11,13 @@
 
 namespace orvo {
 
+// The fields of a CTime or a COleDateTime.
+template <class Time>
+CivilTime FieldsOf(const Time& time) {
+    return {time.GetYear(), time.GetMonth(),  time.GetDay(),
+            time.GetHour(), time.GetMinute(), time.GetSecond()};
+}
+
 class ZonedTest : public testing::Test {
 protected:
     ~ZonedTest() override { SetSystemTimeZone(m_zone); }

@@ -1,5 +1,7 @@
 // Lists in card mode: where cards stand, what is in view, where keys go.
 // SPDX-License-Identifier: MIT
+#include <tuple>
+
 #include <gmock/gmock.h>
 
 #include <platform/window/list/ListInput.h>
@@ -47,41 +49,33 @@ TEST_F(CardMode, CardsFlowDownColumnsAndScrollByThem) {
 }
 
 TEST_F(CardMode, AsManyCardsStandInAColumnAsFit) {
-    struct Row {
-        const char* why;
-        int width, height;
-        int inColumn, inPage;
-    };
-    const Row rows[] = {{"exactly three columns of three", 324, 174, 3, 9},
-                        {"a pixel is missing to the third card", 324, 173, 2, 6},
-                        {"a pixel is missing to the third column", 323, 174, 3, 6},
-                        {"at least one where none fits", 20, 20, 1, 1},
-                        {"at least one where there is no room at all", 0, 0, 1, 1}};
-    for (const Row& row : rows) {
-        Resize(row.width, row.height);
-        EXPECT_EQ(list.RowsPerLine(), row.inColumn) << row.why;
-        EXPECT_EQ(list.RowsPerPage(), row.inPage) << row.why;
+    const std::tuple<const char*, int, int, int, int> rows[] = {
+        {"exactly three columns of three", 324, 174, 3, 9},
+        {"a pixel is missing to the third card", 324, 173, 2, 6},
+        {"a pixel is missing to the third column", 323, 174, 3, 6},
+        {"at least one where none fits", 20, 20, 1, 1},
+        {"at least one where there is no room at all", 0, 0, 1, 1}};
+    for (const auto& [why, width, height, inColumn, inPage] : rows) {
+        Resize(width, height);
+        EXPECT_EQ(list.RowsPerLine(), inColumn) << why;
+        EXPECT_EQ(list.RowsPerPage(), inPage) << why;
     }
 }
 
 TEST_F(CardMode, OnlyTheCardIsHitAndNotItsGutter) {
     list.EnsureVisible(9, false);  // columns 2 and 3
-    struct Row {
-        const char* why;
-        CPoint point;
-        int want;
-    };
-    const Row rows[] = {{"the first pixel", {8, 8}, 6},
-                        {"left of it", {7, 8}, -1},
-                        {"above it", {8, 7}, -1},
-                        {"the last pixel", {107, 57}, 6},
-                        {"right of it", {108, 57}, -1},
-                        {"the gutter between two cards", {50, 62}, -1},
-                        {"the one below", {50, 66}, 7},
-                        {"the next column", {116, 8}, 9},
-                        {"below the column stands no part of another card", {50, 179}, -1},
-                        {"a card that is partly in view", {249, 10}, 12}};
-    for (const Row& row : rows) EXPECT_EQ(list.HitTest(row.point).row, row.want) << row.why;
+    const std::tuple<const char*, CPoint, int> rows[] = {
+        {"the first pixel", {8, 8}, 6},
+        {"left of it", {7, 8}, -1},
+        {"above it", {8, 7}, -1},
+        {"the last pixel", {107, 57}, 6},
+        {"right of it", {108, 57}, -1},
+        {"the gutter between two cards", {50, 62}, -1},
+        {"the one below", {50, 66}, 7},
+        {"the next column", {116, 8}, 9},
+        {"below the column stands no part of another card", {50, 179}, -1},
+        {"a card that is partly in view", {249, 10}, 12}};
+    for (const auto& [why, point, want] : rows) EXPECT_EQ(list.HitTest(point).row, want) << why;
     list.EnsureVisible(19, false);
     EXPECT_EQ(list.HitTest({120, 130}).row, -1) << "behind the last card";
 }
@@ -123,29 +117,25 @@ TEST_F(CardMode, CardsHaveNoPlacesOfTheirOwn) {
 }
 
 TEST_F(CardMode, KeysGoAlongTheColumnsAndFromColumnToColumn) {
-    struct Row {
-        const char* why;
-        UINT key;
-        int from, want;
-    };
-    const Row rows[] = {{"down the column", VK_DOWN, 1, 2},
-                        {"on to the next column", VK_DOWN, 2, 3},
-                        {"back to the one before", VK_UP, 3, 2},
-                        {"nothing before the first", VK_UP, 0, 0},
-                        {"one column on", VK_RIGHT, 4, 7},
-                        {"one column back", VK_LEFT, 4, 1},
-                        {"no column before the first", VK_LEFT, 1, 1},
-                        {"no card at that height in the last", VK_RIGHT, 17, 17},
-                        {"the last in view", VK_NEXT, 1, 5},
-                        {"a page on", VK_NEXT, 5, 10},
-                        {"the first in view", VK_PRIOR, 4, 0},
-                        {"the first of all", VK_HOME, 9, 0},
-                        {"the last of all", VK_END, 9, 19},
-                        {"the first, where none has the focus", VK_DOWN, -1, 0}};
-    for (const Row& row : rows) {
+    const std::tuple<const char*, UINT, int, int> rows[] = {
+        {"down the column", VK_DOWN, 1, 2},
+        {"on to the next column", VK_DOWN, 2, 3},
+        {"back to the one before", VK_UP, 3, 2},
+        {"nothing before the first", VK_UP, 0, 0},
+        {"one column on", VK_RIGHT, 4, 7},
+        {"one column back", VK_LEFT, 4, 1},
+        {"no column before the first", VK_LEFT, 1, 1},
+        {"no card at that height in the last", VK_RIGHT, 17, 17},
+        {"the last in view", VK_NEXT, 1, 5},
+        {"a page on", VK_NEXT, 5, 10},
+        {"the first in view", VK_PRIOR, 4, 0},
+        {"the first of all", VK_HOME, 9, 0},
+        {"the last of all", VK_END, 9, 19},
+        {"the first, where none has the focus", VK_DOWN, -1, 0}};
+    for (const auto& [why, key, from, want] : rows) {
         list.EnsureVisible(0, false);
-        list.SetFocusRow(row.from);
-        EXPECT_EQ(RowForKey(list, row.key), row.want) << row.why;
+        list.SetFocusRow(from);
+        EXPECT_EQ(RowForKey(list, key), want) << why;
     }
 }
 

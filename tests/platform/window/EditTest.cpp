@@ -1,13 +1,12 @@
 // Edit controls: typing, deleting and selecting whole characters on every code page.
 // SPDX-License-Identifier: MIT
-#include <gtest/gtest.h>
+#include <tuple>
 
 #include <platform/text/SystemText.h>
 #include <platform/window/WindowFixture.h>
 #include <platform/window/edit/CEdit.h>
 #include <platform/window/memory/MemoryEditPeer.h>
 #include <support/CodePages.h>
-#include <support/LocaleInForce.h>
 
 namespace orvo {
 
@@ -159,13 +158,7 @@ TEST_P(EditTest, TheClipboardTakesAndGivesWholeText) {
 }
 
 TEST_P(EditTest, APasteTakesTheFirstLineAndWhatFits) {
-    struct Row {
-        const char* why;
-        std::string_view clipboard;
-        const char* want;
-        int limit, beeps;
-    };
-    constexpr Row kRows[] = {
+    constexpr std::tuple<const char*, std::string_view, const char*, int, int> kRows[] = {
         {"to the line feed", "ab\ncd", "<ab>", 9, 0},
         {"to the carriage return", "ab\r\ncd", "<ab>", 9, 0},
         {"an empty line", "\nab", "<>", 9, 0},
@@ -175,15 +168,15 @@ TEST_P(EditTest, APasteTakesTheFirstLineAndWhatFits) {
         {"nothing fits", "a", "<>", 2, 1},
         {"the text is over the limit already", "a", "<>", 1, 1},
     };
-    for (const Row& row : kRows) {
+    for (const auto& [why, clipboard, want, limit, rings] : kRows) {
         edit.SetWindowText("<>");
         edit.SetSel(1, 1);
-        edit.LimitText(row.limit);
-        system.SetClipboardText(SystemText(row.clipboard));
+        edit.LimitText(limit);
+        system.SetClipboardText(SystemText(clipboard));
         const int beeps = system.Beeps();
         edit.SendMessage(WM_PASTE);
-        EXPECT_EQ(Text(), row.want) << row.why;
-        EXPECT_EQ(system.Beeps() - beeps, row.beeps) << row.why;
+        EXPECT_EQ(Text(), want) << why;
+        EXPECT_EQ(system.Beeps() - beeps, rings) << why;
     }
 }
 
@@ -192,15 +185,13 @@ TEST(DoubleByteEdit, ALeadByteWaitsAndIsForgottenWithoutATrailByteThatFits) {
     const SystemInForce system;
     CEdit edit;
     edit.Create(WS_POPUP, {0, 0, 100, 20}, nullptr, 0);
-    struct Row {
-        UINT byte;
-        const char* want;
-    };
-    for (const Row& row : {Row{0x95, ""}, {0x5C, "表"}, {0x95, "表"}, {'1', "表1"}}) {
-        edit.SendMessage(WM_CHAR, row.byte);
+    const std::pair<UINT, const char*> rows[] = {
+        {0x95, ""}, {0x5C, "表"}, {0x95, "表"}, {'1', "表1"}};
+    for (const auto& [byte, want] : rows) {
+        edit.SendMessage(WM_CHAR, byte);
         CString text;
         edit.GetWindowText(text);
-        EXPECT_EQ(ToUtf8(text), row.want);
+        EXPECT_EQ(ToUtf8(text), want);
     }
 }
 

@@ -1,19 +1,15 @@
 // File dialogs without a screen: what they are set up with, tell and give.
 // SPDX-License-Identifier: MIT
-#include <gmock/gmock.h>
+#include <tuple>
 
 #include <platform/io/TempFolder.h>
 #include <platform/window/WindowFixture.h>
 #include <platform/window/base/PlaySound.h>
 #include <platform/window/dialogs/CFileDialog.h>
 #include <support/CodePages.h>
-#include <support/LocaleInForce.h>
 
 namespace orvo {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 struct FileDialogTest : testing::Test {
     SystemInForce system;
@@ -44,16 +40,11 @@ private:
 };
 
 TEST_F(FileDialogTest, AFilterIsTakenApartByCharacters) {
-    struct Row {
-        const char* why;
-        CString filter;
-        std::vector<FileFilter> want;
-    };
     for (const LocaleCase& page : kBothCodePages) {
         const LocaleInForce locale(page.tag, page.codePage);
         // In 932 the second byte of this one is that of '|'.
         const CString po = page.codePage == 932 ? "\x83\x7C" : "\xE3\x83\x9D";
-        const Row rows[] = {
+        const std::tuple<const char*, CString, std::vector<FileFilter>> rows[] = {
             {"pairs",
              "Cards (*.vcf)|*.vcf|All (*.*)|*.*||",
              {{"Cards (*.vcf)", "*.vcf"}, {"All (*.*)", "*.*"}}},
@@ -62,13 +53,13 @@ TEST_F(FileDialogTest, AFilterIsTakenApartByCharacters) {
             {"no patterns", "Cards", {{"Cards", "*.*"}}},
             {"nothing", "", {}},
         };
-        for (const Row& row : rows) {
+        for (const auto& [why, filter, want] : rows) {
             std::vector<FileFilter> filters{{"untouched", ""}};
             system.UseFileDialog(
                 [&](MemoryFileDialogPeer& shown) { filters = shown.Setup().filters; });
-            CFileDialog dialog(1, nullptr, nullptr, 0, row.filter);
-            EXPECT_EQ(dialog.DoModal(), IDCANCEL) << row.why;
-            EXPECT_EQ(filters, row.want) << row.why << ' ' << page.codePage;
+            CFileDialog dialog(1, nullptr, nullptr, 0, filter);
+            EXPECT_EQ(dialog.DoModal(), IDCANCEL) << why;
+            EXPECT_EQ(filters, want) << why << ' ' << page.codePage;
         }
     }
 }

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include <chrono>
 #include <csignal>
-#include <filesystem>
 #include <future>
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -104,7 +103,7 @@ TEST_F(ForeignWindow, AKilledProcessLeavesNothingForLong) {
     EXPECT_NE(found, target);
     EXPECT_EQ(SendData(found, "\x01"), 6);
     EXPECT_EQ(SendData(target, "x"), 0) << "the old handle names nobody";
-    EXPECT_FALSE(std::filesystem::exists(Socket()));
+    EXPECT_FALSE(fs::exists(Socket()));
 }
 
 TEST_F(ForeignWindow, AMessageWaitsHoweverLongForAReceiverThatLives) {

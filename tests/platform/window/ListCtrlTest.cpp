@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <random>
 
-#include <gmock/gmock.h>
-
 #include <platform/window/NotingList.h>
 #include <platform/window/WindowFixture.h>
 #include <platform/window/list/ListSort.h>
@@ -13,9 +11,6 @@
 namespace orvo {
 
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 // Six rows are in view: 128 pixels, of which the heading takes 20.
 class ListCtrlTest : public testing::Test {

@@ -2,6 +2,7 @@
 // their rules say.
 // SPDX-License-Identifier: MIT
 #include <random>
+#include <tuple>
 
 #include <gtest/gtest.h>
 
@@ -23,33 +24,24 @@ bool RunUntil(WindowSystem& system, const std::function<bool()>& isDone) {
     return isDone();
 }
 
-namespace {
-
 TEST(MemoryListPeer, RowsStandBelowTheHeadingAndIconsInLines) {
     MemoryListPeer list({nullptr, {0, 0, 160, 100}, LVS_REPORT});
     ListColumn column;
     column.width = 90;
     list.InsertColumn(0, column);
     for (int row = 0; row < 5; ++row) list.InsertRow(row, {});
-    struct Row {
-        const char* why;
-        ListMode mode;
-        int row;
-        RowPart part;
-        CRect want;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, ListMode, int, RowPart, CRect> rows[] = {
         {"below the heading", ListMode::Report, 0, RowPart::Bounds, {0, 20, 90, 38}},
         {"one row further down", ListMode::Report, 1, RowPart::Label, {0, 38, 90, 56}},
         {"two icons in a line", ListMode::Icon, 1, RowPart::Icon, {96, 2, 128, 34}},
         {"the third begins a line", ListMode::Icon, 2, RowPart::Label, {0, 111, 75, 150}},
         {"one small icon in a line", ListMode::SmallIcon, 2, RowPart::Icon, {0, 37, 16, 53}},
     };
-    for (const Row& row : rows) {
-        list.SetMode(row.mode);
+    for (const auto& [why, mode, number, part, want] : rows) {
+        list.SetMode(mode);
         CRect rect;
-        EXPECT_TRUE(list.RowRect(row.row, row.part, rect)) << row.why;
-        EXPECT_EQ(rect, row.want) << row.why;
+        EXPECT_TRUE(list.RowRect(number, part, rect)) << why;
+        EXPECT_EQ(rect, want) << why;
     }
 }
 
@@ -86,7 +78,5 @@ TEST(RowSelection, AgreesWithAListOfFlagsUnderRandomChanges) {
         ASSERT_EQ(selection.Count(), count);
     }
 }
-
-}  // namespace
 
 }  // namespace orvo

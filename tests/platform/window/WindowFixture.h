@@ -2,12 +2,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <platform/window/base/CWnd.h>
 #include <platform/window/memory/MemoryWindowSystem.h>
 
 namespace orvo {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
 
 struct SystemInForce : MemoryWindowSystem {
     SystemInForce() {

@@ -1,6 +1,7 @@
-// The bytes of a packet, whole and damaged.
+// Blocks of memory, streams on them, and the packets that streams carry.
 // SPDX-License-Identifier: MIT
 #include <cstring>
+#include <tuple>
 
 #include <gtest/gtest.h>
 
@@ -9,6 +10,58 @@
 
 namespace orvo {
 namespace {
+
+TEST(GlobalMemory, ALockedBlockKeepsItsPlace) {
+    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, 3);
+    auto* bytes = static_cast<char*>(GlobalLock(block));
+    EXPECT_EQ(bytes[2], 0);
+    GlobalLock(block);
+
+    EXPECT_EQ(GlobalReAlloc(block, 100), nullptr);
+    EXPECT_NE(GlobalUnlock(block), 0);
+    EXPECT_EQ(GlobalUnlock(block), 0);
+    EXPECT_EQ(GlobalReAlloc(block, 100), block);
+    EXPECT_EQ(GlobalSize(block), 100U);
+
+    EXPECT_EQ(GlobalFree(block), nullptr);
+    EXPECT_EQ(GlobalFree(block), block) << "it has gone";
+    EXPECT_EQ(GlobalLock(block), nullptr);
+    EXPECT_EQ(GlobalAlloc(0, 3), nullptr);
+}
+
+TEST(Stream, WritingBehindTheEndMakesTheBlockGrow) {
+    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, 4);
+    const ComPointer<IStream> stream = StreamOn(block);
+    std::uint64_t place = 0;
+    char bytes[8] = {};
+    ULONG done = 0;
+
+    EXPECT_EQ(stream->Write("abcdef", 6, nullptr), S_OK);
+    EXPECT_EQ(GlobalReAlloc(block, 6), block) << "a write leaves it unlocked";
+    EXPECT_EQ(stream->Seek(-2, STREAM_SEEK_END, &place), S_OK);
+    EXPECT_EQ(place, 4U);
+    EXPECT_EQ(stream->Read(bytes, 8, &done), S_FALSE);
+    EXPECT_EQ(done, 2U);
+    EXPECT_STREQ(bytes, "ef");
+    EXPECT_EQ(GlobalReAlloc(block, 6), block) << "and so does a read";
+    EXPECT_EQ(stream->Seek(-7, STREAM_SEEK_CUR, nullptr), E_INVALIDARG);
+    EXPECT_EQ(stream->Seek(1000, STREAM_SEEK_SET, nullptr), S_OK);
+    EXPECT_EQ(stream->Read(bytes, 1, &done), S_FALSE);
+}
+
+TEST(Stream, OnlyAnOwnerFreesTheBlock) {
+    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, 1);
+    { const ComPointer<IStream> stream = StreamOn(block, false); }
+    EXPECT_EQ(GlobalSize(block), 1U);
+    {
+        const ComPointer<IStream> stream = StreamOn(block);
+        const ComPointer<IStream> other = stream;
+    }
+    EXPECT_EQ(GlobalBlockCount(), 0U);
+
+    IStream* stream = nullptr;
+    EXPECT_EQ(CreateStreamOnHGlobal(block, 1, &stream), E_INVALIDARG);
+}
 
 const InterfaceReference kReference{IID_IStream, 0x1122334455667788, ":1.42", "/orvo/interfaces"};
 
@@ -59,13 +112,7 @@ TEST(ReferencePacket, EveryCutPacketIsTooShort) {
 }
 
 TEST(ReferencePacket, ADamagedPacketIsRefused) {
-    struct Row {
-        const char* why;
-        std::size_t place;
-        char byte;
-        HRESULT want;
-    };
-    constexpr Row rows[] = {
+    constexpr std::tuple<const char*, std::size_t, char, HRESULT> rows[] = {
         {"another magic", 0, 'X', E_INVALIDARG},
         {"a later version", 4, 2, E_INVALIDARG},
         {"no name", 6, 0, E_INVALIDARG},
@@ -79,11 +126,11 @@ TEST(ReferencePacket, ADamagedPacketIsRefused) {
         {"a blank in the path", 39, ' ', E_INVALIDARG},
         {"two slashes", 38, '/', E_INVALIDARG},
     };
-    for (const Row& row : rows) {
+    for (const auto& [why, place, byte, want] : rows) {
         std::string packet = Packet();
-        ASSERT_NE(packet[row.place], row.byte) << row.why;
-        packet[row.place] = row.byte;
-        EXPECT_EQ(ResultOf(packet), row.want) << row.why;
+        ASSERT_NE(packet[place], byte) << why;
+        packet[place] = byte;
+        EXPECT_EQ(ResultOf(packet), want) << why;
     }
 }
 

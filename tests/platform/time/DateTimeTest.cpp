@@ -1,32 +1,75 @@
-// Tests of COleDateTime.
+// CTime and COleDateTime: moments, numbers and their fields.
 // SPDX-License-Identifier: MIT
 #include <cmath>
 #include <limits>
 #include <random>
+#include <tuple>
 
 #include <platform/time/COleDateTime.h>
+#include <platform/time/CTime.h>
 
 #include "ZonedTest.h"
 
 namespace orvo {
 namespace {
 
-CivilTime FieldsOf(const COleDateTime& date) {
-    return {date.GetYear(), date.GetMonth(),  date.GetDay(),
-            date.GetHour(), date.GetMinute(), date.GetSecond()};
+using CTimeTest = ZonedTest;
+
+TEST_F(CTimeTest, TheFieldsAreThoseOfTheLocalClock) {
+    SetSystemTimeZone("Asia/Tokyo");
+
+    const CTime time(1767193200 - 1);  // 2025-12-31 23:59:59
+
+    EXPECT_EQ(FieldsOf(time), (CivilTime{2025, 12, 31, 23, 59, 59}));
+    EXPECT_EQ(time.GetDayOfWeek(), 4);
+    EXPECT_EQ(CTime(2025, 12, 31, 23, 59, 59), time);
+}
+
+TEST_F(CTimeTest, TheDayOfTheWeekRunsFrom1ForSundayAlsoBefore1970) {
+    SetSystemTimeZone("UTC");
+    EXPECT_EQ(CTime(2026, 5, 3, 0, 0, 0).GetDayOfWeek(), 1);
+    EXPECT_EQ(CTime(2026, 5, 9, 0, 0, 0).GetDayOfWeek(), 7);
+    EXPECT_EQ(CTime(1969, 12, 28, 0, 0, 0).GetDayOfWeek(), 1);
+    EXPECT_EQ(CTime(1969, 12, 27, 0, 0, 0).GetDayOfWeek(), 7);
+}
+
+TEST_F(CTimeTest, TheDaylightFlagPicksOneOfTwoMoments) {
+    SetSystemTimeZone("Europe/Berlin");
+    const CTime summer(2026, 10, 25, 2, 30, 0, 1);
+    const CTime winter(2026, 10, 25, 2, 30, 0, 0);
+
+    EXPECT_EQ(winter - summer, CTimeSpan(3600));
+    EXPECT_EQ(CTime(2026, 10, 25, 2, 30, 0, -1), summer);
+}
+
+TEST_F(CTimeTest, ATimeThatCannotBeRepresentedIsMinusOne) {
+    constexpr int most = std::numeric_limits<int>::max();
+    constexpr int least = std::numeric_limits<int>::min();
+    EXPECT_EQ(CTime(most, 13, 1, 0, 0, 0).GetTime(), -1);
+    EXPECT_EQ(CTime(most, 13, 1, 0, 0, 0, 0).GetTime(), -1);
+    EXPECT_EQ(CTime(least, -20, 1, 0, 0, 0).GetTime(), -1);
+    EXPECT_EQ(CTime(least, 1, 1, 0, 0, 0, 1).GetTime(), -1);
+    EXPECT_EQ(CTime(2026, least, 1, 0, 0, 0, 1).GetTime(), -1);
+}
+
+TEST_F(CTimeTest, AMomentWithoutLocalTimeLeavesTheBufferAlone) {
+    std::tm buffer{};
+    buffer.tm_year = 77;
+
+    const CTime beyond(std::numeric_limits<std::time_t>::max());
+
+    EXPECT_EQ(beyond.GetLocalTm(&buffer), nullptr);
+    EXPECT_EQ(buffer.tm_year, 77);
+    EXPECT_EQ(beyond.GetYear(), -1);
+    EXPECT_EQ(beyond.GetDayOfWeek(), -1);
+    EXPECT_EQ(CTime(0).GetLocalTm(&buffer), &buffer);
+    EXPECT_EQ(buffer.tm_year, CTime(0).GetYear() - 1900);
 }
 
 constexpr CivilTime kNoFields{-1, -1, -1, -1, -1, -1};
 
-struct DateRow {
-    const char* why;
-    double date;
-    CivilTime want;
-};
-
-const DateRow kDates[] = {
+const std::tuple<const char*, double, CivilTime> kDates[] = {
     {"the origin", 0, {1899, 12, 30, 0, 0, 0}},
-    {"the first day of 1970", 25569, {1970, 1, 1, 0, 0, 0}},
     {"the fraction is the time of day", 2.5, {1900, 1, 1, 12, 0, 0}},
     {"and counts forward before the origin", -1.25, {1899, 12, 29, 6, 0, 0}},
     {"half a second and more is the next one", 0.75 + 0.51 / 86400, {1899, 12, 30, 18, 0, 1}},
@@ -44,11 +87,11 @@ const DateRow kDates[] = {
 };
 
 TEST(COleDateTimeValue, ItsFieldsAreThoseOfTheNearestSecond) {
-    for (const DateRow& row : kDates) {
-        const COleDateTime date(row.date);
+    for (const auto& [why, number, want] : kDates) {
+        const COleDateTime date(number);
 
-        EXPECT_EQ(FieldsOf(date), row.want) << row.why;
-        EXPECT_EQ(date.GetStatus() == COleDateTime::valid, row.want != kNoFields) << row.why;
+        EXPECT_EQ(FieldsOf(date), want) << why;
+        EXPECT_EQ(date.GetStatus() == COleDateTime::valid, want != kNoFields) << why;
     }
 }
 
