@@ -1,6 +1,10 @@
-// Tests of reading dates that users type.
+// Dates that the user types or moves by days.
 // SPDX-License-Identifier: MIT
+#include <limits>
 #include <tuple>
+
+#include <contracts/Dates.h>
+#include <contracts/TextServices.h>
 
 #include "LocaleTest.h"
 
@@ -12,12 +16,7 @@ using testing::Optional;
 
 constexpr int kKept = -1;
 
-struct TypedRow {
-    const char *why, *picture, *text;
-    int year, month, day;
-};
-
-constexpr TypedRow kUnderstood[] = {
+constexpr std::tuple<const char*, const char*, const char*, int, int, int> kUnderstood[] = {
     {"in the picture's order", "M/d/yy", "5/3/26", 26, 5, 3},
     {"another order", "dd.MM.yyyy", "3.5.2026", 2026, 5, 3},
     {"two fields have no year", "M/d/yy", "5/3", kKept, 5, 3},
@@ -60,11 +59,7 @@ constexpr TypedRow kUnderstood[] = {
     {"February 29 of an era's leap year", "gg y/M/d", "R10/2/29", 2028, 2, 29},
 };
 
-struct RefusedRow {
-    const char *why, *picture, *text;
-};
-
-constexpr RefusedRow kRefused[] = {
+constexpr const char* kRefused[][3] = {
     {"empty", "M/d/yy", ""},
     {"blanks", "M/d/yy", "  "},
     {"a word", "M/d/yy", "tomorrow"},
@@ -108,16 +103,15 @@ protected:
 };
 
 TEST_P(TypedDate, WhatIsUnderstoodIsGivenAndTheRestKept) {
-    for (const TypedRow& row : kUnderstood) {
-        EXPECT_THAT(Typed(SystemText(row.picture), row.text),
-                    Optional(ElementsAre(row.year, row.month, row.day)))
-            << row.why;
+    for (const auto& [why, picture, text, year, month, day] : kUnderstood) {
+        EXPECT_THAT(Typed(SystemText(picture), text), Optional(ElementsAre(year, month, day)))
+            << why;
     }
 }
 
 TEST_P(TypedDate, WhatIsNotUnderstoodChangesNothing) {
-    for (const RefusedRow& row : kRefused) {
-        EXPECT_EQ(Typed(SystemText(row.picture), row.text), std::nullopt) << row.why;
+    for (const auto& [why, picture, text] : kRefused) {
+        EXPECT_EQ(Typed(SystemText(picture), text), std::nullopt) << why;
     }
 }
 
@@ -137,6 +131,49 @@ TEST_F(TypedByLocale, AYearWithoutEraCountsInTheEraOfToday) {
     ASSERT_TRUE(SystemLocale::Set("ja-JP-u-ca-japanese"));
     CTime::SetClock(CTime(2018, 12, 31, 0, 0, 0).GetTime());
     EXPECT_THAT(Typed("gg y/M/d", "30/5/3"), Optional(ElementsAre(2018, 5, 3)));
+}
+
+using IncrDateTest = LocaleTest;
+
+constexpr std::tuple<const char*, const char*, CivilTime, int, CivilTime> kMoves[] = {
+    {"tomorrow", "Asia/Tokyo", {2026, 5, 3, 23, 59, 59}, 1, {2026, 5, 4, 23, 59, 59}},
+    {"over the end of February", "Asia/Tokyo", {2028, 2, 28}, 7, {2028, 3, 6}},
+    {"back over the year's start", "Asia/Tokyo", {2026, 1, 1}, -1, {2025, 12, 31}},
+    {"nowhere", "Asia/Tokyo", {2026, 5, 3, 1, 2, 3}, 0, {2026, 5, 3, 1, 2, 3}},
+    {"over a change of the clock", "Europe/Berlin", {2026, 3, 28, 12}, 1, {2026, 3, 29, 12}},
+    {"also over the one in autumn", "Europe/Berlin", {2026, 10, 24}, 7, {2026, 10, 31}},
+    {"a time left out moves on", "Europe/Berlin", {2026, 3, 28, 2, 30}, 1, {2026, 3, 29, 3, 30}},
+    {"over the day left out", "Pacific/Apia", {2011, 12, 29, 8}, 2, {2011, 12, 31, 8}},
+};
+
+TEST_F(IncrDateTest, TheLocalTimeOfDayStays) {
+    for (const auto& [why, zone, from, days, to] : kMoves) {
+        SetSystemTimeZone(zone);
+        long date = MomentOfCivil(from);
+
+        EXPECT_TRUE(IncrDate(date, days)) << why;
+        EXPECT_EQ(CivilOfMoment(date), to) << why;
+    }
+}
+
+constexpr std::tuple<const char*, long, int> kUnmoved[] = {
+    {"no date", kMaxDate, -1},
+    {"above all dates", kMaxDate + 1, -7},
+    {"nothing typed", -1, 1},
+    {"the result would be negative", 3600, -1},
+    {"the result would be no date", kMaxDate - 86400, 1},
+    {"the result would be above all dates", kMaxDate - 1, 7},
+    {"far beyond", 0, std::numeric_limits<int>::max()},
+    {"far before", 0, std::numeric_limits<int>::min()},
+};
+
+TEST_F(IncrDateTest, WhatIsNoDateIsRefusedAndStays) {
+    SetSystemTimeZone("UTC");
+    for (const auto& [why, refused, days] : kUnmoved) {
+        long date = refused;
+        EXPECT_FALSE(IncrDate(date, days)) << why;
+        EXPECT_EQ(date, refused) << why;
+    }
 }
 
 }  // namespace

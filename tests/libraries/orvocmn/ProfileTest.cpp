@@ -1,5 +1,7 @@
 // Tests of the application's settings and of the interface preferences, as programs call them.
 // SPDX-License-Identifier: MIT
+#include <tuple>
+
 #include <climits>
 
 #include <contracts/Profile.h>
@@ -39,25 +41,21 @@ TEST_F(Profile, EqualNamesOfBothKindsAreTwoValues) {
 }
 
 TEST_F(Profile, ATextLongerThanTheBufferIsCutBetweenCharacters) {
-    struct {
-        const char *why, *tag, *text;
-        std::size_t buffer;
-        const char* want;
-    } const rows[] = {
+    const std::tuple<const char*, const char*, const char*, std::size_t, const char*> rows[] = {
         {"a text that fits is whole", "en-US", "abc", 4, "abc"},
         {"the zero byte needs its place", "en-US", "abc", 3, "ab"},
         {"room for the zero byte alone", "en-US", "abc", 1, ""},
         {"UTF-8", "en-US", "a\xE8\xA1\xA8", 4, "a"},
         {"a double byte", "ja-JP", "a\x95\x5C", 3, "a"},
     };
-    for (const auto& row : rows) {
-        const LocaleInForce locale(row.tag);
-        ASSERT_TRUE(CmnWriteProfileString("s", "k", row.text));
+    for (const auto& [why, tag, text, buffer, want] : rows) {
+        const LocaleInForce locale(tag);
+        ASSERT_TRUE(CmnWriteProfileString("s", "k", text));
 
-        const Copied copied = Get("k", row.buffer);
+        const Copied copied = Get("k", buffer);
 
-        EXPECT_TRUE(copied.result) << row.why;
-        EXPECT_EQ(copied.text, std::string(row.want) + '\0') << row.why;
+        EXPECT_TRUE(copied.result) << why;
+        EXPECT_EQ(copied.text, std::string(want) + '\0') << why;
     }
 }
 
@@ -76,7 +74,7 @@ TEST_F(Profile, WhatIsNotThereGivesTheDefaultAndANullNameIsRefused) {
     }
     EXPECT_FALSE(Get("k", 0).result);
     EXPECT_FALSE(CmnWriteProfileString("s", "k", nullptr));
-    EXPECT_FALSE(std::filesystem::exists(file));
+    EXPECT_FALSE(fs::exists(file));
 }
 
 TEST_F(Profile, ANumberIsWhatAnIntHolds) {

@@ -1,6 +1,7 @@
 // The card widget: which cards are asked for, and how one is painted.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
+#include <tuple>
 
 #include <contracts/ListWidget.h>
 #include <libraries/orvoui/CardFixture.h>
@@ -10,8 +11,6 @@ namespace orvo {
 namespace {
 
 using Kind = DrawOperation::Kind;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 using CardsAskedFor = CardFixture;
 
@@ -25,21 +24,13 @@ protected:
         cards.description.strTitle = "Jane Doe";
     }
 
-    struct Text {
-        std::string text;
-        CRect rect;
-        friend bool operator==(const Text&, const Text&) = default;
-        friend void PrintTo(const Text& painted, std::ostream* out) {
-            *out << '"' << painted.text << "\" at " << painted.rect.left << ',' << painted.rect.top
-                 << ',' << painted.rect.right << ',' << painted.rect.bottom;
-        }
-    };
+    using Text = std::pair<std::string, CRect>;
     // The texts that are painted below the title.
     std::vector<Text> PaintedBody(const char* body) {
         cards.description.strBody = body;
         std::vector<Text> texts;
         for (const DrawOperation& each : Paint()) {
-            if (each.kind == Kind::Text) texts.push_back({each.text.Bytes(), each.rect});
+            if (each.kind == Kind::Text) texts.emplace_back(each.text.Bytes(), each.rect);
         }
         texts.erase(texts.begin());
         return texts;
@@ -129,20 +120,17 @@ TEST_F(CardDrawing, LabelsAndValuesStandAtTheTabStop) {
 }
 
 TEST_F(CardDrawing, ATabStopLeavesHalfOfTheBodyToTheValues) {
-    struct Row {
-        const char* why;
-        int stop, want;
-    };
-    const Row rows[] = {{"in the body", 4, kBodyLeft + 32},
-                        {"at the middle at the latest", 1000000, kBodyLeft + 113},
-                        {"none is set", 0, kBodyLeft + 75},
-                        {"none can be before the body", -3, kBodyLeft + 75}};
-    for (const Row& row : rows) {
-        cards.SetTabStop(row.stop);
+    const std::tuple<const char*, int, int> rows[] = {
+        {"in the body", 4, kBodyLeft + 32},
+        {"at the middle at the latest", 1000000, kBodyLeft + 113},
+        {"none is set", 0, kBodyLeft + 75},
+        {"none can be before the body", -3, kBodyLeft + 75}};
+    for (const auto& [why, stop, want] : rows) {
+        cards.SetTabStop(stop);
         const std::vector<Text> texts = PaintedBody("A\tB\n");
-        ASSERT_EQ(texts.size(), 2U) << row.why;
-        EXPECT_EQ(texts[1].rect.left, row.want) << row.why;
-        EXPECT_LE(texts[0].rect.right, texts[1].rect.left) << row.why;
+        ASSERT_EQ(texts.size(), 2U) << why;
+        EXPECT_EQ(texts[1].second.left, want) << why;
+        EXPECT_LE(texts[0].second.right, texts[1].second.left) << why;
     }
 }
 
@@ -164,24 +152,19 @@ TEST_F(CardDrawing, TheCategoryStandsSmallAtTheBottomAndTakesALine) {
 }
 
 TEST_F(CardDrawing, MarksStandAtTheRightOfTheTitle) {
-    struct Row {
-        const char* why;
-        int isPrivate, hasNote, titleRight;
-        std::size_t bars;
-    };
-    const Row rows[] = {{"none", 0, 0, 241, 0},
-                        {"a padlock", 1, 0, 228, 4},
-                        {"a note", 0, 1, 228, 7},
-                        {"both", 1, 1, 215, 11}};
-    for (const Row& row : rows) {
-        cards.description.bPrivate = row.isPrivate;
-        cards.description.bHasNote = row.hasNote;
+    const std::tuple<const char*, int, int, int, std::size_t> rows[] = {{"none", 0, 0, 241, 0},
+                                                                        {"a padlock", 1, 0, 228, 4},
+                                                                        {"a note", 0, 1, 228, 7},
+                                                                        {"both", 1, 1, 215, 11}};
+    for (const auto& [why, isPrivate, hasNote, titleRight, bars] : rows) {
+        cards.description.bPrivate = isPrivate;
+        cards.description.bHasNote = hasNote;
         const Recording& drawn = Paint();
-        ASSERT_EQ(drawn.size(), 5U + row.bars) << row.why;
-        EXPECT_EQ(Painted("Jane Doe").rect.right, row.titleRight) << row.why;
-        for (std::size_t bar = 4; bar < 4 + row.bars; ++bar) {
-            EXPECT_GE(drawn[bar].rect.left, row.titleRight) << row.why;
-            EXPECT_LE(drawn[bar].rect.right, kTitle.right) << row.why;
+        ASSERT_EQ(drawn.size(), 5U + bars) << why;
+        EXPECT_EQ(Painted("Jane Doe").rect.right, titleRight) << why;
+        for (std::size_t bar = 4; bar < 4 + bars; ++bar) {
+            EXPECT_GE(drawn[bar].rect.left, titleRight) << why;
+            EXPECT_LE(drawn[bar].rect.right, kTitle.right) << why;
         }
     }
 }

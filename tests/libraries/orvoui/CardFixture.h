@@ -6,9 +6,6 @@
 #include <string>
 #include <vector>
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <contracts/CardWidget.h>
 #include <platform/window/WindowFixture.h>
 #include <platform/window/memory/MemoryListPeer.h>

@@ -6,10 +6,8 @@
 #include <contracts/ListWidget.h>
 #include <platform/text/SystemText.h>
 #include <support/CodePages.h>
-#include <support/LocaleInForce.h>
 
 namespace orvo {
-namespace {
 
 TEST(CategoryMenu, AGapInTheIndicesIsAGapInTheCommands) {
     for (const LocaleCase& page : kBothCodePages) {
@@ -34,6 +32,4 @@ TEST(CategoryMenu, AGapInTheIndicesIsAGapInTheCommands) {
         EXPECT_EQ(FillCategoryMenu(nullptr, nullptr, &menu, 1574), 0);
     }
 }
-
-}  // namespace
 }  // namespace orvo

@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <cmath>
 #include <memory>
-
-#include <gmock/gmock.h>
+#include <tuple>
 
 #include <contracts/ListWidget.h>
 #include <platform/window/WindowFixture.h>
@@ -57,20 +56,16 @@ TEST_F(ListDrawing, APopupCellHasAMarkWhereItHasRoomForTextBesideIt) {
     EXPECT_EQ(drawn->back().text, CString("Home"));
     EXPECT_EQ(drawn->back().rect, (CRect{14, 20, 97, 38}));
 
-    struct Row {
-        const char* why;
-        int width;
-        std::size_t operations;
-    };
-    const Row rows[] = {{"a digit and the mark fit a narrow column", 30, 5},
-                        {"just enough", 27, 5},
-                        {"the text comes first", 26, 1},
-                        {"no room at all", 8, 0}};
-    for (const Row& row : rows) {
+    const std::tuple<const char*, int, std::size_t> rows[] = {
+        {"a digit and the mark fit a narrow column", 30, 5},
+        {"just enough", 27, 5},
+        {"the text comes first", 26, 1},
+        {"no room at all", 8, 0}};
+    for (const auto& [why, width, operations] : rows) {
         drawn->clear();
-        CRect narrow{0, 0, row.width, 18};
+        CRect narrow{0, 0, width, 18};
         OUIDrawPopupCellText(&dc, "3", &narrow, kTextColour, 0, DT_SINGLELINE);
-        EXPECT_EQ(drawn->size(), row.operations) << row.why;
+        EXPECT_EQ(drawn->size(), operations) << why;
     }
 }
 

@@ -7,6 +7,8 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
+#include <contract/StoreFolder.h>
+
 namespace orvo {
 
 class RawStore {
@@ -35,5 +37,11 @@ public:
 private:
     sqlite3* m_database = nullptr;
 };
+
+inline void ExpectSound(const StoreFolder& folder) {
+    RawStore raw(folder.Path());
+    EXPECT_EQ(raw.Run("PRAGMA integrity_check"), "ok");
+    EXPECT_EQ(raw.Run("SELECT count(*) FROM pragma_foreign_key_check"), "0");
+}
 
 }  // namespace orvo

@@ -107,6 +107,7 @@ TEST_F(StoreFault, ALabelOrCategoryThatCantBeWrittenIsNotShown) {
     category.SetName("Friends");
     EXPECT_NE(table.GetCategoryManager()->Add(&category), 0);
     EXPECT_EQ(table.GetCategoryManager()->GetCount(), 1);
+    EXPECT_EQ(category.GetIndex(), -1) << "it is the caller's";
     EXPECT_EQ(told, 0);
 }
 

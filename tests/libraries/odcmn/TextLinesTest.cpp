@@ -1,17 +1,52 @@
-// Tests of shortening a text to a width: 8 pixels for a Latin character, 16 for a wide one.
+// Texts of lines: the first one, and what of a line fits a width.
 // SPDX-License-Identifier: MIT
+#include <tuple>
+
 #include <gtest/gtest.h>
 
 #include <contracts/TextMeasure.h>
+#include <contracts/TextServices.h>
 #include <platform/text/SystemText.h>
 #include <platform/window/pictures/CDC.h>
 #include <platform/window/pictures/RecordingCanvas.h>
 #include <support/CodePages.h>
-#include <support/LocaleInForce.h>
+
+#include "LocaleTest.h"
 
 namespace orvo {
-
 namespace {
+
+constexpr std::tuple<const char*, const char*, const char*, const char*, bool> kLines[] = {
+    {"empty", "", "", "", false},
+    {"one line", "one", "one", "", false},
+    {"an end with nothing behind it", "one\n", "one", "", false},
+    {"a pair is one end", "one\r\n", "one", "", false},
+    {"a pair parts two lines", "one\r\ntwo", "one", "two", true},
+    {"a carriage return alone", "one\rtwo", "one", "two", true},
+    {"a line feed alone", "one\ntwo\nthree", "one", "two\nthree", true},
+    {"an empty second line", "one\n\n", "one", "\n", true},
+    {"the other way round it is two", "one\n\rtwo", "one", "\rtwo", true},
+    {"an empty first line", "\ntwo", "", "two", true},
+    {"characters of several bytes", "表ソ\r\n能", "表ソ", "能", true},
+};
+
+class Lines : public LocaleTest, public testing::WithParamInterface<unsigned> {};
+
+TEST_P(Lines, TheFirstLineComesOutAndTheRestStays) {
+    ASSERT_TRUE(SystemLocale::Set("ja-JP", GetParam()));
+    for (const auto& [why, whole, first, rest, multiline] : kLines) {
+        CString text = SystemText(whole);
+        CString line("old");
+
+        EXPECT_EQ(IsMultiline(text) != 0, multiline) << why;
+        GetFirstLine(text, line);
+
+        EXPECT_EQ(ToUtf8(line), first) << why;
+        EXPECT_EQ(ToUtf8(text), rest) << why;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Pages, Lines, testing::Values(kUtf8CodePage, kJapaneseCodePage));
 
 // Counts how much text is measured.
 class CountingCanvas : public RecordingCanvas {
@@ -35,12 +70,7 @@ protected:
 INSTANTIATE_TEST_SUITE_P(CodePages, TextMeasure, testing::ValuesIn(kBothCodePages));
 
 TEST_P(TextMeasure, ATextIsCutAfterTheLastWholeCharacterThatFits) {
-    struct Row {
-        const char *why, *in;
-        int width, flag;
-        const char* want;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, const char*, int, int, const char*> rows[] = {
         {"a text that fits is left alone", "Doe, Jane", 72, 1, "Doe, Jane"},
         {"one pixel less makes room for the ellipsis", "Doe, Jane", 71, 1, "Doe, ..."},
         {"without a flag there is none", "Doe, Jane", 71, 0, "Doe, Jan"},
@@ -55,10 +85,10 @@ TEST_P(TextMeasure, ATextIsCutAfterTheLastWholeCharacterThatFits) {
         {"less than none", "Doe", -5, 1, ""},
         {"nothing to cut", "", 0, 1, ""},
     };
-    for (const Row& row : rows) {
-        CString text = SystemText(row.in);
-        TruncateText(text, dc, row.width, row.flag);
-        EXPECT_EQ(text, SystemText(row.want)) << row.why;
+    for (const auto& [why, in, width, flag, want] : rows) {
+        CString text = SystemText(in);
+        TruncateText(text, dc, width, flag);
+        EXPECT_EQ(text, SystemText(want)) << why;
     }
 }
 
@@ -88,5 +118,4 @@ TEST_P(TextMeasure, ALongTextIsntMeasuredWhole) {
 }
 
 }  // namespace
-
 }  // namespace orvo
