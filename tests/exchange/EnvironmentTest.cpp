@@ -16,12 +16,7 @@
 namespace orvo {
 namespace {
 
-using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::Not;
-
-constexpr const char* kTokyo = "Asia/Tokyo";
-constexpr const char* kNewYork = "America/New_York";
 
 struct Environment {
     const char* tag;
@@ -46,6 +41,9 @@ private:
 // A store that outlives the environments; each of them opens the tables anew.
 class Store {
 public:
+    Store() = default;
+    Store(std::string_view text, const Environment& environment) { Import(text, environment); }
+
     void Import(std::string_view text, const Environment& environment) {
         const InForce inForce(environment);
         CAddressTable addresses(m_engine);
@@ -53,50 +51,42 @@ public:
         ImportBytes(text, addresses, toDos);
     }
 
-    using AddressEdit = std::function<void(CAddressRecord&)>;
-    std::string Cards(const Environment& environment, const AddressEdit& edit = {}) {
+    std::string Cards(const Environment& environment,
+                      const std::function<void(CAddressRecord&)>& edit = {}) {
         const InForce inForce(environment);
         CAddressTable table(m_engine);
         CardWriter writer(table);
-        return Written<CAddressRecord, CAddressIterator>(
-            table, edit, [&](const CAddressRecord& record) { return writer.Write(record); });
-    }
-
-    using ToDoEdit = std::function<void(CToDoRecord&)>;
-    std::string ToDos(const Environment& environment, const ToDoEdit& edit = {}) {
-        const InForce inForce(environment);
-        CToDoTable table(m_engine);
-        ToDoWriter writer(table, Dialect::Calendar20);
-        return Written<CToDoRecord, CToDoIterator>(
-            table, edit, [&](const CToDoRecord& record) { return writer.Write(record).toDo; });
-    }
-
-    void SetPhoneLabel(long id, const char* label) {
-        CAddressTable table(m_engine);
-        EXPECT_EQ(table.SetPhoneLabel(id, label), 0);
-    }
-
-    std::vector<std::string> FirstAddress() {
-        CAddressTable table(m_engine);
-        CAddressRecord record(table);
-        EXPECT_EQ(CAddressIterator(table).FindFirst(record), 0);
-        return Describe(record);
-    }
-
-private:
-    template <class Record, class Iterator, class Table, class Write>
-    static std::string Written(Table& table, const std::function<void(Record&)>& edit,
-                               const Write& write) {
         std::string text;
-        Record record(table);
-        Iterator iterator(table);
-        for (long s = iterator.FindFirst(record); s == 0; s = iterator.FindNext(record)) {
-            if (edit) edit(record);
-            text += write(record);
+        for (const auto& record : All(table)) {
+            if (edit) edit(*record);
+            text += writer.Write(*record);
         }
         return text;
     }
 
+    std::string ToDos(const Environment& environment,
+                      const std::function<void(CToDoRecord&)>& edit = {}) {
+        const InForce inForce(environment);
+        CToDoTable table(m_engine);
+        ToDoWriter writer(table, Dialect::Calendar20);
+        std::string text;
+        for (const auto& record : All(table)) {
+            if (edit) edit(*record);
+            text += writer.Write(*record).toDo;
+        }
+        return text;
+    }
+
+    void SetPhoneLabel(long id, const char* label) {
+        EXPECT_EQ(CAddressTable(m_engine).SetPhoneLabel(id, label), 0);
+    }
+
+    std::string FirstAddress() {
+        CAddressTable table(m_engine);
+        return Describe(*All(table).at(0));
+    }
+
+private:
     MemoryEngine m_engine;
 };
 
@@ -105,162 +95,122 @@ constexpr std::string_view kRussianCard =  // windows-1251
     "ORG:\xCE\xE1\xF9\xE5\xF1\xF2\xE2\xEE \xD0\xEE\xEC\xE0\xF8\xEA\xE0\n"
     "NOTE:\xCF\xE5\xF0\xE5\xE7\xE2\xEE\xED\xE8\xF2\xFC \xE2 "
     "\xEF\xEE\xED\xE5\xE4\xE5\xEB\xFC\xED\xE8\xEA\n";
-constexpr std::string_view kShortRussian = "N:\xCC\xE8\xF0;\xCC\xE8\xF0\n";
+constexpr const char* kShortRussian = "N:\xCC\xE8\xF0;\xCC\xE8\xF0";
+
+constexpr Environment kEnglish{"en-US"};
+constexpr Environment kRussia{"ru-RU"};
+constexpr Environment kJapan{"ja-JP", 932};
+constexpr Environment kTokyo{"en-US", 0, "Asia/Tokyo"};
+constexpr Environment kNewYork{"en-US", 1252, "America/New_York"};
+
+struct Row {
+    const char* why;
+    std::string lines;
+    Environment in;
+    Environment out;
+};
 
 TEST(Environment, ACardComesOutAsItWasUnderAnyOther) {
-    struct Row {
-        const char* why;
-        std::string lines;
-        Environment in;
-        Environment out;
-    };
+    const std::string russian(kRussianCard);
     const Row rows[] = {
-        {"a set that its bytes tell", std::string(kRussianCard), {"en-US"}, {"ru-RU"}},
-        {"a set that only the language tells", std::string(kShortRussian), {"ru-RU"}, {"en-US"}},
-        {"and the other way", std::string(kShortRussian), {"en-US"}, {"ru-RU"}},
-        {"half-width kana", "N:\xB1\xB2\n", {"ja-JP", 932}, {"de-DE"}},
-        {"a byte of no meaning", "N:M\xFC\x81\n", {"ja-JP", 932}, {"zh-TW"}},
-        {"a parameter", "N;SORT-AS=\"\xCC\xE8\xF0\":x\n", {"ru-RU"}, {"ja-JP", 932}},
-        {"a category cut short",
-         "FN:a\nCATEGORIES:東京都千代田区役所\n",
-         {"en-US"},
-         {"ja-JP", 932}},
-        {"the same back", "FN:a\nCATEGORIES:東京都千代田区役所\n", {"ja-JP", 932}, {"en-US"}},
-        {"a category of no code page", "FN:a\nCATEGORIES:友達\n", {"en-US"}, {"en-US", 1252}},
-        {"phones", "FN:a\nTEL;TYPE=CELL:1\nTEL;TYPE=PREF:2\n", {"en-US"}, {"ja-JP", 932}},
+        {"a set that its bytes tell", russian, kEnglish, kRussia},
+        {"a set that only the language tells", kShortRussian, kRussia, kEnglish},
+        {"and the other way", kShortRussian, kEnglish, kRussia},
+        {"half-width kana", "N:\xB1\xB2", kJapan, {"de-DE"}},
+        {"a byte of no meaning", "N:M\xFC\x81", kJapan, {"zh-TW"}},
+        {"a parameter", "N;SORT-AS=\"\xCC\xE8\xF0\":x", kRussia, kJapan},
+        {"a category cut short", "FN:a\nCATEGORIES:東京都千代田区役所", kEnglish, kJapan},
+        {"the same back", "FN:a\nCATEGORIES:東京都千代田区役所", kJapan, kEnglish},
+        {"a category of no code page", "FN:a\nCATEGORIES:友達", kEnglish, kNewYork},
+        {"phones", "FN:a\nTEL;TYPE=CELL:1\nTEL;TYPE=PREF:2", kEnglish, kJapan},
     };
     for (const Row& row : rows) {
-        const std::string card = Card("3.0", row.lines);
-        Store store;
-        store.Import(card, row.in);
-        EXPECT_EQ(store.Cards(row.out), card) << row.why;
+        const std::string card = Card(row.lines);
+        EXPECT_EQ(Store(card, row.in).Cards(row.out), card) << row.why;
     }
 }
 
 TEST(Environment, AToDoComesOutAsItWasUnderAnyOther) {
-    struct Row {
-        const char* why;
-        std::string lines;
-        Environment in;
-        Environment out;
-    };
     const Row rows[] = {
-        {"times in UTC",
-         "SUMMARY:a\nDUE:20260301T120000Z\nCOMPLETED:20260201T100000Z\n",
-         {"en-US", 0, kTokyo},
-         {"en-US", 0, kNewYork}},
-        {"a time that the other clock leaves out",
-         "SUMMARY:a\nDUE:20260307T173000Z\n",
-         {"en-US", 0, kTokyo},
-         {"en-US", 0, kNewYork}},
-        {"the last dates",
-         "SUMMARY:a\nDUE:20380119T020000Z\nCOMPLETED:19700101T010000Z\n",
-         {"en-US", 0, kTokyo},
-         {"en-US", 0, kNewYork}},
-        {"a start and a length",
-         "SUMMARY:a\nDTSTART:20260301T120000Z\nDURATION:PT1H\n",
-         {"en-US", 0, kNewYork},
-         {"en-US", 0, kTokyo}},
-        {"a set that only the language tells", "SUMMARY:\xCC\xE8\xF0\n", {"ru-RU"}, {"en-US"}},
-        {"categories", "SUMMARY:a\nCATEGORIES:友達,家族\n", {"en-US"}, {"en-US", 1252}},
+        {"times in UTC", "DUE:20260301T120000Z\nCOMPLETED:20260201T100000Z", kTokyo, kNewYork},
+        {"a time that the other clock leaves out", "DUE:20260307T173000Z", kTokyo, kNewYork},
+        {"the last dates", "DUE:20380119T020000Z\nCOMPLETED:19700101T010000Z", kTokyo, kNewYork},
+        {"a start and a length", "DTSTART:20260301T120000Z\nDURATION:PT1H", kNewYork, kTokyo},
+        {"a set that only the language tells", "DESCRIPTION:\xCC\xE8\xF0", kRussia, kEnglish},
+        {"categories", "CATEGORIES:友達,家族", kEnglish, kNewYork},
     };
     for (const Row& row : rows) {
-        const std::string calendar =
-            Calendar("2.0", "BEGIN:VTODO\nUID:1\n" + row.lines + "END:VTODO\n");
-        Store store;
-        store.Import(calendar, row.in);
-        EXPECT_THAT(calendar, HasSubstr(store.ToDos(row.out))) << row.why;
+        const std::string toDo = ToDo("UID:1\nSUMMARY:a\n" + row.lines);
+        EXPECT_EQ(Plain(Store(Calendar(toDo), row.in).ToDos(row.out)), toDo) << row.why;
     }
 }
 
 TEST(Environment, AnEditElsewhereWritesItsOwnLinesOnly) {
-    Store store;
-    store.Import(Calendar("2.0",
-                          "BEGIN:VTODO\nUID:1\nSUMMARY:a\nDUE:20260301T120000Z\nCOMPLETED:"
-                          "20260201T100000Z\nCATEGORIES:友達,家族\nEND:VTODO\n"),
-                 {"en-US", 0, kTokyo});
-
-    const std::string text = store.ToDos({"en-US", 1252, kNewYork}, [](CToDoRecord& record) {
-        EXPECT_EQ(record.SetPriority(1), 0);
-    });
-
-    EXPECT_EQ(text,
-              "BEGIN:VTODO\r\nUID:1\r\nSUMMARY:a\r\nDUE:20260301T120000Z\r\nCOMPLETED:"
-              "20260201T100000Z\r\nCATEGORIES:友達,家族\r\nPRIORITY:1\r\nEND:VTODO\r\n");
+    const std::string lines =
+        "UID:1\nSUMMARY:a\nDUE:20260301T120000Z\nCOMPLETED:20260201T100000Z\nCATEGORIES:友達,"
+        "家族\n";
+    Store store(Calendar(ToDo(lines)), kTokyo);
+    EXPECT_EQ(Plain(store.ToDos(kNewYork,
+                                [](CToDoRecord& record) { EXPECT_EQ(record.SetPriority(1), 0); })),
+              ToDo(lines + "PRIORITY:1"));
 }
 
 TEST(Environment, ACategoryGoesOutInItsOwnLettersUnderAnyCodePage) {
-    Store store;
-    store.Import(Card("3.0", "FN:a\nCATEGORIES:友達\n"), {"en-US"});
-
-    const std::string text = store.Cards(
-        {"en-US", 1252}, [](CAddressRecord& record) { EXPECT_EQ(record.SetSource({}), 0); });
-
-    EXPECT_THAT(text, HasSubstr("CATEGORIES:友達\r\n"));
+    Store store(Card("FN:a\nCATEGORIES:友達"), kEnglish);
+    EXPECT_THAT(
+        store.Cards(kNewYork, [](CAddressRecord& record) { EXPECT_EQ(record.SetSource({}), 0); }),
+        HasSubstr("CATEGORIES:友達\r\n"));
 }
 
 TEST(Environment, APhoneKeepsItsKindWhileLabelsAreRenamed) {
-    const Environment here{"en-US"};
-    const std::string card = Card("3.0", "FN:a\nTEL;TYPE=CELL:1\nTEL;TYPE=HOME:2\n");
+    const std::string card = Card("FN:a\nTEL;TYPE=CELL:1\nTEL;TYPE=HOME:2");
     Store store;
     store.SetPhoneLabel(0, "Handy");
-    store.Import(card, here);
+    store.Import(card, kEnglish);
 
-    EXPECT_THAT(store.FirstAddress(),
-                ElementsAre("name: a", "phone1 (Handy): 1", "phone2 (Home): 2"));
-    EXPECT_EQ(store.Cards(here), card);
+    EXPECT_EQ(store.FirstAddress(), "name: a | phone1 (Handy): 1 | phone2 (Home): 2");
+    EXPECT_EQ(store.Cards(kEnglish), card);
     store.SetPhoneLabel(0, "Mobile");
-    EXPECT_EQ(store.Cards(here), card);
+    EXPECT_EQ(store.Cards(kEnglish), card);
     store.SetPhoneLabel(1, "Mobile");
     store.SetPhoneLabel(0, "Home");
-    EXPECT_EQ(store.Cards(here), card);
+    EXPECT_EQ(store.Cards(kEnglish), card);
 }
 
 TEST(Environment, TheWholeFileTellsTheSetOfEachCard) {
-    Store store;
-    store.Import(Card("3.0", "N:\xCC\xE8\xF0\n") + Card("3.0", kRussianCard), {"en-US"});
-
-    EXPECT_THAT(store.FirstAddress(), ElementsAre("name: Мир"));
+    EXPECT_EQ(Store(Card("N:\xCC\xE8\xF0") + Card(kRussianCard), kEnglish).FirstAddress(),
+              "name: Мир");
 }
 
 TEST(Environment, ACardOfALegacySetIsWrittenAsUtf8OnceAnythingIsEdited) {
-    struct Row {
+    struct {
         const char* version;
-        std::string lines;
-        std::string want;
-    };
-    const Row rows[] = {
+        const char* lines;
+        const char* want;
+    } const rows[] = {
         {"3.0", "N:\xCC\xE8\xF0\nX-A;TYPE=\xCC:\xE8\nPHOTO;ENCODING=b:zOjw\nUID:1\n\xCC \xE8\n",
-         "N:Мир\r\nX-A;TYPE=М:и\r\nPHOTO;ENCODING=b:zOjw\r\nUID:1\r\nTITLE:Boss\r\nМ и\r\n"},
+         "N:Мир\nX-A;TYPE=М:и\nPHOTO;ENCODING=b:zOjw\nUID:1\nTITLE:Boss\nМ и\n"},
         {"2.1", "N:\xCC\xE8\xF0\nX-A;QUOTED-PRINTABLE:=CC\nX-B;CHARSET=windows-1251:\xCC\n",
-         "N;ENCODING=QUOTED-PRINTABLE;CHARSET=UTF-8:=D0=9C=D0=B8=D1=80\r\n"
-         "X-A;ENCODING=QUOTED-PRINTABLE;CHARSET=UTF-8:=D0=9C\r\nX-B;CHARSET=windows-1251:\xCC\r\n"
-         "TITLE:Boss\r\n"},
+         "N;ENCODING=QUOTED-PRINTABLE;CHARSET=UTF-8:=D0=9C=D0=B8=D1=80\n"
+         "X-A;ENCODING=QUOTED-PRINTABLE;CHARSET=UTF-8:=D0=9C\nX-B;CHARSET=windows-1251:\xCC\n"
+         "TITLE:Boss\n"},
         {"2.1", "N:\xCC\xE8\xF0\nAGENT:\nBEGIN:VCARD\nN:\xCC\n \xE8\nEND:VCARD\n",
-         "N;ENCODING=QUOTED-PRINTABLE;CHARSET=UTF-8:=D0=9C=D0=B8=D1=80\r\nTITLE:Boss\r\nAGENT:\r\n"
-         "BEGIN:VCARD\r\nN;ENCODING=QUOTED-PRINTABLE;CHARSET=UTF-8:=D0=9C=D0=B8\r\nEND:VCARD\r\n"},
+         "N;ENCODING=QUOTED-PRINTABLE;CHARSET=UTF-8:=D0=9C=D0=B8=D1=80\nTITLE:Boss\nAGENT:\n"
+         "BEGIN:VCARD\nN;ENCODING=QUOTED-PRINTABLE;CHARSET=UTF-8:=D0=9C=D0=B8\nEND:VCARD\n"},
     };
-    for (const Row& row : rows) {
-        Store store;
-        store.Import(Card(row.version, row.lines), {"ru-RU"});
-        const auto edit = [](CAddressRecord& record) {
-            EXPECT_EQ(record.SetUtf8(AddressField::Title, "Boss"), 0);
-        };
-        const std::string frame = Card(row.version, "");
-        const std::size_t end = frame.find("END");
-        EXPECT_EQ(store.Cards({"en-US"}, edit),
-                  frame.substr(0, end) + row.want + frame.substr(end));
+    const auto edit = [](CAddressRecord& record) {
+        EXPECT_EQ(record.SetUtf8(AddressField::Title, "Boss"), 0);
+    };
+    for (const auto& row : rows) {
+        Store store(Card(row.lines, row.version), kRussia);
+        EXPECT_EQ(store.Cards(kEnglish, edit), Card(row.want, row.version));
     }
 }
 
 TEST(Origin, ComesBackFromItsText) {
-    Origin full{"Shift_JIS",
-                3,
-                1,
-                {0, 1, 7, 7, 255},
-                5,
-                CivilTime{2026, 3, 1, 21, 0, 0},
-                CivilTime{1970, 1, 1, 0, 0, 1}};
+    const CivilTime due{2026, 3, 1, 21, 0, 0};
+    const CivilTime completed{1970, 1, 1, 0, 0, 1};
+    const Origin full{"Shift_JIS", 3, 1, {0, 1, 7, 7, 255}, 5, due, completed};
 
     EXPECT_EQ(ParseOrigin(FormatOrigin(full)), full);
     EXPECT_EQ(ParseOrigin(FormatOrigin({})), Origin());

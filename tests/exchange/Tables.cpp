@@ -2,11 +2,15 @@
 // SPDX-License-Identifier: MIT
 #include "exchange/Tables.h"
 
-#include <fmt/core.h>
+#include <utility>
 
-#include <exchange/cards/TableTexts.h>
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+
+#include <exchange/files/ExportFile.h>
 #include <platform/text/SystemText.h>
 #include <platform/time/TimeZone.h>
+#include <support/RecordReaders.h>
 
 namespace orvo {
 namespace {
@@ -17,38 +21,64 @@ constexpr std::string_view kFieldNames[] = {
     "phone2", "phone3",  "phone4", "phone5",  "custom1",      "custom2",       "custom3",
     "custom4"};
 
-void DescribeShared(const CBaseRecord& record, std::vector<std::string>& lines) {
-    std::string note;
-    record.GetNoteUtf8(note);
-    if (!note.empty()) lines.push_back("note: " + note);
-    int category = 0;
-    record.GetCategoryId(category);
-    if (category != kNoCategory) {
-        CCategory* named = nullptr;
-        record.GetTable().GetCategoryManager()->FindIndex(category, named);
-        lines.push_back("category: " + (named ? ToUtf8(named->GetName()) : "?"));
+template <class Record, class Iterator, class Table>
+std::vector<std::unique_ptr<Record>> Walk(Table& table) {
+    std::vector<std::unique_ptr<Record>> all;
+    Iterator iterator(table);
+    auto record = std::make_unique<Record>(table);
+    for (long s = iterator.FindFirst(*record); s == 0; s = iterator.FindNext(*record)) {
+        all.push_back(std::exchange(record, std::make_unique<Record>(table)));
     }
-    if (record.IsPrivate()) lines.emplace_back("private");
-    if (record.IsArchived()) lines.emplace_back("archived");
+    return all;
 }
 
-std::string WithLineEnds(std::string_view lines) {
+std::string WithShared(Strings fields, const CBaseRecord& record) {
+    if (const std::string note = NoteOf(record); !note.empty()) fields.push_back("note: " + note);
+    if (const int category = CategoryOf(record); category != kNoCategory) {
+        CCategory* named = nullptr;
+        record.GetTable().GetCategoryManager()->FindIndex(category, named);
+        fields.push_back("category: " + (named ? ToUtf8(named->GetName()) : "?"));
+    }
+    if (record.IsPrivate()) fields.emplace_back("private");
+    if (record.IsArchived()) fields.emplace_back("archived");
+    return fmt::format("{}", fmt::join(fields, " | "));
+}
+
+std::string Framed(std::string_view name, std::string_view version, std::string_view lines) {
+    const std::string end(lines.empty() || lines.ends_with('\n') ? "" : "\n");
     std::string text;
-    for (const char c : lines) {
+    for (const char c :
+         fmt::format("BEGIN:{}\nVERSION:{}\n{}{}END:{}\n", name, version, lines, end, name)) {
         if (c == '\n') text += '\r';
         text += c;
     }
     return text;
 }
 
-std::string Shown(long date) {
-    return FormatIso(CivilOfMoment(date).value_or(CivilTime{}));
-}
-
 }  // namespace
 
-std::vector<std::string> Describe(const CAddressRecord& record) {
-    std::vector<std::string> lines;
+std::vector<std::unique_ptr<CAddressRecord>> All(CAddressTable& table) {
+    return Walk<CAddressRecord, CAddressIterator>(table);
+}
+
+std::vector<std::unique_ptr<CToDoRecord>> All(CToDoTable& table) {
+    return Walk<CToDoRecord, CToDoIterator>(table);
+}
+
+std::string Tables::Export(CAddressRecord& record) {
+    return ExportCard(record, addresses);
+}
+
+std::unique_ptr<CAddressRecord> Tables::Address(std::size_t place) {
+    return std::move(All(addresses).at(place));
+}
+
+std::unique_ptr<CToDoRecord> Tables::ToDo(std::size_t place) {
+    return std::move(All(toDos).at(place));
+}
+
+std::string Describe(const CAddressRecord& record) {
+    Strings fields;
     auto& table = static_cast<CAddressTable&>(record.GetTable());
     for (int i = 1; i <= static_cast<int>(AddressField::Custom4); ++i) {
         const std::string_view text = record.Utf8(static_cast<AddressField>(i));
@@ -60,55 +90,63 @@ std::vector<std::string> Describe(const CAddressRecord& record) {
             record.GetPhoneLabelID(slot, id);
             label = " (" + ToUtf8(table.GetPhoneLabel(id)) + ")";
         }
-        lines.push_back(fmt::format("{}{}: {}", kFieldNames[i], label, text));
+        fields.push_back(fmt::format("{}{}: {}", kFieldNames[i], label, text));
     }
     long display = 1;
     record.GetDisplayPhone(display);
-    if (display != 1) lines.push_back(fmt::format("display: {}", display));
-    DescribeShared(record, lines);
-    return lines;
+    if (display != 1) fields.push_back(fmt::format("display: {}", display));
+    return WithShared(fields, record);
 }
 
-std::vector<std::string> Describe(const CToDoRecord& record) {
-    std::vector<std::string> lines{"description: " + std::string(record.DescriptionUtf8())};
-    int priority = 0;
-    record.GetPriority(priority);
-    if (priority != 3) lines.push_back(fmt::format("priority: {}", priority));
-    long date = 0;
-    record.GetDueDate(date);
-    if (date != maxDate()) lines.push_back("due: " + Shown(date));
-    if (record.IsCompleted()) lines.emplace_back("completed");
-    record.GetCompletionDate(date);
-    if (date != maxDate()) lines.push_back("completed on: " + Shown(date));
-    DescribeShared(record, lines);
-    return lines;
-}
-
-std::vector<std::string> DescribeAll(Tables& tables) {
-    std::vector<std::string> all;
-    const auto add = [&](const std::vector<std::string>& lines) {
-        all.emplace_back("--");
-        all.insert(all.end(), lines.begin(), lines.end());
+std::string Describe(const CToDoRecord& record) {
+    Strings fields{std::string(record.DescriptionUtf8())};
+    const auto addDate = [&](const char* what, long date) {
+        if (date == maxDate()) return;
+        fields.push_back(what + FormatIso(CivilOfMoment(date).value_or(CivilTime{})));
     };
-    CAddressRecord address(tables.addresses);
-    CAddressIterator addresses(tables.addresses);
-    for (long s = addresses.FindFirst(address); s == 0; s = addresses.FindNext(address)) {
-        add(Describe(address));
+    if (const int priority = PriorityOf(record); priority != 3) {
+        fields.push_back(fmt::format("priority: {}", priority));
     }
-    CToDoRecord toDo(tables.toDos);
-    CToDoIterator toDos(tables.toDos);
-    for (long s = toDos.FindFirst(toDo); s == 0; s = toDos.FindNext(toDo)) add(Describe(toDo));
+    addDate("due: ", DueDateOf(record));
+    if (record.IsCompleted()) fields.emplace_back("completed");
+    addDate("completed on: ", CompletionDateOf(record));
+    return WithShared(fields, record);
+}
+
+Strings DescribeAll(Tables& tables) {
+    Strings all;
+    for (const auto& record : All(tables.addresses)) all.push_back(Describe(*record));
+    for (const auto& record : All(tables.toDos)) all.push_back(Describe(*record));
     return all;
 }
 
-std::string Card(std::string_view version, std::string_view lines) {
-    return fmt::format("BEGIN:VCARD\r\nVERSION:{}\r\n{}END:VCARD\r\n", version,
-                       WithLineEnds(lines));
+Strings DescribeAll(std::string_view text) {
+    Tables tables(text);
+    return DescribeAll(tables);
 }
 
-std::string Calendar(std::string_view version, std::string_view lines) {
-    return fmt::format("BEGIN:VCALENDAR\r\nVERSION:{}\r\n{}END:VCALENDAR\r\n", version,
-                       WithLineEnds(lines));
+std::string Card(std::string_view lines, std::string_view version) {
+    return Framed("VCARD", version, lines);
+}
+
+std::string Calendar(std::string_view lines, std::string_view version) {
+    return Framed("VCALENDAR", version, lines);
+}
+
+std::string ToDo(std::string_view lines) {
+    return fmt::format("BEGIN:VTODO\n{}{}END:VTODO\n", lines, lines.ends_with('\n') ? "" : "\n");
+}
+
+std::string Plain(std::string_view text) {
+    std::string plain;
+    for (const char c : text) {
+        if (c == '\n') {
+            EXPECT_TRUE(plain.ends_with('\r')) << text;
+            if (!plain.empty()) plain.pop_back();
+        }
+        plain += c;
+    }
+    return plain;
 }
 
 }  // namespace orvo

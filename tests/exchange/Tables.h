@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,23 +13,52 @@
 
 namespace orvo {
 
+using Strings = std::vector<std::string>;
+
+// All records in their order.
+std::vector<std::unique_ptr<CAddressRecord>> All(CAddressTable& table);
+std::vector<std::unique_ptr<CToDoRecord>> All(CToDoTable& table);
+
 struct Tables {
+    Tables() = default;
+    explicit Tables(std::string_view text) { Import(text); }
+
+    ImportReport Import(std::string_view bytes) { return ImportBytes(bytes, addresses, toDos); }
+    std::string Export(CAddressRecord& record);
+
+    // A record by its place from 0, which must be there.
+    std::unique_ptr<CAddressRecord> Address(std::size_t place = 0);
+    std::unique_ptr<CToDoRecord> ToDo(std::size_t place = 0);
+
     MemoryEngine engine;
     CAddressTable addresses{engine};
     CToDoTable toDos{engine};
-
-    ImportReport Import(std::string_view bytes) { return ImportBytes(bytes, addresses, toDos); }
 };
 
-// What a record shows, one line a field that isn't empty.
-std::vector<std::string> Describe(const CAddressRecord& record);
-std::vector<std::string> Describe(const CToDoRecord& record);
+// What a record shows: its fields that aren't empty, divided by " | "; of a to-do first what is to be
+// done.
+std::string Describe(const CAddressRecord& record);
+std::string Describe(const CToDoRecord& record);
 
-// All records of the tables in their order.
-std::vector<std::string> DescribeAll(Tables& tables);
+// Each record of the tables, or of those that a text becomes.
+Strings DescribeAll(Tables& tables);
+Strings DescribeAll(std::string_view text);
 
-// A card of that version around the lines, which end in "\n"; its own lines end in "\r\n".
-std::string Card(std::string_view version, std::string_view lines);
-std::string Calendar(std::string_view version, std::string_view lines);
+// An entry of that version around the lines, which "\n" divides; in the file "\r\n" ends each.
+std::string Card(std::string_view lines, std::string_view version = "3.0");
+std::string Calendar(std::string_view lines, std::string_view version = "2.0");
+// A to-do for a calendar.
+std::string ToDo(std::string_view lines);
+
+// The text of a file, each of whose lines must end in "\r\n", with "\n" instead.
+std::string Plain(std::string_view text);
+
+// Any text made of up to so many pieces.
+template <class Pieces, class Random>
+std::string AnyText(const Pieces& pieces, unsigned most, Random& random) {
+    std::string text;
+    for (unsigned i = random() % most; i > 0; --i) text += pieces[random() % std::size(pieces)];
+    return text;
+}
 
 }  // namespace orvo
