@@ -2,9 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include <gmock/gmock.h>
 
-#include <support/CodePages.h>
-#include <support/LocaleInForce.h>
-
 #include "exchange/Tables.h"
 
 namespace orvo {
@@ -163,15 +160,6 @@ TEST(CardReading, NotesAndMarks) {
         {"the first category", "CATEGORIES: Home\\, sweet , Work", "category: Home, sweet"},
         {"what fills no field", "BDAY:2000-01-01", ""},
     });
-}
-
-TEST(CardReading, CategoriesAreCutBetweenCharactersOfThePage) {
-    for (const LocaleCase& page : kBothCodePages) {
-        const LocaleInForce locale(page.tag, page.codePage);
-        EXPECT_THAT(DescribeAll(Card("N:a\nCATEGORIES:あいうえおかきく")),
-                    ElementsAre(page.codePage == 932 ? "name: a | category: あいうえおかき"
-                                                     : "name: a | category: あいうえお"));
-    }
 }
 
 TEST(CardReading, AFullTableTakesTheFirstCategoryThatItHas) {

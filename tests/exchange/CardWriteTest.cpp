@@ -260,12 +260,5 @@ TEST(CardWriting, EachEditIsWrittenWhereItCameFrom) {
     }
 }
 
-TEST(CardWriting, ALabelThatWasRenamedSinceIsNoEdit) {
-    const std::string card = Card("TEL;TYPE=CELL,VOICE:1");
-    Tables tables(card);
-    tables.addresses.SetPhoneLabel(0, "Handy");
-    EXPECT_EQ(tables.Export(*tables.Address()), card);
-}
-
 }  // namespace
 }  // namespace orvo

@@ -174,13 +174,6 @@ Strings OfEachLine(const std::string& text, const Say& say) {
     return said;
 }
 
-TEST(EntryReader, LinesOfAnInnerComponentHaveNoName) {
-    EXPECT_THAT(
-        OfEachLine("BEGIN:VCARD\nAGENT:\nBEGIN:VCARD\nFN:inner\nEND:VCARD\nFN:outer\nEND:VCARD\n",
-                   [](const ContentLine& line) { return line.name; }),
-        ElementsAre("BEGIN", "AGENT", "", "", "", "FN", "END"));
-}
-
 TEST(EntryReader, EmptyLinesThatFollowEachOtherAreOne) {
     const std::string text = "BEGIN:X\n\n\r\n\rA:1\n\nEND:X\n";
     EXPECT_THAT(OfEachLine(text, [](const ContentLine& line) { return line.source; }),

@@ -53,28 +53,15 @@ public:
 
     std::string Cards(const Environment& environment,
                       const std::function<void(CAddressRecord&)>& edit = {}) {
-        const InForce inForce(environment);
-        CAddressTable table(m_engine);
-        CardWriter writer(table);
-        std::string text;
-        for (const auto& record : All(table)) {
-            if (edit) edit(*record);
-            text += writer.Write(*record);
-        }
-        return text;
+        return Written<CAddressTable>(environment, edit, [](auto& table, const auto& record) {
+            return CardWriter(table).Write(record);
+        });
     }
-
     std::string ToDos(const Environment& environment,
                       const std::function<void(CToDoRecord&)>& edit = {}) {
-        const InForce inForce(environment);
-        CToDoTable table(m_engine);
-        ToDoWriter writer(table, Dialect::Calendar20);
-        std::string text;
-        for (const auto& record : All(table)) {
-            if (edit) edit(*record);
-            text += writer.Write(*record).toDo;
-        }
-        return text;
+        return Written<CToDoTable>(environment, edit, [](auto& table, const auto& record) {
+            return ToDoWriter(table, Dialect::Calendar20).Write(record).toDo;
+        });
     }
 
     void SetPhoneLabel(long id, const char* label) {
@@ -87,6 +74,18 @@ public:
     }
 
 private:
+    template <class Table, class Edit, class Write>
+    std::string Written(const Environment& environment, const Edit& edit, const Write& write) {
+        const InForce inForce(environment);
+        Table table(m_engine);
+        std::string text;
+        for (const auto& record : All(table)) {
+            if (edit) edit(*record);
+            text += write(table, *record);
+        }
+        return text;
+    }
+
     MemoryEngine m_engine;
 };
 
