@@ -20,45 +20,33 @@ protected:
         told.clear();
         return LoadHostOptions([this](const std::string& line) { told += line + '\n'; });
     }
-    fs::path UserFile() const { return folder / "xtrauser.dat"; }
 
     std::string told;
 };
 
-const std::string kRequired =
-    "\x01"s
-    "1\x01\0\0\0"s;
+// A user file of that version, which says whether a password is required.
+std::string Saying(bool isRequired, const std::string& version = "1") {
+    return static_cast<char>(version.size()) + version + (isRequired ? "\1\0\0\0"s : "\0\0\0\0"s);
+}
 
 TEST_F(HostOptions, AUserFileInDoubtCountsAsOneThatRequiresThePasswordThatIsSet) {
     struct {
         const char* why;
         std::string bytes;
         bool isSound, want;  // where a password is set
-    } const rows[] = {{"it says yes", kRequired, true, true},
-                      {"it says no",
-                       "\x01"s
-                       "1\0\0\0\0"s,
-                       true, false},
-                      {"another version says no",
-                       "\x03"s
-                       "2.5\0\0\0\0"s,
-                       true, false},
+    } const rows[] = {{"it says yes", Saying(true), true, true},
+                      {"it says no", Saying(false), true, false},
+                      {"another version says no", Saying(false, "2.5"), true, false},
                       {"empty", "", false, true},
-                      {"cut",
-                       "\x01"s
-                       "1\0\0"s,
-                       false, true},
+                      {"cut", Saying(false).substr(0, 4), false, true},
                       {"zeros, after a crash", std::string(6, '\0'), false, true},
                       {"zeros of another size", std::string(5, '\0'), false, true},
-                      {"longer",
-                       "\x01"s
-                       "1\0\0\0\0\0"s,
-                       false, true},
+                      {"longer", Saying(false) + '\0', false, true},
                       {"a text", "not that file", false, true}};
     for (const bool isSet : {false, true}) {
         ASSERT_TRUE(isSet ? SetPassword(TypedPassword("Khan")) : RemovePassword());
         for (const auto& row : rows) {
-            std::ofstream(UserFile(), std::ios::binary | std::ios::trunc) << row.bytes;
+            place.File("xtrauser.dat", row.bytes);
 
             COrvoDesktopOptions options = Load();
 
@@ -89,7 +77,7 @@ TEST_F(HostOptions, TheWorkWeekBeginsAsTheCountryHasItUntilADayIsKept) {
 
 TEST_F(HostOptions, SettingsThatCantBeReadGuardAndHide) {
     ASSERT_TRUE(SetPassword(TypedPassword("Khan")));
-    std::ofstream(UserFile(), std::ios::binary) << kRequired;
+    place.File("xtrauser.dat", Saying(true));
     fs::remove(file);
     fs::create_directory(file);
 
@@ -101,7 +89,7 @@ TEST_F(HostOptions, SettingsThatCantBeReadGuardAndHide) {
 }
 
 TEST_F(HostOptions, AFlagThatCantBeKeptIsToldAndNothingElseIsSaved) {
-    fs::create_directory(UserFile());
+    fs::create_directory(folder / "xtrauser.dat");
     COrvoDesktopOptions options = Load();
     options.SetWorkDayBegins(7);
     EXPECT_EQ(SaveHostOptions(options), "") << "the flag is as it was";

@@ -18,11 +18,6 @@ protected:
     static bool Is(std::string_view text) { return IsPassword(TypedPassword(text)); }
 };
 
-TEST_F(Password, IsNoneAtFirstNotEvenTheEmptyOne) {
-    EXPECT_FALSE(IsPasswordSet());
-    EXPECT_FALSE(Is(""));
-}
-
 TEST_F(Password, IsKeptAsAHashWithASaltOfItsOwn) {
     ASSERT_TRUE(Set("Kubla Khan"));
     const std::string first = Bytes();
@@ -54,18 +49,16 @@ TEST_F(Password, IsTheWholeTextToTheLetter) {
     }
 }
 
-TEST_F(Password, OfAChangeOnlyTheNewOneHolds) {
+TEST_F(Password, IsTheLastOneAndNoneBeforeTheFirstOrOnceItIsRemoved) {
+    EXPECT_FALSE(IsPasswordSet());
+    EXPECT_FALSE(Is(""));
     ASSERT_TRUE(Set("old"));
     ASSERT_TRUE(Set("new"));
     EXPECT_FALSE(Is("old"));
     EXPECT_TRUE(Is("new"));
-}
-
-TEST_F(Password, ThatIsRemovedLeavesNoHash) {
-    ASSERT_TRUE(Set("old"));
     ASSERT_TRUE(RemovePassword());
     EXPECT_FALSE(IsPasswordSet());
-    EXPECT_FALSE(Is("old"));
+    EXPECT_FALSE(Is("new"));
     EXPECT_THAT(Bytes(), Not(HasSubstr("argon2")));
 }
 
