@@ -35,8 +35,7 @@ struct Tables {
     CToDoTable toDos{engine};
 };
 
-// What a record shows: its fields that aren't empty, divided by " | "; of a to-do first what is to be
-// done.
+// What a record shows: its fields that aren't empty, divided by " | ", and first what is to be done.
 std::string Describe(const CAddressRecord& record);
 std::string Describe(const CToDoRecord& record);
 
