@@ -1,7 +1,6 @@
 // Files as a whole: what is told about bad ones, and how one takes another's place.
 // SPDX-License-Identifier: MIT
 #include <filesystem>
-#include <functional>
 #include <iterator>
 #include <sys/stat.h>
 #include <thread>
@@ -25,13 +24,9 @@ using testing::HasSubstr;
 using testing::StartsWith;
 using namespace std::literals;
 
-std::string ErrorOf(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const ExchangeError& error) {
-        return error.what();
-    }
-    return "no error";
+// What is thrown tells that in one line.
+auto Tells(const std::string& text) {
+    return testing::ThrowsMessage<ExchangeError>(text);
 }
 
 TEST(Importing, WhatIsLeftOutIsToldByLineAndReasonAndTheRestGoesIn) {
@@ -149,11 +144,12 @@ TEST(Importing, AStoreThatRefusesEndsTheImportWithLineAndReason) {
     CAddressTable addresses(engine);
     CToDoTable toDos(engine);
     const auto import = [&](const std::string& text) {
-        return ErrorOf([&] { ImportBytes(text, addresses, toDos); });
+        return [&, text] { ImportBytes(text, addresses, toDos); };
     };
-    EXPECT_EQ(import("\n" + Card("FN:a")), "line 2: the card can't be stored: disk is full");
-    EXPECT_EQ(import(Calendar(ToDo("SUMMARY:a"))),
-              "line 3: the to-do can't be stored: disk is full");
+    EXPECT_THAT(import("\n" + Card("FN:a")),
+                Tells("line 2: the card can't be stored: disk is full"));
+    EXPECT_THAT(import(Calendar(ToDo("SUMMARY:a"))),
+                Tells("line 3: the to-do can't be stored: disk is full"));
 }
 
 class Files : public testing::Test {
@@ -165,37 +161,31 @@ protected:
         return ExportFile(file, tables.addresses, tables.toDos, category);
     }
 
-    // Why the file isn't taken in, or can't be written, behind its name.
-    std::string ImportError(const std::string& file) {
-        return WithoutName(file, ErrorOf([&] { Import(file); }));
+    // To be refused, with the reason behind the file's name.
+    void ExpectNoImport(const std::string& file, const std::string& why) {
+        EXPECT_THAT([&] { Import(file); }, Tells(file + ": " + why));
     }
-    std::string ExportError(const std::string& file) {
-        return WithoutName(file, ErrorOf([&] { Export(file); }));
+    void ExpectNoExport(const std::string& file, const std::string& why) {
+        EXPECT_THAT([&] { Export(file); }, Tells(file + ": " + why));
     }
 
     const TempFolder folder;
     const std::string path = folder.Path("a.vcf");
     Tables tables;
-
-private:
-    static std::string WithoutName(const std::string& file, const std::string& error) {
-        EXPECT_THAT(error, StartsWith(file + ": "));
-        return error.substr(std::min(file.size() + 2, error.size()));
-    }
 };
 
 TEST_F(Files, AFileThatCannotBeReadIsToldWithItsName) {
-    EXPECT_EQ(ImportError(path), "can't be read: No such file or directory");
-    EXPECT_EQ(ImportError(folder.File("a.vcf", "<xml/>")), "holds no card or calendar");
-    EXPECT_EQ(ImportError(folder.Path("")), "can't be read: Is a directory");
+    ExpectNoImport(path, "can't be read: No such file or directory");
+    ExpectNoImport(folder.File("a.vcf", "<xml/>"), "holds no card or calendar");
+    ExpectNoImport(folder.Path(""), "can't be read: Is a directory");
 }
 
 TEST_F(Files, APipeIsReadAndADeviceIsRefused) {
     for (const char* device : {"/dev/full", "/dev/zero"}) {
-        EXPECT_EQ(ImportError(device), "can't be read: it is neither a file nor a pipe");
+        ExpectNoImport(device, "can't be read: it is neither a file nor a pipe");
     }
     ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
-    EXPECT_EQ(ImportError(path), "can't be read: nobody writes to this pipe");
+    ExpectNoImport(path, "can't be read: nobody writes to this pipe");
     // More than a pipe holds, so that the reader and the writer wait for each other.
     std::thread writer(
         [&] { folder.File("a.vcf", Card("FN:a\nNOTE:" + std::string(200'000, 'x'))); });
@@ -245,11 +235,10 @@ TEST_F(Files, AReplacedFileKeepsItsPermissionsAndALinkItsTarget) {
 
 TEST_F(Files, WhatCannotBeWrittenLeavesTheOldFile) {
     fs::create_directory(path);
-    EXPECT_EQ(ExportError(folder.Path("a.txt")),
-              "the name of a card file ends in .vcf, of a calendar in .ics or .vcs");
-    EXPECT_EQ(ExportError(path), "is no file that can be replaced");
-    EXPECT_EQ(ExportError(folder.Path("none/a.vcf")),
-              "can't be written: No such file or directory");
+    ExpectNoExport(folder.Path("a.txt"),
+                   "the name of a card file ends in .vcf, of a calendar in .ics or .vcs");
+    ExpectNoExport(path, "is no file that can be replaced");
+    ExpectNoExport(folder.Path("none/a.vcf"), "can't be written: No such file or directory");
     EXPECT_EQ(std::distance(fs::directory_iterator(folder.Path()), {}), 1);
 }
 

@@ -35,7 +35,7 @@ struct Tables {
     CToDoTable toDos{engine};
 };
 
-// What a record shows: its fields that aren't empty, divided by " | ", and first what is to be done.
+// The fields of a record that aren't empty, divided by " | "; of a to-do the description first.
 std::string Describe(const CAddressRecord& record);
 std::string Describe(const CToDoRecord& record);
 
