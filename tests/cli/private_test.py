@@ -8,6 +8,7 @@ import resource
 import signal
 import sys
 import termios
+import time
 import unittest
 
 from command import CommandTest
@@ -108,9 +109,12 @@ class PrivateTest(CommandTest):
         """A command that waits at a terminal for the password, and the terminal's two ends."""
         master, terminal = pty.openpty()
         process = self.start("show 2 --show-private", stdin=terminal)
+        self.addCleanup(process.kill)
         self.assertEqual(process.stderr.read(len("Password of private entries: ")), "Password of private entries: ")
+        deadline = time.monotonic() + 60
         while termios.tcgetattr(terminal)[3] & termios.ECHO:
             self.assertIsNone(process.poll())
+            self.assertLess(time.monotonic(), deadline, "what is typed is shown")
         yield process, master
         self.assertTrue(termios.tcgetattr(terminal)[3] & termios.ECHO)
         os.close(master)
