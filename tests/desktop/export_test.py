@@ -1,39 +1,39 @@
 #!/usr/bin/env python3
-# Exports from the window through its file dialog: what is selected, or all, and never what is hidden.
+# Lets entries out of the window: into files, by mail to the selected person, and as cards by mail.
 # SPDX-License-Identifier: MIT
+import pathlib
 import re
-import sys
-import unittest
 
-from screen import LONGEST, TITLE, Home, Screen, until
-from views import windows
+from case import DesktopCase, main
+from mail_program import MailProgram
+from screen import until
+from views import close, opened
 
 
-class ExportTest(unittest.TestCase):
+class OutTest(DesktopCase):
+    def look_up(self, typed):
+        self.screen.after("typing selects", lambda: self.screen.type(typed))
+
+
+class ExportTest(OutTest):
     def setUp(self):
-        self.home = self.enterContext(Home(sys.argv[2], sys.argv[1]))
-        self.screen = self.enterContext(Screen())
-        for name, flags in (("Adams", ()), ("Baker", ()), ("Carter", ("--private", "yes"))):
-            self.home.orvo("add", "--name", name, *flags)
-        self.file = self.home.folder / "out.vcf"
+        super().setUp()
+        self.add("Adams", "Baker")
+        self.add("Carter", private="yes")
+        self.path = self.home.folder / "out.vcf"
 
     def export(self, *keys_before, typed="", name=None):
         """Exports in a new window, after keys that the dialog gets; the names in the file."""
-        with self.home.window(self.screen) as program:
+        with self.window():
             if typed:
-                self.screen.after("typing selects", lambda: self.screen.type(typed))
-            self.screen.keys("ctrl+shift+e")
-            until("the dialog opens", lambda: len(windows(self.screen)) == 2)
+                self.look_up(typed)
+            dialog = opened(self.screen, "the dialog", lambda: self.screen.keys("ctrl+shift+e"))
             self.screen.focus("Export As")
             self.screen.keys(*keys_before)
-            self.screen.type(str(self.file) if name is None else name)
-            self.screen.keys("Return")
-            until("the file is there", self.file.exists)
-            until("the dialog is gone", lambda: len(windows(self.screen)) == 1)
-            self.screen.focus(TITLE)
-            self.screen.keys("ctrl+q")
-            self.assertEqual(program.wait(LONGEST), 0)
-        return sorted(re.findall(r"^N:(\w+)", self.file.read_text(), re.MULTILINE))
+            self.screen.type(str(self.path) if name is None else name)
+            close(self.screen, dialog, "Return")
+            until("the file is there", self.path.exists)
+        return sorted(re.findall(r"^N:(\w+)", self.path.read_text(), re.MULTILINE))
 
     def test_the_selected_entry_is_what_goes_out_at_first(self):
         self.assertEqual(self.export(typed="bak"), ["Baker"])
@@ -42,16 +42,54 @@ class ExportTest(unittest.TestCase):
         self.assertEqual(self.export("alt+a", "alt+n", typed="bak"), ["Adams", "Baker", "Carter"])
 
     def test_the_folder_used_last_and_a_name_are_proposed(self):
-        self.file = self.home.folder / "cards" / "out.vcf"
-        self.file.parent.mkdir()
+        self.path = self.file("cards/out.vcf", "old")
+        self.path.unlink()
         self.export()
-        self.file = self.file.with_name("Addresses.vcf")
+        self.path = self.path.with_name("Addresses.vcf")
         self.assertEqual(self.export(name=""), ["Adams", "Baker", "Carter"])
 
     def test_what_is_hidden_stays_out_of_the_file(self):
-        self.home.orvo("options", "--set", "showing-private", "no")
+        self.set_options(showing_private="no")
         self.assertEqual(self.export(), ["Adams", "Baker"])
 
 
+class MailTest(OutTest):
+    def setUp(self):
+        super().setUp()
+        self.mail = MailProgram(self.home.folder / "config")
+        self.add("Adams", first="Ada", phone5="ada@example.org")
+        self.add("Baker", phone1="+1 617 555 0142")
+        self.add("Cole',bcc='evil@x.org")
+        self.start(**self.mail.environment)
+
+    def sent(self, typed, *keys):
+        """Looks somebody up, and presses keys that send something; the message."""
+        self.look_up(typed)
+        self.screen.keys(*keys)
+        until("the mail program is opened", self.mail.received.exists)
+        return self.mail.message()
+
+    def test_mail_goes_to_the_address_of_the_selected(self):
+        self.assertEqual(self.sent("ada", "ctrl+m"), ("ada@example.org", {}))
+
+    def test_a_card_goes_as_an_attachment_under_its_name(self):
+        # The second of the commands for selected people.
+        recipients, fields = self.sent("bak", "alt+a", "v")
+        self.assertEqual(recipients, "")
+        card = pathlib.Path(fields["attach"][0])
+        self.assertEqual(card.name, "Baker.vcf")
+        self.assertIn("+1 617 555 0142", card.read_text())
+
+    def test_no_name_says_more_to_the_mail_program_than_a_name(self):
+        fields = self.sent("col", "alt+a", "v")[1]
+        self.assertEqual(pathlib.Path(fields["attach"][0]).name, "Cole_bcc_evil_x.org.vcf")
+
+    def test_without_a_mail_address_a_message_tells(self):
+        self.look_up("bak")
+        self.screen.keys("ctrl+m")
+        self.answer_box()
+        self.assertFalse(self.mail.received.exists())
+
+
 if __name__ == "__main__":
-    unittest.main(argv=sys.argv[:1])
+    main()

@@ -1,21 +1,19 @@
 #!/usr/bin/env python3
 # Looks whether a window comes back as the user left it, and how it shows private entries.
 # SPDX-License-Identifier: MIT
-import sys
-import unittest
-
-from screen import LONGEST, TITLE, Home, Picture, Screen, until
-from views import ADDRESSES, Rows, dialog, set_heading, windows
+from case import DesktopCase, main
+from screen import TITLE, Picture, until
+from views import ADDRESSES, Rows, dialog, set_heading
 
 NAME, COMPANY, CATEGORY, PRIVATE = 0, 2, 3, 5
 COLUMNS = ((NAME, 250), (COMPANY, 200), (CATEGORY, 150), (PRIVATE, 40))
 PEOPLE = (("Adams", "Zenith", "Friends"), ("Baker", "Acme", "Work"), ("Carter", "Mellow", "Friends"))
 A_LETTER = 0.05  # the difference that one letter makes is greater
 SIZE = (760, 480)
+VIEWS = ("list", "large-icons", "small-icons", "cards", "todos")
 
 # Into the View menu, and up from its end to the choices for private entries.
 MASK = ("alt+v", "Up", "Up", "Return")
-SHOW = ("alt+v", "Up", "Up", "Up", "Return")
 HIDE = ("alt+v", "Up", "Return")
 
 
@@ -63,18 +61,12 @@ CHANGES = (
 )
 
 
-class NextStartTest(unittest.TestCase):
-    def setUp(self):
-        self.screen = self.enterContext(Screen())
-
-    def new_home(self, **texts):
-        home = self.enterContext(Home(sys.argv[2], sys.argv[1]))
-        set_heading(home, ADDRESSES, COLUMNS)
+class NextStartTest(DesktopCase):
+    def fill(self):
+        set_heading(self.home, ADDRESSES, COLUMNS)
         for name, company, category in PEOPLE:
-            home.orvo("add", "--name", name, "--company", company, "--category", category)
-        private = {"name": "Mason", "company": "Quill", **texts}
-        home.orvo("add", "--private", "yes", *(word for name, text in private.items() for word in (f"--{name}", text)))
-        return home
+            self.add(name, company=company, category=category)
+        self.add("Mason", company="Quill", private="yes")
 
     def look(self, rows):
         """The rows, with what lies below; above them the box shows who has the keys, and the heading the mouse."""
@@ -82,13 +74,9 @@ class NextStartTest(unittest.TestCase):
         self.screen.at_rest()
         return below(self.screen.picture(self.screen.window(TITLE)), rows.top)
 
-    def end(self, program):
-        program.terminate()
-        self.assertEqual(program.wait(LONGEST), 0)
-
-    def rows(self, home):
+    def rows(self):
         """Where the rows are; the selection that tells it ends with its window."""
-        with home.window(self.screen) as program:
+        with self.window() as program:
             rows = Rows(self.screen, COLUMNS)
             self.end(program)
         return rows
@@ -96,73 +84,53 @@ class NextStartTest(unittest.TestCase):
     def test_the_next_start_shows_what_was_left(self):
         for what, change in CHANGES:
             with self.subTest(what):
-                home = self.new_home()
-                rows = self.rows(home)
-                with home.window(self.screen) as program:
+                self.doCleanups()
+                self.setUp()
+                self.fill()
+                rows = self.rows()
+                with self.window() as program:
                     # A place that comes back leaves room for a frame, which there is none of here.
                     self.screen.xdotool("windowmove", self.screen.window(TITLE), 0, 0)
                     first = self.look(rows)
                     self.screen.focus(TITLE)
                     change(self.screen, rows)
                     rows.rest()
-
-                    def is_changed():
-                        return self.look(rows).difference(first).worst > A_LETTER
-                    until(f"{what} changes", is_changed)
+                    until(f"{what} changes", lambda: self.look(rows).difference(first) > A_LETTER)
                     left = self.look(rows)
                     self.end(program)
-                with home.window(self.screen) as program:
-                    until(f"{what} comes back", lambda: self.look(rows).difference(left).worst < A_LETTER)
-                    self.end(program)
+                with self.window():
+                    until(f"{what} comes back", lambda: self.look(rows).difference(left) < A_LETTER)
 
     def test_a_form_that_was_open_is_offered_again_with_its_text(self):
-        home = self.new_home()
-        kept = home.folder / "config" / "orvo"
-        with home.window(self.screen) as program:
+        with self.window() as program:
             dialog(self.screen, "ctrl+n")
             self.screen.type("Nemo")
             self.end(program)
-        (file,) = kept.glob("unsaved-*.json")
+        (file,) = self.settings().parent.glob("unsaved-*.json")
         self.assertEqual(file.stat().st_mode & 0o777, 0o600)
-        with home.window(self.screen) as program:
-            until("it is asked", lambda: len(windows(self.screen)) == 2)
-            self.screen.focus(TITLE)
-            self.screen.keys("Return")
-            self.screen.focus("New address")
-            self.screen.keys("ctrl+Return")
-            until("it is saved", lambda: "Nemo" in home.orvo("addresses"))
-            until("the file is gone", lambda: not file.exists())
-            self.end(program)
-
-    def test_hidden_entries_can_be_shown_again(self):
-        home = self.new_home()
-        home.orvo("options", "--set", "showing-private", "no")
-        rows = self.rows(home)
-        with home.window(self.screen) as program:
-            hidden = self.look(rows)
-            self.screen.focus(TITLE)
-            self.screen.keys(*SHOW)
-            until("the window shows them", lambda: self.look(rows).difference(hidden).worst > A_LETTER)
-            self.end(program)
-        self.assertEqual(self.drawn(home, "list"), self.drawn(self.new_home(), "list"))
+        self.start()
+        self.agree()
+        self.screen.focus("New address")
+        self.screen.keys("ctrl+Return")
+        self.until_names("Nemo")
+        until("the file is gone", lambda: not file.exists())
 
     def test_a_masked_entry_shows_no_letter_of_its_own(self):
-        homes = [self.new_home(), self.new_home(name="Monroe", company="Rapid", title="Dr.", phone1="555 0142")]
-        for home, text in zip(homes, ("Order", "Polish the silver")):
-            home.orvo("todo", "add", text, "--private")
-            home.orvo("options", "--set", "masking-private", "yes")
-        for view in ("list", "large-icons", "small-icons", "cards", "todos"):
-            pictures = [self.drawn(home, view) for home in homes]
-            self.assertEqual(pictures[0], pictures[1], view)
-            homes[1].orvo("options", "--set", "masking-private", "no")
-            self.assertNotEqual(self.drawn(homes[1], view), pictures[1], view)
-            homes[1].orvo("options", "--set", "masking-private", "yes")
-
-    def drawn(self, home, view):
-        file = home.folder / "window.png"
-        self.assertEqual(home.desktop("--view", view, "--picture", file).returncode, 0)
-        return Picture.read(file)
+        pictures = []
+        for name, more, task in (("Mason", {}, "Order"),
+                                 ("Monroe", {"title": "Dr.", "phone1": "555 0142"}, "Polish the silver")):
+            self.doCleanups()
+            self.setUp()
+            self.add(name, company=name, private="yes", **more)
+            self.home.orvo("todo", "add", task, "--private")
+            for masking in ("yes", "no"):
+                self.set_options(masking_private=masking)
+                pictures.append([self.drawn("--view", view) for view in VIEWS])
+        masked, seen, others_masked, others_seen = pictures
+        self.assertEqual(masked, others_masked)
+        for view, picture, other in zip(VIEWS, seen, others_seen):
+            self.assertNotEqual(picture, other, view)
 
 
 if __name__ == "__main__":
-    unittest.main(argv=[sys.argv[0], *sys.argv[3:]])
+    main()

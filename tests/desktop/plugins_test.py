@@ -3,34 +3,28 @@
 # SPDX-License-Identifier: MIT
 import shutil
 import sys
-import unittest
 
-from screen import LONGEST, Home, Screen, until
+from case import DesktopCase, main
+from screen import until
 from views import opened
 
 COUNTING, NEWER, NAMELESS = sys.argv[3:]
 
 
-class PluginsTest(unittest.TestCase):
+class PluginsTest(DesktopCase):
     def setUp(self):
-        self.home = self.enterContext(Home(sys.argv[2], sys.argv[1]))
-        self.screen = self.enterContext(Screen())
+        super().setUp()
         self.folder = self.home.folder / "plugins"
         self.folder.mkdir()
-        for name in ("Adams", "Baker"):
-            self.home.orvo("add", "--name", name)
+        self.add("Adams", "Baker")
 
-    def start(self):
-        return self.enterContext(self.home.window(self.screen, ORVO_PLUGIN_DIR=str(self.folder)))
+    def window(self):
+        return super().window(ORVO_PLUGIN_DIR=str(self.folder))
 
     def count(self):
         """Chooses what stands before Send mail, behind the two orders."""
         opened(self.screen, "the menu", lambda: self.screen.keys("alt+a"))
         self.screen.keys("Down", "Down", "Return")
-
-    def end(self, program):
-        self.screen.keys("ctrl+q")
-        self.assertEqual(program.wait(LONGEST), 0)
 
     def test_a_plug_in_adds_its_entry_where_it_wants_it(self):
         shutil.copy(COUNTING, self.folder / "a.so")
@@ -38,7 +32,7 @@ class PluginsTest(unittest.TestCase):
         self.screen.after("all are selected", lambda: self.screen.keys("Down", "ctrl+a"))
         self.count()
         until("it counts", lambda: "2 selected, the first is 1\n" in self.home.said())
-        self.end(program)
+        self.quit(program)
         self.assertEqual(self.home.said(), "2 selected, the first is 1\n")
 
     def test_those_that_do_not_work_are_told_of_and_leave_nothing(self):
@@ -51,7 +45,7 @@ class PluginsTest(unittest.TestCase):
         self.screen.after("one is selected", lambda: self.screen.keys("Down"))
         self.count()
         until("the good one counts", lambda: "1 selected, the first is 1\n" in self.home.said())
-        self.end(program)
+        self.quit(program)
         told = self.home.said().replace(str(self.folder), "").splitlines()
         self.assertEqual([line.partition("/")[2] for line in told[:3]],
                          ["a.so: the plug-in is made for version 2 of the menus, this is version 1",
@@ -64,9 +58,9 @@ class PluginsTest(unittest.TestCase):
         shutil.copy(COUNTING, plugin)
         plugin.chmod(0o722)
         program = self.start()
-        self.end(program)
+        self.quit(program)
         self.assertIn(f"{plugin}: the plug-in isn't loaded: {plugin} may be written by other users\n", self.home.said())
 
 
 if __name__ == "__main__":
-    unittest.main(argv=sys.argv[:1])
+    main(programs=5)

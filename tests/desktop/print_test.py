@@ -4,14 +4,12 @@
 import os
 import re
 import subprocess
-import sys
 import unicodedata
-import unittest
 
-from screen import LONGEST, TITLE, Home, Screen, until
-from views import opened, windows
+from case import DesktopCase, main
+from screen import until
+from views import close, opened, windows
 
-SECRET = "Xanadu"
 NAMES = ["Adams, Ada", "Baker, Bob", "Müller-Lüdenscheidt, Karl-Friedrich Maximilian", "山田, 太郎"]
 TASKS = ["Call " + "and call again " * 12 + "Bob", "Write", "掃除"]
 # No printer is needed for this one: a file that can't be made.
@@ -38,41 +36,28 @@ def text_of(file):
     return unicodedata.normalize("NFKC", text)
 
 
-def page_count(file):
-    return int(re.search(r"^Pages: +(\d+)", output_of("pdfinfo", file), re.MULTILINE).group(1))
-
-
-def page_size(file):
-    """In points, as (width, height)."""
-    sides = re.search(r"Page size: +(\S+) x (\S+)", output_of("pdfinfo", file)).groups()
-    return tuple(round(float(side)) for side in sides)
-
-
-class PrintTest(unittest.TestCase):
+class PrintTest(DesktopCase):
     def setUp(self):
-        self.home = self.enterContext(Home(sys.argv[2], sys.argv[1]))
-        self.file = self.home.folder / "out.pdf"
+        super().setUp()
+        self.pdf = self.home.folder / "out.pdf"
         cards = "".join(card(*name.split(", ")) for name in reversed(NAMES))
         tasks = "".join(task(i, summary) for i, summary in enumerate(TASKS, 1))
-        self.import_text("cards.vcf", cards + card(SECRET, SECRET, f"NOTE:{SECRET}\nCLASS:PRIVATE\n"))
-        self.import_text("tasks.ics", "BEGIN:VCALENDAR\nVERSION:2.0\n" + tasks +
-                         task(4, SECRET, f"DESCRIPTION:{SECRET}\nCLASS:PRIVATE\n") + "END:VCALENDAR\n")
+        self.home.orvo("import", self.file("cards.vcf", cards), self.file(
+            "tasks.ics", f"BEGIN:VCALENDAR\nVERSION:2.0\n{tasks}END:VCALENDAR\n"))
 
-    def import_text(self, name, text):
-        file = self.home.folder / name
-        file.write_text(text)
-        self.home.orvo("import", str(file))
+    def told(self, *arguments):
+        """The exit code, and what is said on standard error."""
+        done = self.home.desktop("--pdf", *arguments)
+        return done.returncode, done.stderr
 
-    def set_privacy(self, shows, masks):
-        self.home.orvo("options", "--set", "showing-private", shows)
-        self.home.orvo("options", "--set", "masking-private", masks)
+    def printed(self, view, *arguments):
+        self.pdf.unlink(missing_ok=True)
+        self.assertEqual(self.told(self.pdf, "--view", view, *arguments), (0, ""))
+        return text_of(self.pdf)
 
-    def printed(self, view, *arguments, hides=False):
-        self.file.unlink(missing_ok=True)
-        done = self.home.desktop("--view", view, "--pdf", self.file, *arguments)
-        told = f"orvo-desktop: {self.file}: 1 private entry was left out\n"
-        self.assertEqual((done.returncode, done.stderr), (3, told) if hides else (0, ""))
-        return text_of(self.file)
+    def info(self, pattern):
+        """What the file tells of itself, as numbers."""
+        return [float(each) for each in re.search(pattern, output_of("pdfinfo", self.pdf), re.MULTILINE).groups()]
 
     def assert_in_order(self, texts, whole):
         """Each of the texts comes once, behind the one before it."""
@@ -89,11 +74,16 @@ class WithoutWindow(PrintTest):
             with self.subTest(view=view):
                 self.assert_in_order([" ".join(text.split()) for text in wanted], self.printed(view))
 
+    def test_a_card_says_all_that_it_has(self):
+        text = self.printed("cards")
+        counts = {more: text.count(more) for more in ("Acme Adams", "Mobile", "+1 617 555 0100")}
+        self.assertEqual(counts, {"Acme Adams": 1, "Mobile": len(NAMES), "+1 617 555 0100": len(NAMES)})
+
     def test_each_page_has_heading_number_and_date(self):
-        self.home.orvo("options", "--set", "showing-private", "no")
-        self.import_text("more.vcf", "".join(card(f"Name{i:03}.", "Ann") for i in range(300)))
-        text = self.printed("list", "--now", "2026-12-24T18:00", hides=True)
-        pages = page_count(self.file)
+        cards = "".join(card(f"Name{i:03}.", "Ann") for i in range(300))
+        self.home.orvo("import", self.file("more.vcf", cards))
+        text = self.printed("list", "--now", "2026-12-24T18:00")
+        (pages,) = map(int, self.info(r"^Pages: +(\d+)"))
         self.assertGreater(pages, 4)
         for number in range(1, pages + 1):
             self.assertIn(f"Page {number} of {pages}", text)
@@ -101,72 +91,44 @@ class WithoutWindow(PrintTest):
         self.assertEqual(text.count("December 24, 2026"), pages)
         self.assert_in_order([f"Name{i:03}., Ann" for i in range(300)], text)
 
-    def test_what_is_hidden_or_masked_stays_off_the_paper(self):
-        for shows, masks in (("no", "no"), ("yes", "yes")):
-            self.set_privacy(shows, masks)
-            for view in ("list", "large-icons", "cards", "todos"):
-                with self.subTest(view=view, shows=shows):
-                    text = self.printed(view, hides=shows == "no")
-                    self.assertNotIn(SECRET, text)
-                    self.assertIn("Write" if view == "todos" else "Baker, Bob", text)
-
-    def test_what_is_shown_is_printed_though_it_is_private(self):
-        self.set_privacy("yes", "no")
-        for view in ("list", "cards", "todos"):
-            self.assertIn(SECRET, self.printed(view))
-
     def test_paper_and_orientation_are_those_of_the_settings(self):
-        settings = self.home.folder / "config" / "orvo" / "settings.ini"
-        settings.parent.mkdir(parents=True, exist_ok=True)
-        settings.write_text("[Application/Printing]\nPaper=A5\nOrientation=landscape\nMargins=10 10 10 10\n")
+        self.file(self.settings(), "[Application/Printing]\nPaper=A5\nOrientation=landscape\nMargins=10 10 10 10\n")
         self.printed("list")
-        self.assertEqual(page_size(self.file), (595, 420))
+        self.assertEqual([round(side) for side in self.info(r"Page size: +(\S+) x (\S+)")], [595, 420])
 
     def test_a_file_that_cannot_be_written_is_told(self):
-        done = self.home.desktop("--view", "list", "--pdf", UNWRITABLE)
-        self.assertEqual(done.returncode, 2)
-        self.assertRegex(done.stderr, f'^orvo-desktop: The file "{UNWRITABLE}" can\'t be written: .+\n$')
+        code, told = self.told(UNWRITABLE)
+        self.assertEqual(code, 2)
+        self.assertRegex(told, f'^orvo-desktop: The file "{UNWRITABLE}" can\'t be written: .+\n$')
 
     def test_a_file_is_for_the_user_alone_and_no_link_of_others_is_followed(self):
         self.printed("list")
-        self.assertEqual(self.file.stat().st_mode & 0o777, 0o600)
-        self.file.write_text("old")
+        self.assertEqual(self.pdf.stat().st_mode & 0o777, 0o600)
+        self.pdf.write_text("old")
         shared = self.home.folder / "shared"
         shared.mkdir()
         shared.chmod(0o1777)
         link = shared / "out.pdf"
-        link.symlink_to(self.file)
+        link.symlink_to(self.pdf)
         if os.geteuid() == 0:  # who else can make a link of another user
             os.lchown(link, 65534, 65534)
-            done = self.home.desktop("--view", "list", "--pdf", link)
-            self.assertEqual((done.returncode, self.file.read_text()), (2, "old"))
-            self.assertIn(f"{link} is a link of another user", done.stderr)
+            code, told = self.told(link)
+            self.assertEqual((code, self.pdf.read_text()), (2, "old"))
+            self.assertIn(f"{link} is a link of another user", told)
             os.lchown(link, 0, 0)
-        self.assertEqual(self.home.desktop("--view", "list", "--pdf", link).returncode, 0)
-        self.assertTrue(self.file.read_bytes().startswith(b"%PDF"))
+        self.assertEqual(self.told(link), (0, ""))
+        self.assertTrue(self.pdf.read_bytes().startswith(b"%PDF"))
 
 
 class FromTheWindow(PrintTest):
     def setUp(self):
         super().setUp()
-        self.set_privacy("yes", "no")
-        self.screen = self.enterContext(Screen())
-        self.program = self.enterContext(self.home.window(self.screen))
+        self.start()
 
     def choose(self, key):
         """A command of the File menu by its letter; its dialog."""
         opened(self.screen, "the menu", lambda: self.screen.keys("alt+f"))
-        menu = windows(self.screen)
-        self.screen.keys(key)
-        return until("a dialog", lambda: windows(self.screen) - menu).pop()
-
-    def until_gone(self):
-        until("the dialog is gone", lambda: len(windows(self.screen)) == 1)
-        self.screen.focus(TITLE)
-
-    def quit(self):
-        self.screen.keys("ctrl+q")
-        self.assertEqual(self.program.wait(LONGEST), 0)
+        return opened(self.screen, "a dialog", lambda: self.screen.keys(key))
 
     def save_as_pdf(self, file, *keys_before):
         self.choose("d")
@@ -175,62 +137,43 @@ class FromTheWindow(PrintTest):
         self.screen.type(str(file))
         self.screen.keys("Return")
 
-    def test_all_views_are_saved_as_pdf(self):
-        for keys, wanted in (("ctrl+1", NAMES), ("ctrl+4", NAMES), ("ctrl+5", TASKS)):
-            with self.subTest(keys=keys):
-                self.file.unlink(missing_ok=True)
-                self.screen.keys(keys)
-                self.save_as_pdf(self.file)
-                until("the file is there", self.file.exists)
-                self.until_gone()
-                self.assert_in_order([" ".join(text.split()) for text in wanted], text_of(self.file))
-        self.quit()
-
     def test_only_what_is_selected_is_saved_where_that_is_chosen(self):
         self.screen.after("typing selects", lambda: self.screen.type("bak"))
-        self.save_as_pdf(self.file, "alt+c", "alt+n")
-        until("the file is there", self.file.exists)
-        self.until_gone()
-        text = text_of(self.file)
+        self.save_as_pdf(self.pdf, "alt+c", "alt+n")
+        until("the file is there", self.pdf.exists)
+        self.until_alone("the dialog")
+        text = text_of(self.pdf)
         self.assertIn("Baker, Bob", text)
         self.assertNotIn("Adams", text)
-        self.quit()
 
-    def test_the_print_dialog_prints_into_a_file(self):
-        file = self.home.folder / "Addresses.pdf"
+    def test_the_print_dialog_prints_into_a_file_what_the_view_shows(self):
+        self.screen.keys("ctrl+5")
+        file = self.home.folder / "To-dos.pdf"
         opened(self.screen, "the dialog", lambda: self.screen.keys("ctrl+p"))
         self.screen.focus("Print")
         self.screen.keys("Return")
         until("the file is there", file.exists)
-        self.until_gone()
-        self.assert_in_order(NAMES, text_of(file))
-        self.quit()
+        self.until_alone("the dialog")
+        self.assert_in_order([" ".join(text.split()) for text in TASKS], text_of(file))
 
     def test_a_preview_shows_pages_and_prints_nothing(self):
         self.choose("v")
         preview = self.screen.focus("Print preview")
         until("pages are shown", lambda: not self.screen.picture(preview).is_blank())
-        self.screen.keys("Escape")
-        self.until_gone()
+        close(self.screen, preview, "Escape")
         self.assertEqual(list(self.home.folder.glob("*.pdf")), [])
-        self.quit()
 
     def test_the_page_setup_is_kept(self):
-        self.choose("u")
+        setup = self.choose("u")
         self.screen.focus("Page setup")
-        self.screen.keys("Return")
-        self.until_gone()
-        self.assertIn("[Application/Printing]", (self.home.folder / "config" / "orvo" / "settings.ini").read_text())
-        self.quit()
+        close(self.screen, setup, "Return")
+        self.assertIn("[Application/Printing]", self.settings().read_text())
 
     def test_a_file_that_cannot_be_written_is_told_in_a_box(self):
         self.save_as_pdf(UNWRITABLE)
         until("the message", lambda: len(windows(self.screen)) == 2 and not self.screen.window("Save as PDF"))
-        self.screen.focus(TITLE)
-        self.screen.keys("Escape")
-        self.until_gone()
-        self.quit()
+        self.answer_box("Escape")
 
 
 if __name__ == "__main__":
-    unittest.main(argv=sys.argv[:1])
+    main()

@@ -24,9 +24,6 @@ BUS = ["dbus-daemon", f"--config-file={SUPPORT / 'session.conf'}", "--nofork", "
 # Leaks of others, for a program that is built with the sanitizers.
 LEAKS = pathlib.Path(__file__).resolve().parent / "leaks.supp"
 
-# How two pictures differ: 0 is not at all, 1 is black for white, on the average and at the worst place.
-Difference = collections.namedtuple("Difference", "mean worst")
-
 
 def until(what, is_so):
     """Waits until is_so() gives something true, and returns that; AssertionError names `what` when it never does."""
@@ -92,49 +89,33 @@ class Picture(collections.namedtuple("Picture", "width height rgb")):
         place = 3 * (y * self.width + x)
         return self.rgb[place:place + 3]
 
-    def edge(self, x, y):
-        """The first pixel to the right, in the same row, that differs from the one before it."""
-        row = self.rgb[3 * y * self.width:3 * (y + 1) * self.width]
-        return next(i for i in range(x + 1, self.width) if row[3 * i:3 * i + 3] != row[3 * i - 3:3 * i])
-
-    def changed_area(self, before):
-        """(left, top, right, bottom) of all that isn't as it was, right and bottom outside; None for no change."""
+    def changed_bands(self, before):
+        """(left, top, right, bottom) of each run of rows that aren't as they were, right and bottom outside."""
         stride = 3 * self.width
-        lefts, rights, rows = [], [], []
+        bands = []
         for y in range(self.height):
             now, then = (rgb[y * stride:(y + 1) * stride] for rgb in (self.rgb, before.rgb))
-            if now != then:
-                rows.append(y)
-                lefts.append(next(i for i in range(stride) if now[i] != then[i]) // 3)
-                rights.append(next(i for i in reversed(range(stride)) if now[i] != then[i]) // 3 + 1)
-        return (min(lefts), rows[0], max(rights), rows[-1] + 1) if rows else None
-
-    def changed_band(self, before):
-        """The changed area of the widest run of rows: that of a list's row that has been selected."""
-        stride = 3 * self.width
-        changed = [self.rgb[y * stride:(y + 1) * stride] != before.rgb[y * stride:(y + 1) * stride]
-                   for y in range(self.height)]
-        tops = [y for y in range(self.height) if changed[y] and not (y and changed[y - 1])]
-        bands = []
-        for top in tops:
-            bottom = next((y for y in range(top, self.height) if not changed[y]), self.height)
-            part = [Picture(self.width, bottom - top, picture.rgb[top * stride:bottom * stride])
-                    for picture in (self, before)]
-            left, _, right, _ = part[0].changed_area(part[1])
-            bands.append((left, top, right, bottom))
-        return max(bands, key=lambda band: band[2] - band[0])
+            if now == then:
+                continue
+            left = next(i for i in range(stride) if now[i] != then[i]) // 3
+            right = next(i for i in reversed(range(stride)) if now[i] != then[i]) // 3 + 1
+            top = y
+            if bands and bands[-1][3] == y:
+                other_left, top, other_right, _ = bands.pop()
+                left, right = min(left, other_left), max(right, other_right)
+            bands.append((left, top, right, y + 1))
+        return bands
 
     def difference(self, reference):
-        """Compares both blurred and reduced to a quarter, so that the smoothing of letters' edges counts little."""
-        if (self.width, self.height) != (reference.width, reference.height):
-            return Difference(1.0, 1.0)
+        """How the worst place differs: 0 is not at all, 1 is black for white.
 
-        def measure(metric):
-            command = ["convert", "ppm:-", "-blur", "0x2", "-resize", "25%", "-metric", metric, "-compare", "-format",
-                       "%[distortion]", "info:"]
-            return float(subprocess.run(command, input=self.ppm() + reference.ppm(), capture_output=True,
-                                        check=True).stdout)
-        return Difference(measure("MAE"), measure("PAE"))
+        Both are blurred and reduced to a quarter, so that the smoothing of letters' edges counts little."""
+        if (self.width, self.height) != (reference.width, reference.height):
+            return 1.0
+        command = ["convert", "ppm:-", "-blur", "0x2", "-resize", "25%", "-metric", "PAE", "-compare", "-format",
+                   "%[distortion]", "info:"]
+        return float(subprocess.run(command, input=self.ppm() + reference.ppm(), capture_output=True,
+                                    check=True).stdout)
 
 
 class Screen:
@@ -169,10 +150,10 @@ class Screen:
 
     def focus(self, title):
         """Waits for the window, and gives it the keys, as a window manager would."""
-        window = until(f"a window {title!r}", lambda: self.window(title))
-        until(f"{title!r} has the keys",
-              lambda: self.xdotool("windowfocus", window, "getwindowfocus").split() == [window])
-        return window
+        def has_keys():
+            window = self.window(title)
+            return window if self.xdotool("windowfocus", window, "getwindowfocus").split() == [window] else None
+        return until(f"{title!r} has the keys", has_keys)
 
     def leave(self):
         """Takes the keys away from all windows, so that no caret blinks."""
@@ -203,8 +184,8 @@ class Screen:
 
     def change(self, before):
         """Width and height of all that isn't as it was in the picture."""
-        left, top, right, bottom = self.picture().changed_area(before) or (0, 0, 0, 0)
-        return right - left, bottom - top
+        lefts, tops, rights, bottoms = zip(*self.picture().changed_bands(before) or [(0, 0, 0, 0)])
+        return max(rights) - min(lefts), max(bottoms) - min(tops)
 
     def after(self, what, action):
         """Does it, and waits until the screen shows more of a change than a blinking caret."""

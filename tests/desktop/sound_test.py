@@ -2,16 +2,15 @@
 # Listens to what the program plays, at a sound server of its own: in the dialog that chooses a sound, and at a reminder.
 # SPDX-License-Identifier: MIT
 import array
-import contextlib
+import html
 import math
 import re
 import subprocess
-import sys
-import unittest
 import wave
 
-from screen import PATIENCE, Home, Screen, running, until
-from views import close, dialog
+from case import DesktopCase, main
+from screen import PATIENCE, running, until
+from views import area, close, dialog
 
 RATE = 8000  # samples a second
 LENGTH = 5 * PATIENCE  # seconds: it doesn't end before somebody stops it
@@ -19,36 +18,27 @@ LOUD = 1000  # of 32767
 EAR_SPAN = RATE // 10  # samples that are looked at together
 SINK = "ears"
 REMINDER = "Reminder of 1 to-do"
-TO_DO = "Feed the cat"
+TO_DO = "Fish & <b>chips</b>"
 SERVICE = ["--dest=org.freedesktop.Notifications", "--object-path=/org/freedesktop/Notifications"]
 # The middle of the dialog's buttons: pixels from the left, and from the bottom.
 PLAY, STOP = (104, 19), (130, 19)
 
 
 class Ears:
-    """A sound server, as long as the block lasts; its environment is what programs need that play."""
+    """A sound server; its environment is what programs need that play."""
 
-    def __init__(self, home):
-        self.home = home
+    def __init__(self, home, stack):
         self.environment = {"PULSE_SERVER": f"unix:{home.folder}/run/sound"}
-
-    def __enter__(self):
-        with contextlib.ExitStack() as stack:
-            everybody = {**self.home.environment, **self.environment}
-            server = ["pulseaudio", "-n", "--daemonize=no", "--use-pid-file=no", "--exit-idle-time=-1",
-                      "--disallow-exit", f"--load=module-null-sink sink_name={SINK} rate={RATE}",
-                      f"--load=module-native-protocol-unix auth-anonymous=1 socket={self.home.folder}/run/sound"]
-            stack.enter_context(running(server, self.home.environment))
-            self.call = lambda *words: subprocess.run(["pactl", *words], env=everybody, capture_output=True, text=True)
-            until("the sound server", lambda: SINK in self.call("list", "short", "sinks").stdout)
-            recorder = ["parec", f"--device={SINK}.monitor", "--format=s16le", "--channels=1", f"--rate={RATE}",
-                        "--latency-msec=50"]
-            self.recorder = stack.enter_context(running(recorder, everybody, stdout=subprocess.PIPE))
-            self.stack = stack.pop_all()
-        return self
-
-    def __exit__(self, *error):
-        self.stack.close()
+        everybody = {**home.environment, **self.environment}
+        server = ["pulseaudio", "-n", "--daemonize=no", "--use-pid-file=no", "--exit-idle-time=-1",
+                  "--disallow-exit", f"--load=module-null-sink sink_name={SINK} rate={RATE}",
+                  f"--load=module-native-protocol-unix auth-anonymous=1 socket={home.folder}/run/sound"]
+        stack.enterContext(running(server, home.environment))
+        self.call = lambda *words: subprocess.run(["pactl", *words], env=everybody, capture_output=True, text=True)
+        until("the sound server", lambda: SINK in self.call("list", "short", "sinks").stdout)
+        recorder = ["parec", f"--device={SINK}.monitor", "--format=s16le", "--channels=1", f"--rate={RATE}",
+                    "--latency-msec=50"]
+        self.recorder = stack.enterContext(running(recorder, everybody, stdout=subprocess.PIPE))
 
     def peak(self):
         """The loudest of the next samples."""
@@ -66,11 +56,10 @@ class Ears:
         until(f"it is silent after {what}", lambda: self.peak() == 0 and not self.streams())
 
 
-class SoundTest(unittest.TestCase):
+class SoundTest(DesktopCase):
     def setUp(self):
-        self.home = self.enterContext(Home(sys.argv[2], sys.argv[1]))
-        self.screen = self.enterContext(Screen())
-        self.ears = self.enterContext(Ears(self.home))
+        super().setUp()
+        self.ears = Ears(self.home, self)
         self.sound = self.home.folder / "ring.wav"
         with wave.open(str(self.sound), "wb") as file:
             file.setparams((1, 2, RATE, 0, "NONE", ""))
@@ -79,10 +68,8 @@ class SoundTest(unittest.TestCase):
 
     def press(self, dialog, button):
         """One of the dialog's own buttons, which stand below the files."""
-        geometry = self.screen.xdotool("getwindowgeometry", "--shell", dialog)
-        height = int(dict(line.split("=") for line in geometry.split())["HEIGHT"])
-        x, above = button
-        self.screen.xdotool("mousemove", "--window", dialog, x, height - above, "click", 1)
+        left, _, _, bottom = area(self.screen, dialog)
+        self.screen.click(left + button[0], bottom - button[1])
 
     def is_playing_after_press(self, choice):
         """A press may only have closed the list of names that the dialog proposes."""
@@ -107,7 +94,7 @@ class SoundTest(unittest.TestCase):
 
     def remind(self):
         """The window, in which a reminder with its sound is due."""
-        return self.home.window(self.screen, "--now", "2026-11-25T10:00", **self.ears.environment)
+        return self.window("--now", "2026-11-25T10:00", **self.ears.environment)
 
     def ask_service(self, method):
         """What the desktop's notification service answers; empty while there is none."""
@@ -115,7 +102,7 @@ class SoundTest(unittest.TestCase):
                               text=True, env=self.home.environment).stdout
 
     def test_a_sound_is_tried_chosen_and_played_by_a_reminder(self):
-        with self.home.window(self.screen, **self.ears.environment):
+        with self.window(**self.ears.environment):
             self.assertEqual(self.ears.peak(), 0)
             self.choose_sound()
             until("the options are kept", lambda: re.search("alarm-set +yes", self.home.orvo("options")))
@@ -124,14 +111,14 @@ class SoundTest(unittest.TestCase):
             until("the reminder", lambda: self.screen.window(REMINDER))
             self.ears.hear("the reminder")
         self.ears.hear_nothing_after("the end")
-        with running(["dunst"], {**self.home.environment, **self.screen.environment}):
+        with running(["dunst"], self.environment()):
             until("the notification service", lambda: self.ask_service("freedesktop.Notifications.GetServerInformation"))
             with self.remind():
                 self.ears.hear("the reminder beside a notification")
             self.ask_service("dunstproject.cmd0.NotificationCloseAll")
             shown = until("the notification", lambda: self.ask_service("dunstproject.cmd0.NotificationListHistory"))
-            self.assertIn(TO_DO, shown)
+            self.assertIn(html.escape(TO_DO), shown)  # the service reads markup
 
 
 if __name__ == "__main__":
-    unittest.main(argv=sys.argv[:1])
+    main()

@@ -1,25 +1,25 @@
 #!/usr/bin/env python3
-# Saves what was typed while the store can't take it: nothing that was typed is lost, and the reason is told.
+# Works with a store that can't take what is saved, can't be opened, goes away or is damaged: the reason is told, and
+# nothing is lost that could be kept.
 # SPDX-License-Identifier: MIT
 import contextlib
 import resource
 import sqlite3
-import subprocess
-import sys
 import time
-import unittest
 
-from screen import PATIENCE, TITLE, Home, Screen, pace, running, until
-from views import is_open, opened
+from case import DesktopCase, main
+from screen import TITLE, pace, running, until
+from views import close, opened
 
+PAGE = 4096
 UNOPENED = "Store can't be opened"
+DAMAGED = "Damaged store"
 
 
-class TroubleTest(unittest.TestCase):
+class TroubleTest(DesktopCase):
     def setUp(self):
-        self.home = self.enterContext(Home(sys.argv[2], sys.argv[1]))
-        self.screen = self.enterContext(Screen())
-        self.home.orvo("add", "--name", "Adams")
+        super().setUp()
+        self.add("Adams", note="about Adams")
 
     @contextlib.contextmanager
     def removed(self, _):
@@ -46,39 +46,34 @@ class TroubleTest(unittest.TestCase):
         yield
         resource.prlimit(program.pid, resource.RLIMIT_FSIZE, unlimited)
 
-    def save(self):
-        self.screen.keys("ctrl+Return")
-
     def test_a_folder_that_others_may_write_is_told_once_a_start(self):
         config = self.home.folder / "open"
         (config / "orvo").mkdir(parents=True)
         config.chmod(0o777)
-        with self.home.window(self.screen, XDG_CONFIG_HOME=str(config)) as program:
-            self.screen.focus(TITLE)
-            self.screen.keys("ctrl+q")
-            self.assertEqual(program.wait(PATIENCE), 0)
+        with self.window(XDG_CONFIG_HOME=str(config)) as program:
+            self.quit(program)
         self.assertEqual(self.home.said(), f"orvo-desktop: {config}/orvo: others could change what lies there: "
                                            f"{config} may be written by other users\n")
 
     def test_an_address_is_kept_in_its_form_until_it_can_be_saved(self):
         for trouble in (self.removed, self.locked, self.full):
-            with self.subTest(trouble.__doc__), self.home.window(self.screen) as program:
+            with self.subTest(trouble.__doc__), self.window() as program:
                 form = opened(self.screen, "the form", lambda: self.screen.keys("ctrl+n"))
                 self.screen.focus("New address")
                 self.screen.type(trouble.__name__)
                 with trouble(program):
-                    message = opened(self.screen, "a message", self.save)
+                    message = opened(self.screen, "a message", lambda: self.screen.keys("ctrl+Return"))
                     self.screen.xdotool("windowfocus", message)
-                    self.screen.keys("Return")
-                    until("the message is gone", lambda: not is_open(self.screen, message))
+                    close(self.screen, message, "Return", back=None)
                 self.screen.xdotool("windowfocus", form)
-                self.save()
-                until("the form is gone", lambda: not is_open(self.screen, form))
-                names = [row["name"] for row in self.home.rows("addresses")]
-                self.assertIn(trouble.__name__, names)
-                self.screen.focus(TITLE)
+                close(self.screen, form, "ctrl+Return")
+                self.until_names("Adams", trouble.__name__)
                 self.screen.keys("ctrl+z")
-                until("it is taken back", lambda: len(self.home.rows("addresses")) == 1)
+                self.until_names("Adams")
+
+    def run_program(self):
+        """A program whose window may not come."""
+        return running([self.home.programs["orvo-desktop"], "--store", self.home.store], self.environment())
 
     def test_a_store_that_cant_be_opened_is_told_and_tried_again(self):
         whole = self.home.store.read_bytes()
@@ -94,11 +89,8 @@ class TroubleTest(unittest.TestCase):
                                                                                self.home.store)))
                 if why == "locked":
                     other.executescript("PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE")
-                with open(self.home.folder / "stderr", "w") as messages:
-                    stack.enter_context(running([self.home.programs["orvo-desktop"], "--store", self.home.store],
-                                                {**self.home.environment, **self.screen.environment},
-                                                stderr=messages))
-                    self.screen.focus(UNOPENED)
+                stack.enter_context(self.run_program())
+                self.screen.focus(UNOPENED)
                 other.close()
                 if data is None:
                     away.mkdir()
@@ -107,20 +99,50 @@ class TroubleTest(unittest.TestCase):
                 self.screen.keys("Return")
                 until("the store is shown", lambda: not self.screen.window(UNOPENED) and self.screen.window(TITLE))
 
+    def accept(self, title):
+        window = self.screen.focus(title)
+        self.screen.keys("Return")
+        until(f"{title} is gone", lambda: self.screen.window(title) != window)
+
     def test_a_store_that_is_replaced_while_it_is_open_is_noticed_and_opened_again(self):
-        with self.home.window(self.screen) as program:
+        with self.window() as program:
             self.home.store.rename(self.home.folder / "kept.db")
-            self.home.orvo("add", "--name", "Baker")
+            self.add("Baker")
             begin = time.monotonic()
             until("it is noticed", lambda: self.screen.window("Store is gone"))
             self.assertLess(time.monotonic() - begin, 2 * pace())
-            self.screen.focus("Store is gone")
-            self.screen.keys("Return")
-            until("the question is gone", lambda: not self.screen.window("Store is gone"))
+            self.accept("Store is gone")
             self.screen.focus(TITLE)
             self.screen.keys("ctrl+z", "ctrl+a", "Delete", "Return")
             self.assertIsNone(program.poll())
 
+    def damage(self, first, last):
+        data = bytearray(self.home.store.read_bytes())
+        data[first:last] = bytes(last - first)
+        self.home.store.write_bytes(data)
+
+    def rescue(self):
+        self.accept("Rescue into a new store")
+        self.accept(DAMAGED)
+        notes = sqlite3.connect(self.home.folder / "orvo-rescued.db").execute("SELECT note FROM address_extra")
+        self.assertEqual(notes.fetchall(), [("about Adams",)])
+
+    def test_a_store_that_is_damaged_in_part_is_shown_and_can_be_rescued(self):
+        root = sqlite3.connect(self.home.store).execute(
+            "SELECT rootpage FROM sqlite_schema WHERE name = 'text'").fetchone()[0]
+        self.damage((root - 1) * PAGE, root * PAGE)
+        with self.window():
+            self.accept(DAMAGED)
+            self.rescue()
+
+    def test_a_store_that_cant_be_opened_can_be_rescued(self):
+        self.damage(100, PAGE)
+        with self.run_program():
+            self.screen.focus(UNOPENED)
+            self.screen.keys("Tab", "Tab", "Return")
+            self.rescue()
+            until("the new store is shown", lambda: not self.screen.window(DAMAGED) and self.screen.window(TITLE))
+
 
 if __name__ == "__main__":
-    unittest.main(argv=sys.argv[:1])
+    main()

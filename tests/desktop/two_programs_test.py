@@ -1,10 +1,8 @@
 #!/usr/bin/env python3
 # Lets orvo and the window work on one store at the same time: each shows what the other does, and nothing is lost.
 # SPDX-License-Identifier: MIT
-import sys
-import unittest
-
-from screen import TITLE, Home, Picture, Screen, until
+from case import DesktopCase, main
+from screen import TITLE, until
 from views import ADDRESSES, TO_DOS, Rows, set_heading
 
 COLUMNS = ((0, 250), (2, 200), (3, 150), (5, 40))
@@ -31,51 +29,44 @@ TO_DO_CHANGES = (
 )
 
 
-class TwoProgramsTest(unittest.TestCase):
+class TwoProgramsTest(DesktopCase):
     def setUp(self):
-        self.home = self.enterContext(Home(sys.argv[2], sys.argv[1]))
-        self.screen = self.enterContext(Screen())
+        super().setUp()
         for name, category in (("Adams", "Friends"), ("Baker", "Work"), ("Carter", "Friends")):
-            self.home.orvo("add", "--name", name, "--category", category)
+            self.add(name, category=category)
         for text, priority in (("Order", "2"), ("Paint", "3")):
             self.home.orvo("todo", "add", text, "--priority", priority, "--category", "Work")
         self.home.orvo("todo", "add", "Clean", "--category", "Home")
 
-    def drawn(self, view):
-        """What a window shows that is opened now."""
-        file = self.home.folder / "window.png"
-        self.assertEqual(self.home.desktop("--view", view, *LOOK, "--picture", file).returncode, 0)
-        return Picture.read(file)
-
     def show(self, view, changes):
-        with self.home.window(self.screen, "--view", view, *LOOK):
+        def drawn():
+            return self.drawn("--view", view, *LOOK)
+        with self.window("--view", view, *LOOK):
             window = self.screen.window(TITLE)
             self.screen.leave()
-            before = self.drawn(view)
+            before = drawn()
             for why, change in changes:
                 self.home.orvo(*change)
-                now = self.drawn(view)
-                self.assertGreater(now.difference(before).worst, A_LETTER, why)
-                until(f"{view}: {why}", lambda: self.screen.picture(window).difference(now).worst < A_LETTER)
+                now = drawn()
+                self.assertGreater(now.difference(before), A_LETTER, why)
+                until(f"{view}: {why}", lambda: self.screen.picture(window).difference(now) < A_LETTER)
                 before = now
 
-    def test_the_list_shows_what_orvo_does(self):
-        self.show("list", ADDRESS_CHANGES)
-
-    def test_the_cards_show_what_orvo_does(self):
-        self.show("cards", ADDRESS_CHANGES)
-
-    def test_the_to_dos_show_what_orvo_does(self):
-        self.show("todos", TO_DO_CHANGES)
+    def test_each_view_shows_what_orvo_does(self):
+        for view, changes in (("list", ADDRESS_CHANGES), ("cards", ADDRESS_CHANGES), ("todos", TO_DO_CHANGES)):
+            with self.subTest(view):
+                self.doCleanups()
+                self.setUp()
+                self.show(view, changes)
 
     def test_the_selection_stays_on_its_entry(self):
         set_heading(self.home, ADDRESSES, COLUMNS)
-        with self.home.window(self.screen, "--view", "list", *LOOK):
+        with self.window("--view", "list", *LOOK):
             rows = Rows(self.screen, COLUMNS)
             self.screen.keys("Down")
             until("Baker is selected", lambda: rows.is_selected(1))
             for name, row in (("Aaron", 2), ("Abel", 3), ("Dover", 3)):
-                self.home.orvo("add", "--name", name)
+                self.add(name)
                 until(f"the selection is at its place after {name}", lambda: rows.is_selected(row))
             self.home.orvo("edit", "2", "--name", "Aaberg")
             until("the selection goes with the entry", lambda: rows.is_selected(0))
@@ -84,7 +75,7 @@ class TwoProgramsTest(unittest.TestCase):
         set_heading(self.home, TO_DOS, TO_DO_COLUMNS)
         for _ in range(TURNS):
             self.home.orvo("todo", "add", "of the window", "--priority", "1")
-        with self.home.window(self.screen, "--view", "todos", *LOOK):
+        with self.window("--view", "todos", *LOOK):
             Rows(self.screen, TO_DO_COLUMNS)
             for turn in range(TURNS):
                 self.screen.keys("minus", "Down")
@@ -99,4 +90,4 @@ class TwoProgramsTest(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    unittest.main(argv=[sys.argv[0], *sys.argv[3:]])
+    main()

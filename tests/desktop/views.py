@@ -31,7 +31,8 @@ class Rows:
         empty = screen.at_rest()
         screen.after("the first row is selected", lambda: screen.keys("Down"))
         selected = screen.at_rest()
-        self.left, self.top, self.right, bottom = selected.changed_band(empty)
+        self.left, self.top, self.right, bottom = max(
+            selected.changed_bands(empty), key=lambda band: band[2] - band[0])  # the widest one
         self.height = bottom - self.top
         self.highlight = self.end_of(selected, 0)
 
@@ -82,31 +83,42 @@ def opened(screen, what, action):
     return until(what, lambda: windows(screen) - before).pop()
 
 
-def dialog(screen, *keys):
-    """Presses keys that open a dialog, and gives its window, which has the keys then."""
-    window = opened(screen, "a dialog", lambda: screen.keys(*keys))
+def take_keys(screen, window):
     until("the dialog has the keys",
           lambda: screen.xdotool("windowfocus", window, "getwindowfocus").split() == [window])
     until("the dialog is drawn", lambda: not screen.picture(window).is_blank())
+
+
+def dialog(screen, *keys):
+    """Presses keys that open a dialog, and gives its window, which has the keys then."""
+    window = opened(screen, "a dialog", lambda: screen.keys(*keys))
+    take_keys(screen, window)
     return window
 
 
 def close(screen, window, *keys, back=TITLE):
-    """Presses keys that close a dialog, and gives the keys to the window behind it."""
+    """Presses keys that close a dialog, and gives the keys to the window behind it, where that has a title."""
     screen.keys(*keys)
     until("the dialog is gone", lambda: not is_open(screen, window))
-    screen.focus(back)
+    if back:
+        screen.focus(back)
 
 
 def is_open(screen, window):
     return window in windows(screen)
 
 
+def area(screen, window):
+    """(left, top, right, bottom) on the screen."""
+    words = dict(line.split("=") for line in screen.xdotool("getwindowgeometry", "--shell", window).split())
+    left, top, width, height = (int(words[word]) for word in ("X", "Y", "WIDTH", "HEIGHT"))
+    return left, top, left + width, top + height
+
+
 def item(screen, menu, position, count):
     """Where the item of a menu lies that is at that position of `count`."""
-    words = dict(line.split("=") for line in screen.xdotool("getwindowgeometry", "--shell", menu).split())
-    left, top, width, height = (int(words[word]) for word in ("X", "Y", "WIDTH", "HEIGHT"))
-    return left + width // 2, top + height * (2 * position + 1) // (2 * count)
+    left, top, right, bottom = area(screen, menu)
+    return (left + right) // 2, top + (bottom - top) * (2 * position + 1) // (2 * count)
 
 
 class ClientMessage(ctypes.Structure):
