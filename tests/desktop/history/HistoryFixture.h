@@ -21,29 +21,21 @@ namespace orvo::desktop {
 using StoreContent = std::map<std::string, std::string>;
 
 inline std::string LineOf(const std::optional<CivilTime>& time) {
-    if (!time) return "none";
-    return fmt::format("{}-{}-{}T{}:{}:{}", time->year, time->month, time->day, time->hour,
-                       time->minute, time->second);
+    return time ? std::to_string(MomentOfCivil(*time)) : "none";
 }
 
 inline void ReadRows(StoreEngine& engine, TableKind kind, StoreCursor& cursor,
                      StoreContent& content) {
-    for (;;) {
-        StoredRow row;
+    StoredRow row;
+    while (cursor.Next(row) == StoreStatus::Ok) {
         RowExtra extra;
-        if (cursor.Next(row) != StoreStatus::Ok) return;
         EXPECT_EQ(engine.ReadExtra(kind, row.id, extra), StoreStatus::Ok);
         std::string shared;
         for (const SharedText& text : extra.shared) shared += text.Text() + ";";
-        const bool isNew =
-            content
-                .emplace(
-                    fmt::format("{} {}", kind == TableKind::ToDo ? "to-do" : "address", row.id),
-                    fmt::format("{}|{}|{}|{}|{}|{}|{}|{}|{}|{}|{}", row.placement, row.category,
-                                row.flags, row.priority, LineOf(row.due), LineOf(row.completed),
-                                row.fields, extra.note, extra.source, extra.origin, shared))
-                .second;
-        EXPECT_TRUE(isNew) << row.id;
+        content[fmt::format("row {} {}", static_cast<int>(kind), row.id)] =
+            fmt::format("{}|{}|{}|{}|{}|{}|{}|{}|{}|{}|{}", row.placement, row.category, row.flags,
+                        row.priority, LineOf(row.due), LineOf(row.completed), row.fields,
+                        extra.note, extra.source, extra.origin, shared);
     }
 }
 
@@ -68,8 +60,7 @@ inline StoreContent ContentOf(StoreEngine& engine) {
 
 // The history stands over a faulty engine, so that a test can let the store fail; other programs
 // come to the engine itself.
-template <class Engine>
-class HistoryFixture : public testing::Test {
+class HistoryFixture : public testing::TestWithParam<EngineKind> {
 protected:
     std::unique_ptr<CAddressRecord> AnAddress(std::string_view name) {
         auto record = std::make_unique<CAddressRecord>(addresses);
@@ -85,22 +76,18 @@ protected:
         return record;
     }
 
-    CatError AddCategory(std::string_view name) {
-        auto category = std::make_unique<CCategory>();
-        category->SetNameUtf8(name);
-        const CatError error = addresses.GetCategoryManager()->Add(category.get());
-        if (error == 0) static_cast<void>(category.release());
-        return error;
-    }
-
     StoreContent Content() { return ContentOf(engine); }
 
-    NewStore<Engine> store;
-    StoreEngine& engine = *store.engine;
+    const StoreFolder folder;
+    const std::unique_ptr<StoreEngine> store = GetParam() == EngineKind::Sqlite
+                                                   ? std::unique_ptr<StoreEngine>(folder.Open())
+                                                   : std::make_unique<MemoryEngine>();
+    StoreEngine& engine = *store;
     FaultyEngine faulty{engine};
     EditHistory history{faulty};
-    CAddressTable addresses{history.Engine()};
-    CToDoTable toDos{history.Engine()};
+    StoreEngine& recorded = history.Engine();
+    CAddressTable addresses{recorded};
+    CToDoTable toDos{recorded};
 };
 
 }  // namespace orvo::desktop

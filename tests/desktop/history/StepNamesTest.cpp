@@ -8,11 +8,11 @@ namespace orvo::desktop {
 
 using TextKind = StoreEngine::TextKind;
 
-class StepNames : public HistoryFixture<MemoryEngine> {
+class StepNames : public HistoryFixture {
 protected:
     // What a transaction that does `change` is called.
     std::string NameOf(const std::function<void(StepNames&)>& change) {
-        StoreTransaction transaction(history.Engine());
+        StoreTransaction transaction(recorded);
         change(*this);
         EXPECT_EQ(transaction.Commit(), StoreStatus::Ok);
         return history.UndoName();
@@ -20,9 +20,9 @@ protected:
 
 public:
     void WriteText(TextKind texts, const char* text) {
-        history.Engine().WriteText(TableKind::Address, texts, 3, text);
+        recorded.WriteText(TableKind::Address, texts, 3, text);
     }
-    void RemoveText(TextKind texts) { history.Engine().RemoveText(TableKind::Address, texts, 3); }
+    void RemoveText(TextKind texts) { recorded.RemoveText(TableKind::Address, texts, 3); }
 
     std::unique_ptr<CAddressRecord> NewAddress() { return AnAddress("new"); }
     std::unique_ptr<CToDoRecord> NewToDo() { return AToDo("new"); }
@@ -35,6 +35,8 @@ public:
     std::unique_ptr<CToDoRecord> toDo = AToDo("c");
     std::unique_ptr<CToDoRecord> secondToDo = AToDo("d");
 };
+
+INSTANTIATE_TEST_SUITE_P(Engines, StepNames, testing::Values(EngineKind::Memory));
 
 struct NameCase {
     const char* want;
@@ -78,13 +80,13 @@ const NameCase kNames[] = {
     {"New label", [](auto& t) { t.WriteText(TextKind::CustomLabel, "x"); }},
 };
 
-TEST_F(StepNames, AStepIsNamedByWhatItDoes) {
+TEST_P(StepNames, AStepIsNamedByWhatItDoes) {
     for (const NameCase& one : kNames) {
         EXPECT_EQ(NameOf(one.change), one.want) << &one - kNames;
     }
 }
 
-TEST_F(StepNames, AStepWithANameKeepsItOverTheNamesOfStepsInside) {
+TEST_P(StepNames, AStepWithANameKeepsItOverTheNamesOfStepsInside) {
     {
         const EditHistory::Step outer(history, "outer");
         const EditHistory::Step inner(history, "inner");

