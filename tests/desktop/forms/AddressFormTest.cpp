@@ -1,31 +1,15 @@
 // The form of an address.
 // SPDX-License-Identifier: MIT
 #include <QComboBox>
-#include <QLineEdit>
 #include <QRadioButton>
 
-#include <desktop/forms/AddressForm.h>
 #include <desktop/forms/FormFixture.h>
 #include <support/LocaleInForce.h>
 
 namespace orvo::desktop {
 namespace {
 
-class AddressFormTest : public testing::Test, protected FormStore {
-protected:
-    // What the store holds.
-    std::string Stored(AddressField field) {
-        CAddressRecord present(other.addresses);
-        EXPECT_EQ(other.addresses.Find(record.GetId(), present), 0);
-        return std::string(present.Utf8(field));
-    }
-    bool Edit(std::deque<Hands::Step> steps) {
-        const Hands hands(std::move(steps));
-        return EditAddress(nullptr, own.addresses, record);
-    }
-
-    CAddressRecord record{own.addresses};
-};
+using AddressFormTest = AddressFormFixture;
 
 struct TypedField {
     const char* name;
@@ -59,20 +43,16 @@ constexpr TypedField kTyped[] = {
 TEST_F(AddressFormTest, ANewAddressHoldsWhatWasTypedInAnyScript) {
     const LocaleInForce japanese("ja-JP");
 
-    const bool isSaved = Edit({[](QDialog& form) {
+    Save([](QDialog& form) {
         for (const TypedField& typed : kTyped) Type(form, typed.name, typed.text);
         Type(form, "note", "one\n\ntwo\u00A0three");
         Press(form, "Private");
-        Save(form);
-    }});
+    });
 
-    ASSERT_TRUE(isSaved);
     for (const TypedField& typed : kTyped) {
         EXPECT_EQ(Stored(typed.field), typed.text) << typed.name;
     }
-    std::string note;
-    record.GetNoteUtf8(note);
-    EXPECT_EQ(note, "one\n\ntwo\u00A0three");
+    EXPECT_EQ(NoteOf(record), "one\n\ntwo\u00A0three");
     EXPECT_TRUE(record.IsPrivate());
 }
 
@@ -102,46 +82,35 @@ TEST_F(AddressFormTest, ReadingsShowInJapaneseAndWhereThereAreSome) {
 TEST_F(AddressFormTest, LabelAndPhoneOfListsAreKept) {
     own.addresses.Add(record);
 
-    ASSERT_TRUE(Edit({[](QDialog& form) {
+    Save([](QDialog& form) {
         Field<QComboBox>(form, "label2").setFocus();
         QTest::keyClick(&Field<QComboBox>(form, "label2"), Qt::Key_End);
         Field<QRadioButton>(form, "shown4").setChecked(true);
-        Save(form);
-    }}));
+    });
 
-    CAddressRecord present(other.addresses);
-    ASSERT_EQ(other.addresses.Find(record.GetId(), present), 0);
-    long label = -1;
-    long shown = -1;
-    present.GetPhoneLabelID(2, label);
-    present.GetDisplayPhone(shown);
-    EXPECT_EQ(label, own.addresses.GetPhoneLabelCount() - 1);
-    EXPECT_EQ(shown, 4);
-    present.GetPhoneLabelID(1, label);
-    EXPECT_EQ(label, 0);
+    const auto present = FormHands::Stored();
+    const auto label = [&](long slot) {
+        long number = -1;
+        EXPECT_EQ(present->GetPhoneLabelID(slot, number), 0);
+        return number;
+    };
+    EXPECT_EQ(label(1), 0);
+    EXPECT_EQ(label(2), own.addresses.GetPhoneLabelCount() - 1);
+    EXPECT_EQ(ValueOf(*present, &CAddressRecord::GetDisplayPhone), 4);
 }
 
 TEST_F(AddressFormTest, LineBreaksStayWhereAFieldIsLeftAlone) {
-    struct Row {
-        const char* why;
-        const char* name;
-        AddressField field;
-        const char* text;
+    constexpr std::pair<AddressField, const char*> kTexts[] = {
+        {AddressField::Name, "Ann\r\nLee\n"},
+        {AddressField::Company, "A\u2028B\u2029C\tD"},
+        {AddressField::Address, "a\r\nb\rc\u2028d\u00A0"},
     };
-    constexpr Row kRows[] = {
-        {"a name may be imported with a line break", "name", AddressField::Name, "Ann\r\nLee\n"},
-        {"separators of Unicode too", "company", AddressField::Company, "A\u2028B\u2029C\tD"},
-        {"line ends of other systems", "address", AddressField::Address, "a\r\nb\rc\u2028d\u00A0"},
-    };
-    for (const Row& row : kRows) record.SetUtf8(row.field, row.text);
+    for (const auto& [field, text] : kTexts) record.SetUtf8(field, text);
     own.addresses.Add(record);
 
-    ASSERT_TRUE(Edit({[](QDialog& form) {
-        Type(form, "city", "Oslo");
-        Save(form);
-    }}));
+    Save([](QDialog& form) { Type(form, "city", "Oslo"); });
 
-    for (const Row& row : kRows) EXPECT_EQ(Stored(row.field), row.text) << row.why;
+    for (const auto& [field, text] : kTexts) EXPECT_EQ(Stored(field), text);
     EXPECT_EQ(Stored(AddressField::City), "Oslo");
 }
 
@@ -150,14 +119,12 @@ TEST_F(AddressFormTest, AnEditedFieldKeepsItsOtherLineBreaks) {
     record.SetUtf8(AddressField::Address, "a\r\nb");
     own.addresses.Add(record);
 
-    ASSERT_TRUE(Edit({[](QDialog& form) {
-        QTest::keyClick(&Field<QWidget>(form, "name"), Qt::Key_End);
-        QTest::keyClicks(&Field<QWidget>(form, "name"), "!");
-        QTest::keyClick(&Field<QWidget>(form, "address"), Qt::Key_End, Qt::ControlModifier);
+    Save([](QDialog& form) {
+        Append(form, "name", "!");
+        Append(form, "address", "");
         QTest::keyClick(&Field<QWidget>(form, "address"), Qt::Key_Return);
-        QTest::keyClicks(&Field<QWidget>(form, "address"), "c");
-        Save(form);
-    }}));
+        Append(form, "address", "c");
+    });
 
     EXPECT_EQ(Stored(AddressField::Name), "Ann\nLee!");
     EXPECT_EQ(Stored(AddressField::Address), "a\r\nb\r\nc");
@@ -171,18 +138,13 @@ TEST_F(AddressFormTest, LongTextsStayWhole) {
     record.SetNoteUtf8(note);
     own.addresses.Add(record);
 
-    ASSERT_TRUE(Edit({[](QDialog& form) {
-        QTest::keyClick(&Field<QWidget>(form, "name"), Qt::Key_End);
-        QTest::keyClicks(&Field<QWidget>(form, "name"), "x");
-        QTest::keyClick(&Field<QWidget>(form, "note"), Qt::Key_End, Qt::ControlModifier);
-        QTest::keyClicks(&Field<QWidget>(form, "note"), "x");
-        Save(form);
-    }}));
+    Save([](QDialog& form) {
+        Append(form, "name", "x");
+        Append(form, "note", "x");
+    });
 
     EXPECT_TRUE(Stored(AddressField::Name) == name + "x");
-    std::string present;
-    record.GetNoteUtf8(present);
-    EXPECT_TRUE(present == note + "x");
+    EXPECT_TRUE(NoteOf(record) == note + "x");
 }
 
 }  // namespace

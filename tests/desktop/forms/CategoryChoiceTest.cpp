@@ -1,7 +1,5 @@
 // The choice of a category.
 // SPDX-License-Identifier: MIT
-#include <QLineEdit>
-
 #include <desktop/forms/CategoryChoice.h>
 #include <desktop/forms/FormFixture.h>
 
@@ -15,11 +13,8 @@ protected:
         return ChooseCategory(nullptr, own.toDos);
     }
     int Add(const char* name) {
-        auto category = std::make_unique<CCategory>();
-        category->SetNameUtf8(name);
-        CCategory* added = category.get();
-        EXPECT_EQ(own.toDos.GetCategoryManager()->Add(added), 0);
-        return category.release()->GetIndex();  // the manager's now
+        EXPECT_EQ(AddCategory(own.toDos, name), 0);
+        return CategoryIndex(own.toDos, name);
     }
 };
 

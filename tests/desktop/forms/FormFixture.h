@@ -6,19 +6,21 @@
 #include <QApplication>
 #include <QDialog>
 #include <QInputMethodEvent>
+#include <QLineEdit>
 #include <QMessageBox>
-#include <QPointer>
 #include <QTemporaryDir>
 #include <QTest>
 #include <deque>
 #include <functional>
 #include <memory>
 #include <string>
+#include <type_traits>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <contracts/RecordStore.h>
+#include <contract/RecordValues.h>
+#include <desktop/forms/AddressForm.h>
 #include <libraries/quire/SqliteEngine.h>
 
 namespace orvo::desktop {
@@ -71,27 +73,50 @@ inline void Type(QDialog& form, const char* name, const QString& text) {
     QCoreApplication::sendEvent(&field, &event);
 }
 
-inline void Press(QDialog& dialog, const char* text) {
-    for (auto* button : dialog.findChildren<QAbstractButton*>()) {
-        if (button->text().remove('&') != text) continue;
-        button->setFocus();
-        QTest::keyClick(button, Qt::Key_Space);
-        return;
-    }
-    ADD_FAILURE() << "no button " << text;
+// Types behind the text of a field.
+inline void Append(QDialog& form, const char* name, const QString& text) {
+    auto& field = Field<QWidget>(form, name);
+    QTest::keyClick(&field, Qt::Key_End);
+    QTest::keyClick(&field, Qt::Key_End, Qt::ControlModifier);
+    QTest::keyClicks(&field, text);
 }
 
+inline QAbstractButton* Button(QDialog& dialog, const std::string& text) {
+    for (auto* button : dialog.findChildren<QAbstractButton*>()) {
+        if (button->text().remove('&').toStdString() == text) return button;
+    }
+    ADD_FAILURE() << "no button " << text;
+    return nullptr;
+}
+
+inline void Press(QDialog& dialog, const char* text) {
+    QAbstractButton* button = Button(dialog, text);
+    if (button == nullptr) return;
+    button->setFocus();
+    QTest::keyClick(button, Qt::Key_Space);
+}
+
+inline Hands::Step Pressing(const char* text) {
+    return [text](QDialog& dialog) { Press(dialog, text); };
+}
 inline void Save(QDialog& dialog) {
     Press(dialog, "Save");
 }
 inline void Escape(QDialog& dialog) {
     QTest::keyClick(&dialog, Qt::Key_Escape);
 }
-inline void Discard(QDialog& dialog) {
-    Press(dialog, "Discard");
-}
 inline void Ok(QDialog& dialog) {
     QTest::keyClick(&dialog, Qt::Key_Return);
+}
+
+// Types into the fields from top to bottom, and agrees.
+inline Hands::Step Typing(const QStringList& texts) {
+    return [texts](QDialog& dialog) {
+        const auto fields = dialog.findChildren<QLineEdit*>();
+        ASSERT_EQ(fields.size(), texts.size());
+        for (qsizetype i = 0; i < texts.size(); ++i) QTest::keyClicks(fields[i], texts[i]);
+        Ok(dialog);
+    };
 }
 
 // The store as one program has it open.
@@ -112,6 +137,44 @@ protected:
     std::string path = folder.filePath("forms.orvo").toStdString();
     OpenStore own{path};
     OpenStore other{path};  // that of another program
+};
+
+// A record in its form, which `kEdit` shows.
+template <class Record, auto kEdit>
+class FormHands : protected FormStore {
+protected:
+    bool Edit(std::deque<Hands::Step> steps) {
+        const Hands hands(std::move(steps));
+        return kEdit(nullptr, TableOf(own), record, nullptr);
+    }
+    // Does something in the form, and saves it.
+    void Save(const Hands::Step& step) {
+        EXPECT_TRUE(Edit({[&](QDialog& form) {
+            step(form);
+            desktop::Save(form);
+        }}));
+    }
+    // The record as another program reads it.
+    std::unique_ptr<Record> Stored() {
+        auto present = std::make_unique<Record>(TableOf(other));
+        EXPECT_EQ(TableOf(other).Find(record.GetId(), *present), 0);
+        return present;
+    }
+
+    static auto& TableOf(OpenStore& store) {
+        if constexpr (std::is_same_v<Record, CToDoRecord>) {
+            return store.toDos;
+        } else {
+            return store.addresses;
+        }
+    }
+
+    Record record{TableOf(own)};
+};
+
+class AddressFormFixture : public testing::Test, protected FormHands<CAddressRecord, EditAddress> {
+protected:
+    std::string Stored(AddressField field) { return std::string(FormHands::Stored()->Utf8(field)); }
 };
 
 }  // namespace orvo::desktop

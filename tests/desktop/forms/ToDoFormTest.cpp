@@ -13,7 +13,7 @@ namespace orvo::desktop {
 namespace {
 
 // It is 2026-05-03 12:00 in Tokyo.
-class ToDoFormTest : public ZonedTest, protected FormStore {
+class ToDoFormTest : public ZonedTest, protected FormHands<CToDoRecord, EditToDo> {
 protected:
     ToDoFormTest() {
         SetSystemTimeZone("Asia/Tokyo");
@@ -24,19 +24,6 @@ protected:
     static long At(int year, int month, int day, int hour = 0, int minute = 0, int second = 0) {
         return CTime(year, month, day, hour, minute, second).GetTime();
     }
-    bool Edit(std::deque<Hands::Step> steps) {
-        const Hands hands(std::move(steps));
-        return EditToDo(nullptr, own.toDos, record);
-    }
-    long StoredDue() {
-        CToDoRecord present(other.toDos);
-        EXPECT_EQ(other.toDos.Find(record.GetId(), present), 0);
-        long due = -1;
-        present.GetDueDate(due);
-        return due;
-    }
-
-    CToDoRecord record{own.toDos};
 };
 
 QDateEdit& DayOf(QDialog& form, const char* name) {
@@ -49,23 +36,18 @@ void Check(QDialog& form, const char* name) {
 }
 
 TEST_F(ToDoFormTest, ANewToDoHoldsWhatWasTyped) {
-    ASSERT_TRUE(Edit({[](QDialog& form) {
+    Save([](QDialog& form) {
         Type(form, "description", "買う\nmilk");
         Type(form, "note", "عربي");
         QTest::keyClick(&Field<QWidget>(form, "priority"), Qt::Key_End);
         Check(form, "due");
         Press(form, "Private");
-        Save(form);
-    }}));
+    });
 
-    int priority = 0;
-    std::string note;
-    record.GetPriority(priority);
-    record.GetNoteUtf8(note);
     EXPECT_EQ(record.DescriptionUtf8(), "買う\nmilk");
-    EXPECT_EQ(note, "عربي");
-    EXPECT_EQ(priority, 5);
-    EXPECT_EQ(StoredDue(), At(2026, 5, 3));
+    EXPECT_EQ(NoteOf(record), "عربي");
+    EXPECT_EQ(PriorityOf(record), 5);
+    EXPECT_EQ(DueDateOf(*Stored()), At(2026, 5, 3));
     EXPECT_TRUE(record.IsPrivate());
     EXPECT_FALSE(record.IsCompleted());
 }
@@ -101,57 +83,37 @@ TEST_F(ToDoFormTest, DueDatesComeBackAsTheyWere) {
         own.toDos.Add(fresh);
         own.toDos.Find(fresh.GetId(), record);
 
-        ASSERT_TRUE(Edit({[&](QDialog& form) {
-            row.step(form);
-            Save(form);
-        }})) << row.why;
+        Save(row.step);
 
-        EXPECT_EQ(StoredDue(), row.want) << row.why;
+        EXPECT_EQ(DueDateOf(*Stored()), row.want) << row.why;
     }
 }
 
 TEST_F(ToDoFormTest, CompletingTakesTodayAndUndoingDropsIt) {
     own.toDos.Add(record);
-    long completed = 0;
 
-    ASSERT_TRUE(Edit({[](QDialog& form) {
-        Press(form, "Completed");
-        Save(form);
-    }}));
-    record.GetCompletionDate(completed);
-    EXPECT_TRUE(record.IsCompleted());
-    EXPECT_EQ(completed, At(2026, 5, 3, 12));
+    Save(Pressing("Completed"));
+    EXPECT_TRUE(Stored()->IsCompleted());
+    EXPECT_EQ(CompletionDateOf(*Stored()), At(2026, 5, 3, 12));
 
-    ASSERT_TRUE(Edit({[](QDialog& form) {
-        DayOf(form, "completedOn").setDate(QDate(2026, 5, 1));
-        Save(form);
-    }}));
-    record.GetCompletionDate(completed);
-    EXPECT_EQ(completed, At(2026, 5, 1, 12));
+    Save([](QDialog& form) { DayOf(form, "completedOn").setDate(QDate(2026, 5, 1)); });
+    EXPECT_EQ(CompletionDateOf(*Stored()), At(2026, 5, 1, 12));
 
-    ASSERT_TRUE(Edit({[](QDialog& form) {
-        Press(form, "Completed");
-        Save(form);
-    }}));
-    record.GetCompletionDate(completed);
-    EXPECT_FALSE(record.IsCompleted());
-    EXPECT_EQ(completed, maxDate());
+    Save(Pressing("Completed"));
+    EXPECT_FALSE(Stored()->IsCompleted());
+    EXPECT_EQ(CompletionDateOf(*Stored()), maxDate());
 }
 
 TEST_F(ToDoFormTest, CompletingASeriesIsAskedAboutAndLeavesTheFormWhereItIsNotWanted) {
     record.SetSource("BEGIN:VTODO\r\nRRULE:FREQ=DAILY\r\nEND:VTODO\r\n", "");
     own.toDos.Add(record);
 
-    ASSERT_TRUE(Edit({[](QDialog& form) {
-                          Press(form, "Completed");
-                          Save(form);
-                      },
-                      [](QDialog& question) { Press(question, "Cancel"); },
+    ASSERT_TRUE(Edit({Pressing("Completed"), Pressing("Save"), Pressing("Cancel"),
                       [this](QDialog& form) {
                           EXPECT_FALSE(record.IsCompleted());
-                          Save(form);
+                          desktop::Save(form);
                       },
-                      [](QDialog& question) { Press(question, "Complete"); }}));
+                      Pressing("Complete")}));
     EXPECT_TRUE(record.IsCompleted());
 }
 

@@ -14,7 +14,6 @@ namespace orvo::desktop {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 class DuplicatesDialogTest : public testing::Test {
 protected:
@@ -45,10 +44,6 @@ protected:
             cities.emplace_back(record.Utf8(AddressField::City));
         }
         return cities;
-    }
-
-    static Hands::Step Pressing(const char* button) {
-        return [button](QDialog& dialog) { Press(dialog, button); };
     }
 
     StoreFolder folder;
@@ -86,10 +81,8 @@ TEST_F(DuplicatesDialogTest, ADecisionForAllIsOneStepAndFollowsWhatWasMerged) {
                      kPairs));
     EXPECT_THAT(Cities(), ElementsAre("Ulm"));
     CAddressRecord record(session->Addresses());
-    std::string note;
     ASSERT_EQ(session->Addresses().Find(1, record), 0);
-    ASSERT_EQ(record.GetNoteUtf8(note), 0);
-    EXPECT_EQ(note, "City: Bonn\nCity: Kiel");
+    EXPECT_EQ(NoteOf(record), "City: Bonn\nCity: Kiel");
     session->Undo();
     EXPECT_THAT(Cities(), ElementsAre("Ulm", "", "Bonn", "Kiel"));
 }
@@ -141,17 +134,13 @@ TEST_F(DuplicatesDialogTest, WhatTheStoreRefusesIsToldAndChangesNothing) {
 }
 
 TEST(ReviewQuestion, LeadsToTheReviewOrKeepsAll) {
-    const struct {
-        const char* button;
-        bool want;
-    } rows[] = {{"Review...", true}, {"Keep all", false}};
-    for (const auto& row : rows) {
+    for (const bool isReviewed : {true, false}) {
         const Hands hands({[&](QDialog& dialog) {
             EXPECT_EQ(dynamic_cast<QMessageBox&>(dialog).text(),
                       "12 possible duplicates were found.");
-            Press(dialog, row.button);
+            Press(dialog, isReviewed ? "Review..." : "Keep all");
         }});
-        EXPECT_EQ(AskToReview(nullptr, 12), row.want);
+        EXPECT_EQ(AskToReview(nullptr, 12), isReviewed);
     }
 }
 

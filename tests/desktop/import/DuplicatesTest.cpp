@@ -1,5 +1,8 @@
 // Which addresses are taken for the same person or company.
 // SPDX-License-Identifier: MIT
+#include <QString>
+#include <QStringList>
+
 #include <gmock/gmock.h>
 
 #include <desktop/import/Duplicates.h>
@@ -13,14 +16,15 @@ using testing::IsEmpty;
 
 class DuplicatesTest : public testing::Test {
 protected:
-    std::int64_t Add(const char* name, const char* first, const char* company, const char* number,
-                     const char* second = "") {
+    // Name, first name, company, and numbers, with commas between them.
+    std::int64_t Add(const QString& texts) {
+        constexpr AddressField kFields[] = {AddressField::Name, AddressField::First,
+                                            AddressField::Company, PhoneField(1), PhoneField(4)};
         CAddressRecord record(table);
-        EXPECT_EQ(record.SetUtf8(AddressField::Name, name), 0);
-        EXPECT_EQ(record.SetUtf8(AddressField::First, first), 0);
-        EXPECT_EQ(record.SetUtf8(AddressField::Company, company), 0);
-        EXPECT_EQ(record.SetUtf8(PhoneField(1), number), 0);
-        EXPECT_EQ(record.SetUtf8(PhoneField(4), second), 0);
+        const AddressField* field = kFields;
+        for (const QString& text : texts.split(',')) {
+            EXPECT_EQ(record.SetUtf8(*field++, text.toStdString()), 0);
+        }
         EXPECT_EQ(table.Add(record), 0);
         return record.GetId();
     }
@@ -62,43 +66,31 @@ TEST(Contacts, AreTheSameWhateverTheWayTheyAreWritten) {
 }
 
 TEST_F(DuplicatesTest, ANameAndAContactTogetherMakeADuplicate) {
-    struct Row {
+    struct {
         const char* why;
-        std::array<const char*, 4> left;  // name, first name, company, number
-        std::array<const char*, 4> right;
+        const char* left;
+        const char* right;
         bool want;
+    } const rows[] = {
+        {"the same", "Lee,Ann,,1234567", "Lee,Ann,,99,1234567", true},
+        {"case and accents", "M\u00FCller,Ren\u00E9,,1234567", "MULLER,rene,,1234567", true},
+        {"width", "\uFF2C\uFF45\uFF45,,,1234567", "Lee,,,1234567", true},
+        {"blanks around", " Lee ,,,1234567", "Lee,,,1234567", true},
+        {"only the name", "Lee,Ann,,1234567", "Lee,Ann,,7654321", false},
+        {"only the number", "Lee,Ann,,1234567", "Lee,Bob,,1234567", false},
+        {"names are not run together", "Le,eAnn,,1", "Lee,Ann,,1", false},
+        {"companies", ",,Mill,1234567", ",,MILL,1234567", true},
+        {"a company is no name", ",,Mill,1234567", "Mill,,,1234567", false},
+        {"a name counts before the company", "Lee,,Mill,1234567", "Lee,,Dale,1234567", true},
+        {"neither", ",,,1234567", ",,,1234567", false},
+        {"no number", "Lee,Ann,,", "Lee,Ann,,", false},
     };
-    const Row rows[] = {
-        {"the same", {"Lee", "Ann", "", "1234567"}, {"Lee", "Ann", "", "1234567"}, true},
-        {"case and accents",
-         {"M\xC3\xBCller", "Ren\xC3\xA9", "", "1234567"},
-         {"MULLER", "rene", "", "1234567"},
-         true},
-        {"width",
-         {"\xEF\xBC\xAC\xEF\xBD\x85\xEF\xBD\x85", "", "", "1234567"},
-         {"Lee", "", "", "1234567"},
-         true},
-        {"blanks around", {" Lee ", "", "", "1234567"}, {"Lee", "", "", "1234567"}, true},
-        {"only the name", {"Lee", "Ann", "", "1234567"}, {"Lee", "Ann", "", "7654321"}, false},
-        {"only the number", {"Lee", "Ann", "", "1234567"}, {"Lee", "Bob", "", "1234567"}, false},
-        {"names are not run together", {"Le", "eAnn", "", "1"}, {"Lee", "Ann", "", "1"}, false},
-        {"companies", {"", "", "Mill", "1234567"}, {"", "", "MILL", "1234567"}, true},
-        {"a company is no name", {"", "", "Mill", "1234567"}, {"Mill", "", "", "1234567"}, false},
-        {"a name counts before the company",
-         {"Lee", "", "Mill", "1234567"},
-         {"Lee", "", "Dale", "1234567"},
-         true},
-        {"neither", {"", "", "", "1234567"}, {"", "", "", "1234567"}, false},
-        {"no number", {"Lee", "Ann", "", ""}, {"Lee", "Ann", "", ""}, false},
-    };
-    for (const Row& row : rows) {
-        const std::int64_t left = Add(row.left[0], row.left[1], row.left[2], row.left[3]);
-        const std::int64_t right =
-            Add(row.right[0], row.right[1], row.right[2], "99", row.right[3]);
-        const auto pairs = FindDuplicates(table, true, {left, right});
-        const std::vector<DuplicatePair> want =
-            row.want ? std::vector{DuplicatePair{left, right}} : std::vector<DuplicatePair>{};
-        EXPECT_EQ(pairs, want) << row.why;
+    for (const auto& row : rows) {
+        const std::int64_t left = Add(row.left);
+        const std::int64_t right = Add(row.right);
+        std::vector<DuplicatePair> want;
+        if (row.want) want.push_back({left, right});
+        EXPECT_EQ(FindDuplicates(table, true, {left, right}), want) << row.why;
         for (const std::int64_t id : {left, right}) {
             CAddressRecord record(table);
             table.Find(id, record);
@@ -108,17 +100,17 @@ TEST_F(DuplicatesTest, ANameAndAContactTogetherMakeADuplicate) {
 }
 
 TEST_F(DuplicatesTest, EachIsPairedWithTheFirstThatItShares) {
-    const std::int64_t a = Add("Lee", "", "", "1234567");
-    const std::int64_t b = Add("Lee", "", "", "1234567", "lee@mill.example");
-    const std::int64_t c = Add("Lee", "", "", "LEE@mill.example");
+    const std::int64_t a = Add("Lee,,,1234567");
+    const std::int64_t b = Add("Lee,,,1234567,lee@mill.example");
+    const std::int64_t c = Add("Lee,,,LEE@mill.example");
     EXPECT_THAT(FindDuplicates(table, true), ElementsAre(DuplicatePair{a, b}, DuplicatePair{b, c}));
     EXPECT_THAT(FindDuplicates(table, true, {c, c}), ElementsAre(DuplicatePair{b, c}));
     EXPECT_THAT(FindDuplicates(table, true, {a, a}), IsEmpty());
 }
 
 TEST_F(DuplicatesTest, PrivateOnesCountOnlyWhereTheyAreShown) {
-    const std::int64_t open = Add("Lee", "", "", "1234567");
-    const std::int64_t secret = Add("Lee", "", "", "1234567");
+    const std::int64_t open = Add("Lee,,,1234567");
+    const std::int64_t secret = Add("Lee,,,1234567");
     CAddressRecord record(table);
     ASSERT_EQ(table.Find(secret, record), 0);
     ASSERT_EQ(record.SetPrivate(1), 0);

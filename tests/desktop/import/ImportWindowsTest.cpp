@@ -2,10 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <QClipboard>
 #include <QLabel>
-#include <QLineEdit>
 #include <QProgressDialog>
 #include <QTableView>
-#include <fstream>
 
 #include <contract/StoreFolder.h>
 #include <desktop/import/ImportProgress.h>
@@ -26,19 +24,6 @@ ImportResult Endless(const FileProgress& progress) {
             return {.skipped = {}, .failure = {}, .isCancelled = true};
     }
     return {};
-}
-
-std::vector<SkippedLine> ManySkipped(std::size_t count) {
-    std::vector<SkippedLine> skipped;
-    for (std::size_t line = 1; line <= count; ++line) {
-        skipped.push_back({"/files/friends.vcf", line, "the card holds nothing"});
-    }
-    return skipped;
-}
-
-std::string Read(const std::string& path) {
-    std::ifstream file(path);
-    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 }  // namespace
@@ -91,10 +76,14 @@ TEST(ImportReportWindow, ShowsCopiesAndSavesEveryEntry) {
              Press(dialog, "Save");
          },
          [&](QDialog& dialog) {
-             EXPECT_TRUE(Read(path).ends_with(last));
+             EXPECT_TRUE(TempFolder::Content(path).ends_with(last));
              Escape(dialog);
          }});
-    ShowImportReport(nullptr, "done", ManySkipped(count));
+    std::vector<SkippedLine> skipped;
+    for (std::size_t line = 1; line <= count; ++line) {
+        skipped.push_back({"/files/friends.vcf", line, "the card holds nothing"});
+    }
+    ShowImportReport(nullptr, "done", skipped);
 }
 
 TEST(ImportOfASession, LeavesNothingWhereItIsCancelled) {
@@ -105,9 +94,7 @@ TEST(ImportOfASession, LeavesNothingWhereItIsCancelled) {
     for (int i = 0; i < 500; ++i) {
         cards += "BEGIN:VCARD\nN:Lee\nCATEGORIES:Crowd\nTEL;X-ORVO-LABEL=Boat:1\nEND:VCARD\n";
     }
-    folder.Write("a.vcf", cards);
-    folder.Write("b.vcf", cards);
-    const std::vector<std::string> files{folder.Path("a.vcf"), folder.Path("b.vcf")};
+    const std::vector<std::string> files{folder.File("a.vcf", cards), folder.File("b.vcf", cards)};
     const int labels = session->Addresses().GetPhoneLabelCount();
 
     const ImportResult result = session->Import(

