@@ -1,7 +1,5 @@
-// Paths as URIs: what is read from other programs, and that no byte is lost on the way.
+// Which paths are taken from URIs of other programs.
 // SPDX-License-Identifier: MIT
-#include <filesystem>
-
 #include <gtest/gtest.h>
 
 #include <desktop/instance/FileUri.h>
@@ -27,21 +25,6 @@ constexpr Row kPaths[] = {
 
 TEST(FileUri, GivesThePathOnlyOfFilesOfThisMachine) {
     for (const Row& row : kPaths) EXPECT_EQ(PathOfUri(row.in), row.want) << row.why;
-}
-
-TEST(FileUri, EveryByteOfAPathComesBack) {
-    std::string path = "/";
-    for (int byte = 1; byte < 256; ++byte) path += static_cast<char>(byte);
-
-    const std::string uri = UriOfPath(path);
-
-    EXPECT_EQ(PathOfUri(uri), path);
-    EXPECT_EQ(uri.find_first_of(" \n#?\x80"), std::string::npos);
-}
-
-TEST(FileUri, ARelativePathIsOfThePresentFolder) {
-    EXPECT_EQ(PathOfUri(UriOfPath("a b.vcf")),
-              (std::filesystem::current_path() / "a b.vcf").string());
 }
 
 }  // namespace

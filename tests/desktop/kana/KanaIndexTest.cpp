@@ -1,16 +1,10 @@
-// The strip of kana rows, and the entries to which it leads.
+// The entries to which the strip of kana rows leads.
 // SPDX-License-Identifier: MIT
-#include <QAccessible>
-#include <QApplication>
-#include <QTest>
-#include <vector>
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <desktop/kana/KanaIndex.h>
 #include <orvoshare/addressviews/ViewFixture.h>
-#include <support/Patience.h>
 
 namespace orvo::desktop {
 namespace {
@@ -27,13 +21,8 @@ private:
     LocaleInForce m_locale{"ja-JP", 932};
 };
 
-TEST_F(KanaList, AnEmptyOneHasNoEntryOfAnyRow) {
-    Fill();
-
-    EXPECT_THAT(FirstKanaEntries(view), Each(-1));
-}
-
 TEST_F(KanaList, ARowBeginsAtItsFirstReading) {
+    EXPECT_THAT(FirstKanaEntries(view), Each(-1));
     Add({{Name, "渡辺"}, {NameYomi, "ワタナベ"}});
     Add({{Name, "阿部"}, {NameYomi, "あべ"}});
     Add({{Name, "青木"}, {NameYomi, "ｱｵｷ"}});
@@ -77,61 +66,6 @@ TEST_F(KanaList, GoingToARowSelectsItsFirstEntryAlone) {
 
     EXPECT_FALSE(GoToKanaRow(view, KanaRow::Ra));
     EXPECT_THAT(SelectedNames(), ElementsAre("かとう"));
-}
-
-class Strip : public testing::Test {
-protected:
-    Strip() {
-        KanaEntries entries;
-        entries.fill(-1);
-        for (const KanaRow row : {KanaRow::Ka, KanaRow::Ta, KanaRow::Other}) {
-            entries[static_cast<std::size_t>(row)] = 0;
-        }
-        index.ShowEntries(entries);
-        index.SetChooseListener([this](KanaRow row) { chosen.push_back(row); });
-        index.show();
-        index.activateWindow();
-    }
-    void SetUp() override { ASSERT_TRUE(QTest::qWaitForWindowActive(&index, kPatience)); }
-
-    void Press(Qt::Key key) {
-        QTest::keyClick(index.focusWidget() ? index.focusWidget() : &index, key);
-    }
-
-    KanaIndex index;
-    std::vector<KanaRow> chosen;
-};
-
-TEST_F(Strip, KeysGoPastRowsWithoutEntries) {
-    Press(Qt::Key_Tab);
-    Press(Qt::Key_Return);
-    Press(Qt::Key_Down);
-    Press(Qt::Key_Space);
-    Press(Qt::Key_End);
-    Press(Qt::Key_Down);
-    Press(Qt::Key_Return);
-    Press(Qt::Key_Home);
-    Press(Qt::Key_Return);
-
-    EXPECT_THAT(chosen, ElementsAre(KanaRow::Ka, KanaRow::Ta, KanaRow::Other, KanaRow::Ka));
-}
-
-TEST_F(Strip, ARowWithoutEntriesCantBePressed) {
-    const auto buttons = index.findChildren<QToolButton*>();
-
-    QTest::mouseClick(buttons.at(static_cast<int>(KanaRow::A)), Qt::LeftButton);
-    QTest::mouseClick(buttons.at(static_cast<int>(KanaRow::Ta)), Qt::LeftButton);
-
-    EXPECT_THAT(chosen, ElementsAre(KanaRow::Ta));
-}
-
-TEST_F(Strip, TabComesToOneRowOnly) {
-    int stops = 0;
-    for (const QToolButton* button : index.findChildren<QToolButton*>()) {
-        if (button->isEnabled() && (button->focusPolicy() & Qt::TabFocus) != 0) ++stops;
-    }
-
-    EXPECT_EQ(stops, 1);
 }
 
 }  // namespace

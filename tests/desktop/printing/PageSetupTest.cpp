@@ -14,21 +14,18 @@ namespace {
 using PageSetup = SettingsFixture;
 
 TEST_F(PageSetup, WhatWasSavedComesBack) {
-    const QPageLayout kLayouts[] = {{QPageSize(QPageSize::A5),
-                                     QPageLayout::Landscape,
-                                     {10, 11.5, 12, 13},
-                                     QPageLayout::Millimeter},
-                                    {QPageSize(QSizeF(100, 150.5), QPageSize::Millimeter),
-                                     QPageLayout::Portrait,
-                                     {0, 0, 0, 0},
-                                     QPageLayout::Millimeter}};
+    constexpr auto kMillimetres = QPageLayout::Millimeter;
+    const QPageSize own(QSizeF(100, 150.5), QPageSize::Millimeter);
+    const QPageLayout kLayouts[] = {
+        {QPageSize(QPageSize::A5), QPageLayout::Landscape, {10, 11.5, 12, 13}, kMillimetres},
+        {own, QPageLayout::Portrait, {0, 0, 0, 0}, kMillimetres}};
     for (const QPageLayout& layout : kLayouts) {
         EXPECT_TRUE(SavePageLayout(layout));
 
         const QPageLayout loaded = LoadPageLayout();
         EXPECT_TRUE(loaded.pageSize().isEquivalentTo(layout.pageSize()));
         EXPECT_EQ(loaded.orientation(), layout.orientation());
-        EXPECT_EQ(loaded.margins(QPageLayout::Millimeter), layout.margins(QPageLayout::Millimeter));
+        EXPECT_EQ(loaded.margins(kMillimetres), layout.margins(kMillimetres));
     }
 }
 

@@ -27,6 +27,10 @@ struct Painting {
     }
 };
 
+inline bool GoOn(int, int) {
+    return true;
+}
+
 // A4 at 300 dots to the inch, without margins.
 constexpr int kRecordedWidth = 2480;
 constexpr int kRecordedHeight = 3508;
@@ -43,23 +47,12 @@ public:
 
 protected:
     int metric(PaintDeviceMetric metric) const override {
-        switch (metric) {
-            case PdmWidth:
-                return kRecordedWidth;
-            case PdmHeight:
-                return kRecordedHeight;
-            case PdmDpiX:
-            case PdmDpiY:
-            case PdmPhysicalDpiX:
-            case PdmPhysicalDpiY:
-                return 300;
-            case PdmDevicePixelRatio:
-                return 1;
-            case PdmDevicePixelRatioScaled:
-                return static_cast<int>(devicePixelRatioFScale());
-            default:
-                return QPaintDevice::metric(metric);
-        }
+        if (metric == PdmWidth) return kRecordedWidth;
+        if (metric == PdmHeight) return kRecordedHeight;
+        if (metric == PdmDevicePixelRatio) return 1;
+        const bool isDensity = metric == PdmDpiX || metric == PdmDpiY ||
+                               metric == PdmPhysicalDpiX || metric == PdmPhysicalDpiY;
+        return isDensity ? 300 : QPaintDevice::metric(metric);
     }
 
 private:

@@ -1,12 +1,13 @@
 // Tests of the changes to categories and labels, and of taking them back.
 // SPDX-License-Identifier: MIT
-#include <QTemporaryDir>
 #include <memory>
 #include <string>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <contract/RecordValues.h>
+#include <contract/StoreFolder.h>
 #include <desktop/store/NameChanges.h>
 
 namespace orvo::desktop {
@@ -14,19 +15,9 @@ namespace {
 
 class NameChanges : public testing::Test {
 protected:
-    NameChanges() {
-        std::string error;
-        session = StoreSession::Open(folder.filePath("orvo.db").toStdString(), error);
-        EXPECT_NE(session, nullptr) << error;
-    }
-
     CAddressTable& Table() { return session->Addresses(); }
 
-    int IndexOf(const char* name) {
-        CCategory* category = nullptr;
-        Table().GetCategoryManager()->FindUtf8Name(name, category);
-        return category ? category->GetIndex() : -1;
-    }
+    int IndexOf(const char* name) { return CategoryIndex(Table(), name); }
 
     std::int64_t AddRecord(int category, long label) {
         CAddressRecord record(Table());
@@ -36,24 +27,22 @@ protected:
         return record.GetId();
     }
 
-    int CategoryOf(std::int64_t id) {
-        CAddressRecord record(Table());
-        int category = -1;
-        EXPECT_EQ(Table().Find(id, record), 0);
-        EXPECT_EQ(record.GetCategoryId(category), 0);
-        return category;
+    std::unique_ptr<CAddressRecord> Stored(std::int64_t id) {
+        auto record = std::make_unique<CAddressRecord>(Table());
+        EXPECT_EQ(Table().Find(id, *record), 0);
+        return record;
     }
+    int CategoryOf(std::int64_t id) { return orvo::CategoryOf(*Stored(id)); }
 
     long LabelOf(std::int64_t id) {
-        CAddressRecord record(Table());
         long label = -1;
-        EXPECT_EQ(Table().Find(id, record), 0);
-        EXPECT_EQ(record.GetPhoneLabelID(2, label), 0);
+        EXPECT_EQ(Stored(id)->GetPhoneLabelID(2, label), 0);
         return label;
     }
 
-    QTemporaryDir folder;
-    std::unique_ptr<StoreSession> session;
+    const StoreFolder folder;
+    std::string error;
+    const std::unique_ptr<StoreSession> session = StoreSession::Open(folder.Path(), error);
 };
 
 }  // namespace
@@ -63,9 +52,7 @@ TEST_F(NameChanges, ARemovedCategoryLeavesItsRecordsInNoneAlsoThoseInTheTrash) {
     const int club = IndexOf("Club");
     const std::int64_t kept = AddRecord(club, 0);
     const std::int64_t deleted = AddRecord(club, 0);
-    CAddressRecord record(Table());
-    ASSERT_EQ(Table().Find(deleted, record), 0);
-    ASSERT_EQ(Table().Delete(record), 0);
+    ASSERT_EQ(Table().Delete(*Stored(deleted)), 0);
 
     ASSERT_EQ(RemoveCategory(*session, Table(), club), "");
     EXPECT_EQ(IndexOf("Club"), -1);

@@ -1,16 +1,13 @@
 // A thousand actions at random, after each of which the rows shown are those of the store.
 // SPDX-License-Identifier: MIT
-#include <QTemporaryDir>
-#include <algorithm>
 #include <cstdlib>
-#include <map>
 #include <memory>
 #include <set>
 
 #include <gtest/gtest.h>
 
+#include <contract/StoreFolder.h>
 #include <desktop/texts/Texts.h>
-#include <libraries/quire/SqliteEngine.h>
 #include <orvoshare/addressviews/AddrCompare.h>
 #include <platform/window/list/ListPeer.h>
 
@@ -22,42 +19,24 @@ namespace {
 constexpr int kActions = 1000;
 constexpr int kForeignEvery = 40;
 
-// What another program finds in the store.
-class StoreReader {
-public:
-    explicit StoreReader(const std::string& path) : m_engine(SqliteEngine::Open(path, m_error)) {
-        if (!m_engine) throw std::runtime_error(m_error);
-    }
-
-    // The rows that a view is to show.
-    std::set<std::int64_t> Wanted(TableKind kind, int category,
+// The rows that a view is to show of what another program finds in the store.
+std::set<std::int64_t> WantedRows(StoreEngine& engine, ViewFrame& frame,
                                   const COrvoDesktopOptions& options) {
-        const std::unique_ptr<StoreCursor> walk = m_engine->Walk(kind);
-        std::set<std::int64_t> ids;
-        StoredRow row;
-        while (walk->Next(row) == StoreStatus::Ok) {
-            const bool isHidden =
-                (row.flags & RowFlag::Private) != 0 && PrivacyOf(options) == Privacy::Hide;
-            const bool isDone =
-                (row.flags & RowFlag::Completed) != 0 && options.GetTodoShowCompleted() == 0;
-            const bool isElsewhere = category != kAllCategories && row.category != category;
-            if (!isHidden && !isDone && !isElsewhere) ids.insert(row.id);
-        }
-        return ids;
+    const TableKind kind = frame.IsShowingToDos() ? TableKind::ToDo : TableKind::Address;
+    const int category = frame.Entries().Category();
+    const std::unique_ptr<StoreCursor> walk = engine.Walk(kind);
+    std::set<std::int64_t> ids;
+    StoredRow row;
+    while (walk->Next(row) == StoreStatus::Ok) {
+        const bool isHidden =
+            (row.flags & RowFlag::Private) != 0 && PrivacyOf(options) == Privacy::Hide;
+        const bool isDone =
+            (row.flags & RowFlag::Completed) != 0 && options.GetTodoShowCompleted() == 0;
+        const bool isElsewhere = category != kAllCategories && row.category != category;
+        if (!isHidden && !isDone && !isElsewhere) ids.insert(row.id);
     }
-
-    // Adds an address, as another program would.
-    void Add(const std::string& name) {
-        CAddressTable table(*m_engine);
-        CAddressRecord record(table);
-        ASSERT_EQ(record.SetUtf8(AddressField::Name, name), 0);
-        ASSERT_EQ(table.Add(record), 0);
-    }
-
-private:
-    std::string m_error;
-    std::unique_ptr<SqliteEngine> m_engine;
-};
+    return ids;
+}
 
 CBaseRecord* RecordOf(const ViewFrame& frame, DWORD data) {
     if (frame.IsShowingToDos()) return reinterpret_cast<CToDoRecord*>(data);
@@ -72,7 +51,7 @@ int ComparedRows(ViewFrame& frame, DWORD before, DWORD after) {
     return TodoCompareRecords(first, second, reinterpret_cast<long>(toDos));
 }
 
-void ExpectRowsOfTheStore(ViewFrame& frame, StoreReader& store,
+void ExpectRowsOfTheStore(ViewFrame& frame, StoreEngine& engine,
                           const COrvoDesktopOptions& options) {
     const auto* rows = dynamic_cast<const ListPeer*>(frame.Entries().Window().GetPeer());
     ASSERT_NE(rows, nullptr);
@@ -83,17 +62,16 @@ void ExpectRowsOfTheStore(ViewFrame& frame, StoreReader& store,
         if (row == 0) continue;
         EXPECT_LE(ComparedRows(frame, rows->Data(row - 1), data), 0) << "row " << row;
     }
-    const TableKind kind = frame.IsShowingToDos() ? TableKind::ToDo : TableKind::Address;
     EXPECT_EQ(shown.size(), static_cast<std::size_t>(rows->RowCount()));
-    EXPECT_EQ(shown, store.Wanted(kind, frame.Entries().Category(), options));
+    EXPECT_EQ(shown, WantedRows(engine, frame, options));
 }
 
 TEST(RandomActions, RowsAreThoseOfTheStoreAfterEach) {
-    const QTemporaryDir folder;
-    const std::string path = folder.filePath("orvo.db").toStdString();
+    const StoreFolder folder;
     std::string error;
-    const std::unique_ptr<StoreSession> session = StoreSession::Open(path, error);
+    const std::unique_ptr<StoreSession> session = StoreSession::Open(folder.Path(), error);
     ASSERT_NE(session, nullptr) << error;
+    const std::unique_ptr<SqliteEngine> other = folder.Open();
     COrvoDesktopOptions options;
     DesktopWindow window(*session, options);
     ASSERT_TRUE(window.Open({}));
@@ -101,17 +79,16 @@ TEST(RandomActions, RowsAreThoseOfTheStoreAfterEach) {
     window.show();
     window.activateWindow();
     window.Import({std::string(ORVO_SAMPLES) + "/friends.vcf"});
-    StoreReader store(path);
     const char* chosen = std::getenv("ORVO_SEED");
     const unsigned seed = chosen ? static_cast<unsigned>(std::atoi(chosen)) : 1;
     RandomUser user(window, seed);
     for (int i = 0; i < kActions; ++i) {
         if (i % kForeignEvery == 0) {
-            store.Add("Foreign " + std::to_string(i));
+            EXPECT_EQ(StoreFolder::AddRow(*other), StoreStatus::Ok);
             window.Frame().Entries().Refill();
         }
         const std::string what = user.Act();
-        ExpectRowsOfTheStore(window.Frame(), store, options);
+        ExpectRowsOfTheStore(window.Frame(), *other, options);
         ASSERT_FALSE(testing::Test::HasFailure())
             << "after action " << i << " (" << what << ") of ORVO_SEED=" << seed;
     }
