@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <QFile>
 #include <QTemporaryDir>
+#include <people/PersonReader.h>
 
 #include <desktop/commands/Mail.h>
 #include <desktop/texts/Texts.h>
@@ -19,13 +20,17 @@ namespace {
 // the mail library keeps a copy of its own as long as the mail program may want it.
 constexpr const char* kFileName = "attachment.vcf";
 
-CString MailAddressOf(const CAddressRecord& record) {
-    for (long slot = 1; slot <= 5; ++slot) {
+// Of the record's numbers, else of all that only its card holds.
+CString MailAddressOf(const CAddressRecord& record, CAddressTable& table) {
+    for (long slot = 1; slot <= kPhoneSlots; ++slot) {
         CString text;
         record.GetPhone(slot, text);
         if (text.View().find('@') != std::string_view::npos) return text;
     }
-    return {};
+    std::string loss;
+    const Person person = ReadPerson(record, table, loss);
+    const Detail* mail = person.First(DetailKind::Email);
+    return mail ? SystemText(mail->text) : CString();
 }
 
 QString Refusal(unsigned long code) {
@@ -39,6 +44,12 @@ QString NoLibrary() {
         return Text("The mail library isn't loaded: %1").arg(FromUtf8(untrusted));
     }
     return Text("The mail library MAPI32.DLL isn't installed.");
+}
+
+QString Write(std::vector<CEmailAddress>& recipients) {
+    CMapiMailer mailer;
+    if (!mailer.Initialize()) return NoLibrary();
+    return Refusal(mailer.SendMailWithUI(nullptr, nullptr, recipients.size(), recipients.data()));
 }
 
 bool WriteCards(const std::vector<CAddressRecord*>& records, CAddressTable& table,
@@ -66,16 +77,20 @@ CString AttachmentName(const std::vector<CAddressRecord*>& records) {
 
 }  // namespace
 
-QString SendMailTo(const std::vector<CAddressRecord*>& records) {
+QString SendMailTo(const std::vector<CAddressRecord*>& records, CAddressTable& table) {
     std::vector<CEmailAddress> recipients;
     for (const CAddressRecord* record : records) {
-        const CString address = MailAddressOf(*record);
+        const CString address = MailAddressOf(*record, table);
         if (!address.IsEmpty()) recipients.emplace_back("", address);
     }
     if (recipients.empty()) return Text("None of the selected entries has a mail address.");
-    CMapiMailer mailer;
-    if (!mailer.Initialize()) return NoLibrary();
-    return Refusal(mailer.SendMailWithUI(nullptr, nullptr, recipients.size(), recipients.data()));
+    return Write(recipients);
+}
+
+QString WriteMailTo(const QString& address) {
+    std::vector<CEmailAddress> recipients;
+    recipients.emplace_back("", FromQt(address));
+    return Write(recipients);
 }
 
 QString SendAsCards(const std::vector<CAddressRecord*>& records, CAddressTable& table) {

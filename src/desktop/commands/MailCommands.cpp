@@ -16,7 +16,9 @@ void MailCommands::Send(const std::function<QString(const std::vector<CAddressRe
 }
 
 void MailCommands::SendMailToSelected() {
-    Send(SendMailTo);
+    Send([this](const std::vector<CAddressRecord*>& records) {
+        return SendMailTo(records, m_context.Session().Addresses());
+    });
 }
 
 void MailCommands::SendSelectedAsCards() {

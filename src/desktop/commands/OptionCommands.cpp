@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include <desktop/commands/OptionCommands.h>
 #include <desktop/dialogs/NamesDialog.h>
+#include <desktop/options/Appearance.h>
 #include <desktop/options/OptionsDialog.h>
 #include <desktop/security/PasswordDialogs.h>
 #include <desktop/texts/Texts.h>
-#include <desktop/options/Appearance.h>
 #include <host/HostOptions.h>
 #include <platform/settings/SettingsStore.h>
 

@@ -39,6 +39,7 @@ DesktopWindow::DesktopWindow(StoreSession& session, COrvoDesktopOptions& options
       m_menus(m_context, m_commands),
       m_contextMenu(m_context),
       m_kana(m_frame),
+      m_details(m_context),
       m_reminder(session.History().Engine(), options,
                  [this](const QString& title, const QString& body) {
                      ShowNotification(*this, title, body);
@@ -73,10 +74,12 @@ bool DesktopWindow::Open(const WindowSettings& settings) {
     m_frame.Addresses().SetOrder(settings.addressOrder);
     m_frame.ToDos().SetOrder(static_cast<eSortOrder>(settings.toDoOrder));
     m_toolBar.Make();
-    m_menus.Make(m_toolBar.ViewActions());
+    m_details.PutInto(*this);
+    m_menus.Make(m_toolBar.ViewActions(), m_details.Actions());
     m_contextMenu.AddKey();
     m_counts.PutInto(*statusBar());
     if (!settings.geometry.isEmpty()) restoreGeometry(settings.geometry);
+    if (!settings.panes.isEmpty()) restoreState(settings.panes);
     m_frame.Listeners().changed = [this] { ShowChange(); };
     ShowView(settings.view);
     return true;
@@ -122,6 +125,7 @@ void DesktopWindow::ShowCounts() {
     m_counts.Show(m_frame.Entries());
     m_kana.Show();
     m_menus.EnableSelection();
+    m_details.Show();
 }
 
 // Asks once for each time that the store goes.
@@ -160,6 +164,7 @@ void DesktopWindow::Save() {
     m_frame.SaveHeadings();
     WindowSettings settings;
     settings.geometry = saveGeometry();
+    settings.panes = saveState();
     settings.view = m_frame.Shown();
     settings.addressOrder = static_cast<int>(m_frame.Addresses().Order());
     settings.toDoOrder = m_frame.ToDos().Order();

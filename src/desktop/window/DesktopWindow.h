@@ -13,6 +13,7 @@
 #include <desktop/window/ContextMenu.h>
 #include <desktop/window/KanaPane.h>
 #include <desktop/window/MainMenus.h>
+#include <desktop/window/ShownDetails.h>
 #include <desktop/window/StatusCounts.h>
 #include <desktop/window/ToolBar.h>
 #include <desktop/window/WindowSettings.h>
@@ -72,6 +73,7 @@ private:
     ContextMenu m_contextMenu;
     StatusCounts m_counts;
     KanaPane m_kana;
+    ShownDetails m_details;
     QTimer m_countTimer;    // runs while the counts are out of date
     QTimer m_foreignTimer;  // runs in a session
     QTimer m_offerTimer;    // runs until a kept form can be offered

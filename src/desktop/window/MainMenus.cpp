@@ -15,10 +15,10 @@ MainMenus::~MainMenus() {
     m_context.Session().History().SetListener(nullptr);
 }
 
-void MainMenus::Make(const QList<QAction*>& views) {
+void MainMenus::Make(const QList<QAction*>& views, const QList<QAction*>& panes) {
     MakeFileMenu();
     MakeEditMenu();
-    MakeViewMenu(views);
+    MakeViewMenu(views, panes);
     MakeAddressMenu();
     MakeToDoMenu();
     SetLocator(*m_addressActions.front(), ORVO_ITEM_SEND_MAIL);
@@ -79,9 +79,11 @@ QAction* MainMenus::AddCommand(QMenu& menu, const QString& text, const char* key
     return action;
 }
 
-void MainMenus::MakeViewMenu(const QList<QAction*>& views) {
+void MainMenus::MakeViewMenu(const QList<QAction*>& views, const QList<QAction*>& panes) {
     QMenu& view = AddMenu(Untranslated("&View"), ORVO_MENU_VIEW);
     view.addActions(views);
+    view.addSeparator();
+    view.addActions(panes);
     view.addSeparator();
     QMenu& columns = *view.addMenu(Text("C&olumns"));
     QObject::connect(&columns, &QMenu::aboutToShow, &columns,

@@ -41,6 +41,7 @@ ToolBar::~ToolBar() {
 
 void ToolBar::Make() {
     QToolBar& bar = *m_context.Window().addToolBar(Text("Tools"));
+    bar.setObjectName("tools");
     bar.setMovable(false);
     bar.setContextMenuPolicy(Qt::PreventContextMenu);
     AddLookup(bar);

@@ -12,6 +12,7 @@ namespace {
 
 constexpr const char* kSection = "DesktopWindow";
 constexpr const char* kGeometryKey = "Geometry";
+constexpr const char* kPanesKey = "Panes";
 constexpr const char* kViewKey = "View";
 constexpr const char* kAddressOrderKey = "AddressOrder";
 constexpr const char* kToDoOrderKey = "ToDoOrder";
@@ -21,13 +22,17 @@ int NumberOf(const char* key, int least, int most, int other) {
     return number < least || number > most ? other : number;
 }
 
+QByteArray BytesOf(const char* key) {
+    const CString text = OUIGetProfileString(kSection, key, "");
+    return QByteArray::fromHex(QByteArray(text.View().data(), text.GetLength()));
+}
+
 }  // namespace
 
 WindowSettings WindowSettings::Load() {
     WindowSettings settings;
-    const CString geometry = OUIGetProfileString(kSection, kGeometryKey, "");
-    settings.geometry =
-        QByteArray::fromHex(QByteArray(geometry.View().data(), geometry.GetLength()));
+    settings.geometry = BytesOf(kGeometryKey);
+    settings.panes = BytesOf(kPanesKey);
     const CString view = OUIGetProfileString(kSection, kViewKey, "");
     for (const ViewName& row : kViewNames) {
         if (view.View() == row.name) settings.view = row.kind;
@@ -40,6 +45,7 @@ WindowSettings WindowSettings::Load() {
 
 void WindowSettings::Save() const {
     OUIWriteProfileString(kSection, kGeometryKey, geometry.toHex().constData());
+    OUIWriteProfileString(kSection, kPanesKey, panes.toHex().constData());
     for (const ViewName& row : kViewNames) {
         if (view == row.kind) OUIWriteProfileString(kSection, kViewKey, row.name);
     }

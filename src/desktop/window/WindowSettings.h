@@ -10,6 +10,7 @@ namespace orvo::desktop {
 
 struct WindowSettings {
     QByteArray geometry;  // of the main window, as Qt saves it; empty the first time
+    QByteArray panes;     // the same of its panes and bars
     ViewKind view = ViewKind::List;
     int addressOrder = 1;  // kListByCompany or kListByName
     int toDoOrder = 0;     // eSortOrder

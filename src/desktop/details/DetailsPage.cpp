@@ -1,0 +1,154 @@
+// A person as a page: a heading, and below it a line for each detail.
+// SPDX-License-Identifier: MIT
+#include <QDate>
+#include <QLocale>
+#include <QRegularExpression>
+#include <QStringList>
+#include <people/DetailLinks.h>
+
+#include <desktop/details/DetailsPage.h>
+#include <desktop/texts/Texts.h>
+
+namespace orvo::desktop {
+namespace {
+
+QString Escaped(const QString& text) {
+    return text.toHtmlEscaped().replace('\n', "<br>");
+}
+
+QString Linked(const QString& text, const std::string& link) {
+    if (link.empty()) return Escaped(text);
+    return QString("<a href=\"%1\">%2</a>").arg(FromUtf8(link).toHtmlEscaped(), Escaped(text));
+}
+
+// Addresses of pages and mail addresses within a text lead where they say.
+QString NoteText(const QString& note) {
+    static const QRegularExpression places(
+        R"(\bhttps?://[^\s<>"]+[^\s<>".,;:!?)]|[\w.+-]+@[\w-]+(\.[\w-]+)+)",
+        QRegularExpression::UseUnicodePropertiesOption);
+    QString html;
+    qsizetype done = 0;
+    for (auto found = places.globalMatch(note); found.hasNext();) {
+        const QRegularExpressionMatch match = found.next();
+        Detail detail;
+        detail.text = match.captured().toStdString();
+        detail.kind = detail.text.starts_with("http") ? DetailKind::Page : DetailKind::Email;
+        html += Escaped(note.mid(done, match.capturedStart() - done));
+        html += Linked(match.captured(), LinkOf(detail));
+        done = match.capturedEnd();
+    }
+    return html + Escaped(note.mid(done));
+}
+
+class Page {
+public:
+    Page(const PageOfPerson& content, const QColor& quiet)
+        : m_content(content), m_quiet(quiet.name()) {}
+
+    QString Html(bool hasPhoto) {
+        const Person& person = m_content.person;
+        AddHeading(hasPhoto);
+        m_html += "<table cellspacing=\"0\" cellpadding=\"2\">";
+        for (const Detail& detail : person.details) AddDetail(detail);
+        for (const auto& [label, text] : m_content.ownFields) AddLine(label, Escaped(text));
+        if (!m_content.category.isEmpty()) AddLine(Text("Category"), Escaped(m_content.category));
+        if (m_content.isPrivate) AddLine(Text("Private"), Escaped(Text("yes")));
+        if (!person.note.empty()) AddLine(Text("Note"), NoteText(FromUtf8(person.note)));
+        m_html += "</table>";
+        return m_html;
+    }
+
+private:
+    void AddHeading(bool hasPhoto) {
+        const Person& person = m_content.person;
+        if (hasPhoto) m_html += "<p><img src=\"photo\"></p>";
+        m_html += QString("<p><big><b>%1</b></big>").arg(Escaped(Heading()));
+        if (!person.name.nickname.empty())
+            AddUnder("\u201c" + FromUtf8(person.name.nickname) + "\u201d");
+        for (const std::string* text : {&person.work.title, &person.work.role,
+                                        &person.work.department, &person.work.company}) {
+            AddUnder(FromUtf8(*text));
+        }
+        if (person.isGroup) AddUnder(Text("Group"));
+        if (person.photo && !hasPhoto) AddPhotoLink(*person.photo);
+        m_html += "</p>";
+    }
+
+    // With prefix, middle names and suffix, where the card has them.
+    QString Heading() const {
+        const PersonName& name = m_content.person.name;
+        const bool hasMore = !(name.prefix + name.middle + name.suffix).empty();
+        return hasMore && !name.full.empty() ? FromUtf8(name.full) : m_content.name;
+    }
+
+    void AddUnder(const QString& text) {
+        if (!text.isEmpty()) m_html += "<br>" + Escaped(text);
+    }
+
+    // A picture elsewhere is never fetched, and one that can't be shown is told of.
+    void AddPhotoLink(const PersonPhoto& photo) {
+        Detail detail;
+        detail.kind = DetailKind::Other;
+        detail.uri = photo.link;
+        m_html += "<br>" + (photo.link.empty() ? Escaped(Text("The photo can't be shown."))
+                                               : Linked(Text("Photo"), LinkOf(detail)));
+    }
+
+    QString TitleOf(const Detail& detail) const {
+        const auto slot = static_cast<std::size_t>(detail.slot);
+        if (slot != 0 && slot <= m_content.labels.size()) return m_content.labels[slot - 1];
+        return FromUtf8(
+            orvo::TitleOf(detail, [](const char* name) { return Text(name).toStdString(); }));
+    }
+
+    void AddDetail(const Detail& detail) {
+        const QString text = detail.date && detail.date->ComesBack()
+                                 ? DayText(*detail.date, Today())
+                                 : FromUtf8(detail.text);
+        AddLine(TitleOf(detail), Linked(text, LinkOf(detail)));
+    }
+
+    void AddLine(const QString& title, const QString& html) {
+        m_html += QString(
+                      "<tr><td align=\"right\"><font color=\"%1\">%2</font>&nbsp;</td>"
+                      "<td>%3</td></tr>")
+                      .arg(m_quiet, Escaped(title), html);
+    }
+
+    const PageOfPerson& m_content;
+    QString m_quiet;
+    QString m_html;
+};
+
+QString SoonText(long days) {
+    if (days == 0) return Text("today");
+    if (days == 1) return Text("tomorrow");
+    return CountText("in %1 day", "in %1 days", days);
+}
+
+}  // namespace
+
+QString DayText(const PersonDate& date, std::chrono::sys_days today) {
+    // A year that holds every day stands in for one that isn't told.
+    constexpr int anyYear = 2000;
+    const QDate day(date.year == 0 ? anyYear : date.year, date.month, date.day);
+    QString format = QLocale().dateFormat(QLocale::LongFormat);
+    static const QRegularExpression weekday(R"(dddd[,،]?\s*)");
+    static const QRegularExpression year(R"([\s,./-]*(de\s+)?y+年?[\s.]*)");
+    format.remove(weekday);
+    if (date.year == 0) format.remove(year);
+    const QString soon = SoonText((NextDay(date, today) - today).count());
+    const std::optional<int> years = YearsAtNextDay(date, today);
+    const QString when = years ? Text("%1 years %2").arg(QLocale().toString(*years), soon) : soon;
+    return QString("%1 (%2)").arg(QLocale().toString(day, format), when);
+}
+
+QString HtmlOf(const PageOfPerson& page, bool hasPhoto, const QColor& quiet) {
+    return Page(page, quiet).Html(hasPhoto);
+}
+
+QString HtmlOf(const QString& line, const QColor& quiet) {
+    return QString("<p><font color=\"%1\">%2</font></p>").arg(quiet.name(), Escaped(line));
+}
+
+}  // namespace orvo::desktop

@@ -1,0 +1,34 @@
+// A person as a page: a heading, and below it a line for each detail.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QColor>
+#include <QString>
+#include <people/Person.h>
+#include <vector>
+
+namespace orvo::desktop {
+
+// What the page says beside what the card does; all in the language of the user.
+struct PageOfPerson {
+    Person person;
+    QString name;                                        // as the list shows it
+    std::vector<QString> labels;                         // of the record's numbers, from slot 1
+    std::vector<std::pair<QString, QString>> ownFields;  // labels and texts that aren't empty
+    QString category;
+    bool isPrivate = false;
+};
+
+// The page in the subset of HTML that Qt shows. All texts of the person are escaped, and links are
+// those of LinkOf alone. Where there is a photo the picture of the name "photo" stands beside the
+// heading. `quiet` is the colour of what heads a line.
+QString HtmlOf(const PageOfPerson& page, bool hasPhoto, const QColor& quiet);
+
+// A page of one line.
+QString HtmlOf(const QString& line, const QColor& quiet);
+
+// A day as the user's country writes it, with how soon it comes back and how many years it will
+// have been: "April 12, 1985 (41 in 137 days)".
+QString DayText(const PersonDate& date, std::chrono::sys_days today);
+
+}  // namespace orvo::desktop

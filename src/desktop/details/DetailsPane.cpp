@@ -1,0 +1,71 @@
+// The pane that shows all that is known of the entry that is selected.
+// SPDX-License-Identifier: MIT
+#include <QPalette>
+#include <QTextDocument>
+#include <utility>
+
+#include <desktop/details/DetailsPane.h>
+#include <desktop/details/PhotoImage.h>
+#include <desktop/texts/Texts.h>
+
+namespace orvo::desktop {
+namespace {
+
+constexpr int kPhotoSide = 128;  // pixels, of a screen without scaling
+constexpr int kLeastWidth = 180;
+
+}  // namespace
+
+void DetailsPane::PutInto(QMainWindow& window, Follow follow) {
+    m_window = &window;
+    m_dock = new QDockWidget(Text("Details"), &window);
+    m_dock->setObjectName("details");
+    m_dock->setAllowedAreas(Qt::RightDockWidgetArea | Qt::BottomDockWidgetArea |
+                            Qt::LeftDockWidgetArea);
+    m_dock->setFeatures(QDockWidget::DockWidgetClosable | QDockWidget::DockWidgetMovable);
+    m_browser = new QTextBrowser(m_dock);
+    m_browser->setAccessibleName(Text("Details"));
+    m_browser->setOpenLinks(false);
+    m_browser->setUndoRedoEnabled(false);
+    m_browser->setMinimumWidth(kLeastWidth);
+    m_browser->setFrameShape(QFrame::NoFrame);
+    QObject::connect(m_browser, &QTextBrowser::anchorClicked, m_browser,
+                     [follow = std::move(follow)](const QUrl& link) { follow(link); });
+    m_dock->setWidget(m_browser);
+    window.addDockWidget(Qt::RightDockWidgetArea, m_dock);
+    QObject::connect(m_dock, &QDockWidget::visibilityChanged, m_dock, [this](bool isShown) {
+        if (isShown && m_shown) m_shown();
+    });
+    m_dock->hide();
+}
+
+void DetailsPane::PutBelow(bool isBelow) {
+    m_window->addDockWidget(isBelow ? Qt::BottomDockWidgetArea : Qt::RightDockWidgetArea, m_dock);
+    m_dock->show();
+}
+
+bool DetailsPane::IsBelow() const {
+    return m_window->dockWidgetArea(m_dock) == Qt::BottomDockWidgetArea;
+}
+
+QColor DetailsPane::Quiet() const {
+    return m_browser->palette().color(QPalette::PlaceholderText);
+}
+
+void DetailsPane::Show(const PageOfPerson& page) {
+    QImage photo;
+    if (page.person.photo && !page.person.photo->bytes.empty()) {
+        const qreal scale = m_browser->devicePixelRatioF();
+        photo = PhotoImage(page.person.photo->bytes, qRound(kPhotoSide * scale));
+        photo.setDevicePixelRatio(scale);
+    }
+    m_browser->clear();
+    m_browser->document()->addResource(QTextDocument::ImageResource, QUrl("photo"), photo);
+    m_browser->setHtml(HtmlOf(page, !photo.isNull(), Quiet()));
+}
+
+void DetailsPane::Show(const QString& line) {
+    m_browser->setHtml(HtmlOf(line, Quiet()));
+}
+
+}  // namespace orvo::desktop

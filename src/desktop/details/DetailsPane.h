@@ -1,0 +1,46 @@
+// The pane that shows all that is known of the entry that is selected.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDockWidget>
+#include <QMainWindow>
+#include <QTextBrowser>
+#include <QUrl>
+#include <functional>
+#include <optional>
+
+#include <desktop/details/DetailsPage.h>
+
+namespace orvo::desktop {
+
+class DetailsPane {
+public:
+    // Called for a link that the user follows; its scheme is one of LinkOf.
+    using Follow = std::function<void(const QUrl& link)>;
+
+    // Adds the pane to the window, hidden; it has a name by which the window keeps its place.
+    void PutInto(QMainWindow& window, Follow follow);
+
+    // Shows or hides it, and puts it below the views or at their right.
+    QAction* ShowAction() const { return m_dock->toggleViewAction(); }
+    void PutBelow(bool isBelow);
+    bool IsBelow() const;
+
+    bool IsShown() const { return m_dock->isVisible(); }
+    // Called when it has become visible.
+    void SetShownListener(std::function<void()> shown) { m_shown = std::move(shown); }
+
+    void Show(const PageOfPerson& page);
+    // One line in place of a person.
+    void Show(const QString& line);
+
+private:
+    QColor Quiet() const;
+
+    QMainWindow* m_window = nullptr;
+    QDockWidget* m_dock = nullptr;      // the window's
+    QTextBrowser* m_browser = nullptr;  // the dock's
+    std::function<void()> m_shown;
+};
+
+}  // namespace orvo::desktop

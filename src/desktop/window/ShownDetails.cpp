@@ -1,0 +1,88 @@
+// What the details pane shows of the views.
+// SPDX-License-Identifier: MIT
+#include <people/PersonReader.h>
+
+#include <desktop/commands/LinkCommands.h>
+#include <desktop/texts/Texts.h>
+#include <desktop/window/ShownDetails.h>
+#include <orvoshare/text/NameText.h>
+#include <platform/qt/QtConvert.h>
+
+namespace orvo::desktop {
+
+void ShownDetails::PutInto(QMainWindow& window) {
+    m_pane.PutInto(window, [this](const QUrl& link) { FollowLink(m_context, link); });
+    m_pane.SetShownListener([this] { Show(); });
+}
+
+QList<QAction*> ShownDetails::Actions() {
+    QAction* shown = m_pane.ShowAction();
+    shown->setText(Text("&Details"));
+    shown->setShortcut(QKeySequence("F9"));
+    m_below = new QAction(Text("Details &below"), &m_context.Window());
+    m_below->setCheckable(true);
+    QObject::connect(m_below, &QAction::triggered, m_below,
+                     [this](bool isBelow) { m_pane.PutBelow(isBelow); });
+    return {shown, m_below};
+}
+
+void ShownDetails::Show() {
+    if (!m_pane.IsShown()) return;
+    if (m_below) m_below->setChecked(m_pane.IsBelow());
+    ShownEntries& entries = m_context.Frame().Entries();
+    if (entries.SelectedCount() != 1) {
+        m_pane.Show(Text("Select one entry to see all that is known of it."));
+        return;
+    }
+    const std::vector<CBaseRecord*> records = entries.SelectedRecords(WayOut::View);
+    if (records.empty()) {
+        m_pane.Show(Text("Private entry"));
+    } else if (auto* address = dynamic_cast<CAddressRecord*>(records.front())) {
+        ShowAddress(*address);
+    } else if (const auto* toDo = dynamic_cast<CToDoRecord*>(records.front())) {
+        ShowToDo(*toDo);
+    }
+}
+
+QString ShownDetails::CategoryOf(const CBaseRecord& record) const {
+    int index = kNoCategory;
+    record.GetCategoryId(index);
+    CCategory* category = nullptr;
+    record.GetTable().GetCategoryManager()->FindIndex(index, category);
+    return category && index != kNoCategory ? FromUtf8(category->ShownUtf8()) : QString();
+}
+
+void ShownDetails::ShowAddress(CAddressRecord& record) {
+    CAddressTable& table = m_context.Session().Addresses();
+    PageOfPerson page;
+    std::string loss;
+    page.person = ReadPerson(record, table, loss);
+    CString name;
+    FormatName(&record, name);
+    page.name = ToQt(name.View());
+    for (long slot = 1; slot <= kPhoneSlots; ++slot) {
+        long label = 0;
+        record.GetPhoneLabelID(slot, label);
+        page.labels.push_back(ToQt(table.GetPhoneLabel(label).View()));
+    }
+    for (int number = 1; number <= kCustomFields; ++number) {
+        const QString text = FromUtf8(record.Utf8(CustomField(number)));
+        if (text.isEmpty()) continue;
+        page.ownFields.emplace_back(ToQt(table.GetCustomLabel(number).View()), text);
+    }
+    page.category = CategoryOf(record);
+    page.isPrivate = record.IsPrivate() != 0;
+    m_pane.Show(page);
+    if (!loss.empty()) m_context.ReportProblem(loss);
+}
+
+void ShownDetails::ShowToDo(const CToDoRecord& record) {
+    PageOfPerson page;
+    page.name = FromUtf8(record.DescriptionUtf8());
+    record.GetNoteUtf8(page.person.note);
+    page.category = CategoryOf(record);
+    page.isPrivate = record.IsPrivate() != 0;
+    m_pane.Show(page);
+}
+
+}  // namespace orvo::desktop
