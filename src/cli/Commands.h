@@ -30,6 +30,7 @@ void AddExchangeCommands(CLI::App& app, Invocation& invocation);   // import, ex
 void AddAddressesCommands(CLI::App& app, Invocation& invocation);  // addresses, compare
 void AddCardCommands(CLI::App& app, Invocation& invocation);       // card, cards
 void AddViewCommands(CLI::App& app, Invocation& invocation);       // lookup, tip, heading, category
+void AddBirthdaysCommand(CLI::App& app, Invocation& invocation);   // birthdays
 void AddFindCommand(CLI::App& app, Invocation& invocation);        // find
 void AddTodosCommand(CLI::App& app, Invocation& invocation);       // todos
 void AddTodoCommands(CLI::App& app, Invocation& invocation);       // todo

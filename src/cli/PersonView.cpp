@@ -43,7 +43,7 @@ std::string DayText(const Detail& detail) {
     return years ? fmt::format("  ({} {})", *years, when) : fmt::format("  ({})", when);
 }
 
-Json DetailJson(const Detail& detail) {
+Json DetailAsJson(const Detail& detail) {
     Json json{{"kind", NameOf(detail.kind)}, {"text", detail.text}};
     for (const DetailWord word : detail.words) json["words"].push_back(NameOf(word));
     const std::array<std::pair<const char*, const std::string*>, 4> texts{
@@ -84,7 +84,8 @@ void PrintPerson(const Person& person) {
     }
 }
 
-void AddPerson(const Person& person, Json& json) {
+Json PersonAsJson(const Person& person) {
+    Json json;
     for (const CardText& text : kCardTexts) json[text.key] = text.of(person);
     json["group"] = person.isGroup;
     if (person.photo) {
@@ -92,7 +93,8 @@ void AddPerson(const Person& person, Json& json) {
         if (!person.photo->link.empty()) json["photo"]["link"] = person.photo->link;
     }
     json["details"] = Json::array();
-    for (const Detail& detail : person.details) json["details"].push_back(DetailJson(detail));
+    for (const Detail& detail : person.details) json["details"].push_back(DetailAsJson(detail));
+    return json;
 }
 
 }  // namespace orvo::cli

@@ -16,8 +16,8 @@ void PrintField(const std::string& title, std::string text);
 // All that no field of the record shows.
 void PrintPerson(const Person& person);
 
-// The same and the numbers of the record, one object each, under "details"; and the parts of the
-// name, "department", "role", "photo", "members".
-void AddPerson(const Person& person, Json& json);
+// The same and what the fields show: the parts of the name, "department", "role", "photo", and an
+// object for each detail under "details".
+Json PersonAsJson(const Person& person);
 
 }  // namespace orvo::cli

@@ -156,7 +156,7 @@ int Show(Store& store, std::int64_t id, bool json) {
         PrintMasked(*record, json);
     } else if (json) {
         Json all = AsJson(store, *record, code);
-        AddPerson(PersonOf(store, *record, code), all);
+        all["person"] = PersonAsJson(PersonOf(store, *record, code));
         PrintJson(all);
     } else {
         PrintAsText(store, *record, code);

@@ -88,6 +88,7 @@ int Run(int count, char** arguments) {
     AddGlobalOptions(app, invocation);
     AddExchangeCommands(app, invocation);
     AddFindCommand(app, invocation);
+    AddBirthdaysCommand(app, invocation);
     AddAddressesCommands(app, invocation);
     AddCardCommands(app, invocation);
     AddViewCommands(app, invocation);

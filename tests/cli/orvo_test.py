@@ -166,19 +166,41 @@ class OrvoTest(CommandTest):
             "--title Dr. --city X --state Y --zip Z --country PL --phone2 123 --label2 Fax --display-phone 2 "
             "--custom4 four --note 'a note' --category Friends --private yes --address", "Street 1\nYard"), "added 1\n")
         shown = self.rows("show 1")[0]
+        person = shown.pop("person")
         self.assertEqual(shown, {
             "id": 1, "name": "Łęcki", "first": "Jan", "company": "Acme", "nameYomi": "a", "firstYomi": "b",
             "companyYomi": "c", "title": "Dr.", "address": "Street 1\nYard", "city": "X", "state": "Y", "zip": "Z",
             "country": "PL", "phones": [{"slot": 2, "labelId": 3, "label": "Fax", "text": "123"}], "displayPhone": 2,
             "custom": ["", "", "", "four"], "note": "a note", "category": "Friends", "private": True, "archived": False})
         self.orvo("edit 1 --city '' --private no")
-        self.assertEqual(self.rows("show 1"), [{**shown, "city": "", "private": False}])
+        person["details"][1]["text"] = "Street 1\nYard\nY Z\nPL"
+        self.assertEqual(self.rows("show 1"), [{**shown, "city": "", "private": False, "person": person}])
         self.orvo("edit 1 --category ''")
         self.assertEqual(self.values("category", "show 1"), ["Uncategorized"])
         self.refused("edit 1 --label1 'no such label'")
         self.orvo("delete 1")
         self.orvo("show 1", code=1)
         self.orvo("edit 1 --city X", code=1)
+
+    def test_what_only_the_card_holds_is_shown_and_found(self):
+        self.import_text(card("Lee", "Ann", "BDAY:1985-04-12\r\nTEL:+1 (617) 555-0142\r\nX-ICQ:77\r\nNOTE:süß\r\n"))
+        self.orvo("add --name Kim --private yes --note suess")
+        self.orvo("todo add 'Call Ann Lee'")
+        shown = self.orvo("--now 2026-04-11 show 1")
+        for line in ("Birthday:            1985-04-12  (41 tomorrow)", "ICQ:                 77"):
+            self.assertIn(line + "\n", shown)
+        for words, names in (("SUSS", ["Lee"]), ("617 5550142", ["Lee"]), ("icq ann", ["Lee"]), ("suess", ["Kim"])):
+            self.assertEqual(self.values("name", f"find {words}"), names, words)
+        self.assertEqual(len(self.rows("find lee ann")), 2)
+        self.assertEqual(self.values("description", "find --todos ann"), ["Call Ann Lee"])
+        born = {"id": 1, "name": "Lee, Ann", "birthday": "1985-04-12", "days": 1, "turns": 41}
+        self.assertEqual(self.rows("--now 2026-04-11 birthdays --days 1"), [born])
+        self.orvo("--now 2026-04-11 birthdays --days 0", code=1)
+        self.orvo("birthdays --export", self.folder / "b.ics")
+        calendar = (self.folder / "b.ics").read_text()
+        self.assertIn("DTSTART;VALUE=DATE:19850412\nRRULE:FREQ=YEARLY\nSUMMARY:Lee\\, Ann\n", calendar)
+        self.orvo("options --set masking-private yes")
+        self.assertIn("nothing holds", self.refused("find suess", code=1))
 
     def todos(self, options="", key="id"):
         return self.values(key, f"--now 2026-03-14T12:00 todos {options}")
