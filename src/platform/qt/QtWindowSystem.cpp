@@ -125,7 +125,8 @@ std::unique_ptr<Canvas> QtWindowSystem::MakeMeasuringCanvas() {
 std::unique_ptr<FileDialogPeer> QtWindowSystem::MakeFileDialogPeer(const PeerPlace& place,
                                                                    const FileDialogSetup& setup) {
     QWidget* parent = QtWidgetState::ParentWidget(place);
-    return std::make_unique<QtFileDialogPeer>(m_state->input, parent ? parent : ActiveWindow(), setup);
+    return std::make_unique<QtFileDialogPeer>(m_state->input, parent ? parent : ActiveWindow(),
+                                              setup);
 }
 
 void QtWindowSystem::WakeUp() {
