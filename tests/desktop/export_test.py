@@ -60,6 +60,9 @@ class MailTest(OutTest):
         self.add("Adams", first="Ada", phone5="ada@example.org")
         self.add("Baker", phone1="+1 617 555 0142")
         self.add("Cole',bcc='evil@x.org")
+        numbers = "".join(f"TEL:555010{number}\n" for number in range(6))
+        self.home.orvo("import", self.file("sixth.vcf", "BEGIN:VCARD\nVERSION:3.0\nN:Dale\n" + numbers
+                                           + "EMAIL:dale@example.org\nEND:VCARD\n"))
         self.start(**self.mail.environment)
 
     def sent(self, typed, *keys):
@@ -71,6 +74,9 @@ class MailTest(OutTest):
 
     def test_mail_goes_to_the_address_of_the_selected(self):
         self.assertEqual(self.sent("ada", "ctrl+m"), ("ada@example.org", {}))
+
+    def test_mail_goes_to_an_address_that_only_the_card_holds(self):
+        self.assertEqual(self.sent("dal", "ctrl+m"), ("dale@example.org", {}))
 
     def test_a_card_goes_as_an_attachment_under_its_name(self):
         # The second of the commands for selected people.

@@ -48,7 +48,7 @@ public:
     QString Html(bool hasPhoto) {
         const Person& person = m_content.person;
         AddHeading(hasPhoto);
-        m_html += "<table cellspacing=\"0\" cellpadding=\"2\">";
+        m_html += "<table cellspacing=\"0\" cellpadding=\"2\" style=\"margin-top:8px\">";
         for (const Detail& detail : person.details) AddDetail(detail);
         for (const auto& [label, text] : m_content.ownFields) AddLine(label, Escaped(text));
         if (!m_content.category.isEmpty()) AddLine(Text("Category"), Escaped(m_content.category));
@@ -134,7 +134,7 @@ QString DayText(const PersonDate& date, std::chrono::sys_days today) {
     const QDate day(date.year == 0 ? anyYear : date.year, date.month, date.day);
     QString format = QLocale().dateFormat(QLocale::LongFormat);
     static const QRegularExpression weekday(R"(dddd[,،]?\s*)");
-    static const QRegularExpression year(R"([\s,./-]*(de\s+)?y+年?[\s.]*)");
+    static const QRegularExpression year(R"([\s,./-]*('de'\s+)?y+年?[\s.]*)");
     format.remove(weekday);
     if (date.year == 0) format.remove(year);
     const QString soon = SoonText((NextDay(date, today) - today).count());

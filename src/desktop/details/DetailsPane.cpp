@@ -49,7 +49,11 @@ bool DetailsPane::IsBelow() const {
 }
 
 QColor DetailsPane::Quiet() const {
-    return m_browser->palette().color(QPalette::PlaceholderText);
+    const QColor text = m_browser->palette().color(QPalette::Text);
+    const QColor ground = m_browser->palette().color(QPalette::Base);
+    const auto between = [](int near, int far) { return (2 * near + far) / 3; };
+    return {between(text.red(), ground.red()), between(text.green(), ground.green()),
+            between(text.blue(), ground.blue())};
 }
 
 void DetailsPane::Show(const PageOfPerson& page) {
