@@ -37,28 +37,27 @@ TEST_F(RecordListContract, ThePopupOfCategoriesOpensBelowItsRow) {
     ShowThree();
     OpenAndClose(1, kCategoryColumn);
 
-    EXPECT_THAT(MenuItems(),
-                testing::ElementsAre("1574 Uncategorized", "1575 Business", "1576 Personal"));
+    EXPECT_THAT(MenuItems(), ElementsAre("1574 Uncategorized", "1575 Business", "1576 Personal"));
     const ShownMenu& menu = system.Menus().back();
     CRect row;
     view->GetItemRect(1, &row, LVIR_BOUNDS);
     EXPECT_EQ(menu.point, (CPoint{10 + Cell(1, kCategoryColumn).x, 20 + row.bottom}));
     EXPECT_EQ(menu.flags, 0x106U);
     EXPECT_EQ(menu.owner, &owner);
-    EXPECT_THAT(owner.told, testing::IsEmpty()) << "a closed menu tells nothing";
+    EXPECT_THAT(owner.told, IsEmpty()) << "a closed menu tells nothing";
 
     SetCombo(nullptr);
     OpenAndClose(1, kCategoryColumn);
-    EXPECT_THAT(MenuItems(), testing::IsEmpty()) << "without a box of categories";
+    EXPECT_THAT(MenuItems(), IsEmpty()) << "without a box of categories";
 }
 
 TEST_F(RecordListContract, OnlyTheOneSelectedRowIsEditedAndNotBehindItsMask) {
     ShowThree();
     Click(0, kNameColumn);
     Click(1, kCategoryColumn, MK_CONTROL);
-    EXPECT_THAT(Selected(), testing::ElementsAre(0, 1));
+    EXPECT_THAT(Selected(), ElementsAre(0, 1));
     Click(1, kCategoryColumn, MK_CONTROL);
-    EXPECT_THAT(Selected(), testing::ElementsAre(0)) << "one row, but not the clicked one";
+    EXPECT_THAT(Selected(), ElementsAre(0)) << "one row, but not the clicked one";
     system.Click(*view, {Cell(0, kCategoryColumn).x, 290});  // below the rows
     for (const Choice& choice : kChoices) {
         view->SelectAllItems(1);
@@ -69,8 +68,8 @@ TEST_F(RecordListContract, OnlyTheOneSelectedRowIsEditedAndNotBehindItsMask) {
     view->SetMaskPrivate(1);
     for (const Choice& choice : kChoices) Click(0, choice.column);
 
-    EXPECT_THAT(system.Menus(), testing::IsEmpty());
-    EXPECT_THAT(owner.told, testing::IsEmpty());
+    EXPECT_THAT(system.Menus(), IsEmpty());
+    EXPECT_THAT(owner.told, IsEmpty());
     view->SetMaskPrivate(0);
     Choose(0, kToPersonal);
     EXPECT_EQ(CategoryOf(*RecordAt(0)), kPersonal) << "private, but not masked";
@@ -80,7 +79,7 @@ TEST_F(RecordListContract, AChosenCategoryIsStoredShownAndToldUnlessTheRowHasIt)
     ShowThree();
     Choose(1, kToBusiness);
     EXPECT_EQ(changes, 0);
-    EXPECT_THAT(owner.told, testing::IsEmpty());
+    EXPECT_THAT(owner.told, IsEmpty());
 
     OpenAndClose(1, kCategoryColumn);
     view->UpdateWindow();
@@ -90,7 +89,7 @@ TEST_F(RecordListContract, AChosenCategoryIsStoredShownAndToldUnlessTheRowHasIt)
     PumpMessages();
     EXPECT_EQ(CategoryOf(*Stored(RecordAt(1)->GetId())), kPersonal);
     EXPECT_EQ(changes, 1);
-    EXPECT_THAT(owner.told, testing::ElementsAre(kRowChanged));
+    EXPECT_THAT(owner.told, ElementsAre(kRowChanged));
     EXPECT_EQ(Names(), "a b c");
 }
 
@@ -104,7 +103,7 @@ TEST_F(RecordListContract, TheRowGoesWhereOneOtherCategoryIsOnShow) {
 
     EXPECT_EQ(Names(), "b");
     EXPECT_EQ(CategoryOf(*Stored(last)), kPersonal);
-    EXPECT_THAT(owner.told, testing::ElementsAre(kRowGone, kRowGone));
+    EXPECT_THAT(owner.told, ElementsAre(kRowGone, kRowGone));
 }
 
 TEST_F(RecordListContract, ACommandWithoutItsPopupOrForNoCategoryDoesNothing) {
@@ -127,15 +126,11 @@ TEST_F(RecordListContract, ACommandWithoutItsPopupOrForNoCategoryDoesNothing) {
     PumpMessages();
 
     EXPECT_EQ(changes, 0);
-    EXPECT_THAT(owner.told, testing::IsEmpty());
+    EXPECT_THAT(owner.told, IsEmpty());
 }
 
 TEST_F(RecordListContract, ARowThatIsAnothersWhenTheMenuClosesIsLeftAlone) {
-    struct Case {
-        const char* why;
-        std::function<void()> whileOpen;
-    };
-    const Case cases[] = {
+    const std::pair<const char*, std::function<void()>> cases[] = {
         {"filled again", [this] { Fill(); }},
         {"emptied", [this] { Empty(); }},
         {"a row came before it", [this] { InsertFirst("x"); }},
@@ -143,16 +138,16 @@ TEST_F(RecordListContract, ARowThatIsAnothersWhenTheMenuClosesIsLeftAlone) {
         {"its records were freed", [this] { view->SendMessage(WM_DESTROY); }},
         {"the window went", [this] { view->DestroyWindow(); }},
     };
-    for (const Case& each : cases) {
+    for (const auto& [why, whileOpen] : cases) {
         for (const Choice& choice : kChoices) {
             if (choice.command == 0) continue;
             ShowThree();
-            system.whileOpen = each.whileOpen;
+            system.whileOpen = whileOpen;
 
             Choose(1, choice);
 
-            EXPECT_EQ(changes, 0) << each.why << ' ' << choice.command;
-            EXPECT_THAT(owner.told, testing::IsEmpty()) << each.why << ' ' << choice.command;
+            EXPECT_EQ(changes, 0) << why << ' ' << choice.command;
+            EXPECT_THAT(owner.told, IsEmpty()) << why << ' ' << choice.command;
         }
     }
 }
@@ -166,7 +161,7 @@ TEST_F(RecordListContract, AListenerMayTakeTheRowOutFirst) {
         Choose(1, choice);
 
         EXPECT_EQ(Names(), "a c") << choice.column;
-        EXPECT_THAT(owner.told, testing::ElementsAre(kRowGone)) << choice.column;
+        EXPECT_THAT(owner.told, ElementsAre(kRowGone)) << choice.column;
     }
 }
 
@@ -179,7 +174,7 @@ TEST_F(RecordListContract, ARefusedChangeLeavesTheRowAndTellsNothing) {
         Choose(1, choice);
 
         EXPECT_EQ(Names(), "a b c") << choice.column;
-        EXPECT_THAT(owner.told, testing::IsEmpty()) << choice.column;
+        EXPECT_THAT(owner.told, IsEmpty()) << choice.column;
     }
 }
 
@@ -194,8 +189,8 @@ TEST_F(RecordListContract, TheOwnerThatWasSetIsToldAlsoOfReturnWhichGoesNoFurthe
     system.PressKey(VK_RETURN, {VK_MENU});
     system.PressKey(VK_SPACE, {VK_MENU});
 
-    EXPECT_THAT(other.told, testing::ElementsAre(kRowChanged, kReturnTold, kReturnTold));
-    EXPECT_THAT(owner.told, testing::IsEmpty());
+    EXPECT_THAT(other.told, ElementsAre(kRowChanged, kReturnTold, kReturnTold));
+    EXPECT_THAT(owner.told, IsEmpty());
     EXPECT_THAT(owner.notified, testing::Not(testing::Contains(NM_RETURN)));
     EXPECT_EQ(system.Menus()[0].owner, &owner) << "the menu is the parent's";
 }
@@ -236,20 +231,15 @@ TEST_F(RecordListContract, MarksStandInTheMiddleOfTheRowWithoutTheirRed) {
     }
     record->SetNote("a note");
     record->SetPrivate(1);
-    struct Row {
-        int id, selected;
-        const CBitmap& bitmap;
-        CRect cell;
-        int top;
-    };
-    const Row rows[] = {{kNoteColumn, 0, note, {10, 20, 200, 45}, 24},  // (25 - 16) / 2 is 4
-                        {kPrivateColumn, 1, padlock, {10, 20, 200, 45}, 24},
-                        {kNoteColumn, 0, note, {10, 20, 30, 33}, 19}};  // -3 / 2 is -1
-    for (const Row& row : rows) {
-        const Recording drawn = Draw(record.get(), row.id, row.cell, row.selected);
-        ASSERT_EQ(drawn.size(), 1U) << row.id;
-        EXPECT_EQ(drawn[0].bitmap, row.bitmap) << row.id;
-        EXPECT_EQ(drawn[0].rect.TopLeft(), (CPoint{10, row.top}));
+    const std::tuple<int, int, const CBitmap&, CRect, int> rows[] = {
+        {kNoteColumn, 0, note, {10, 20, 200, 45}, 24},  // (25 - 16) / 2 is 4
+        {kPrivateColumn, 1, padlock, {10, 20, 200, 45}, 24},
+        {kNoteColumn, 0, note, {10, 20, 30, 33}, 19}};  // -3 / 2 is -1
+    for (const auto& [id, selected, bitmap, cell, top] : rows) {
+        const Recording drawn = Draw(record.get(), id, cell, selected);
+        ASSERT_EQ(drawn.size(), 1U) << id;
+        EXPECT_EQ(drawn[0].bitmap, bitmap) << id;
+        EXPECT_EQ(drawn[0].rect.TopLeft(), (CPoint{10, top}));
         EXPECT_EQ(drawn[0].clear, kRed);
     }
 }
@@ -309,7 +299,7 @@ TEST_F(RecordListContract, WithoutSectionColumnsOrWindowNothingIsReadOrSaved) {
     EXPECT_EQ(view->ReadHeaderColumnInfo(nullptr, 0), 0);
     OUIWriteProfileString(kSection, kHeadingKey, "(0) 1 2");
     EXPECT_EQ(view->ReadHeaderColumnInfo(kSection, 0), 0);
-    EXPECT_THAT(view->GetShownColumns(), testing::IsEmpty());
+    EXPECT_THAT(view->GetShownColumns(), IsEmpty());
     EXPECT_EQ(view->WriteHeaderColumnInfo(kSection), 0) << "no column is shown";
     view->ShowColumn(kNameColumn, -1);
     EXPECT_EQ(view->WriteHeaderColumnInfo(nullptr), 0);

@@ -3,12 +3,7 @@
 #pragma once
 
 #include <functional>
-#include <memory>
-#include <string>
-#include <vector>
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include <tuple>
 
 #include <contract/FaultyEngine.h>
 #include <contract/RecordValues.h>

@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include <tuple>
 
-#include <gtest/gtest.h>
-
 #include <contracts/TextServices.h>
 #include <platform/text/CodePage.h>
 #include <platform/text/SystemText.h>
@@ -73,6 +71,8 @@ TEST(RemoveLeadingSpacesEx, LeavesTheStartOfTheFirstLineWithText) {
         {"ends at a tab", 65001, "a\tb", "a"},
         {"a line feed alone stays", 65001, "a\nb", "a\nb"},
         {"a vertical tab is no blank", 65001, "\va", "\va"},
+        {"nor is a wide one", 65001, "　a", "　a"},
+        {"nor one of two bytes", 932, "\x81\x40z", "\x81\x40z"},
         {"only white space", 65001, " \t\r\n", ""},
         {"nothing", 65001, "", ""},
         {"256 bytes fit", 65001, longText, longText},

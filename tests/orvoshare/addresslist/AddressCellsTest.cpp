@@ -1,5 +1,6 @@
-// What the cells of an address list show.
+// What the cells of an address list show, and names shortened to a width: 8 pixels a character.
 // SPDX-License-Identifier: MIT
+#include <contracts/TextServices.h>
 #include <orvoshare/addresslist/AddressListFixture.h>
 
 namespace orvo {
@@ -32,11 +33,7 @@ TEST_F(AddressCells, EachTextColumnShowsItsField) {
     record->SetCategoryId(kPersonal);
     record->SetDisplayPhone(3);
     record->SetPhoneLabelID(5, kMobile);
-    struct Row {
-        int id;
-        const char* want;
-    };
-    constexpr Row kRows[] = {
+    constexpr std::pair<int, const char*> kRows[] = {
         {AddressColumn::Name, "Lee, Ann"},
         {AddressColumn::Title, "Chief"},
         {AddressColumn::Company, "Acme"},
@@ -51,9 +48,9 @@ TEST_F(AddressCells, EachTextColumnShowsItsField) {
         {AddressColumn::FirstPhone + 1, ""},  // an empty number
         {AddressColumn::FirstPhone + 7, ""},  // a label of no slot
     };
-    for (const Row& row : kRows) {
-        EXPECT_EQ(TextOf(*record, row.id), row.want) << row.id;
-        EXPECT_EQ(Draw(record.get(), row.id).empty(), *row.want == '\0') << row.id;
+    for (const auto& [id, want] : kRows) {
+        EXPECT_EQ(TextOf(*record, id), want) << id;
+        EXPECT_EQ(Draw(record.get(), id).empty(), *want == '\0') << id;
     }
     for (const int id : {-1, 12, 16, AddressColumn::FirstPhone + 8}) {
         const AddressCell cell = view->GetCell(record.get(), id);
@@ -77,27 +74,21 @@ TEST_F(AddressCells, ACellIsKnownWithoutAWindow) {
 }
 
 TEST_F(AddressCells, TheNoteTitleHasTheFirstLinesOfBothNames) {
-    struct Row {
-        const char *first, *name, *want;
-    };
-    constexpr Row kRows[] = {
+    constexpr const char* kRows[][3] = {
         {"Ann", "Lee", "Ann Lee"}, {"Ann", "", "Ann "},
         {"", "Lee", "Lee"},        {"", "", ""},
         {"\nAnn", "Lee", " Lee"},  {"Ann\r\nB", "Lee\nC", "Ann Lee"},
     };
-    for (const Row& row : kRows) {
-        const auto record = Make({{First, row.first}, {Name, row.name}, {Company, "Acme"}});
-        EXPECT_EQ(view->GetNoteTitle(record.get()), row.want);
+    for (const auto& [first, name, want] : kRows) {
+        const auto record = Make({{First, first}, {Name, name}, {Company, "Acme"}});
+        EXPECT_EQ(view->GetNoteTitle(record.get()), want);
     }
     EXPECT_EQ(view->GetNoteTitle(nullptr), "");
 }
 
 TEST_F(AddressCells, APhoneEndsInTheFirstCharacterOfItsLabel) {
-    struct Row {
-        const char *why, *label, *phone, *want;
-        const char* japanese;  // where it differs
-    };
-    constexpr Row kRows[] = {
+    // The last one stands where it differs under the Japanese page.
+    constexpr const char* kRows[][5] = {
         {"the first letter, as a capital", "work:", "555", "555 (W)", nullptr},
         {"a digit", "2nd", "555", "555 (2)", nullptr},
         {"a kanji", "自宅", "555", "555 (自)", nullptr},
@@ -110,16 +101,16 @@ TEST_F(AddressCells, APhoneEndsInTheFirstCharacterOfItsLabel) {
     };
     for (const LocaleCase& page : kBothCodePages) {
         const LocaleInForce inForce(page.tag, page.codePage);
-        for (const Row& row : kRows) {
-            ASSERT_EQ(table.SetPhoneLabel(kWork, SystemText(row.label)), 0) << row.why;
-            const auto record = Make({{PhoneField(2), row.phone}});
+        for (const auto& [why, label, phone, usual, japanese] : kRows) {
+            ASSERT_EQ(table.SetPhoneLabel(kWork, SystemText(label)), 0) << why;
+            const auto record = Make({{PhoneField(2), phone}});
             const bool isJapanese = page.codePage == kJapaneseCodePage;
-            const char* want = isJapanese && row.japanese ? row.japanese : row.want;
+            const char* want = isJapanese && japanese ? japanese : usual;
 
             CString text("before");
-            EXPECT_EQ(view->FormatPhone(record.get(), 2, kWork, text), *want != '\0') << row.why;
+            EXPECT_EQ(view->FormatPhone(record.get(), 2, kWork, text), *want != '\0') << why;
 
-            EXPECT_EQ(text, SystemText(want)) << row.why;
+            EXPECT_EQ(text, SystemText(want)) << why;
         }
     }
 }
@@ -135,6 +126,61 @@ TEST_F(AddressCells, AnAddressTakesTheFirstLineOfEachPart) {
     EXPECT_EQ(text, "1 Main St, Boston\r\n,     02134   USA");
     EXPECT_EQ(view->FormatAddress(Make({}).get(), text), 0);
     EXPECT_EQ(text, "");
+}
+
+class TruncateName : public AddressListFixture {
+protected:
+    CString Truncated(const char* text, const CAddressRecord& record, int characters) {
+        RecordingCanvas canvas(std::make_shared<Recording>());
+        CDC dc(canvas);
+        CString result = SystemText(text);
+        // Truncating only reads.
+        view->TruncateName(result, const_cast<CAddressRecord*>(&record), &dc, 8 * characters);
+        return result;
+    }
+};
+
+TEST_F(TruncateName, EachHalfHasItsShareOfTheWidth) {
+    constexpr std::tuple<const char*, const char*, const char*, int, const char*> kRows[] = {
+        {"both are long", "Abcdefghij", "Klmnopqrst", 16, "Abcd..., Klmn..."},
+        {"a width that isn't even", "Abcdefghij", "Klmnopqrst", 17, "Abcd..., Klmn..."},
+        {"the first name is long", "Abc", "Klmnopqrstuv", 16, "Abc, Klmnopqr..."},
+        {"the family name is long", "Abcdefghijkl", "Klm", 16, "Abcdefgh..., Klm"},
+        {"room for a separator is kept", "Abcdefghijklmnopq", "", 16, "Abcdefghijk..."},
+    };
+    view->DV_SetListBy(kListByName);
+    EXPECT_EQ(Truncated("fits", *Make({}), 4), "fits");
+    for (const auto& [why, name, first, characters, want] : kRows) {
+        const auto record = Make({{Name, name}, {First, first}});
+        EXPECT_EQ(Truncated("a text that is too long for any of these", *record, characters), want)
+            << why;
+    }
+}
+
+TEST_F(TruncateName, TheListingOrderChoosesTheParts) {
+    constexpr std::tuple<long, const char*, const char*, const char*, const char*> kRows[] = {
+        {kListByName, "Co", "Na", "Fi", "Na, Fi"},  {kListByName, "Co", "Na", "", "Na"},
+        {kListByName, "Co", "", "Fi", "Fi"},        {kListByName, "Co", "", "", "Co"},
+        {kListByName, "", "", "", "-Unn..."},       {kListByCompany, "Co", "Na", "Fi", "Co, Na"},
+        {kListByCompany, "Co", "", "Fi", "Co, Fi"}, {kListByCompany, "Co", "", "", "Co"},
+        {kListByCompany, "", "Na", "Fi", "Na, Fi"}, {kListByCompany, "", "", "Fi", "Fi"},
+        {kListByCompany, "", "", "", "-Unn..."},    {kListByName, "", "  Na", " Fi", "Na, Fi"},
+    };
+    for (const auto& [listBy, company, name, first, want] : kRows) {
+        view->DV_SetListBy(static_cast<int>(listBy));
+        const auto record = Make({{Company, company}, {Name, name}, {First, first}});
+        EXPECT_EQ(Truncated("too long", *record, 7), want) << listBy << company << name << first;
+    }
+}
+
+TEST_F(TruncateName, WideNamesAreCutBetweenCharactersAndJoinedAsTheLocaleDoes) {
+    view->DV_SetListBy(kListByName);
+    const auto record = Make({{Name, "漢字漢字漢字"}, {First, "仮名仮名仮名"}});
+    for (const LocaleCase& page : kBothCodePages) {
+        const LocaleInForce inForce(page.tag, page.codePage);
+        EXPECT_EQ(Truncated("漢字漢字漢字仮名仮名仮名", *record, 16),
+                  FullName(SystemText("仮名..."), SystemText("漢字..."), true));
+    }
 }
 
 }  // namespace

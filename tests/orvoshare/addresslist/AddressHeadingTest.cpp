@@ -29,13 +29,7 @@ TEST_F(AddressHeading, TheCompanyStandsLastByDefaultWhereThatIsAsked) {
 }
 
 TEST_F(AddressHeading, AnUnsoundTextShowsWhatItNamesAndHarmsNothing) {
-    struct Row {
-        const char *why, *text;
-        int result;
-        const char* shown;
-        int companyWidth;
-    };
-    constexpr Row kRows[] = {
+    constexpr std::tuple<const char*, const char*, int, const char*, int> kRows[] = {
         {"nothing behind the count", "(3)", 0, "", 180},
         {"an id that no column has", "(2) 99 100 0 200 (1) 98 50", 1, "(1) 0 200", 180},
         {"a phone column that is gone", "(2) 25 100 0 200 (0)", 1, "(1) 0 200", 180},
@@ -44,13 +38,13 @@ TEST_F(AddressHeading, AnUnsoundTextShowsWhatItNamesAndHarmsNothing) {
         {"a hidden width beyond all measure", "(1) 0 200 (1) 2 99999", 1, "(1) 0 200", 4000},
         {"both shown and hidden", "(1) 2 90 (1) 2 70", 1, "(1) 2 90", 70},
     };
-    for (const Row& row : kRows) {
-        OUIWriteProfileString(kSection, kHeadingKey, row.text);
+    for (const auto& [why, saved, result, shown, companyWidth] : kRows) {
+        OUIWriteProfileString(kSection, kHeadingKey, saved);
         view = Bare();
-        EXPECT_EQ(view->ReadHeaderColumnInfo(kSection, 0), row.result) << row.why;
+        EXPECT_EQ(view->ReadHeaderColumnInfo(kSection, 0), result) << why;
         const CString text = HeadingOf(*view);
-        EXPECT_EQ(text.Left(text.Find(" (")), row.shown) << row.why;
-        EXPECT_EQ(Column(AddressColumn::Company).nWidth, row.companyWidth) << row.why;
+        EXPECT_EQ(text.Left(text.Find(" (")), shown) << why;
+        EXPECT_EQ(Column(AddressColumn::Company).nWidth, companyWidth) << why;
     }
 }
 

@@ -108,15 +108,7 @@ protected:
 };
 
 TEST_F(AddressIcons, ARowShowsPersonBuildingOrMask) {
-    struct Row {
-        const char* why;
-        AddressTexts fields;
-        int mask;
-        bool isPrivate;
-        int image;
-        const char* text;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, AddressTexts, int, bool, int, const char*> rows[] = {
         {"a person", {{Name, "Lee"}, {First, "Ann"}, {Company, "Acme"}}, 0, false, 0, "Lee, Ann"},
         {"a first name alone", {{First, "Ann"}, {Company, "Acme"}}, 0, false, 0, "Ann"},
         {"a company", {{Company, "Acme"}}, 0, false, 1, "Acme"},
@@ -127,12 +119,12 @@ TEST_F(AddressIcons, ARowShowsPersonBuildingOrMask) {
     };
     for (const int mode : {kLargeIconView, kSmallIconView}) {
         view->SetViewMode(mode);
-        for (const Row& row : rows) {
-            ShowOne(row.fields).SetPrivate(row.isPrivate);
-            view->SetMaskPrivate(row.mask);
+        for (const auto& [why, fields, mask, isPrivate, image, text] : rows) {
+            ShowOne(fields).SetPrivate(isPrivate);
+            view->SetMaskPrivate(mask);
             const Answer answer = Ask();
-            EXPECT_EQ(answer.image, row.image) << row.why;
-            EXPECT_EQ(answer.text, row.text) << row.why;
+            EXPECT_EQ(answer.image, image) << why;
+            EXPECT_EQ(answer.text, text) << why;
         }
     }
 }

@@ -5,8 +5,6 @@
 namespace orvo {
 namespace {
 
-using testing::ElementsAre;
-
 class AddressItems : public AddressListFixture {
 protected:
     int InsertSorted(std::string_view name) {

@@ -1,13 +1,12 @@
 // An address in one line.
 // SPDX-License-Identifier: MIT
-#include <gtest/gtest.h>
+#include <tuple>
 
 #include <orvoshare/addresslist/AddressLine.h>
 #include <orvoshare/resources/StringTable.h>
 #include <platform/text/CodePage.h>
 #include <platform/text/SystemText.h>
 #include <support/CodePages.h>
-#include <support/LocaleInForce.h>
 
 namespace orvo {
 namespace {
@@ -58,11 +57,7 @@ TEST(AddressLine, ATranslationMayPlaceItsFiveTextsAndNothingElse) {
     const LocaleInForce english("en-US", kUtf8CodePage);
     const AddressParts parts{"a", "b", "c", "d", "e"};
     const CString usual = AddressLine(parts, kAddressFormat);
-    struct FormRow {
-        const char *why, *form;
-        CString want;
-    };
-    const FormRow rows[] = {
+    const std::tuple<const char*, const char*, CString> rows[] = {
         {"without widths", "%s;%s;%s;%s;%s", "a;b;c;d;e"},
         {"a width of two digits", "%12s %s %s %s %s", "a b c d e"},
         {"text", "%s-%s-%s-%s (%s)", "a-b-c-d (e)"},
@@ -76,7 +71,7 @@ TEST(AddressLine, ATranslationMayPlaceItsFiveTextsAndNothingElse) {
         {"a percent sign at the end", "%s %s %s %s %s%", usual},
         {"empty", "", usual},
     };
-    for (const FormRow& row : rows) EXPECT_EQ(AddressLine(parts, row.form), row.want) << row.why;
+    for (const auto& [why, form, want] : rows) EXPECT_EQ(AddressLine(parts, form), want) << why;
 }
 
 TEST(AddressLine, TheOwnFormIsTheEnglishText) {

@@ -22,14 +22,14 @@ TEST_F(AddressPopup, IsNotForIconsAndRowsWithoutARecord) {
     view->HideColumn(AddressColumn::Name);  // a click on an icon names the first column
     view->SetViewMode(kLargeIconView);
     system.Click(*view, {30, 20});
-    ASSERT_THAT(Selected(), testing::ElementsAre(0));
+    ASSERT_THAT(Selected(), ElementsAre(0));
     EXPECT_FALSE(IsHandAt({30, 20}));
     view->SetViewMode(kReportView);
 
     view->SendMessage(WM_DESTROY);
     Click(0, AddressColumn::Category);
 
-    EXPECT_THAT(system.Menus(), testing::IsEmpty());
+    EXPECT_THAT(system.Menus(), IsEmpty());
 }
 
 TEST_F(AddressPopup, WithoutATableAnyMoreTheChoiceIsDropped) {
@@ -38,7 +38,7 @@ TEST_F(AddressPopup, WithoutATableAnyMoreTheChoiceIsDropped) {
     system.whileOpen = [this] { view->DV_SetAddressTable(nullptr); };
     Choose(0, kToPersonal);
     EXPECT_EQ(CategoryOf(*RecordAt(0)), kNoCategory);
-    EXPECT_THAT(owner.told, testing::IsEmpty());
+    EXPECT_THAT(owner.told, IsEmpty());
 }
 
 }  // namespace

@@ -9,14 +9,8 @@ using enum AddressField;
 
 constexpr AddressField kPhone3 = PhoneField(3);
 
-struct TipRow {
-    const char* why;
-    AddressTexts fields;
-    const char* want;
-};
-
 // Phones 1 to 3 are labelled "M", "" and "W:", custom fields 1 and 4 "B" and "C".
-const std::vector<TipRow> kTips{
+const std::tuple<const char*, AddressTexts, const char*> kTips[] = {
     {"names and company", {{First, "A"}, {Name, "L"}, {Company, "A\tc"}}, "A L\nA    c"},
     {"set off by lines", {{Name, "L"}, {kPhone3, "1"}, {Custom1, "x"}}, "L\n\nW:\t1\n\nB:\tx"},
     {"nothing to tell", {{Title, "Dr"}, {Address, "1 Elm St"}, {NameYomi, "x"}}, ""},
@@ -61,22 +55,22 @@ protected:
 TEST_P(AddressTip, HoldsTheWholeRecordInLines) {
     for (const int mode : {kLargeIconView, kSmallIconView}) {
         view->SetViewMode(mode);
-        for (const TipRow& row : kTips) {
-            ShowOne(row.fields);
-            EXPECT_EQ(ToUtf8(view->GetInfoTip(0)), row.want) << row.why;
+        for (const auto& [why, fields, want] : kTips) {
+            ShowOne(fields);
+            EXPECT_EQ(ToUtf8(view->GetInfoTip(0)), want) << why;
         }
     }
 }
 
 TEST_P(AddressTip, IsCutToWholeCharactersAndNeverEndsInALineFeed) {
-    for (const TipRow& row : kTips) {
-        ShowOne(row.fields);
+    for (const auto& [why, fields, tip] : kTips) {
+        ShowOne(fields);
         const std::string whole(view->GetInfoTip(0).View());
         for (int size = 1; size <= static_cast<int>(whole.size()) + 2; ++size) {
             const std::size_t room = static_cast<std::size_t>(size) - 1;
             std::string want = whole.substr(0, CutLength(CodePage::System(), whole, room, false));
             want.erase(want.find_last_not_of('\n') + 1);
-            EXPECT_EQ(Ask(size), want) << row.why << ", " << size;
+            EXPECT_EQ(Ask(size), want) << why << ", " << size;
         }
     }
 }
@@ -89,25 +83,21 @@ TEST_P(AddressTip, ReplacesWhatStoodInTheBufferWhereItHasRoom) {
 }
 
 TEST_P(AddressTip, LeavesTheRequestAloneWhereThereIsNoTip) {
-    struct Case {
-        const char* why;
-        std::function<void()> arrange;
-    };
-    const Case cases[] = {
+    const std::pair<const char*, std::function<void()>> cases[] = {
         {"report mode", [&] { view->SetViewMode(kReportView); }},
         {"a masked row", [&] { view->DV_SetMaskPrivate(1); }},
         {"no such row", [&] { view->DV_DeleteAll(); }},
         {"a row without a record", [&] { view->SendMessage(WM_DESTROY); }},
     };
-    for (const Case& each : cases) {
+    for (const auto& [why, arrange] : cases) {
         view->SetViewMode(kSmallIconView);
         view->DV_SetMaskPrivate(0);
         ShowOne({{Name, "Lee"}}).SetPrivate(1);
         ASSERT_EQ(Ask(20, "before"), "Lee");
 
-        each.arrange();
+        arrange();
 
-        EXPECT_EQ(Ask(20, "before"), "before") << each.why;
+        EXPECT_EQ(Ask(20, "before"), "before") << why;
     }
 }
 

@@ -1,7 +1,5 @@
 // What a host may rely on whichever address view it holds: one suite over both.
 // SPDX-License-Identifier: MIT
-#include <tuple>
-
 #include <orvoshare/addresslist/DetailViewAddrList.h>
 #include <orvoshare/addressviews/ViewFixture.h>
 
@@ -9,8 +7,6 @@ namespace orvo {
 namespace {
 
 using enum AddressField;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 // A window that is a view, and the view that it is.
 using View = std::pair<std::unique_ptr<CWnd>, CDetailViewAddrInf*>;

@@ -1,14 +1,12 @@
 // The one ordering of addresses.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
-
-#include <gtest/gtest.h>
+#include <tuple>
 
 #include <orvoshare/addressviews/AddrCompare.h>
 #include <orvoshare/addressviews/AddressOrder.h>
 #include <orvoshare/addressviews/RandomPeople.h>
 #include <support/CodePages.h>
-#include <support/LocaleInForce.h>
 
 namespace orvo {
 namespace {
@@ -43,13 +41,7 @@ TEST_P(AddressOrdering, TheEnglishFormComparesFilledFieldsByPosition) {
     struct Person {
         const char *name, *first, *company;
     };
-    struct Row {
-        const char* why;
-        Person a, b;
-        long listBy;
-        int want;
-    };
-    constexpr Row kRows[] = {
+    constexpr std::tuple<const char*, Person, Person, long, int> kRows[] = {
         {"Ann meets Acme", {"Smith", "Ann", ""}, {"Smith", "", "Acme"}, 1, 1},
         {"Zeta meets Adams", {"", "", "Zeta"}, {"Adams", "", ""}, 1, 1},
         {"no keys go first", {"", "", ""}, {"Adams", "", ""}, 1, -1},
@@ -65,14 +57,12 @@ TEST_P(AddressOrdering, TheEnglishFormComparesFilledFieldsByPosition) {
         {"case counts", {"ann", "", ""}, {"Ann", "", ""}, 1, -1},
         {"a hyphen is a symbol", {"co-op", "", ""}, {"coop", "", ""}, 1, -1},
     };
-    for (const Row& row : kRows) {
+    for (const auto& [why, a, b, listBy, want] : kRows) {
         const auto make = [&](const Person& person) {
             return addresses.Make(
                 {{Name, person.name}, {First, person.first}, {Company, person.company}});
         };
-        EXPECT_EQ(CompareBothWays(AddrCompareFuncEnglish, make(row.a), make(row.b), row.listBy),
-                  row.want)
-            << row.why;
+        EXPECT_EQ(CompareBothWays(AddrCompareFuncEnglish, make(a), make(b), listBy), want) << why;
     }
 }
 
@@ -80,12 +70,7 @@ TEST_P(AddressOrdering, TheJapaneseFormPutsTheReadingBeforeTheText) {
     struct Person {
         const char *nameYomi, *name, *firstYomi, *first;
     };
-    struct Row {
-        const char* why;
-        Person a, b;
-        int want;
-    };
-    constexpr Row kRows[] = {
+    constexpr std::tuple<const char*, Person, Person, int> kRows[] = {
         {"all equal", {"か", "加", "", ""}, {"か", "加", "", ""}, 0},
         {"equal readings: the text decides", {"ka", "K", "", ""}, {"ka", "L", "", ""}, -1},
         {"a reading meets a text", {"ka", "K", "mi", "M"}, {"ka", "K", "", "Z"}, -1},
@@ -93,15 +78,14 @@ TEST_P(AddressOrdering, TheJapaneseFormPutsTheReadingBeforeTheText) {
         {"a first name moves up", {"", "", "mi", "M"}, {"ka", "K", "mi", "M"}, 1},
         {"kana go by their order", {"あべ", "阿部", "", ""}, {"わだ", "和田", "", ""}, -1},
     };
-    for (const Row& row : kRows) {
+    for (const auto& [why, a, b, want] : kRows) {
         const auto make = [&](const Person& person) {
             return addresses.Make({{NameYomi, person.nameYomi},
                                    {Name, person.name},
                                    {FirstYomi, person.firstYomi},
                                    {First, person.first}});
         };
-        EXPECT_EQ(CompareBothWays(AddrCompareFuncJapanese, make(row.a), make(row.b), 1), row.want)
-            << row.why;
+        EXPECT_EQ(CompareBothWays(AddrCompareFuncJapanese, make(a), make(b), 1), want) << why;
     }
 }
 

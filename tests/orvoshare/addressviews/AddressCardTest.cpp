@@ -9,9 +9,6 @@
 namespace orvo {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-
 class AddressCard : public SettingsFixture, public ViewFixture {
 protected:
     AddressCard() {

@@ -39,14 +39,9 @@ protected:
 INSTANTIATE_TEST_SUITE_P(BothCodePages, CardDescription, testing::ValuesIn(kBothCodePages));
 
 TEST_P(CardDescription, EveryBlockStandsWhereItBelongs) {
-    struct Row {
-        const char* why;
-        AddressTexts texts;
-        const char *title, *body;
-    };
     constexpr const char* kTwoFields = "C\n\nC1:\ta\nC4:\tb\n";
     constexpr const char* kPhoneAndField = "Home:\t1\n\nC4:\ta\n\tb\tc\n";
-    const Row kRows[] = {
+    const std::tuple<const char*, AddressTexts, const char*, const char*> kRows[] = {
         {"nothing", {}, "", ""},
         {"a name alone has no head", {{Name, "Lee"}, {Phone1, "1"}}, "Lee", "Home:\t1\n"},
         {"name and company", {{Name, "Lee"}, {Company, "Acme"}}, "Lee", "Acme\n\n<L>\n"},
@@ -64,10 +59,10 @@ TEST_P(CardDescription, EveryBlockStandsWhereItBelongs) {
         {"an address of several lines", {{Address, "A\nB"}, {Country, "N"}}, "", "A\nB\nN\n"},
         {"kanji", {{Name, "渡辺"}, {Company, "港商会"}}, "渡辺", "港商会\n\n<L>\n"},
     };
-    for (const Row& row : kRows) {
-        const CCardDesc card = Describe(row.texts);
-        EXPECT_EQ(ToUtf8(card.strTitle), row.title) << row.why;
-        EXPECT_EQ(ToUtf8(card.strBody), row.body) << row.why;
+    for (const auto& [why, texts, title, body] : kRows) {
+        const CCardDesc card = Describe(texts);
+        EXPECT_EQ(ToUtf8(card.strTitle), title) << why;
+        EXPECT_EQ(ToUtf8(card.strBody), body) << why;
     }
 }
 

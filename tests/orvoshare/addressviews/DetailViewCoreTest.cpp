@@ -6,8 +6,6 @@ namespace orvo {
 namespace {
 
 using enum AddressField;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 class ViewCore : public testing::TestWithParam<LocaleCase>, public ViewFixture {
     LocaleInForce m_locale{GetParam().tag, GetParam().codePage};
@@ -62,10 +60,7 @@ TEST_P(ViewCore, ASingleItemIsInPlaceAndOneWithoutARecordNever) {
 TEST_P(ViewCore, ALookupFindsTheFirstOfThoseThatStartAlike) {
     EXPECT_EQ(view.DV_Lookup(""), -1) << "nobody is there";
     FillWith({"Carter", "Bakerson", "Baker", "Adams", "Baker", "O'Neil", "Öberg", "カトー"});
-    struct Row {
-        const char *why, *typed, *want;
-    };
-    constexpr Row kRows[] = {
+    constexpr const char* kRows[][3] = {
         {"an empty text fits all", "", "Adams"},
         {"case doesn't count", "bak", "Baker"},
         {"the second letter does", "bi", "nobody"},
@@ -79,10 +74,10 @@ TEST_P(ViewCore, ALookupFindsTheFirstOfThoseThatStartAlike) {
         {"an apostrophe", "o'", "O'Neil"},
         {"before all", "1", "nobody"},
     };
-    for (const Row& row : kRows) {
-        const int index = view.DV_Lookup(SystemText(row.typed));
-        EXPECT_EQ(NameAt(index), row.want) << row.why;
-        EXPECT_TRUE(index <= 0 || NameAt(index - 1) != row.want) << row.why << ": not the first";
+    for (const auto& [why, typed, want] : kRows) {
+        const int index = view.DV_Lookup(SystemText(typed));
+        EXPECT_EQ(NameAt(index), want) << why;
+        EXPECT_TRUE(index <= 0 || NameAt(index - 1) != want) << why << ": not the first";
     }
 }
 

@@ -7,7 +7,6 @@ namespace orvo {
 namespace {
 
 using enum AddressField;
-using testing::ElementsAre;
 
 class LookupBox : public testing::TestWithParam<LocaleCase>, public ViewFixture {
 protected:
@@ -27,11 +26,6 @@ protected:
     CLookupEdit box;
 };
 INSTANTIATE_TEST_SUITE_P(BothCodePages, LookupBox, testing::ValuesIn(kBothCodePages));
-
-struct Step {
-    const char *why, *typed, *text, *selected;
-    int beeps;
-};
 
 TEST_P(LookupBox, ARefusalIsToldWithAllThatWasTypedUntilItIsOver) {
     FillWith({"Meade", "Meadows"});
@@ -56,7 +50,7 @@ TEST_P(LookupBox, ARefusalIsToldWithAllThatWasTypedUntilItIsOver) {
 
 TEST_P(LookupBox, EachCharacterSearchesAndOneThatFitsNothingIsRefused) {
     FillWith({"Adams", "Baker", "Bakerson", "Béart", "жук", "漢"});
-    constexpr Step kSteps[] = {
+    constexpr std::tuple<const char*, const char*, const char*, const char*, int> kSteps[] = {
         {"the first character finds nobody", "x", "", "", 1},
         {"backspace in the empty box", "\b", "", "", 1},
         {"the first character that fits", "b", "b", "Baker", 1},
@@ -73,14 +67,14 @@ TEST_P(LookupBox, EachCharacterSearchesAndOneThatFitsNothingIsRefused) {
         {"kanji", "\b漢", "漢", "漢", 2},
         {"and kanji that fits nothing", "字", "漢", "漢", 3},
     };
-    for (const Step& step : kSteps) {
-        system.TypeText(step.typed);
-        EXPECT_EQ(TextOf(box), step.text) << step.why;
+    for (const auto& [why, typed, text, name, beeps] : kSteps) {
+        system.TypeText(typed);
+        EXPECT_EQ(TextOf(box), text) << why;
         std::vector<std::string> selected;
-        if (*step.selected != '\0') selected.emplace_back(step.selected);
-        EXPECT_EQ(SelectedNames(), selected) << step.why;
-        EXPECT_EQ(system.Beeps(), step.beeps) << step.why;
-        EXPECT_EQ(Selection().caret, box.GetWindowTextLength()) << step.why;
+        if (*name != '\0') selected.emplace_back(name);
+        EXPECT_EQ(SelectedNames(), selected) << why;
+        EXPECT_EQ(system.Beeps(), beeps) << why;
+        EXPECT_EQ(Selection().caret, box.GetWindowTextLength()) << why;
     }
 }
 
@@ -116,27 +110,24 @@ TEST_P(LookupBox, KeysWithinTheTextMoveTheCaret) {
 
 TEST_P(LookupBox, DeleteSearchesWithWhatIsLeft) {
     FillWith({"Adams", "Baker", "Dawson"});
-    struct Row {
-        const char *why, *typed, *text, *selected;
-        int first, last, want, lookups, beeps;
-    };
-    constexpr Row kRows[] = {
-        {"nothing behind the caret", "da", "da", "Dawson", 2, 2, 0, 0, 0},
-        {"the character behind it", "da", "a", "Adams", 0, 0, 1, 1, 0},
-        {"a selection at the end", "da", "d", "Dawson", 1, 2, 1, 1, 0},
-        {"all of it: the top", "da", "", "Adams", 0, 2, 1, 1, 0},
-        {"nobody starts with aker", "baker", "", "Adams", 0, 1, 1, 1, 1},
-    };
-    for (const Row& row : kRows) {
+    constexpr std::tuple<const char*, const char*, const char*, const char*, int, int, int, int>
+        kRows[] = {
+            {"nothing behind the caret", "da", "da", "Dawson", 2, 2, 0, 0},
+            {"the character behind it", "da", "a", "Adams", 0, 0, 1, 0},
+            {"a selection at the end", "da", "d", "Dawson", 1, 2, 1, 0},
+            {"all of it: the top", "da", "", "Adams", 0, 2, 1, 0},
+            {"nobody starts with aker", "baker", "", "Adams", 0, 1, 1, 1},
+        };
+    for (const auto& [why, typed, text, selected, first, last, want, beeps] : kRows) {
         box.Clear();
-        system.TypeText(row.typed);
-        box.SetSel(row.first, row.last);
+        system.TypeText(typed);
+        box.SetSel(first, last);
         const int before = view.lookups;
-        EXPECT_EQ(box.Delete(), row.want) << row.why;
-        EXPECT_EQ(TextOf(box), row.text) << row.why;
-        EXPECT_THAT(SelectedNames(), ElementsAre(row.selected)) << row.why;
-        EXPECT_EQ(view.lookups - before, row.lookups) << row.why;
-        EXPECT_EQ(system.Beeps(), row.beeps) << row.why;
+        EXPECT_EQ(box.Delete(), want) << why;
+        EXPECT_EQ(TextOf(box), text) << why;
+        EXPECT_THAT(SelectedNames(), ElementsAre(selected)) << why;
+        EXPECT_EQ(view.lookups - before, want) << why;
+        EXPECT_EQ(system.Beeps(), beeps) << why;
     }
 }
 

@@ -2,9 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <map>
-#include <vector>
-
-#include <gtest/gtest.h>
 
 #include <contracts/TextServices.h>
 #include <orvoshare/addressviews/AddrCompare.h>
@@ -13,7 +10,6 @@
 #include <platform/text/CodePage.h>
 #include <platform/text/SystemText.h>
 #include <support/CodePages.h>
-#include <support/LocaleInForce.h>
 
 namespace orvo {
 namespace {
@@ -22,11 +18,7 @@ using enum AddressField;
 
 // Each letter stands for a filled field: n, f, c the name, first name and company, N, F, C their
 // readings; a dot for one of blanks.
-struct KeyRow {
-    const char* filled;
-    const char *plainByName, *plainByCompany, *readingByName, *readingByCompany;
-};
-constexpr KeyRow kKeys[] = {
+constexpr const char* kKeys[][5] = {
     {"nfcNFC", "n, f", "c, n", "N, F", "C, N"},
     {"nfc", "n, f", "c, n", "n", "c"},
     {"nfF", "n, f", "n, f", "n, F", "n, F"},
@@ -46,10 +38,11 @@ TEST(RecordKey, TakesTheFirstFilledFieldAndTheOneThatBelongsToIt) {
     constexpr std::pair<AddressField, const char*> kFields[] = {
         {Name, "n"},     {First, "f"},     {Company, "c"},
         {NameYomi, "N"}, {FirstYomi, "F"}, {CompanyYomi, "C"}};
-    for (const KeyRow& row : kKeys) {
+    for (const auto& [filled, plainByName, plainByCompany, readingByName, readingByCompany] :
+         kKeys) {
         const auto record = addresses.Make({});
         for (const auto& [field, text] : kFields) {
-            const bool isFilled = std::string_view(row.filled).find(text) != std::string_view::npos;
+            const bool isFilled = std::string_view(filled).find(text) != std::string_view::npos;
             record->SetUtf8(field, isFilled ? text : " \t");
         }
         const auto key = [&](KeyFields fields, long listBy) {
@@ -57,10 +50,10 @@ TEST(RecordKey, TakesTheFirstFilledFieldAndTheOneThatBelongsToIt) {
             MakeRecordKey(record.get(), fields, listBy, text);
             return ToUtf8(text);
         };
-        EXPECT_EQ(key(KeyFields::Plain, kListByName), row.plainByName) << row.filled;
-        EXPECT_EQ(key(KeyFields::Plain, kListByCompany), row.plainByCompany) << row.filled;
-        EXPECT_EQ(key(KeyFields::Reading, -1), row.readingByName) << row.filled;
-        EXPECT_EQ(key(KeyFields::Reading, kListByCompany), row.readingByCompany) << row.filled;
+        EXPECT_EQ(key(KeyFields::Plain, kListByName), plainByName) << filled;
+        EXPECT_EQ(key(KeyFields::Plain, kListByCompany), plainByCompany) << filled;
+        EXPECT_EQ(key(KeyFields::Reading, -1), readingByName) << filled;
+        EXPECT_EQ(key(KeyFields::Reading, kListByCompany), readingByCompany) << filled;
     }
 }
 

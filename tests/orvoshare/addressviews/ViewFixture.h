@@ -2,11 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <string>
-#include <vector>
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include <tuple>
 
 #include <orvoshare/addressviews/DetailViewAddrCard.h>
 #include <orvoshare/addressviews/LookupEdit.h>
@@ -16,7 +12,6 @@
 #include <platform/window/memory/MemoryListPeer.h>
 #include <support/AddressFixture.h>
 #include <support/CodePages.h>
-#include <support/LocaleInForce.h>
 
 namespace orvo {
 

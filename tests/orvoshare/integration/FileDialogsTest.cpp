@@ -1,6 +1,6 @@
 // The dialogs for export, import and sound files, without a screen.
 // SPDX-License-Identifier: MIT
-#include <gmock/gmock.h>
+#include <tuple>
 
 #include <orvoshare/ModuleInForce.h>
 #include <orvoshare/integration/ExportFileDialog.h>
@@ -11,9 +11,6 @@
 
 namespace orvo {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 constexpr UINT kAll = 9001;
 constexpr UINT kSelected = 9002;
@@ -27,13 +24,7 @@ struct FileDialogsTest : testing::Test {
 };
 
 TEST_F(FileDialogsTest, TheRangeIsThatOfTheButtonThatIsCheckedInTheEnd) {
-    struct Row {
-        const char* why;
-        unsigned long available, standard;
-        UINT clicked;
-        unsigned long want;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, unsigned long, unsigned long, UINT, unsigned long> rows[] = {
         {"all by default", 3, 1, 0, 1},
         {"the selected ones by default", 3, 2, 0, 2},
         {"any other default is the selected ones", 3, 0, 0, 2},
@@ -47,40 +38,37 @@ TEST_F(FileDialogsTest, TheRangeIsThatOfTheButtonThatIsCheckedInTheEnd) {
         {"no choice", 4, 2, kAll, 0},
         {"the plain dialog", 0, 1, kAll, 2},
     };
-    for (const Row& row : rows) {
-        CExportFileDialog dialog(nullptr, "vcf", "Cards|*.vcf||", nullptr, row.available,
-                                 row.standard);
-        system.UseFileDialog([&](MemoryFileDialogPeer& shown) {
+    for (const auto& [why, available, standard, clicked, want] : rows) {
+        CExportFileDialog dialog(nullptr, "vcf", "Cards|*.vcf||", nullptr, available, standard);
+        system.UseFileDialog([&, clicked = clicked](MemoryFileDialogPeer& shown) {
             shown.TypeFileName(CString(folder.Path("new")));
-            if (row.clicked != 0) shown.ClickControl(row.clicked);
+            if (clicked != 0) shown.ClickControl(clicked);
             shown.PressOk();
         });
-        EXPECT_EQ(dialog.DoModal(), IDOK) << row.why;
-        EXPECT_EQ(dialog.GetRange(), row.want) << row.why;
-        EXPECT_EQ(dialog.GetPathName(), CString(folder.Path("new.vcf"))) << row.why;
+        EXPECT_EQ(dialog.DoModal(), IDOK) << why;
+        EXPECT_EQ(dialog.GetRange(), want) << why;
+        EXPECT_EQ(dialog.GetPathName(), CString(folder.Path("new.vcf"))) << why;
     }
 }
 
 TEST_F(FileDialogsTest, ExportSaysSoWhereverItShouldAndOffersWhatItMay) {
-    struct Row {
-        unsigned long available;
-        const char* title;
-        bool hasRow, all, selected;
-    };
-    const Row rows[] = {
+    // Then: whether there is a row of buttons, and which of the two is enabled.
+    const std::tuple<unsigned long, const char*, bool, bool, bool> rows[] = {
         {0, "", false, false, false},          {1, "Export As", true, true, false},
         {2, "Export As", true, false, true},   {3, "Export As", true, true, true},
         {4, "Export As", false, false, false}, {8, "Export As", true, false, false},
     };
-    for (const Row& row : rows) {
-        CExportFileDialog dialog(nullptr, nullptr, nullptr, nullptr, row.available, 1);
+    for (const auto& row : rows) {
+        const unsigned long available = std::get<0>(row);
+        CExportFileDialog dialog(nullptr, nullptr, nullptr, nullptr, available, 1);
         system.UseFileDialog([&row](const MemoryFileDialogPeer& shown) {
+            const auto& [offered, title, hasRow, all, selected] = row;
             const FileDialogSetup& setup = shown.Setup();
-            EXPECT_EQ(setup.title, row.title) << row.available;
-            EXPECT_EQ(setup.added.has_value(), row.hasRow) << row.available;
-            EXPECT_EQ(shown.IsControlEnabled(kAll), row.all) << row.available;
-            EXPECT_EQ(shown.IsControlEnabled(kSelected), row.selected) << row.available;
-            EXPECT_EQ(shown.IsControlChecked(kAll), row.hasRow) << row.available;
+            EXPECT_EQ(setup.title, title) << offered;
+            EXPECT_EQ(setup.added.has_value(), hasRow) << offered;
+            EXPECT_EQ(shown.IsControlEnabled(kAll), all) << offered;
+            EXPECT_EQ(shown.IsControlEnabled(kSelected), selected) << offered;
+            EXPECT_EQ(shown.IsControlChecked(kAll), hasRow) << offered;
             EXPECT_EQ(shown.ControlText(IDOK), "&Export");
             EXPECT_EQ(shown.ControlText(1091), "Export &in:");
             EXPECT_EQ(shown.ControlText(1089), "Export &type:");

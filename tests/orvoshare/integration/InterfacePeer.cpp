@@ -2,9 +2,6 @@
 // what messages tell it, and ends with its input.
 // SPDX-License-Identifier: MIT
 
-#include <orvoshare/integration/InterfaceTransfer.h>
-#include <platform/com/Counter.h>
-#include <platform/window/base/CWnd.h>
 #include <support/ServedWindow.h>
 
 #include "PeerMessages.h"

@@ -3,8 +3,6 @@
 #include <functional>
 #include <memory>
 
-#include <gtest/gtest.h>
-
 #include <platform/com/SessionFixture.h>
 #include <platform/ipc/FileMapping.h>
 #include <platform/ipc/Waiting.h>

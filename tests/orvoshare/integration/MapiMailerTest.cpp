@@ -1,7 +1,6 @@
 // What the mailer gives to a mail library, and how long it holds one.
 // SPDX-License-Identifier: MIT
 #include <dlfcn.h>
-#include <optional>
 
 #include <gmock/gmock.h>
 

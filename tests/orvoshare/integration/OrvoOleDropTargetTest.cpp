@@ -1,8 +1,5 @@
 // Which files may be dropped, and what the main window is told.
 // SPDX-License-Identifier: MIT
-#include <filesystem>
-
-#include <gmock/gmock.h>
 
 #include <orvoshare/integration/OrvoOleDropTarget.h>
 #include <platform/desktop/ShellLinkBytes.h>
@@ -14,7 +11,6 @@ namespace orvo {
 namespace {
 
 namespace fs = std::filesystem;
-using testing::ElementsAre;
 
 // The top level of the host, which writes down what it is told.
 struct Frame : CWnd {

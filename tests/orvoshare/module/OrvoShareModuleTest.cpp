@@ -1,6 +1,5 @@
 // Attaching and detaching the module, and the texts that are in reach meanwhile.
 // SPDX-License-Identifier: MIT
-#include <gtest/gtest.h>
 
 #include <contracts/LanguageModule.h>
 #include <contracts/ResourceScope.h>
@@ -30,19 +29,14 @@ struct OrvoShareModuleTest : testing::Test {
 };
 
 TEST_F(OrvoShareModuleTest, TextsComeInTheLanguageOfTheLocaleAtTheFirstAttach) {
-    struct Language {
-        const char* tag;
-        int code;
-        const char* privateText;
-    };
-    for (const Language& language :
-         {Language{"de-DE", 0x40, "(Privat)"}, Language{"fr-FR", 0x20, "(Privé)"},
-          Language{"ja-JP", 0x11, "(\x94\xF1\x8C\xF6\x8A\x4A)"},
-          Language{"es-ES", 0, "(Private)"}}) {
-        const LocaleInForce locale(language.tag);
+    for (const auto& [tag, code, privateText] : {std::tuple{"de-DE", 0x40, "(Privat)"},
+                                                 {"fr-FR", 0x20, "(Privé)"},
+                                                 {"ja-JP", 0x11, "(\x94\xF1\x8C\xF6\x8A\x4A)"},
+                                                 {"es-ES", 0, "(Private)"}}) {
+        const LocaleInForce locale(tag);
         EXPECT_NE(Attach(), 0);
-        EXPECT_EQ(OrvoShareLanguageCode(), language.code) << language.tag;
-        EXPECT_EQ(OrvoShareText(kStringPrivate), language.privateText) << language.tag;
+        EXPECT_EQ(OrvoShareLanguageCode(), code) << tag;
+        EXPECT_EQ(OrvoShareText(kStringPrivate), privateText) << tag;
         EXPECT_EQ(OrvoShareText(4711), "") << "no such number";
         Detach();
     }

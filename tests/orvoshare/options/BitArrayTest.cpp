@@ -1,7 +1,6 @@
 // Tests of the bits that an archive can store.
 // SPDX-License-Identifier: MIT
-#include <iterator>
-#include <string>
+#include <tuple>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -75,11 +74,7 @@ TEST(BitArray, StoresItsNumbersAndItsBytesAndReplacesWhatItHeldByThem) {
 
 TEST(BitArray, ADamagedFormIsRefusedAndTheArrayStays) {
     using enum CArchiveException::Cause;
-    struct {
-        const char* why;
-        std::string bytes;
-        CArchiveException::Cause cause;
-    } const rows[] = {
+    const std::tuple<const char*, std::string, CArchiveException::Cause> rows[] = {
         {"no number", ""s, endOfFile},
         {"half a number", "\x09\0\0\0\x02\0"s, endOfFile},
         {"a byte too few", "\x09\0\0\0\x02\0\0\0\x02"s, endOfFile},
@@ -87,18 +82,18 @@ TEST(BitArray, ADamagedFormIsRefusedAndTheArrayStays) {
         {"too many for the bits", "\x08\0\0\0\x02\0\0\0\x02\x01"s, badValue},
         {"too few for the bits", "\xFF\xFF\xFF\xFF\0\0\0\0"s, badValue},
     };
-    for (const auto& row : rows) {
+    for (const auto& [why, bytes, cause] : rows) {
         CBitArrayHelper array;
         array.Initialize(3);
         array.SetValue(2, 1);
         try {
-            Serialized(array, CArchive::load, row.bytes);
-            ADD_FAILURE() << row.why;
+            Serialized(array, CArchive::load, bytes);
+            ADD_FAILURE() << why;
         } catch (const CArchiveException& exception) {
-            EXPECT_EQ(exception.GetCause(), row.cause) << row.why;
+            EXPECT_EQ(exception.GetCause(), cause) << why;
         }
-        EXPECT_EQ(array.GetNofElements(), 3U) << row.why;
-        EXPECT_THAT(Bytes(array), ElementsAre(4)) << row.why;
+        EXPECT_EQ(array.GetNofElements(), 3U) << why;
+        EXPECT_THAT(Bytes(array), ElementsAre(4)) << why;
     }
 }
 

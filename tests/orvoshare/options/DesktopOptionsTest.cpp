@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include <array>
 #include <csignal>
-#include <filesystem>
-#include <string>
 #include <sys/resource.h>
 #include <sys/stat.h>
 
@@ -12,11 +10,9 @@
 #include <contracts/Settings.h>
 #include <orvoshare/options/DesktopOptions.h>
 #include <platform/io/CFile.h>
-#include <platform/io/TempFolder.h>
 #include <platform/settings/SettingsFixture.h>
 #include <platform/text/SystemText.h>
 #include <support/CodePages.h>
-#include <support/LocaleInForce.h>
 
 namespace orvo {
 namespace {

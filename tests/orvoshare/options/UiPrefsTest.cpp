@@ -1,6 +1,5 @@
 // Tests of preference files: what can't be read ends in the defaults.
 // SPDX-License-Identifier: MIT
-#include <string>
 
 #include <gtest/gtest.h>
 

@@ -1,12 +1,15 @@
-// Tests of the table of accessors: its rules, its bytes, and removals that a kill has cut.
+// Tests of the table of accessors: its rules, its bytes, and what kills leave of it.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <csignal>
 #include <cstring>
 #include <functional>
-#include <string>
+#include <random>
+#include <set>
+#include <sys/prctl.h>
 #include <sys/ptrace.h>
 #include <sys/wait.h>
+#include <tuple>
 #include <unistd.h>
 #include <vector>
 
@@ -17,7 +20,6 @@
 #include <platform/ipc/RuntimeFixture.h>
 #include <platform/text/SystemText.h>
 #include <support/CodePages.h>
-#include <support/LocaleInForce.h>
 
 namespace orvo {
 namespace {
@@ -87,12 +89,7 @@ TEST_F(AccessTable, EachByteLiesAtItsOffset) {
 TEST_F(AccessTable, AKeyIsUserWithoutCaseAndCreator) {
     EXPECT_EQ(Add("Anna", 7, "A"), 1);
     EXPECT_EQ(Add("ABCDEFGHIJKLMNOPQRSTUVWXYZ", 7, "B"), 1);
-    struct Row {
-        const char *why, *user;
-        unsigned long creator;
-        const char* owner;
-    };
-    constexpr Row rows[] = {
+    constexpr std::tuple<const char*, const char*, unsigned long, const char*> rows[] = {
         {"the same", "Anna", 7, "A"},
         {"another case", "aNNA", 7, "A"},
         {"another creator", "Anna", 8, "nobody"},
@@ -101,11 +98,11 @@ TEST_F(AccessTable, AKeyIsUserWithoutCaseAndCreator) {
         {"a name that the row doesn't hold as a whole", "abcdefghijklmnopqrstuvwxyz", 7, "B"},
         {"what the row holds of it", "ABCDEFGHIJKLMNOPQRST", 7, "B"},
     };
-    for (const Row& row : rows) {
-        EXPECT_EQ(OwnerOf(row.user, row.creator), row.owner) << row.why;
-        const bool isFree = row.owner == std::string_view("nobody");
-        EXPECT_EQ(Add(row.user, row.creator, "C"), isFree) << row.why;
-        if (isFree) table.RemoveAccessorInfo(row.user, row.creator);
+    for (const auto& [why, user, creator, owner] : rows) {
+        EXPECT_EQ(OwnerOf(user, creator), owner) << why;
+        const bool isFree = owner == std::string_view("nobody");
+        EXPECT_EQ(Add(user, creator, "C"), isFree) << why;
+        if (isFree) table.RemoveAccessorInfo(user, creator);
     }
     EXPECT_EQ(OwnerOf("anna", 7), "A") << "a refused row changes nothing";
     EXPECT_THAT(Users(), ElementsAre("Anna", "ABCDEFGHIJKLMNOPQRST"));
@@ -266,6 +263,63 @@ TEST_F(AccessTable, ACutSplitsNoCharacter) {
         EXPECT_EQ(Add(name.c_str(), page.codePage, (std::string(22, 'x') + hyo).c_str()), 1);
         EXPECT_EQ(OwnerOf(name.c_str(), page.codePage), std::string(22, 'x'));
         EXPECT_EQ(Users().back(), std::string(19, 'x'));
+    }
+}
+
+// A process that removes and adds its rows until it is killed, and ends where one isn't as it left
+// it. Rows of a former one of its number may be there or not.
+pid_t StartMember(int number) {
+    const pid_t child = ::fork();
+    if (child != 0) return child;
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    constexpr unsigned kKeys = 40;
+    CDalAccessController table;
+    bool isSound = table.Initialize() != 0;
+    for (unsigned step = 0; isSound; ++step) {
+        const unsigned key = step * 7 % kKeys;
+        const std::string user = fmt::format("P{}-{}", number, key);
+        CString owner;
+        const bool wasThere = table.GetOwner(user.c_str(), key, owner) != 0;
+        isSound = (wasThere || step < kKeys) && (!wasThere || owner.Bytes() == user) &&
+                  (table.RemoveAccessorInfo(user.c_str(), key) != 0) == wasThere &&
+                  table.AddAccessorInfo(user.c_str(), key, user.c_str()) != 0;
+    }
+    ::_exit(1);
+}
+
+using AccessCrowd = RuntimeFixture;
+
+TEST_F(AccessCrowd, NoRowIsLostDoubledOrMixedWhoeverIsKilledAndAllComeToOneTable) {
+    std::mt19937 random(20260101);
+    for (int crowd = 0; crowd < 3; ++crowd) {
+        std::vector<pid_t> members;
+        for (int number = 0; number < 8; ++number) members.push_back(StartMember(number));
+        CDalAccessController table;
+        ASSERT_EQ(table.Initialize(), 1);
+        const auto kill = [&](std::size_t number) {
+            ::kill(members[number], SIGKILL);
+            int status = 0;
+            EXPECT_EQ(::waitpid(members[number], &status, 0), members[number]);
+            EXPECT_TRUE(WIFSIGNALED(status)) << "it found a row that isn't as it left it";
+        };
+        for (int round = 0; round < 70; ++round) {
+            ::usleep(random() % 20'000);
+            const std::size_t victim = random() % members.size();
+            kill(victim);
+            members[victim] = StartMember(static_cast<int>(victim));
+        }
+        ::usleep(500'000);
+        for (std::size_t number = 0; number < members.size(); ++number) kill(number);
+
+        unsigned long count = 0;
+        CAccessInfo* rows = nullptr;
+        table.GetAccessInfoArray(&count, &rows);
+        std::set<std::string> users;
+        for (unsigned long i = 0; i < count; ++i) {
+            EXPECT_TRUE(users.insert(rows[i].user).second) << rows[i].user << " stands twice";
+            EXPECT_STREQ(rows[i].user, rows[i].owner);
+        }
+        EXPECT_GE(count, 8U * 39);
     }
 }
 

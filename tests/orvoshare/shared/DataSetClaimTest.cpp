@@ -1,7 +1,5 @@
 // Tests of hosts that claim a store.
 // SPDX-License-Identifier: MIT
-#include <filesystem>
-#include <fstream>
 
 #include <gmock/gmock.h>
 

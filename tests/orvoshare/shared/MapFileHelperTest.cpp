@@ -1,7 +1,6 @@
 // Tests of a named block and its header.
 // SPDX-License-Identifier: MIT
 #include <cstring>
-#include <string>
 #include <vector>
 
 #include <gmock/gmock.h>

@@ -1,10 +1,7 @@
 // Tests of single values of a key.
 // SPDX-License-Identifier: MIT
-#include <string>
-#include <string_view>
+#include <tuple>
 #include <vector>
-
-#include <gtest/gtest.h>
 
 #include <orvoshare/shared/RegistryHelper.h>
 #include <platform/settings/SettingsFixture.h>
@@ -26,39 +23,30 @@ protected:
     CRegistryHelper helper;
 };
 
-struct Row {
-    const char* why;
-    std::uint32_t type;
-    std::string data;
-    int isText;
-    std::string text;
-    int isNumber;
-    unsigned long number;
-};
-
 TEST_F(RegistryHelper, OnlyAValueOfItsTypeAndSizeIsRead) {
-    const Row rows[] = {
-        {"a text", REG_SZ, "abc\0"s, 1, "abc", 0, 0},
-        {"an empty text", REG_SZ, "\0"s, 1, "", 0, 0},
-        {"a text ends at its first zero", REG_SZ, "a\0b\0"s, 1, "a", 0, 0},
-        {"a text that just fits", REG_SZ, std::string(1023, 'x'), 1, std::string(1023, 'x'), 0, 0},
-        {"a text that doesn't", REG_SZ, std::string(1024, 'x'), 0, "", 0, 0},
-        {"a text to expand", REG_EXPAND_SZ, "abc\0"s, 0, "", 0, 0},
-        {"several texts", REG_MULTI_SZ, "abc\0\0"s, 0, "", 0, 0},
-        {"four bytes", REG_BINARY, "\x01\0\0\0"s, 0, "", 0, 0},
-        {"a number", REG_DWORD, "\xFF\xFE\xFD\xFC"s, 0, "", 1, 0xFCFDFEFF},
-    };
-    for (const Row& row : rows) {
-        const std::vector<unsigned char> bytes(row.data.begin(), row.data.end());
-        RegSetValueExA(key, "v", 0, row.type, bytes.data(),
-                       static_cast<std::uint32_t>(bytes.size()));
+    const std::tuple<const char*, std::uint32_t, std::string, int, std::string, int, unsigned long>
+        rows[] = {
+            {"a text", REG_SZ, "abc\0"s, 1, "abc", 0, 0},
+            {"an empty text", REG_SZ, "\0"s, 1, "", 0, 0},
+            {"a text ends at its first zero", REG_SZ, "a\0b\0"s, 1, "a", 0, 0},
+            {"a text that just fits", REG_SZ, std::string(1023, 'x'), 1, std::string(1023, 'x'), 0,
+             0},
+            {"a text that doesn't", REG_SZ, std::string(1024, 'x'), 0, "", 0, 0},
+            {"a text to expand", REG_EXPAND_SZ, "abc\0"s, 0, "", 0, 0},
+            {"several texts", REG_MULTI_SZ, "abc\0\0"s, 0, "", 0, 0},
+            {"four bytes", REG_BINARY, "\x01\0\0\0"s, 0, "", 0, 0},
+            {"a number", REG_DWORD, "\xFF\xFE\xFD\xFC"s, 0, "", 1, 0xFCFDFEFF},
+        };
+    for (const auto& [why, type, data, isText, wantText, isNumber, wantNumber] : rows) {
+        const std::vector<unsigned char> bytes(data.begin(), data.end());
+        RegSetValueExA(key, "v", 0, type, bytes.data(), static_cast<std::uint32_t>(bytes.size()));
         CString text("before");
         unsigned long number = 7;
 
-        EXPECT_EQ(helper.GetStringValue(key, "v", text), row.isText) << row.why;
-        EXPECT_EQ(text.Bytes(), row.text) << row.why;
-        EXPECT_EQ(helper.GetDwordValue(key, "v", &number), row.isNumber) << row.why;
-        EXPECT_EQ(number, row.number) << row.why;
+        EXPECT_EQ(helper.GetStringValue(key, "v", text), isText) << why;
+        EXPECT_EQ(text.Bytes(), wantText) << why;
+        EXPECT_EQ(helper.GetDwordValue(key, "v", &number), isNumber) << why;
+        EXPECT_EQ(number, wantNumber) << why;
     }
 }
 

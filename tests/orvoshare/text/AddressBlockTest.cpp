@@ -1,6 +1,6 @@
 // The lines of a postal address in the three forms, and the choice between them.
 // SPDX-License-Identifier: MIT
-#include <string>
+#include <tuple>
 
 #include <gmock/gmock.h>
 
@@ -38,10 +38,7 @@ std::string WithEnds(const std::string& before, const std::string& middle,
 }
 
 TEST(AddressBlock, EverySubsetOfTheFieldsHasItsLines) {
-    struct Row {
-        std::string city, state, zipCode, english, german, stateAndCity;
-    };
-    const Row kRows[] = {
+    constexpr const char* kRows[][6] = {
         {"", "", "", "", "", ""},
         {"", "", "Z", "Z", "Z", ""},
         {"", "S", "", "S", "S", "S"},
@@ -51,29 +48,21 @@ TEST(AddressBlock, EverySubsetOfTheFieldsHasItsLines) {
         {"C", "S", "", "C, S", "C/S", "S  C"},
         {"C", "S", "Z", "C, S  Z", "Z C/S", "S  C"},
     };
-    for (const Row& row : kRows) {
+    for (const auto& [city, state, zipCode, english, german, stateAndCity] : kRows) {
         for (const char* address : {"", "A"}) {
             for (const char* country : {"", "N"}) {
-                const Address fields{address, row.city, row.state, row.zipCode, country};
-                EXPECT_EQ(Lines(FormatAddressEnglish, fields),
-                          WithEnds(address, row.english, country));
-                EXPECT_EQ(Lines(FormatAddressGerman, fields),
-                          WithEnds(address, row.german, country));
+                const Address fields{address, city, state, zipCode, country};
+                EXPECT_EQ(Lines(FormatAddressEnglish, fields), WithEnds(address, english, country));
+                EXPECT_EQ(Lines(FormatAddressGerman, fields), WithEnds(address, german, country));
                 EXPECT_EQ(Lines(FormatAddressJapanese, fields),
-                          WithEnds(WithEnds(row.zipCode, row.stateAndCity, address), country, ""));
+                          WithEnds(WithEnds(zipCode, stateAndCity, address), country, ""));
             }
         }
     }
 }
 
 TEST(AddressBlock, AFieldOfSeveralLinesTakesThoseApartThatShareItsLineWhereTabsBecomeBlanks) {
-    struct Row {
-        const char* why;
-        Form form;
-        Address fields;
-        std::string want;
-    };
-    const Row kRows[] = {
+    const std::tuple<const char*, Form, Address, std::string> kRows[] = {
         {"city", FormatAddressEnglish, {"A", "C\nD", "S", "Z", "N"}, "A/C/D/S/Z/N"},
         {"zip code", FormatAddressEnglish, {"A", "C", "S", "Y\r\nZ", "N"}, "A/C/S/Y/Z/N"},
         {"state", FormatAddressGerman, {"A", "C", "S\nT", "Z", "N"}, "A/Z/C/S/T/N"},
@@ -85,19 +74,13 @@ TEST(AddressBlock, AFieldOfSeveralLinesTakesThoseApartThatShareItsLineWhereTabsB
         {"and stay", FormatAddressJapanese, {"", "C\tD", "S", "", ""}, "S  C\tD"},
         {"but in states", FormatAddressGerman, {"", "C\tD", "S\tT", "Z", ""}, "Z C\tD/S    T"},
     };
-    for (const Row& row : kRows) EXPECT_EQ(Lines(row.form, row.fields), row.want) << row.why;
+    for (const auto& [why, form, fields, want] : kRows) EXPECT_EQ(Lines(form, fields), want) << why;
 }
 
 TEST(AddressBlock, TheFormFollowsLanguageCodePageAndText) {
     const Address latin{"A", "C", "S", "Z", "N"};
     const Address japanese{"丸の内", "千代田区", "東京都", "100", ""};
-    struct Row {
-        const char* locale;
-        unsigned codePage;
-        const Address* fields;
-        std::string want;
-    };
-    const Row kRows[] = {
+    const std::tuple<const char*, unsigned, const Address*, std::string> kRows[] = {
         {"en-US", 65001, &latin, "A/C, S  Z/N"},
         {"de-DE", 65001, &latin, "A/Z C/S/N"},
         {"fr-FR", 65001, &latin, "A/Z C/S/N"},
@@ -106,9 +89,9 @@ TEST(AddressBlock, TheFormFollowsLanguageCodePageAndText) {
         {"ja-JP", 65001, &japanese, "丸の内/千代田区, 東京都  100"},
         {"de-DE", 932, &japanese, "丸の内/100 千代田区/東京都"},
     };
-    for (const Row& row : kRows) {
-        const LocalizedModule module(row.locale, row.codePage);
-        EXPECT_EQ(Lines(FormatAddress, *row.fields), row.want) << row.locale << row.codePage;
+    for (const auto& [locale, codePage, fields, want] : kRows) {
+        const LocalizedModule module(locale, codePage);
+        EXPECT_EQ(Lines(FormatAddress, *fields), want) << locale << codePage;
     }
 }
 

@@ -1,7 +1,7 @@
 // Tests of categories by name, and of the way between two tables' categories.
 // SPDX-License-Identifier: MIT
 #include <array>
-#include <string>
+#include <tuple>
 
 #include <gmock/gmock.h>
 
@@ -9,7 +9,6 @@
 #include <platform/text/SystemText.h>
 #include <support/AddressFixture.h>
 #include <support/CodePages.h>
-#include <support/LocaleInForce.h>
 
 namespace orvo {
 namespace {
@@ -51,19 +50,16 @@ TEST(CategoryHelpers, ANameIsCutTo15BytesAndRefusedWhereItIsTakenOrEmptyOrOneToo
 }
 
 TEST(CategoryHelpers, TheCutKeepsWholeCharactersOnEachPage) {
-    struct {
-        unsigned page;
-        const char *name, *want;
-    } const rows[] = {
+    const std::tuple<unsigned, const char*, const char*> rows[] = {
         {932, "a表表表表表表表表", "a表表表表表表表"},
         {932, "表表表表表表表表", "表表表表表表表"},
         {65001, "a表表表表表", "a表表表表"},
     };
-    for (const auto& row : rows) {
-        const LocaleInForce locale("ja-JP", row.page);
+    for (const auto& [page, name, want] : rows) {
+        const LocaleInForce locale("ja-JP", page);
         CCategoryMgr manager;
-        EXPECT_EQ(CreateCategoryHelper(&manager, SystemText(row.name)), 0);
-        EXPECT_EQ(LastName(manager), row.want) << row.page;
+        EXPECT_EQ(CreateCategoryHelper(&manager, SystemText(name)), 0);
+        EXPECT_EQ(LastName(manager), want) << page;
     }
 }
 

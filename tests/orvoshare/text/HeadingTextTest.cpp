@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <random>
 #include <string>
+#include <tuple>
 
 #include <climits>
 #include <gtest/gtest.h>
@@ -19,11 +20,7 @@ namespace {
 using namespace std::string_literals;
 
 TEST(HeadingText, WhatIsWrittenReadsAsItWas) {
-    struct Row {
-        const char *why, *text;
-        Heading heading;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, const char*, Heading> rows[] = {
         {"shown and hidden", "(2) 0 180 3 110 (1) 1 90", {{{0, 180}, {3, 110}}, {{1, 90}}}},
         {"nothing hidden", "(1) 0 8 (0)", {{{0, 8}}, {}}},
         {"a count of two digits",
@@ -31,19 +28,14 @@ TEST(HeadingText, WhatIsWrittenReadsAsItWas) {
          {{{272, 4000}}, std::vector(10, HeadingColumn{1, 7})}},
         {"any int", "(1) -1 2147483647 (1) -2147483648 0", {{{-1, INT_MAX}}, {{INT_MIN, 0}}}},
     };
-    for (const Row& row : rows) {
-        EXPECT_EQ(FormatHeading(row.heading), row.text) << row.why;
-        EXPECT_EQ(ParseHeading(row.text), row.heading) << row.why;
+    for (const auto& [why, text, heading] : rows) {
+        EXPECT_EQ(FormatHeading(heading), text) << why;
+        EXPECT_EQ(ParseHeading(text), heading) << why;
     }
 }
 
 TEST(HeadingText, AnyBytesAreReadByPlaceAndNeverBeyondTheEnd) {
-    struct Row {
-        const char* why;
-        std::string text;
-        Heading heading;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, std::string, Heading> rows[] = {
         {"empty", "", {}},
         {"one byte, which is skipped", "1", {}},
         {"no number in the first place", "(x2 0 200", {}},
@@ -62,8 +54,8 @@ TEST(HeadingText, AnyBytesAreReadByPlaceAndNeverBeyondTheEnd) {
         {"a zero byte is as any other", "(2) 0\000200\0003\00090 (0)"s, {{{0, 200}, {3, 90}}, {}}},
         {"what follows the hidden columns is left alone", "(1) 0 200 (0) 7 8 9", {{{0, 200}}, {}}},
     };
-    for (const Row& row : rows) {
-        EXPECT_EQ(ParseHeading(CString(row.text)), row.heading) << row.why;
+    for (const auto& [why, text, heading] : rows) {
+        EXPECT_EQ(ParseHeading(CString(text)), heading) << why;
     }
 }
 

@@ -6,7 +6,6 @@
 #include <platform/text/SystemText.h>
 #include <support/AddressFixture.h>
 #include <support/CodePages.h>
-#include <support/LocaleInForce.h>
 
 namespace orvo {
 namespace {
@@ -20,30 +19,6 @@ protected:
 };
 INSTANTIATE_TEST_SUITE_P(BothCodePages, NameText, testing::ValuesIn(kBothCodePages));
 
-TEST_P(NameText, LeadingSpacesGoAndTheFirstReturnOrTabCuts) {
-    struct Row {
-        const char *why, *in, *want;
-    };
-    constexpr Row kRows[] = {
-        {"blank, return, feed and tab go from the start", "  \r\n\tone\ttwo", "one"},
-        {"a line feed doesn't cut", "one\ntwo", "one\ntwo"},
-        {"a return cuts", "one\r\ntwo", "one"},
-        {"nothing but white space is empty", " \t\r\n ", ""},
-        {"blanks inside stay", "one two ", "one two "},
-        {"a wide blank is a character", "　一", "　一"},
-    };
-    for (const Row& row : kRows) {
-        const CString source = SystemText(row.in);
-        EXPECT_EQ(RemoveLeadingSpaces(source), SystemText(row.want)) << row.why;
-    }
-}
-
-TEST_P(NameText, ALongTextIsCutAt256BytesWithoutSplittingACharacter) {
-    const CString wide = SystemText("漢") + "tail";
-    EXPECT_EQ(RemoveLeadingSpaces(CString('x', 255) + wide).GetLength(), 255);
-    EXPECT_EQ(RemoveLeadingSpaces(CString('x', 260 - wide.GetLength()) + wide).GetLength(), 256);
-}
-
 TEST_P(NameText, LinesAreAddedInOrderAndAnEmptyOneBetweenTwoCounts) {
     CStringArray lines;
     lines.Add("before");
@@ -56,12 +31,8 @@ TEST_P(NameText, LinesAreAddedInOrderAndAnEmptyOneBetweenTwoCounts) {
     EXPECT_EQ(lines[3], "two");
 }
 
-struct NameRow {
-    const char *why, *name, *first, *company;
-    const char *english, *japanese;  // FormatName by the locale
-    const char* column;              // GetFormattedName in English
-};
-constexpr NameRow kNames[] = {
+// The fields, then what FormatName gives by the locale, and GetFormattedName in English.
+constexpr const char* kNames[][7] = {
     {"both names", "Lee", "Ann", "Acme", "Lee, Ann", "Lee Ann", "Lee, Ann"},
     {"no separator for an empty part", "", "Ann", "Acme", "Ann", "Ann", "Ann"},
     {"the company stands in for a missing name", "", "", "Acme\nInc", "Acme", "Acme", ""},
@@ -73,27 +44,25 @@ constexpr NameRow kNames[] = {
 };
 
 TEST_P(NameText, ARowIsNamedByThePersonElseByTheCompany) {
-    for (const NameRow& row : kNames) {
-        const auto record =
-            addresses.Make({{Name, row.name}, {First, row.first}, {Company, row.company}});
+    for (const auto& [why, name, first, company, english, japanese, column] : kNames) {
+        const auto record = addresses.Make({{Name, name}, {First, first}, {Company, company}});
         CString result("old");
         FormatName(record.get(), result);
-        EXPECT_EQ(result, SystemText(GetACP() == 932 ? row.japanese : row.english)) << row.why;
+        EXPECT_EQ(result, SystemText(GetACP() == 932 ? japanese : english)) << why;
     }
 }
 
 TEST(NameColumn, NamesThePersonAloneAndSaysUnnamedOnlyWhenAsked) {
     const LocaleInForce locale("en-US");
     AddressFixture addresses;
-    for (const NameRow& row : kNames) {
-        const auto record =
-            addresses.Make({{Name, row.name}, {First, row.first}, {Company, row.company}});
+    for (const auto& [why, name, first, company, english, japanese, column] : kNames) {
+        const auto record = addresses.Make({{Name, name}, {First, first}, {Company, company}});
         CString result("old");
         GetFormattedName(record.get(), result, 0);
-        EXPECT_EQ(result, row.column) << row.why;
+        EXPECT_EQ(result, column) << why;
 
         GetFormattedName(record.get(), result, 1);
-        EXPECT_EQ(result, *row.column != '\0' ? row.column : "-Unnamed-") << row.why;
+        EXPECT_EQ(result, *column != '\0' ? column : "-Unnamed-") << why;
     }
 }
 

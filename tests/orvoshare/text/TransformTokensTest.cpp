@@ -1,5 +1,7 @@
 // Replacing delimited tokens.
 // SPDX-License-Identifier: MIT
+#include <tuple>
+
 #include <gtest/gtest.h>
 
 #include <orvoshare/text/TransformTokens.h>
@@ -17,33 +19,28 @@ int NoteToken(const char* token, CString& replacement, long data) {
 }
 
 TEST(TransformTokens, ReplacesEachTokenAndTellsOfAnUnfinishedOne) {
-    struct Row {
-        const char *why, *in;
-        char open, close;
-        const char *output, *tokens;
-        int result;
-    };
-    constexpr Row kRows[] = {
-        {"a token in the middle", "a<b>c", '<', '>', "a=bc", "[b]", 1},
-        {"no token", "plain > text", '<', '>', "plain > text", "", 1},
-        {"an empty text", "", '<', '>', "", "", 1},
-        {"an empty token", "<>x", '<', '>', "=x", "[]", 1},
-        {"the text ends inside a token", "ab<cd", '<', '>', "ab", "", 0},
-        {"what was finished stays", "<a>b<c", '<', '>', "=ab", "[a]", 0},
-        {"one that isn't touched comes again", "<x>,<keep>", '<', '>', "=x,=x", "[x][keep]", 1},
-        {"at the first token it is empty", "<keep>.", '<', '>', ".", "[keep]", 1},
-        {"tokens don't nest", "<a<b>c>", '<', '>', "=a<bc>", "[a<b]", 1},
-        {"the same byte opens and closes", "%a%b%c%", '%', '%', "=ab=c", "[a][c]", 1},
-        {"a lead byte is as any other", "\x95<b>", '<', '>', "\x95=b", "[b]", 1},
-    };
-    for (const Row& row : kRows) {
+    constexpr std::tuple<const char*, const char*, char, char, const char*, const char*, int>
+        kRows[] = {
+            {"a token in the middle", "a<b>c", '<', '>', "a=bc", "[b]", 1},
+            {"no token", "plain > text", '<', '>', "plain > text", "", 1},
+            {"an empty text", "", '<', '>', "", "", 1},
+            {"an empty token", "<>x", '<', '>', "=x", "[]", 1},
+            {"the text ends inside a token", "ab<cd", '<', '>', "ab", "", 0},
+            {"what was finished stays", "<a>b<c", '<', '>', "=ab", "[a]", 0},
+            {"one that isn't touched comes again", "<x>,<keep>", '<', '>', "=x,=x", "[x][keep]", 1},
+            {"at the first token it is empty", "<keep>.", '<', '>', ".", "[keep]", 1},
+            {"tokens don't nest", "<a<b>c>", '<', '>', "=a<bc>", "[a<b]", 1},
+            {"the same byte opens and closes", "%a%b%c%", '%', '%', "=ab=c", "[a][c]", 1},
+            {"a lead byte is as any other", "\x95<b>", '<', '>', "\x95=b", "[b]", 1},
+        };
+    for (const auto& [why, in, open, close, wantOutput, wantTokens, want] : kRows) {
         CString output("old");
         CString tokens;
-        const int result = TransformTokens(row.in, row.open, row.close, output, NoteToken,
-                                           reinterpret_cast<long>(&tokens));
-        EXPECT_EQ(result, row.result) << row.why;
-        EXPECT_EQ(output, row.output) << row.why;
-        EXPECT_EQ(tokens, row.tokens) << row.why;
+        const int result =
+            TransformTokens(in, open, close, output, NoteToken, reinterpret_cast<long>(&tokens));
+        EXPECT_EQ(result, want) << why;
+        EXPECT_EQ(output, wantOutput) << why;
+        EXPECT_EQ(tokens, wantTokens) << why;
     }
 }
 

@@ -46,27 +46,22 @@ TEST_F(TodoCells, EachTextColumnShowsItsField) {
 }
 
 TEST_F(TodoCells, AnOverdueDateHasItsOwnColourUnlessItIsCompleted) {
-    struct Row {
-        const char* why;
-        long due;
-        bool isCompleted, isOverdue;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, long, bool, bool> rows[] = {
         {"yesterday", Day(-1), false, true},
         {"the last second of yesterday", Day(0) - 1, false, true},
         {"today", Day(0), false, false},
         {"yesterday, and completed", Day(-1), true, false},
     };
     ASSERT_NE(overdue, kNormal);
-    for (const Row& row : rows) {
-        const auto record = Make({.name = "a", .due = row.due, .isCompleted = row.isCompleted});
+    for (const auto& [why, due, isCompleted, isOverdue] : rows) {
+        const auto record = Make({.name = "a", .due = due, .isCompleted = isCompleted});
         for (const int selected : {0, 1}) {
             const COLORREF other = selected != 0 ? kSelected : kNormal;
             const auto colour = [&](int id) {
                 return Draw(record.get(), id, kCell, selected).back().colour;
             };
-            EXPECT_EQ(colour(TodoColumn::DueDate), row.isOverdue ? overdue : other) << row.why;
-            EXPECT_EQ(colour(TodoColumn::Description), other) << row.why;
+            EXPECT_EQ(colour(TodoColumn::DueDate), isOverdue ? overdue : other) << why;
+            EXPECT_EQ(colour(TodoColumn::Description), other) << why;
         }
     }
 }

@@ -1,8 +1,6 @@
 // When a to-do is due, and how a date is shown, typed and chosen.
 // SPDX-License-Identifier: MIT
-#include <string>
-
-#include <gtest/gtest.h>
+#include <tuple>
 
 #include <contracts/Dates.h>
 #include <orvoshare/todo/TodoDates.h>
@@ -11,7 +9,6 @@
 #include <platform/time/ZonedTest.h>
 #include <platform/window/WindowFixture.h>
 #include <support/CodePages.h>
-#include <support/LocaleInForce.h>
 
 namespace orvo {
 namespace {
@@ -40,10 +37,7 @@ protected:
 };
 
 // The second before `firstToday` is overdue, the last one of its day is due; the one behind isn't.
-struct DueRow {
-    const char *why, *zone, *now, *firstToday;
-};
-constexpr DueRow kDueRows[] = {
+constexpr const char* kDueRows[][4] = {
     {"no clock changes", "Asia/Tokyo", "2026-05-03T00:00:00", "2026-05-03T00:00:00"},
     {"the last second of a day", "Asia/Tokyo", "2026-05-03T23:59:59", "2026-05-03T00:00:00"},
     {"a day of 23 hours", "Europe/Berlin", "2026-03-29T12:00:00", "2026-03-29T00:00:00"},
@@ -55,14 +49,14 @@ constexpr DueRow kDueRows[] = {
 };
 
 TEST_F(TodoDates, TheCalendarDayDecidesWhatIsDueAndWhatIsOverdue) {
-    for (const DueRow& row : kDueRows) {
-        SetNow(row.zone, row.now);
-        const long first = MomentOf(row.firstToday);
-        const long last = MomentOf((std::string(row.firstToday, 11) + "23:59:59").c_str());
-        EXPECT_EQ(IsDueYesterdayOrEarlier(first - 1), 1) << row.why;
-        EXPECT_EQ(IsDueYesterdayOrEarlier(first), 0) << row.why;
-        EXPECT_EQ(IsDueToday(last), 1) << row.why;
-        EXPECT_EQ(IsDueToday(last + 1), 0) << row.why;
+    for (const auto& [why, zone, now, firstToday] : kDueRows) {
+        SetNow(zone, now);
+        const long first = MomentOf(firstToday);
+        const long last = MomentOf((std::string(firstToday, 11) + "23:59:59").c_str());
+        EXPECT_EQ(IsDueYesterdayOrEarlier(first - 1), 1) << why;
+        EXPECT_EQ(IsDueYesterdayOrEarlier(first), 0) << why;
+        EXPECT_EQ(IsDueToday(last), 1) << why;
+        EXPECT_EQ(IsDueToday(last + 1), 0) << why;
     }
 }
 
@@ -77,12 +71,9 @@ TEST_F(TodoDates, NoDateIsNeitherDueNorOverdueAndHasNoText) {
     for (const int choice : {3, 5, -1}) EXPECT_EQ(ChosenDate(choice, 7), kMaxDate) << choice;
 }
 
-struct TextRow {
-    LocaleCase locale;
-    const char *full, *withoutYear;
-    const char *typed, *typedNoYear;  // 24 December
-};
-constexpr TextRow kTextRows[] = {
+// The full form and the one without a year, then 24 December as it is typed with a year and
+// without.
+constexpr std::tuple<LocaleCase, const char*, const char*, const char*, const char*> kTextRows[] = {
     {{"en-US", 65001}, "12/24/27", "12/24", "12/24/2027", "12/24"},
     {{"de-DE", 65001}, "24.12.27", "24.12", "24.12.27", "24.12"},
     {{"sv-SE", 65001}, "2027-12-24", "12-24", "2027-12-24", "12-24"},
@@ -92,27 +83,24 @@ constexpr TextRow kTextRows[] = {
 
 TEST_F(TodoDates, ADateIsShownAndReadByTheLocale) {
     SetNow("Europe/Berlin", "2026-05-03T12:00:00");
-    for (const TextRow& row : kTextRows) {
-        const LocaleInForce locale(row.locale.tag, row.locale.codePage);
-        EXPECT_EQ(TextOf(MomentOf("2027-12-24T17:30:00"), 1), row.full) << row.locale.tag;
-        EXPECT_EQ(TextOf(MomentOf("2027-12-24T17:30:00"), 0), row.withoutYear) << row.locale.tag;
-        EXPECT_EQ(IsoOf(DateOfText(row.typed)), "2027-12-24T23:59:59") << row.typed;
-        EXPECT_EQ(IsoOf(DateOfText(row.typedNoYear)), "2026-12-24T23:59:59") << row.typedNoYear;
+    for (const auto& [page, full, withoutYear, typed, typedNoYear] : kTextRows) {
+        const LocaleInForce locale(page.tag, page.codePage);
+        EXPECT_EQ(TextOf(MomentOf("2027-12-24T17:30:00"), 1), full) << page.tag;
+        EXPECT_EQ(TextOf(MomentOf("2027-12-24T17:30:00"), 0), withoutYear) << page.tag;
+        EXPECT_EQ(IsoOf(DateOfText(typed)), "2027-12-24T23:59:59") << typed;
+        EXPECT_EQ(IsoOf(DateOfText(typedNoYear)), "2026-12-24T23:59:59") << typedNoYear;
     }
 }
 
 TEST_F(TodoDates, TypedYearsFallIntoTheYearsOfRecordsAndWhatIsNoDateIsReadAsNone) {
-    struct Row {
-        const char *typed, *year;
-    };
-    constexpr Row kRows[] = {{"0", "2000"},    {"37", "2037"},   {"38", "1970"},
-                             {"69", "1970"},   {"71", "1971"},   {"99", "1999"},
-                             {"1900", "1970"}, {"2038", "2038"}, {"2100", "2038"}};
+    constexpr const char* kRows[][2] = {{"0", "2000"},    {"37", "2037"},   {"38", "1970"},
+                                        {"69", "1970"},   {"71", "1971"},   {"99", "1999"},
+                                        {"1900", "1970"}, {"2038", "2038"}, {"2100", "2038"}};
     const LocaleInForce locale("en-US");
     SetNow("America/New_York", "2026-05-03T12:00:00");
-    for (const Row& row : kRows) {
-        const CString typed = CString("1/2/") + row.typed;
-        EXPECT_EQ(IsoOf(DateOfText(typed)), std::string(row.year) + "-01-02T23:59:59") << row.typed;
+    for (const auto& [typed, year] : kRows) {
+        const CString date = CString("1/2/") + typed;
+        EXPECT_EQ(IsoOf(DateOfText(date)), std::string(year) + "-01-02T23:59:59") << typed;
     }
     for (const char* text : {"", "soon", "13/32/26", "5", "//", " "}) {
         EXPECT_EQ(DateOfText(text), -1) << text;
@@ -120,13 +108,8 @@ TEST_F(TodoDates, TypedYearsFallIntoTheYearsOfRecordsAndWhatIsNoDateIsReadAsNone
 }
 
 TEST_F(TodoDates, AChosenDateLiesAtTheStartOfItsCalendarDay) {
-    struct Row {
-        const char *why, *zone, *now;
-        DateChoice choice;
-        const char* day;
-    };
     using enum DateChoice;
-    constexpr Row kRows[] = {
+    constexpr std::tuple<const char*, const char*, const char*, DateChoice, const char*> kRows[] = {
         {"today", "Asia/Tokyo", "2026-05-03T12:00:00", Today, "2026-05-03"},
         {"over a year's end", "Asia/Tokyo", "2026-12-28T23:59:59", OneWeekLater, "2027-01-04"},
         {"over 25 hours", "Europe/Berlin", "2026-10-25T00:30:00", Tomorrow, "2026-10-26"},
@@ -134,11 +117,11 @@ TEST_F(TodoDates, AChosenDateLiesAtTheStartOfItsCalendarDay) {
         {"from a day from one on", "Africa/Cairo", "2026-04-24T12:00:00", Tomorrow, "2026-04-25"},
         {"over a day left out", "Pacific/Apia", "2011-12-29T12:00:00", Tomorrow, "2011-12-31"},
     };
-    for (const Row& row : kRows) {
-        SetNow(row.zone, row.now);
-        EXPECT_EQ(IsoOf(ChosenDate(static_cast<int>(row.choice), kMaxDate)),
-                  std::string(row.day) + "T00:00:00")
-            << row.why;
+    for (const auto& [why, zone, now, choice, day] : kRows) {
+        SetNow(zone, now);
+        EXPECT_EQ(IsoOf(ChosenDate(static_cast<int>(choice), kMaxDate)),
+                  std::string(day) + "T00:00:00")
+            << why;
     }
 }
 

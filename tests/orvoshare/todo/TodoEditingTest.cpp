@@ -6,9 +6,6 @@
 namespace orvo {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-
 using TodoEditing = TodoFixture;
 
 TEST_F(TodoEditing, EachPopupHasItsItems) {

@@ -1,11 +1,9 @@
-// Filling the list of to-dos; the leak check tells where a record isn't freed.
+// Filling the list of to-dos, and what it shows; the leak check tells of records that aren't freed.
 // SPDX-License-Identifier: MIT
 #include <orvoshare/todo/TodoFixture.h>
 
 namespace orvo {
 namespace {
-
-using testing::ElementsAre;
 
 // Every way to fill, each into an empty list.
 class TodoFill : public TodoFixture {
@@ -75,6 +73,61 @@ TEST_F(TodoFill, ARefreshDrawsNothingInBetweenAndTakesTheWaitingShapeBack) {
     ASSERT_EQ(system.Cursors().size(), 2U);
     EXPECT_EQ(system.Cursors().front(), LoadStandardCursor(IDC_WAIT));
     EXPECT_EQ(GetCursor(), before);
+}
+
+using TodoFilter = TodoFixture;
+
+struct Flags {
+    bool dueOnly = false, hidesCompleted = false, hidesPrivate = false;
+    int category = kAllCategories;
+};
+
+TEST_F(TodoFilter, EachTestAloneKeepsARecordOut) {
+    const std::tuple<const char*, Flags, AToDo, int> rows[] = {
+        {"nothing is hidden", {}, {.due = Day(6), .isCompleted = true, .isPrivate = true}, 1},
+        {"but the archived", {}, {.isArchived = true}, 0},
+        {"due before", {.dueOnly = true}, {.due = Day(-1)}, 1},
+        {"due in the last second of today", {.dueOnly = true}, {.due = Day(1) - 1}, 1},
+        {"due tomorrow", {.dueOnly = true}, {.due = Day(1)}, 0},
+        {"without a date", {.dueOnly = true}, {}, 1},
+        {"completed", {.hidesCompleted = true}, {.isCompleted = true}, 0},
+        {"open", {.hidesCompleted = true}, {.isPrivate = true}, 1},
+        {"private", {.hidesPrivate = true}, {.isPrivate = true}, 0},
+        {"public", {.hidesPrivate = true}, {.isCompleted = true}, 1},
+        {"of the category", {.category = 3}, {.category = 3}, 1},
+        {"of another one", {.category = 3}, {.category = 2}, 0},
+        {"none is no category of all", {.category = 0}, {.category = 15}, 0},
+        {"a category that no record has", {.category = 17}, {.category = 15}, 0},
+    };
+    for (const auto& [why, flags, toDo, want] : rows) {
+        view->ShowDueItemsOnly(flags.dueOnly);
+        view->HideCompletedItems(flags.hidesCompleted);
+        view->HidePrivateItems(flags.hidesPrivate);
+        view->SetCategoryShown(flags.category);
+        EXPECT_EQ(view->PassThruFilter(Make(toDo).get()), want) << why;
+    }
+}
+
+TEST_F(TodoFilter, AFlagChangesNoRowUntilTheHostFillsAgain) {
+    Store({{.name = "open"}, {.name = "done", .placement = 2, .isCompleted = true}});
+    Fill();
+    view->SelectItem(1, 1);
+
+    view->HideCompletedItems(1);
+
+    EXPECT_EQ(Names(), "open done");
+    EXPECT_THAT(Selected(), ElementsAre(1));
+    Fill();
+    EXPECT_EQ(Names(), "open");
+}
+
+TEST_F(TodoFilter, APrivateRecordAmongTheSelectedIsFound) {
+    Store({{.placement = 1}, {.placement = 2, .isPrivate = true}});
+    Fill();
+    view->SelectItem(0, 1);
+    EXPECT_EQ(view->IsPrivateRecordSelected(), 0);
+    view->SelectItem(1, 1);
+    EXPECT_EQ(view->IsPrivateRecordSelected(), 1);
 }
 
 }  // namespace

@@ -5,8 +5,6 @@
 namespace orvo {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
 using testing::SizeIs;
 
 using TodoKeys = TodoFixture;
@@ -117,22 +115,17 @@ TEST_F(TodoKeys, TheCheckMarkIsSeenBeforeTheLine) {
 }
 
 TEST_F(TodoKeys, TheLineHasThirtyStrokesAndEndsOneBlankBehindTheText) {
-    struct Row {
-        const char *why, *text;
-        int step;
-        int end;       // from the left edge
-        bool hasRest;  // one stroke more
-    };
-    constexpr Row kRows[] = {
+    // The step, the end from the left edge, and whether there is a stroke more for a rest.
+    constexpr std::tuple<const char*, const char*, int, int, bool> kRows[] = {
         {"88 pixels: a rest", "Buy stamps", 2, 88, true},
         {"240 pixels: no rest", "12345678901234567890123456789", 8, 240, false},
         {"16 pixels: a step of 1, beyond the text", "b", 1, 30, false},
         {"only the first line, without its blanks", "  Buy stamps\r\nand more", 2, 88, true},
         {"nothing but the blank", "", 1, 30, false},
     };
-    for (const Row& row : kRows) {
-        SCOPED_TRACE(row.why);
-        const auto record = MakeNamed(row.text);
+    for (const auto& [why, text, step, end, hasRest] : kRows) {
+        SCOPED_TRACE(why);
+        const auto record = MakeNamed(text);
         CRect rect{10, 21, 400, 40};
         Peer().ForgetDrawn();
         ticks = 0xFFFFFFF0;  // the count ends meanwhile
@@ -140,12 +133,12 @@ TEST_F(TodoKeys, TheLineHasThirtyStrokesAndEndsOneBlankBehindTheText) {
         view->StrikeOutEntry(record.get(), rect, 1);
 
         const std::vector<CRect> lines = Lines();
-        ASSERT_THAT(lines, SizeIs(row.hasRest ? 31 : 30));
+        ASSERT_THAT(lines, SizeIs(hasRest ? 31 : 30));
         for (int i = 0; i < 30; ++i) {
-            const int left = 10 + i * row.step;
-            EXPECT_EQ(lines[static_cast<std::size_t>(i)], (CRect{left, 30, left + row.step, 30}));
+            const int left = 10 + i * step;
+            EXPECT_EQ(lines[static_cast<std::size_t>(i)], (CRect{left, 30, left + step, 30}));
         }
-        EXPECT_EQ(lines.back().right, 10 + row.end);
+        EXPECT_EQ(lines.back().right, 10 + end);
         EXPECT_EQ(ticks - 0xFFFFFFF0, lines.size() / 30 * 30U * 12) << "longer than 10 ticks each";
     }
 }

@@ -35,17 +35,11 @@ TEST_P(TodoOrder, TheKeysDecideOneAfterTheOther) {
     const AToDo inPlain{.category = 4};
     const int kana = 5;
     const AToDo unknown{.priority = 5, .category = 15};
-    struct Row {
-        const char* why;
-        eSortOrder order;
-        AToDo left, right;
-        int want;
-    };
     const AToDo early{.due = 8, .placement = 2};
     const AToDo late{.due = 9, .placement = 1};
     const AToDo urgent{.priority = 2, .placement = 9};
     const AToDo lower{.placement = -5};
-    const Row rows[] = {
+    const std::tuple<const char*, eSortOrder, AToDo, AToDo, int> rows[] = {
         {"priority first", eSortByPriorityDueDate, urgent, early, -1},
         {"then the date", eSortByPriorityDueDate, late, early, 1},
         {"then the placement", eSortByPriorityDueDate, lower, {}, -1},
@@ -63,11 +57,11 @@ TEST_P(TodoOrder, TheKeysDecideOneAfterTheOther) {
         {"then by placement", eSortByCategoryPriority, lower, {}, -1},
         {"an unknown order", kUnknownOrder, {}, {}, -1},
     };
-    for (const Row& row : rows) {
-        view->SetSortOrder(row.order);
-        EXPECT_EQ(Compare(row.left, row.right), row.want) << row.why;
-        if (row.order == kUnknownOrder) continue;
-        EXPECT_EQ(Compare(row.right, row.left), -row.want) << row.why;
+    for (const auto& [why, order, left, right, want] : rows) {
+        view->SetSortOrder(order);
+        EXPECT_EQ(Compare(left, right), want) << why;
+        if (order == kUnknownOrder) continue;
+        EXPECT_EQ(Compare(right, left), -want) << why;
     }
 }
 

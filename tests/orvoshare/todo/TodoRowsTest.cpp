@@ -7,9 +7,6 @@
 namespace orvo {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-
 // Three rows: "1", "2" and "3", by their priorities.
 class TodoRows : public TodoFixture {
 protected:
@@ -51,18 +48,14 @@ TEST_F(TodoRows, OneRowMovesWithItsRecordAndWithoutASortUnlessItStandsRight) {
 }
 
 TEST_F(TodoRows, ARowThatNoLongerPassesGoesAndTheOneAtItsPlaceIsTold) {
-    struct Row {
-        int row, want;
-        const char* left;
-    };
-    constexpr Row kRows[] = {{1, 1, "1 3"}, {1, 0, "1"}, {0, -1, ""}};
+    constexpr std::tuple<int, int, const char*> kRows[] = {{1, 1, "1 3"}, {1, 0, "1"}, {0, -1, ""}};
     for (const Repair repair : kRepairs) {
         Fill();
         view->HideCompletedItems(1);
-        for (const Row& row : kRows) {
-            RecordAt(row.row)->SetCompleted(1, 0);
-            EXPECT_EQ(Run(repair, row.row), row.want);
-            EXPECT_EQ(Names(), row.left);
+        for (const auto& [row, want, left] : kRows) {
+            RecordAt(row)->SetCompleted(1, 0);
+            EXPECT_EQ(Run(repair, row), want);
+            EXPECT_EQ(Names(), left);
             EXPECT_THAT(Selected(), IsEmpty());
         }
         view->HideCompletedItems(0);
@@ -81,23 +74,18 @@ TEST_F(TodoRows, ARowThatIsntThereIsNotRepaired) {
 }
 
 TEST_F(TodoRows, EachNeighbourIsAsked) {
-    struct Row {
-        const char* why;
-        std::array<int, 3> priorities, want;
-    };
-    constexpr Row kRows[] = {
+    constexpr std::tuple<const char*, std::array<int, 3>, std::array<int, 3>> kRows[] = {
         {"in order", {1, 2, 3}, {1, 1, 1}},
         {"equal ones are in order", {2, 2, 2}, {1, 1, 1}},
         {"the first is behind the second", {3, 2, 3}, {0, 0, 1}},
         {"the last is before the second", {1, 2, 1}, {1, 0, 0}},
     };
-    for (const Row& row : kRows) {
+    for (const auto& [why, priorities, want] : kRows) {
         for (std::size_t i = 0; i < 3; ++i) {
-            RecordAt(static_cast<int>(i))->SetPriority(row.priorities[i]);
+            RecordAt(static_cast<int>(i))->SetPriority(priorities[i]);
         }
         for (std::size_t i = 0; i < 3; ++i) {
-            EXPECT_EQ(view->VerifyCurrentOrder(static_cast<int>(i)), row.want[i])
-                << row.why << ' ' << i;
+            EXPECT_EQ(view->VerifyCurrentOrder(static_cast<int>(i)), want[i]) << why << ' ' << i;
         }
     }
     view->SetSortOrder(kUnknownOrder);
