@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include <map>
 #include <random>
-#include <set>
 #include <tuple>
 
 #include <contract/RecordStoreContract.h>

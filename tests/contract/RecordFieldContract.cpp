@@ -1,17 +1,11 @@
 // What every record store keeps to: the fields of records.
 // SPDX-License-Identifier: MIT
-#include <gmock/gmock.h>
+#include <tuple>
 
 #include <contract/RecordStoreContract.h>
-#include <platform/time/CTime.h>
 #include <support/CodePages.h>
-#include <support/LocaleInForce.h>
 
 namespace orvo {
-
-using testing::ElementsAre;
-
-constexpr long kRefused = static_cast<long>(StoreStatus::Refused);
 
 class RecordFieldContract : public RecordStoreContract {};
 INSTANTIATE_TEST_SUITE_P(Engines, RecordFieldContract, testing::ValuesIn(kEngines));
@@ -194,31 +188,26 @@ TEST_P(RecordFieldContract, ADueDaySurvivesAChangeOfZone) {
 
 TEST_P(RecordFieldContract, AStoredDateStaysAsItIsWhenAnotherFieldChanges) {
     SetSystemTimeZone("America/New_York");
-    struct Row {
-        const char* why;
-        CivilTime due;
-        long read;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, CivilTime, long> rows[] = {
         {"beyond the range of a record", {2050, 1, 1, 0, 0, 0}, maxDate()},
         {"before it", {1950, 1, 1, 0, 0, 0}, 0},
         {"left out by the clock", {2026, 3, 8, 2, 30, 0}, MomentOfCivil({2026, 3, 8, 3, 30, 0})},
     };
-    for (const Row& row : rows) {
+    for (const auto& [why, due, read] : rows) {
         StoredRow given;
-        given.due = row.due;
+        given.due = due;
         ASSERT_EQ(engine.Insert(TableKind::ToDo, given, {}), StoreStatus::Ok);
         CToDoRecord record(todos);
         ASSERT_EQ(todos.Find(given.id, record), 0);
-        EXPECT_EQ(DueDateOf(record), row.read) << row.why;
+        EXPECT_EQ(DueDateOf(record), read) << why;
 
         EXPECT_EQ(record.SetPriority(5), 0);
-        EXPECT_EQ(record.SetDueDate(row.read), 0);
+        EXPECT_EQ(record.SetDueDate(read), 0);
 
         StoredRow stored;
         std::string fields;
         ASSERT_EQ(engine.Read(TableKind::ToDo, given.id, stored, fields), StoreStatus::Ok);
-        EXPECT_EQ(stored.due, row.due) << row.why;
+        EXPECT_EQ(stored.due, due) << why;
         EXPECT_EQ(stored.priority, 5);
     }
 }

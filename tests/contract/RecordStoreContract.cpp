@@ -1,17 +1,10 @@
 // What every record store keeps to: records, tables and iterators.
 // SPDX-License-Identifier: MIT
-#include <gmock/gmock.h>
-
 #include <contract/RecordStoreContract.h>
 
 namespace orvo {
 
-using testing::ElementsAre;
 using testing::Pair;
-
-constexpr long kRefused = static_cast<long>(StoreStatus::Refused);
-constexpr long kGone = static_cast<long>(StoreStatus::Gone);
-constexpr long kFailed = static_cast<long>(StoreStatus::Failed);
 
 INSTANTIATE_TEST_SUITE_P(Engines, RecordStoreContract, testing::ValuesIn(kEngines));
 

@@ -2,17 +2,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <memory>
 #include <ostream>
-#include <string>
 #include <vector>
-
-#include <gtest/gtest.h>
 
 #include <contract/RecordValues.h>
 #include <contract/StoreFolder.h>
 #include <libraries/quire/MemoryEngine.h>
-#include <libraries/quire/SqliteEngine.h>
 #include <platform/time/CTime.h>
 #include <platform/time/ZonedTest.h>
 

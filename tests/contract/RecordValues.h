@@ -1,14 +1,18 @@
-// Categories by their names.
+// Results of records, and categories by their names.
 // SPDX-License-Identifier: MIT
 #pragma once
 
 #include <memory>
 #include <string_view>
 
-#include <contracts/RecordStore.h>
 #include <support/RecordReaders.h>
 
 namespace orvo {
+
+constexpr long kRefused = static_cast<long>(StoreStatus::Refused);
+constexpr long kGone = static_cast<long>(StoreStatus::Gone);
+constexpr long kFailed = static_cast<long>(StoreStatus::Failed);
+constexpr long kBusy = static_cast<long>(StoreStatus::Busy);
 
 // Adds a category of that name.
 inline CatError AddCategory(CCategoryMgr& categories, std::string_view utf8) {

@@ -1,12 +1,9 @@
-// What every engine does with deleted rows, rows that come back, and texts that go.
+// What every engine does with deleted rows, rows that come back, and texts that go or are shared.
 // SPDX-License-Identifier: MIT
-#include <gmock/gmock.h>
-
 #include <contract/RecordStoreContract.h>
 
 namespace orvo {
 
-using testing::ElementsAre;
 using TextKind = StoreEngine::TextKind;
 
 constexpr TableKind kToDo = TableKind::ToDo;
@@ -99,6 +96,39 @@ TEST_P(RemovedRowContract, ADroppedTransactionLeavesTheTexts) {
         EXPECT_THAT(Texts(kToDo, TextKind::Category), ElementsAre("1 new"));
     }
     EXPECT_THAT(Texts(kToDo, TextKind::Category), ElementsAre("0 Uncategorized"));
+}
+
+class SharedTextContract : public RecordStoreContract {};
+
+INSTANTIATE_TEST_SUITE_P(Engines, SharedTextContract, testing::ValuesIn(kEngines));
+
+TEST_P(SharedTextContract, RowsThatAreReadHaveOneCopyOfATextInMemory) {
+    const RowExtra extra{"", "rest", "", {SharedText("zone")}};
+    StoredRow rows[2];
+    RowExtra read[2];
+    for (int i = 0; i < 2; ++i) {
+        ASSERT_EQ(engine.Insert(TableKind::ToDo, rows[i], extra), StoreStatus::Ok);
+        ASSERT_EQ(engine.ReadExtra(TableKind::ToDo, rows[i].id, read[i]), StoreStatus::Ok);
+        ASSERT_EQ(read[i], extra);
+    }
+    EXPECT_EQ(&read[0].shared[0].Text(), &read[1].shared[0].Text());
+}
+
+TEST_P(SharedTextContract, ARecordsSourceBeginsWithItsTextsThroughEditsAndRemoval) {
+    CToDoRecord record(todos);
+    const auto expectSource = [&](const char* when) {
+        EXPECT_EQ(SourceOf(record), "zone 1;zone 2;rest") << when;
+    };
+    ASSERT_EQ(record.SetSource("rest", "origin", {SharedText("zone 1;"), SharedText("zone 2;")}),
+              0);
+    expectSource("before it is stored");
+    ASSERT_EQ(todos.Add(record), 0);
+    ASSERT_EQ(record.SetNoteUtf8("a note"), 0);
+    expectSource("once it is edited");
+    ASSERT_EQ(todos.Remove(record), 0);
+    expectSource("once it is removed");
+    ASSERT_EQ(todos.Add(record), 0);
+    expectSource("once it is back");
 }
 
 }  // namespace orvo

@@ -2,17 +2,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <filesystem>
 #include <memory>
 #include <set>
-#include <string>
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <libraries/quire/SqliteEngine.h>
 #include <platform/io/TempFolder.h>
 
 namespace orvo {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
 
 class StoreFolder : public TempFolder {
 public:

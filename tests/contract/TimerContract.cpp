@@ -1,7 +1,6 @@
 // What the timers of every window system must do.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
-#include <functional>
 
 #include <gmock/gmock.h>
 

@@ -25,6 +25,14 @@ inline std::unique_ptr<CAddressRecord> MakeAddress(CAddressTable& table,
     return record;
 }
 
+// Gives:    the record that is now in the table.
+inline std::unique_ptr<CAddressRecord> AddAddress(CAddressTable& table,
+                                                  const AddressTexts& texts = {}) {
+    auto record = MakeAddress(table, texts);
+    EXPECT_EQ(table.Add(*record), 0) << table.LastError();
+    return record;
+}
+
 // A table in memory.
 struct AddressFixture {
     MemoryEngine engine;

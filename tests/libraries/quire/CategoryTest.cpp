@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include <tuple>
 
-#include <gmock/gmock.h>
-
 #include <contract/RecordValues.h>
 #include <contract/StoreFolder.h>
 #include <contracts/DefaultTexts.h>
@@ -13,8 +11,6 @@
 #include <support/CodePages.h>
 
 namespace orvo {
-
-using testing::ElementsAre;
 
 TEST(CategoryMgr, TakesSixteenAndGivesEachTheLowestFreeIndex) {
     CCategoryMgr manager;

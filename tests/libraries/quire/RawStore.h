@@ -2,9 +2,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <string>
-
-#include <gtest/gtest.h>
 #include <sqlite3.h>
 
 #include <contract/StoreFolder.h>

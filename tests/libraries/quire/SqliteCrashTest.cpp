@@ -1,14 +1,11 @@
 // Tests of what is left after a program dies or the disk is full.
 // SPDX-License-Identifier: MIT
-#include <fstream>
 #include <optional>
 #include <sys/mount.h>
 
-#include <gmock/gmock.h>
-
 #include <contract/RecordValues.h>
-#include <contract/StoreFolder.h>
 #include <platform/io/FileSizeLimit.h>
+#include <support/AddressFixture.h>
 #include <support/ChildProcess.h>
 
 #include "RawStore.h"
@@ -16,8 +13,6 @@
 namespace orvo {
 
 using testing::AnyOf;
-
-namespace {}  // namespace
 
 TEST(SqliteCrash, AKilledImportIsThereAsAWholeOrNotAtAll) {
     constexpr int kRows = 2000;
@@ -59,10 +54,7 @@ TEST(SqliteCrash, AcknowledgedEditsOutliveAKill) {
     {
         const auto engine = folder.Open();
         CAddressTable table(*engine);
-        CAddressRecord record(table);
-        record.SetUtf8(AddressField::Name, "0");
-        ASSERT_EQ(table.Add(record), 0);
-        id = record.GetId();
+        id = AddAddress(table, {{AddressField::Name, "0"}})->GetId();
     }
     int edits = 0;
     for (const int killedAfter : {1, 2, 5, 17, 40, 150}) {
@@ -119,7 +111,7 @@ TEST(SqliteCrash, AStoreBesideWhichNothingMayGrowOpensForReading) {
             CAddressRecord record(table);
             EXPECT_EQ(table.Find(1, record), 0) << table.LastError();
             EXPECT_EQ(NoteOf(record), "a note");
-            EXPECT_EQ(record.SetPrivate(1), static_cast<long>(StoreStatus::Failed));
+            EXPECT_EQ(record.SetPrivate(1), kFailed);
             EXPECT_EQ(table.LastError(), folder.Path() + ": a file may not grow beyond its limit");
         }
         EXPECT_TRUE(folder.Read() == before);
@@ -157,25 +149,22 @@ TEST(SqliteCrash, AFullDiskGetsAClearErrorAndChangesNothing) {
     const StoreFolder folder;
     const auto engine = folder.Open();
     CAddressTable table(*engine);
-    CAddressRecord record(table);
+    const auto record = AddAddress(table, {{AddressField::Name, "Ito"}});
     CAddressRecord fresh(table);
-    record.SetUtf8(AddressField::Name, "Ito");
-    ASSERT_EQ(table.Add(record), 0);
     fresh.SetNoteUtf8(std::string(3'000'000, 'n'));
     {
         const FileSizeLimit limit(400'000);
 
-        EXPECT_EQ(record.SetUtf8(AddressField::Name, std::string(3'000'000, 'x')),
-                  static_cast<long>(StoreStatus::Failed));
-        EXPECT_EQ(table.Add(fresh), static_cast<long>(StoreStatus::Failed));
+        EXPECT_EQ(record->SetUtf8(AddressField::Name, std::string(3'000'000, 'x')), kFailed);
+        EXPECT_EQ(table.Add(fresh), kFailed);
     }
     EXPECT_EQ(table.LastError(), folder.Path() + ": a file may not grow beyond its limit");
-    EXPECT_EQ(record.Utf8(AddressField::Name), "Ito");
+    EXPECT_EQ(record->Utf8(AddressField::Name), "Ito");
     EXPECT_EQ(fresh.GetId(), 0);
     EXPECT_FALSE(engine->InTransaction());
     EXPECT_EQ(table.GetCount(), 1);
     ExpectSound(folder);
-    EXPECT_EQ(record.SetUtf8(AddressField::City, "Kyoto"), 0) << "with room again it goes on";
+    EXPECT_EQ(record->SetUtf8(AddressField::City, "Kyoto"), 0) << "with room again it goes on";
     EXPECT_EQ(table.Add(fresh), 0);
 }
 
@@ -199,8 +188,7 @@ TEST(SqliteCrash, ATransactionThatMeetsAFullDiskKeepsNothing) {
     EXPECT_FALSE(engine->InTransaction());
     EXPECT_EQ(table.GetCount(), 0);
     ExpectSound(folder);
-    CAddressRecord record(table);
-    EXPECT_EQ(table.Add(record), 0);
+    AddAddress(table);
 }
 
 }  // namespace orvo

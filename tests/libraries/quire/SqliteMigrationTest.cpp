@@ -3,21 +3,15 @@
 #include <map>
 #include <sys/stat.h>
 #include <tuple>
-#include <unistd.h>
 
 #include <fmt/format.h>
-#include <gmock/gmock.h>
 
-#include <contract/StoreFolder.h>
 #include <platform/io/FileSizeLimit.h>
 #include <support/ChildProcess.h>
 
 #include "RawStore.h"
 
 namespace orvo {
-
-using testing::ElementsAre;
-using testing::HasSubstr;
 
 namespace {
 

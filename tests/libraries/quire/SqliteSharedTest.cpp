@@ -1,9 +1,7 @@
 // Tests of a store file that several programs have open.
 // SPDX-License-Identifier: MIT
-#include <gmock/gmock.h>
-
 #include <contract/RecordValues.h>
-#include <contract/StoreFolder.h>
+#include <support/AddressFixture.h>
 #include <support/ChildProcess.h>
 
 #include "RawStore.h"
@@ -42,23 +40,20 @@ protected:
 }  // namespace
 
 TEST_F(SqliteShared, AWriteWhileAnotherWritesIsBusyAndChangesNothing) {
-    CAddressRecord record(table);
+    const auto record = AddAddress(table, {{AddressField::Name, "Ito"}});
     CAddressRecord fresh(table);
-    record.SetUtf8(AddressField::Name, "Ito");
-    ASSERT_EQ(table.Add(record), 0);
     StoredRow gone;
     gone.id = 7;
     engine->SetBusyTimeout(0);
     ASSERT_EQ(other->Begin(), StoreStatus::Ok);
-    constexpr long kBusy = static_cast<long>(StoreStatus::Busy);
 
     std::vector<std::string> told;
     table.SetFailureListener([&told](const std::string& reason, bool) { told.push_back(reason); });
-    EXPECT_EQ(record.SetUtf8(AddressField::Name, "Sato"), kBusy);
-    EXPECT_THAT(told, testing::ElementsAre(table.LastError()));
+    EXPECT_EQ(record->SetUtf8(AddressField::Name, "Sato"), kBusy);
+    EXPECT_THAT(told, ElementsAre(table.LastError()));
     EXPECT_EQ(table.LastError(), folder.Path() + ": another program is writing to this store");
     EXPECT_EQ(table.Add(fresh), kBusy);
-    EXPECT_EQ(table.Remove(record), kBusy);
+    EXPECT_EQ(table.Remove(*record), kBusy);
     EXPECT_EQ(table.SetPhoneLabel(0, "Cell"), kBusy);
     EXPECT_EQ(engine->RemoveText(TableKind::Address, TextKind::CustomLabel, 1), StoreStatus::Busy);
     EXPECT_EQ(engine->Restore(TableKind::Address, gone, {}), StoreStatus::Busy);
@@ -69,7 +64,7 @@ TEST_F(SqliteShared, AWriteWhileAnotherWritesIsBusyAndChangesNothing) {
     EXPECT_EQ(table.GetCount(), 1) << "reading goes on";
     other->Rollback();
     EXPECT_EQ(engine->Restore(TableKind::Address, gone, {}), StoreStatus::Ok);
-    EXPECT_EQ(record.SetUtf8(AddressField::Name, "Sato"), 0);
+    EXPECT_EQ(record->SetUtf8(AddressField::Name, "Sato"), 0);
 }
 
 TEST_F(SqliteShared, AWalkLeftStandingIsNoObstacleToAnyWriter) {
@@ -139,7 +134,7 @@ TEST_F(SqliteShared, CategoriesOfTwoProgramsGetIndexesOfTheirOwn) {
 TEST_F(SqliteShared, ALabelOfAnotherProgramIsNotReplacedByANewOne) {
     ASSERT_EQ(otherTable.SetPhoneLabel(8, "Boat"), 0);
 
-    EXPECT_EQ(table.SetPhoneLabel(8, "Plane"), static_cast<long>(StoreStatus::Refused));
+    EXPECT_EQ(table.SetPhoneLabel(8, "Plane"), kRefused);
 
     EXPECT_EQ(table.GetPhoneLabel(8), "Boat");
     EXPECT_EQ(table.SetPhoneLabel(9, "Plane"), 0);
@@ -184,15 +179,14 @@ TEST(SqliteSharedProcesses, EachRecordEndsUnderTheCategoryOfItsProcess) {
 }
 
 TEST_F(SqliteShared, FieldsChangedByTwoProgramsAreBothKept) {
-    CAddressRecord mine(table);
+    const auto mine = AddAddress(table);
     CAddressRecord theirs(otherTable);
-    ASSERT_EQ(table.Add(mine), 0);
-    ASSERT_EQ(otherTable.Find(mine.GetId(), theirs), 0);
+    ASSERT_EQ(otherTable.Find(mine->GetId(), theirs), 0);
 
     EXPECT_EQ(theirs.SetUtf8(AddressField::City, "Kyoto"), 0);
-    EXPECT_EQ(mine.SetUtf8(AddressField::Name, "Ito"), 0);
+    EXPECT_EQ(mine->SetUtf8(AddressField::Name, "Ito"), 0);
 
-    EXPECT_EQ(mine.Utf8(AddressField::City), "Kyoto");
+    EXPECT_EQ(mine->Utf8(AddressField::City), "Kyoto");
 }
 
 TEST_F(SqliteShared, ADamagedDateIsToldAndStaysInTheStore) {
@@ -202,21 +196,18 @@ TEST_F(SqliteShared, ADamagedDateIsToldAndStaysInTheStore) {
     RawStore(folder.Path()).Run("UPDATE todo SET due = 'soon'");
     CToDoRecord found(todos);
 
-    EXPECT_EQ(todos.Find(todo.GetId(), found), static_cast<long>(StoreStatus::Failed));
+    EXPECT_EQ(todos.Find(todo.GetId(), found), kFailed);
     EXPECT_EQ(todos.LastError(), folder.Path() + ": to-do 1 is damaged");
-    EXPECT_EQ(todo.SetPriority(5), static_cast<long>(StoreStatus::Failed));
+    EXPECT_EQ(todo.SetPriority(5), kFailed);
     EXPECT_EQ(RawStore(folder.Path()).Run("SELECT due FROM todo"), "soon");
 }
 
 TEST_F(SqliteShared, ARowWhoseNoteCantBeWrittenIsNotWrittenEither) {
-    CAddressRecord before(table);
-    before.SetUtf8(AddressField::Name, "Ito");
-    ASSERT_EQ(table.Add(before), 0);
+    const auto before = AddAddress(table);
     RawStore(folder.Path())
         .Run(
             "CREATE TRIGGER no_notes BEFORE INSERT ON address_extra "
             "BEGIN SELECT RAISE(ABORT, 'no notes today'); END");
-    constexpr long kFailed = static_cast<long>(StoreStatus::Failed);
     for (const bool inTransaction : {false, true}) {
         EXPECT_EQ(inTransaction ? engine->Begin() : StoreStatus::Ok, StoreStatus::Ok);
         CAddressRecord record(table);
@@ -224,15 +215,15 @@ TEST_F(SqliteShared, ARowWhoseNoteCantBeWrittenIsNotWrittenEither) {
 
         EXPECT_EQ(table.Add(record), kFailed);
         EXPECT_EQ(table.LastError(), folder.Path() + ": no notes today");
-        EXPECT_EQ(before.SetNoteUtf8("a note"), kFailed);
+        EXPECT_EQ(before->SetNoteUtf8("a note"), kFailed);
 
-        EXPECT_FALSE(before.IsNote());
+        EXPECT_FALSE(before->IsNote());
         CAddressRecord stored(table);
-        EXPECT_EQ(table.Find(before.GetId(), stored), 0);
+        EXPECT_EQ(table.Find(before->GetId(), stored), 0);
         EXPECT_FALSE(stored.IsNote());
         EXPECT_EQ(table.GetCount(), 1);
     }
-    EXPECT_EQ(before.SetPrivate(1), 0);
+    EXPECT_EQ(before->SetPrivate(1), 0);
     EXPECT_EQ(engine->Commit(), StoreStatus::Ok) << "the rest of the transaction is kept";
     EXPECT_EQ(otherTable.GetCount(), 1);
 }
@@ -251,27 +242,24 @@ TEST_F(SqliteShared, NotesGoWithTheirRecordAndEmptyOnesTakeNoRow) {
 }
 
 TEST_F(SqliteShared, NothingIsWrittenToAFileThatLiesElsewhereByNow) {
-    CAddressRecord record(table);
-    ASSERT_EQ(table.Add(record), 0);
+    const auto record = AddAddress(table);
     const auto isRefused = [&] {
-        const long alone = record.SetUtf8(AddressField::Name, "Ito");
+        const long alone = record->SetUtf8(AddressField::Name, "Ito");
         const bool isNamed = table.LastError().find(folder.Path()) != std::string::npos;
         const StoreTransaction transaction(*engine);
-        return alone == static_cast<long>(StoreStatus::Failed) && isNamed &&
-               transaction.Status() == StoreStatus::Failed;
+        return alone == kFailed && isNamed && transaction.Status() == StoreStatus::Failed;
     };
     fs::rename(folder.Path(), folder.Path("away"));
     EXPECT_TRUE(isRefused()) << "another program has moved it";
     const auto inItsPlace = folder.Open();
     EXPECT_TRUE(isRefused()) << "another store is there";
     fs::rename(folder.Path("away"), folder.Path());
-    EXPECT_EQ(record.SetUtf8(AddressField::Name, "Ito"), 0) << "it is back";
+    EXPECT_EQ(record->SetUtf8(AddressField::Name, "Ito"), 0) << "it is back";
 }
 
 TEST_F(SqliteShared, ATransactionWhoseFileIsTakenAwayKeepsNothing) {
     StoreTransaction transaction(*engine);
-    CAddressRecord record(table);
-    ASSERT_EQ(table.Add(record), 0);
+    AddAddress(table);
     fs::rename(folder.Path(), folder.Path("away"));
     EXPECT_EQ(transaction.Commit(), StoreStatus::Failed);
     fs::rename(folder.Path("away"), folder.Path());

@@ -13,8 +13,6 @@ using Op = FaultyEngine::Op;
 
 namespace {
 
-constexpr long kFailed = static_cast<long>(StoreStatus::Failed);
-
 class StoreFault : public testing::Test {
 protected:
     StoreFault() {
