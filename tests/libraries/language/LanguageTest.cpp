@@ -3,9 +3,7 @@
 #include <bit>
 #include <cstdint>
 #include <random>
-#include <string>
 #include <tuple>
-#include <utility>
 #include <vector>
 
 #include <gmock/gmock.h>

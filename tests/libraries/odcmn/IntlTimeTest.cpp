@@ -3,8 +3,6 @@
 #include <sstream>
 #include <tuple>
 
-#include <gtest/gtest.h>
-
 #include <libraries/odcmn/DatePicture.h>
 
 #include "LocaleTest.h"

@@ -2,11 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <tuple>
 
-#include <gtest/gtest.h>
-
 #include <contracts/TextMeasure.h>
 #include <contracts/TextServices.h>
-#include <platform/text/SystemText.h>
 #include <platform/window/pictures/CDC.h>
 #include <platform/window/pictures/RecordingCanvas.h>
 #include <support/CodePages.h>

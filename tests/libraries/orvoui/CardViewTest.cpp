@@ -194,14 +194,6 @@ TEST_F(CardInput, NothingIsToldOfAWindowThatASelectionDestroyed) {
     EXPECT_THAT(cards.told, ElementsAre("selected 0"));
 }
 
-TEST_F(CardInput, KeysGoOnFromTheCardThatTheProgramSelected) {
-    cards.SelectCard(3, 1, 1);
-
-    system.PressKey(VK_DOWN);
-
-    EXPECT_THAT(Selected(), ElementsAre(4));
-}
-
 TEST_F(CardInput, ReturnIsToldOnceHoweverItComesButThatOfAChild) {
     system.PressKey(VK_RETURN);
     EXPECT_THAT(cards.TakeTold(), ElementsAre("return"));

@@ -1,13 +1,15 @@
-// The list widget: its columns, rows and modes, what is painted, and what a masked row shows.
+// The list widget: its columns, rows and modes, what is painted, and the menu of categories.
 // SPDX-License-Identifier: MIT
-#include <string>
 #include <vector>
 
 #include <fmt/format.h>
 
+#include <contracts/Category.h>
 #include <contracts/ListWidget.h>
+#include <platform/text/SystemText.h>
 #include <platform/window/WindowFixture.h>
 #include <platform/window/memory/MemoryListPeer.h>
+#include <support/CodePages.h>
 
 namespace orvo {
 namespace {
@@ -94,7 +96,7 @@ protected:
 TEST_F(ListColumns, StandInTheOrderOfTheirCallsAtTheWidthsAskedFor) {
     EXPECT_EQ(list.InitializeColumn(&list.m_aColumns[1]), 0) << "the id is there already";
     EXPECT_EQ(list.InitializeColumn(nullptr), 0);
-    EXPECT_THAT(Heading(), testing::IsEmpty()) << "hidden at first";
+    EXPECT_THAT(Heading(), IsEmpty()) << "hidden at first";
 
     list.ShowColumn(2, -1);
     list.ShowColumn(0, 70);
@@ -333,6 +335,29 @@ TEST_F(ListRows, AreRepaintedWhenTheDesktopChangesItsColours) {
     Paint();
     list.SendMessage(WM_SYSCOLORCHANGE);
     EXPECT_EQ(Peer().InvalidArea(), (CRect{0, 0, 400, 128}));
+}
+
+TEST(CategoryMenu, AGapInTheIndicesIsAGapInTheCommands) {
+    for (const LocaleCase& page : kBothCodePages) {
+        const LocaleInForce locale(page.tag, page.codePage);
+        CCategoryMgr manager;
+        manager.Load(15, "表 & 予定");
+        manager.Load(0, "Uncategorized");
+        manager.Load(3, "Home");
+        CMenu menu;
+        menu.CreatePopupMenu();
+
+        EXPECT_EQ(FillCategoryMenu(&manager, nullptr, &menu, 1574), 3);
+
+        std::vector<std::string> items;
+        for (int item = 0; item < menu.GetMenuItemCount(); ++item) {
+            CString text;
+            menu.GetMenuString(static_cast<UINT>(item), text, MF_BYPOSITION);
+            items.push_back(std::to_string(menu.GetMenuItemID(item)) + ' ' + ToUtf8(text));
+        }
+        EXPECT_THAT(items, ElementsAre("1574 Uncategorized", "1577 Home", "1589 表 && 予定"));
+        EXPECT_EQ(FillCategoryMenu(nullptr, nullptr, &menu, 1574), 0);
+    }
 }
 
 }  // namespace
