@@ -1,7 +1,5 @@
 // What the card of an address takes over from the card of another one.
 // SPDX-License-Identifier: MIT
-#include <gmock/gmock.h>
-
 #include <exchange/cards/CardMerge.h>
 
 #include "exchange/Tables.h"
@@ -9,8 +7,6 @@
 namespace orvo {
 namespace {
 
-using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::Not;
 
 // The first address after it took the lines of the second one, of which its fields know nothing.
@@ -29,12 +25,9 @@ std::string MergedCard(const std::string& cards) {
 
 TEST(CardMerge, LinesThatNoFieldHoldsAreTakenOver) {
     struct {
-        const char* why;
-        const char* kept;
-        const char* other;
+        const char *why, *kept, *other;
         std::string want;
-        const char* version = "3.0";
-        const char* otherVersion = "3.0";
+        const char *version = "3.0", *otherVersion = "3.0";
     } const rows[] = {
         {"a property without a field", "N:a", "N:a\nX-SPORT:chess", "X-SPORT:chess"},
         {"the only day of birth", "N:a", "N:a\nBDAY:1815-12-10", "BDAY:1815-12-10"},

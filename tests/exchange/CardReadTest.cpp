@@ -1,19 +1,12 @@
 // Cards become address records.
 // SPDX-License-Identifier: MIT
-#include <gmock/gmock.h>
-
 #include "exchange/Tables.h"
 
 namespace orvo {
 namespace {
 
-using testing::ElementsAre;
-
 struct Row {
-    const char* why;
-    const char* lines;
-    const char* want;
-    const char* version = "3.0";
+    const char *why, *lines, *want, *version = "3.0";
 };
 
 void Check(const std::vector<Row>& rows) {

@@ -1,11 +1,10 @@
-// Imported address records become cards again, as they came or with what was edited.
+// Address records become cards: imported ones as they came or were edited, and new ones.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <functional>
 #include <random>
 
 #include <fmt/format.h>
-#include <gmock/gmock.h>
 
 #include <exchange/lines/ContentLine.h>
 
@@ -14,7 +13,6 @@
 namespace orvo {
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 using Edit = std::function<void(CAddressRecord&)>;
@@ -37,8 +35,7 @@ Strings Less(std::string_view text, std::string_view other) {
 }
 
 struct EditedCard {
-    Strings gone;
-    Strings added;
+    Strings gone, added;
 };
 
 // What an edit does to the lines of the card, which must read as the edited record.
@@ -182,8 +179,7 @@ TEST(CardWriting, EachEditIsWrittenWhereItCameFrom) {
         record.SetCategoryId(family->GetIndex());
     };
     struct {
-        const char* why;
-        const char* lines;
+        const char *why, *lines;
         Edit edit;
         std::string added;
         const char* version = "3.0";
@@ -257,6 +253,58 @@ TEST(CardWriting, EachEditIsWrittenWhereItCameFrom) {
         SCOPED_TRACE(row.why);
         const EditedCard edited = EditCard(Card(row.lines, row.version), row.edit);
         EXPECT_EQ(Plain(fmt::format("{}", fmt::join(edited.added, ""))), row.added + "\n");
+    }
+}
+
+TEST(FreshCard, SaysAllThatTheRecordSays) {
+    Tables tables;
+    const auto record = MakeAddress(tables.addresses, {{Name, "Lee"},
+                                                       {First, "Ann"},
+                                                       {Company, "A; B"},
+                                                       {NameYomi, "りい"},
+                                                       {Address, "Main St 3\nFloor 2"},
+                                                       {Phone1, "1"},
+                                                       {PhoneField(2), "a@b"}});
+    record->SetPhoneLabelID(2, 4);
+    record->SetDisplayPhone(2);
+    record->SetNoteUtf8("n");
+    record->SetPrivate(1);
+
+    EXPECT_EQ(tables.Export(*record),
+              Card("N:Lee;Ann;;;\nFN:Ann Lee\nORG:A\\; B\nADR:;;Main St 3\\nFloor "
+                   "2;;;;\nTEL;TYPE=CELL:1\nEMAIL;TYPE=pref:a@b\nNOTE:n\n"
+                   "CLASS:PRIVATE\nX-PHONETIC-LAST-NAME:りい"));
+}
+
+TEST(FreshCard, ReadsAsTheRecordThatItWasMadeFrom) {
+    constexpr std::string_view pieces[] = {"a",  "Bé", ";", ",",  "\\", "\n", ":",
+                                           "山", "ﾔﾏ", " ", "\"", "^",  "=",  "tel:"};
+    std::mt19937 random(5);
+    Tables tables;
+    ASSERT_EQ(tables.addresses.SetPhoneLabel(8, "Car \"2\""), 0);
+    for (int round = 0; round < 1500; ++round) {
+        CAddressRecord record(tables.addresses);
+        // Blanks alone can't be told from nothing.
+        const auto text = [&] { return "-" + AnyText(pieces, 9, random); };
+        for (int i = 1; i <= static_cast<int>(AddressField::Custom4); ++i) {
+            if (random() % 3 == 0) record.SetUtf8(static_cast<AddressField>(i), text());
+        }
+        for (long slot = 1; slot <= kPhoneSlots; ++slot) {
+            record.SetPhoneLabelID(slot, static_cast<long>(random() % 9));
+            if (!record.Utf8(PhoneField(slot)).empty()) record.SetDisplayPhone(slot);
+        }
+        record.SetNoteUtf8(random() % 2 ? text() : "");
+        record.SetPrivate(random() % 2);
+        record.SetArchived(random() % 2);
+        const std::string card = tables.Export(record);
+        Tables copies;
+        copies.addresses.SetPhoneLabel(8, "Car \"2\"");
+        copies.Import(card);
+        const Strings all = DescribeAll(copies);
+        ASSERT_EQ(all.empty() ? "" : all.front(), Describe(record)) << card;
+        if (!all.empty()) {
+            ASSERT_EQ(copies.Export(*copies.Address()), card);
+        }
     }
 }
 

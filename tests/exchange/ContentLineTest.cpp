@@ -3,7 +3,6 @@
 #include <random>
 
 #include <fmt/format.h>
-#include <gmock/gmock.h>
 
 #include <exchange/lines/EntryReader.h>
 
@@ -11,8 +10,6 @@
 
 namespace orvo {
 namespace {
-
-using testing::ElementsAre;
 
 // Each line as "number group.NAME(parameters)=value"; one without a name as "number value".
 std::string Lines(std::string_view text) {
@@ -30,14 +27,8 @@ std::string Lines(std::string_view text) {
     return fmt::format("{}", fmt::join(lines, " | "));
 }
 
-struct LineRow {
-    const char* why;
-    const char* text;
-    std::string want;
-};
-
 TEST(ContentLine, LinesAreUnfoldedAndTakenApart) {
-    const LineRow rows[] = {
+    const char* const rows[][3] = {
         {"each of the three line ends", "A:1\r\nB:2\nC:3\rD:4", "1 A=1 | 2 B=2 | 3 C=3 | 4 D=4"},
         {"a fold takes one blank", "A:1\r\n  2\r\n\t3\r\nB:4", "1 A=1 23 | 4 B=4"},
         {"a fold in the name", "SUM\n MARY\n :x", "1 SUMMARY=x"},
@@ -70,7 +61,7 @@ TEST(ContentLine, LinesAreUnfoldedAndTakenApart) {
         {"a line without a colon", "what\nB:1", "1 what | 2 B=1"},
         {"nothing", "", ""},
     };
-    for (const LineRow& row : rows) EXPECT_EQ(Lines(row.text), row.want) << row.why;
+    for (const auto& [why, text, want] : rows) EXPECT_EQ(Lines(text), want) << why;
 }
 
 TEST(ContentLine, TheSourcesOfAllLinesPutTogetherAreTheText) {
@@ -115,7 +106,7 @@ std::string Entries(std::string_view text) {
 }
 
 TEST(EntryReader, EntriesEndWhereTheyShould) {
-    const LineRow rows[] = {
+    const char* const rows[][3] = {
         {"two cards", "BEGIN:VCARD\nEND:VCARD\n\nbegin:vcard\nend:vcard", "1 VCARD | 4 vcard"},
         {"no end before the next", "BEGIN:VCARD\nFN:a\nBEGIN:VCARD\nEND:VCARD",
          "1 VCARD! | 3 VCARD"},
@@ -139,7 +130,7 @@ TEST(EntryReader, EntriesEndWhereTheyShould) {
         {"text around cards", "\n hello\nyou\n\nBEGIN:VCARD\nEND:VCARD\nbye",
          "2 stray | 5 VCARD | 7 stray"},
     };
-    for (const LineRow& row : rows) EXPECT_EQ(Entries(row.text), row.want) << row.why;
+    for (const auto& [why, text, want] : rows) EXPECT_EQ(Entries(text), want) << why;
 }
 
 TEST(EntryReader, CardsGroupedInACardOfVersion21AreEntriesOfTheirOwnLines) {

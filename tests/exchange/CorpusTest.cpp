@@ -1,10 +1,6 @@
 // Files that other programs wrote go in and come out as they were. ORVO_CORPORA names their folder.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
-#include <cstdlib>
-#include <filesystem>
-
-#include <gmock/gmock.h>
 
 #include <exchange/calendar/ToDoFields.h>
 #include <exchange/calendar/ToDoWriter.h>
@@ -55,7 +51,7 @@ void ExpectFreshCardsOfTheSameFields(Tables& tables) {
         if (shown.empty()) continue;  // the card has only lines of no field
         ASSERT_EQ(record->SetSource({}), 0);
         const std::string card = writer.Write(*record);
-        EXPECT_THAT(DescribeAll(card), testing::ElementsAre(shown)) << card;
+        EXPECT_THAT(DescribeAll(card), ElementsAre(shown)) << card;
     }
 }
 

@@ -3,8 +3,6 @@
 #include <functional>
 #include <optional>
 
-#include <gmock/gmock.h>
-
 #include <exchange/calendar/ToDoWriter.h>
 #include <exchange/cards/CardWriter.h>
 #include <exchange/lines/Origin.h>
@@ -16,26 +14,20 @@
 namespace orvo {
 namespace {
 
-using testing::HasSubstr;
-
 struct Environment {
     const char* tag;
     unsigned codePage = 0;
     const char* zone = "UTC";
 };
 
-class InForce {
-public:
+struct InForce {
     explicit InForce(const Environment& environment)
-        : m_locale(environment.tag, environment.codePage) {
+        : locale(environment.tag, environment.codePage) {
         SetSystemTimeZone(environment.zone);
     }
     ~InForce() { SetSystemTimeZone(""); }
-    InForce(const InForce&) = delete;
-    InForce& operator=(const InForce&) = delete;
 
-private:
-    LocaleInForce m_locale;
+    LocaleInForce locale;
 };
 
 // A store that outlives the environments; each of them opens the tables anew.
@@ -105,8 +97,7 @@ constexpr Environment kNewYork{"en-US", 1252, "America/New_York"};
 struct Row {
     const char* why;
     std::string lines;
-    Environment in;
-    Environment out;
+    Environment in, out;
 };
 
 TEST(Environment, ACardComesOutAsItWasUnderAnyOther) {
@@ -182,11 +173,7 @@ TEST(Environment, TheWholeFileTellsTheSetOfEachCard) {
 }
 
 TEST(Environment, ACardOfALegacySetIsWrittenAsUtf8OnceAnythingIsEdited) {
-    struct {
-        const char* version;
-        const char* lines;
-        const char* want;
-    } const rows[] = {
+    const char* const rows[][3] = {
         {"3.0", "N:\xCC\xE8\xF0\nX-A;TYPE=\xCC:\xE8\nPHOTO;ENCODING=b:zOjw\nUID:1\n\xCC \xE8\n",
          "N:Мир\nX-A;TYPE=М:и\nPHOTO;ENCODING=b:zOjw\nUID:1\nTITLE:Boss\nМ и\n"},
         {"2.1", "N:\xCC\xE8\xF0\nX-A;QUOTED-PRINTABLE:=CC\nX-B;CHARSET=windows-1251:\xCC\n",
@@ -200,9 +187,9 @@ TEST(Environment, ACardOfALegacySetIsWrittenAsUtf8OnceAnythingIsEdited) {
     const auto edit = [](CAddressRecord& record) {
         EXPECT_EQ(record.SetUtf8(AddressField::Title, "Boss"), 0);
     };
-    for (const auto& row : rows) {
-        Store store(Card(row.lines, row.version), kRussia);
-        EXPECT_EQ(store.Cards(kEnglish, edit), Card(row.want, row.version));
+    for (const auto& [version, lines, want] : rows) {
+        Store store(Card(lines, version), kRussia);
+        EXPECT_EQ(store.Cards(kEnglish, edit), Card(want, version));
     }
 }
 

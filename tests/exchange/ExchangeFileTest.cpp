@@ -1,13 +1,10 @@
 // Files as a whole: what is told about bad ones, and how one takes another's place.
 // SPDX-License-Identifier: MIT
-#include <filesystem>
-#include <iterator>
 #include <sys/stat.h>
 #include <thread>
-#include <utility>
+#include <tuple>
 
 #include <fmt/format.h>
-#include <gmock/gmock.h>
 
 #include <exchange/files/ExportFile.h>
 #include <platform/io/TempFolder.h>
@@ -19,8 +16,6 @@ namespace orvo {
 namespace {
 
 namespace fs = std::filesystem;
-using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::StartsWith;
 using namespace std::literals;
 
@@ -30,11 +25,8 @@ auto Tells(const std::string& text) {
 }
 
 TEST(Importing, WhatIsLeftOutIsToldByLineAndReasonAndTheRestGoesIn) {
-    struct {
-        const char* why;
-        const char* text;
-        const char* told;  // the numbers of addresses and of to-dos, and what is left out
-    } const rows[] = {
+    // What is told: the numbers of addresses and of to-dos, and what is left out.
+    const char* const rows[][3] = {
         {"a card broken off", "BEGIN:VCARD\nFN:a\nEND:VCARD\nBEGIN:VCARD\nFN:b\n",
          "1 0 | 4 the card has no END:VCARD"},
         {"a card within a card", "BEGIN:VCARD\nFN:a\nBEGIN:VCARD\nFN:b\nEND:VCARD\n",
@@ -59,14 +51,14 @@ TEST(Importing, WhatIsLeftOutIsToldByLineAndReasonAndTheRestGoesIn) {
          "VCALENDAR",
          "1 1"},
     };
-    for (const auto& row : rows) {
+    for (const auto& [why, text, want] : rows) {
         Tables tables;
-        const ImportReport report = tables.Import(row.text);
+        const ImportReport report = tables.Import(text);
         std::string told = fmt::format("{} {}", report.addresses, report.toDos);
         for (const SkippedEntry& entry : report.skipped) {
             told += fmt::format(" | {} {}", entry.line, entry.reason);
         }
-        EXPECT_EQ(told, row.told) << row.why;
+        EXPECT_EQ(told, want) << why;
     }
 }
 
@@ -112,25 +104,21 @@ TEST(Importing, HugeAndDeepInputGoesIn) {
 }
 
 TEST(Importing, TheSameNameGivesTheSameCategoryUnderEveryCodePage) {
-    struct {
-        unsigned page;
-        const char* name;
-        const char* category;
-    } const rows[] = {
+    const std::tuple<unsigned, const char*, const char*> rows[] = {
         {65001, "家族", "家族"},
         {65001, "一二三四五六", "一二三四五"},
         {65001, "12345678901234é", "12345678901234"},
         {932, "一二三四五六七八", "一二三四五六七"},
         {1252, "12345678901234é漢", "12345678901234é"},
     };
-    for (const auto& row : rows) {
-        const LocaleInForce scoped("en-US", row.page);
-        const std::string card = Card(fmt::format("FN:a\nCATEGORIES:{}", row.name));
+    for (const auto& [page, name, want] : rows) {
+        const LocaleInForce scoped("en-US", page);
+        const std::string card = Card(fmt::format("FN:a\nCATEGORIES:{}", name));
         Tables tables(card + Card("FN:b\nCATEGORIES:友人") + card);
         CCategoryMgr& manager = *tables.addresses.GetCategoryManager();
         CCategory* category = nullptr;
-        EXPECT_EQ(manager.FindUtf8Name(row.category, category), 0) << row.name << row.page;
-        EXPECT_EQ(manager.GetCount(), 3) << row.name << row.page;
+        EXPECT_EQ(manager.FindUtf8Name(want, category), 0) << name << page;
+        EXPECT_EQ(manager.GetCount(), 3) << name << page;
     }
 }
 

@@ -3,9 +3,6 @@
 #include <random>
 
 #include <fmt/core.h>
-#include <gmock/gmock.h>
-
-#include <exchange/files/ImportFile.h>
 
 #include "exchange/Tables.h"
 

@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include <random>
 
-#include <gmock/gmock.h>
-
 #include <exchange/lines/LineText.h>
 #include <exchange/lines/ValueDecoder.h>
 
@@ -30,12 +28,7 @@ std::string DecodeFirst(std::string_view text) {
 }
 
 TEST(ValueDecoder, EachWayToWriteTextGivesUtf8) {
-    struct Row {
-        const char* why;
-        const char* text;
-        const char* want;
-    };
-    const Row rows[] = {
+    const char* const rows[][3] = {
         {"plain UTF-8", "N:\xC3\xA9", "é"},
         {"quoted-printable UTF-8", "N;CHARSET=UTF-8;ENCODING=QUOTED-PRINTABLE:=C3=A9=3d", "é="},
         {"a soft line break at the end", "N;QUOTED-PRINTABLE:a= \t", "a"},
@@ -51,17 +44,12 @@ TEST(ValueDecoder, EachWayToWriteTextGivesUtf8) {
         {"the set of another line", "N:\xCA\xE8\xBF\xE2\nL;CHARSET=windows-1251:x", "Київ"},
         {"a set of another line that doesn't fit", "N:M\xFCller\nL;CHARSET=Shift_JIS:x", "Müller"},
     };
-    for (const Row& row : rows) EXPECT_EQ(DecodeFirst(row.text), row.want) << row.why;
+    for (const auto& [why, text, want] : rows) EXPECT_EQ(DecodeFirst(text), want) << why;
 }
 
 TEST(LineText, EscapesAreUndoneAsEachFormatHasThem) {
-    struct Row {
-        const char* why;
-        const char* in;
-        const char* escaped;  // 3.0, 4.0 and iCalendar
-        const char* quoted;   // 2.1 and vCalendar
-    };
-    const Row rows[] = {
+    // Of 3.0, 4.0 and iCalendar, and of 2.1 and vCalendar.
+    const char* const rows[][4] = {
         {"line ends", "a\\nb\\Nc", "a\nb\nc", "a\\nb\\Nc"},
         {"dividers", "a\\;b\\,c", "a;b,c", "a;b\\,c"},
         {"a backslash", "a\\\\nb", "a\\nb", "a\\\\nb"},
@@ -70,11 +58,9 @@ TEST(LineText, EscapesAreUndoneAsEachFormatHasThem) {
         {"any other backslash", "C:\\temp\\", "C:\\temp\\", "C:\\temp\\"},
         {"line ends as they are", "a\r\nb\rc", "a\nb\nc", "a\nb\nc"},
     };
-    for (const Row& row : rows) {
+    for (const auto& [why, in, escaped, quoted] : rows) {
         for (const Dialect dialect : kDialects) {
-            EXPECT_EQ(Unescaped(row.in, dialect),
-                      IsQuotedDialect(dialect) ? row.quoted : row.escaped)
-                << row.why;
+            EXPECT_EQ(Unescaped(in, dialect), IsQuotedDialect(dialect) ? quoted : escaped) << why;
         }
     }
 }

@@ -1,6 +1,5 @@
 // What stands beside a file while another one is to take its place.
 // SPDX-License-Identifier: MIT
-#include <filesystem>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>

@@ -2,10 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "exchange/Tables.h"
 
-#include <utility>
-
 #include <fmt/format.h>
-#include <gtest/gtest.h>
 
 #include <exchange/files/ExportFile.h>
 #include <platform/text/SystemText.h>

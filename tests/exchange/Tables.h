@@ -2,17 +2,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <memory>
 #include <string>
-#include <string_view>
-#include <vector>
 
-#include <contracts/RecordStore.h>
+#include <gmock/gmock.h>
+
 #include <exchange/files/ImportFile.h>
-#include <libraries/quire/MemoryEngine.h>
+#include <support/AddressFixture.h>
 
 namespace orvo {
 
+using testing::ElementsAre;
+using testing::HasSubstr;
 using Strings = std::vector<std::string>;
 
 // All records in their order.

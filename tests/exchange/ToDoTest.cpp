@@ -3,9 +3,9 @@
 #include <functional>
 #include <random>
 #include <set>
+#include <tuple>
 
 #include <fmt/format.h>
-#include <gmock/gmock.h>
 
 #include <exchange/calendar/ToDoWriter.h>
 #include <platform/time/CTime.h>
@@ -16,8 +16,6 @@
 namespace orvo {
 namespace {
 
-using testing::ElementsAre;
-using testing::HasSubstr;
 using Edit = std::function<void(CToDoRecord&)>;
 
 constexpr Dialect kOld = Dialect::Calendar10;
@@ -72,10 +70,7 @@ protected:
 
 TEST_F(ToDos, TextsFillTheFields) {
     struct {
-        const char* why;
-        const char* lines;
-        const char* want;
-        const char* version = "2.0";
+        const char *why, *lines, *want, *version = "2.0";
     } const rows[] = {
         {"texts", "SUMMARY:a\\, b\nDESCRIPTION:c\\nd", "a, b | note: c\nd"},
         {"no summary", "DESCRIPTION:c\\nd", "c | note: c\nd"},
@@ -93,11 +88,7 @@ TEST_F(ToDos, TextsFillTheFields) {
 }
 
 TEST_F(ToDos, DatesPrioritiesAndMarksAreTakenAsFarAsARecordHasThem) {
-    struct {
-        const char* why;
-        const char* lines;
-        std::string want;
-    } const rows[] = {
+    const std::tuple<const char*, const char*, std::string> rows[] = {
         {"priority 2", "PRIORITY:2", " | priority: 2"},
         {"priority 7", "PRIORITY:7", " | priority: 4"},
         {"priority 9", "PRIORITY:9", " | priority: 5"},
@@ -124,10 +115,10 @@ TEST_F(ToDos, DatesPrioritiesAndMarksAreTakenAsFarAsARecordHasThem) {
         {"marks", "CLASS:PRIVATE\nCATEGORIES:Work,Home\nX-ORVO-ARCHIVED:1",
          " | category: Work | private | archived"},
     };
-    for (const auto& row : rows) {
-        EXPECT_THAT(DescribeAll(Calendar(ToDo(std::string("SUMMARY:a\n") + row.lines))),
-                    ElementsAre("a" + row.want))
-            << row.why;
+    for (const auto& [why, lines, want] : rows) {
+        EXPECT_THAT(DescribeAll(Calendar(ToDo(std::string("SUMMARY:a\n") + lines))),
+                    ElementsAre("a" + want))
+            << why;
     }
 }
 
@@ -147,8 +138,7 @@ TEST_F(ToDos, AnUneditedToDoIsWrittenAsItCame) {
 
 TEST_F(ToDos, AnEditChangesItsLinesAlone) {
     struct Row {
-        const char* why;
-        const char* lines;
+        const char *why, *lines;
         Edit edit;
         const char* want;
         Dialect dialect = Dialect::Calendar20;
@@ -295,8 +285,7 @@ TEST_F(ToDos, ToDosOfACalendarShareWhatStandsBeforeThem) {
     const std::string end = "END:VCALENDAR\n";
     struct {
         const char* why;
-        std::string lines;
-        std::string parts;  // which "|" divides; all but the last are shared
+        std::string lines, parts;  // "|" divides the parts; all but the last are shared
         const char* version = "2.0";
     } const rows[] = {
         {"iCalendar", Zone() + inOffice + inOffice, Zone() + "|" + inOffice},
