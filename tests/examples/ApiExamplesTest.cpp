@@ -4,8 +4,6 @@
 #include <memory>
 #include <utility>
 
-#include <gtest/gtest.h>
-
 #include <platform/com/SessionFixture.h>
 #include <platform/window/WindowFixture.h>
 
