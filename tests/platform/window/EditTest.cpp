@@ -21,8 +21,7 @@ struct Form : CWnd {
     int changes = 0;
 };
 
-class EditTest : public testing::TestWithParam<LocaleCase> {
-protected:
+struct EditTest : testing::TestWithParam<LocaleCase> {
     void SetUp() override {
         form.Create(WS_POPUP, {0, 0, 200, 100}, nullptr, 0);
         edit.Create(WS_CHILD, {0, 0, 100, 20}, &form, 4);
@@ -41,6 +40,7 @@ protected:
     }
 
     LocaleInForce locale{GetParam().tag, GetParam().codePage};
+    const int one = SystemText("表").GetLength();
     SystemInForce system;
     Form form;
     CEdit edit;
@@ -48,13 +48,7 @@ protected:
 INSTANTIATE_TEST_SUITE_P(BothPages, EditTest, testing::ValuesIn(kBothCodePages));
 
 TEST_P(EditTest, KeysChangeWholeCharacters) {
-    struct Row {
-        const char* why;
-        std::string_view typed;
-        std::initializer_list<UINT> keys;
-        const char* want;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, std::string_view, std::vector<UINT>, const char*> rows[] = {
         {"characters come in order", "a表あz", {}, "a表あz"},
         {"backspace takes the whole character", "表あ", {VK_BACK}, "表"},
         {"in front of the caret", "表あ", {VK_LEFT, VK_BACK}, "あ"},
@@ -64,11 +58,11 @@ TEST_P(EditTest, KeysChangeWholeCharacters) {
         {"right goes over a whole character", "表あ", {VK_HOME, VK_RIGHT, VK_DELETE}, "表"},
         {"control characters enter nothing", "a", {VK_RETURN, VK_TAB, VK_ESCAPE}, "a"},
     };
-    for (const Row& row : rows) {
+    for (const auto& [why, typed, keys, want] : rows) {
         edit.SetWindowText("");
-        system.TypeText(row.typed);
-        for (const UINT key : row.keys) system.PressKey(key);
-        EXPECT_EQ(Text(), row.want) << row.why;
+        system.TypeText(typed);
+        for (const UINT key : keys) system.PressKey(key);
+        EXPECT_EQ(Text(), want) << why;
     }
 }
 
@@ -85,7 +79,6 @@ TEST_P(EditTest, ATypedCharacterReplacesTheSelection) {
 
 TEST_P(EditTest, ShiftDrawsASelectionThatTheNextArrowLeaves) {
     edit.SetWindowText(SystemText("表あ"));
-    const int one = SystemText("表").GetLength();
 
     system.PressKey(VK_RIGHT, {VK_SHIFT});
     EXPECT_EQ(Selection(), (EditSelection{0, one}));
@@ -96,7 +89,6 @@ TEST_P(EditTest, ShiftDrawsASelectionThatTheNextArrowLeaves) {
 
 TEST_P(EditTest, SelectionMessagesNeverSplitACharacter) {
     edit.SetWindowText(SystemText("表あ"));
-    const int one = SystemText("表").GetLength();
 
     edit.SendMessage(EM_SETSEL, 1, -1);
     EXPECT_EQ(Selection(), (EditSelection{0, 2 * one}));
@@ -129,10 +121,8 @@ TEST_P(EditTest, ATextAtItsLimitTakesNoMore) {
     EXPECT_EQ(Text(), "abc");
 }
 
-constexpr WPARAM kControlA = 1;
-constexpr WPARAM kControlC = 3;
-constexpr WPARAM kControlV = 22;
-constexpr WPARAM kControlX = 24;
+// With the key Ctrl a letter comes as its distance from this one.
+constexpr WPARAM kControl = '@';
 
 TEST_P(EditTest, TheClipboardTakesAndGivesWholeText) {
     edit.SetWindowText(SystemText("a表あz"));
@@ -141,18 +131,17 @@ TEST_P(EditTest, TheClipboardTakesAndGivesWholeText) {
     edit.Cut();
     EXPECT_EQ(system.ClipboardText(), "before") << "nothing was selected";
 
-    const int one = SystemText("表").GetLength();
     edit.SetSel(1, 1 + one);
-    edit.SendMessage(WM_CHAR, kControlC);
+    edit.SendMessage(WM_CHAR, 'C' - kControl);
     EXPECT_EQ(system.ClipboardText(), SystemText("表"));
     EXPECT_EQ(Text(), "a表あz");
     form.changes = 0;
-    edit.SendMessage(WM_CHAR, kControlX);
+    edit.SendMessage(WM_CHAR, 'X' - kControl);
     EXPECT_EQ(Text(), "aあz");
     EXPECT_EQ(form.changes, 1);
-    edit.SendMessage(WM_CHAR, kControlA);
+    edit.SendMessage(WM_CHAR, 'A' - kControl);
     EXPECT_EQ(Selection(), (EditSelection{0, edit.GetWindowTextLength()}));
-    edit.SendMessage(WM_CHAR, kControlV);
+    edit.SendMessage(WM_CHAR, 'V' - kControl);
     EXPECT_EQ(Text(), "表");
     EXPECT_EQ(Selection().caret, one);
 }
@@ -180,18 +169,15 @@ TEST_P(EditTest, APasteTakesTheFirstLineAndWhatFits) {
     }
 }
 
-TEST(DoubleByteEdit, ALeadByteWaitsAndIsForgottenWithoutATrailByteThatFits) {
-    const LocaleInForce locale("ja-JP", 932);
-    const SystemInForce system;
-    CEdit edit;
-    edit.Create(WS_POPUP, {0, 0, 100, 20}, nullptr, 0);
+using DoubleByteEdit = EditTest;
+INSTANTIATE_TEST_SUITE_P(Page932, DoubleByteEdit, testing::Values(kBothCodePages[1]));
+
+TEST_P(DoubleByteEdit, ALeadByteWaitsAndIsForgottenWithoutATrailByteThatFits) {
     const std::pair<UINT, const char*> rows[] = {
         {0x95, ""}, {0x5C, "表"}, {0x95, "表"}, {'1', "表1"}};
     for (const auto& [byte, want] : rows) {
         edit.SendMessage(WM_CHAR, byte);
-        CString text;
-        edit.GetWindowText(text);
-        EXPECT_EQ(ToUtf8(text), want);
+        EXPECT_EQ(Text(), want);
     }
 }
 

@@ -16,14 +16,12 @@ struct FileDialogTest : testing::Test {
     TempFolder folder;
 };
 
-class RecordingDialog : public CFileDialog {
-public:
+struct RecordingDialog : CFileDialog {
     using CFileDialog::CFileDialog;
 
     std::vector<CString> calls;
     BOOL refusal = 0;
 
-protected:
     BOOL OnInitDialog() override { return Note("init"); }
     void OnInitDone() override { Note("done"); }
     void OnFileNameChange() override { Note(CString("change ") + GetFileTitle()); }
@@ -32,7 +30,6 @@ protected:
         return std::exchange(refusal, 0);
     }
 
-private:
     BOOL Note(const CString& call) {
         calls.push_back(call);
         return 1;
@@ -45,9 +42,7 @@ TEST_F(FileDialogTest, AFilterIsTakenApartByCharacters) {
         // In 932 the second byte of this one is that of '|'.
         const CString po = page.codePage == 932 ? "\x83\x7C" : "\xE3\x83\x9D";
         const std::tuple<const char*, CString, std::vector<FileFilter>> rows[] = {
-            {"pairs",
-             "Cards (*.vcf)|*.vcf|All (*.*)|*.*||",
-             {{"Cards (*.vcf)", "*.vcf"}, {"All (*.*)", "*.*"}}},
+            {"pairs", "Cards|*.vcf|All (*.*)|*.*||", {{"Cards", "*.vcf"}, {"All (*.*)", "*.*"}}},
             {"a character with the byte of the mark", po + "|*.wav||", {{po, "*.wav"}}},
             {"the end isn't marked", "Cards|*.vcf;*.vcs", {{"Cards", "*.vcf;*.vcs"}}},
             {"no patterns", "Cards", {{"Cards", "*.*"}}},
@@ -95,17 +90,15 @@ TEST_F(FileDialogTest, ACancelledDialogGivesNoPath) {
 }
 
 TEST_F(FileDialogTest, TheTitleIsTheNameWithoutFolderAndExtension) {
-    struct Row {
-        const char *path, *name, *title;
-    };
-    for (const Row& row : {Row{"/a.b/ring.tone.wav", "ring.tone.wav", "ring.tone"},
-                           {"/a.b/ring", "ring", "ring"},
-                           {"/a/.wav", ".wav", ".wav"},
-                           {"", "", ""}}) {
-        CFileDialog dialog(0, nullptr, row.path, 0);
-        system.UseFileDialog([&](MemoryFileDialogPeer&) {
-            EXPECT_EQ(dialog.GetFileName(), row.name);
-            EXPECT_EQ(dialog.GetFileTitle(), row.title) << row.path;
+    constexpr const char* kRows[][3] = {{"/a.b/ring.tone.wav", "ring.tone.wav", "ring.tone"},
+                                        {"/a.b/ring", "ring", "ring"},
+                                        {"/a/.wav", ".wav", ".wav"},
+                                        {"", "", ""}};
+    for (const auto& [path, name, title] : kRows) {
+        CFileDialog dialog(0, nullptr, path, 0);
+        system.UseFileDialog([&, name = name, title = title](MemoryFileDialogPeer&) {
+            EXPECT_EQ(dialog.GetFileName(), name);
+            EXPECT_EQ(dialog.GetFileTitle(), title);
         });
         dialog.DoModal();
     }

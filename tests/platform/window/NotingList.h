@@ -13,8 +13,7 @@
 
 namespace orvo {
 
-class NotingList : public CListCtrl {
-public:
+struct NotingList : CListCtrl {
     struct Click {
         UINT code;
         int row;

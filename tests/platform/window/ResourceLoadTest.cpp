@@ -96,31 +96,24 @@ TEST(ResourceLoad, AMenuWithAnUnknownLineIsNone) {
 
 TEST(ResourceLoad, ADialogWithAnUnknownLineIsNone) {
     const std::string head = "size 10 10\nfont 8 Sans\n";
-    const std::string kTexts[] = {"# nothing",
-                                  "size 10 10",
-                                  "font 8 Sans",
-                                  "size 10\nfont 8 Sans",
-                                  "size 0 10\nfont 8 Sans",
-                                  "size 10 10\nfont 8",
-                                  "size 10 10\nfont Sans 8",
-                                  head + "static -1 0 0 1 1",
-                                  head + "static -1 0 0 1 x 7",
-                                  head + "static -1 0 0 -1 1 7",
-                                  head + "static -1 2147483647 0 1 1 7",
-                                  head + "static -1 0 0 1 1 7 shiny",
-                                  head + "slider -1 0 0 1 1 7",
-                                  kPixel};
-    for (const std::string& text : kTexts) {
+    for (const char* text :
+         {"# nothing", "size 10 10", "font 8 Sans", "size 10\nfont 8 Sans",
+          "size 0 10\nfont 8 Sans", "size 10 10\nfont 8", "size 10 10\nfont Sans 8", kPixel}) {
         const InReach dialogText(text);
         EXPECT_FALSE(LoadDialogTemplate(1)) << text;
     }
+    for (const char* line :
+         {"static -1 0 0 1 1", "static -1 0 0 1 x 7", "static -1 0 0 -1 1 7",
+          "static -1 2147483647 0 1 1 7", "static -1 0 0 1 1 7 shiny", "slider -1 0 0 1 1 7"}) {
+        const InReach dialogText(head + line);
+        EXPECT_FALSE(LoadDialogTemplate(1)) << line;
+    }
     const InReach dialogText(head + "push-button 3 1 2 30 40 7");
     const auto dialog = LoadDialogTemplate(1);
-    ASSERT_TRUE(dialog);
-    ASSERT_EQ(dialog->controls.size(), 1U);
+    ASSERT_TRUE(dialog && dialog->controls.size() == 1);
     EXPECT_EQ(dialog->controls[0].kind, ControlKind::PushButton);
     EXPECT_EQ(dialog->controls[0].rectangle, (CRect{1, 2, 31, 42}));
-    EXPECT_EQ(LoadDialogTemplate(2).has_value(), false);
+    EXPECT_FALSE(LoadDialogTemplate(2));
 }
 
 constexpr std::string_view kArrow = R"(/* XPM */
