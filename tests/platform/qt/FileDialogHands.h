@@ -15,8 +15,7 @@
 
 namespace orvo {
 
-class FileDialogOnScreen : public QtWindowFixture {
-protected:
+struct FileDialogOnScreen : QtWindowFixture {
     // Qt's dialog remembers its last place; not in the user's own settings.
     FileDialogOnScreen() {
         QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,

@@ -16,7 +16,6 @@ namespace {
 struct QtDropTest : QtWindowFixture {
     void SetUp() override {
         QtWindowFixture::SetUp();
-        screenWindow = Widget(parent).windowHandle();
         target.Register(&parent);
     }
 
@@ -24,7 +23,7 @@ struct QtDropTest : QtWindowFixture {
     template <class Event>
     Qt::DropAction Tell(QPoint at) {
         Event event(at, allowed, &mime, Qt::LeftButton, Qt::ControlModifier);
-        QCoreApplication::sendEvent(screenWindow, &event);
+        QCoreApplication::sendEvent(Widget(parent).windowHandle(), &event);
         EXPECT_FALSE(event.isAccepted() && event.dropAction() == Qt::IgnoreAction);
         return event.isAccepted() ? event.dropAction() : Qt::IgnoreAction;
     }
@@ -33,11 +32,10 @@ struct QtDropTest : QtWindowFixture {
     Qt::DropAction Drop(QPoint at = {10, 10}) { return Tell<QDropEvent>(at); }
     void Leave() {
         QDragLeaveEvent event;
-        QCoreApplication::sendEvent(screenWindow, &event);
+        QCoreApplication::sendEvent(Widget(parent).windowHandle(), &event);
     }
     void DragCard() { mime.setUrls({QUrl("file:///x/a.vcf")}); }
 
-    QWindow* screenWindow = nullptr;
     NotingTarget target;
     QMimeData mime;
     Qt::DropActions allowed = Qt::CopyAction | Qt::MoveAction;

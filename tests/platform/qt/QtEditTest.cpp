@@ -18,8 +18,7 @@ namespace orvo {
 namespace {
 
 // Takes no digit, and tells what came.
-class Edit : public CEdit {
-public:
+struct Edit : CEdit {
     const MessageMap& GetMessageMap() const override {
         static const MessageMap map{
             ThisMap(),
@@ -38,7 +37,6 @@ public:
     int changes = 0;
     CWnd* next = nullptr;
 
-private:
     void OnCharacter(UINT character, UINT repeat, UINT flags) {
         characters.push_back(character);
         if (character < '0' || character > '9') OnChar(character, repeat, flags);
@@ -51,8 +49,7 @@ private:
     void OnFocusLost(CWnd* window) { next = window; }
 };
 
-class QtEditTest : public QtWindowFixture {
-protected:
+struct QtEditTest : QtWindowFixture {
     void SetUp() override {
         QtWindowFixture::SetUp();
         edit.Create(WS_BORDER, {10, 10, 200, 34}, &parent, 2);
@@ -60,11 +57,6 @@ protected:
     }
 
     QLineEdit& Line() const { return dynamic_cast<QLineEdit&>(Widget(edit)); }
-    static void Commit(const QString& text) {
-        QInputMethodEvent event;
-        event.setCommitString(text);
-        QCoreApplication::sendEvent(QApplication::focusWidget(), &event);
-    }
 
     Edit edit;
 };
@@ -83,8 +75,7 @@ TEST_F(QtEditTest, KeysComeAsMessagesAndTheWindowDecidesOnThem) {
     EXPECT_EQ(edit.changes, 4);
 }
 
-class QtEditPages : public QtEditTest, public testing::WithParamInterface<LocaleCase> {
-protected:
+struct QtEditPages : QtEditTest, testing::WithParamInterface<LocaleCase> {
     const LocaleInForce locale{GetParam().tag, GetParam().codePage};
 };
 INSTANTIATE_TEST_SUITE_P(BothPages, QtEditPages, testing::ValuesIn(kBothCodePages));
@@ -92,16 +83,16 @@ INSTANTIATE_TEST_SUITE_P(BothPages, QtEditPages, testing::ValuesIn(kBothCodePage
 const QString kTyped = QString::fromUtf8("平成é");  // the last isn't in page 932
 
 TEST_P(QtEditPages, WhatAnInputMethodCommitsIsTypedAndComesBackAsItself) {
-    Commit(kTyped);
+    QInputMethodEvent event;
+    event.setCommitString(kTyped);
+    QCoreApplication::sendEvent(&Line(), &event);
 
     EXPECT_EQ(Line().text(), kTyped);
     EXPECT_EQ(edit.changes, 3);
     EXPECT_EQ(edit.Text(), FromQt(kTyped));
     EXPECT_EQ(edit.SendMessage(EM_GETSEL) & 0xFFFF, edit.Text().GetLength()) << "counted in bytes";
     if (GetACP() == 932) {
-        ASSERT_EQ(edit.characters.size(), 6U);
-        EXPECT_EQ(edit.characters[0], 0x95U);
-        EXPECT_EQ(edit.characters[1], 0xBDU);
+        EXPECT_THAT(edit.characters, ElementsAre(0x95, 0xBD, 0x90, 0xAC, testing::_, testing::_));
     } else {
         EXPECT_THAT(edit.characters, ElementsAre(0x5E73, 0x6210, 0xE9));
     }

@@ -28,8 +28,7 @@ struct QtSystemInForce : QtWindowSystem {
 };
 
 // A window of the screen, which children are put into.
-class QtWindowFixture : public testing::Test {
-protected:
+struct QtWindowFixture : testing::Test {
     void SetUp() override {
         parent.Create(WS_POPUP | WS_VISIBLE, {0, 0, 400, 300}, nullptr, 0);
         Widget(parent).activateWindow();

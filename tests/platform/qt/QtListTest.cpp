@@ -16,8 +16,7 @@ namespace orvo {
 
 namespace {
 
-class QtListTest : public QtWindowFixture {
-protected:
+struct QtListTest : QtWindowFixture {
     void SetUp() override {
         QtWindowFixture::SetUp();
         list.Create(LVS_REPORT, {0, 0, 400, 200}, &parent, 1);
@@ -67,9 +66,8 @@ TEST_F(QtListTest, AClickSelectsTheRowThatIsSeenThereAlsoWhenScrolled) {
     EXPECT_THAT(list.Selected(), ElementsAre(48));
     EXPECT_THAT(list.ClickCodes(), ElementsAre(NM_CLICK, NM_CLICK, NM_RCLICK));
 
-    QWidget& viewport = *Report().viewport();
-    QTest::mouseDClick(&viewport, Qt::LeftButton, {},
-                       viewport.mapFrom(&Widget(list), ToQt(list.Cell(48))));
+    QTest::mouseDClick(Report().viewport(), Qt::LeftButton, {},
+                       Report().viewport()->mapFrom(&Widget(list), ToQt(list.Cell(48))));
     EXPECT_THAT(list.ClickCodes(), testing::Contains(NM_DBLCLK));
 }
 
@@ -90,18 +88,8 @@ TEST_F(QtListTest, ColumnsThatTheUserMovesAndWidensAreTheLists) {
     list.GetColumnOrderArray(order.data());
     EXPECT_THAT(order, ElementsAre(2, 0, 1));
     EXPECT_EQ(list.GetColumnWidth(1), 123);
-    EXPECT_EQ(list.GetColumnWidth(0), 100);
     ClickHeading(20);
     EXPECT_EQ(list.clickedHeading, 2);
-}
-
-TEST_F(QtListTest, TheUserDragsAColumnsEdge) {
-    DragHeading(99, 30);
-
-    EXPECT_EQ(list.GetColumnWidth(0), 130);
-    QTest::mouseDClick(Header().viewport(), Qt::LeftButton, {}, InHeading(129));
-    EXPECT_EQ(list.GetColumnWidth(0), 130) << "its cells aren't Qt's to measure";
-    EXPECT_EQ(list.clickedHeading, -1);
 }
 
 TEST_F(QtListTest, ColumnsComeAndGoInTheHeadingToo) {
@@ -111,15 +99,13 @@ TEST_F(QtListTest, ColumnsComeAndGoInTheHeadingToo) {
     list.DeleteColumn(2);  // City
 
     ASSERT_EQ(Header().count(), 3);
-    const QAbstractItemModel& model = *Header().model();
-    std::vector<std::string> shown;
+    QStringList shown;
     for (int place = 0; place < 3; ++place) {
         const int column = Header().logicalIndex(place);
-        shown.push_back(
-            model.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString().toStdString());
+        shown += Header().model()->headerData(column, Qt::Horizontal).toString();
         EXPECT_EQ(Header().sectionSize(column), list.GetColumnWidth(column)) << column;
     }
-    EXPECT_THAT(shown, ElementsAre("Note", "New", "Name"));
+    EXPECT_EQ(shown, QStringList({"Note", "New", "Name"}));
 }
 
 TEST_F(QtListTest, PlacesFollowTheHeadingThatIsScrolledAside) {
@@ -138,16 +124,15 @@ TEST_F(QtListTest, PlacesFollowTheHeadingThatIsScrolledAside) {
 TEST_F(QtListTest, ARowIsPaintedWhereItsRectangleSays) {
     list.SetItemState(3, LVIS_SELECTED, LVIS_SELECTED);
     const CRect row = list.Part(3, LVIR_BOUNDS);
-    CRect below = row;
-    below.OffsetRect({0, row.Height()});
+    const CRect below = list.Part(4, LVIR_BOUNDS);
 
     const QImage picture = Picture(list);
 
     const int all = row.Width() * row.Height();
-    const COLORREF highlight = GetSysColor(COLOR_HIGHLIGHT);
-    EXPECT_GT(PixelsOf(picture, row, highlight), all * 8 / 10);
-    EXPECT_LT(PixelsOf(picture, row, highlight), all) << "its text is there, too";
-    EXPECT_EQ(PixelsOf(picture, below, highlight), 0);
+    const int lit = PixelsOf(picture, row, GetSysColor(COLOR_HIGHLIGHT));
+    EXPECT_GT(lit, all * 8 / 10);
+    EXPECT_LT(lit, all) << "its text is there, too";
+    EXPECT_EQ(PixelsOf(picture, below, GetSysColor(COLOR_HIGHLIGHT)), 0);
     EXPECT_LT(PixelsOf(picture, below, GetSysColor(COLOR_WINDOW)), all) << "its text";
 }
 
@@ -219,7 +204,6 @@ TEST_F(QtListTest, WhileDrawingIsOffNothingIsPainted) {
     for (int row = 0; row < 50; ++row) list.DeleteItem(0);
     list.SetRedraw(1);
 
-    EXPECT_TRUE(Widget(list).updatesEnabled());
     EXPECT_EQ(PixelsOf(Picture(list), {0, 60, 380, 180}, GetSysColor(COLOR_WINDOW)), 380 * 120);
 }
 
@@ -270,7 +254,11 @@ TEST_F(QtListTest, TheHeadingMarksTheColumnByWhichTheRowsAreSortedWhereverItStan
     EXPECT_EQ(Header().sortIndicatorOrder(), Qt::AscendingOrder);
 }
 
-TEST_F(QtListTest, AColumnThatIsDraggedShutCanBeDraggedOpenAgainWhereverItStands) {
+TEST_F(QtListTest, AColumnsEdgeIsDraggedAndOneThatIsDraggedShutOpensAgainWhereverItStands) {
+    DragHeading(99, 30);
+    QTest::mouseDClick(Header().viewport(), Qt::LeftButton, {}, InHeading(129));
+    EXPECT_EQ(list.GetColumnWidth(0), 130) << "its cells aren't Qt's to measure";
+    EXPECT_EQ(list.clickedHeading, -1);
     for (const int column : {1, 2}) {
         const int start = Header().sectionViewportPosition(column);
         const int width = list.GetColumnWidth(column);
@@ -306,11 +294,10 @@ TEST_F(QtListTest, ATextThatIsCutIsTheTipOfItsCell) {
     const char* text = "A <b>text</b> that is far too long for its column";
     list.SetItemText(1, 0, text);
     list.SetItemText(1, 2, "short");
-    const QtListPeer& peer = Peer();
-    EXPECT_EQ(peer.CutText(list.Cell(1, 0)), CString(text));
-    EXPECT_EQ(peer.CutText(list.Cell(1, 2)), CString());
-    EXPECT_EQ(peer.CutText(list.Cell(2, 0)), CString());
-    EXPECT_EQ(peer.CutText({399, 199}), CString()) << "below all rows";
+    EXPECT_EQ(Peer().CutText(list.Cell(1, 0)), CString(text));
+    for (const CPoint whole : {list.Cell(1, 2), list.Cell(2, 0), CPoint{399, 199}}) {
+        EXPECT_EQ(Peer().CutText(whole), CString());
+    }
     EXPECT_TRUE(TipAt(list.Cell(1, 0)).contains("A &lt;b&gt;text"));
 }
 

@@ -1,23 +1,25 @@
-// Plain windows on the screen: closing, sizes, painting, colours, posted messages and cursors.
+// Plain windows on the screen: closing, sizes, painting, colours, posted messages and cursors; and
+// drawing at every scale of the screen.
 // SPDX-License-Identifier: MIT
 #include <QApplication>
+#include <QImage>
+#include <QPainter>
 #include <QPalette>
 #include <QScreen>
 
+#include <platform/qt/QtCanvas.h>
 #include <platform/qt/QtFixture.h>
 #include <platform/window/pictures/CDC.h>
 #include <support/CodePages.h>
 #include <support/Patience.h>
 
 namespace orvo {
-
 namespace {
 
 constexpr COLORREF kRed = RGB(255, 0, 0);
 constexpr COLORREF kBlue = RGB(0, 0, 255);
 
-class Window : public CWnd {
-public:
+struct Window : CWnd {
     const MessageMap& GetMessageMap() const override {
         static const MessageMap map{
             ThisMap(),
@@ -33,7 +35,6 @@ public:
     int paints = 0;
     std::function<void()> onPaint;
 
-private:
     void OnGone() { told.push_back("gone"); }
     void OnSized(UINT, int width, int) { told.push_back("size " + std::to_string(width)); }
     LRESULT OnPaint(WPARAM wParam, LPARAM) {
@@ -57,9 +58,11 @@ private:
     }
 };
 
-class QtWindowTest : public testing::Test {
-protected:
-    void SetUp() override { window.Create(WS_POPUP | WS_VISIBLE, {20, 20, 220, 120}, nullptr, 0); }
+struct QtWindowTest : testing::Test {
+    void SetUp() override {
+        window.Create(WS_POPUP | WS_VISIBLE, {20, 20, 220, 120}, nullptr, 0);
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&Shown(), kPatience));
+    }
     QWidget& Shown() const { return *QtWindowSystem::WidgetOf(&window); }
     static int Pixels(const QImage& picture, COLORREF colour) {
         return PixelsOf(picture, {0, 0, 200, 100}, colour);
@@ -101,7 +104,6 @@ TEST_F(QtWindowTest, PaintsItselfAndKeepsWhatIsDrawnOnItUntilItPaintsAnew) {
 }
 
 TEST_F(QtWindowTest, EachPieceThatIsDrawnIsSeenBeforeTheEventLoopTurns) {
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&Shown(), kPatience));
     CClientDC dc(&window);
     dc.SetPenColor(kBlue);
     for (int piece = 0; piece < 5; ++piece) {
@@ -113,7 +115,6 @@ TEST_F(QtWindowTest, EachPieceThatIsDrawnIsSeenBeforeTheEventLoopTurns) {
 }
 
 TEST_F(QtWindowTest, APaintThatDrawsOnItsWindowPaintsOnceMoreAndNotInsideItself) {
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&Shown(), kPatience));
     QCoreApplication::processEvents();
     window.onPaint = [this] {
         if (window.paints == 1) CClientDC(&window).FillSolidRect({50, 10, 60, 20}, kBlue);
@@ -132,7 +133,6 @@ TEST_F(QtWindowTest, APaintThatDrawsOnItsWindowPaintsOnceMoreAndNotInsideItself)
 }
 
 TEST_F(QtWindowTest, AWindowMayGoWhileItIsDrawnOn) {
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&Shown(), kPatience));
     CClientDC dc(&window);
     window.onPaint = [this] { window.DestroyWindow(); };
 
@@ -217,8 +217,7 @@ TEST_F(QtWindowTest, AChildStandsInItsParent) {
     CPoint corner;
     child.ClientToScreen(&corner);
 
-    EXPECT_EQ(corner, Window::FromHandle(window.GetSafeHwnd())->GetPeer()->ClientOrigin() +
-                          CPoint({10, 20}));
+    EXPECT_EQ(corner, window.GetPeer()->ClientOrigin() + CPoint({10, 20}));
     EXPECT_TRUE(child.IsWindowVisible());
     child.ShowWindow(0);
     EXPECT_FALSE(child.IsWindowVisible());
@@ -236,6 +235,90 @@ TEST(QtText, IsMeasuredAndCutInTheSystemsCodePage) {
     }
 }
 
-}  // namespace
+constexpr COLORREF kClear = RGB(255, 0, 255);
 
+struct QtCanvasAtScale : testing::TestWithParam<double> {
+    template <class Draw>
+    QImage Drawn(Draw draw) {
+        QImage image((QSizeF(100, 60) * GetParam()).toSize(), QImage::Format_RGB32);
+        image.setDevicePixelRatio(GetParam());
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        QtCanvas canvas(&painter);
+        draw(canvas);
+        painter.end();
+        image.setDevicePixelRatio(1);
+        return image;
+    }
+    static int Count(const QImage& image, COLORREF colour) {
+        return PixelsOf(image, {0, 0, image.width(), image.height()}, colour);
+    }
+};
+
+TEST_P(QtCanvasAtScale, APictureHasItsPixelsWholeAndNoOtherColours) {
+    CBitmap bitmap({16, 16}, kClear);
+    for (int at = 0; at < 16; ++at) bitmap.SetPixel({at, at}, kRed);
+    const int factor = static_cast<int>(GetParam());
+
+    for (const int left : {0, 3, 7}) {
+        const QImage image = Drawn([&](Canvas& canvas) {
+            canvas.DrawBitmap({left, 5}, bitmap, kClear);
+        });
+
+        const int red = 16 * factor * factor;
+        EXPECT_EQ(Count(image, kRed), red) << left;
+        EXPECT_EQ(Count(image, RGB(255, 255, 255)), image.width() * image.height() - red) << left;
+    }
+}
+
+TEST_P(QtCanvasAtScale, LinesAndFramesHaveOneWidthWhereverTheyStand) {
+    const int width = qRound(GetParam());
+    for (const int top : {1, 2, 3, 4}) {
+        const QImage line = Drawn([&](Canvas& canvas) {
+            canvas.DrawLine({0, top}, {99, top}, kRed);
+        });
+        EXPECT_EQ(Count(line, kRed), line.width() * width) << top;
+
+        const QImage frame = Drawn([&](Canvas& canvas) {
+            canvas.FillRect({top, top, top + 21, top + 17}, kBlue);
+            canvas.FrameRect({top, top, top + 21, top + 17}, kRed);
+        });
+        const int middle = qRound((top + 8) * GetParam());
+        EXPECT_EQ(PixelsOf(frame, {0, middle, frame.width(), middle + 1}, kRed), 2 * width) << top;
+        EXPECT_EQ(Count(frame, kRed) + Count(frame, kBlue) + Count(frame, RGB(255, 255, 255)),
+                  frame.width() * frame.height())
+            << top;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Scales, QtCanvasAtScale, testing::Values(1, 1.25, 1.5, 1.75, 2, 3));
+
+// Whether something is drawn between two rows of pixels.
+bool IsInked(const QImage& image, int top, int bottom) {
+    const CRect rows{0, top, image.width(), bottom};
+    return PixelsOf(image, rows, RGB(255, 255, 255)) < rows.Width() * rows.Height();
+}
+
+TEST(QtLabel, TakesAsManyLinesAsItsPlaceHoldsAndStaysInsideIt) {
+    const int lineHeight = QFontMetrics(QApplication::font()).height();
+    const CRect place{20, 0, 80, 2 * lineHeight + 3};
+    for (const char* text : {"one two three four five six seven eight nine ten eleven",
+                             "onewordthatistoolongforanylineofthislabelandforbothofthemtogether"}) {
+        QImage image(100, 120, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        QtCanvas canvas(&painter);
+        canvas.DrawText(text, place,
+                        {0, DT_CENTER | DT_WORDBREAK | DT_NOPREFIX | DT_END_ELLIPSIS, {}});
+        painter.end();
+
+        EXPECT_TRUE(IsInked(image, 0, lineHeight)) << text;
+        EXPECT_TRUE(IsInked(image, lineHeight, 2 * lineHeight)) << text;
+        EXPECT_FALSE(IsInked(image, place.bottom, 120)) << text;
+        EXPECT_EQ(PixelsOf(image, {0, 0, 19, 120}, RGB(255, 255, 255)), 19 * 120) << text;
+        EXPECT_EQ(PixelsOf(image, {81, 0, 100, 120}, RGB(255, 255, 255)), 19 * 120) << text;
+    }
+}
+
+}  // namespace
 }  // namespace orvo
