@@ -17,12 +17,9 @@ constexpr char kTrailIsBackslash[] = "\x95\x5C";
 TEST(CString, APositionOutsideTheTextGivesNothing) {
     const CString text("abc");
 
-    EXPECT_EQ(text.Left(-1), "");
+    EXPECT_EQ(text.Left(-1) + text.Right(-2147483647 - 1) + text.Mid(3) + text.Mid(-1), "");
     EXPECT_EQ(text.Left(9), "abc");
-    EXPECT_EQ(text.Right(-2147483647 - 1), "");
     EXPECT_EQ(text.Right(9), "abc");
-    EXPECT_EQ(text.Mid(3), "");
-    EXPECT_EQ(text.Mid(-1), "");
     EXPECT_EQ(text.Mid(1, 2147483647), "bc");
     EXPECT_EQ(text.GetAt(3), '\0');
     EXPECT_EQ(text.Find('a', 4), -1);
@@ -59,12 +56,10 @@ TEST(CString, FormatMayUseTheTextItself) {
 }
 
 TEST(CString, TrimmingTakesOnlyTheEnds) {
-    for (const char* padded : {"\t\r\n a b \v\f", "a b"}) {
-        CString text(padded);
-        text.TrimLeft();
-        text.TrimRight();
-        EXPECT_EQ(text, "a b");
-    }
+    CString text("\t\r\n a b \v\f");
+    text.TrimLeft();
+    text.TrimRight();
+    EXPECT_EQ(text, "a b");
     CString path("//a/b//");
     path.TrimLeft("/");
     path.TrimRight("/");
@@ -91,12 +86,8 @@ TEST(CString, ATrailByteIsNoCharacter) {
     EXPECT_EQ(changed, CString(kTrailIsBackslash) + "x" + kTrailIsBackslash);
     changed.TrimRight("\\");
     EXPECT_EQ(changed.GetLength(), 5);
-}
-
-TEST(CString, OnOtherPagesABackslashAfterAHighByteIsFound) {
     const LocaleInForce western("de-DE", 1252);
-
-    EXPECT_EQ(CString(kTrailIsBackslash).Find('\\'), 1);
+    EXPECT_EQ(CString(kTrailIsBackslash).Find('\\'), 1) << "a byte of its own on other pages";
 }
 
 constexpr std::tuple<const char*, const char*, unsigned, const char*, const char*> kCaseRows[] = {

@@ -1,5 +1,5 @@
-// UTF-8 and the code pages: what each byte and character becomes, and where texts are cut.
-// SPDX-License-Identifier: MIT
+// UTF-8, the code pages and the character sets of files: what each byte and character becomes,
+// where texts are cut, and which set is guessed. SPDX-License-Identifier: MIT
 #include <thread>
 #include <tuple>
 
@@ -9,6 +9,7 @@
 #include <platform/text/CodePage.h>
 #include <platform/text/CodePage932.h>
 #include <platform/text/Utf8.h>
+#include <support/LocaleInForce.h>
 
 namespace orvo {
 namespace {
@@ -117,11 +118,9 @@ TEST(CodePage932, ALackingCharacterComesBackAsItself) {
 }
 
 // As many characters as there are private codes, none of which 932 holds.
-std::string LackingCharacters(std::size_t count) {
-    constexpr char32_t kFirstEmoji = 0x1F300;
+std::string LackingCharacters(char32_t count) {
     std::string utf8;
-    for (std::size_t i = 0; i < count; ++i)
-        AppendCodePoint(kFirstEmoji + static_cast<char32_t>(i), utf8);
+    for (char32_t i = 0; i < count; ++i) AppendCodePoint(U'\U0001F300' + i, utf8);
     return utf8;
 }
 
@@ -191,6 +190,129 @@ TEST(CodePage, ACutSplitsNoCharacter) {
         const CodePage& page = *CodePage::Find(number);
         EXPECT_EQ(CutLength(page, text, limit, false), without) << why;
         EXPECT_EQ(CutLength(page, text, limit, true), with) << why;
+    }
+}
+
+// What a conversion gives; where it refuses, nothing may change.
+template <class Convert, class... Input>
+std::string Result(Convert convert, const Input&... input) {
+    std::string text = "former";
+    return convert(input..., text) ? text : "refused, " + text;
+}
+
+constexpr std::string_view kSetRows[][4] = {
+    {"case does not count", "ISO-8859-1", "a\xE4", "aä"},
+    {"nor does another way of writing", "iso8859-1", "a\xE4", "aä"},
+    {"Japanese", "Shift_JIS", "\x95\x5C\x87\x40", "表①"},
+    {"an alias, and controls that stay", "x-sjis", "\x1A\x1C\x7F", "\x1A\x1C\x7F"},
+    {"one more", "windows-31j", "\xF0\x40", "\uE000"},
+    {"escapes", "iso-2022-jp", "\x1B$B;3\x1B(B", "山"},
+    {"more than ASCII of Chinese", "gb18030", "\xD6\xD0", "中"},
+    {"nothing", "windows-1252", "", ""},
+    {"a soft hyphen has a place here", "windows-1252", "\xAD", "\u00AD"},
+};
+
+TEST(Charset, ANamedSetIsReadAndWritten) {
+    for (const auto& [why, name, encoded, decoded] : kSetRows) {
+        EXPECT_EQ(Result(DecodeCharset, name, encoded), decoded) << why;
+        EXPECT_EQ(Result(EncodeCharset, name, decoded), encoded) << why;
+    }
+}
+
+constexpr std::string_view kRefusedRows[][4] = {
+    {"an unknown set", "no-such-set", "a", "a"},
+    {"no name", "", "a", "a"},
+    {"bytes of another set", "us-ascii", "\xE4", "ä"},
+    {"cut short", "Shift_JIS", "a\x95", "é"},
+    {"broken UTF-8", "utf-8", "\xC3(", "\xC3("},
+    {"a joiner has no place", "Shift_JIS", "\x81", "a\u200Db"},
+    {"a soft hyphen has no place", "us-ascii", "\x80", "a\u00ADb"},
+};
+
+TEST(Charset, WhatDoesNotFitIsRefusedAndNothingChanges) {
+    for (const auto& [why, name, encoded, decoded] : kRefusedRows) {
+        EXPECT_EQ(Result(DecodeCharset, name, encoded), "refused, former") << why;
+        EXPECT_EQ(Result(EncodeCharset, name, decoded), "refused, former") << why;
+    }
+}
+
+constexpr std::string_view kGuessRows[][5] = {
+    {"kanji and kana", "en-US", "N:\x8E\x52\x93\x63", "Shift_JIS", "N:山田"},
+    {"a single kanji", "en-US", "N:\x97\xD1;", "Shift_JIS", "N:林;"},
+    {"an umlaut", "en-US", "M\xFCller", "windows-1252", "Müller"},
+    {"a curly apostrophe", "en-US", "It\x92s", "windows-1252", "It’s"},
+    {"an apostrophe apart", "nl-NL", "\x92s avonds", "windows-1252", "’s avonds"},
+    {"quotes and accents", "fr-FR", "\x93\xE9l\xE9ments\x94 l\x92\xE9tat", "windows-1252",
+     "“éléments” l’état"},
+    {"half-width katakana at home", "ja-JP", "\xB1\xB2", "Shift_JIS", "ｱｲ"},
+    {"half-width katakana abroad", "de-DE", "\xC4\xD6", "windows-1252", "ÄÖ"},
+    {"not Japanese at home either", "ja-JP", "M\xFC-", "windows-1252", "Mü-"},
+    {"Cyrillic", "ru-RU", "\xCC\xE8\xF0", "windows-1251", "Мир"},
+    {"Central European", "pl-PL", "\xB3", "windows-1250", "ł"},
+    {"Greek with a byte of no meaning", "el-GR", "\xC1\xD2", "windows-1253", "Α\u00D2"},
+    {"Korean", "ko-KR", "\xB1\xE8", "windows-949", "김"},
+    {"not Korean", "ko-KR", "\xE9 ", "windows-1252", "é "},
+    {"simplified Chinese", "zh-CN", "\xD6\xD0", "gb18030", "中"},
+    {"traditional Chinese", "zh-TW", "\xA4\xA4", "big5", "中"},
+    {"too few to tell", "en-US", "\xED\xCF\xD3\xCB\xD7\xC1", "windows-1252", "íÏÓË×Á"},
+    {"escapes", "en-US", "\x1B$B;3\x1B(B", "ISO-2022-JP", "山"},
+    {"traditional by its script", "zh-Hant", "\xA4\xA4", "big5", "中"},
+};
+
+// Long enough to be told by their bytes alone.
+constexpr const char* kToldRows[][2] = {
+    {"EUC-JP", "東京都千代田区丸の内一丁目 株式会社日本商事 やまだ"},
+    {"KOI8-R", "Москва, улица Ленина, дом 5, Общество с ограниченной"},
+    {"gb18030", "北京市朝阳区建国路八号中国"},
+    {"windows-949", "서울특별시 강남구 테헤란로"},
+    {"windows-1251", "Москва, улица Ленина, дом 5"},
+};
+
+TEST(Charset, TheGuessFollowsBytesAndLanguage) {
+    for (const auto& [why, tag, bytes, name, utf8] : kGuessRows) {
+        const LocaleInForce locale(tag);
+        EXPECT_EQ(GuessLegacyCharset(bytes), name) << why;
+        EXPECT_EQ(DecodeLegacy(bytes), utf8) << why;
+    }
+    const LocaleInForce english("en-US");
+    for (const auto& [name, utf8] : kToldRows) {
+        const std::string bytes = Result(EncodeCharset, name, utf8);
+        EXPECT_EQ(GuessLegacyCharset(bytes), name);
+        EXPECT_EQ(DecodeLegacy(bytes), utf8);
+    }
+}
+
+TEST(Charset, NoByteOfAWesternTextGoesMissing) {
+    const LocaleInForce english("en-US");
+    for (int byte = 1; byte < 256; ++byte)
+        EXPECT_NE(DecodeLegacy("a" + std::string(1, static_cast<char>(byte)) + " "), "a ") << byte;
+}
+
+constexpr std::string_view kMarkRows[][3] = {
+    {"UTF-8", "\xEF\xBB\xBFé", "é"},
+    {"only a mark", "\xEF\xBB\xBF", ""},
+    {"UTF-16, low byte first", {"\xFF\xFE\xE9\0", 4}, "é"},
+    {"UTF-16, high byte first", {"\xFE\xFF\0\xE9", 4}, "é"},
+    {"UTF-32, low byte first", {"\xFF\xFE\0\0\0\xF6\x01\0", 8}, "😀"},
+    {"UTF-32, high byte first", {"\0\0\xFE\xFF\0\x01\xF6\0", 8}, "😀"},
+    {"a surrogate pair", {"\xFE\xFF\xD8\x3D\xDE\0", 6}, "😀"},
+    {"a surrogate alone", {"\xFE\xFF\xD8\x3D\0a", 6}, "\uFFFDa"},
+    {"cut short", {"\xFE\xFF\0ab", 5}, "a\uFFFD"},
+    {"no mark, low byte first", {"B\0E\0\x71\x5C", 6}, "BE山"},
+    {"no mark, high byte first", {"\0B\0E\x5C\x71", 6}, "BE山"},
+};
+
+TEST(Charset, AMarkTellsTheFormOfUnicode) {
+    for (const auto& [why, bytes, want] : kMarkRows) {
+        EXPECT_EQ(Result(DecodeMarked, bytes), want) << why;
+    }
+}
+
+TEST(Charset, OtherBytesHaveNoMark) {
+    for (const std::string_view bytes :
+         {std::string_view(), std::string_view("a"), std::string_view("BEGIN"),
+          std::string_view("\0\0\0\0", 4), std::string_view("ab\0cdefgh", 9)}) {
+        EXPECT_EQ(Result(DecodeMarked, bytes), "refused, former");
     }
 }
 
