@@ -49,9 +49,7 @@ struct ShellLinkBytes {
 
     // The place on a drive: a volume without a name, then the path in two parts.
     ShellLinkBytes& WithPlace(const std::string& base, const std::string& suffix) {
-        const std::string volume = LittleEndian(17, 4) + LittleEndian(3, 4) +
-                                   LittleEndian(0x1234, 4) + LittleEndian(16, 4) +
-                                   std::string(1, '\0');
+        const std::string volume = LittleEndian(17, 4) + std::string(13, '\0');
         const auto baseOffset = static_cast<std::uint32_t>(0x1C + volume.size());
         const auto suffixOffset = static_cast<std::uint32_t>(baseOffset + base.size() + 1);
         return Info(0x1C, baseOffset, suffixOffset, "", volume + base + '\0' + suffix + '\0');
