@@ -1,25 +1,23 @@
-// Tests of CFile.
+// Files, those that take another one's place, and locks between processes.
 // SPDX-License-Identifier: MIT
 #include <array>
+#include <atomic>
+#include <cerrno>
 #include <sys/stat.h>
 #include <thread>
 #include <tuple>
-#include <unistd.h>
 
 #include <gmock/gmock.h>
 
 #include <platform/io/CFile.h>
-
-#include "TempFolder.h"
+#include <platform/io/FileReplacement.h>
+#include <platform/io/LockFile.h>
+#include <platform/io/TempFolder.h>
 
 namespace orvo {
 namespace {
 
-using testing::HasSubstr;
-using testing::StartsWith;
-
-class CFileTest : public testing::Test {
-protected:
+struct CFileTest : testing::Test {
     TempFolder m_folder;
     CFile m_file;
     std::string m_error;
@@ -88,24 +86,20 @@ TEST_F(CFileTest, AFailedOpenTellsWhereAndWhy) {
     const std::string folder = m_folder.Path(".");
     EXPECT_FALSE(m_file.Open(folder.c_str(), CFile::modeRead, &m_error));
     EXPECT_EQ(m_error, folder + ": can't be opened: Is a directory");
-    EXPECT_FALSE(m_file.Open(folder.c_str(), CFile::modeRead));
 
     const std::string first = m_folder.File("first.dat", "first");
     ASSERT_TRUE(m_file.Open(first.c_str(), CFile::modeRead));
     EXPECT_FALSE(m_file.Open(missing.c_str(), CFile::modeRead, &m_error));
-    EXPECT_THAT(m_error, HasSubstr(first));
+    EXPECT_THAT(m_error, testing::HasSubstr(first));
     EXPECT_EQ(m_file.GetLength(), 5u);
 }
 
 TEST_F(CFileTest, AFailedOperationThrowsWithPathAndReason) {
     const std::string path = m_folder.File("plain.dat", "plain");
     ASSERT_TRUE(m_file.Open(path.c_str(), CFile::modeRead));
-    try {
-        m_file.Write("x", 1);
-        FAIL() << "a file open for reading took a byte";
-    } catch (const CFileException& error) {
-        EXPECT_EQ(std::string(error.what()), path + ": can't be written: Bad file descriptor");
-    }
+    EXPECT_THAT(
+        [this] { m_file.Write("x", 1); },
+        testing::ThrowsMessage<CFileException>(path + ": can't be written: Bad file descriptor"));
 
     m_file.Close();
     char byte = 0;
@@ -131,6 +125,69 @@ TEST_F(CFileTest, APipeIsReadToItsEndWhateverComesAtOnce) {
 
     writer.join();
     EXPECT_EQ(read.substr(0, count), content);
+}
+
+TEST(FileReplacement, TheOldFileStaysUntilTheNewOneIsWhole) {
+    const TempFolder folder;
+    const std::string target = folder.File("a", "old");
+    {
+        FileReplacement file;
+        ASSERT_TRUE(file.Open(target, folder.Path("a.new")) && file.Write("half"));
+    }
+    EXPECT_EQ(TempFolder::Content(target), "old");
+    EXPECT_FALSE(fs::exists(folder.Path("a.new")));
+
+    FileReplacement file;
+    ASSERT_TRUE(file.Open(target, folder.Path("a.new")));
+    ASSERT_TRUE(file.Write("new ") && file.Write("text"));
+    EXPECT_EQ(fs::status(folder.Path("a.new")).permissions(), fs::perms{0600});
+    ASSERT_TRUE(file.Replace(0644));
+
+    EXPECT_EQ(TempFolder::Content(target), "new text");
+    EXPECT_FALSE(fs::exists(folder.Path("a.new")));
+    EXPECT_EQ(fs::status(target).permissions(), fs::perms{0644});
+}
+
+TEST(FileReplacement, ATemporaryFileOfSomebodyElseIsLeftAlone) {
+    const TempFolder folder;
+    folder.File("a.new", "somebody's");
+    EXPECT_FALSE(FileReplacement().Open(folder.Path("a"), folder.Path("a.new")));
+    EXPECT_EQ(errno, EEXIST);
+    EXPECT_EQ(TempFolder::Content(folder.Path("a.new")), "somebody's");
+}
+
+TEST(LockFile, OneHasItsTurnAtATime) {
+    const TempFolder folder;
+    LockFile first;
+    LockFile second;
+    ASSERT_TRUE(first.TryLock(folder.Path("lock")));
+
+    EXPECT_FALSE(second.TryLock(folder.Path("lock")));
+    EXPECT_EQ(errno, EWOULDBLOCK);
+
+    first.Release();
+    EXPECT_TRUE(second.Lock(folder.Path("lock")));
+}
+
+TEST(LockFile, WhoeverWaitedForARemovedFileHoldsTheNextOne) {
+    const TempFolder folder;
+    const std::string path = folder.Path("lock");
+    for (int round = 0; round < 200; ++round) {
+        int holders = 0;
+        std::vector<std::thread> threads;
+        for (int i = 0; i < 4; ++i) {
+            threads.emplace_back([&] {
+                LockFile lock;
+                ASSERT_TRUE(lock.Lock(path));
+                EXPECT_EQ(std::atomic_ref(holders).fetch_add(1), 0);
+                std::this_thread::yield();
+                std::atomic_ref(holders).fetch_sub(1);
+                lock.Remove(path);
+            });
+        }
+        for (std::thread& thread : threads) thread.join();
+    }
+    EXPECT_FALSE(fs::exists(path));
 }
 
 }  // namespace

@@ -84,11 +84,8 @@ struct TrustedPathTest : testing::Test {
 };
 
 TEST_F(TrustedPathTest, WhatOthersCouldHaveChangedIsToldWithItsReason) {
-    struct Row {
-        const char* why;
-        std::function<void()> prepare;
-        std::string want;  // a part of what is told; empty for nothing
-    };
+    // Of what is told the last is a part; it is empty where nothing is.
+    using Row = std::tuple<const char*, std::function<void()>, std::string>;
     const std::string mayWrite = " may be written by other users";
     std::vector<Row> rows = {
         {"all belongs to the user alone", [] {}, ""},
@@ -99,27 +96,26 @@ TEST_F(TrustedPathTest, WhatOthersCouldHaveChangedIsToldWithItsReason) {
     };
     // Only an administrator can give files to others.
     if (::geteuid() == 0) {
-        rows.push_back({"the group of others",
-                        [&] {
-                            GiveAway(folder, 0, kNobody);
-                            SetMode(folder, 0770);
-                        },
-                        folder + mayWrite});
-        rows.push_back({"a file of another user in a folder for all",
-                        [&] {
-                            SetMode(folder, 01777);
-                            GiveAway(file, kNobody, 0);
-                        },
-                        file + " belongs to another user (number 65534)"});
-        rows.push_back({"a folder of another user", [&] { GiveAway(folder, kNobody, 0); },
-                        folder + " belongs to another user (number 65534)"});
+        const std::string another = " belongs to another user (number 65534)";
+        const auto giveGroup = [&] {
+            GiveAway(folder, 0, kNobody);
+            SetMode(folder, 0770);
+        };
+        const auto giveFile = [&] {
+            SetMode(folder, 01777);
+            GiveAway(file, kNobody, 0);
+        };
+        rows.emplace_back("the group of others", giveGroup, folder + mayWrite);
+        rows.emplace_back("another user's file in a folder for all", giveFile, file + another);
+        rows.emplace_back(
+            "another user's folder", [&] { GiveAway(folder, kNobody, 0); }, folder + another);
     }
-    for (const Row& row : rows) {
-        row.prepare();
+    for (const auto& [why, prepare, want] : rows) {
+        prepare();
         for (const std::string& path : {file, way + "/file", folder + "/./../folder/file"}) {
             const std::string told = WhyNotTrusted(path);
-            EXPECT_EQ(told.empty(), row.want.empty()) << row.why << ": " << told;
-            EXPECT_THAT(told, HasSubstr(row.want)) << row.why;
+            EXPECT_EQ(told.empty(), want.empty()) << why << ": " << told;
+            EXPECT_THAT(told, HasSubstr(want)) << why;
         }
         for (const std::string& each : {home.Path(""), folder, file}) {
             if (::geteuid() == 0) GiveAway(each, 0, 0);

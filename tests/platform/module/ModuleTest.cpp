@@ -15,8 +15,7 @@ namespace orvo {
 namespace {
 
 // A menu for each text, and nothing else.
-class MenuModule : public TextsModule {
-public:
+struct MenuModule : TextsModule {
     explicit MenuModule(const Texts& texts) : TextsModule(texts, texts) {}
 
     std::string_view FindResource(ResourceKind kind, unsigned number) const override {
@@ -41,9 +40,7 @@ struct ModuleTest : testing::Test {
     // The text of that number; "none" where the result says so and the text is empty.
     static CString Load(unsigned number) {
         CString text("old");
-        const int found = text.LoadString(number);
-        if (found == 0 && text.IsEmpty()) return "none";
-        return found != 0 ? text : CString("not found, but ") + text;
+        return text.LoadString(number) != 0 ? text : CString("none") + text;
     }
 
     LocaleInForce locale{"en-US"};
@@ -92,9 +89,7 @@ TEST_F(ModuleTest, AModuleIsSearchedUntilItsLastInitIsUndone) {
 
 TEST_F(ModuleTest, EveryThreadHasItsOwnResourceHandle) {
     AfxSetResourceHandle(&application);
-    CString inThread;
-    std::thread([&] { inThread = Load(1); }).join();
-    EXPECT_EQ(inThread, "none");
+    std::thread([] { EXPECT_EQ(Load(1), "none"); }).join();
     EXPECT_EQ(Load(1), "application");
 }
 

@@ -14,8 +14,7 @@
 
 namespace orvo {
 
-class SettingsFixture : public testing::Test {
-protected:
+struct SettingsFixture : testing::Test {
     SettingsFixture() { SettingsStore::SetPath(file.string()); }
     ~SettingsFixture() override { SettingsStore::SetPath(""); }
 

@@ -7,7 +7,7 @@
 
 #include <platform/settings/SettingsSpelling.h>
 #include <platform/settings/SettingsText.h>
-#include <platform/text/CodePage.h>
+#include <platform/text/SystemText.h>
 #include <support/CodePages.h>
 
 namespace orvo {
@@ -28,8 +28,7 @@ constexpr std::string_view kSpellings[][4] = {
     {"what 932 lacks is itself", "Zoë 한 😀", "Zoë 한 😀", "Zoë 한 😀"},
 };
 
-class SettingsSpelling : public testing::TestWithParam<LocaleCase> {
-protected:
+struct SettingsSpelling : testing::TestWithParam<LocaleCase> {
     LocaleInForce locale{GetParam().tag, GetParam().codePage};
 };
 
@@ -37,8 +36,7 @@ INSTANTIATE_TEST_SUITE_P(BothCodePages, SettingsSpelling, testing::ValuesIn(kBot
 
 TEST_P(SettingsSpelling, WhatALineCannotHoldIsEscaped) {
     for (const auto& [why, utf8, asName, asValue] : kSpellings) {
-        std::string text;
-        CodePage::System().FromUtf8(utf8, text);
+        const std::string text = SystemText(utf8).Bytes();
 
         EXPECT_EQ(SpellName(text), asName) << why;
         EXPECT_EQ(SpellText(text), asValue) << why;
