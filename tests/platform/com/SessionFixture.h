@@ -14,8 +14,7 @@
 namespace orvo {
 
 // Windows are reached by way of it as long as the process lives.
-class ScratchRuntime {
-public:
+struct ScratchRuntime {
     ScratchRuntime() { ::setenv("XDG_RUNTIME_DIR", Folder().c_str(), 1); }
 
     const std::filesystem::path& Folder() const { return m_place.Path(); }
@@ -29,8 +28,7 @@ private:
     const TempFolder m_place;
 };
 
-class SessionBus {
-public:
+struct SessionBus {
     SessionBus()
         : m_daemon("/usr/bin/dbus-daemon",
                    {"--config-file=" ORVO_TEST_BUS, "--nofork", "--print-address"}) {

@@ -22,7 +22,7 @@ int main(int count, char** arguments) {
     std::printf("%s %ld %s\n", mapping != nullptr ? "held" : "failed", error,
                 text != nullptr && *text != '\0' ? text : "-");
     std::fflush(stdout);
-    if (text != nullptr && count > 4) {
+    if (text != nullptr && count > 4 && *arguments[4] != '\0') {
         std::strcpy(text, arguments[4]);
         std::puts("written");
         std::fflush(stdout);

@@ -1,13 +1,21 @@
-// Tests of named blocks, between processes and within one.
+// What processes share: named blocks, the folder in which they meet, and messages.
 // SPDX-License-Identifier: MIT
-#include <algorithm>
+#include <array>
+#include <cstring>
+#include <filesystem>
+#include <map>
+#include <sys/socket.h>
 #include <thread>
+#include <unistd.h>
 
 #include <fmt/format.h>
 #include <gmock/gmock.h>
 
+#include <platform/io/Descriptor.h>
 #include <platform/ipc/FileMapping.h>
+#include <platform/ipc/ProcessMessage.h>
 #include <platform/ipc/RuntimeFixture.h>
+#include <platform/ipc/RuntimeFolder.h>
 #include <support/Program.h>
 
 namespace orvo {
@@ -34,18 +42,9 @@ bool IsThere(const char* name) {
     return mapping != nullptr && CloseHandle(mapping) != 0;
 }
 
-bool IsZero(const char* view) {
-    return std::all_of(view, view + kSize, [](char byte) { return byte == '\0'; });
-}
-
-class Holder : public Program {
-public:
-    Holder(const char* verb, const char* name) : Holder({verb, name, fmt::to_string(kSize)}) {}
-    Holder(const char* verb, const char* name, const char* text)
-        : Holder({verb, name, fmt::to_string(kSize), text}) {}
-
-private:
-    explicit Holder(const std::vector<std::string>& arguments) : Program(BLOCK_HOLDER, arguments) {}
+struct Holder : Program {
+    Holder(const char* verb, const char* name, const char* text = "")
+        : Program(BLOCK_HOLDER, {verb, name, fmt::to_string(kSize), text}) {}
 };
 
 TEST_F(FileMapping, ABlockIsSharedAndGoesWithItsLastHolder) {
@@ -98,13 +97,11 @@ TEST_F(FileMapping, OfManyThatCreateAtOnceOneMakesTheBlock) {
     for (int round = 0; round < 5; ++round) {
         std::vector<std::unique_ptr<Holder>> holders;
         for (int i = 0; i < 8; ++i) holders.push_back(std::make_unique<Holder>("create", "b"));
-        std::vector<std::string> lines;
-        for (const auto& holder : holders) lines.push_back(holder->Line());
+        std::map<std::string, int> lines;
+        for (const auto& holder : holders) ++lines[holder->Line()];
 
-        EXPECT_EQ(std::count(lines.begin(), lines.end(), "held 0 -"), 1);
-        EXPECT_EQ(
-            std::count(lines.begin(), lines.end(), fmt::format("held {} -", ERROR_ALREADY_EXISTS)),
-            7);
+        EXPECT_EQ(lines["held 0 -"], 1);
+        EXPECT_EQ(lines[fmt::format("held {} -", ERROR_ALREADY_EXISTS)], 7);
     }
 }
 
@@ -112,7 +109,7 @@ TEST_F(FileMapping, AViewKeepsTheBlockWithoutAnyHandle) {
     const HANDLE mapping = Create("b");
     char* view = Map(mapping);
     ASSERT_NE(view, nullptr);
-    EXPECT_TRUE(IsZero(view));
+    EXPECT_EQ(std::string(view, kSize), std::string(kSize, '\0'));
     view[kSize - 1] = 'x';
     EXPECT_NE(CloseHandle(mapping), 0);
 
@@ -148,7 +145,6 @@ TEST_F(FileMapping, AnyBytesOfANameMakeABlockOfItsOwn) {
 
 TEST_F(FileMapping, WhatCannotBeIsRefusedWithItsReason) {
     const HANDLE mapping = Create("b");
-    const HANDLE none = nullptr;
     const auto refused = [&](const char* why, long error, const auto& call) {
         SetLastError(ERROR_SUCCESS);
         EXPECT_FALSE(call()) << why;
@@ -159,7 +155,7 @@ TEST_F(FileMapping, WhatCannotBeIsRefusedWithItsReason) {
     refused("a null name", ERROR_INVALID_NAME, [] { return Open(nullptr); });
     refused("not there", ERROR_FILE_NOT_FOUND, [] { return Open("c"); });
     refused("longer than the block", ERROR_ACCESS_DENIED, [&] { return Map(mapping, kSize + 1); });
-    refused("no handle", ERROR_INVALID_HANDLE, [&] { return Map(none); });
+    refused("no handle", ERROR_INVALID_HANDLE, [] { return Map(nullptr); });
     refused("no view", ERROR_INVALID_ADDRESS, [&] { return UnmapViewOfFile(&mapping); });
     EXPECT_NE(CloseHandle(mapping), 0);
     refused("a closed handle", ERROR_INVALID_HANDLE, [&] { return CloseHandle(mapping); });
@@ -189,6 +185,86 @@ TEST_F(FileMapping, ThreadsMayShareABlock) {
     }
     for (std::thread& thread : threads) thread.join();
     EXPECT_EQ(Blocks(), 0);
+}
+
+using RuntimeFolders = RuntimeFixture;
+
+std::string InUse() {
+    std::string error;
+    return RuntimeFolder(error);
+}
+
+TEST_F(RuntimeFolders, ItIsForTheUserAlone) {
+    EXPECT_EQ(InUse(), folder / "orvo");
+    EXPECT_EQ(fs::status(folder / "orvo").permissions(), fs::perms::owner_all);
+}
+
+TEST_F(RuntimeFolders, WhatOthersCanWriteOrHavePutThereIsNotUsed) {
+    const fs::path own = folder / "orvo";
+    fs::create_directory(own);
+    fs::permissions(own, fs::perms::all);
+    EXPECT_NE(InUse(), own) << "others may write";
+    fs::remove(own);
+
+    fs::create_directory(folder / "elsewhere");
+    fs::permissions(folder / "elsewhere", fs::perms::owner_all);
+    fs::create_symlink("elsewhere", own);
+    EXPECT_NE(InUse(), own) << "a link";
+    fs::remove(own);
+
+    if (::geteuid() == 0) {
+        fs::create_directory(own);
+        fs::permissions(own, fs::perms::owner_all);
+        ASSERT_EQ(::chown(own.c_str(), 65534, 65534), 0);
+        EXPECT_NE(InUse(), own) << "somebody else's";
+        fs::remove(own);
+    }
+    EXPECT_EQ(InUse(), own);
+}
+
+TEST_F(RuntimeFolders, WithoutARuntimeFolderAllProcessesComeToTheSameOne) {
+    for (const char* unusable : {"", "relative", "/there/is/no/such"}) {
+        ::setenv("XDG_RUNTIME_DIR", unusable, 1);
+        EXPECT_THAT(InUse(), testing::AnyOf(fmt::format("/run/user/{}/orvo", ::geteuid()),
+                                            fmt::format("/tmp/orvo-{}", ::geteuid())));
+    }
+}
+
+long OpenFiles() {
+    const std::filesystem::directory_iterator files("/proc/self/fd");
+    return std::distance(begin(files), end(files));
+}
+
+// `count` descriptors with bytes that are no message.
+void SendDescriptors(int socket, std::size_t count) {
+    char bytes[] = "no message";
+    iovec part{bytes, sizeof bytes};
+    const std::vector<int> files(count, socket);
+    std::vector<char> control(CMSG_SPACE(count * sizeof(int)));
+    msghdr envelope{};
+    envelope.msg_iov = &part;
+    envelope.msg_iovlen = 1;
+    envelope.msg_control = control.data();
+    envelope.msg_controllen = control.size();
+    cmsghdr* enclosed = CMSG_FIRSTHDR(&envelope);
+    enclosed->cmsg_level = SOL_SOCKET;
+    enclosed->cmsg_type = SCM_RIGHTS;
+    enclosed->cmsg_len = CMSG_LEN(count * sizeof(int));
+    std::memcpy(CMSG_DATA(enclosed), files.data(), count * sizeof(int));
+    ASSERT_GE(::sendmsg(socket, &envelope, 0), 0);
+}
+
+TEST(ProcessMessage, NoFileStaysOpenOfWhatNobodyExpects) {
+    std::array<int, 2> ends{};
+    ASSERT_EQ(::socketpair(AF_UNIX, SOCK_SEQPACKET, 0, ends.data()), 0);
+    const Descriptor sender(ends[0]);
+    const Descriptor receiver(ends[1]);
+    const long before = OpenFiles();
+    for (const std::size_t count : {1, 2, 3, 20}) {
+        SendDescriptors(sender.Number(), count);
+        EXPECT_FALSE(ReceivedMessage().Receive(receiver.Number())) << count;
+        EXPECT_EQ(OpenFiles(), before) << count;
+    }
 }
 
 }  // namespace

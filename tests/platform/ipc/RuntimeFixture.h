@@ -10,8 +10,7 @@
 
 namespace orvo {
 
-class RuntimeFixture : public testing::Test {
-protected:
+struct RuntimeFixture : testing::Test {
     RuntimeFixture() { ::setenv("XDG_RUNTIME_DIR", folder.c_str(), 1); }
     ~RuntimeFixture() override { ::unsetenv("XDG_RUNTIME_DIR"); }
 

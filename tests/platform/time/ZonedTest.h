@@ -18,8 +18,7 @@ CivilTime FieldsOf(const Time& time) {
             time.GetHour(), time.GetMinute(), time.GetSecond()};
 }
 
-class ZonedTest : public testing::Test {
-protected:
+struct ZonedTest : testing::Test {
     ~ZonedTest() override { SetSystemTimeZone(m_zone); }
 
 private:
