@@ -17,7 +17,7 @@ void ShownDetails::PutInto(QMainWindow& window) {
 
 QList<QAction*> ShownDetails::Actions() {
     QAction* shown = m_pane.ShowAction();
-    shown->setText(Text("&Details"));
+    shown->setText(Text("De&tails"));
     shown->setShortcut(QKeySequence("F9"));
     m_below = new QAction(Text("Details &below"), &m_context.Window());
     m_below->setCheckable(true);
