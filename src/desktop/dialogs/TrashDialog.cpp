@@ -73,6 +73,14 @@ void ReadDeleted(StoreEngine& engine, TableKind kind, Table& table, Disclosure d
     }
 }
 
+TrashRows ReadTrash(StoreSession& session, Disclosure disclosure) {
+    TrashRows rows;
+    StoreEngine& engine = session.History().Engine();
+    ReadDeleted<CAddressRecord>(engine, TableKind::Address, session.Addresses(), disclosure, rows);
+    ReadDeleted<CToDoRecord>(engine, TableKind::ToDo, session.ToDos(), disclosure, rows);
+    return rows;
+}
+
 class TrashDialog : public QDialog {
 public:
     TrashDialog(QWidget* parent, StoreSession& session, Disclosure disclosure)
@@ -122,12 +130,7 @@ private:
     }
 
     void Read() {
-        TrashRows rows;
-        StoreEngine& engine = m_session.History().Engine();
-        ReadDeleted<CAddressRecord>(engine, TableKind::Address, m_session.Addresses(), m_disclosure,
-                                    rows);
-        ReadDeleted<CToDoRecord>(engine, TableKind::ToDo, m_session.ToDos(), m_disclosure, rows);
-        m_model.SetRows(std::move(rows));
+        m_model.SetRows(ReadTrash(m_session, m_disclosure));
         if (!m_model.Rows().empty()) m_table.selectRow(0);
         ShowState();
     }
@@ -211,6 +214,10 @@ bool ShowTrash(QWidget* parent, StoreSession& session, Disclosure disclosure) {
     TrashDialog dialog(parent, session, disclosure);
     dialog.exec();
     return dialog.IsChanged();
+}
+
+bool HoldsTrash(StoreSession& session, Disclosure disclosure) {
+    return !ReadTrash(session, disclosure).empty();
 }
 
 }  // namespace orvo::desktop

@@ -13,4 +13,7 @@ namespace orvo::desktop {
 // Returns:  true where the user has changed something.
 bool ShowTrash(QWidget* parent, StoreSession& session, Disclosure disclosure);
 
+// True where the dialog would show an entry.
+bool HoldsTrash(StoreSession& session, Disclosure disclosure);
+
 }  // namespace orvo::desktop

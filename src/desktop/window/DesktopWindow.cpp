@@ -38,6 +38,7 @@ DesktopWindow::DesktopWindow(StoreSession& session, COrvoDesktopOptions& options
       m_toolBar(m_context),
       m_menus(m_context, m_commands),
       m_contextMenu(m_context),
+      m_emptyPage(m_context, m_commands),
       m_kana(m_frame),
       m_details(m_context),
       m_reminder(session.History().Engine(), options,
@@ -69,6 +70,7 @@ bool DesktopWindow::Open(const WindowSettings& settings) {
     m_commands.options.LockAtStart();
     if (!m_frame.Open()) return false;
     setCentralWidget(QtWindowSystem::WidgetOf(&m_frame));
+    m_emptyPage.PutOver(*centralWidget());
     if (SystemLocale::Language() == "ja") m_kana.PutInto(*this);
     Listen();
     m_frame.Addresses().SetOrder(settings.addressOrder);
@@ -123,6 +125,7 @@ void DesktopWindow::ShowChange() {
 
 void DesktopWindow::ShowCounts() {
     m_counts.Show(m_frame.Entries());
+    m_emptyPage.Show();
     m_kana.Show();
     m_menus.EnableSelection();
     m_details.Show();

@@ -11,6 +11,7 @@
 #include <desktop/reminder/Reminder.h>
 #include <desktop/views/ViewFrame.h>
 #include <desktop/window/ContextMenu.h>
+#include <desktop/window/EmptyPage.h>
 #include <desktop/window/KanaPane.h>
 #include <desktop/window/MainMenus.h>
 #include <desktop/window/ShownDetails.h>
@@ -72,6 +73,7 @@ private:
     MainMenus m_menus;
     ContextMenu m_contextMenu;
     StatusCounts m_counts;
+    EmptyPage m_emptyPage;
     KanaPane m_kana;
     ShownDetails m_details;
     QTimer m_countTimer;    // runs while the counts are out of date
