@@ -25,6 +25,8 @@ if(ORVO_DESKTOP)
     install(TARGETS orvo-desktop RUNTIME COMPONENT desktop)
     install(DIRECTORY "${PROJECT_BINARY_DIR}/share/locale" DESTINATION "${CMAKE_INSTALL_DATADIR}"
             COMPONENT desktop)
+    install(DIRECTORY "${PROJECT_BINARY_DIR}/share/orvo-desktop" DESTINATION "${CMAKE_INSTALL_DATADIR}"
+            COMPONENT desktop)
     install(FILES "${PROJECT_SOURCE_DIR}/docs/orvo-desktop.1"
             DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT desktop)
     install(FILES "${packaging}/${application}.desktop"

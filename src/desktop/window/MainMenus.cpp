@@ -1,9 +1,11 @@
 // The menus of the main window.
 // SPDX-License-Identifier: MIT
 #include <QMenuBar>
+#include <QShortcut>
 #include <algorithm>
 
 #include <desktop/commands/PrintCommands.h>
+#include <desktop/help/HelpMenu.h>
 #include <desktop/plugins/PluginMenu.h>
 #include <desktop/texts/Texts.h>
 #include <desktop/window/MainMenus.h>
@@ -21,8 +23,18 @@ void MainMenus::Make(const QList<QAction*>& views, const QList<QAction*>& panes)
     MakeViewMenu(views, panes);
     MakeAddressMenu();
     MakeToDoMenu();
+    AddHelpMenu(m_context.Window());
+    AddMenuKey();
     SetLocator(*m_addressActions.front(), ORVO_ITEM_SEND_MAIL);
     m_commands.plugins.Load(*m_context.Window().menuBar());
+}
+
+// Qt's menu bar itself comes at the Alt key alone.
+void MainMenus::AddMenuKey() {
+    QMenuBar* bar = m_context.Window().menuBar();
+    auto* key = new QShortcut(QKeySequence("F10"), bar);
+    QObject::connect(key, &QShortcut::activated, bar,
+                     [bar] { bar->setActiveAction(bar->actions().front()); });
 }
 
 QMenu& MainMenus::AddMenu(const char* text, std::uint32_t locator) {
@@ -93,11 +105,11 @@ void MainMenus::MakeViewMenu(const QList<QAction*>& views, const QList<QAction*>
         const char* text;
         const char* keys;
         int change;
-    } kCardSteps[] = {{Untranslated("Lar&ger cards"), "Ctrl++", 1},
+    } kCardSteps[] = {{Untranslated("Lar&ger cards"), "Ctrl++; Ctrl+=", 1},
                       {Untranslated("&Smaller cards"), "Ctrl+-", -1}};
     for (const auto& step : kCardSteps) {
         QAction* action = view.addAction(Text(step.text));
-        action->setShortcut(QKeySequence(step.keys));
+        action->setShortcuts(QKeySequence::listFromString(step.keys));
         QObject::connect(action, &QAction::triggered, action, [&frame, change = step.change] {
             frame.Addresses().SetCardStep(frame.Addresses().CardStep() + change);
         });

@@ -41,6 +41,7 @@ private:
     };
 
     QMenu& AddMenu(const char* text, std::uint32_t locator);
+    void AddMenuKey();
     void MakeFileMenu();
     void MakeEditMenu();
     void MakeViewMenu(const QList<QAction*>& views, const QList<QAction*>& panes);
