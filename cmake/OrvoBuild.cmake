@@ -29,6 +29,23 @@ if(ORVO_SANITIZE)
     target_link_options(orvo_flags INTERFACE -fsanitize=address,undefined)
 endif()
 
+option(ORVO_JOIN_SOURCES "Compile small sources that read the same heavy headers together" OFF)
+
+# orvo_join_sources(<target>...): where all is compiled anyway, the sources of these are compiled a few at a time, as most
+# of the time goes to headers that they have in common. What is edited and built again goes source by source.
+function(orvo_join_sources)
+    set(sources_together 8)
+    if(ORVO_JOIN_SOURCES)
+        set_target_properties(${ARGN} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE ${sources_together})
+        if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+            # It takes what is a source's own for a header's, as the joined source includes it.
+            foreach(target ${ARGN})
+                target_compile_options(${target} PRIVATE -Wno-subobject-linkage)
+            endforeach()
+        endif()
+    endif()
+endfunction()
+
 # orvo_library(<name> SOURCES <file>... [PUBLIC <target>...] [PRIVATE <target>...])
 function(orvo_library name)
     cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "SOURCES;PUBLIC;PRIVATE")

@@ -37,7 +37,7 @@ struct RowEdit {
 };
 // Whether the record now is as the edit wants it.
 using Outcome = std::function<bool(const CToDoRecord&)>;
-using Edit = std::function<Outcome(Store&, TodoView&, const RowEdit&)>;
+using RowChange = std::function<Outcome(Store&, TodoView&, const RowEdit&)>;
 
 // The words of `due`, by the choices of the menu of dates.
 constexpr std::array<const char*, 4> kDays{"today", "tomorrow", "week", "none"};
@@ -115,7 +115,7 @@ void RefuseEndOfSeries(Store& store, const CToDoRecord& record, const RowEdit& e
 }
 
 // A row that has the state already is left alone.
-Edit SetCompletedOfRow(bool completed) {
+RowChange SetCompletedOfRow(bool completed) {
     return [completed](Store& store, TodoView& view, const RowEdit& edit) {
         Outcome outcome = [completed](const CToDoRecord& record) {
             return (record.IsCompleted() != 0) == completed;
@@ -141,7 +141,7 @@ void RefuseMasked(TodoView& view, int row) {
 }
 
 // The record is looked at again by its id, as its row may have moved.
-int EditRow(Store& store, const RowEdit& options, const Edit& edit, bool json) {
+int EditRow(Store& store, const RowEdit& options, const RowChange& edit, bool json) {
     const WriteClaim claim(store);
     TodoView view(store, options.list);
     RefuseMasked(view, options.row);
@@ -205,10 +205,10 @@ void AddNew(CLI::App& todo, Invocation& invocation) {
     });
 }
 
-using Run = std::function<int(Store&, const RowEdit&, bool json)>;
+using RowCommand = std::function<int(Store&, const RowEdit&, bool json)>;
 
 CLI::App* AddRowCommand(CLI::App& todo, Invocation& invocation, const char* name, const char* help,
-                        const Run& run, std::shared_ptr<RowEdit> options) {
+                        const RowCommand& run, std::shared_ptr<RowEdit> options) {
     CLI::App* command = todo.add_subcommand(name, help);
     command->add_option("ROW", options->row, "A row number of `todos`")->required();
     AddTodoOptions(*command, options->list);
@@ -220,7 +220,7 @@ CLI::App* AddRowCommand(CLI::App& todo, Invocation& invocation, const char* name
     return command;
 }
 
-Run Editing(Edit edit) {
+RowCommand Editing(RowChange edit) {
     return [edit = std::move(edit)](Store& store, const RowEdit& options, bool json) {
         return EditRow(store, options, edit, json);
     };
@@ -233,7 +233,7 @@ void AddTodoCommands(CLI::App& app, Invocation& invocation) {
     todo->require_subcommand(1);
     AddNew(*todo, invocation);
 
-    const auto add = [&](const char* name, const char* help, const Run& run) {
+    const auto add = [&](const char* name, const char* help, const RowCommand& run) {
         auto options = std::make_shared<RowEdit>();
         return std::pair(AddRowCommand(*todo, invocation, name, help, run, options), options);
     };

@@ -26,7 +26,7 @@ namespace {
 // Nobody leafs through more, and each takes memory as long as the preview is open.
 constexpr int kMostPreviewedPages = 500;
 // Milliseconds: what is sure to be done sooner shows no progress.
-constexpr int kPatience = 1000;
+constexpr int kProgressPatience = 1000;
 
 // Shows how many pages are done. It ends when it is cancelled, or when the window behind it closes.
 class ProgressBox {
@@ -36,7 +36,7 @@ public:
           m_dialog(Text("The pages are being laid out."), Text("Cancel"), 0, 0, &parent) {
         m_dialog.setWindowTitle(parent.windowTitle());
         m_dialog.setWindowModality(Qt::WindowModal);
-        m_dialog.setMinimumDuration(kPatience);
+        m_dialog.setMinimumDuration(kProgressPatience);
     }
 
     PrintProgress Progress() {

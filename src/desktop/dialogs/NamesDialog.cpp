@@ -20,7 +20,7 @@
 namespace orvo::desktop {
 namespace {
 
-constexpr QSize kDialogSize{520, 380};
+constexpr QSize kNamesSize{520, 380};
 
 struct Name {
     int number;
@@ -217,7 +217,7 @@ void EditNames(QWidget* parent, StoreSession& session) {
     // Wide enough for the names of all pages, which Qt would hide behind arrows.
     const QMargins edges = column->contentsMargins();
     const int wanted = tabs->tabBar()->sizeHint().width() + edges.left() + edges.right();
-    dialog.resize(kDialogSize.expandedTo({wanted, 0}));
+    dialog.resize(kNamesSize.expandedTo({wanted, 0}));
     dialog.exec();
 }
 

@@ -18,7 +18,7 @@
 namespace orvo::desktop {
 namespace {
 
-constexpr QSize kDialogSize{560, 400};
+constexpr QSize kTrashSize{560, 400};
 constexpr int kKindWidth = 120;
 
 struct TrashRow {
@@ -86,7 +86,7 @@ public:
     TrashDialog(QWidget* parent, StoreSession& session, Disclosure disclosure)
         : QDialog(parent), m_session(session), m_disclosure(disclosure) {
         setWindowTitle(Text("Trash"));
-        resize(kDialogSize);
+        resize(kTrashSize);
         MakeTable();
         auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
         m_restore = buttons->addButton(Text("&Restore"), QDialogButtonBox::ActionRole);

@@ -18,7 +18,7 @@ namespace orvo::desktop {
 namespace {
 
 constexpr int kAddressLines = 3;
-constexpr int kNoteLines = 5;
+constexpr int kAddressNoteLines = 5;
 // In characters.
 constexpr int kGap = 2;
 constexpr int kPhoneWidth = 22;
@@ -263,7 +263,7 @@ void AddressForm::AddCustoms(QVBoxLayout& column) {
 }
 
 void AddressForm::AddNote(QVBoxLayout& column) {
-    auto* note = new TextField(m_saver.Note(), kNoteLines);
+    auto* note = new TextField(m_saver.Note(), kAddressNoteLines);
     note->setObjectName("note");
     m_saver.Add([note] { return note->IsChanged(); },
                 [note](CAddressRecord& record) { return record.SetNoteUtf8(note->Utf8()); });

@@ -19,7 +19,7 @@ namespace {
 constexpr int kFirstPriority = 1;
 constexpr int kLastPriority = 5;
 constexpr int kDescriptionLines = 3;
-constexpr int kNoteLines = 8;
+constexpr int kToDoNoteLines = 8;
 
 CivilTime Now() {
     return CivilOfMoment(CTime::GetCurrentTime().GetTime()).value_or(CivilTime());
@@ -163,7 +163,7 @@ void ToDoForm::AddPrivate(QGridLayout& grid) {
 }
 
 void ToDoForm::AddNote(QGridLayout& grid) {
-    auto* note = new TextField(m_saver.Note(), kNoteLines);
+    auto* note = new TextField(m_saver.Note(), kToDoNoteLines);
     note->setObjectName("note");
     m_saver.Add([note] { return note->IsChanged(); },
                 [note](CToDoRecord& record) { return record.SetNoteUtf8(note->Utf8()); });

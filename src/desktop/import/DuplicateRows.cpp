@@ -11,7 +11,7 @@
 namespace orvo::desktop {
 namespace {
 
-constexpr int kColumns = 3;
+constexpr int kDuplicateColumns = 3;
 // A note may be of any length; its beginning is enough here.
 constexpr qsizetype kLongestText = 2000;
 
@@ -107,7 +107,7 @@ int DuplicateRows::rowCount(const QModelIndex& parent) const {
 }
 
 int DuplicateRows::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : kColumns;
+    return parent.isValid() ? 0 : kDuplicateColumns;
 }
 
 QVariant DuplicateRows::data(const QModelIndex& index, int role) const {

@@ -21,7 +21,7 @@
 namespace orvo::desktop {
 namespace {
 
-constexpr QSize kDialogSize{720, 520};
+constexpr QSize kDuplicatesSize{720, 520};
 constexpr auto kGone = static_cast<long>(StoreStatus::Gone);
 
 enum class Decision { Merge, KeepBoth, DeleteSecond };
@@ -49,7 +49,7 @@ public:
           m_rows(m_isImport ? Text("In the store") : Text("First address"),
                  m_isImport ? Text("Imported") : Text("Second address")) {
         setWindowTitle(Text("Possible duplicates"));
-        resize(kDialogSize);
+        resize(kDuplicatesSize);
         MakeView();
         m_all = new QCheckBox(Text("&Apply to all that remain"));
         auto* layout = new QVBoxLayout(this);

@@ -24,7 +24,7 @@
 namespace orvo::desktop {
 namespace {
 
-constexpr QSize kDialogSize{680, 420};
+constexpr QSize kReportSize{680, 420};
 
 enum Column { kFile, kLine, kReason, kColumns };
 constexpr std::array<const char*, kColumns> kHeadings{Untranslated("File"), Untranslated("Line"),
@@ -71,7 +71,7 @@ public:
     ReportDialog(QWidget* parent, const QString& told, const std::vector<SkippedLine>& skipped)
         : QDialog(parent), m_skipped(skipped), m_model(skipped) {
         setWindowTitle(parent ? parent->windowTitle() : Text("Import"));
-        resize(kDialogSize);
+        resize(kReportSize);
         const auto count = static_cast<std::int64_t>(skipped.size());
         auto* summary = new QLabel(
             told + "\n" + CountText("%1 entry was left out:", "%1 entries were left out:", count));

@@ -13,7 +13,7 @@
 namespace orvo {
 namespace {
 
-constexpr std::size_t kChunk = 1u << 20;
+constexpr std::size_t kWriteChunk = 1u << 20;
 
 enum class FileKind { Cards, OldCalendar, Calendar };
 
@@ -83,7 +83,7 @@ ExportReport ExportFile(const std::string& path, CAddressTable& addresses, CToDo
                 addresses, isWanted, report, [&](const CAddressRecord& record, std::string& loss) {
                     text += writer.Write(record, &loss);
                     if (!text.ends_with('\n') && !text.ends_with('\r')) text += "\r\n";
-                    if (text.size() < kChunk) return;
+                    if (text.size() < kWriteChunk) return;
                     file.Write(text);
                     text.clear();
                 });

@@ -21,7 +21,7 @@
 namespace orvo {
 namespace {
 
-constexpr std::size_t kChunk = 1u << 20;
+constexpr std::size_t kReadChunk = 1u << 20;
 // How long, in milliseconds, the first writer of a pipe is waited for.
 constexpr int kPatience = 2000;
 constexpr const char* kHoldsNothing = "holds no card or calendar";
@@ -51,7 +51,7 @@ bool WaitToRead(const Descriptor& file, int milliseconds) {
 
 std::string ReadWhole(const Descriptor& file, bool isPipe) {
     std::string bytes;
-    std::vector<char> chunk(kChunk);
+    std::vector<char> chunk(kReadChunk);
     bool mayHaveNoWriter = isPipe;
     for (;;) {
         const ssize_t count = ::read(file.Number(), chunk.data(), chunk.size());

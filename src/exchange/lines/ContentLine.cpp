@@ -9,7 +9,6 @@
 namespace orvo {
 namespace {
 
-constexpr auto kNpos = std::string_view::npos;
 constexpr std::size_t kLongestStructureLine = 80;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
@@ -26,7 +25,9 @@ bool IsBase64Character(char c) {
 // The colon that ends the head. Quotes hide colons, unless the last quote is never closed.
 std::size_t FindColon(std::string_view text) {
     const std::size_t first = text.find(':');
-    if (first == kNpos || text.substr(0, first).find('"') == kNpos) return first;
+    if (first == std::string_view::npos ||
+        text.substr(0, first).find('"') == std::string_view::npos)
+        return first;
     bool quoted = false;
     for (std::size_t i = 0; i < text.size(); ++i) {
         if (text[i] == '"') {
@@ -45,12 +46,12 @@ void TakeApart(ContentLine& line) {
     line.group = line.name = line.parameters = {};
     line.value = text;
     const std::size_t colon = FindColon(text);
-    if (colon == kNpos) return;
+    if (colon == std::string_view::npos) return;
     std::string_view head = text.substr(0, colon);
     const std::size_t semicolon = head.find(';');
     std::string_view name = Trimmed(head.substr(0, semicolon));
     const std::size_t dot = name.find('.');
-    if (dot != kNpos) {
+    if (dot != std::string_view::npos) {
         line.group = name.substr(0, dot);
         name.remove_prefix(dot + 1);
     }
@@ -59,7 +60,7 @@ void TakeApart(ContentLine& line) {
         return;
     }
     line.name = name;
-    if (semicolon != kNpos) line.parameters = head.substr(semicolon + 1);
+    if (semicolon != std::string_view::npos) line.parameters = head.substr(semicolon + 1);
     line.value = text.substr(colon + 1);
 }
 
@@ -105,7 +106,7 @@ void ContentLineReader::Unfold(std::string_view first) {
     std::size_t searched = 0;
     std::optional<TransferEncoding> encoding;  // known once the head is whole
     while (m_position < m_text.size()) {
-        if (!encoding && m_joined.find(':', searched) != kNpos) {
+        if (!encoding && m_joined.find(':', searched) != std::string_view::npos) {
             ContentLine line;
             line.text = m_joined;
             TakeApart(line);
@@ -158,14 +159,14 @@ void ContentLineReader::GoBackTo(const ContentLine& line) {
     m_position = static_cast<std::size_t>(line.source.data() - m_text.data());
     m_number = line.number;
     const std::size_t feed = line.source.find('\n');
-    if (feed != kNpos) m_lineFeed = m_position + feed;
+    if (feed != std::string_view::npos) m_lineFeed = m_position + feed;
 }
 
 bool ParameterWalk::Next(Parameter& parameter) {
     if (m_rest.empty()) return false;
     std::size_t end = m_rest.find(';');
     const std::size_t quote = m_rest.substr(0, end).find('"');
-    if (quote != kNpos) {
+    if (quote != std::string_view::npos) {
         bool quoted = false;
         std::size_t i = quote;
         while (i < m_rest.size() && (quoted || m_rest[i] != ';')) {
@@ -178,9 +179,10 @@ bool ParameterWalk::Next(Parameter& parameter) {
     parameter.source = m_rest.substr(0, end);
     m_rest.remove_prefix(std::min(end + 1, m_rest.size()));
     const std::size_t equals = parameter.source.find('=');
-    parameter.name =
-        equals == kNpos ? std::string_view() : Trimmed(parameter.source.substr(0, equals));
-    parameter.value = Trimmed(parameter.source.substr(equals == kNpos ? 0 : equals + 1));
+    parameter.name = equals == std::string_view::npos ? std::string_view()
+                                                      : Trimmed(parameter.source.substr(0, equals));
+    parameter.value =
+        Trimmed(parameter.source.substr(equals == std::string_view::npos ? 0 : equals + 1));
     return true;
 }
 

@@ -8,7 +8,6 @@
 namespace orvo {
 namespace {
 
-constexpr auto kNpos = std::string_view::npos;
 constexpr std::size_t kLongestLine = 75;
 
 bool IsContinuation(char character) {
@@ -45,7 +44,8 @@ void AppendQuoted(std::string_view value, std::size_t used, std::string_view lin
         const auto byte = static_cast<unsigned char>(value[i]);
         // A continued line that begins with a blank would be taken for a fold, and one that begins
         // with BEGIN or END for the line of that name.
-        const bool atStart = used == 0 && std::string_view(" BbEe").find(value[i]) != kNpos;
+        const bool atStart =
+            used == 0 && std::string_view(" BbEe").find(value[i]) != std::string_view::npos;
         const bool atEdge = value[i] == ' ' && (i == 0 || i + 1 == value.size());
         const bool plain = byte >= ' ' && byte < 0x7F && byte != '=' && !atEdge && !atStart;
         const std::size_t width = plain ? 1 : 3;
@@ -77,7 +77,8 @@ std::string EscapeQuoted(std::string_view text, ValueKind kind) {
             result += "\r\n";  // as quoted-printable has it
         } else if (c == '\\' && kind == ValueKind::Parts) {
             const std::size_t end = std::min(text.find_first_not_of('\\', i), text.size());
-            const bool counts = end == text.size() || dividers.find(text[end]) != kNpos;
+            const bool counts =
+                end == text.size() || dividers.find(text[end]) != std::string_view::npos;
             result.append((end - i) * (counts ? 2 : 1), '\\');
             i = end - 1;
         } else {

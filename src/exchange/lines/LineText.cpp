@@ -9,8 +9,6 @@
 namespace orvo {
 namespace {
 
-constexpr auto kNpos = std::string_view::npos;
-
 int Base64Digit(char c) {
     if (c >= 'A' && c <= 'Z') return c - 'A';
     if (c >= 'a' && c <= 'z') return c - 'a' + 26;
@@ -34,7 +32,7 @@ void UnescapeQuoted(std::string_view part, ValueKind kind, std::string& text) {
         }
         const std::size_t end = std::min(part.find_first_not_of('\\', i), part.size());
         std::size_t count = end - i;
-        if (end < part.size() && dividers.find(part[end]) != kNpos) {
+        if (end < part.size() && dividers.find(part[end]) != std::string_view::npos) {
             count = kind == ValueKind::Parts ? count / 2 : count - 1;
         } else if (end == part.size() && kind == ValueKind::Parts) {
             count -= count / 2;
@@ -77,7 +75,8 @@ void AppendQuotedPrintable(std::string_view text, std::string& bytes) {
         if (low >= 0) {
             bytes += static_cast<char>(high * 16 + low);
             i += 2;
-        } else if (text[i] == '=' && text.find_first_not_of(" \t", i + 1) == kNpos) {
+        } else if (text[i] == '=' &&
+                   text.find_first_not_of(" \t", i + 1) == std::string_view::npos) {
             return;  // a soft break behind which nothing follows
         } else {
             bytes += text[i];
@@ -104,7 +103,7 @@ void AppendBase64(std::string_view text, std::string& bytes) {
 bool PartWalk::Next(std::string_view& part) {
     if (m_over) return false;
     std::size_t end = 0;
-    while (end < m_rest.size() && m_dividers.find(m_rest[end]) == kNpos) {
+    while (end < m_rest.size() && m_dividers.find(m_rest[end]) == std::string_view::npos) {
         end += m_rest[end] == '\\' ? 2 : 1;
     }
     m_over = end >= m_rest.size();
@@ -124,7 +123,7 @@ std::string_view PartOf(std::string_view value, std::size_t number, char divider
 
 void Unescape(std::string_view part, Dialect dialect, std::string& text, ValueKind kind) {
     text.clear();
-    if (part.find_first_of("\\\r") == kNpos) {
+    if (part.find_first_of("\\\r") == std::string_view::npos) {
         text = part;
         return;
     }
@@ -138,7 +137,7 @@ void Unescape(std::string_view part, Dialect dialect, std::string& text, ValueKi
         if (part[i] == '\\' && (next == 'n' || next == 'N')) {
             text += '\n';
             ++i;
-        } else if (part[i] == '\\' && kEscaped.find(next) != kNpos) {
+        } else if (part[i] == '\\' && kEscaped.find(next) != std::string_view::npos) {
             text += next;
             ++i;
         } else if (part[i] == '\r') {

@@ -22,7 +22,7 @@ struct NumberRow {
     UINT ours;
     int qt;
 };
-constexpr NumberRow kButtons[] = {
+constexpr NumberRow kMessageButtons[] = {
     {MB_OK, QMessageBox::Ok},
     {MB_OKCANCEL, QMessageBox::Ok | QMessageBox::Cancel},
     {MB_YESNO, QMessageBox::Yes | QMessageBox::No},
@@ -97,7 +97,7 @@ int AskInMessageBox(const CString& text, UINT type, QWidget* owner) {
     box->setIcon(
         static_cast<QMessageBox::Icon>(Find(kIcons, type & kIconMask, QMessageBox::NoIcon)));
     box->setStandardButtons(
-        QMessageBox::StandardButtons(Find(kButtons, type & kButtonMask, QMessageBox::Ok)));
+        QMessageBox::StandardButtons(Find(kMessageButtons, type & kButtonMask, QMessageBox::Ok)));
     const int chosen = box->exec();
     delete box.data();
     for (const NumberRow& row : kAnswers) {
