@@ -149,6 +149,21 @@ bool FindQuery::Matches(std::string_view folded, std::string_view numbers) const
     });
 }
 
+bool FindQuery::IsWithin(const FindQuery& other) const {
+    const auto holds = [](const std::string& text, const std::string& part) {
+        return text.find(part) != std::string::npos;
+    };
+    // A word that has become long enough for a number matches in more places than before.
+    const auto isWithin = [&](const Word& word, const Word& outer) {
+        const bool isWithinDigits = !outer.digits.empty() && holds(word.digits, outer.digits);
+        return holds(word.folded, outer.folded) && (word.digits.empty() || isWithinDigits);
+    };
+    return std::all_of(other.m_words.begin(), other.m_words.end(), [&](const Word& outer) {
+        return std::any_of(m_words.begin(), m_words.end(),
+                           [&](const Word& word) { return isWithin(word, outer); });
+    });
+}
+
 std::vector<TextRange> FindQuery::RangesIn(std::string_view utf8) const {
     std::string folded;
     std::string digits;

@@ -41,18 +41,23 @@ public:
     FindQuery() = default;
     explicit FindQuery(std::string_view typed);
 
+    struct Word {
+        std::string folded;
+        std::string digits;  // empty where the word can't be a number
+    };
+    const std::vector<Word>& Words() const { return m_words; }
     bool IsEmpty() const { return m_words.empty(); }
     bool Matches(const FindText& text) const { return Matches(text.folded, text.numbers); }
     bool Matches(std::string_view folded, std::string_view numbers) const;
+
+    // True where all that this one matches is matched by the other, too, as where more was typed
+    // behind it. False says nothing.
+    bool IsWithin(const FindQuery& other) const;
 
     // The parts of a text as it is shown that hold a word, in order; they don't overlap.
     std::vector<TextRange> RangesIn(std::string_view utf8) const;
 
 private:
-    struct Word {
-        std::string folded;
-        std::string digits;  // empty where the word can't be a number
-    };
     std::vector<Word> m_words;
 };
 

@@ -1,6 +1,7 @@
 // Finding people and to-dos by any part of their texts.
 // SPDX-License-Identifier: MIT
 #include <array>
+#include <people/FindIndex.h>
 #include <people/FindReader.h>
 #include <random>
 
@@ -175,6 +176,51 @@ TEST(Find, IsWhatAPlainModelFinds) {
         found += isFound ? 1 : 0;
     }
     EXPECT_GT(found, 1000);
+}
+
+// What is typed letter by letter, and removed again, against all texts looked at one by one.
+TEST(Find, AnIndexFindsWhatTheTextsHold) {
+    std::mt19937 random(23);
+    const auto write = [&](std::string_view letters, std::size_t most) {
+        std::string written;
+        for (std::size_t i = random() % (most + 1); i > 0; --i) {
+            written += letters[random() % letters.size()];
+        }
+        return written;
+    };
+    FindIndex index;
+    std::vector<FindText> texts;
+    FindQuery before;
+    std::vector<bool> matchedBefore;
+    std::size_t narrowed = 0;
+    for (int round = 0; round < 3'000; ++round) {
+        if (round % 10 == 0) {
+            texts.push_back(TextOf(write("aAbé1", 6), write("0123-", 8)));
+            index.Add(round, texts.back());
+            before = {};
+        }
+        std::string typed = write("ab01", 2);
+        for (const char c : write("ab 123-", 5)) {
+            typed += c;
+            const FindQuery query(typed);
+            const std::vector<bool> matching = index.Matching(query);
+            for (std::size_t slot = 0; slot < texts.size(); ++slot) {
+                ASSERT_EQ(matching.at(slot), query.Matches(texts[slot])) << typed;
+            }
+            if (!before.IsEmpty() && query.IsWithin(before)) {
+                ASSERT_EQ(index.Matching(query, matchedBefore), matching) << typed;
+                ++narrowed;
+            }
+            before = query;
+            matchedBefore = matching;
+        }
+    }
+    EXPECT_GT(narrowed, 1'000U);
+    const std::uint64_t version = index.Version();
+    index.Forget(10);
+    EXPECT_EQ(index.SlotOf(10), std::nullopt);
+    EXPECT_NE(index.SlotOf(20), std::nullopt);
+    EXPECT_NE(index.Version(), version);
 }
 
 }  // namespace
