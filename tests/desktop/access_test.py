@@ -120,6 +120,27 @@ class AccessTest(DesktopCase):
                 self.show(view)
                 self.assertEqual((self.row_names(), self.unnamed()), ([], []))
 
+    def test_what_is_found_is_counted_and_nothing_is_found_in_masked_rows(self):
+        self.fill()
+        self.add("Dunn", company=f"{SECRET} Zeta", private="yes")
+        self.set_options(masking_private="yes", todo_show_completed="no")
+        self.start()
+        self.screen.keys("ctrl+f")
+        for typed, found in (("zet", ["Adams"]), (SECRET, [])):
+            self.screen.type(typed)
+            until("what is found is counted",
+                  lambda found=found: f"{len(found)} of 4 addresses found" in self.names("status bar", "label"))
+            self.assertEqual([name.split(",")[0] for name in self.row_names()], found)
+            self.assertEqual(self.unnamed(), [])
+            self.screen.keys("Escape", "ctrl+f")
+            until("all are there again", lambda: len(self.row_names()) == 4)
+        self.show(TO_DOS)
+        self.screen.keys("ctrl+f")
+        self.screen.type(TO_DO)
+        for key, found in (("Return", "1 of 1 to-do found (1 selected)"), ("minus", "0 of 0 to-dos found")):
+            self.screen.keys(key)
+            until("what is left is counted", lambda found=found: found in self.names("status bar", "label"))
+
     def test_all_rows_have_a_name_and_what_is_masked_is_not_told(self):
         self.fill()
         self.add(SECRET, private="yes")

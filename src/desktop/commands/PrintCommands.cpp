@@ -85,9 +85,11 @@ void TellFailure(QWidget& parent, const PrintResult& result) {
     QMessageBox::warning(&parent, parent.windowTitle(), result.problem);
 }
 
-// On paper nothing shows that there is more than what was printed.
+// On paper nothing shows that there is more than what was printed. How many private entries hold
+// what is looked for is private, too.
 void TellHidden(const CommandContext& context, bool isSelection, const QString& done) {
-    const int hidden = isSelection ? 0 : context.Frame().Entries().HiddenCount();
+    ShownEntries& entries = context.Frame().Entries();
+    const int hidden = isSelection || entries.Find().IsOn() ? 0 : entries.HiddenCount();
     QStringList told{done, hidden != 0 ? LeftOutText(hidden) : QString()};
     told.removeAll(QString());
     if (!told.isEmpty()) context.Say(told.join(' '));

@@ -32,6 +32,7 @@ struct EditHistory::State {
         : engine(real, [this](StepChanges changes) { Take(std::move(changes)); }) {}
 
     void Take(StepChanges changes) {
+        TellRows(changes);
         open.Append(std::move(changes));
         if (depth == 0) Close();
     }
@@ -50,6 +51,16 @@ struct EditHistory::State {
 
     std::string Move(Steps& from, Steps& to);
 
+    void TellRows(const StepChanges& changes) const {
+        if (!rowListener) return;
+        for (const TableKind kind : {TableKind::Address, TableKind::ToDo}) {
+            for (const AddedRow& row : changes.Added(kind)) rowListener(kind, row.id);
+            for (const auto& [id, change] : changes.Changed(kind)) rowListener(kind, id);
+        }
+        // Such as the name of a category, which many rows show.
+        for (const auto& [key, change] : changes.Texts()) rowListener(key.table, std::nullopt);
+    }
+
     void Tell() {
         if (const std::function<void()> told = listener) told();
     }
@@ -61,6 +72,7 @@ struct EditHistory::State {
     std::string name;
     int depth = 0;
     std::function<void()> listener;
+    RowListener rowListener;
 };
 
 // Takes the last step of `from` back and puts its inverse to `to`.
@@ -76,6 +88,7 @@ std::string EditHistory::State::Move(Steps& from, Steps& to) {
     std::string reason;
     if (!TakeBack(real, from.back().changes, inverse.changes, reason)) return reason;
     if (transaction.Commit() != StoreStatus::Ok) return real.LastError();
+    TellRows(inverse.changes);
     inverse.changes.Finish();
     from.pop_back();
     to.push_back(std::move(inverse));
@@ -124,6 +137,10 @@ std::string EditHistory::Undo() {
 
 std::string EditHistory::Redo() {
     return m_state->Move(m_state->redo, m_state->undo);
+}
+
+void EditHistory::SetRowListener(RowListener listener) {
+    m_state->rowListener = std::move(listener);
 }
 
 void EditHistory::SetListener(std::function<void()> listener) {

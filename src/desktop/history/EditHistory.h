@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include <contracts/StoreEngine.h>
@@ -52,6 +54,10 @@ public:
     //           where the store can't be written; all is as it was then, and the step stays.
     std::string Undo();
     std::string Redo();
+
+    // Called after a row may have become another, or have gone, or with no id all rows of a table.
+    using RowListener = std::function<void(TableKind, std::optional<std::int64_t> id)>;
+    void SetRowListener(RowListener listener);
 
     // Called after what can be undone or redone has changed.
     void SetListener(std::function<void()> listener);

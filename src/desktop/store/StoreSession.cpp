@@ -30,6 +30,9 @@ StoreSession::StoreSession(std::unique_ptr<SqliteEngine> engine)
       m_history(*m_engine),
       m_addresses(m_history.Engine()),
       m_toDos(m_history.Engine()) {
+    m_history.SetRowListener([this](TableKind kind, std::optional<std::int64_t> id) {
+        id ? FindTexts(kind).Forget(*id) : FindTexts(kind).Clear();
+    });
     NoteDamage(m_addresses.TextsFailure());
     NoteDamage(m_toDos.TextsFailure());
 }
@@ -132,7 +135,11 @@ void StoreSession::NoteDamage(const std::string& damage) {
 
 bool StoreSession::TakeForeignChange() {
     const bool changesAddresses = m_addresses.TakeForeignChange();
-    return m_toDos.TakeForeignChange() || changesAddresses;
+    const bool changes = m_toDos.TakeForeignChange() || changesAddresses;
+    if (changes) {
+        for (FindIndex& texts : m_findTexts) texts.Clear();
+    }
+    return changes;
 }
 
 }  // namespace orvo::desktop

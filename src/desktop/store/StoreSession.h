@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <array>
 #include <functional>
 #include <memory>
 #include <optional>
+#include <people/FindIndex.h>
 #include <string>
 #include <vector>
 
@@ -52,6 +54,9 @@ public:
     // ended early.
     void SetFailureListener(const std::function<void(const std::string&)>& listener);
 
+    // The texts by which records are found, as far as they were asked for since they changed.
+    FindIndex& FindTexts(TableKind kind) { return m_findTexts[static_cast<std::size_t>(kind)]; }
+
     // What of the store couldn't be read so far, a line each.
     const std::vector<std::string>& Damage() const { return m_damage; }
     std::string Path() const { return m_engine->Name(); }
@@ -77,6 +82,7 @@ private:
     std::optional<DataSetClaim> m_claim;
     CAddressTable m_addresses;
     CToDoTable m_toDos;
+    std::array<FindIndex, 2> m_findTexts;
     std::vector<std::string> m_damage;
 };
 

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <people/FindReader.h>
+
 #include <desktop/views/HeadingSpread.h>
 #include <desktop/views/ShownEntries.h>
 #include <desktop/views/ViewKind.h>
@@ -52,6 +54,9 @@ public:
 protected:
     void Fill(const Disclosure& disclosure) override;
     void Empty() override { View().DV_DeleteAll(); }
+    void Append(DWORD data) override { View().DV_InsertRecord(RowCount(), RecordOf(data), 0); }
+    FindIndex& Texts() override { return m_session.FindTexts(TableKind::Address); }
+    FindText TextOf(DWORD data) const override { return FindTextOf(*RecordOf(data)); }
 
 private:
     ViewKind m_kind = ViewKind::List;

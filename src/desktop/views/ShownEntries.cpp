@@ -8,7 +8,15 @@ namespace orvo::desktop {
 
 ShownEntries::ShownEntries(StoreSession& session, const COrvoDesktopOptions& options,
                            std::function<void()> changed)
-    : m_session(session), m_options(options), m_changed(std::move(changed)) {}
+    : m_session(session),
+      m_options(options),
+      m_changed(std::move(changed)),
+      m_find(*this, options,
+             {[this] { Refill(); },
+              [this] {
+                  ++m_fillCount;
+                  m_changed();
+              }}) {}
 
 std::function<std::int64_t(DWORD)> ShownEntries::IdOf() const {
     return [this](DWORD data) { return RecordOf(data)->GetId(); };
@@ -21,23 +29,27 @@ void ShownEntries::SetCategory(int category) {
 
 void ShownEntries::Refill() {
     const RowKeeper rows(Window(), IdOf());
-    ++m_fillCount;
-    Fill(Disclosure(m_options));
+    FillFound();
     rows.Restore(Window());
     m_changed();
 }
 
+void ShownEntries::FillFound() {
+    ++m_fillCount;
+    m_find.Drop();
+    Fill(Disclosure(m_options));
+    m_find.Filled();
+}
+
 void ShownEntries::Enter(bool isFilled) {
-    if (!isFilled) {
-        ++m_fillCount;
-        Fill(Disclosure(m_options));
-    }
+    if (!isFilled) FillFound();
     Window().ShowWindow(1);
     if (!isFilled && m_rowsLeft) m_rowsLeft->Restore(Window());
 }
 
 void ShownEntries::Leave() {
     m_rowsLeft = RowKeeper(Window(), IdOf());
+    m_find.Drop();
     Empty();
     Window().ShowWindow(0);
 }
@@ -63,6 +75,13 @@ void ShownEntries::SelectRecord(std::int64_t id) {
     }
     RowKeeper(IdOf(), id).Restore(Window());
     m_changed();
+}
+
+void ShownEntries::GoToFirst() {
+    const auto* rows = dynamic_cast<const ListPeer*>(Window().GetPeer());
+    const DWORD data = rows && rows->RowCount() > 0 ? rows->Data(0) : 0;
+    if (data != 0) SelectRecord(RecordOf(data)->GetId());
+    Window().SetFocus();
 }
 
 }  // namespace orvo::desktop

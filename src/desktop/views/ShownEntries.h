@@ -9,6 +9,7 @@
 
 #include <desktop/store/StoreSession.h>
 #include <desktop/views/RowKeeper.h>
+#include <desktop/views/ShownFind.h>
 #include <host/Disclosure.h>
 #include <orvoshare/addresslist/DetailViewAddrList.h>
 
@@ -21,21 +22,18 @@ struct EntryFile {
 };
 
 // Records are there only between Enter and Leave, while a view of this kind is shown.
-class ShownEntries {
+class ShownEntries : public FindableRows {
 public:
     // Session and options outlive it. `changed` is called after rows, selection or order have
     // changed by what is asked of it here.
     ShownEntries(StoreSession& session, const COrvoDesktopOptions& options,
                  std::function<void()> changed);
-    virtual ~ShownEntries() = default;
-
     virtual QString Name() const = 0;
     virtual QString CountedText(int count) const = 0;
     virtual EntryFile File() const = 0;
 
     virtual CBaseTable& Table() = 0;
-    // The window of the view in use, and its columns; null where it has none.
-    virtual CWnd& Window() = 0;
+    // The columns of the view in use; null where it has none.
     virtual COrvoUIListViewCtrl* Columns() = 0;
     // Sorts by what a click on the heading of that column asks for, if it does.
     virtual void SortByColumn(int id) = 0;
@@ -44,12 +42,12 @@ public:
     virtual int SelectedCount() = 0;
     // How many records the view would show if private ones weren't hidden.
     virtual int HiddenCount() = 0;
-    // The record behind the data word of a row; null where that is 0. It is the view's.
-    virtual CBaseRecord* RecordOf(DWORD data) const = 0;
 
     // kAllCategories for all.
     int Category() const { return m_category; }
     void SetCategory(int category);
+
+    ShownFind& Find() { return m_find; }
 
     // Reads the records of the view that is shown again, with its selection kept.
     void Refill();
@@ -67,10 +65,11 @@ public:
     int LeftOutOfSelection(WayOut way);
     // Selects the record of that id, and nothing else.
     void SelectRecord(std::int64_t id);
+    // Gives the view the keys, with its first row selected where it has one.
+    void GoToFirst();
 
 protected:
     virtual void Fill(const Disclosure& disclosure) = 0;
-    virtual void Empty() = 0;
 
     StoreSession& m_session;
     const COrvoDesktopOptions& m_options;
@@ -78,7 +77,10 @@ protected:
 private:
     std::function<std::int64_t(DWORD)> IdOf() const;
 
+    void FillFound();
+
     std::function<void()> m_changed;
+    ShownFind m_find;
     int m_category = kAllCategories;
     int m_fillCount = 0;
     std::optional<RowKeeper> m_rowsLeft;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <people/FindReader.h>
 
 #include <desktop/views/HeadingSpread.h>
 #include <desktop/views/ShownEntries.h>
@@ -51,6 +52,9 @@ public:
 protected:
     void Fill(const Disclosure& disclosure) override;
     void Empty() override { m_list->DeleteAll(); }
+    void Append(DWORD data) override { m_list->InsertRecord(RowCount(), RecordOf(data), 0); }
+    FindIndex& Texts() override { return m_session.FindTexts(TableKind::ToDo); }
+    FindText TextOf(DWORD data) const override { return FindTextOf(*RecordOf(data)); }
 
 private:
     eSortOrder m_order = eSortByPriorityDueDate;

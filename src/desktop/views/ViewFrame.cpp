@@ -75,6 +75,11 @@ void ViewFrame::Show(ViewKind kind) {
     Tell();
 }
 
+void ViewFrame::SetFind(const FindQuery& query) {
+    m_addresses.Find().Set(query);
+    m_toDos.Find().Set(query);
+}
+
 // The list and the to-dos post the same message.
 LRESULT ViewFrame::OnReturn(WPARAM, LPARAM) {
     static_assert(WM_DV_RETURN == WM_TODO_RETURN);

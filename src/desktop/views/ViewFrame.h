@@ -43,6 +43,9 @@ public:
     ShownAddresses& Addresses() { return m_addresses; }
     ShownToDos& ToDos() { return m_toDos; }
 
+    // Only what holds it shows, whatever the view.
+    void SetFind(const FindQuery& query);
+
     CLookupEdit& LookupBox() { return m_box; }
     // Opens what is selected, unless the lookup has just refused a letter: it isn't what was meant.
     void OpenByReturn();

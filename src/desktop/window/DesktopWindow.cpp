@@ -36,6 +36,7 @@ DesktopWindow::DesktopWindow(StoreSession& session, COrvoDesktopOptions& options
                  [this](ViewKind kind) { ShowView(kind); }}),
       m_commands(m_context),
       m_toolBar(m_context),
+      m_findBar(m_context, [this] { return !MustRowsStay(); }),
       m_menus(m_context, m_commands),
       m_contextMenu(m_context),
       m_emptyPage(m_context, m_commands),
@@ -77,11 +78,12 @@ bool DesktopWindow::Open(const WindowSettings& settings) {
     m_frame.ToDos().SetOrder(static_cast<eSortOrder>(settings.toDoOrder));
     m_toolBar.Make();
     m_details.PutInto(*this);
-    m_menus.Make(m_toolBar.ViewActions(), m_details.Actions());
+    m_menus.Make(m_toolBar.ViewActions(), m_details.Actions(), *m_findBar.Action());
     m_contextMenu.AddKey();
     m_counts.PutInto(*statusBar());
     if (!settings.geometry.isEmpty()) restoreGeometry(settings.geometry);
     if (!settings.panes.isEmpty()) restoreState(settings.panes);
+    m_findBar.PutInto(*this);  // closed at each start
     m_frame.Listeners().changed = [this] { ShowChange(); };
     ShowView(settings.view);
     return true;
@@ -129,6 +131,7 @@ void DesktopWindow::ShowCounts() {
     m_kana.Show();
     m_menus.EnableSelection();
     m_details.Show();
+    m_findBar.ReadOn();
 }
 
 // Asks once for each time that the store goes.
@@ -142,11 +145,14 @@ bool DesktopWindow::LooksForMovedStore() {
     return m_isStoreGone;
 }
 
-// While a menu, a question or a field over a row is open, the rows that it is about stay.
+// While a menu, a question or a field over a row is open: it is about the rows that are there.
+bool DesktopWindow::MustRowsStay() const {
+    return QApplication::activePopupWidget() || QApplication::activeModalWidget() ||
+           m_commands.texts.IsEditing();
+}
+
 void DesktopWindow::LookForForeignChange() {
-    const bool isAsking = QApplication::activePopupWidget() || QApplication::activeModalWidget() ||
-                          m_commands.texts.IsEditing();
-    if (isAsking || LooksForMovedStore() || !m_session.TakeForeignChange()) return;
+    if (MustRowsStay() || LooksForMovedStore() || !m_session.TakeForeignChange()) return;
     m_context.Refresh();
 }
 

@@ -12,6 +12,7 @@
 #include <desktop/views/ViewFrame.h>
 #include <desktop/window/ContextMenu.h>
 #include <desktop/window/EmptyPage.h>
+#include <desktop/window/FindBar.h>
 #include <desktop/window/KanaPane.h>
 #include <desktop/window/MainMenus.h>
 #include <desktop/window/ShownDetails.h>
@@ -59,6 +60,7 @@ private:
     void Listen();
     void ShowChange();
     void ShowCounts();
+    bool MustRowsStay() const;
     bool LooksForMovedStore();
     void LookForForeignChange();
     void OfferKeptForm();
@@ -70,6 +72,7 @@ private:
     CommandContext m_context;
     DesktopCommands m_commands;
     ToolBar m_toolBar;
+    FindBar m_findBar;
     MainMenus m_menus;
     ContextMenu m_contextMenu;
     StatusCounts m_counts;

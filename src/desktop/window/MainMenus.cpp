@@ -17,9 +17,9 @@ MainMenus::~MainMenus() {
     m_context.Session().History().SetListener(nullptr);
 }
 
-void MainMenus::Make(const QList<QAction*>& views, const QList<QAction*>& panes) {
+void MainMenus::Make(const QList<QAction*>& views, const QList<QAction*>& panes, QAction& find) {
     MakeFileMenu();
-    MakeEditMenu();
+    MakeEditMenu(find);
     MakeViewMenu(views, panes);
     MakeAddressMenu();
     MakeToDoMenu();
@@ -64,7 +64,7 @@ void MainMenus::MakeFileMenu() {
     AddCommand(file, Text("&Quit"), "Ctrl+Q", [this] { m_context.Window().close(); });
 }
 
-void MainMenus::MakeEditMenu() {
+void MainMenus::MakeEditMenu(QAction& find) {
     QMenu& edit = AddMenu(Untranslated("&Edit"), ORVO_MENU_EDIT);
     m_undo = AddCommand(edit, {}, "Ctrl+Z", [this] { m_commands.edits.Undo(); });
     m_redo = AddCommand(edit, {}, "Ctrl+Shift+Z", [this] { m_commands.edits.Redo(); });
@@ -77,6 +77,7 @@ void MainMenus::MakeEditMenu() {
         AddCommand(edit, Text("&Delete"), "Del", [this] { m_commands.edits.DeleteSelected(); })};
     m_editText = AddCommand(edit, Text("Edit te&xt"), "F2", [this] { m_commands.texts.Begin(); });
     AddCommand(edit, Text("Select &all"), "Ctrl+A", [this] { m_commands.edits.SelectAll(); });
+    edit.addAction(&find);
     edit.addSeparator();
     AddCommand(edit, Text("&Trash..."), "", [this] { m_commands.edits.OpenTrash(); });
     m_context.Session().History().SetListener([this] { ShowSteps(); });

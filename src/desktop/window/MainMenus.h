@@ -21,8 +21,8 @@ public:
     MainMenus(const MainMenus&) = delete;
     MainMenus& operator=(const MainMenus&) = delete;
 
-    // Adds them to the window; the actions are those that show the views and the panes.
-    void Make(const QList<QAction*>& views, const QList<QAction*>& panes);
+    // Adds them to the window; the actions are those that show the views and the panes, and find.
+    void Make(const QList<QAction*>& views, const QList<QAction*>& panes, QAction& find);
 
     // Each shows what is so now: which orders can be chosen and are, what can be done with what is
     // selected, and what is shown of private entries.
@@ -43,7 +43,7 @@ private:
     QMenu& AddMenu(const char* text, std::uint32_t locator);
     void AddMenuKey();
     void MakeFileMenu();
-    void MakeEditMenu();
+    void MakeEditMenu(QAction& find);
     void MakeViewMenu(const QList<QAction*>& views, const QList<QAction*>& panes);
     void MakeAddressMenu();
     void MakeToDoMenu();

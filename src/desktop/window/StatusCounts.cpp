@@ -18,7 +18,12 @@ void StatusCounts::PutInto(QStatusBar& bar) {
 
 void StatusCounts::Show(ShownEntries& entries) {
     const int selected = entries.SelectedCount();
-    const QString all = entries.CountedText(entries.RowCount());
+    QString all = entries.CountedText(entries.Find().CountOfAll());
+    if (entries.Find().IsOn()) {
+        const QString found = entries.Find().IsWhole() ? Text("%1 of %2 found")
+                                                       : Text("%1 of %2 found, still looking...");
+        all = found.arg(QLocale().toString(entries.RowCount()), all);
+    }
     m_label.setText(
         selected == 0 ? all : Text("%1 (%2 selected)").arg(all, QLocale().toString(selected)));
 }

@@ -1,0 +1,83 @@
+// What the user looks for in a view, whose rows are those that were found.
+// SPDX-License-Identifier: MIT
+#include <utility>
+
+#include <desktop/views/RowKeeper.h>
+#include <desktop/views/ShownFind.h>
+#include <host/Disclosure.h>
+
+namespace orvo::desktop {
+namespace {
+
+// For how long texts are read: before a letter is answered, and between other things.
+constexpr std::chrono::milliseconds kReadAtOnce{40};
+constexpr std::chrono::milliseconds kReadInAMoment{10};
+
+}  // namespace
+
+ShownFind::ShownFind(FindableRows& view, const COrvoDesktopOptions& options, Listeners listeners)
+    : m_view(view), m_options(options), m_listeners(std::move(listeners)) {}
+
+ListPeer& ShownFind::Rows() {
+    return dynamic_cast<ListPeer&>(*m_view.Window().GetPeer());
+}
+
+void ShownFind::Set(const FindQuery& query) {
+    m_query = query;
+    // One that isn't shown is filled when it is.
+    if (m_view.Window().IsWindowVisible() == 0) return;
+    if (m_found && !m_found->AreIn(Rows())) return m_listeners.refill();
+    const RowKeeper rows(m_view.Window(),
+                         [this](DWORD data) { return m_view.RecordOf(data)->GetId(); });
+    if (Choose()) {
+        Show();
+        rows.Restore(m_view.Window());
+    }
+    if (!IsOn()) Drop();
+    m_listeners.changed();
+}
+
+void ShownFind::ReadOn() {
+    if (!m_found) return;
+    if (!m_found->AreIn(Rows())) return m_listeners.refill();
+    m_found->Read(kReadInAMoment);
+    if (m_found->IsRead()) Set(m_query);
+}
+
+int ShownFind::CountOfAll() {
+    return m_found ? m_found->Count() : Rows().RowCount();
+}
+
+void ShownFind::Filled() {
+    if (IsOn() && Choose()) Show();
+}
+
+// Returns true where the view doesn't show what is found yet.
+bool ShownFind::Choose() {
+    if (!m_found && !IsOn()) return false;
+    if (!m_found) {
+        m_found = std::make_unique<FoundRows>(
+            m_view.Texts(), Rows(),
+            FoundRows::Entries{[this](DWORD data) { return m_view.RecordOf(data); },
+                               [this](DWORD data) { return m_view.TextOf(data); },
+                               Disclosure(m_options).Masks() != 0});
+    }
+    if (IsOn()) m_found->Read(kReadAtOnce);
+    return m_found->Find(m_query);
+}
+
+void ShownFind::Show() {
+    const std::vector<DWORD> shown = m_found->Shown();
+    CWnd& window = m_view.Window();
+    window.SetRedraw(0);
+    // Records that go with their rows would be freed.
+    ListPeer& rows = Rows();
+    for (int row = 0; row < rows.RowCount(); ++row) rows.SetData(row, 0);
+    m_view.Empty();
+    rows.ReserveRows(static_cast<int>(shown.size()));
+    for (const DWORD data : shown) m_view.Append(data);
+    window.SetRedraw(1);
+    window.Invalidate();
+}
+
+}  // namespace orvo::desktop

@@ -1,0 +1,76 @@
+// What the user looks for in a view, whose rows are those that were found.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include <desktop/views/FoundRows.h>
+#include <orvoshare/options/DesktopOptions.h>
+#include <platform/window/base/CWnd.h>
+
+namespace orvo::desktop {
+
+// A view whose rows can be exchanged.
+class FindableRows {
+public:
+    virtual ~FindableRows() = default;
+
+    // The window of the view in use.
+    virtual CWnd& Window() = 0;
+    // The record behind the data word of a row; null where that is 0. It is the view's.
+    virtual CBaseRecord* RecordOf(DWORD data) const = 0;
+
+protected:
+    friend class ShownFind;
+
+    // The texts by which records of this kind are found, and that of a row.
+    virtual FindIndex& Texts() = 0;
+    virtual FindText TextOf(DWORD data) const = 0;
+    // Takes all rows out, and frees their records.
+    virtual void Empty() = 0;
+    // Puts a row, with its record, which is the view's then, at the end.
+    virtual void Append(DWORD data) = 0;
+};
+
+class ShownFind {
+public:
+    struct Listeners {
+        std::function<void()> refill;   // fills the view anew, and calls Filled()
+        std::function<void()> changed;  // after rows have come or gone
+    };
+
+    // The view and the options outlive it.
+    ShownFind(FindableRows& view, const COrvoDesktopOptions& options, Listeners listeners);
+
+    // From now on only rows show that hold what is looked for; all do for an empty query. Masked
+    // rows hold nothing.
+    void Set(const FindQuery& query);
+    bool IsOn() const { return !m_query.IsEmpty(); }
+
+    // False while more rows may be found, as their texts aren't read yet.
+    bool IsWhole() const { return !m_found || m_found->IsRead(); }
+    // Reads texts for a moment, and shows what is found once all are read.
+    void ReadOn();
+
+    // How many rows there would be if nothing were looked for.
+    int CountOfAll();
+
+    // The view was filled with all rows: those are taken out of it that aren't found.
+    void Filled();
+    // To be called before the view is filled or emptied.
+    void Drop() { m_found.reset(); }
+
+private:
+    ListPeer& Rows();
+    bool Choose();
+    void Show();
+
+    FindableRows& m_view;
+    const COrvoDesktopOptions& m_options;
+    Listeners m_listeners;
+    FindQuery m_query;
+    std::unique_ptr<FoundRows> m_found;  // while there is a query, and rows
+};
+
+}  // namespace orvo::desktop
