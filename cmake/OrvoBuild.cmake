@@ -31,8 +31,8 @@ endif()
 
 option(ORVO_JOIN_SOURCES "Compile small sources that read the same heavy headers together" OFF)
 
-# orvo_join_sources(<target>...): where all is compiled anyway, the sources of these are compiled a few at a time, as most
-# of the time goes to headers that they have in common. What is edited and built again goes source by source.
+# orvo_join_sources(<target>...): where all is compiled anyway, the sources of these are compiled a few at a time, as
+# most of the time goes to headers that they have in common. What is edited and built again goes source by source.
 function(orvo_join_sources)
     set(sources_together 8)
     if(ORVO_JOIN_SOURCES)

@@ -1,5 +1,6 @@
 // UTF-8, the code pages and the character sets of files: what each byte and character becomes,
-// where texts are cut, and which set is guessed. SPDX-License-Identifier: MIT
+// where texts are cut, and which set is guessed.
+// SPDX-License-Identifier: MIT
 #include <thread>
 #include <tuple>
 
