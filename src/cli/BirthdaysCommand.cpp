@@ -1,7 +1,6 @@
 // birthdays.
 // SPDX-License-Identifier: MIT
 #include <memory>
-#include <people/Birthdays.h>
 
 #include <fmt/format.h>
 
@@ -10,6 +9,7 @@
 #include <cli/Commands.h>
 #include <cli/Output.h>
 #include <exchange/files/NewFile.h>
+#include <people/Birthdays.h>
 
 namespace orvo::cli {
 namespace {

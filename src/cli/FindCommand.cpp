@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include <functional>
 #include <memory>
-#include <people/FindReader.h>
 
 #include <fmt/format.h>
 
@@ -12,6 +11,7 @@
 #include <cli/ListedAddresses.h>
 #include <cli/ListedTodos.h>
 #include <host/ViewSections.h>
+#include <people/FindReader.h>
 
 namespace orvo::cli {
 namespace {

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <people/Person.h>
 #include <string>
 
 #include <cli/Output.h>
+#include <people/Person.h>
 
 namespace orvo::cli {
 

@@ -3,7 +3,6 @@
 #include <map>
 #include <memory>
 #include <optional>
-#include <people/PersonReader.h>
 
 #include <fmt/format.h>
 
@@ -13,6 +12,7 @@
 #include <cli/Output.h>
 #include <cli/PersonView.h>
 #include <orvoshare/resources/StringTable.h>
+#include <people/PersonReader.h>
 
 namespace orvo::cli {
 namespace {

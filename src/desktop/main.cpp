@@ -20,12 +20,12 @@
 #include <desktop/EndSignals.h>
 #include <desktop/commands/PrintCommands.h>
 #include <desktop/instance/Instance.h>
+#include <desktop/options/Appearance.h>
 #include <desktop/options/DesktopPreferences.h>
 #include <desktop/rescue/RescueOffer.h>
 #include <desktop/rescue/StoreTrouble.h>
 #include <desktop/texts/Problems.h>
 #include <desktop/texts/Texts.h>
-#include <desktop/options/Appearance.h>
 #include <desktop/window/DesktopWindow.h>
 #include <host/HostOptions.h>
 #include <host/OpenFolders.h>

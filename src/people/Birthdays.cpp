@@ -1,14 +1,14 @@
 // The birthdays of the people in a store.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
-#include <people/Birthdays.h>
-#include <people/PersonReader.h>
 #include <tuple>
 
 #include <fmt/chrono.h>
 #include <fmt/format.h>
 
 #include <exchange/lines/LineText.h>
+#include <people/Birthdays.h>
+#include <people/PersonReader.h>
 #include <platform/time/CTime.h>
 
 namespace orvo {

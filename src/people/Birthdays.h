@@ -6,11 +6,11 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
-#include <people/PersonDate.h>
 #include <string>
 #include <vector>
 
 #include <contracts/RecordStore.h>
+#include <people/PersonDate.h>
 
 namespace orvo {
 

@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <array>
-#include <people/DetailLinks.h>
 #include <string_view>
 
 #include <fmt/format.h>
 
 #include <exchange/lines/ContentLine.h>
+#include <people/DetailLinks.h>
 
 namespace orvo {
 namespace {

@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <people/Person.h>
 #include <string>
+
+#include <people/Person.h>
 
 namespace orvo {
 

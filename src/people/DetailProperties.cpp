@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <array>
-#include <people/DetailProperties.h>
 
 #include <exchange/lines/ContentLine.h>
+#include <people/DetailProperties.h>
 
 namespace orvo {
 namespace {

@@ -4,9 +4,10 @@
 
 #include <cstdint>
 #include <optional>
-#include <people/Person.h>
 #include <string_view>
 #include <vector>
+
+#include <people/Person.h>
 
 namespace orvo {
 

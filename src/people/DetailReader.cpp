@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <people/DetailReader.h>
 
 #include <fmt/format.h>
 
 #include <exchange/cards/CardProperties.h>
+#include <people/DetailReader.h>
 #include <platform/text/Percents.h>
 
 namespace orvo {

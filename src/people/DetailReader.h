@@ -4,13 +4,13 @@
 
 #include <cstddef>
 #include <optional>
-#include <people/DetailProperties.h>
-#include <people/Person.h>
 #include <string>
 #include <string_view>
 
 #include <exchange/lines/LineText.h>
 #include <exchange/lines/ValueDecoder.h>
+#include <people/DetailProperties.h>
+#include <people/Person.h>
 
 namespace orvo {
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <cstring>
+
 #include <people/FindIndex.h>
 
 namespace orvo {

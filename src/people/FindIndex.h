@@ -4,10 +4,11 @@
 
 #include <cstdint>
 #include <optional>
-#include <people/FindText.h>
 #include <string>
 #include <unordered_map>
 #include <vector>
+
+#include <people/FindText.h>
 
 namespace orvo {
 

@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <array>
-#include <people/DetailReader.h>
-#include <people/FindReader.h>
 
 #include <exchange/calendar/ToDoFields.h>
 #include <exchange/cards/CardFields.h>
 #include <exchange/lines/EntryReader.h>
 #include <exchange/lines/Origin.h>
+#include <people/DetailReader.h>
+#include <people/FindReader.h>
 
 namespace orvo {
 namespace {

@@ -2,9 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <people/FindText.h>
-
 #include <contracts/RecordStore.h>
+#include <people/FindText.h>
 
 namespace orvo {
 

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <cctype>
-#include <people/FindText.h>
 
 #include <unicode/normalizer2.h>
 #include <unicode/uchar.h>
 
+#include <people/FindText.h>
 #include <platform/text/Utf8.h>
 
 namespace orvo {

@@ -1,9 +1,10 @@
 // All that is known of a person.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
-#include <people/Person.h>
 
 #include <fmt/format.h>
+
+#include <people/Person.h>
 
 namespace orvo {
 std::string TitleOf(const Detail& detail, const TranslateName& translate) {

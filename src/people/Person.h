@@ -7,11 +7,11 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
-#include <people/PersonDate.h>
 #include <string>
 #include <vector>
 
 #include <exchange/cards/CardProperties.h>
+#include <people/PersonDate.h>
 
 namespace orvo {
 

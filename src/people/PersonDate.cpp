@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <array>
-#include <people/PersonDate.h>
 
 #include <fmt/format.h>
 
+#include <people/PersonDate.h>
 #include <platform/time/CTime.h>
 
 namespace orvo {

@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <array>
-#include <people/DetailReader.h>
-#include <people/PersonReader.h>
 
 #include <exchange/cards/CardFields.h>
 #include <exchange/cards/CardWriter.h>
 #include <exchange/lines/EntryReader.h>
 #include <exchange/lines/Origin.h>
+#include <people/DetailReader.h>
+#include <people/PersonReader.h>
 
 namespace orvo {
 namespace {

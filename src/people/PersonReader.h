@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <people/Person.h>
 #include <string>
 #include <string_view>
 
 #include <contracts/RecordStore.h>
+#include <people/Person.h>
 
 namespace orvo {
 

@@ -1,14 +1,14 @@
 // Finding people and to-dos by any part of their texts.
 // SPDX-License-Identifier: MIT
 #include <array>
-#include <people/FindIndex.h>
-#include <people/FindReader.h>
 #include <random>
 
 #include <gmock/gmock.h>
 
 #include <exchange/files/ImportFile.h>
 #include <libraries/quire/MemoryEngine.h>
+#include <people/FindIndex.h>
+#include <people/FindReader.h>
 
 namespace orvo {
 namespace {

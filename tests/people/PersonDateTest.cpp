@@ -1,8 +1,8 @@
 // Days that come back each year.
 // SPDX-License-Identifier: MIT
-#include <people/PersonDate.h>
-
 #include <gtest/gtest.h>
+
+#include <people/PersonDate.h>
 
 namespace orvo {
 namespace {

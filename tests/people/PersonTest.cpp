@@ -4,7 +4,6 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <people/PersonReader.h>
 #include <set>
 
 #include <fmt/format.h>
@@ -13,6 +12,7 @@
 #include <exchange/files/ImportFile.h>
 #include <exchange/lines/EntryReader.h>
 #include <libraries/quire/MemoryEngine.h>
+#include <people/PersonReader.h>
 
 namespace orvo {
 namespace {

@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include <QFile>
 #include <QTemporaryDir>
-#include <people/PersonReader.h>
 
 #include <desktop/commands/Mail.h>
 #include <desktop/texts/Texts.h>
 #include <exchange/files/ExportFile.h>
 #include <host/MailReason.h>
 #include <orvoshare/integration/MapiMailer.h>
+#include <people/PersonReader.h>
 #include <platform/io/FileName.h>
 #include <platform/qt/QtConvert.h>
 #include <platform/text/SystemText.h>

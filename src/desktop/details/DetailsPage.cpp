@@ -4,10 +4,10 @@
 #include <QLocale>
 #include <QRegularExpression>
 #include <QStringList>
-#include <people/DetailLinks.h>
 
 #include <desktop/details/DetailsPage.h>
 #include <desktop/texts/Texts.h>
+#include <people/DetailLinks.h>
 
 namespace orvo::desktop {
 namespace {

@@ -4,8 +4,9 @@
 
 #include <QColor>
 #include <QString>
-#include <people/Person.h>
 #include <vector>
+
+#include <people/Person.h>
 
 namespace orvo::desktop {
 

@@ -6,7 +6,6 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <people/FindIndex.h>
 #include <string>
 #include <vector>
 
@@ -15,6 +14,7 @@
 #include <desktop/import/ImportResult.h>
 #include <libraries/quire/SqliteEngine.h>
 #include <orvoshare/shared/DataSetClaim.h>
+#include <people/FindIndex.h>
 
 namespace orvo::desktop {
 

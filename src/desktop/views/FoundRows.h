@@ -6,10 +6,10 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
-#include <people/FindIndex.h>
 #include <vector>
 
 #include <contracts/Records.h>
+#include <people/FindIndex.h>
 #include <platform/window/list/ListPeer.h>
 
 namespace orvo::desktop {

@@ -2,13 +2,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <people/FindReader.h>
-
 #include <desktop/views/HeadingSpread.h>
 #include <desktop/views/ShownEntries.h>
 #include <desktop/views/ViewKind.h>
 #include <orvoshare/addressviews/DetailViewAddrCard.h>
 #include <orvoshare/addressviews/LookupEdit.h>
+#include <people/FindReader.h>
 
 namespace orvo::desktop {
 

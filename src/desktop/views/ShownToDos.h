@@ -3,11 +3,11 @@
 #pragma once
 
 #include <memory>
-#include <people/FindReader.h>
 
 #include <desktop/views/HeadingSpread.h>
 #include <desktop/views/ShownEntries.h>
 #include <orvoshare/todo/TodoListbox.h>
+#include <people/FindReader.h>
 
 namespace orvo::desktop {
 

@@ -1,11 +1,10 @@
 // What the details pane shows of the views.
 // SPDX-License-Identifier: MIT
-#include <people/PersonReader.h>
-
 #include <desktop/commands/LinkCommands.h>
 #include <desktop/texts/Texts.h>
 #include <desktop/window/ShownDetails.h>
 #include <orvoshare/text/NameText.h>
+#include <people/PersonReader.h>
 #include <platform/qt/QtConvert.h>
 
 namespace orvo::desktop {

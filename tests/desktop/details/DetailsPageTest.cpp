@@ -4,12 +4,12 @@
 #include <QImage>
 #include <QLocale>
 #include <QRegularExpression>
-#include <people/PersonReader.h>
 
 #include <gmock/gmock.h>
 
 #include <desktop/details/DetailsPage.h>
 #include <desktop/details/PhotoImage.h>
+#include <people/PersonReader.h>
 
 namespace orvo::desktop {
 namespace {
