@@ -12,7 +12,7 @@ namespace orvo::desktop {
 namespace {
 
 constexpr int kLineWidth = 320;
-constexpr int kGap = 8;
+constexpr int kLabelGap = 8;
 // Milliseconds until it is looked again whether rows may change.
 constexpr int kPatience = 200;
 
@@ -49,7 +49,7 @@ void FindBar::PutInto(QMainWindow& window) {
     });
     auto* label = new QLabel(Text("Find:"));
     label->setBuddy(m_line);
-    label->setContentsMargins(kGap, 0, kGap, 0);
+    label->setContentsMargins(kLabelGap, 0, kLabelGap, 0);
     m_bar->addWidget(label);
     m_bar->addWidget(m_line);
     auto* space = new QWidget;
