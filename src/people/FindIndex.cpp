@@ -65,6 +65,7 @@ std::vector<bool> FindIndex::Matching(const FindQuery& query) const {
 void FindIndex::Mark(const FindQuery& query, const Block& block, std::string_view word,
                      std::vector<bool>& marks) const {
     const char* const begin = block.texts.data();
+    const bool isAll = query.Words().size() == 1;
     std::size_t slot = 0;
     for (std::size_t from = 0; from < block.texts.size(); from = block.ends[slot]) {
         const void* found =
@@ -72,7 +73,7 @@ void FindIndex::Mark(const FindQuery& query, const Block& block, std::string_vie
         if (!found) return;
         const auto place = static_cast<std::size_t>(static_cast<const char*>(found) - begin);
         while (block.ends[slot] <= place) ++slot;
-        if (!marks[slot]) marks[slot] = Matches(query, slot);
+        if (!marks[slot]) marks[slot] = isAll || Matches(query, slot);
     }
 }
 
