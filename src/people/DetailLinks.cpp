@@ -66,7 +66,7 @@ std::string Write(std::string_view address) {
 
 // People write pages without a scheme, too: "www.example.com".
 std::string OpenPage(std::string_view text) {
-    const std::string known = KnownUri(text);
+    std::string known = KnownUri(text);
     if (!known.empty()) return known;
     const std::string_view host = text.substr(0, text.find('/'));
     const bool isHost = host.find('.') != std::string_view::npos && !host.starts_with('.') &&

@@ -32,7 +32,7 @@ QString GuideFile() {
 class GuideBrowser : public QTextBrowser {
 public:
     QVariant loadResource(int type, const QUrl& name) override {
-        const QVariant resource = QTextBrowser::loadResource(type, name);
+        QVariant resource = QTextBrowser::loadResource(type, name);
         if (type != QTextDocument::ImageResource) return resource;
         QImage picture = QImage::fromData(resource.toByteArray());
         const qreal scale = devicePixelRatioF();
