@@ -97,6 +97,13 @@ std::string GenderText(std::string_view value) {
     return std::string(rule == kGenders.end() ? code : rule->text);
 }
 
+std::string InLowerCase(std::string_view ascii) {
+    std::string text(ascii);
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return text;
+}
+
 }  // namespace
 
 std::string DetailReader::TextOf(const ContentLine& line) {
@@ -132,38 +139,49 @@ std::string DetailReader::BytesOf(const ContentLine& line, std::string& mediaTyp
         mediaType = type.empty() || type.find('/') != std::string_view::npos
                         ? std::string(type)
                         : "image/" + std::string(type);
-        std::transform(mediaType.begin(), mediaType.end(), mediaType.begin(),
-                       [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+        mediaType = InLowerCase(mediaType);
     }
     std::string bytes;
     AppendBase64(value, bytes);
     return bytes;
 }
 
-// A line of the same group may name the label.
-void DetailReader::ReadLabel(const ContentLine& line, Detail& detail) {
-    if (line.group.empty()) return;
-    for (const ContentLine& other : m_lines) {
-        if (!EqualsIgnoringCase(other.name, "X-ABLabel")) continue;
-        if (!EqualsIgnoringCase(other.group, line.group)) continue;
-        std::string label = TextOf(other);
-        constexpr std::string_view opening = "_$!<";
-        constexpr std::string_view closing = ">!$_";
-        if (label.starts_with(opening) && label.ends_with(closing)) {
-            label = label.substr(opening.size(), label.size() - opening.size() - closing.size());
-            if (const std::optional<DetailWord> word = WordOfLabel(label)) {
-                const auto& words = detail.words;
-                const bool isThere = std::find(words.begin(), words.end(), *word) != words.end();
-                if (!isThere) detail.words.push_back(*word);
-                return;
-            }
-            if (EqualsIgnoringCase(label, "Anniversary")) {
-                detail.kind = DetailKind::Anniversary;
-                return;
+const DetailReader::Group* DetailReader::GroupOf(const ContentLine& line) {
+    if (m_groups.empty()) {
+        for (std::size_t i = 0; i < m_lines.size(); ++i) {
+            const ContentLine other = m_lines[i];
+            if (other.group.empty()) continue;
+            Group& group = m_groups[InLowerCase(other.group)];
+            if (!EqualsIgnoringCase(other.name, "X-ABLabel")) {
+                group.holdsMore = true;
+            } else if (!group.label) {
+                group.label = i;
             }
         }
-        detail.label = label;
-        return;
+    }
+    const auto found = m_groups.find(InLowerCase(line.group));
+    return found == m_groups.end() ? nullptr : &found->second;
+}
+
+bool DetailReader::IsLabelOfAnother(const ContentLine& line) {
+    const Group* group = GroupOf(line);
+    return group && group->holdsMore;
+}
+
+// A line of the same group may name the label.
+void DetailReader::ReadLabel(const ContentLine& line, Detail& detail) {
+    const Group* group = line.group.empty() ? nullptr : GroupOf(line);
+    if (!group || !group->label) return;
+    const std::string label = TextOf(m_lines[*group->label]);
+    const std::string_view known = WordOfGroupLabel(label).value_or(std::string_view());
+    if (const std::optional<DetailWord> word = WordOfLabel(known)) {
+        const auto& words = detail.words;
+        const bool isThere = std::find(words.begin(), words.end(), *word) != words.end();
+        if (!isThere) detail.words.push_back(*word);
+    } else if (EqualsIgnoringCase(known, "Anniversary")) {
+        detail.kind = DetailKind::Anniversary;
+    } else {
+        detail.label = known.empty() ? label : std::string(known);
     }
 }
 

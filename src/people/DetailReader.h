@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
 #include <exchange/lines/LineText.h>
 #include <exchange/lines/ValueDecoder.h>
@@ -31,7 +32,18 @@ public:
     // where the line holds none. `mediaType` becomes what it is said to be.
     std::string BytesOf(const ContentLine& line, std::string& mediaType);
 
+    // True for a line that only names the label of another one of its group.
+    bool IsLabelOfAnother(const ContentLine& line);
+
 private:
+    // The lines "group.NAME" of one group.
+    struct Group {
+        std::optional<std::size_t> label;  // the line that names the label of the others
+        bool holdsMore = false;
+    };
+    // Null where the line is of none.
+    const Group* GroupOf(const ContentLine& line);
+
     void ReadValue(const DetailProperty& property, const ContentLine& line, Detail& detail);
     void ReadAddress(const ContentLine& line, Detail& detail);
     void ReadDate(const ContentLine& line, std::string_view text, Detail& detail);
@@ -45,6 +57,8 @@ private:
     Dialect m_dialect;
     ValueDecoder m_decoder;
     std::string m_storage;
+    std::unordered_map<std::string, Group>
+        m_groups;  // by names in lower case, once one is asked for
 };
 
 }  // namespace orvo

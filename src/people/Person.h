@@ -90,7 +90,7 @@ struct Detail {
     // Of an address: box, extension, street, city, state, code, country.
     std::array<std::string, kAddressParts> parts;
     std::string place;        // of an address or a place: "latitude,longitude" in degrees
-    std::string uri;          // of a messenger or a relation, as the card has it
+    std::string uri;          // of a messenger, relation or member, as the card has it
     std::size_t line = 0;     // of the card, from 0
     int slot = 0;             // 1 to 5 for what the record holds as one of its numbers
     bool isOfRecord = false;  // true for what a field of the record shows
@@ -129,9 +129,6 @@ struct Person {
     std::vector<std::string> categories;
     std::string uid;
     bool isGroup = false;
-    std::vector<std::string> members;  // of a group: what names each, such as the UID of its card
-
-    // The first of that kind, null where there is none; valid as long as the person.
     const Detail* First(DetailKind kind) const;
 };
 

@@ -99,10 +99,4 @@ std::optional<int> YearsAtNextDay(const PersonDate& date, chrono::sys_days today
     return years < 0 ? std::nullopt : std::optional(years);
 }
 
-std::optional<int> YearsUntil(const PersonDate& date, chrono::sys_days today) {
-    const std::optional<int> next = YearsAtNextDay(date, today);
-    if (!next || NextDay(date, today) == today) return next;
-    return *next == 0 ? std::nullopt : std::optional(*next - 1);
-}
-
 }  // namespace orvo

@@ -39,7 +39,4 @@ std::chrono::sys_days NextDay(const PersonDate& date, std::chrono::sys_days toda
 // still to come.
 std::optional<int> YearsAtNextDay(const PersonDate& date, std::chrono::sys_days today);
 
-// The whole years from the date to today; nothing where they can't be told.
-std::optional<int> YearsUntil(const PersonDate& date, std::chrono::sys_days today);
-
 }  // namespace orvo

@@ -129,14 +129,8 @@ private:
     void TakeSound(const ContentLine& line, std::size_t number) {
         if (!HasType(line.parameters, "X-IRMC-N")) TakeOther(line, number);
     }
-    // One that names no other line of its group.
     void TakeLabel(const ContentLine& line, std::size_t number) {
-        const bool names =
-            std::any_of(m_lines.begin(), m_lines.end(), [&](const ContentLine& other) {
-                return !line.group.empty() && EqualsIgnoringCase(other.group, line.group) &&
-                       !EqualsIgnoringCase(other.name, line.name);
-            });
-        if (!names) TakeOther(line, number);
+        if (!m_details.IsLabelOfAnother(line)) TakeOther(line, number);
     }
 
     bool IsFirst(Property property, std::size_t number) const {
@@ -155,7 +149,6 @@ private:
             m_fields.Line(Property::Address) == line ||
             (m_fields.Line(Property::Address) == kNoLine && m_fields.Line(Property::Label) == line);
         detail.isOfRecord = detail.slot != 0 || isAddress;
-        if (detail.kind == DetailKind::Member) m_person.members.push_back(detail.text);
         m_person.details.push_back(std::move(detail));
     }
 
@@ -164,7 +157,7 @@ private:
         for (Detail& detail : m_person.details) {
             if (detail.kind != DetailKind::Email) continue;
             detail.kind = DetailKind::Member;
-            m_person.members.push_back("mailto:" + detail.text);
+            detail.uri = "mailto:" + detail.text;
         }
     }
 

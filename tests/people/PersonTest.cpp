@@ -119,10 +119,17 @@ TEST(Person, AGroupIsKnownInEachOfItsForms) {
     for (const auto& [version, lines] : rows) {
         const Person group = ReadPerson(CardOf(version, lines));
         EXPECT_TRUE(group.isGroup) << lines;
-        ASSERT_EQ(group.members.size(), 2u) << lines;
-        EXPECT_EQ(group.members[1], "mailto:x@y") << lines;
+        ASSERT_EQ(group.details.size(), 2u) << lines;
+        EXPECT_EQ(group.details[1].kind, DetailKind::Member) << lines;
+        EXPECT_EQ(group.details[1].uri, "mailto:x@y") << lines;
     }
     EXPECT_FALSE(ReadPerson(CardOf("4.0", "KIND:individual\n")).isGroup);
+}
+
+TEST(Person, ACardOfVeryManyGroupsIsReadInTimeToItsLength) {
+    std::string lines;
+    for (int i = 0; i < 100'000; ++i) lines += fmt::format("g{}.TEL:1\ng{}.X-ABLabel:x\n", i, i);
+    EXPECT_EQ(ReadPerson(CardOf("3.0", lines)).details.size(), 100'000u);
 }
 
 TEST(Person, ARecordIsReadAsItWasEdited) {

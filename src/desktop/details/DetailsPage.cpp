@@ -4,6 +4,7 @@
 #include <QLocale>
 #include <QRegularExpression>
 #include <QStringList>
+#include <algorithm>
 
 #include <desktop/details/DetailsPage.h>
 #include <desktop/texts/Texts.h>
@@ -12,7 +13,13 @@
 namespace orvo::desktop {
 namespace {
 
-QString Escaped(const QString& text) {
+// More than anybody reads, and few enough that the page is there at once.
+constexpr qsizetype kMostCharacters = 20'000;  // of one text
+constexpr std::size_t kMostDetails = 500;
+
+QString Escaped(const QString& whole) {
+    const bool isCut = whole.size() > kMostCharacters;
+    QString text = isCut ? whole.left(kMostCharacters) + QChar(0x2026) : whole;
     return text.toHtmlEscaped().replace('\n', "<br>");
 }
 
@@ -23,6 +30,7 @@ QString Linked(const QString& text, const std::string& link) {
 
 // Addresses of pages and mail addresses within a text lead where they say.
 QString NoteText(const QString& note) {
+    if (note.size() > kMostCharacters) return Escaped(note);
     static const QRegularExpression places(
         R"(\bhttps?://[^\s<>"]+[^\s<>".,;:!?)]|[\w.+-]+@[\w-]+(\.[\w-]+)+)",
         QRegularExpression::UseUnicodePropertiesOption);
@@ -49,7 +57,9 @@ public:
         const Person& person = m_content.person;
         AddHeading(hasPhoto);
         m_html += "<table cellspacing=\"0\" cellpadding=\"2\" style=\"margin-top:8px\">";
-        for (const Detail& detail : person.details) AddDetail(detail);
+        const std::size_t shown = std::min(person.details.size(), kMostDetails);
+        for (std::size_t i = 0; i < shown; ++i) AddDetail(person.details[i]);
+        if (shown < person.details.size()) AddLine({}, QChar(0x2026));
         for (const auto& [label, text] : m_content.ownFields) AddLine(label, Escaped(text));
         if (!m_content.category.isEmpty()) AddLine(Text("Category"), Escaped(m_content.category));
         if (m_content.isPrivate) AddLine(Text("Private"), Escaped(Text("yes")));

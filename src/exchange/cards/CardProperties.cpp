@@ -124,14 +124,20 @@ PhoneKind PhoneKindOf(std::string_view parameters) {
     return rule == kKindRules.end() ? PhoneKind::Other : rule->kind;
 }
 
-std::optional<PhoneKind> KindOfGroupLabel(std::string_view label) {
+std::optional<std::string_view> WordOfGroupLabel(std::string_view label) {
     constexpr std::string_view kOpening = "_$!<";
     constexpr std::string_view kClosing = ">!$_";
     if (!label.starts_with(kOpening) || !label.ends_with(kClosing)) return std::nullopt;
     label.remove_prefix(kOpening.size());
     label.remove_suffix(std::min(label.size(), kClosing.size()));
+    return label;
+}
+
+std::optional<PhoneKind> KindOfGroupLabel(std::string_view label) {
+    const std::optional<std::string_view> word = WordOfGroupLabel(label);
+    if (!word) return std::nullopt;
     for (const KindRule& rule : kGroupLabelRules) {
-        if (EqualsIgnoringCase(rule.type, label)) return rule.kind;
+        if (EqualsIgnoringCase(rule.type, *word)) return rule.kind;
     }
     return PhoneKind::Other;
 }

@@ -79,7 +79,9 @@ std::optional<Property> PropertyOf(const ContentLine& line);
 // The kind of number that the types of a TEL line name.
 PhoneKind PhoneKindOf(std::string_view parameters);
 
-// What a label of the form "_$!<Work>!$_" names; nothing for any other text.
+// The word in a label of the form "_$!<Work>!$_", and the kind that it names; nothing for any other
+// text.
+std::optional<std::string_view> WordOfGroupLabel(std::string_view label);
 std::optional<PhoneKind> KindOfGroupLabel(std::string_view label);
 
 bool IsPrivateClass(std::string_view value);
