@@ -91,6 +91,26 @@ constexpr std::array kDetailProperties{
     DetailProperty{"EXPERTISE", Kind::Fact, Form::Text, Word::Expertise},
 };
 
+// Under which names details are written: of version 4.0 (RFC 6350, X-ABDATE aside), and of those
+// before it, which leave some to the programs.
+struct NewProperty {
+    DetailKind kind;
+    std::string_view name;
+    std::string_view olderName;
+};
+constexpr std::array kNewProperties{
+    NewProperty{Kind::Phone, "TEL", "TEL"},
+    NewProperty{Kind::Email, "EMAIL", "EMAIL"},
+    NewProperty{Kind::Messenger, "IMPP", "IMPP"},
+    NewProperty{Kind::Address, "ADR", "ADR"},
+    NewProperty{Kind::Page, "URL", "URL"},
+    NewProperty{Kind::Birthday, "BDAY", "BDAY"},
+    NewProperty{Kind::Anniversary, "ANNIVERSARY", "X-ANNIVERSARY"},
+    NewProperty{Kind::Date, "X-ABDATE", "X-ABDATE"},
+    NewProperty{Kind::Relation, "RELATED", "X-ABRELATEDNAMES"},
+    NewProperty{Kind::Member, "MEMBER", "X-ADDRESSBOOKSERVER-MEMBER"},
+};
+
 struct WordRule {
     std::string_view type;
     DetailWord word;
@@ -156,6 +176,22 @@ std::vector<DetailWord> WordsOf(std::string_view parameters) {
         if (!isThere && HasType(parameters, rule.type)) words.push_back(rule.word);
     }
     return words;
+}
+
+std::vector<std::string_view> TypesOf(DetailWord word) {
+    std::vector<std::string_view> types;
+    for (const WordRule& rule : kWords) {
+        if (rule.word == word) types.push_back(rule.type);
+    }
+    return types;
+}
+
+std::string_view PropertyFor(DetailKind kind, Dialect dialect) {
+    for (const NewProperty& property : kNewProperties) {
+        if (property.kind != kind) continue;
+        return dialect == Dialect::Card40 ? property.name : property.olderName;
+    }
+    return {};
 }
 
 std::optional<DetailWord> WordOfLabel(std::string_view label) {

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include <exchange/lines/LineText.h>
 #include <people/Person.h>
 
 namespace orvo {
@@ -34,8 +35,15 @@ struct DetailProperty {
 // aren't among them.
 const DetailProperty* FindDetailProperty(std::string_view name);
 
+// The property under which a new detail of the kind is written; empty for one that keeps the name
+// that it has.
+std::string_view PropertyFor(DetailKind kind, Dialect dialect);
+
 // The words that the types of a line name, and the text of a label in the form "_$!<Home>!$_".
 std::vector<DetailWord> WordsOf(std::string_view parameters);
 std::optional<DetailWord> WordOfLabel(std::string_view label);
+
+// All types that name the word; the first one is the usual. None for a word that no type names.
+std::vector<std::string_view> TypesOf(DetailWord word);
 
 }  // namespace orvo

@@ -113,11 +113,15 @@ struct PersonWork {
     std::string role;
 };
 
+// The texts of a person that are neither a field of the record nor a detail.
+enum class PersonText : std::uint8_t { MiddleName, Prefix, Suffix, Nickname, Department, Role };
+
 // A picture of the person. It is never fetched from anywhere.
 struct PersonPhoto {
     std::string mediaType;  // such as "image/png", as the card tells it; may be wrong or empty
     std::string bytes;      // as they are in the card
     std::string link;       // where the card has only the address of a picture
+    std::size_t line = 0;   // of the card, from 0
 };
 
 struct Person {

@@ -111,6 +111,7 @@ private:
     void TakeUid(const ContentLine& line, std::size_t) { m_person.uid = m_details.TextOf(line); }
     void TakePhoto(const ContentLine& line, std::size_t number) {
         PersonPhoto photo;
+        photo.line = number;
         photo.bytes = m_details.BytesOf(line, photo.mediaType);
         if (photo.bytes.empty()) photo.link = m_details.TextOf(line);
         if (m_person.photo) return TakeOther(line, number);

@@ -5,6 +5,7 @@
 #include <fmt/core.h>
 
 #include <exchange/cards/CardEdits.h>
+#include <exchange/lines/ParameterEdits.h>
 
 namespace orvo {
 namespace {
@@ -22,56 +23,11 @@ std::string_view PropertyNameOf(const EditedLine& line) {
     return std::string_view(line.name).substr(line.name.find('.') + 1);
 }
 
-// The parameter split at its "=".
-Parameter TakeApart(const std::string& source) {
-    ParameterWalk walk(source);
-    Parameter parameter;
-    walk.Next(parameter);
-    return parameter;
-}
-
-// Takes the words out of the parameters that list types.
-template <class Words>
-void RemoveTypes(std::vector<std::string>& parameters, const Words& words) {
-    const auto isOne = [&](std::string_view item) {
-        return std::any_of(words.begin(), words.end(),
-                           [&](std::string_view word) { return EqualsIgnoringCase(word, item); });
-    };
-    for (std::string& source : parameters) {
-        const Parameter parameter = TakeApart(source);
-        if (!parameter.name.empty() && !EqualsIgnoringCase(parameter.name, "TYPE")) continue;
-        std::string_view list = Unquoted(parameter.value);
-        const bool isQuoted = list.size() != parameter.value.size();
-        std::string left;
-        std::string_view item;
-        bool found = false;
-        while (NextListItem(list, item)) {
-            found = found || isOne(item);
-            if (!isOne(item)) left.append(left.empty() ? "" : ",").append(item);
-        }
-        if (!found) continue;
-        if (left.empty()) {
-            source.clear();
-        } else {
-            const std::string_view quote = isQuoted ? "\"" : "";
-            source = fmt::format("{}{}{}{}{}", parameter.name, parameter.name.empty() ? "" : "=",
-                                 quote, left, quote);
-        }
-    }
-    std::erase(parameters, std::string());
-}
-
-void RemoveParameter(std::vector<std::string>& parameters, std::string_view name) {
-    std::erase_if(parameters, [&](const std::string& source) {
-        return EqualsIgnoringCase(TakeApart(source).name, name);
-    });
-}
-
 }  // namespace
 
 void CardEdits::SetPreferred(EditedLine& line, bool isPreferred) const {
-    constexpr std::array<std::string_view, 1> kWords{"PREF"};
     RemoveParameter(line.parameters, "PREF");
+    constexpr std::array<std::string_view, 1> kWords{"PREF"};
     RemoveTypes(line.parameters, kWords);
     if (!isPreferred) return;
     line.parameters.emplace_back(m_dialect == Dialect::Card21   ? "PREF"
@@ -87,10 +43,7 @@ void CardEdits::SetLabel(EditedLine& line, long label, const PhoneLabels& labels
     RemoveTypes(line.parameters, kKindTypes);
     RemoveParameter(line.parameters, "X-ORVO-LABEL");
     const std::string_view type = kTypeOfKind[static_cast<std::size_t>(kind)];
-    if (!type.empty()) {
-        line.parameters.push_back((m_dialect == Dialect::Card21 ? "" : "TYPE=") +
-                                  std::string(type));
-    }
+    if (!type.empty()) AddType(line.parameters, type, m_dialect);
     // Of a mail address or a page the types alone wouldn't name the label.
     if ((tellsItself || !labels.IsStandard(label)) && !labels.TextOf(label).empty()) {
         line.parameters.push_back("X-ORVO-LABEL=" + QuoteParameter(labels.TextOf(label)));
@@ -176,9 +129,12 @@ void CardEdits::EditPhone(int slot, const PhoneLabels& labels) {
         if (!text.empty()) AddPhone(slot, labels);
         return;
     }
+    const std::ptrdiff_t labelLine = m_was.labelLine[index];
     if (text.empty()) {
         // A line without a text, such as "tel:" alone, stays as it came.
-        if (!IsSame(PhoneField(slot))) m_edits.At(line).isRemoved = true;
+        if (IsSame(PhoneField(slot))) return;
+        m_edits.At(line).isRemoved = true;
+        if (labelLine != kNoLine) m_edits.At(labelLine).isRemoved = true;
         return;
     }
     bool isNewProperty = false;
@@ -187,7 +143,6 @@ void CardEdits::EditPhone(int slot, const PhoneLabels& labels) {
         const std::string before = edited.name;
         SetLabel(edited, m_now.label[index], labels);
         isNewProperty = !EqualsIgnoringCase(before, edited.name);
-        const std::ptrdiff_t labelLine = m_was.labelLine[index];
         if (labelLine != kNoLine) m_edits.At(labelLine).isRemoved = true;
     }
     if (!IsSame(PhoneField(slot)) || isNewProperty) SetPhone(m_edits.At(line), text);

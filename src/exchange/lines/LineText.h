@@ -30,6 +30,9 @@ Dialect DialectOfCard(const LineList& lines);
 void AppendQuotedPrintable(std::string_view text, std::string& bytes);
 void AppendBase64(std::string_view text, std::string& bytes);
 
+// Base64 in one line, with the padding of RFC 4648.
+std::string ToBase64(std::string_view bytes);
+
 // Walks over the parts of a value, between dividers that don't stand behind a backslash. Next is
 // false once all parts are taken.
 class PartWalk {
