@@ -133,6 +133,7 @@ struct Person {
     std::vector<std::string> categories;
     std::string uid;
     bool isGroup = false;
+    bool isMailList = false;  // a group whose members are mail addresses
     const Detail* First(DetailKind kind) const;
 };
 

@@ -38,7 +38,7 @@ public:
         for (const ListedCategory& category : m_fields.categories) {
             m_person.categories.push_back(category.name);
         }
-        if (m_isMailList) MakeMembers();
+        if (m_person.isMailList) MakeMembers();
         std::stable_sort(m_person.details.begin(), m_person.details.end(),
                          [](const Detail& left, const Detail& right) {
                              return left.kind != right.kind ? left.kind < right.kind
@@ -124,8 +124,8 @@ private:
         if (!isUsual) TakeOther(line, number);
     }
     void TakeList(const ContentLine& line, std::size_t) {
-        m_isMailList = IsTrue(m_details.TextOf(line));
-        m_person.isGroup = m_person.isGroup || m_isMailList;
+        m_person.isMailList = IsTrue(m_details.TextOf(line));
+        m_person.isGroup = m_person.isGroup || m_person.isMailList;
     }
     void TakeSound(const ContentLine& line, std::size_t number) {
         if (!HasType(line.parameters, "X-IRMC-N")) TakeOther(line, number);
@@ -167,7 +167,6 @@ private:
     DetailReader m_details;
     Person& m_person;
     CardFields m_fields;
-    bool m_isMailList = false;
 };
 
 // The properties that are no details: they say the name, the work and the like, or nothing of the
