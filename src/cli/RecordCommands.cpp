@@ -9,6 +9,7 @@
 #include <CLI/CLI.hpp>
 #include <cli/AddressFields.h>
 #include <cli/Commands.h>
+#include <cli/GroupView.h>
 #include <cli/Output.h>
 #include <cli/PersonView.h>
 #include <orvoshare/resources/StringTable.h>
@@ -73,6 +74,7 @@ Person PersonOf(Store& store, const CAddressRecord& record, ExitCode& code) {
         PrintError(loss);
         code = kSomeSkipped;
     }
+    if (person.isGroup) NameMembers(store, person);
     return person;
 }
 
@@ -144,7 +146,7 @@ void PrintMasked(const CAddressRecord& record, bool json) {
     }
 }
 
-int Show(Store& store, std::int64_t id, bool json) {
+int Show(Store& store, std::int64_t id, bool withGroups, bool json) {
     const auto record = FindAddress(store, id);
     const Told told = store.Guard().Disclosed().Of(WayOut::View, *record);
     if (told == Told::Nothing) {
@@ -157,9 +159,12 @@ int Show(Store& store, std::int64_t id, bool json) {
     } else if (json) {
         Json all = AsJson(store, *record, code);
         all["person"] = PersonAsJson(PersonOf(store, *record, code));
+        if (withGroups) all["groups"] = GroupsOf(store, id);
         PrintJson(all);
     } else {
         PrintAsText(store, *record, code);
+        const Json groups = withGroups ? GroupsOf(store, id) : Json::array();
+        for (const Json& group : groups) PrintField("Group", group["name"]);
     }
     return code;
 }
@@ -249,12 +254,14 @@ void AddRecordCommands(CLI::App& app, Invocation& invocation) {
         return command;
     };
 
-    addIdCommand("show", "Show one address with all that is known of it")
-        ->callback([id, &invocation] {
-            invocation.command = [id, &invocation](Store& store) {
-                return Show(store, *id, invocation.json);
-            };
-        });
+    CLI::App* show = addIdCommand("show", "Show one address with all that is known of it");
+    auto withGroups = std::make_shared<bool>(false);
+    show->add_flag("--groups", *withGroups, "Also the groups that it is in; reads all addresses");
+    show->callback([id, withGroups, &invocation] {
+        invocation.command = [id, withGroups, &invocation](Store& store) {
+            return Show(store, *id, *withGroups, invocation.json);
+        };
+    });
     CLI::App* add = app.add_subcommand("add", "Add an address");
     AddFieldOptions(*add, *changes);
     add->callback([changes, &invocation] {

@@ -5,6 +5,7 @@
 #include <desktop/commands/EditCommands.h>
 #include <desktop/commands/ExportCommands.h>
 #include <desktop/commands/FormCommands.h>
+#include <desktop/commands/GroupCommands.h>
 #include <desktop/commands/ImportCommands.h>
 #include <desktop/commands/MailCommands.h>
 #include <desktop/commands/OptionCommands.h>
@@ -23,6 +24,7 @@ struct DesktopCommands {
           exports(context),
           options(context),
           mail(context),
+          groups(context),
           plugins(context) {}
 
     FormCommands forms;
@@ -32,6 +34,7 @@ struct DesktopCommands {
     ExportCommands exports;
     OptionCommands options;
     MailCommands mail;
+    GroupCommands groups;
     PluginCommands plugins;
 };
 

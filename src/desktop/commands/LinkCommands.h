@@ -8,8 +8,8 @@
 
 namespace orvo::desktop {
 
-// Opens the address: one of "mailto:" with the mail program, any other with what the desktop has
-// for its scheme. Says so where nothing opens it.
+// Opens the address: that of an entry by selecting it, one of "mailto:" with the mail program, any
+// other with what the desktop has for its scheme. Says so where nothing opens it.
 void FollowLink(const CommandContext& context, const QUrl& link);
 
 }  // namespace orvo::desktop

@@ -20,19 +20,6 @@ namespace {
 // the mail library keeps a copy of its own as long as the mail program may want it.
 constexpr const char* kFileName = "attachment.vcf";
 
-// Of the record's numbers, else of all that only its card holds.
-CString MailAddressOf(const CAddressRecord& record, CAddressTable& table) {
-    for (long slot = 1; slot <= kPhoneSlots; ++slot) {
-        CString text;
-        record.GetPhone(slot, text);
-        if (text.View().find('@') != std::string_view::npos) return text;
-    }
-    std::string loss;
-    const Person person = ReadPerson(record, table, loss);
-    const Detail* mail = person.First(DetailKind::Email);
-    return mail ? SystemText(mail->text) : CString();
-}
-
 QString Refusal(unsigned long code) {
     if (code == SUCCESS_SUCCESS) return {};
     return Text("The mail can't be written: %1").arg(Text(MailReason(code)));
@@ -77,19 +64,21 @@ CString AttachmentName(const std::vector<CAddressRecord*>& records) {
 
 }  // namespace
 
-QString SendMailTo(const std::vector<CAddressRecord*>& records, CAddressTable& table) {
-    std::vector<CEmailAddress> recipients;
-    for (const CAddressRecord* record : records) {
-        const CString address = MailAddressOf(*record, table);
-        if (!address.IsEmpty()) recipients.emplace_back("", address);
+QString MailAddressOf(const CAddressRecord& record, CAddressTable& table) {
+    for (long slot = 1; slot <= kPhoneSlots; ++slot) {
+        const std::string_view text = record.Utf8(PhoneField(slot));
+        if (text.find('@') != std::string_view::npos) return FromUtf8(text);
     }
-    if (recipients.empty()) return Text("None of the selected entries has a mail address.");
-    return Write(recipients);
+    std::string loss;
+    const Person person = ReadPerson(record, table, loss);
+    const Detail* mail = person.First(DetailKind::Email);
+    return mail ? FromUtf8(mail->text) : QString();
 }
 
-QString WriteMailTo(const QString& address) {
+QString SendMailTo(const std::vector<QString>& addresses) {
     std::vector<CEmailAddress> recipients;
-    recipients.emplace_back("", FromQt(address));
+    for (const QString& address : addresses) recipients.emplace_back("", FromQt(address));
+    if (recipients.empty()) return Text("None of the selected entries has a mail address.");
     return Write(recipients);
 }
 

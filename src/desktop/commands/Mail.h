@@ -9,14 +9,14 @@
 
 namespace orvo::desktop {
 
+// The first mail address of the record's numbers, else of all that only its card holds; empty where
+// there is none.
+QString MailAddressOf(const CAddressRecord& record, CAddressTable& table);
+
 // Each opens the mail program of the desktop.
 // Returns:  an empty text on success, else why not, in one line of the user's language.
 
-// To the first mail address of each record that has one.
-QString SendMailTo(const std::vector<CAddressRecord*>& records, CAddressTable& table);
-
-// To one address.
-QString WriteMailTo(const QString& address);
+QString SendMailTo(const std::vector<QString>& addresses);
 
 // With the cards in one file as an attachment.
 QString SendAsCards(const std::vector<CAddressRecord*>& records, CAddressTable& table);

@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QString>
-#include <functional>
 #include <vector>
 
 #include <desktop/commands/CommandContext.h>
@@ -20,8 +18,7 @@ public:
     void SendSelectedAsCards();
 
 private:
-    // `send` returns an empty text on success, else why not.
-    void Send(const std::function<QString(const std::vector<CAddressRecord*>&)>& send);
+    std::vector<CAddressRecord*> Selected();
 
     CommandContext& m_context;
 };

@@ -61,6 +61,7 @@ public:
         for (std::size_t i = 0; i < shown; ++i) AddDetail(person.details[i]);
         if (shown < person.details.size()) AddLine({}, QChar(0x2026));
         for (const auto& [label, text] : m_content.ownFields) AddLine(label, Escaped(text));
+        AddGroups();
         if (!m_content.category.isEmpty()) AddLine(Text("Category"), Escaped(m_content.category));
         if (m_content.isPrivate) AddLine(Text("Private"), Escaped(Text("yes")));
         if (!person.note.empty()) AddLine(Text("Note"), NoteText(FromUtf8(person.note)));
@@ -111,7 +112,21 @@ private:
             orvo::TitleOf(detail, [](const char* name) { return Text(name).toStdString(); }));
     }
 
+    static QString LinkTo(const EntryLink& entry) {
+        return Linked(entry.name, QString("%1:%2").arg(kEntryScheme).arg(entry.id).toStdString());
+    }
+
+    void AddGroups() {
+        QStringList groups;
+        for (const EntryLink& group : m_content.groups) groups.push_back(LinkTo(group));
+        if (!groups.isEmpty()) AddLine(Text("Groups"), groups.join("<br>"));
+    }
+
     void AddDetail(const Detail& detail) {
+        const auto member = m_content.members.find(detail.line);
+        if (member != m_content.members.end()) {
+            return AddLine(TitleOf(detail), LinkTo(member->second));
+        }
         const QString text = detail.date && detail.date->ComesBack()
                                  ? DayText(*detail.date, Today())
                                  : FromUtf8(detail.text);

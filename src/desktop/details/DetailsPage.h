@@ -4,11 +4,20 @@
 
 #include <QColor>
 #include <QString>
+#include <cstdint>
+#include <map>
 #include <vector>
 
 #include <people/Person.h>
 
 namespace orvo::desktop {
+
+// Another entry of the store, to which a link leads that has this scheme and the id behind it.
+struct EntryLink {
+    QString name;
+    std::int64_t id;
+};
+constexpr const char* kEntryScheme = "orvo-entry";
 
 // What the page says beside what the card does; all in the language of the user.
 struct PageOfPerson {
@@ -16,6 +25,8 @@ struct PageOfPerson {
     QString name;                                        // as the list shows it
     std::vector<QString> labels;                         // of the record's numbers, from slot 1
     std::vector<std::pair<QString, QString>> ownFields;  // labels and texts that aren't empty
+    std::map<std::size_t, EntryLink> members;            // of a group, by the line of the detail
+    std::vector<EntryLink> groups;                       // that the person is in
     QString category;
     bool isPrivate = false;
 };

@@ -29,9 +29,11 @@ StoreSession::StoreSession(std::unique_ptr<SqliteEngine> engine)
     : m_engine(std::move(engine)),
       m_history(*m_engine),
       m_addresses(m_history.Engine()),
-      m_toDos(m_history.Engine()) {
+      m_toDos(m_history.Engine()),
+      m_groups(m_addresses) {
     m_history.SetRowListener([this](TableKind kind, std::optional<std::int64_t> id) {
         id ? FindTexts(kind).Forget(*id) : FindTexts(kind).Clear();
+        if (kind == TableKind::Address) id ? m_groups.Forget(*id) : m_groups.Clear();
     });
     NoteDamage(m_addresses.TextsFailure());
     NoteDamage(m_toDos.TextsFailure());
@@ -138,6 +140,7 @@ bool StoreSession::TakeForeignChange() {
     const bool changes = m_toDos.TakeForeignChange() || changesAddresses;
     if (changes) {
         for (FindIndex& texts : m_findTexts) texts.Clear();
+        m_groups.Clear();
     }
     return changes;
 }

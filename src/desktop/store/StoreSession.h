@@ -15,6 +15,7 @@
 #include <libraries/quire/SqliteEngine.h>
 #include <orvoshare/shared/DataSetClaim.h>
 #include <people/FindIndex.h>
+#include <people/GroupIndex.h>
 
 namespace orvo::desktop {
 
@@ -57,6 +58,9 @@ public:
     // The texts by which records are found, as far as they were asked for since they changed.
     FindIndex& FindTexts(TableKind kind) { return m_findTexts[static_cast<std::size_t>(kind)]; }
 
+    // The groups of people, as far as they were asked for; they are read again where they changed.
+    GroupIndex& Groups() { return m_groups; }
+
     // What of the store couldn't be read so far, a line each.
     const std::vector<std::string>& Damage() const { return m_damage; }
     std::string Path() const { return m_engine->Name(); }
@@ -83,6 +87,7 @@ private:
     CAddressTable m_addresses;
     CToDoTable m_toDos;
     std::array<FindIndex, 2> m_findTexts;
+    GroupIndex m_groups;
     std::vector<std::string> m_damage;
 };
 

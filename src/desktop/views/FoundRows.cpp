@@ -66,13 +66,14 @@ void FoundRows::Match(const FindQuery& query) {
     m_query = IsRead() ? query : FindQuery();
 }
 
-bool FoundRows::Find(const FindQuery& query) {
+bool FoundRows::Find(const FindQuery& query, const RowFilter& filter) {
     if (m_version != m_index.Version()) LookUpSlots();
     const bool areAll = query.IsEmpty();
     if (!areAll) Match(query);
     bool isOther = false;
     for (Row& row : m_rows) {
-        const bool isShown = areAll || (row.slot && m_matching[*row.slot]);
+        const bool isFound = areAll || (row.slot && m_matching[*row.slot]);
+        const bool isShown = isFound && (!filter || (MayBeFound(row) && filter(*row.record)));
         if (isShown == row.isShown) continue;
         row.isShown = isShown;
         isOther = true;

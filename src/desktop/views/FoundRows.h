@@ -15,6 +15,9 @@
 namespace orvo::desktop {
 
 // The records of rows that show are the view's; those of the others are freed with this.
+// Whether a row of a record that may be seen shows.
+using RowFilter = std::function<bool(const CBaseRecord&)>;
+
 class FoundRows {
 public:
     // What rows are, by their data words.
@@ -38,10 +41,11 @@ public:
     // False also after a text that was known has changed.
     bool IsRead() const { return m_next == m_rows.size() && m_version == m_index.Version(); }
 
-    // Chooses the rows that show: all of them for an empty query.
+    // Chooses the rows that show: all of them for an empty query, and of these what the filter
+    // chooses, unless that is empty.
     // Returns:  false where they are the same as before, else the caller puts Shown() into the
     //           view in place of what that shows.
-    bool Find(const FindQuery& query);
+    bool Find(const FindQuery& query, const RowFilter& filter = {});
     std::vector<DWORD> Shown() const;
 
     // False where rows came, went or moved in the view by themselves.

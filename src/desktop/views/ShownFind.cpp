@@ -37,6 +37,11 @@ void ShownFind::Set(const FindQuery& query) {
     m_listeners.changed();
 }
 
+void ShownFind::SetFilter(RowFilter filter) {
+    m_filter = std::move(filter);
+    Set(m_query);
+}
+
 void ShownFind::ReadOn() {
     if (!m_found) return;
     if (!m_found->AreIn(Rows())) return m_listeners.refill();
@@ -62,8 +67,8 @@ bool ShownFind::Choose() {
                                [this](DWORD data) { return m_view.TextOf(data); },
                                Disclosure(m_options).Masks() != 0});
     }
-    if (IsOn()) m_found->Read(kReadAtOnce);
-    return m_found->Find(m_query);
+    if (IsLooking()) m_found->Read(kReadAtOnce);
+    return m_found->Find(m_query, m_filter);
 }
 
 void ShownFind::Show() {

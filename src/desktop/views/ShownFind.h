@@ -46,10 +46,14 @@ public:
     // From now on only rows show that hold what is looked for; all do for an empty query. Masked
     // rows hold nothing.
     void Set(const FindQuery& query);
-    bool IsOn() const { return !m_query.IsEmpty(); }
+    // The same for those that the filter chooses among them; all for an empty one.
+    void SetFilter(RowFilter filter);
+    bool IsOn() const { return IsLooking() || m_filter; }
+    // True while something is looked for, false for a filter alone.
+    bool IsLooking() const { return !m_query.IsEmpty(); }
 
     // False while more rows may be found, as their texts aren't read yet.
-    bool IsWhole() const { return !m_found || m_found->IsRead(); }
+    bool IsWhole() const { return !m_found || !IsLooking() || m_found->IsRead(); }
     // Reads texts for a moment, and shows what is found once all are read.
     void ReadOn();
 
@@ -70,6 +74,7 @@ private:
     const COrvoDesktopOptions& m_options;
     Listeners m_listeners;
     FindQuery m_query;
+    RowFilter m_filter;
     std::unique_ptr<FoundRows> m_found;  // while there is a query, and rows
 };
 

@@ -32,16 +32,16 @@ DesktopWindow::DesktopWindow(StoreSession& session, COrvoDesktopOptions& options
     : m_session(session),
       m_frame(session, options),
       m_context(*this, session, options, m_frame,
-                {[this] { m_toolBar.FillCategories(); }, [this] { ShowCounts(); },
+                {[this] { m_toolBar.Categories().Fill(); }, [this] { ShowCounts(); },
                  [this](ViewKind kind) { ShowView(kind); }}),
       m_commands(m_context),
-      m_toolBar(m_context),
+      m_toolBar(m_context, m_commands.groups),
       m_findBar(m_context, [this] { return !MustRowsStay(); }),
       m_menus(m_context, m_commands),
       m_contextMenu(m_context),
       m_emptyPage(m_context, m_commands),
       m_kana(m_frame),
-      m_details(m_context),
+      m_details(m_context, m_commands.groups),
       m_reminder(session.History().Engine(), options,
                  [this](const QString& title, const QString& body) {
                      ShowNotification(*this, title, body);
@@ -97,6 +97,10 @@ void DesktopWindow::Listen() {
     m_frame.ToDos().List().SetCompletionQuestion(
         [this](const CToDoRecord& record) { return MayComplete(this, record); });
     m_commands.texts.Open();
+    m_commands.groups.SetReadListener([this] {
+        m_toolBar.Categories().Fill();
+        m_details.Show();
+    });
     new DragOut(*centralWidget(),
                 [this](QPoint place) { return m_commands.edits.DraggedFrom(place); });
 }
@@ -115,7 +119,7 @@ void DesktopWindow::ShowView(ViewKind kind) {
     QtWindowSystem::NameList(entries.Window(), entries.Name(), Text("Private entry"),
                              Text("overdue"));
     m_toolBar.CheckView(kind);
-    m_toolBar.FillCategories();
+    m_toolBar.Categories().Fill();
     m_menus.EnableOrders();
 }
 

@@ -141,8 +141,17 @@ void MainMenus::MakeAddressMenu() {
                    [&mail] { mail.SendMailToSelected(); }),
         AddCommand(addresses, Text("Send as &vCard"), "", [&mail] { mail.SendSelectedAsCards(); })};
     addresses.addSeparator();
+    m_groups.PutInto(addresses);
+    addresses.addSeparator();
     AddCommand(addresses, Text("Find &duplicates..."), "",
                [this] { m_commands.imports.FindDuplicatesOfStore(); });
+}
+
+std::vector<QAction*> MainMenus::SelectionActions() const {
+    std::vector<QAction*> actions = m_selectionActions;
+    if (m_context.Frame().IsShowingToDos()) return actions;
+    for (QAction* action : m_groups.Actions()) actions.push_back(action);
+    return actions;
 }
 
 void MainMenus::MakeToDoMenu() {
@@ -232,6 +241,7 @@ void MainMenus::EnableSelection() {
     for (QAction* action : m_addressActions) {
         action->setEnabled(selected > 0 && !frame.IsShowingToDos());
     }
+    m_groups.Enable(selected > 0 && !frame.IsShowingToDos());
     // Counted a moment late; a key right behind a selection is looked at by the command itself.
     m_editText->setEnabled(frame.IsShowingToDos());
 }

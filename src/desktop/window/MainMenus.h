@@ -9,6 +9,7 @@
 #include <vector>
 
 #include <desktop/commands/DesktopCommands.h>
+#include <desktop/window/GroupMenu.h>
 
 namespace orvo::desktop {
 
@@ -16,7 +17,7 @@ class MainMenus {
 public:
     // Context and commands outlive the menus.
     MainMenus(const CommandContext& context, DesktopCommands& commands)
-        : m_context(context), m_commands(commands) {}
+        : m_context(context), m_commands(commands), m_groups(commands.groups) {}
     ~MainMenus();
     MainMenus(const MainMenus&) = delete;
     MainMenus& operator=(const MainMenus&) = delete;
@@ -32,7 +33,7 @@ public:
     void ShowPrivacy();
 
     // What can be done with whatever is selected.
-    const std::vector<QAction*>& SelectionActions() const { return m_selectionActions; }
+    std::vector<QAction*> SelectionActions() const;
 
 private:
     struct Choice {
@@ -58,6 +59,7 @@ private:
 
     const CommandContext& m_context;
     DesktopCommands& m_commands;
+    GroupMenu m_groups;
     QActionGroup m_privacies{nullptr};
     QActionGroup m_addressOrders{nullptr};
     QActionGroup m_toDoOrders{nullptr};

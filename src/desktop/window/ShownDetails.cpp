@@ -1,5 +1,7 @@
 // What the details pane shows of the views.
 // SPDX-License-Identifier: MIT
+#include <algorithm>
+
 #include <desktop/commands/LinkCommands.h>
 #include <desktop/texts/Texts.h>
 #include <desktop/window/ShownDetails.h>
@@ -69,10 +71,39 @@ void ShownDetails::ShowAddress(CAddressRecord& record) {
         if (text.isEmpty()) continue;
         page.ownFields.emplace_back(ToQt(table.GetCustomLabel(number).View()), text);
     }
+    // The page comes again once the groups are known.
+    if (m_groups.ReadOn()) {
+        AddMembers(page);
+        AddGroups(record.GetId(), page);
+    }
     page.category = CategoryOf(record);
     page.isPrivate = record.IsPrivate() != 0;
     m_pane.Show(page);
     if (!loss.empty()) m_context.ReportProblem(loss);
+}
+
+void ShownDetails::AddMembers(PageOfPerson& page) const {
+    constexpr std::size_t kMostMembers = 500;  // more than anybody reads
+    CAddressTable& table = m_context.Session().Addresses();
+    const Disclosure disclosure(m_context.Options());
+    for (const Detail& detail : page.person.details) {
+        if (detail.kind != DetailKind::Member || page.members.size() == kMostMembers) continue;
+        const auto id = m_context.Session().Groups().PersonOf(detail.uri);
+        CAddressRecord member(table);
+        if (!id || table.Find(*id, member) != 0) continue;
+        if (disclosure.Of(WayOut::View, member) != Told::Whole) continue;
+        CString name;
+        FormatName(&member, name);
+        page.members.emplace(detail.line, EntryLink{ToQt(name.View()), *id});
+    }
+}
+
+void ShownDetails::AddGroups(std::int64_t person, PageOfPerson& page) const {
+    const std::vector<std::int64_t> ids = m_context.Session().Groups().GroupsOf(person);
+    for (const NamedGroup& group : m_groups.Groups()) {
+        const bool isIn = std::find(ids.begin(), ids.end(), group.id) != ids.end();
+        if (isIn) page.groups.push_back({group.name, group.id});
+    }
 }
 
 void ShownDetails::ShowToDo(const CToDoRecord& record) {

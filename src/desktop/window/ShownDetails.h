@@ -4,15 +4,16 @@
 
 #include <QAction>
 
-#include <desktop/commands/CommandContext.h>
+#include <desktop/commands/GroupCommands.h>
 #include <desktop/details/DetailsPane.h>
 
 namespace orvo::desktop {
 
 class ShownDetails {
 public:
-    // The context outlives it.
-    explicit ShownDetails(const CommandContext& context) : m_context(context) {}
+    // Both outlive it.
+    ShownDetails(const CommandContext& context, GroupCommands& groups)
+        : m_context(context), m_groups(groups) {}
 
     // Adds the pane, hidden, to the window.
     void PutInto(QMainWindow& window);
@@ -24,10 +25,13 @@ public:
 
 private:
     void ShowAddress(CAddressRecord& record);
+    void AddMembers(PageOfPerson& page) const;
+    void AddGroups(std::int64_t person, PageOfPerson& page) const;
     void ShowToDo(const CToDoRecord& record);
     QString CategoryOf(const CBaseRecord& record) const;
 
     const CommandContext& m_context;
+    GroupCommands& m_groups;
     DetailsPane m_pane;
     QAction* m_below = nullptr;  // Qt's
 };

@@ -20,8 +20,9 @@ void StatusCounts::Show(ShownEntries& entries) {
     const int selected = entries.SelectedCount();
     QString all = entries.CountedText(entries.Find().CountOfAll());
     if (entries.Find().IsOn()) {
-        const QString found = entries.Find().IsWhole() ? Text("%1 of %2 found")
-                                                       : Text("%1 of %2 found, still looking...");
+        const QString found = !entries.Find().IsLooking() ? Text("%1 of %2")
+                              : entries.Find().IsWhole()  ? Text("%1 of %2 found")
+                                                         : Text("%1 of %2 found, still looking...");
         all = found.arg(QLocale().toString(entries.RowCount()), all);
     }
     m_label.setText(

@@ -33,7 +33,8 @@ QLabel* MakeLabel(const QString& text, QWidget& labelled) {
 
 }  // namespace
 
-ToolBar::ToolBar(const CommandContext& context) : m_context(context) {}
+ToolBar::ToolBar(const CommandContext& context, GroupCommands& groups)
+    : m_context(context), m_categories(context, groups) {}
 
 ToolBar::~ToolBar() {
     m_context.Frame().LookupBox().SetRefusalListener(nullptr);
@@ -76,11 +77,6 @@ void ToolBar::SayRefused(const QString& typed) const {
 void ToolBar::AddCategories(QToolBar& bar) {
     bar.addWidget(MakeLabel(Text("Category:"), m_categories));
     m_categories.setFixedWidth(kCategoryWidth);
-    m_categories.setFocusPolicy(Qt::StrongFocus);
-    m_categories.setAccessibleName(Text("Category"));
-    QObject::connect(&m_categories, &QComboBox::activated, &m_categories, [this] {
-        m_context.Frame().Entries().SetCategory(m_categories.currentData().toInt());
-    });
     bar.addWidget(&m_categories);
 }
 
@@ -107,20 +103,6 @@ void ToolBar::AddViews(QToolBar& bar) {
 
 void ToolBar::CheckView(ViewKind kind) {
     m_views.actions().at(static_cast<int>(kind))->setChecked(true);
-}
-
-void ToolBar::FillCategories() {
-    ShownEntries& entries = m_context.Frame().Entries();
-    m_categories.clear();
-    m_categories.addItem(Text("All categories"), kAllCategories);
-    CCategoryMgr* categories = entries.Table().GetCategoryManager();
-    CCategory* category = nullptr;
-    for (categories->FindFirst(category); category; categories->FindNext(category)) {
-        m_categories.addItem(FromUtf8(category->ShownUtf8()), category->GetIndex());
-    }
-    const int shown = m_categories.findData(entries.Category());
-    m_categories.setCurrentIndex(shown < 0 ? 0 : shown);
-    if (shown < 0) entries.SetCategory(kAllCategories);
 }
 
 }  // namespace orvo::desktop

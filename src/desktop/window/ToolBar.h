@@ -3,17 +3,16 @@
 #pragma once
 
 #include <QActionGroup>
-#include <QComboBox>
 #include <QToolBar>
 
-#include <desktop/commands/CommandContext.h>
+#include <desktop/window/CategoryBox.h>
 
 namespace orvo::desktop {
 
 class ToolBar {
 public:
-    // The context outlives the bar.
-    explicit ToolBar(const CommandContext& context);
+    // Context and commands outlive the bar.
+    ToolBar(const CommandContext& context, GroupCommands& groups);
     ~ToolBar();
     ToolBar(const ToolBar&) = delete;
     ToolBar& operator=(const ToolBar&) = delete;
@@ -25,9 +24,7 @@ public:
     QList<QAction*> ViewActions() const { return m_views.actions(); }
     void CheckView(ViewKind kind);
 
-    // Offers the categories of the entries that are shown. Where the one chosen is gone, all are
-    // shown.
-    void FillCategories();
+    CategoryBox& Categories() { return m_categories; }
 
 private:
     void AddLookup(QToolBar& bar);
@@ -36,7 +33,7 @@ private:
     void SayRefused(const QString& typed) const;
 
     const CommandContext& m_context;
-    QComboBox m_categories;
+    CategoryBox m_categories;
     QActionGroup m_views{nullptr};
 };
 
