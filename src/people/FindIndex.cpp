@@ -1,8 +1,8 @@
 // The texts of many records, kept so that those that match are found at each key that is typed.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
-#include <cstring>
 
+#include <people/ByteSearch.h>
 #include <people/FindIndex.h>
 
 namespace orvo {
@@ -48,32 +48,38 @@ bool FindIndex::Matches(const FindQuery& query, std::size_t slot) const {
 }
 
 std::vector<bool> FindIndex::Matching(const FindQuery& query) const {
-    std::vector<bool> marks(m_folded.ends.size(), query.IsEmpty());
-    if (query.IsEmpty()) return marks;
+    // A walk through all texts takes as long as a look at so large a part of them alone.
+    constexpr std::ptrdiff_t kFewAmong = 8;
+    std::vector<bool> marks(m_folded.ends.size(), true);
     // The longest word is found in the fewest texts.
-    const auto& words = query.Words();
-    const auto& word = *std::max_element(
-        words.begin(), words.end(), [](const FindQuery::Word& one, const FindQuery::Word& other) {
-            return one.folded.size() < other.folded.size();
-        });
-    Mark(query, m_folded, word.folded, marks);
-    if (!word.digits.empty()) Mark(query, m_numbers, word.digits, marks);
+    std::vector<FindQuery::Word> words = query.Words();
+    std::stable_sort(words.begin(), words.end(), [](const auto& one, const auto& other) {
+        return one.folded.size() > other.folded.size();
+    });
+    for (const FindQuery::Word& word : words) {
+        const auto left = std::count(marks.begin(), marks.end(), true);
+        if (left < static_cast<std::ptrdiff_t>(marks.size()) / kFewAmong) {
+            return Matching(query, marks);
+        }
+        std::vector<bool> holding(marks.size());
+        Mark(m_folded, word.folded, holding);
+        if (!word.digits.empty()) Mark(m_numbers, word.digits, holding);
+        for (std::size_t slot = 0; slot < marks.size(); ++slot) {
+            marks[slot] = marks[slot] && holding[slot];
+        }
+    }
     return marks;
 }
 
 // Goes through the block as a whole: no word reaches from one text into the next.
-void FindIndex::Mark(const FindQuery& query, const Block& block, std::string_view word,
-                     std::vector<bool>& marks) const {
-    const char* const begin = block.texts.data();
-    const bool isAll = query.Words().size() == 1;
+void FindIndex::Mark(const Block& block, std::string_view word, std::vector<bool>& marks) {
+    const std::string_view texts = block.texts;
     std::size_t slot = 0;
-    for (std::size_t from = 0; from < block.texts.size(); from = block.ends[slot]) {
-        const void* found =
-            memmem(begin + from, block.texts.size() - from, word.data(), word.size());
-        if (!found) return;
-        const auto place = static_cast<std::size_t>(static_cast<const char*>(found) - begin);
-        while (block.ends[slot] <= place) ++slot;
-        if (!marks[slot]) marks[slot] = isAll || Matches(query, slot);
+    for (std::size_t from = 0; from < texts.size(); from = block.ends[slot]) {
+        const std::size_t place = FindBytes(texts.substr(from), word);
+        if (place == std::string_view::npos) return;
+        while (block.ends[slot] <= from + place) ++slot;
+        marks[slot] = true;
     }
 }
 

@@ -45,8 +45,8 @@ private:
     };
 
     bool Matches(const FindQuery& query, std::size_t slot) const;
-    void Mark(const FindQuery& query, const Block& block, std::string_view word,
-              std::vector<bool>& marks) const;
+    // Marks the slots whose texts hold the word.
+    static void Mark(const Block& block, std::string_view word, std::vector<bool>& marks);
 
     Block m_folded;
     Block m_numbers;

@@ -6,6 +6,7 @@
 #include <unicode/normalizer2.h>
 #include <unicode/uchar.h>
 
+#include <people/ByteSearch.h>
 #include <people/FindText.h>
 #include <platform/text/Utf8.h>
 
@@ -144,8 +145,8 @@ FindQuery::FindQuery(std::string_view typed) {
 
 bool FindQuery::Matches(std::string_view folded, std::string_view numbers) const {
     return std::all_of(m_words.begin(), m_words.end(), [&](const Word& word) {
-        if (folded.find(word.folded) != std::string_view::npos) return true;
-        return !word.digits.empty() && numbers.find(word.digits) != std::string_view::npos;
+        if (FindBytes(folded, word.folded) != std::string_view::npos) return true;
+        return FindBytes(numbers, word.digits) != std::string_view::npos;
     });
 }
 

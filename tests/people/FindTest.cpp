@@ -7,6 +7,7 @@
 
 #include <exchange/files/ImportFile.h>
 #include <libraries/quire/MemoryEngine.h>
+#include <people/ByteSearch.h>
 #include <people/FindIndex.h>
 #include <people/FindReader.h>
 
@@ -18,6 +19,19 @@ FindText TextOf(std::string_view text, std::string_view number = {}) {
     found.Add(text);
     found.AddNumber(number);
     return found;
+}
+
+TEST(ByteSearch, FindsWhatStringsFindWhereverItStands) {
+    std::mt19937 random(3);
+    for (int round = 0; round < 20'000; ++round) {
+        std::string text;
+        for (unsigned length = random() % 80; text.size() < length;) text += "aab\n"[random() % 4];
+        const std::size_t begin = random() % (text.size() + 1);
+        std::string word = text.substr(begin, 1 + random() % 20);
+        if (random() % 4 == 0) word += 'b';
+        ASSERT_EQ(FindBytes(text, word), word.empty() ? std::string::npos : text.find(word))
+            << word << " in " << text;
+    }
 }
 
 TEST(Find, WhatDoesntMatterForFindingIsPassedOver) {
