@@ -2,7 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "Comparison.h"
 
+#include <QBuffer>
+#include <QImage>
 #include <filesystem>
+#include <random>
 #include <sstream>
 #include <stdexcept>
 
@@ -40,6 +43,10 @@ constexpr FigureRow kRows[] = {
     {Figure::ToCards, "switch to cards", "ms"},
     {Figure::CardsFrame, "frame of jumping in cards, maximum", "ms"},
     {Figure::ToReport, "switch back to the list", "ms"},
+    {Figure::DetailsPhotoMedian, "row to the painted details with a photo, median", "ms"},
+    {Figure::DetailsMedian, "row to the painted details without one, median", "ms"},
+    {Figure::FindMedian, "letter to the painted rows that are found, median", "ms"},
+    {Figure::FindMaximum, "letter to the painted rows that are found, max.", "ms"},
     {Figure::Resident, "resident memory at the end", "MB"},
     {Figure::Peak, "highest resident memory", "MB"},
 };
@@ -63,6 +70,10 @@ constexpr Wanted kWanted[] = {
     {100'000, Figure::Start, true, 0.1, "a tenth of the plain"},
     {100'000, Figure::KeyMaximum, false, 16, "under 16 ms"},
     {100'000, Figure::FrameMaximum, false, 16, "under 16 ms"},
+    {100'000, Figure::DetailsPhotoMedian, false, 20, "under 20 ms"},
+    {100'000, Figure::DetailsMedian, false, 5, "under 5 ms"},
+    {100'000, Figure::FindMaximum, false, 50, "under 50 ms"},
+    {1'000'000, Figure::FindMaximum, false, 150, "under 150 ms"},
     {1'000'000, Figure::Start, false, 5000, "under 5 s"},
     {1'000'000, Figure::Peak, false, 700, "under 700 MB"},
 };
@@ -91,9 +102,39 @@ private:
     std::string m_name;
 };
 
+// A picture of about 100 kB.
+std::string Photo() {
+    constexpr int kSide = 256;
+    constexpr int kQuality = 90;
+    QImage image(kSide, kSide, QImage::Format_RGB32);
+    std::mt19937 random(1);
+    for (int y = 0; y < kSide; ++y) {
+        for (int x = 0; x < kSide; ++x) image.setPixel(x, y, static_cast<QRgb>(random()));
+    }
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    image.save(&buffer, "JPEG", kQuality);
+    return bytes.toBase64().toStdString();
+}
+
+// They stand before all others.
+void AddPeopleWithPhoto(CAddressTable& table) {
+    const std::string photo = Photo();
+    for (int number = 0; number <= kPeopleWithPhoto; ++number) {
+        CAddressRecord record(table);
+        record.SetUtf8(AddressField::Name, fmt::format("A {:02}", number));
+        record.SetSource(
+            fmt::format("BEGIN:VCARD\r\nVERSION:3.0\r\nFN:A {:02}\r\n"
+                        "PHOTO;ENCODING=b;TYPE=JPEG:{}\r\nEND:VCARD\r\n",
+                        number, photo));
+        table.Add(record);
+    }
+}
+
 void WriteStore(ScratchStore& store, std::size_t people) {
     CAddressTable table(store.Engine());
     StoreTransaction transaction(store.Engine());
+    AddPeopleWithPhoto(table);
     for (const Person& person : MakePeople(people, Script::Latin)) {
         table.Add(*RecordOf(person, table));
     }

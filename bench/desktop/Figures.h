@@ -23,6 +23,10 @@ enum class Figure {
     ToCards,
     CardsFrame,
     ToReport,
+    DetailsPhotoMedian,
+    DetailsMedian,
+    FindMedian,
+    FindMaximum,
     Resident,
     Peak
 };

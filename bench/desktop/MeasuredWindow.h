@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+class QLineEdit;
 class QWidget;
 
 namespace orvo::bench {
@@ -30,6 +31,14 @@ public:
 
     // The widget in which rows are painted now; null as long as there are none.
     virtual QWidget* Viewport() = 0;
+
+    // Shows all that is known of the selected row beside the rows; the widget in which that is
+    // painted. Null for a window that has none.
+    virtual QWidget* ShowDetails() { return nullptr; }
+    // The widget that is typed into so that only rows that hold the text show; null for none.
+    virtual QLineEdit* OpenFind() { return nullptr; }
+    // False while the texts of rows are still being read for it.
+    virtual bool IsFindReady() { return true; }
 
     virtual bool HasMode(ViewMode mode) const = 0;
     virtual void SetMode(ViewMode mode) = 0;

@@ -4,6 +4,7 @@
 
 #include <QAbstractScrollArea>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QScrollBar>
 #include <QWheelEvent>
 #include <algorithm>
@@ -31,12 +32,18 @@ using std::chrono::milliseconds;
 constexpr const char* kTyped[] = {"smit", "holers", "wilson", "barw", "kay",
                                   "thov", "andel",  "roma",   "quil", "freg"};
 
+// Parts of names, streets and numbers.
+constexpr const char* kLookedFor[] = {"ann", "street 99", "617 555 0"};
+constexpr int kRowsOfDetails = 40;
+
 constexpr int kFramesOfEachKind = 80;
 constexpr int kFramesOfIcons = 40;
 constexpr int kWheelStep = 120;
 
 // A key or a scroll that changes nothing isn't painted.
 constexpr milliseconds kUnchanged{300};
+// What is found may be all that showed before.
+constexpr milliseconds kLate{1000};
 // A switch of mode always is, however long it takes.
 constexpr milliseconds kSwitch{60'000};
 // Keys and frames of a slow window are measured no longer than that.
@@ -88,6 +95,8 @@ public:
         Switch(ViewMode::SmallIcons, Figure::ToSmallIcons, Figure::SmallIconsFrame);
         Switch(ViewMode::Cards, Figure::ToCards, Figure::CardsFrame);
         Tell(Figure::ToReport, TimeOfSwitch(ViewMode::Report));
+        MeasureDetails();
+        MeasureFind();
         Tell(Figure::Resident, Memory("VmRSS"));
         Tell(Figure::Peak, Memory("VmHWM"));
     }
@@ -182,6 +191,58 @@ private:
         std::vector<double> times;
         AddFrames(&Measurement::Jump, kFramesOfIcons, times);
         if (!times.empty()) Tell(frame, *std::max_element(times.begin(), times.end()));
+    }
+
+    // From the key that leads to the next row.
+    void MeasureDetails() {
+        QWidget* details = m_window.ShowDetails();
+        if (!details) return;
+        m_window.StartOver();
+        m_watch.Settle();
+        m_watch.Watch(details);
+        const auto timesOf = [this](int rows) {
+            std::vector<double> times;
+            for (int row = 0; row < rows; ++row) {
+                const auto time = m_watch.TimeToPaint([this] { PressDown(); }, kUnchanged);
+                if (time) times.push_back(*time);
+                m_watch.Settle();
+            }
+            return Median(times);
+        };
+        Tell(Figure::DetailsPhotoMedian, timesOf(kPeopleWithPhoto));
+        Tell(Figure::DetailsMedian, timesOf(kRowsOfDetails));
+        m_watch.Watch(nullptr);
+    }
+
+    void PressDown() {
+        QWidget* view = m_window.Viewport()->parentWidget();
+        for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            QCoreApplication::postEvent(view, new QKeyEvent(type, Qt::Key_Down, Qt::NoModifier));
+        }
+        QCoreApplication::sendPostedEvents(view);
+    }
+
+    // Once all texts are read.
+    void MeasureFind() {
+        QLineEdit* line = m_window.OpenFind();
+        if (!line) return;
+        line->setText("a");
+        do {
+            m_watch.Settle();
+        } while (!m_window.IsFindReady());
+        std::vector<double> times;
+        for (const QString text : kLookedFor) {
+            line->clear();
+            m_watch.Settle();
+            for (const QChar letter : text) {
+                const auto time = m_watch.TimeToPaint([&] { line->insert(letter); }, kLate);
+                if (time) times.push_back(*time);
+                m_watch.Settle();
+            }
+        }
+        TellAll(times, Figure::FindMedian, Figure::FindMaximum);
+        line->clear();
+        m_watch.Settle();
     }
 
     PaintWatch& m_watch;

@@ -10,6 +10,9 @@ namespace orvo::bench {
 // steady clock.
 constexpr const char* kStartVariable = "ORVO_BENCH_START";
 
+// Each of them has one, and stands at the beginning of the list.
+constexpr int kPeopleWithPhoto = 10;
+
 enum class WindowKind { Ours, Plain };
 
 // Opens the window on the store and writes each figure, as soon as it is known, to standard output:

@@ -1,7 +1,11 @@
 // This project's window as it is measured: that of orvo-desktop.
 // SPDX-License-Identifier: MIT
 #include <QAbstractScrollArea>
+#include <QDockWidget>
+#include <QLineEdit>
 #include <QStackedWidget>
+#include <QTextBrowser>
+#include <QToolBar>
 #include <stdexcept>
 
 #include <desktop/window/DesktopWindow.h>
@@ -68,6 +72,19 @@ public:
         QWidget* view = dynamic_cast<QStackedWidget&>(*shown).currentWidget();
         return dynamic_cast<QAbstractScrollArea&>(*view).viewport();
     }
+
+    QWidget* ShowDetails() override {
+        m_window->findChild<QDockWidget*>("details")->show();
+        return m_window->findChild<QTextBrowser*>()->viewport();
+    }
+
+    QLineEdit* OpenFind() override {
+        auto* bar = m_window->findChild<QToolBar*>("find");
+        bar->show();
+        return bar->findChild<QLineEdit*>();
+    }
+
+    bool IsFindReady() override { return m_window->Frame().Entries().Find().IsWhole(); }
 
     bool HasMode(ViewMode) const override { return true; }
     void SetMode(ViewMode mode) override { m_window->ShowView(KindOf(mode)); }

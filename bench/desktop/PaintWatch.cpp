@@ -17,7 +17,8 @@ bool PaintWatch::notify(QObject* receiver, QEvent* event) {
     ++m_depth;
     const bool isHandled = QApplication::notify(receiver, event);
     --m_depth;
-    if (isPaint && m_isWatching && receiver == m_target()) m_isPainting = true;
+    if (isPaint && m_isWatching && receiver == (m_other ? m_other : m_target()))
+        m_isPainting = true;
     // The outermost event has also sent to the screen what was painted in it.
     if (m_isPainting && m_depth == 0) {
         m_painted = Clock::now();

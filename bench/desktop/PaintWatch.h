@@ -28,6 +28,9 @@ public:
                                       std::chrono::milliseconds patience,
                                       std::optional<Clock::time_point> start = {});
 
+    // From now on that widget is the target; with null the usual one.
+    void Watch(const QObject* target) { m_other = target; }
+
     // Handles all events until none has come for a moment.
     void Settle();
 
@@ -37,6 +40,7 @@ private:
     void Run(std::chrono::milliseconds time);
 
     Target m_target;
+    const QObject* m_other = nullptr;
     QEventLoop* m_waiting = nullptr;
     int m_depth = 0;
     bool m_isWatching = false;

@@ -51,7 +51,7 @@ void PersonTexts::Set(PersonText which, std::string_view text, const CAddressRec
             return SetWhole("ROLE", Escape(text, m_dialect));
         case PersonText::Nickname:
             for (const std::string_view name : Listed(text)) {
-                value += (value.empty() ? "" : ",") + Escape(name, m_dialect);
+                value.append(value.empty() ? "" : ",").append(Escape(name, m_dialect));
             }
             return SetWhole("NICKNAME", value);
     }
@@ -95,7 +95,7 @@ void PersonTexts::SetDepartment(std::string_view text) {
     const auto names = units > 1 ? Listed(text) : std::vector<std::string_view>{text};
     std::string value(PartOf(line.value, 0, ';'));
     for (const std::string_view name : names) {
-        if (!name.empty()) value += ";" + Escape(name, m_dialect, ValueKind::Parts);
+        if (!name.empty()) value.append(";").append(Escape(name, m_dialect, ValueKind::Parts));
     }
     line.value = value;
     line.isRemoved = value.empty();
