@@ -10,6 +10,7 @@
 #include <desktop/forms/AddressForm.h>
 #include <desktop/forms/FormDialog.h>
 #include <desktop/forms/FormFields.h>
+#include <desktop/forms/PersonFields.h>
 #include <desktop/texts/Texts.h>
 #include <platform/qt/QtConvert.h>
 #include <platform/text/SystemLocale.h>
@@ -20,7 +21,6 @@ namespace {
 constexpr int kAddressLines = 3;
 constexpr int kAddressNoteLines = 5;
 // In characters.
-constexpr int kGap = 2;
 constexpr int kPhoneWidth = 22;
 constexpr int kPhoneLabelLength = 8;
 
@@ -70,14 +70,19 @@ public:
             TellUnreadable(parent, title, read);
             return false;
         }
+        if (const long status = m_person.Read(m_record); status != 0) {
+            TellUnreadable(parent, title, {static_cast<StoreStatus>(status), m_table.LastError()});
+            return false;
+        }
         FormDialog dialog(parent, title, m_saver);
         dialog.KeepIn(keeper, {false, m_record.GetId(), m_record.IsPrivate() != 0, {}, {}});
-        auto* columns = new QHBoxLayout;
-        columns->addLayout(MakeLeft());
-        columns->addSpacing(dialog.fontMetrics().averageCharWidth() * kGap);
-        columns->addLayout(MakeRight());
-        dialog.Column().addLayout(columns);
+        dialog.SetQuestion([this] { return m_person.Check(); });
+        m_person.AddPhoto(dialog.Column());
+        dialog.AddColumns(MakeLeft(), MakeRight());
         AddNote(dialog.Column());
+        m_saver.Add([this] { return m_person.IsChanged(); },
+                    [this](CAddressRecord& record) { return m_person.Write(record, m_table); });
+        dialog.findChild<QWidget*>("name")->setFocus();
         return dialog.Run();
     }
 
@@ -99,12 +104,17 @@ private:
     CAddressTable& m_table;
     CAddressRecord& m_record;
     RecordSaver<CAddressTable, CAddressRecord> m_saver;
+    PersonFields m_person;
 };
 
 QLayout* AddressForm::MakeLeft() {
     auto* column = new QVBoxLayout;
     AddNames(*column);
     AddPhones(*column);
+    for (const DetailKind kind :
+         {DetailKind::Phone, DetailKind::Email, DetailKind::Messenger, DetailKind::Page}) {
+        m_person.AddSection(kind, *column);
+    }
     AddMarks(*column);
     column->addStretch();
     return column;
@@ -113,6 +123,9 @@ QLayout* AddressForm::MakeLeft() {
 QLayout* AddressForm::MakeRight() {
     auto* column = new QVBoxLayout;
     AddAddress(*column);
+    for (const DetailKind kind : {DetailKind::Address, DetailKind::Date, DetailKind::Relation}) {
+        m_person.AddSection(kind, *column);
+    }
     AddCustoms(*column);
     column->addStretch();
     return column;
@@ -159,6 +172,7 @@ void AddressForm::AddNames(QVBoxLayout& column) {
         grid->addWidget(reading, row, 2);
     }
     AddLine(*grid, kTitle);
+    m_person.AddTexts(column);
 }
 
 void AddressForm::AddPhones(QVBoxLayout& column) {

@@ -7,6 +7,7 @@
 
 #include <contracts/Dates.h>
 #include <desktop/forms/DateField.h>
+#include <desktop/forms/DatePicture.h>
 #include <desktop/texts/Texts.h>
 
 namespace orvo::desktop {
@@ -24,13 +25,6 @@ QDate DayOf(long date) {
     return DayOf(CivilOfMoment(date).value_or(CivilTime()));
 }
 
-// As the user's country writes it, with all digits of the year.
-QString DayPicture() {
-    QString picture = QLocale().dateFormat(QLocale::ShortFormat);
-    if (!picture.contains("yyyy")) picture.replace("yy", "yyyy");
-    return picture;
-}
-
 }  // namespace
 
 DateField::DateField(const QString& text, long date, const CivilTime& preset, bool isDayOnly)
@@ -43,7 +37,7 @@ DateField::DateField(const QString& text, long date, const CivilTime& preset, bo
     m_day.setLayoutDirection(Qt::LeftToRight);
     m_time.setLayoutDirection(Qt::LeftToRight);
     m_time.setDisplayFormat(QLocale().timeFormat(QLocale::ShortFormat));
-    m_day.setDisplayFormat(DayPicture());
+    m_day.setDisplayFormat(DatePicture());
     m_day.setDateRange(DayOf(0), DayOf(kMaxDate - 1));
     m_day.setDate(DayOf(m_start));
     m_day.setCalendarPopup(true);

@@ -61,6 +61,23 @@ void FormDialog::KeepIn(FormKeeper* keeper, const KeptForm& form) {
     m_kept.title = windowTitle();
 }
 
+void FormDialog::AddColumns(QLayout* left, QLayout* right) {
+    constexpr int kGap = 2;  // characters
+    m_columns = new QBoxLayout(QBoxLayout::LeftToRight);
+    m_columns->addLayout(left, 1);
+    m_columns->addSpacing(fontMetrics().averageCharWidth() * kGap);
+    m_columns->addLayout(right, 1);
+    m_column->addLayout(m_columns);
+}
+
+void FormDialog::resizeEvent(QResizeEvent* event) {
+    QDialog::resizeEvent(event);
+    constexpr int kWidthOfTwo = 640;  // pixels, of a screen without scaling
+    if (!m_columns) return;
+    m_columns->setDirection(width() < kWidthOfTwo ? QBoxLayout::TopToBottom
+                                                  : QBoxLayout::LeftToRight);
+}
+
 bool FormDialog::Run() {
     AddButtons();
     FitScreen();

@@ -20,6 +20,10 @@ public:
     // Where the fields go; its widget is `Page`.
     QVBoxLayout& Column() { return *m_column; }
 
+    // Adds two columns, which stand side by side where the form has room for that.
+    // Owner:    the form's, from then on.
+    void AddColumns(QLayout* left, QLayout* right);
+
     // Where the program ends before the user has saved the form or given it up, what he has changed
     // is kept there. Null keeps nothing. `form` says what the form is about.
     void KeepIn(FormKeeper* keeper, const KeptForm& form);
@@ -37,6 +41,7 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void Save();
@@ -55,6 +60,7 @@ private:
     std::function<bool()> m_maySave;
     QWidget* m_page;        // Qt's
     QVBoxLayout* m_column;  // the page's
+    QBoxLayout* m_columns = nullptr;
 };
 
 // Says why an entry can't be shown in a form.

@@ -1,5 +1,7 @@
 // The fields of forms.
 // SPDX-License-Identifier: MIT
+#include <QScrollArea>
+#include <QTimer>
 #include <cmath>
 #include <limits>
 
@@ -96,6 +98,18 @@ QLabel* MakeSpokenLabel(const QString& text, QWidget& field) {
 QFont MakeBold(QFont font) {
     font.setBold(true);
     return font;
+}
+
+// Where it is new, it has no place before the form is laid out again.
+void GoTo(QWidget& field) {
+    field.setFocus(Qt::OtherFocusReason);
+    QTimer::singleShot(0, &field, [&field] {
+        for (QWidget* outer = field.parentWidget(); outer; outer = outer->parentWidget()) {
+            if (auto* scroll = qobject_cast<QScrollArea*>(outer)) {
+                return scroll->ensureWidgetVisible(&field);
+            }
+        }
+    });
 }
 
 QLabel* MakeHeading(const QString& text) {

@@ -90,6 +90,9 @@ QLabel* MakeSpokenLabel(const QString& text, QWidget& field);
 
 QFont MakeBold(QFont font);
 
+// Gives the field the focus, and scrolls its form so far that it is seen.
+void GoTo(QWidget& field);
+
 // A heading over a group of fields.
 QLabel* MakeHeading(const QString& text);
 

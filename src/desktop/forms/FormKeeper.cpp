@@ -9,6 +9,7 @@
 #include <desktop/forms/DateField.h>
 #include <desktop/forms/FormFields.h>
 #include <desktop/forms/FormKeeper.h>
+#include <desktop/forms/KeptParts.h>
 #include <desktop/texts/Texts.h>
 #include <platform/io/FileReplacement.h>
 
@@ -25,17 +26,21 @@ QString NameOf(const QWidget& widget) {
     return date ? date->objectName() + '.' + name : name;
 }
 
-QVariant ValueOf(const QWidget& widget) {
+// Null for what is no field.
+QJsonValue ValueOf(const QWidget& widget) {
+    if (const auto* parts = dynamic_cast<const KeptParts*>(&widget)) return parts->Kept();
     if (const auto* text = dynamic_cast<const TextField*>(&widget)) return text->Shown();
     if (const auto* choice = dynamic_cast<const ChoiceField*>(&widget)) return choice->Number();
-    return widget.metaObject()->userProperty().read(&widget);
+    return QJsonValue::fromVariant(widget.metaObject()->userProperty().read(&widget));
 }
 
-void SetValue(QWidget& widget, const QVariant& value) {
-    if (auto* choice = dynamic_cast<ChoiceField*>(&widget)) {
+void SetValue(QWidget& widget, const QJsonValue& value) {
+    if (auto* parts = dynamic_cast<KeptParts*>(&widget)) {
+        parts->ShowKept(value);
+    } else if (auto* choice = dynamic_cast<ChoiceField*>(&widget)) {
         choice->setCurrentIndex(std::max(0, choice->findData(value.toInt())));
     } else {
-        widget.metaObject()->userProperty().write(&widget, value);
+        widget.metaObject()->userProperty().write(&widget, value.toVariant());
     }
 }
 
@@ -45,9 +50,8 @@ QJsonObject ChangedFields(const QWidget& page, const QJsonObject& given) {
     QJsonObject fields;
     for (const QWidget* widget : page.findChildren<QWidget*>()) {
         const QString name = NameOf(*widget);
-        const QVariant value = name.isEmpty() ? QVariant() : ValueOf(*widget);
-        if (!value.isValid()) continue;
-        const QJsonValue shown = QJsonValue::fromVariant(value);
+        const QJsonValue shown = name.isEmpty() ? QJsonValue() : ValueOf(*widget);
+        if (shown.isNull()) continue;
         if (!given.contains(name) || given[name] != shown) fields[name] = shown;
     }
     return fields;
@@ -56,7 +60,7 @@ QJsonObject ChangedFields(const QWidget& page, const QJsonObject& given) {
 void ShowFields(const QWidget& page, const QJsonObject& fields) {
     for (QWidget* widget : page.findChildren<QWidget*>()) {
         const QString name = NameOf(*widget);
-        if (fields.contains(name)) SetValue(*widget, fields[name].toVariant());
+        if (fields.contains(name)) SetValue(*widget, fields[name]);
     }
 }
 

@@ -1,0 +1,47 @@
+// What only the card of a person holds, in the form of its record.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QVBoxLayout>
+#include <utility>
+#include <vector>
+
+#include <contracts/RecordStore.h>
+#include <desktop/forms/DetailSection.h>
+#include <desktop/forms/FormFields.h>
+#include <desktop/forms/PhotoField.h>
+#include <people/PersonEdits.h>
+
+namespace orvo::desktop {
+
+class PersonFields {
+public:
+    // Reads what the record's card holds.
+    // Returns:  0, or why not as a StoreStatus.
+    long Read(const CAddressRecord& record) { return ReadKeptPerson(record, m_person); }
+
+    // Its fields, which go into the layout.
+    void AddPhoto(QVBoxLayout& column);
+    // Prefix, nickname and the like, folded away where all are empty.
+    void AddTexts(QVBoxLayout& column);
+    void AddSection(DetailKind kind, QVBoxLayout& column);
+
+    bool IsChanged() const { return !Edits().IsEmpty(); }
+    // Changes the card of the record, which may be another one by now than that which was read.
+    // Returns:  0, or why not as a StoreStatus.
+    long Write(CAddressRecord& record, CAddressTable& table) const;
+
+    // Leads to the first field that can't be saved as it is.
+    // Returns:  true where all can be saved.
+    bool Check() const;
+
+private:
+    PersonEdits Edits() const;
+
+    Person m_person;
+    PhotoField* m_photo = nullptr;  // this and all others are the form's
+    std::vector<std::pair<PersonText, LineField*>> m_texts;
+    std::vector<DetailSection*> m_sections;
+};
+
+}  // namespace orvo::desktop

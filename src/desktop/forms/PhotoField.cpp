@@ -1,0 +1,197 @@
+// The photo of a person in a form.
+// SPDX-License-Identifier: MIT
+#include <QApplication>
+#include <QClipboard>
+#include <QDragEnterEvent>
+#include <QFileDialog>
+#include <QHBoxLayout>
+#include <QImageReader>
+#include <QJsonObject>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QStandardPaths>
+#include <QVBoxLayout>
+
+#include <desktop/details/PhotoImage.h>
+#include <desktop/forms/PhotoField.h>
+#include <desktop/forms/PhotoMaker.h>
+#include <desktop/texts/Texts.h>
+
+namespace orvo::desktop {
+namespace {
+
+constexpr int kSide = 80;  // pixels, of a screen without scaling
+
+// A head and shoulders, where there is no photo.
+void DrawNobody(QPainter& painter, const QColor& colour) {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colour);
+    constexpr QRectF head(0.34, 0.2, 0.32, 0.32);
+    constexpr QRectF shoulders(0.16, 0.58, 0.68, 0.9);
+    for (const QRectF& part : {head, shoulders}) {
+        painter.drawEllipse(QRectF(part.topLeft() * kSide, part.size() * kSide));
+    }
+}
+
+QString Pictures() {
+    QStringList patterns;
+    for (const QByteArray& format : QImageReader::supportedImageFormats()) {
+        patterns.append("*." + QString::fromLatin1(format));
+    }
+    return QString("%1 (%2)").arg(Text("Pictures"), patterns.join(' '));
+}
+
+}  // namespace
+
+PhotoField::PhotoField(const std::optional<PersonPhoto>& given) : m_given(given) {
+    setObjectName("photo");
+    setAcceptDrops(true);
+    m_face.setAutoRaise(true);
+    m_face.setIconSize({kSide, kSide});
+    m_face.setFocusPolicy(Qt::StrongFocus);
+    m_face.setAccessibleName(Text("Photo"));
+    m_face.setToolTip(Text("Click to choose a photo, drop one here, or paste one with Ctrl+V"));
+    m_remark.setTextFormat(Qt::PlainText);
+    m_remark.setWordWrap(true);
+    connect(&m_face, &QToolButton::clicked, this, [this] { Choose(); });
+    connect(&m_remove, &QPushButton::clicked, this, [this] { Remove(); });
+    LayOut();
+    ShowPhoto();
+}
+
+void PhotoField::LayOut() {
+    auto* choose = new QPushButton(Text("Choose photo..."));
+    auto* paste = new QPushButton(Text("Paste photo"));
+    m_remove.setText(Text("Remove photo"));
+    connect(choose, &QPushButton::clicked, this, [this] { Choose(); });
+    connect(paste, &QPushButton::clicked, this, [this] { Paste(); });
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(&m_face);
+    auto* column = new QVBoxLayout;
+    auto* buttons = new QHBoxLayout;
+    for (QPushButton* button : {choose, paste, &m_remove}) {
+        button->setAutoDefault(false);
+        buttons->addWidget(button);
+    }
+    buttons->addStretch();
+    column->addStretch();
+    column->addLayout(buttons);
+    column->addWidget(&m_remark);
+    column->addStretch();
+    row->addLayout(column, 1);
+}
+
+const PersonPhoto* PhotoField::Present() const {
+    const std::optional<PersonPhoto>& photo = m_edit ? m_edit : m_given;
+    return photo && !(photo->bytes.empty() && photo->link.empty()) ? &*photo : nullptr;
+}
+
+QString PhotoField::Remark(bool isSeen) const {
+    const PersonPhoto* photo = Present();
+    if (!photo || isSeen) return {};
+    if (photo->bytes.empty()) {
+        return Text("The photo is only a link, which isn't fetched: %1").arg(FromUtf8(photo->link));
+    }
+    return Text("The photo can't be shown.");
+}
+
+void PhotoField::ShowPhoto() {
+    const PersonPhoto* photo = Present();
+    QImage image;
+    if (photo) image = PhotoImage(photo->bytes, qRound(2 * kSide * devicePixelRatioF()));
+    m_face.setIcon(Face(image));
+    m_remove.setEnabled(photo != nullptr);
+    const QString remark = Remark(!image.isNull());
+    m_remark.setText(remark);
+    m_remark.setVisible(!remark.isEmpty());
+}
+
+QPixmap PhotoField::Face(const QImage& photo) const {
+    const qreal scale = devicePixelRatioF();
+    QPixmap face(QSize(kSide, kSide) * scale);
+    face.setDevicePixelRatio(scale);
+    face.fill(Qt::transparent);
+    QPainter painter(&face);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    QPainterPath circle;
+    circle.addEllipse(0, 0, kSide, kSide);
+    painter.setClipPath(circle);
+    if (photo.isNull()) {
+        painter.fillRect(0, 0, kSide, kSide, palette().color(QPalette::Midlight));
+        DrawNobody(painter, palette().color(QPalette::Mid));
+        return face;
+    }
+    QSizeF size = photo.size();
+    size.scale(kSide, kSide, Qt::KeepAspectRatioByExpanding);
+    painter.drawImage(QRectF(QPointF(kSide - size.width(), kSide - size.height()) / 2, size),
+                      photo);
+    return face;
+}
+
+void PhotoField::Take(const QImage& image, const QString& problem) {
+    if (!image.isNull()) {
+        m_edit = MakePhoto(image);
+        return ShowPhoto();
+    }
+    m_remark.setText(problem);
+    m_remark.show();
+}
+
+void PhotoField::Choose() {
+    const QString path = QFileDialog::getOpenFileName(
+        this, Text("Choose a photo"),
+        QStandardPaths::writableLocation(QStandardPaths::PicturesLocation), Pictures());
+    if (path.isEmpty()) return;
+    QString problem;
+    const QImage image = ReadPhoto(path, problem);
+    Take(image, problem);
+}
+
+void PhotoField::Paste() {
+    QString problem;
+    const QMimeData* data = QApplication::clipboard()->mimeData();
+    const QImage image = data ? ReadPhoto(*data, problem) : QImage();
+    Take(image, problem);
+}
+
+// One that was given is to be taken off the card.
+void PhotoField::Remove() {
+    m_edit = m_given ? std::optional(PersonPhoto()) : std::nullopt;
+    m_face.setFocus();
+    ShowPhoto();
+}
+
+void PhotoField::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Paste)) return Paste();
+    if (event->matches(QKeySequence::Delete) && Present()) return Remove();
+    QWidget::keyPressEvent(event);
+}
+
+void PhotoField::dragEnterEvent(QDragEnterEvent* event) {
+    if (MayBePhoto(*event->mimeData())) event->acceptProposedAction();
+}
+
+void PhotoField::dropEvent(QDropEvent* event) {
+    QString problem;
+    const QImage image = ReadPhoto(*event->mimeData(), problem);
+    event->acceptProposedAction();
+    Take(image, problem);
+}
+
+QJsonValue PhotoField::Kept() const {
+    if (!m_edit) return {};
+    const QByteArray bytes = QByteArray::fromStdString(m_edit->bytes);
+    return QJsonObject{{"mediaType", FromUtf8(m_edit->mediaType)},
+                       {"bytes", QString::fromLatin1(bytes.toBase64())}};
+}
+
+void PhotoField::ShowKept(const QJsonValue& kept) {
+    if (!kept.isObject()) return;
+    const QByteArray bytes = QByteArray::fromBase64(kept["bytes"].toString().toLatin1());
+    m_edit = PersonPhoto{kept["mediaType"].toString().toStdString(), bytes.toStdString(), {}};
+    ShowPhoto();
+}
+
+}  // namespace orvo::desktop

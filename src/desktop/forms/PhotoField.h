@@ -1,0 +1,53 @@
+// The photo of a person in a form.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QImage>
+#include <QLabel>
+#include <QPushButton>
+#include <QToolButton>
+#include <QWidget>
+#include <optional>
+
+#include <desktop/forms/KeptParts.h>
+#include <people/Person.h>
+
+namespace orvo::desktop {
+
+// Shows it round. The user chooses a file, drops or pastes a picture, or takes the photo away; what
+// can't be read is told beside it and changes nothing. A photo that is only a link isn't fetched.
+class PhotoField : public QWidget, public KeptParts {
+public:
+    explicit PhotoField(const std::optional<PersonPhoto>& given);
+
+    // What the photo becomes; one without bytes where it was taken away. Nothing where it stays.
+    const std::optional<PersonPhoto>& Edit() const { return m_edit; }
+
+    QJsonValue Kept() const override;
+    void ShowKept(const QJsonValue& kept) override;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void LayOut();
+    void Choose();
+    void Paste();
+    void Remove();
+    // Takes the picture, or says the problem where there is none.
+    void Take(const QImage& image, const QString& problem);
+    void ShowPhoto();
+    const PersonPhoto* Present() const;
+    QString Remark(bool isSeen) const;
+    QPixmap Face(const QImage& photo) const;
+
+    std::optional<PersonPhoto> m_given;
+    std::optional<PersonPhoto> m_edit;
+    QToolButton m_face;
+    QPushButton m_remove;
+    QLabel m_remark;
+};
+
+}  // namespace orvo::desktop
