@@ -7,7 +7,7 @@
 
 #include <contracts/Dates.h>
 #include <desktop/forms/DateField.h>
-#include <desktop/forms/DatePicture.h>
+#include <desktop/forms/DayPicture.h>
 #include <desktop/texts/Texts.h>
 
 namespace orvo::desktop {
@@ -37,7 +37,7 @@ DateField::DateField(const QString& text, long date, const CivilTime& preset, bo
     m_day.setLayoutDirection(Qt::LeftToRight);
     m_time.setLayoutDirection(Qt::LeftToRight);
     m_time.setDisplayFormat(QLocale().timeFormat(QLocale::ShortFormat));
-    m_day.setDisplayFormat(DatePicture());
+    m_day.setDisplayFormat(DayPicture());
     m_day.setDateRange(DayOf(0), DayOf(kMaxDate - 1));
     m_day.setDate(DayOf(m_start));
     m_day.setCalendarPopup(true);

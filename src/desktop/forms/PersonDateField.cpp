@@ -11,7 +11,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include <desktop/forms/DatePicture.h>
+#include <desktop/forms/DayPicture.h>
 #include <desktop/forms/PersonDateField.h>
 #include <desktop/texts/Texts.h>
 
@@ -25,7 +25,7 @@ constexpr qsizetype kYearDigits = 4;
 QString PictureWithoutYear() {
     static const QRegularExpression first(R"(^y+[\s./-]*)");
     static const QRegularExpression last(R"([\s/-]*y+)");
-    return DatePicture().remove(first).remove(last);
+    return DayPicture().remove(first).remove(last);
 }
 
 bool Exists(const PersonDate& date) {
@@ -89,7 +89,7 @@ QString OrderOfParts(const QString& picture) {
 QString ShownDate(const PersonDate& date) {
     if (!date.ComesBack()) return FromUtf8(FormatPersonDate(date));
     const QDate day(date.year == 0 ? kAnyYear : date.year, date.month, date.day);
-    return QLocale().toString(day, date.year == 0 ? PictureWithoutYear() : DatePicture());
+    return QLocale().toString(day, date.year == 0 ? PictureWithoutYear() : DayPicture());
 }
 
 std::optional<PersonDate> ReadShownDate(const QString& text) {
@@ -98,7 +98,7 @@ std::optional<PersonDate> ReadShownDate(const QString& text) {
     const int month = TakeMonth(rest);
     const std::optional<QStringList> numbers = NumbersOf(rest);
     if (!numbers) return std::nullopt;
-    const QString order = OrderOfParts(DatePicture());
+    const QString order = OrderOfParts(DayPicture());
     const QStringList pictures = month != 0 ? QStringList{"d", "dy", "yd"}
                                             : QStringList{order, "yMd", QString(order).remove('y')};
     for (const QString& picture : pictures) {

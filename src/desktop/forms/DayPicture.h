@@ -7,7 +7,7 @@
 namespace orvo::desktop {
 
 // As the user's country writes it, with all digits of the year: "dd.MM.yyyy".
-inline QString DatePicture() {
+inline QString DayPicture() {
     QString picture = QLocale().dateFormat(QLocale::ShortFormat);
     if (!picture.contains("yyyy")) picture.replace("yy", "yyyy");
     return picture;
