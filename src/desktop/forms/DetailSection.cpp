@@ -37,6 +37,9 @@ DetailKind SectionOf(const Detail& detail) {
     return isDay ? DetailKind::Date : detail.kind;
 }
 
+// More than a person has; so many fields would take long to show.
+constexpr std::size_t kMostRows = 500;
+
 // A label of an address has no parts, and an agent may be a whole card.
 bool IsEditable(const Detail& detail) {
     return !detail.isOfRecord && detail.property != "LABEL" && detail.property != "AGENT";
@@ -50,7 +53,12 @@ DetailSection::DetailSection(DetailKind kind, const Person& person)
     m_column->setContentsMargins(0, 0, 0, 0);
     m_column->addWidget(m_heading);
     for (const Detail& detail : person.details) {
-        if (SectionOf(detail) == kind && IsEditable(detail)) AddRow(detail, false);
+        if (SectionOf(detail) != kind || !IsEditable(detail)) continue;
+        if (m_rows.size() == kMostRows) {
+            m_column->addWidget(new QLabel(QChar(0x2026)));
+            break;
+        }
+        AddRow(detail, false);
     }
     ShowHeading();
     AddButton();

@@ -54,6 +54,7 @@ PhotoField::PhotoField(const std::optional<PersonPhoto>& given) : m_given(given)
     m_face.setToolTip(Text("Click to choose a photo, drop one here, or paste one with Ctrl+V"));
     m_remark.setTextFormat(Qt::PlainText);
     m_remark.setWordWrap(true);
+    m_remark.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);  // a long name is cut off
     connect(&m_face, &QToolButton::clicked, this, [this] { Choose(); });
     connect(&m_remove, &QPushButton::clicked, this, [this] { Remove(); });
     LayOut();
@@ -92,7 +93,10 @@ QString PhotoField::Remark(bool isSeen) const {
     const PersonPhoto* photo = Present();
     if (!photo || isSeen) return {};
     if (photo->bytes.empty()) {
-        return Text("The photo is only a link, which isn't fetched: %1").arg(FromUtf8(photo->link));
+        constexpr int longest = 60;  // characters
+        const QString link = fontMetrics().elidedText(FromUtf8(photo->link), Qt::ElideMiddle,
+                                                      longest * fontMetrics().averageCharWidth());
+        return Text("The photo is only a link, which isn't fetched: %1").arg(link);
     }
     return Text("The photo can't be shown.");
 }

@@ -8,6 +8,7 @@
 #include <QLocale>
 #include <QPainter>
 #include <QUrl>
+#include <algorithm>
 
 #include <desktop/details/PhotoImage.h>
 #include <desktop/forms/PhotoMaker.h>
@@ -54,7 +55,7 @@ QImage ReadPhoto(const QString& path, QString& problem) {
     QFile file(path);
     // One that is no file may never end.
     if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
-        problem = Text("The file \"%1\" can't be read.").arg(path);
+        problem = Text("The file \"%1\" can't be read.").arg(QFileInfo(path).fileName());
         return {};
     }
     if (file.size() > kMostMegabytes * kMegabyte) {

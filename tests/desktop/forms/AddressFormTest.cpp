@@ -1,6 +1,8 @@
 // The form of an address.
 // SPDX-License-Identifier: MIT
 #include <QComboBox>
+#include <QDropEvent>
+#include <QMimeData>
 #include <QRadioButton>
 
 #include <desktop/forms/FormFixture.h>
@@ -128,6 +130,49 @@ TEST_F(AddressFormTest, AnEditedFieldKeepsItsOtherLineBreaks) {
 
     EXPECT_EQ(Stored(AddressField::Name), "Ann\nLee!");
     EXPECT_EQ(Stored(AddressField::Address), "a\r\nb\r\nc");
+}
+
+// The field of a row that only the card holds.
+QLineEdit& RowField(QDialog& form, const QString& name) {
+    for (auto* field : form.findChildren<QLineEdit*>()) {
+        if (field->accessibleName() == name) return *field;
+    }
+    throw std::runtime_error("no row " + name.toStdString());
+}
+
+TEST_F(AddressFormTest, ARowFindsItsLineOnACardThatHasBecomeAnotherMeanwhile) {
+    record.SetSource("BEGIN:VCARD\nVERSION:3.0\nN:Lee\nX-SPOUSE:Bob\nEND:VCARD\n", "");
+    own.addresses.Add(record);
+
+    Save([this](QDialog& form) {
+        const auto theirs = FormHands::Stored();
+        theirs->SetSource("BEGIN:VCARD\nVERSION:3.0\nX-NEW:1\nN:Lee\nX-SPOUSE:Bob\nEND:VCARD\n",
+                          "");
+        RowField(form, "Relation").setText("Tom");
+    });
+
+    EXPECT_EQ(SourceOf(*FormHands::Stored()),
+              "BEGIN:VCARD\nVERSION:3.0\nX-NEW:1\nN:Lee\nX-SPOUSE:Tom\nEND:VCARD\n");
+}
+
+TEST_F(AddressFormTest, ACardIsSavedAsNewWithThePictureThatWasDroppedOnIt) {
+    record.SetSource("BEGIN:VCARD\nVERSION:3.0\nN:Lee\nX-KEPT:1\nEND:VCARD\n", "");
+    own.addresses.Add(record);
+    QMimeData picture;
+    picture.setImageData(QImage(2, 2, QImage::Format_RGB32));
+
+    EXPECT_TRUE(Edit({[&](QDialog& form) {
+                          other.addresses.Delete(*FormHands::Stored());
+                          auto& photo = Field<QWidget>(form, "photo");
+                          QDragEnterEvent enter({}, Qt::CopyAction, &picture, Qt::LeftButton, {});
+                          QApplication::sendEvent(&photo, &enter);
+                          QDropEvent drop({}, Qt::CopyAction, &picture, Qt::LeftButton, {});
+                          QApplication::sendEvent(&photo, &drop);
+                          desktop::Save(form);
+                      },
+                      Pressing("Save as new")}));
+
+    EXPECT_THAT(SourceOf(record), testing::ContainsRegex("X-KEPT:1\nPHOTO;.*\nEND:VCARD"));
 }
 
 TEST_F(AddressFormTest, LongTextsStayWhole) {
