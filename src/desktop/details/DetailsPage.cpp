@@ -153,7 +153,7 @@ QString SoonText(long days) {
 
 }  // namespace
 
-QString DayText(const PersonDate& date, std::chrono::sys_days today) {
+QString DayText(const PersonDate& date) {
     // A year that holds every day stands in for one that isn't told.
     constexpr int anyYear = 2000;
     const QDate day(date.year == 0 ? anyYear : date.year, date.month, date.day);
@@ -162,10 +162,14 @@ QString DayText(const PersonDate& date, std::chrono::sys_days today) {
     static const QRegularExpression year(R"([\s,./-]*('de'\s+)?y+年?[\s.]*)");
     format.remove(weekday);
     if (date.year == 0) format.remove(year);
+    return QLocale().toString(day, format);
+}
+
+QString DayText(const PersonDate& date, std::chrono::sys_days today) {
     const QString soon = SoonText((NextDay(date, today) - today).count());
     const std::optional<int> years = YearsAtNextDay(date, today);
     const QString when = years ? Text("%1 years %2").arg(QLocale().toString(*years), soon) : soon;
-    return QString("%1 (%2)").arg(QLocale().toString(day, format), when);
+    return QString("%1 (%2)").arg(DayText(date), when);
 }
 
 QString HtmlOf(const PageOfPerson& page, bool hasPhoto, const QColor& quiet) {

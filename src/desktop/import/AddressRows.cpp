@@ -23,7 +23,22 @@ constexpr std::array<const char*, kPlainFields.size()> kLabels{
     Untranslated("ZIP code"),
     Untranslated("Country")};
 
+constexpr std::array kAddressParts{AddressField::Address, AddressField::City, AddressField::State,
+                                   AddressField::ZipCode, AddressField::Country};
+
 }  // namespace
+
+bool IsAddressPart(AddressField field) {
+    return std::find(kAddressParts.begin(), kAddressParts.end(), field) != kAddressParts.end();
+}
+
+bool AddressFits(const CAddressRecord& first, const CAddressRecord& second) {
+    return std::all_of(kAddressParts.begin(), kAddressParts.end(), [&](AddressField field) {
+        const std::string_view left = first.Utf8(field);
+        const std::string_view right = second.Utf8(field);
+        return left.empty() || right.empty() || left == right;
+    });
+}
 
 QString LabelOf(AddressField field) {
     const auto* const place = std::find(kPlainFields.begin(), kPlainFields.end(), field);

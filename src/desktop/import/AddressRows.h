@@ -17,6 +17,11 @@ inline constexpr std::array kPlainFields{
     AddressField::Title,     AddressField::Address, AddressField::City,
     AddressField::State,     AddressField::ZipCode, AddressField::Country};
 
+// Parts of different addresses would make one that there isn't.
+bool IsAddressPart(AddressField field);
+// True where the parts of both together make one address.
+bool AddressFits(const CAddressRecord& first, const CAddressRecord& second);
+
 // One of kPlainFields.
 QString LabelOf(AddressField field);
 // The label of a slot, 1 to 5, and of a custom field, 1 to 4.

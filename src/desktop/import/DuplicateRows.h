@@ -2,41 +2,27 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QAbstractTableModel>
+#include <QString>
+#include <array>
+#include <string>
 #include <vector>
 
-#include <contracts/RecordStore.h>
+#include <desktop/import/MergeChoices.h>
 
 namespace orvo::desktop {
 
-// The columns: what the field is called, and its text in the two addresses.
-class DuplicateRows : public QAbstractTableModel {
-public:
-    DuplicateRows(QString first, QString second)
-        : m_first(std::move(first)), m_second(std::move(second)) {}
-
-    // Fields that are empty in both are left out.
-    void Show(const CAddressRecord& first, const CAddressRecord& second);
-
-    int rowCount(const QModelIndex& parent) const override;
-    int columnCount(const QModelIndex& parent) const override;
-    QVariant data(const QModelIndex& index, int role) const override;
-    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
-
-private:
-    struct Row {
-        QString label;
-        QString first;
-        QString second;
-        bool differs;
-    };
-
-    void Add(const QString& label, const QString& first, const QString& second);
-    void AddPhones(const CAddressRecord& first, const CAddressRecord& second);
-
-    QString m_first;
-    QString m_second;
-    std::vector<Row> m_rows;
+// A field as the first and the second address have it.
+struct DuplicateRow {
+    QString label;
+    std::array<QString, 2> texts;
+    std::array<std::string, 2> photos;  // the bytes of a picture, for which no text stands then
+    bool differs = false;
+    MergeChoices ofSecond;     // what is chosen by taking the second one's; empty where both stay
+    bool takesSecond = false;  // what is usual
 };
+
+// All that either says, whether a field of the record holds it or only the card that it came from;
+// fields that are empty in both are left out.
+std::vector<DuplicateRow> RowsOf(const CAddressRecord& first, const CAddressRecord& second);
 
 }  // namespace orvo::desktop

@@ -3,17 +3,14 @@
 #include <QCheckBox>
 #include <QDialog>
 #include <QDialogButtonBox>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLocale>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QStyledItemDelegate>
-#include <QTableView>
 #include <QVBoxLayout>
 #include <map>
 
-#include <desktop/import/DuplicateRows.h>
+#include <desktop/import/DuplicateTable.h>
 #include <desktop/import/DuplicatesDialog.h>
 #include <desktop/import/MergeAddresses.h>
 #include <desktop/texts/Texts.h>
@@ -26,15 +23,6 @@ constexpr auto kGone = static_cast<long>(StoreStatus::Gone);
 
 enum class Decision { Merge, KeepBoth, DeleteSecond };
 
-// Leaves room between the lines of a table.
-class RoomyCells : public QStyledItemDelegate {
-public:
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-        constexpr int kRoom = 8;
-        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, kRoom);
-    }
-};
-
 class DuplicatesDialog : public QDialog {
 public:
     DuplicatesDialog(QWidget* parent, CAddressTable& table, const std::vector<DuplicatePair>& pairs,
@@ -46,11 +34,10 @@ public:
           m_isImport(origin == DuplicateOrigin::Import),
           m_first(table),
           m_second(table),
-          m_rows(m_isImport ? Text("In the store") : Text("First address"),
+          m_view(m_isImport ? Text("In the store") : Text("First address"),
                  m_isImport ? Text("Imported") : Text("Second address")) {
         setWindowTitle(Text("Possible duplicates"));
         resize(kDuplicatesSize);
-        MakeView();
         m_all = new QCheckBox(Text("&Apply to all that remain"));
         auto* layout = new QVBoxLayout(this);
         layout->addWidget(&m_count);
@@ -59,6 +46,7 @@ public:
         layout->addWidget(MakeButtons());
         m_merge->setDefault(true);  // in the dialog now, it stands before Close
         m_merge->setFocus();
+        setTabOrder(m_last, m_close);
         ShowNext();
     }
 
@@ -66,29 +54,14 @@ public:
     bool IsChanged() const { return m_isChanged; }
 
 private:
-    void MakeView() {
-        m_view.setModel(&m_rows);
-        m_view.setItemDelegate(&m_cells);
-        m_view.setAccessibleName(Text("Both addresses, field by field"));
-        m_view.setSelectionBehavior(QAbstractItemView::SelectRows);
-        m_view.setSelectionMode(QAbstractItemView::NoSelection);
-        m_view.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-        m_view.setTabKeyNavigation(false);
-        m_view.verticalHeader()->hide();
-        QHeaderView& header = *m_view.horizontalHeader();
-        header.setHighlightSections(false);
-        header.setDefaultAlignment(Qt::AlignLeading | Qt::AlignVCenter);
-        header.setSectionResizeMode(QHeaderView::Stretch);
-        header.setSectionResizeMode(0, QHeaderView::ResizeToContents);
-        m_view.verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    }
-
     QDialogButtonBox* MakeButtons() {
         auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
         m_merge = AddButton(*buttons, Text("&Merge"), Decision::Merge);
         AddButton(*buttons, Text("&Keep both"), Decision::KeepBoth);
-        AddButton(*buttons, m_isImport ? Text("&Skip the imported one") : Text("&Delete second"),
-                  Decision::DeleteSecond);
+        m_last = AddButton(*buttons,
+                           m_isImport ? Text("&Skip the imported one") : Text("&Delete second"),
+                           Decision::DeleteSecond);
+        m_close = buttons->button(QDialogButtonBox::Close);
         connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
         return buttons;
     }
@@ -131,8 +104,7 @@ private:
                             .arg(locale.toString(static_cast<qulonglong>(m_place) + 1),
                                  locale.toString(static_cast<qulonglong>(m_pairs.size()))));
         m_all->setVisible(m_place + 1 < m_pairs.size());
-        m_rows.Show(m_first, m_second);
-        m_view.scrollToTop();
+        m_view.Show(RowsOf(m_first, m_second));
     }
 
     void Decide(Decision decision) {
@@ -156,11 +128,14 @@ private:
     }
 
     long Change(Decision decision, std::size_t end) {
+        const MergeChoices choices = m_view.Choices();
         for (std::size_t i = m_place; i < end; ++i) {
             long status = Read(m_pairs[i]);
             if (status == kGone) continue;
             if (status == 0 && decision == Decision::Merge) {
-                status = MergeInto(m_first, m_second);
+                // What was chosen is for the pair that is seen.
+                status = MergeInto(m_first, m_second,
+                                   i == m_place ? choices : UsualChoices(m_first, m_second));
                 m_mergedInto[m_second.GetId()] = m_first.GetId();
             } else if (status == 0) {
                 status = m_table.Delete(m_second);
@@ -186,12 +161,12 @@ private:
     CAddressRecord m_second;
     std::size_t m_place = 0;
     std::map<std::int64_t, std::int64_t> m_mergedInto;
-    DuplicateRows m_rows;
     QLabel m_count;
-    RoomyCells m_cells;
-    QTableView m_view;
+    DuplicateTable m_view;
     QCheckBox* m_all = nullptr;  // Qt's
     QPushButton* m_merge = nullptr;
+    QPushButton* m_last = nullptr;  // but for m_close
+    QPushButton* m_close = nullptr;
     bool m_isChanged = false;
 };
 

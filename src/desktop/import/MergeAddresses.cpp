@@ -5,6 +5,7 @@
 #include <desktop/import/AddressRows.h>
 #include <desktop/import/Duplicates.h>
 #include <desktop/import/MergeAddresses.h>
+#include <desktop/import/NumberPairs.h>
 #include <desktop/texts/Texts.h>
 #include <exchange/cards/CardMerge.h>
 #include <exchange/files/ImportFile.h>
@@ -14,17 +15,6 @@ namespace {
 
 using enum AddressField;
 
-// Parts of different ones would make an address that there isn't.
-constexpr std::array kAddressParts{Address, City, State, ZipCode, Country};
-
-bool IsAddressPart(AddressField field) {
-    return std::find(kAddressParts.begin(), kAddressParts.end(), field) != kAddressParts.end();
-}
-
-std::ptrdiff_t DigitsOf(const std::string& number) {
-    return std::count_if(number.begin(), number.end(), [](char c) { return c >= '0' && c <= '9'; });
-}
-
 bool HasWords(const std::string& number) {
     const std::string_view signs = "0123456789+-/(). \t";
     return number.find_first_not_of(signs) != std::string::npos;
@@ -32,16 +22,23 @@ bool HasWords(const std::string& number) {
 
 class Merge {
 public:
-    Merge(CAddressRecord& kept, CAddressRecord& other)
-        : m_kept(kept), m_other(other), m_table(static_cast<CAddressTable&>(kept.GetTable())) {}
+    Merge(CAddressRecord& kept, CAddressRecord& other, const MergeChoices& choices)
+        : m_kept(kept),
+          m_other(other),
+          m_choices(choices),
+          m_table(static_cast<CAddressTable&>(kept.GetTable())) {}
 
     long Run() {
-        const bool fits = AddressFits();
+        const bool fits = AddressFits(m_kept, m_other);
         for (const AddressField field : kPlainFields) {
-            TakeField(field, LabelOf(field), fits || !IsAddressPart(field));
+            const bool isPart = IsAddressPart(field);
+            const bool isChosen = m_choices.fields.contains(isPart ? Address : field);
+            TakeField(field, LabelOf(field), fits || !isPart, isChosen);
         }
         for (int number = 1; number <= kCustomFields; ++number) {
-            TakeField(CustomField(number), CustomLabelOf(m_table, number), true);
+            const AddressField field = CustomField(number);
+            TakeField(field, CustomLabelOf(m_table, number), true,
+                      m_choices.fields.contains(field));
         }
         TakePhones();
         TakeCategory();
@@ -58,26 +55,19 @@ private:
         if (m_status == 0) m_status = status;
     }
 
-    bool AddressFits() const {
-        return std::all_of(kAddressParts.begin(), kAddressParts.end(), [&](AddressField field) {
-            const std::string_view kept = m_kept.Utf8(field);
-            const std::string_view other = m_other.Utf8(field);
-            return kept.empty() || other.empty() || kept == other;
-        });
-    }
-
-    void TakeField(AddressField field, const QString& label, bool mayFill) {
-        const std::string_view kept = m_kept.Utf8(field);
+    // `isWhole` is false for a part of one of two addresses that don't go together.
+    void TakeField(AddressField field, const QString& label, bool isWhole, bool isChosen) {
+        const std::string kept(m_kept.Utf8(field));
         const std::string_view other = m_other.Utf8(field);
-        if (other.empty() || kept == other) return;
-        if (kept.empty() && mayFill) {
-            Check(m_kept.SetUtf8(field, other));
-        } else {
-            Remember(label, other);
-        }
+        if (kept == other) return;
+        const bool fills = isWhole && (kept.empty() || other.empty());
+        const bool takes = fills ? kept.empty() : isChosen;
+        if (takes) Check(m_kept.SetUtf8(field, other));
+        if (!fills) Remember(label, takes ? std::string_view(kept) : other);
     }
 
     void Remember(const QString& label, std::string_view text) {
+        if (text.empty()) return;
         if (!m_lines.empty()) m_lines += '\n';
         m_lines += Text("%1: %2").arg(label, FromUtf8(text)).toStdString();
     }
@@ -88,20 +78,43 @@ private:
         const bool hadNone = std::all_of(kSlots.begin(), kSlots.end(), [&](long slot) {
             return m_kept.Utf8(PhoneField(slot)).empty();
         });
-        for (const long slot : kSlots) {
-            const std::string text(m_other.Utf8(PhoneField(slot)));
-            if (text.empty()) continue;
-            const long taken = TakePhone(slot, text);
-            if (hadNone && slot == display && taken != 0) Check(m_kept.SetDisplayPhone(taken));
+        for (const NumberPair& pair : PairNumbers(m_kept, m_other)) {
+            if (pair.second == 0) continue;
+            long taken = pair.first;
+            if (taken == 0) {
+                taken = TakePhone(pair.second);
+            } else {
+                Decide(pair, m_choices.fields.contains(PhoneField(pair.first)));
+            }
+            if (hadNone && pair.second == display && taken != 0) {
+                Check(m_kept.SetDisplayPhone(taken));
+            }
         }
     }
 
+    // One of both stays. What the other one says goes into the note, unless it says the same.
+    void Decide(const NumberPair& pair, bool takes) {
+        const std::string kept(m_kept.Utf8(PhoneField(pair.first)));
+        const std::string other(m_other.Utf8(PhoneField(pair.second)));
+        const std::string& stays = takes ? other : kept;
+        const std::string& goes = takes ? kept : other;
+        const bool isMail = goes.find('@') != std::string::npos;
+        const bool saysMore = kept != other && !isMail && (HasWords(goes) || SaysMore(goes, stays));
+        if (!pair.isSame || saysMore) {
+            Remember(takes ? PhoneLabelOf(m_kept, pair.first) : PhoneLabelOf(m_other, pair.second),
+                     goes);
+        }
+        if (takes) PutPhone(pair.first, pair.second);
+    }
+
     // Returns:  the slot in which the number is now; 0 where it is in none.
-    long TakePhone(long slot, const std::string& text) {
+    long TakePhone(long slot) {
+        const std::string text(m_other.Utf8(PhoneField(slot)));
         for (const long present : kSlots) {
             const std::string_view kept = m_kept.Utf8(PhoneField(present));
             if (kept != text && !IsSameContact(kept, text)) continue;
-            KeepFuller(present, slot, text);
+            Decide({present, slot, true},
+                   text.find('@') == std::string::npos && SaysMore(text, kept));
             return present;
         }
         const auto* const free = std::find_if(kSlots.begin(), kSlots.end(), [&](long each) {
@@ -111,23 +124,15 @@ private:
             Remember(PhoneLabelOf(m_other, slot), text);
             return 0;
         }
-        long label = 0;
-        Check(m_other.GetPhoneLabelID(slot, label));
-        Check(m_kept.SetPhoneLabelID(*free, label));
-        Check(m_kept.SetUtf8(PhoneField(*free), text));
+        PutPhone(*free, slot);
         return *free;
     }
 
-    // Of two ways to write a number the one that says more of it stays; words go into the note.
-    void KeepFuller(long present, long slot, const std::string& text) {
-        std::string dropped = text;
-        const std::string kept(m_kept.Utf8(PhoneField(present)));
-        if (kept == text || text.find('@') != std::string::npos) return;
-        if (DigitsOf(text) > DigitsOf(kept)) {
-            Check(m_kept.SetUtf8(PhoneField(present), text));
-            dropped = kept;
-        }
-        if (HasWords(dropped)) Remember(PhoneLabelOf(m_other, slot), dropped);
+    void PutPhone(long slot, long otherSlot) {
+        long label = 0;
+        Check(m_other.GetPhoneLabelID(otherSlot, label));
+        Check(m_kept.SetPhoneLabelID(slot, label));
+        Check(m_kept.SetUtf8(PhoneField(slot), m_other.Utf8(PhoneField(otherSlot))));
     }
 
     void TakeCategory() {
@@ -136,11 +141,9 @@ private:
         Check(m_kept.GetCategoryId(kept));
         Check(m_other.GetCategoryId(other));
         if (other == kNoCategory || kept == other) return;
-        if (kept == kNoCategory) {
-            Check(m_kept.SetCategoryId(other));
-        } else {
-            Remember(Text("Category"), CategoryOf(m_other));
-        }
+        const bool takes = kept == kNoCategory || m_choices.category;
+        Remember(Text("Category"), CategoryOf(takes ? m_kept : m_other));
+        if (takes) Check(m_kept.SetCategoryId(other));
     }
 
     void TakeNote() {
@@ -162,7 +165,7 @@ private:
 
     long TakeLines() {
         try {
-            return AddLinesOfOther(m_kept, m_other, m_table);
+            return AddLinesOfOther(m_kept, m_other, m_table, m_choices.properties);
         } catch (const ExchangeError&) {
             return static_cast<long>(StoreStatus::Failed);
         }
@@ -172,6 +175,7 @@ private:
 
     CAddressRecord& m_kept;
     CAddressRecord& m_other;
+    const MergeChoices& m_choices;
     CAddressTable& m_table;
     std::string m_lines;  // for the note
     long m_status = 0;
@@ -179,8 +183,12 @@ private:
 
 }  // namespace
 
+long MergeInto(CAddressRecord& kept, CAddressRecord& other, const MergeChoices& choices) {
+    return Merge(kept, other, choices).Run();
+}
+
 long MergeInto(CAddressRecord& kept, CAddressRecord& other) {
-    return Merge(kept, other).Run();
+    return MergeInto(kept, other, UsualChoices(kept, other));
 }
 
 }  // namespace orvo::desktop

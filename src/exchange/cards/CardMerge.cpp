@@ -21,9 +21,33 @@ namespace {
 constexpr std::string_view kOtherPrefix = "X-ORVO-OTHER-";
 
 constexpr std::array<std::string_view, 3> kFrame{"BEGIN", "END", "VERSION"};
-// Of these a card has one at the most.
-constexpr std::array<std::string_view, 8> kSingle{"KIND", "BDAY", "ANNIVERSARY", "GENDER",
-                                                  "UID",  "REV",  "PRODID",      "SOURCE"};
+
+struct OnceRule {
+    std::string_view property;
+    std::string_view name;
+};
+constexpr std::array kOnce{
+    OnceRule{"KIND", "KIND"},
+    OnceRule{"PHOTO", "PHOTO"},
+    OnceRule{"NICKNAME", "NICKNAME"},
+    OnceRule{"BDAY", "BDAY"},
+    OnceRule{"ANNIVERSARY", "ANNIVERSARY"},
+    OnceRule{"X-ANNIVERSARY", "ANNIVERSARY"},
+    OnceRule{"X-EVOLUTION-ANNIVERSARY", "ANNIVERSARY"},
+    OnceRule{"X-KADDRESSBOOK-X-ANNIVERSARY", "ANNIVERSARY"},
+    OnceRule{"X-MS-ANNIVERSARY", "ANNIVERSARY"},
+    OnceRule{"GENDER", "GENDER"},
+    OnceRule{"X-GENDER", "GENDER"},
+    OnceRule{"X-WAB-GENDER", "GENDER"},
+    OnceRule{"BIRTHPLACE", "BIRTHPLACE"},
+    OnceRule{"DEATHDATE", "DEATHDATE"},
+    OnceRule{"DEATHPLACE", "DEATHPLACE"},
+    OnceRule{"X-MAIDENNAME", "X-MAIDENNAME"},
+    OnceRule{"UID", "UID"},
+    OnceRule{"REV", "REV"},
+    OnceRule{"PRODID", "PRODID"},
+    OnceRule{"SOURCE", "SOURCE"},
+};
 // What these say a field holds as a whole. Of names, companies and categories there is more.
 constexpr std::array kWhole{Property::Title,
                             Property::Address,
@@ -86,9 +110,11 @@ std::string_view WithoutLineEnd(std::string_view text) {
     return text;
 }
 
+using OnceNames = std::set<std::string, std::less<>>;
+
 class Merger {
 public:
-    Merger(const SourceCard& kept, const SourceCard& other)
+    Merger(const SourceCard& kept, const SourceCard& other, const OnceNames& ofOther)
         : m_kept(kept.entry),
           m_other(other.entry),
           m_dialect(DialectOfCard(m_kept.lines)),
@@ -97,16 +123,22 @@ public:
           m_edits(m_kept.lines, m_dialect, kept.origin.charset),
           m_otherEdits(m_other.lines, m_otherDialect, other.origin.charset) {
         DeriveFields(m_other.lines, m_otherDialect, other.origin.charset, m_fields);
-        for (const ContentLine& line : m_kept.lines) {
-            m_groups.insert(Upper(line.group));
-            m_names.insert(Upper(line.name));
+        for (const ContentLine& line : m_other.lines) {
+            if (ofOther.contains(ChoiceOf(line))) m_ofOther.insert(std::string(ChoiceOf(line)));
         }
         for (std::size_t i = 0; i < m_kept.lines.size(); ++i) {
-            m_present.insert(Key(m_kept.lines[i], m_edits.ValueOf(static_cast<std::ptrdiff_t>(i))));
+            const ContentLine line = m_kept.lines[i];
+            m_groups.insert(Upper(line.group));
+            if (IsOfOther(line)) continue;
+            m_once.insert(OnceName(line.name));
+            m_present.insert(Key(line, m_edits.ValueOf(static_cast<std::ptrdiff_t>(i))));
         }
     }
 
     void Run() {
+        for (std::size_t i = 0; i < m_kept.lines.size(); ++i) {
+            if (IsOfOther(m_kept.lines[i])) PutAside(i);
+        }
         for (std::size_t i = 0; i + 1 < m_other.lines.size(); ++i) Take(i);
     }
 
@@ -126,6 +158,17 @@ private:
         return line.name.empty() ? std::string() : Upper(line.name) + ":" + std::string(value);
     }
 
+    // What the line is in the names of those to choose from; empty for one that is in none of them.
+    static std::string_view ChoiceOf(const ContentLine& line) {
+        const std::optional<Property> property = PropertyOf(line);
+        if (property == Property::Name) return "N";
+        if (property == Property::FormattedName) return "FN";
+        if (property == Property::Organization) return "ORG";
+        return OnceName(line.name);
+    }
+
+    bool IsOfOther(const ContentLine& line) const { return m_ofOther.contains(ChoiceOf(line)); }
+
     // True where a field of the record holds all of the line.
     bool IsHeld(std::size_t number, Property property) const {
         const auto line = static_cast<std::ptrdiff_t>(number);
@@ -138,13 +181,17 @@ private:
             return m_hasCategory && m_fields.categories.size() == 1;
         }
         if (m_fields.Line(property) != line) return false;
-        if (property == Property::Name) return HasOnlyParts(number, 2);
-        if (property == Property::Organization) return HasOnlyParts(number, 1);
-        return std::find(kWhole.begin(), kWhole.end(), property) != kWhole.end();
+        if (!HasOnlyHeldParts(m_other.lines[number])) return false;
+        return property == Property::Name || property == Property::Organization ||
+               std::find(kWhole.begin(), kWhole.end(), property) != kWhole.end();
     }
 
-    bool HasOnlyParts(std::size_t number, std::size_t count) const {
-        PartWalk walk(m_other.lines[number].value, ";");
+    // False where a name or a company has more parts than there are fields for them.
+    static bool HasOnlyHeldParts(const ContentLine& line) {
+        const std::string_view choice = ChoiceOf(line);
+        const std::size_t count = choice == "N" ? 2 : 1;
+        if (count == 1 && choice != "ORG") return true;
+        PartWalk walk(line.value, ";");
         std::string_view part;
         for (std::size_t i = 0; walk.Next(part); ++i) {
             if (i >= count && !IsBlank(part)) return false;
@@ -166,8 +213,9 @@ private:
         const std::string value = m_otherEdits.ValueOf(static_cast<std::ptrdiff_t>(number));
         const bool isWhole = !value.empty() && !OpensAgent(line);
         if (isWhole && m_present.contains(Key(line, value))) return;
-        const bool isSecond = IsOneOf(line.name, kSingle) && m_names.contains(Upper(line.name));
-        Add(number, property.has_value() || isSecond);
+        const std::string_view once = OnceName(line.name);
+        const bool isSecond = !once.empty() && m_once.contains(once);
+        Add(number, (property.has_value() || isSecond) && !IsOfOther(line));
         m_addedLast = true;
     }
 
@@ -180,16 +228,41 @@ private:
         return !IsQuotedDialect(m_dialect) || IsAscii(line.source);
     }
 
+    static std::string FullName(const ContentLine& line, std::string_view group,
+                                bool underOurName) {
+        return fmt::format("{}{}{}{}", group, group.empty() ? "" : ".",
+                           underOurName ? kOtherPrefix : std::string_view(), line.name);
+    }
+
+    // The line as it came, under that name; empty where it has to be written anew.
+    std::string Renamed(const ContentLine& line, const std::string& name) const {
+        // A line whose name is folded doesn't begin with it.
+        const std::string head = FullName(line, line.group, false);
+        if (!CanStayAsItIs(line) || !line.source.starts_with(head)) return {};
+        return name + std::string(WithoutLineEnd(line.source.substr(head.size())));
+    }
+
+    // A line of the kept card stays at its place, under our name; but for what fields have held.
+    void PutAside(std::size_t number) {
+        const ContentLine& line = m_kept.lines[number];
+        const bool hasParts = ChoiceOf(line) == "N" || ChoiceOf(line) == "ORG";
+        if (hasParts && HasOnlyHeldParts(line)) {
+            m_edits.At(static_cast<std::ptrdiff_t>(number)).isRemoved = true;
+            return;
+        }
+        const std::string name = FullName(line, line.group, true);
+        EditedLine& edited = m_edits.At(static_cast<std::ptrdiff_t>(number));
+        std::string renamed = Renamed(line, name);
+        edited.name = renamed.empty() ? name : std::string();
+        if (!renamed.empty()) edited.value = std::move(renamed);
+    }
+
     void Add(std::size_t number, bool underOurName) {
         const ContentLine& line = m_other.lines[number];
-        std::string name(underOurName ? kOtherPrefix : std::string_view());
-        name += line.name;
-        if (!line.group.empty()) name = NewGroup(line.group) + "." + name;
-        // A line whose name is folded doesn't begin with it.
-        const std::string head =
-            (line.group.empty() ? "" : std::string(line.group) + ".") + std::string(line.name);
-        if (CanStayAsItIs(line) && line.source.starts_with(head)) {
-            AddAsItIs(name + std::string(line.source.substr(head.size())));
+        const std::string group = line.group.empty() ? std::string() : NewGroup(line.group);
+        const std::string name = FullName(line, group, underOurName);
+        if (const std::string renamed = Renamed(line, name); !renamed.empty()) {
+            AddAsItIs(renamed);
             return;
         }
         EditedLine edited = m_otherEdits.At(static_cast<std::ptrdiff_t>(number));
@@ -233,7 +306,8 @@ private:
     LineEdits m_otherEdits;
     CardFields m_fields;  // of the other card
     std::set<std::string> m_groups;
-    std::set<std::string> m_names;
+    OnceNames m_ofOther;                // of these the lines of the other card stay
+    std::set<std::string_view> m_once;  // what the kept card says once
     std::set<std::string> m_present;
     std::map<std::string, std::string> m_newGroups;
     bool m_addedLast = false;
@@ -241,7 +315,15 @@ private:
 
 }  // namespace
 
-long AddLinesOfOther(CAddressRecord& kept, const CAddressRecord& other, CAddressTable& table) {
+std::string_view OnceName(std::string_view property) {
+    const auto* const rule = std::find_if(kOnce.begin(), kOnce.end(), [&](const OnceRule& each) {
+        return EqualsIgnoringCase(each.property, property);
+    });
+    return rule == kOnce.end() ? std::string_view() : rule->name;
+}
+
+long AddLinesOfOther(CAddressRecord& kept, const CAddressRecord& other, CAddressTable& table,
+                     const OnceNames& ofOther) {
     SourceCard keptCard;
     SourceCard otherCard;
     long status = keptCard.Read(kept);
@@ -249,7 +331,7 @@ long AddLinesOfOther(CAddressRecord& kept, const CAddressRecord& other, CAddress
     if (status != 0 || !otherCard.isCard) return status;
     const bool wasCard = keptCard.isCard;
     if (!wasCard) keptCard.Open(CardWriter(table).Write(kept));
-    Merger merger(keptCard, otherCard);
+    Merger merger(keptCard, otherCard, ofOther);
     merger.Run();
     if (!merger.IsChanged()) return 0;
     // The lines are UTF-8 from now on.

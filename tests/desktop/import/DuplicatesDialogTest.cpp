@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <QCheckBox>
 #include <QLabel>
-#include <QTableView>
+#include <QRadioButton>
 
 #include <contract/StoreFolder.h>
 #include <desktop/import/DuplicatesDialog.h>
@@ -100,20 +100,20 @@ TEST_F(DuplicatesDialogTest, ClosingLeavesTheRestAndWhatIsGoneIsPassedOver) {
     EXPECT_THAT(Cities(), ElementsAre("Ulm", "Bonn", "Kiel"));
 }
 
-TEST_F(DuplicatesDialogTest, OnlyFieldsThatDifferAreMarked) {
-    const auto look = [](QDialog& dialog) {
-        const QAbstractItemModel& rows = *dialog.findChild<QTableView*>()->model();
-        QStringList differing;
-        for (int row = 0; row < rows.rowCount(); ++row) {
-            const bool isMarked = rows.index(row, 1).data(Qt::BackgroundRole).isValid();
-            EXPECT_EQ(rows.index(row, 2).data(Qt::BackgroundRole).isValid(), isMarked);
-            if (isMarked) differing << rows.index(row, 0).data().toString();
-        }
-        EXPECT_EQ(differing, QStringList{"City"});
-        EXPECT_EQ(rows.rowCount(), 3);  // with the name and the number
-        Escape(dialog);
+TEST_F(DuplicatesDialogTest, WhatDiffersCanBeChosenByKeys) {
+    const auto choose = [](QDialog& dialog) {
+        const auto radios = dialog.findChildren<QRadioButton*>();
+        ASSERT_EQ(radios.size(), 2);  // the name and the number are alike
+        EXPECT_EQ(radios[1]->accessibleName(), "Address, Imported: Bonn");
+        EXPECT_TRUE(radios[0]->isChecked());
+        Button(dialog, "Merge")->setFocus();
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
+        ASSERT_EQ(dialog.focusWidget(), radios[0]);
+        QTest::keyClick(radios[1], Qt::Key_Space);
+        Press(dialog, "Merge");
     };
-    Show({look}, {{1, 3}});
+    EXPECT_TRUE(Show({choose}, {{1, 3}}));
+    EXPECT_THAT(Cities(), ElementsAre("Bonn", "", "Kiel"));
 }
 
 TEST_F(DuplicatesDialogTest, WhatTheStoreRefusesIsToldAndChangesNothing) {

@@ -8,6 +8,7 @@
 
 #include <contract/RecordValues.h>
 #include <desktop/import/AddressRows.h>
+#include <desktop/import/DuplicateRows.h>
 #include <desktop/import/Duplicates.h>
 #include <desktop/import/MergeAddresses.h>
 #include <exchange/files/ExportFile.h>
@@ -102,7 +103,11 @@ TEST_F(MergeTest, AllThatEitherSaysIsSaidByTheMergedOne) {
         for (std::string& text : TextsOf(*other)) texts.push_back(std::move(text));
         const bool isPrivate = kept->IsPrivate() || other->IsPrivate();
 
-        ASSERT_EQ(MergeInto(*kept, *other), 0) << table.LastError();
+        MergeChoices choices = UsualChoices(*kept, *other);
+        for (const DuplicateRow& row : RowsOf(*kept, *other)) {
+            if (random() % 2 == 0) choices.Add(row.ofSecond);
+        }
+        ASSERT_EQ(MergeInto(*kept, *other, choices), 0) << table.LastError();
 
         CAddressRecord merged(table);
         ASSERT_EQ(table.Find(kept->GetId(), merged), 0);
@@ -147,6 +152,30 @@ TEST_F(MergeTest, NumbersFillFreeSlotsWithTheirLabelsThenGoIntoTheNote) {
     EXPECT_EQ(kept->Utf8(PhoneField(5)), "5555555");
     EXPECT_EQ(PhoneLabelOf(*kept, 5), "Work");
     EXPECT_EQ(NoteOf(*kept), "Mobile: 6666666");
+}
+
+TEST_F(MergeTest, WhatIsChosenStaysAndTheOtherOneIsRemembered) {
+    const auto kept = Imported(
+        "N:Lee;Ann;Marie;;\r\nADR:;;Hill 1;Ulm;;;\r\nBDAY:1990-01-01\r\nPHOTO:http://a\r\n"
+        "TEL:+49 30 1111111\r\nTEL:2222222\r\nTEL:3333333\r\nTEL:4444444\r\nTEL:5555555\r\n");
+    const auto other = Imported(
+        "N:LEE;Ann;Mary;;\r\nADR:;;Dale 2;;;;\r\nBDAY:1990-01-02\r\nPHOTO:http://b\r\n"
+        "CATEGORIES:Work\r\nTEL:030 1111111\r\nTEL:6666666\r\n");
+    MergeChoices all;
+    for (const DuplicateRow& row : RowsOf(*kept, *other)) all.Add(row.ofSecond);
+    ASSERT_EQ(MergeInto(*kept, *other, all), 0);
+    EXPECT_EQ(kept->Utf8(Name), "LEE");
+    EXPECT_EQ(kept->Utf8(City), "");
+    EXPECT_EQ(kept->Utf8(Phone1), "030 1111111");
+    EXPECT_EQ(kept->Utf8(Phone5), "6666666");
+    EXPECT_EQ(NoteOf(*kept),
+              "Last name: Lee\nAddress: Hill 1\nCity: Ulm\nOther: +49 30 1111111\nOther: 5555555");
+    const std::string card = ExportCard(*kept, table);
+    for (const char* line :
+         {"\nN:LEE;Ann;Mary;;", "\nX-ORVO-OTHER-N:Lee;Ann;Marie;;", "\nBDAY:1990-01-02",
+          "\nX-ORVO-OTHER-BDAY:1990-01-01", "\nPHOTO:http://b", "\nX-ORVO-OTHER-PHOTO:http://a"}) {
+        EXPECT_THAT(card, HasSubstr(line));
+    }
 }
 
 TEST_F(MergeTest, WordsAtANumberAreKept) {
