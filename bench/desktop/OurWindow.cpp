@@ -84,7 +84,7 @@ public:
         return bar->findChild<QLineEdit*>();
     }
 
-    bool IsFindReady() override { return m_window->Frame().Entries().Find().IsWhole(); }
+    bool IsFindReady() override { return m_window->Frame().Entries().IsWhole(); }
 
     bool HasMode(ViewMode) const override { return true; }
     void SetMode(ViewMode mode) override { m_window->ShowView(KindOf(mode)); }

@@ -59,8 +59,8 @@ std::optional<CommandLine> ReadCommandLine(int count, char** arguments) {
                    "The local time that is taken for the present, such as 2026-12-24T18:00");
     const CLI::Option* viewOption =
         app.add_option("--view", view,
-                       "What the window shows first: list, large-icons, small-icons, cards or "
-                       "todos (default: what it showed last)")
+                       "What the window shows first: list, large-icons, small-icons, cards, "
+                       "todos or birthdays (default: what it showed last)")
             ->transform(CLI::CheckedTransformer(ViewsByName()).description(""));
     app.add_option("--size", size, "Width and height of the window, such as 1000x700");
     Colours colours = Colours::Desktop;

@@ -8,7 +8,7 @@
 
 #include <exchange/lines/LineText.h>
 #include <people/Birthdays.h>
-#include <people/PersonReader.h>
+#include <people/YearlyDays.h>
 #include <platform/time/CTime.h>
 
 namespace orvo {
@@ -16,18 +16,6 @@ namespace {
 
 constexpr const char* kLineEnd = "\r\n";
 constexpr int kYearOfNone = 2000;  // has every day
-
-// To read a card whole takes far longer than to see that it holds no day.
-bool MayHoldBirthday(const CAddressRecord& record) {
-    std::string source;
-    if (record.GetSource(source) != 0) return false;
-    const auto holds = [&](std::string_view name) {
-        return std::search(source.begin(), source.end(), name.begin(), name.end(),
-                           [](unsigned char a, unsigned char b) { return std::toupper(a) == b; }) !=
-               source.end();
-    };
-    return holds("BDAY") || holds("CONTACT_EVENT");
-}
 
 void AppendLine(std::string& text, std::string_view head, std::string_view value) {
     text += FormatLine(head, value, Dialect::Calendar20, kLineEnd);
@@ -61,13 +49,11 @@ std::vector<Birthday> ReadBirthdays(CAddressTable& table, std::chrono::sys_days 
     for (long status = iterator.FindFirst(record); status == 0 || iterator.IsAtDamage();
          status = iterator.FindNext(record)) {
         if (status != 0 || record.IsArchived() || !isWanted(record)) continue;
-        if (!MayHoldBirthday(record)) continue;
-        std::string loss;
-        const Person person = ReadPerson(record, table, loss);
-        const Detail* detail = person.First(DetailKind::Birthday);
-        if (!detail || !detail->date || !detail->date->ComesBack()) continue;
-        birthdays.push_back({record.GetId(), person.uid, nameOf(record), *detail->date,
-                             NextDay(*detail->date, today), YearsAtNextDay(*detail->date, today)});
+        const YearlyDays found = ReadYearlyDays(record);
+        if (found.days.empty() || found.days.front().kind != DetailKind::Birthday) continue;
+        const PersonDate& date = found.days.front().date;
+        birthdays.push_back({record.GetId(), found.uid, nameOf(record), date, NextDay(date, today),
+                             YearsAtNextDay(date, today)});
     }
     std::sort(birthdays.begin(), birthdays.end(), [](const Birthday& left, const Birthday& right) {
         return std::tie(left.next, left.name, left.id) < std::tie(right.next, right.name, right.id);

@@ -6,9 +6,9 @@
 #include <exchange/calendar/ToDoFields.h>
 #include <exchange/cards/CardFields.h>
 #include <exchange/lines/EntryReader.h>
-#include <exchange/lines/Origin.h>
 #include <people/DetailReader.h>
 #include <people/FindReader.h>
+#include <people/PersonReader.h>
 
 namespace orvo {
 namespace {
@@ -40,13 +40,6 @@ void AddCategory(const CBaseRecord& record, FindText& text) {
 void AddNote(const CBaseRecord& record, FindText& text) {
     std::string note;
     if (record.GetNoteUtf8(note) == 0) text.Add(note);
-}
-
-std::string CharsetOf(const CBaseRecord& record) {
-    std::string origin;
-    if (record.GetOrigin(origin) != 0) return {};
-    const std::optional<Origin> known = ParseOrigin(origin);
-    return known ? known->charset : std::string();
 }
 
 // The lines of a card that no field of the record holds. A field may have been edited since, so

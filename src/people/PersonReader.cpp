@@ -214,13 +214,17 @@ Person ReadPerson(std::string_view card, std::string_view charset) {
     return person;
 }
 
+std::string CharsetOf(const CBaseRecord& record) {
+    std::string origin;
+    if (record.GetOrigin(origin) != 0) return {};
+    const std::optional<Origin> known = ParseOrigin(origin);
+    return known ? known->charset : std::string();
+}
+
 Person ReadPerson(const CAddressRecord& record, CAddressTable& table, std::string& loss) {
     loss.clear();
     const std::string card = CardWriter(table).Write(record, &loss);
-    std::string origin;
-    record.GetOrigin(origin);
-    const std::optional<Origin> known = ParseOrigin(origin);
-    return ReadPerson(card, known ? std::string_view(known->charset) : std::string_view());
+    return ReadPerson(card, CharsetOf(record));
 }
 
 }  // namespace orvo

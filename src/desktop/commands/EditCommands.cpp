@@ -83,11 +83,7 @@ std::unique_ptr<QMimeData> EditCommands::DraggedFrom(QPoint place) {
 }
 
 void EditCommands::SelectAll() {
-    ShownEntries& entries = m_context.Frame().Entries();
-    auto* rows = dynamic_cast<ListPeer*>(entries.Window().GetPeer());
-    if (!rows || rows->RowCount() == 0) return;
-    rows->Select(0, rows->RowCount() - 1, true);
-    entries.Window().SetFocus();
+    m_context.Frame().Entries().SelectAll();
     // At once: the next key may be that of Copy, which is off as long as nothing counts as
     // selected.
     m_context.ShowCounts();

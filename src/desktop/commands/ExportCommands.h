@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <unordered_set>
 
 #include <desktop/commands/CommandContext.h>
 
@@ -16,9 +18,13 @@ public:
     // Exports all entries of the kind that is shown, or those that are selected, to a file that the
     // user chooses.
     void ChooseFile();
+    // The same of birthdays, as a calendar that has each of them every year.
+    void ChooseCalendar();
 
 private:
     void Export(const std::string& file, bool isSelectionOnly);
+    void ExportCalendar(const std::string& file, bool isSelectionOnly);
+    std::unordered_set<std::int64_t> SelectedIds() const;
 
     CommandContext& m_context;
 };

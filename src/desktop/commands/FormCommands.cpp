@@ -30,7 +30,7 @@ void FormCommands::NewAddress() {
     StoreSession& session = m_context.Session();
     ViewFrame& frame = m_context.Frame();
     CAddressRecord record(session.Addresses());
-    const int category = frame.Addresses().Category();
+    const int category = frame.Entries().Category();
     if (!frame.IsShowingToDos() && category != kAllCategories) record.SetCategoryId(category);
     const EditHistory::Step step(session.History(), Text("New address").toStdString());
     if (!EditAddress(&m_context.Window(), session.Addresses(), record, &m_keeper)) {
@@ -38,6 +38,10 @@ void FormCommands::NewAddress() {
     }
     if (frame.IsShowingToDos()) m_context.ShowView(ViewKind::List);
     ShowEdited(record.GetId());
+    if (frame.IsShowingBirthdays() && frame.Entries().SelectedCount() == 0) {
+        m_context.ShowView(ViewKind::List);
+        ShowEdited(record.GetId());
+    }
 }
 
 void FormCommands::NewToDo() {

@@ -66,7 +66,7 @@ void GroupCommands::Show(std::optional<std::int64_t> group) {
             return groups.IsMember(id, record.GetId());
         };
     }
-    m_context.Frame().Addresses().Find().SetFilter(std::move(isMember));
+    m_context.Frame().Addresses().SetFilter(std::move(isMember));
 }
 
 std::vector<CAddressRecord*> GroupCommands::Selected() {

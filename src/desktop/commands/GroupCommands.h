@@ -42,7 +42,7 @@ public:
 
     // What becomes of the selected people, in a menu that is made anew each time that it opens.
     void FillMenu(QMenu& menu);
-    bool CanTakeOut() const { return m_shown && !m_context.Frame().IsShowingToDos(); }
+    bool CanTakeOut() const { return m_shown && m_context.Frame().IsShowingAddresses(); }
     void TakeSelectedOut();
 
 private:

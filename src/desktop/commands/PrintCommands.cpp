@@ -89,10 +89,19 @@ void TellFailure(QWidget& parent, const PrintResult& result) {
 // what is looked for is private, too.
 void TellHidden(const CommandContext& context, bool isSelection, const QString& done) {
     ShownEntries& entries = context.Frame().Entries();
-    const int hidden = isSelection || entries.Find().IsOn() ? 0 : entries.HiddenCount();
+    const int hidden = isSelection || entries.IsFinding() ? 0 : entries.HiddenCount();
     QStringList told{done, hidden != 0 ? LeftOutText(hidden) : QString()};
     told.removeAll(QString());
     if (!told.isEmpty()) context.Say(told.join(' '));
+}
+
+constexpr const char* kNotPrinted =
+    Untranslated("This view can't be printed. Choose a view of addresses or to-dos.");
+
+bool CanPrint(const CommandContext& context) {
+    if (!context.Frame().IsShowingBirthdays()) return true;
+    context.Say(Text(kNotPrinted));
+    return false;
 }
 
 void SetUp(QPrinter& printer, ViewFrame& frame) {
@@ -103,6 +112,7 @@ void SetUp(QPrinter& printer, ViewFrame& frame) {
 }  // namespace
 
 void PrintView(const CommandContext& context) {
+    if (!CanPrint(context)) return;
     QWidget& window = context.Window();
     ViewFrame& frame = context.Frame();
     QPrinter printer(QPrinter::HighResolution);
@@ -120,6 +130,7 @@ void PrintView(const CommandContext& context) {
 }
 
 void PreviewView(const CommandContext& context) {
+    if (!CanPrint(context)) return;
     QWidget& window = context.Window();
     ViewFrame& frame = context.Frame();
     QPrinter printer(QPrinter::HighResolution);
@@ -146,6 +157,7 @@ void PreviewView(const CommandContext& context) {
 }
 
 void SaveViewAsPdf(const CommandContext& context) {
+    if (!CanPrint(context)) return;
     QWidget& window = context.Window();
     ViewFrame& frame = context.Frame();
     const bool hasSelection = frame.Entries().SelectedCount() > 0;
@@ -178,6 +190,7 @@ void SetUpPages(QWidget& window) {
 }
 
 std::string WriteViewAsPdf(ViewFrame& frame, const std::string& file) {
+    if (frame.IsShowingBirthdays()) return Text(kNotPrinted).toStdString();
     const PageTitle title = TitleOf(frame);
     PagedDocument document(ItemsOf(frame, AllRows(frame)), title);
     const PrintResult result = SaveAsPdf(document, LoadPageLayout(), FromUtf8(file), title.name, {},

@@ -1,11 +1,10 @@
 // A person as a page: a heading, and below it a line for each detail.
 // SPDX-License-Identifier: MIT
-#include <QDate>
-#include <QLocale>
 #include <QRegularExpression>
 #include <QStringList>
 #include <algorithm>
 
+#include <desktop/details/DayTexts.h>
 #include <desktop/details/DetailsPage.h>
 #include <desktop/texts/Texts.h>
 #include <people/DetailLinks.h>
@@ -145,32 +144,7 @@ private:
     QString m_html;
 };
 
-QString SoonText(long days) {
-    if (days == 0) return Text("today");
-    if (days == 1) return Text("tomorrow");
-    return CountText("in %1 day", "in %1 days", days);
-}
-
 }  // namespace
-
-QString DayText(const PersonDate& date) {
-    // A year that holds every day stands in for one that isn't told.
-    constexpr int anyYear = 2000;
-    const QDate day(date.year == 0 ? anyYear : date.year, date.month, date.day);
-    QString format = QLocale().dateFormat(QLocale::LongFormat);
-    static const QRegularExpression weekday(R"(dddd[,،]?\s*)");
-    static const QRegularExpression year(R"([\s,./-]*('de'\s+)?y+年?[\s.]*)");
-    format.remove(weekday);
-    if (date.year == 0) format.remove(year);
-    return QLocale().toString(day, format);
-}
-
-QString DayText(const PersonDate& date, std::chrono::sys_days today) {
-    const QString soon = SoonText((NextDay(date, today) - today).count());
-    const std::optional<int> years = YearsAtNextDay(date, today);
-    const QString when = years ? Text("%1 years %2").arg(QLocale().toString(*years), soon) : soon;
-    return QString("%1 (%2)").arg(DayText(date), when);
-}
 
 QString HtmlOf(const PageOfPerson& page, bool hasPhoto, const QColor& quiet) {
     return Page(page, quiet).Html(hasPhoto);

@@ -39,11 +39,4 @@ QString HtmlOf(const PageOfPerson& page, bool hasPhoto, const QColor& quiet);
 // A page of one line.
 QString HtmlOf(const QString& line, const QColor& quiet);
 
-// A day that comes back as the user's country writes it: "April 12, 1985".
-QString DayText(const PersonDate& date);
-
-// The same, with how soon it comes back and how many years it will
-// have been: "April 12, 1985 (41 in 137 days)".
-QString DayText(const PersonDate& date, std::chrono::sys_days today);
-
 }  // namespace orvo::desktop

@@ -3,7 +3,7 @@
 #include <QStringList>
 #include <algorithm>
 
-#include <desktop/details/DetailsPage.h>
+#include <desktop/details/DayTexts.h>
 #include <desktop/import/AddressRows.h>
 #include <desktop/import/DuplicateRows.h>
 #include <desktop/import/NumberPairs.h>
@@ -86,7 +86,7 @@ std::vector<CardDetail> DetailsOf(const Person& person) {
         added.label =
             FromUtf8(TitleOf(detail, [](const char* name) { return Text(name).toStdString(); }));
         const bool isDay = detail.date && detail.date->ComesBack();
-        added.text = isDay ? DayText(*detail.date) : FromUtf8(detail.text);
+        added.text = isDay ? DateText(*detail.date) : FromUtf8(detail.text);
         added.once = OnceName(detail.property);
     }
     return details;

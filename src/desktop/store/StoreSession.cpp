@@ -8,6 +8,7 @@
 #include <desktop/texts/Texts.h>
 #include <exchange/files/ImportFile.h>
 #include <libraries/quire/UserStore.h>
+#include <orvoshare/text/NameText.h>
 #include <platform/text/SystemText.h>
 
 namespace orvo::desktop {
@@ -15,6 +16,12 @@ namespace {
 
 // How long a program that writes to the store is waited for.
 constexpr std::chrono::milliseconds kPatience{2000};
+
+std::string NameOf(CAddressRecord& record) {
+    CString name;
+    FormatName(&record, name);
+    return ToUtf8(name);
+}
 
 }  // namespace
 
@@ -30,10 +37,13 @@ StoreSession::StoreSession(std::unique_ptr<SqliteEngine> engine)
       m_history(*m_engine),
       m_addresses(m_history.Engine()),
       m_toDos(m_history.Engine()),
-      m_groups(m_addresses) {
+      m_groups(m_addresses),
+      m_days(m_addresses, NameOf) {
     m_history.SetRowListener([this](TableKind kind, std::optional<std::int64_t> id) {
         id ? FindTexts(kind).Forget(*id) : FindTexts(kind).Clear();
-        if (kind == TableKind::Address) id ? m_groups.Forget(*id) : m_groups.Clear();
+        if (kind != TableKind::Address) return;
+        id ? m_groups.Forget(*id) : m_groups.Clear();
+        id ? m_days.Forget(*id) : m_days.Clear();
     });
     NoteDamage(m_addresses.TextsFailure());
     NoteDamage(m_toDos.TextsFailure());
@@ -141,6 +151,7 @@ bool StoreSession::TakeForeignChange() {
     if (changes) {
         for (FindIndex& texts : m_findTexts) texts.Clear();
         m_groups.Clear();
+        m_days.Clear();
     }
     return changes;
 }

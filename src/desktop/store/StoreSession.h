@@ -14,6 +14,7 @@
 #include <desktop/import/ImportResult.h>
 #include <libraries/quire/SqliteEngine.h>
 #include <orvoshare/shared/DataSetClaim.h>
+#include <people/DayIndex.h>
 #include <people/FindIndex.h>
 #include <people/GroupIndex.h>
 
@@ -61,6 +62,10 @@ public:
     // The groups of people, as far as they were asked for; they are read again where they changed.
     GroupIndex& Groups() { return m_groups; }
 
+    // The birthdays and anniversaries of all people, as far as they were read since they changed.
+    DayIndex& Days() { return m_days; }
+    const DayIndex& Days() const { return m_days; }
+
     // What of the store couldn't be read so far, a line each.
     const std::vector<std::string>& Damage() const { return m_damage; }
     std::string Path() const { return m_engine->Name(); }
@@ -88,6 +93,7 @@ private:
     CToDoTable m_toDos;
     std::array<FindIndex, 2> m_findTexts;
     GroupIndex m_groups;
+    DayIndex m_days;
     std::vector<std::string> m_damage;
 };
 

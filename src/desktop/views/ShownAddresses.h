@@ -3,7 +3,7 @@
 #pragma once
 
 #include <desktop/views/HeadingSpread.h>
-#include <desktop/views/ShownEntries.h>
+#include <desktop/views/ShownRows.h>
 #include <desktop/views/ViewKind.h>
 #include <orvoshare/addressviews/DetailViewAddrCard.h>
 #include <orvoshare/addressviews/LookupEdit.h>
@@ -11,9 +11,9 @@
 
 namespace orvo::desktop {
 
-class ShownAddresses : public ShownEntries {
+class ShownAddresses : public ShownRows {
 public:
-    using ShownEntries::ShownEntries;
+    using ShownRows::ShownRows;
 
     // Makes the windows of the views inside of the parent; the box leads through them, and with the
     // combo outlives them.

@@ -5,7 +5,7 @@
 #include <memory>
 
 #include <desktop/views/HeadingSpread.h>
-#include <desktop/views/ShownEntries.h>
+#include <desktop/views/ShownRows.h>
 #include <orvoshare/todo/TodoListbox.h>
 #include <people/FindReader.h>
 
@@ -16,9 +16,9 @@ inline CToDoRecord* ToDoOf(DWORD data) {
     return reinterpret_cast<CToDoRecord*>(data);
 }
 
-class ShownToDos : public ShownEntries {
+class ShownToDos : public ShownRows {
 public:
-    using ShownEntries::ShownEntries;
+    using ShownRows::ShownRows;
 
     // Makes the window of the list inside of the parent; the combo outlives it.
     // Returns:  false where that can't be done.

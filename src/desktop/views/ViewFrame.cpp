@@ -1,4 +1,4 @@
-// The window in which the views stand: the address views with their lookup box, and the to-dos.
+// The window in which the views stand: the address views with their lookup box, to-dos, birthdays.
 // SPDX-License-Identifier: MIT
 #include <desktop/views/ViewFrame.h>
 #include <platform/text/SystemText.h>
@@ -34,7 +34,8 @@ const MessageMap& ViewFrame::ThisMap() {
 ViewFrame::ViewFrame(StoreSession& session, COrvoDesktopOptions& options)
     : m_options(options),
       m_addresses(session, options, [this] { Tell(); }),
-      m_toDos(session, options, [this] { Tell(); }) {}
+      m_toDos(session, options, [this] { Tell(); }),
+      m_birthdays(session, options, [this] { Tell(); }) {}
 
 ViewFrame::~ViewFrame() {
     m_listeners.changed = nullptr;
@@ -46,7 +47,8 @@ bool ViewFrame::Open() {
     if (!Create(0, kFirstPlace, nullptr, 0)) return false;
     AfxSetMainWnd(this);
     if (!m_box.Create(kBoxStyle, {}, this, kBoxId) ||
-        !m_addresses.Create(*this, m_box, m_categories) || !m_toDos.Create(*this, m_categories)) {
+        !m_addresses.Create(*this, m_box, m_categories) || !m_toDos.Create(*this, m_categories) ||
+        !m_birthdays.Create(*this, [this] { OpenSelected(); })) {
         return false;
     }
     m_dropTarget.Register(this);
@@ -56,6 +58,7 @@ bool ViewFrame::Open() {
 
 ShownEntries& ViewFrame::Entries() {
     if (IsShowingToDos()) return m_toDos;
+    if (IsShowingBirthdays()) return m_birthdays;
     return m_addresses;
 }
 
@@ -67,17 +70,18 @@ void ViewFrame::Show(ViewKind kind) {
     m_shown = kind;
     m_box.Clear();
     m_addresses.Use(kind);
-    m_box.SetListBox(IsShowingToDos() ? nullptr : &m_addresses.View());
-    m_box.EnableWindow(!IsShowingToDos());
+    m_box.SetListBox(IsShowingAddresses() ? &m_addresses.View() : nullptr);
+    m_box.EnableWindow(IsShowingAddresses());
     Arrange();
     Entries().Enter(isFilled);
-    if (hadFocus || IsShowingToDos()) Entries().Window().SetFocus();
+    if (hadFocus || !IsShowingAddresses()) Entries().Window().SetFocus();
     Tell();
 }
 
 void ViewFrame::SetFind(const FindQuery& query) {
-    m_addresses.Find().Set(query);
-    m_toDos.Find().Set(query);
+    m_addresses.SetFind(query);
+    m_toDos.SetFind(query);
+    m_birthdays.SetFind(query);
 }
 
 // The list and the to-dos post the same message.

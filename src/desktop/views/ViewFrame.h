@@ -1,4 +1,4 @@
-// The window in which the views stand: the address views with their lookup box, and the to-dos.
+// The window in which the views stand: the address views with their lookup box, to-dos, birthdays.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -7,6 +7,7 @@
 #include <vector>
 
 #include <desktop/views/ShownAddresses.h>
+#include <desktop/views/ShownBirthdays.h>
 #include <desktop/views/ShownToDos.h>
 #include <orvoshare/integration/OrvoOleDropTarget.h>
 
@@ -34,6 +35,8 @@ public:
     bool Open();
 
     ViewKind Shown() const { return m_shown; }
+    bool IsShowingAddresses() const { return !IsShowingToDos() && !IsShowingBirthdays(); }
+    bool IsShowingBirthdays() const { return m_shown == ViewKind::Birthdays; }
     bool IsShowingToDos() const { return m_shown == ViewKind::ToDos; }
     // Addresses and to-dos each come back with the rows that the user had before him.
     void Show(ViewKind kind);
@@ -42,6 +45,7 @@ public:
     ShownEntries& Entries();
     ShownAddresses& Addresses() { return m_addresses; }
     ShownToDos& ToDos() { return m_toDos; }
+    ShownBirthdays& Birthdays() { return m_birthdays; }
 
     // Only what holds it shows, whatever the view.
     void SetFind(const FindQuery& query);
@@ -82,6 +86,7 @@ private:
     CLookupEdit m_box;
     ShownAddresses m_addresses;
     ShownToDos m_toDos;
+    ShownBirthdays m_birthdays;
 };
 
 }  // namespace orvo::desktop

@@ -26,16 +26,17 @@ constexpr QRect kCardBars[] = {{1, 3, 14, 3},  {1, 6, 1, 7}, {14, 6, 1, 7},
 constexpr QRect kToDoBars[] = {{1, 2, 5, 1}, {1, 6, 5, 1},  {1, 2, 1, 5},  {5, 2, 1, 5},
                                {8, 4, 7, 1}, {1, 9, 5, 1},  {1, 13, 5, 1}, {1, 9, 1, 5},
                                {5, 9, 1, 5}, {8, 11, 7, 1}, {3, 4, 1, 1}};
+constexpr QRect kBirthdayBars[] = {{8, 1, 1, 2},  {7, 4, 3, 3},   {2, 8, 13, 1}, {2, 9, 1, 6},
+                                   {14, 9, 1, 6}, {2, 14, 13, 1}, {4, 11, 9, 1}};
 
 struct BarsOfView {
     ViewKind kind;
     std::span<const QRect> bars;
 };
-const BarsOfView kBars[] = {{ViewKind::List, kListBars},
-                            {ViewKind::LargeIcons, kLargeBars},
-                            {ViewKind::SmallIcons, kSmallBars},
-                            {ViewKind::Cards, kCardBars},
-                            {ViewKind::ToDos, kToDoBars}};
+const BarsOfView kBars[] = {
+    {ViewKind::List, kListBars},        {ViewKind::LargeIcons, kLargeBars},
+    {ViewKind::SmallIcons, kSmallBars}, {ViewKind::Cards, kCardBars},
+    {ViewKind::ToDos, kToDoBars},       {ViewKind::Birthdays, kBirthdayBars}};
 
 class BarsEngine : public QIconEngine {
 public:

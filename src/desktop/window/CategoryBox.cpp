@@ -43,7 +43,7 @@ void CategoryBox::Fill() {
     }
     int shown = findData(entries.Category());
     if (shown < 0) entries.SetCategory(kAllCategories);
-    if (!m_context.Frame().IsShowingToDos()) {
+    if (m_context.Frame().IsShowingAddresses()) {
         AddGroups();
         if (const std::optional<std::int64_t> group = m_groups.Shown()) {
             shown = findData(QVariant::fromValue<qlonglong>(*group), kGroupRole);

@@ -42,11 +42,10 @@ void ContextMenu::Open(const QContextMenuEvent& event, const std::vector<QAction
 // Below the row that has the focus, or in the middle where that isn't in view.
 QPoint ContextMenu::Place() const {
     ViewFrame& frame = m_context.Frame();
-    const auto* rows = dynamic_cast<const ListPeer*>(frame.Entries().Window().GetPeer());
     const QWidget* view = QtWindowSystem::WidgetOf(&frame.Entries().Window());
-    if (!rows || !view) return m_context.Window().pos();
+    if (!view) return m_context.Window().pos();
     CRect row;
-    const bool isFocused = rows->RowRect(rows->FocusRow(), RowPart::Label, row);
+    const bool isFocused = frame.Entries().FocusPlace(row);
     const QPoint below(row.left, row.bottom);
     const QPoint seen = isFocused && view->rect().contains(below) ? below : view->rect().center();
     return view->mapToGlobal(seen);

@@ -107,6 +107,7 @@ void DesktopWindow::Listen() {
 
 void DesktopWindow::BeginSession() {
     m_context.SetInUse(true);
+    m_day = Today();
     m_foreignTimer.start();
     m_reminder.Start();
     m_offerTimer.start(0);
@@ -156,8 +157,9 @@ bool DesktopWindow::MustRowsStay() const {
 }
 
 void DesktopWindow::LookForForeignChange() {
-    if (MustRowsStay() || LooksForMovedStore() || !m_session.TakeForeignChange()) return;
-    m_context.Refresh();
+    if (MustRowsStay() || LooksForMovedStore()) return;
+    const bool isOtherDay = std::exchange(m_day, Today()) != Today();
+    if (m_session.TakeForeignChange() || isOtherDay) m_context.Refresh();
 }
 
 // What is private waits until the password is given.

@@ -79,10 +79,11 @@ private:
     EmptyPage m_emptyPage;
     KanaPane m_kana;
     ShownDetails m_details;
-    QTimer m_countTimer;    // runs while the counts are out of date
-    QTimer m_foreignTimer;  // runs in a session
-    QTimer m_offerTimer;    // runs until a kept form can be offered
-    Reminder m_reminder;    // works in a session
+    QTimer m_countTimer;            // runs while the counts are out of date
+    QTimer m_foreignTimer;          // runs in a session
+    QTimer m_offerTimer;            // runs until a kept form can be offered
+    Reminder m_reminder;            // works in a session
+    std::chrono::sys_days m_day{};  // for which the views were filled last
     bool m_isStoreGone = false;
     bool m_isToReopen = false;
 };

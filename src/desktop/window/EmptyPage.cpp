@@ -69,13 +69,19 @@ void EmptyPage::Cover(QWidget* view) {
     if (m_covered) m_covered->setEnabled(false);
 }
 
+QString EmptyPage::Sentence() const {
+    const ViewFrame& frame = m_context.Frame();
+    if (frame.IsShowingToDos()) return Text("What you have to do will be listed here.");
+    if (frame.IsShowingAddresses()) return Text("The people you know will be listed here.");
+    return Text(
+        "Birthdays and anniversaries will be listed here, once the addresses of people have some.");
+}
+
 void EmptyPage::Show() {
     ViewFrame& frame = m_context.Frame();
     const bool isToDos = frame.IsShowingToDos();
     QWidget* view = QtWindowSystem::WidgetOf(&frame.Entries().Window());
-    StoreEngine& store = m_context.Session().History().Engine();
-    const TableKind kind = isToDos ? TableKind::ToDo : TableKind::Address;
-    if (frame.Entries().RowCount() != 0 || store.Count(kind) != 0) {
+    if (!frame.Entries().IsEmpty()) {
         if (!m_covered) return;
         const bool hadFocus = m_page->isAncestorOf(m_context.Window().focusWidget());
         Cover(nullptr);
@@ -83,8 +89,7 @@ void EmptyPage::Show() {
         return m_page->hide();
     }
     const bool takesFocus = m_covered != view && HasIdleFocus();
-    m_sentence->setText(isToDos ? Text("What you have to do will be listed here.")
-                                : Text("The people you know will be listed here."));
+    m_sentence->setText(Sentence());
     m_import->setAccessibleDescription(m_sentence->text());
     m_new->setText(isToDos ? Text("New to-do...") : Text("New address..."));
     m_restore->setVisible(HoldsTrash(m_context.Session(), Disclosure(m_context.Options())));

@@ -26,6 +26,7 @@ public:
 private:
     QPushButton* AddButton(QLayout& layout, const std::function<void()>& run);
     void AddEntry();
+    QString Sentence() const;
     void Cover(QWidget* view);
     bool HasIdleFocus() const;
 

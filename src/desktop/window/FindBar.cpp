@@ -25,7 +25,7 @@ FindBar::FindBar(const CommandContext& context, std::function<bool()> mayChange)
     m_timer.setSingleShot(true);
     connect(&m_timer, &QTimer::timeout, this, [this] {
         if (!m_mayChange()) return m_timer.start(kPatience);
-        m_context.Frame().Entries().Find().ReadOn();
+        m_context.Frame().Entries().ReadOn();
         ReadOn();
     });
 }
@@ -67,7 +67,7 @@ void FindBar::PutInto(QMainWindow& window) {
 }
 
 void FindBar::ReadOn() {
-    if (!m_context.Frame().Entries().Find().IsWhole()) m_timer.start(0);
+    if (!m_context.Frame().Entries().IsWhole()) m_timer.start(0);
 }
 
 void FindBar::Open() {

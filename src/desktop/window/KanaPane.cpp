@@ -22,9 +22,9 @@ void KanaPane::PutInto(QMainWindow& window) {
 
 void KanaPane::Show() {
     if (!m_index) return;
-    m_index->setVisible(!m_frame.IsShowingToDos());
+    m_index->setVisible(m_frame.IsShowingAddresses());
     const std::pair rows(m_frame.Addresses().FillCount(), m_frame.Addresses().RowCount());
-    if (m_frame.IsShowingToDos() || m_rows == rows) return;
+    if (!m_frame.IsShowingAddresses() || m_rows == rows) return;
     m_rows = rows;
     m_index->ShowEntries(FirstKanaEntries(m_frame.Addresses().View()));
 }

@@ -51,6 +51,8 @@ void MainMenus::MakeFileMenu() {
     AddCommand(file, Text("&Import..."), "Ctrl+I", [this] { m_commands.imports.ChooseFiles(); });
     AddCommand(file, Text("&Export..."), "Ctrl+Shift+E",
                [this] { m_commands.exports.ChooseFile(); });
+    m_exportBirthdays = AddCommand(file, Text("Export &birthdays as calendar..."), "",
+                                   [this] { m_commands.exports.ChooseCalendar(); });
     file.addSeparator();
     AddCommand(file, Text("&Print..."), "Ctrl+P", [this] { PrintView(m_context); });
     AddCommand(file, Text("Print pre&view..."), "", [this] { PreviewView(m_context); });
@@ -147,13 +149,6 @@ void MainMenus::MakeAddressMenu() {
                [this] { m_commands.imports.FindDuplicatesOfStore(); });
 }
 
-std::vector<QAction*> MainMenus::SelectionActions() const {
-    std::vector<QAction*> actions = m_selectionActions;
-    if (m_context.Frame().IsShowingToDos()) return actions;
-    for (QAction* action : m_groups.Actions()) actions.push_back(action);
-    return actions;
-}
-
 void MainMenus::MakeToDoMenu() {
     ViewFrame& frame = m_context.Frame();
     QMenu& toDos = AddMenu(Untranslated("&To Do"), ORVO_MENU_TO_DO);
@@ -221,9 +216,8 @@ void MainMenus::FillColumnMenu(QMenu& menu) {
 }
 
 void MainMenus::EnableOrders() {
-    const bool isToDos = m_context.Frame().IsShowingToDos();
-    m_addressOrders.setEnabled(!isToDos);
-    m_toDoOrders.setEnabled(isToDos);
+    m_addressOrders.setEnabled(m_context.Frame().IsShowingAddresses());
+    m_toDoOrders.setEnabled(m_context.Frame().IsShowingToDos());
 }
 
 void MainMenus::CheckOrders() {
@@ -244,6 +238,17 @@ void MainMenus::EnableSelection() {
     m_groups.Enable(selected > 0 && !frame.IsShowingToDos());
     // Counted a moment late; a key right behind a selection is looked at by the command itself.
     m_editText->setEnabled(frame.IsShowingToDos());
+}
+
+std::vector<QAction*> MainMenus::SelectionActions() const {
+    std::vector<QAction*> actions = m_selectionActions;
+    if (m_context.Frame().IsShowingBirthdays()) {
+        actions.push_back(m_addressActions.front());
+        actions.push_back(m_exportBirthdays);
+    } else if (!m_context.Frame().IsShowingToDos()) {
+        for (QAction* action : m_groups.Actions()) actions.push_back(action);
+    }
+    return actions;
 }
 
 void MainMenus::ShowPrivacy() {

@@ -32,7 +32,7 @@ public:
     void EnableSelection();
     void ShowPrivacy();
 
-    // What can be done with whatever is selected.
+    // What can be done with whatever is selected in the view that is shown.
     std::vector<QAction*> SelectionActions() const;
 
 private:
@@ -66,6 +66,7 @@ private:
     std::vector<QAction*> m_addressActions;    // Qt's; enabled where addresses are selected
     std::vector<QAction*> m_selectionActions;  // where anything is
     QAction* m_editText = nullptr;
+    QAction* m_exportBirthdays = nullptr;
     QAction* m_undo = nullptr;
     QAction* m_redo = nullptr;
     QAction* m_lock = nullptr;

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QElapsedTimer>
 #include <QLabel>
+#include <QProgressBar>
 #include <QStatusBar>
 
 #include <desktop/views/ShownEntries.h>
@@ -16,7 +18,11 @@ public:
     void Show(ShownEntries& entries);
 
 private:
+    void ShowReading(std::optional<int> percent);
+
     QLabel m_label;
+    QProgressBar m_read;      // how much is read of what the view shows
+    QElapsedTimer m_reading;  // since when, while something is
 };
 
 }  // namespace orvo::desktop

@@ -89,7 +89,8 @@ void ToolBar::AddViews(QToolBar& bar) {
                   {ViewKind::LargeIcons, Untranslated("Large icons"), "Ctrl+2"},
                   {ViewKind::SmallIcons, Untranslated("Small icons"), "Ctrl+3"},
                   {ViewKind::Cards, Untranslated("Cards"), "Ctrl+4"},
-                  {ViewKind::ToDos, Untranslated("To Do"), "Ctrl+5"}};
+                  {ViewKind::ToDos, Untranslated("To Do"), "Ctrl+5"},
+                  {ViewKind::Birthdays, Untranslated("Birthdays"), "Ctrl+6"}};
     for (const auto& view : kViews) {
         if (view.kind == ViewKind::ToDos) bar.addSeparator();
         QAction* action = m_views.addAction(IconOf(view.kind), Text(view.text));
