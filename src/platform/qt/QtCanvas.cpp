@@ -11,6 +11,8 @@
 
 #include <platform/qt/QtCanvas.h>
 #include <platform/qt/QtConvert.h>
+#include <platform/qt/QtOutline.h>
+#include <platform/qt/QtPicture.h>
 
 namespace orvo {
 
@@ -65,6 +67,16 @@ QRect OnScreen(const QPainter& painter, const CRect& rect) {
 
 QRectF FromScreen(const QPainter& painter, const QRect& rect) {
     return painter.deviceTransform().inverted().mapRect(QRectF(rect));
+}
+
+// The colour of the lines of a picture, which has them around what it shows.
+COLORREF InkOf(const CBitmap& bitmap, std::optional<COLORREF> clear) {
+    const CSize size = bitmap.Size();
+    for (int i = 0; i < size.cx * size.cy; ++i) {
+        const COLORREF pixel = bitmap.GetPixel({i % size.cx, i / size.cx});
+        if (pixel != clear) return pixel;
+    }
+    return 0;
 }
 
 // Line ends become blanks; Qt would show nothing for them.
@@ -199,6 +211,10 @@ void QtCanvas::DrawFocusRect(const CRect& rect, COLORREF colour) {
 void QtCanvas::DrawBitmap(CPoint place, const CBitmap& bitmap, std::optional<COLORREF> clear) {
     if (!m_painter || bitmap.IsEmpty()) return;
     const CSize size = bitmap.Size();
+    if (!bitmap.Outline().empty()) {
+        return DrawOutline({place.x, place.y, place.x + size.cx, place.y + size.cy},
+                           bitmap.Outline(), InkOf(bitmap, clear));
+    }
     const QRect box =
         OnScreen(*m_painter, {place.x, place.y, place.x + size.cx, place.y + size.cy});
     const int factor = std::max(1, static_cast<int>(std::floor(ScaleOf(*m_painter) + 0.01)));
@@ -208,6 +224,18 @@ void QtCanvas::DrawBitmap(CPoint place, const CBitmap& bitmap, std::optional<COL
     const QImage image = ToQt(bitmap, clear).scaled(shown.size());
     m_painter->setRenderHint(QPainter::SmoothPixmapTransform, false);
     m_painter->drawImage(FromScreen(*m_painter, shown), image, QRectF(image.rect()));
+}
+
+void QtCanvas::DrawOutline(const CRect& place, std::string_view outline, COLORREF colour) {
+    if (m_painter) PaintOutline(*m_painter, ToQt(place), outline, ColourToQt(colour));
+}
+
+void QtCanvas::DrawPicture(const CRect& place, const Picture& picture) {
+    const auto* painted = dynamic_cast<const QtPicture*>(&picture);
+    if (!m_painter || !painted) return;
+    m_painter->save();
+    painted->Paint(*m_painter, ToQt(place));
+    m_painter->restore();
 }
 
 }  // namespace orvo

@@ -24,6 +24,8 @@ public:
     void FrameRect(const CRect& rect, COLORREF colour) override;
     void DrawFocusRect(const CRect& rect, COLORREF colour) override;
     void DrawBitmap(CPoint place, const CBitmap& bitmap, std::optional<COLORREF> clear) override;
+    void DrawOutline(const CRect& place, std::string_view outline, COLORREF colour) override;
+    void DrawPicture(const CRect& place, const Picture& picture) override;
 
 private:
     void DrawLineOfText(const QString& text, const CRect& rect, UINT format);

@@ -36,6 +36,18 @@ void DrawSortMark(CDC& dc, int textWidth, CRect& place, COLORREF colour) {
     if (hasRoom) place.right -= kMarkWidth + kMarkGap;
 }
 
+void DrawImage(CDC& dc, const CImageList& images, int image, const CRect& place, COLORREF colour) {
+    const CSize size = images.ImageSize();
+    const CPoint corner{place.left, place.top + (place.Height() - size.cy) / 2};
+    const CBitmap* bitmap = images.GetImage(image);
+    if (!bitmap || bitmap->Outline().empty()) {
+        images.Draw(dc, image, corner);
+        return;
+    }
+    dc.DrawOutline({corner.x, corner.y, corner.x + size.cx, corner.y + size.cy},
+                   bitmap->Outline().c_str(), colour);
+}
+
 }  // namespace
 
 QtHeading::QtHeading(QtListModel& model, QWidget* parent)
@@ -71,8 +83,7 @@ void QtHeading::paintSection(QPainter* painter, const QRect& rect, int section) 
     if (section == sortIndicatorSection())
         DrawSortMark(dc, dc.GetTextExtent(column.heading).cx, place, colour);
     if (const CImageList* images = m_model.HeadingImages(); hasPicture && images) {
-        const int height = images->ImageSize().cy;
-        images->Draw(dc, column.image, {place.left, place.top + (place.Height() - height) / 2});
+        DrawImage(dc, *images, column.image, place, colour);
     }
     dc.SetBkMode(TRANSPARENT);
     dc.SetTextColor(colour);

@@ -49,4 +49,10 @@ void QtWindowCanvas::DrawBitmap(CPoint place, const CBitmap& bitmap,
     Draw(area, [=](Canvas& canvas) { canvas.DrawBitmap(place, bitmap, clear); });
 }
 
+void QtWindowCanvas::DrawOutline(const CRect& place, std::string_view outline, COLORREF colour) {
+    Draw(place, [place, outline = std::string(outline), colour](Canvas& canvas) {
+        canvas.DrawOutline(place, outline, colour);
+    });
+}
+
 }  // namespace orvo

@@ -23,6 +23,7 @@ public:
     void FrameRect(const CRect& rect, COLORREF colour) override;
     void DrawFocusRect(const CRect& rect, COLORREF colour) override;
     void DrawBitmap(CPoint place, const CBitmap& bitmap, std::optional<COLORREF> clear) override;
+    void DrawOutline(const CRect& place, std::string_view outline, COLORREF colour) override;
 
 private:
     void Draw(const CRect& area, std::function<void(Canvas&)> drawing);

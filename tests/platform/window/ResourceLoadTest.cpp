@@ -150,6 +150,13 @@ TEST(XpmPicture, TheClearColourIsNoneThatIsDrawn) {
     EXPECT_EQ(picture->hotSpot, std::nullopt);
 }
 
+TEST(XpmPicture, AnExtensionHoldsTheOutline) {
+    const auto picture = ReadXpmPicture(
+        "/* XPM */\"1 1 1 1 XPMEXT\",\"a c red\",\"a\",\"XPMEXT outline M1 2\",\"XPMENDEXT\"");
+    ASSERT_TRUE(picture);
+    EXPECT_EQ(picture->pixels.Outline(), "M1 2");
+}
+
 TEST(XpmPicture, WhatIsNoSoundPictureGivesNothing) {
     constexpr const char* kRows[][2] = {
         {"empty", ""},

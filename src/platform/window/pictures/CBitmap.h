@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include <platform/Export.h>
@@ -33,6 +35,11 @@ public:
 
     void ReplaceColor(COLORREF from, COLORREF to);
 
+    // The same picture as lines (see Outline.h), which are drawn in its place where they can be;
+    // empty where there is none.
+    const std::string& Outline() const { return m_outline; }
+    void SetOutline(std::string outline) { m_outline = std::move(outline); }
+
     friend bool operator==(const CBitmap&, const CBitmap&) = default;
 
 private:
@@ -41,6 +48,7 @@ private:
 
     CSize m_size;
     std::vector<COLORREF> m_pixels;  // line by line
+    std::string m_outline;
 };
 
 }  // namespace orvo

@@ -71,6 +71,14 @@ void CDC::DrawBitmap(CPoint place, const CBitmap& bitmap, std::optional<COLORREF
     m_canvas->DrawBitmap(place, bitmap, clear);
 }
 
+void CDC::DrawOutline(const CRect& place, const char* outline, COLORREF colour) {
+    m_canvas->DrawOutline(place, outline, colour);
+}
+
+void CDC::DrawPicture(const CRect& place, const Picture& picture) {
+    m_canvas->DrawPicture(place, picture);
+}
+
 void CDC::LineTo(int x, int y) {
     m_canvas->DrawLine(m_position, {x, y}, m_penColor);
     m_position = {x, y};

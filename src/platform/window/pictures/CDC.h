@@ -52,6 +52,8 @@ public:
     void DrawFocusRect(const CRect& rect);               // in the text colour
     void DrawBitmap(CPoint place, const CBitmap& bitmap,
                     std::optional<COLORREF> clear = std::nullopt);
+    void DrawOutline(const CRect& place, const char* outline, COLORREF colour);
+    void DrawPicture(const CRect& place, const Picture& picture);
     void MoveTo(int x, int y) { m_position = {x, y}; }
     void LineTo(int x, int y);
 

@@ -18,6 +18,7 @@ CBitmap CutOut(const CBitmap& bitmap, int left, CSize size) {
     for (int y = 0; y < size.cy; ++y) {
         for (int x = 0; x < size.cx; ++x) part.SetPixel({x, y}, bitmap.GetPixel({left + x, y}));
     }
+    if (bitmap.Size() == size) part.SetOutline(bitmap.Outline());
     return part;
 }
 

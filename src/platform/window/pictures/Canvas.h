@@ -40,6 +40,8 @@ struct TextLook {
     CFont font;
 };
 
+class Picture;
+
 class Canvas {
 public:
     virtual ~Canvas() = default;
@@ -59,6 +61,12 @@ public:
 
     // Pixels of the colour `clear` are left out.
     virtual void DrawBitmap(CPoint place, const CBitmap& bitmap, std::optional<COLORREF> clear) = 0;
+
+    // A square picture of lines, as Outline.h tells.
+    virtual void DrawOutline(const CRect& place, std::string_view outline, COLORREF colour) = 0;
+
+    // A picture of another window system isn't drawn.
+    virtual void DrawPicture(const CRect&, const Picture&) {}
 };
 
 }  // namespace orvo

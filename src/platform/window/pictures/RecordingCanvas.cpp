@@ -78,4 +78,10 @@ void RecordingCanvas::DrawBitmap(CPoint place, const CBitmap& bitmap,
     operation.clear = clear;
 }
 
+void RecordingCanvas::DrawOutline(const CRect& place, std::string_view outline, COLORREF colour) {
+    DrawOperation& operation = Add(DrawOperation::Kind::Outline, place);
+    operation.text = CString(outline);
+    operation.colour = colour;
+}
+
 }  // namespace orvo

@@ -11,7 +11,7 @@
 namespace orvo {
 
 struct DrawOperation {
-    enum class Kind { Text, Fill, Line, Bitmap, Frame, FocusRect };
+    enum class Kind { Text, Fill, Line, Bitmap, Frame, FocusRect, Outline };
 
     Kind kind = Kind::Text;
     CRect rect;  // of a line: from left top to right bottom
@@ -41,6 +41,7 @@ public:
     void FrameRect(const CRect& rect, COLORREF colour) override;
     void DrawFocusRect(const CRect& rect, COLORREF colour) override;
     void DrawBitmap(CPoint place, const CBitmap& bitmap, std::optional<COLORREF> clear) override;
+    void DrawOutline(const CRect& place, std::string_view outline, COLORREF colour) override;
 
 private:
     DrawOperation& Add(DrawOperation::Kind kind, const CRect& rect);

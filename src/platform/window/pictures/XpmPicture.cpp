@@ -14,6 +14,8 @@ namespace {
 
 constexpr std::string_view kHead = "/* XPM */";
 constexpr std::string_view kWhiteSpace = " \t\r\n";
+constexpr std::string_view kExtension = "XPMEXT";
+constexpr std::string_view kOutlineExtension = "XPMEXT outline ";
 constexpr int kGreatestSide = 4096;
 constexpr int kGreatestNameLength = 8;  // characters for one pixel
 
@@ -36,6 +38,7 @@ struct Values {
     int colours = 0;
     int nameLength = 0;
     std::optional<CPoint> hotSpot;
+    bool hasExtensions = false;
 };
 
 // The texts between quotes, outside comments; nothing where one has no end.
@@ -56,14 +59,17 @@ std::optional<std::vector<std::string_view>> QuotedTexts(std::string_view text) 
 }
 
 std::optional<Values> ReadValues(std::string_view line) {
+    std::vector<std::string_view> words = SplitWords(line);
+    const bool hasExtensions = !words.empty() && words.back() == kExtension;
+    if (hasExtensions) words.pop_back();
     std::vector<int> numbers;
-    for (const std::string_view word : SplitWords(line)) {
+    for (const std::string_view word : words) {
         const std::optional<int> number = NumberOf(word);
         if (!number) return std::nullopt;
         numbers.push_back(*number);
     }
     if (numbers.size() != 4 && numbers.size() != 6) return std::nullopt;
-    Values values{numbers[0], numbers[1], numbers[2], numbers[3], std::nullopt};
+    Values values{numbers[0], numbers[1], numbers[2], numbers[3], std::nullopt, hasExtensions};
     const auto isWithin = [](int value, int greatest) { return value >= 1 && value <= greatest; };
     if (!isWithin(values.width, kGreatestSide) || !isWithin(values.height, kGreatestSide) ||
         !isWithin(values.colours, kGreatestSide * kGreatestSide) ||
@@ -150,13 +156,15 @@ std::optional<XpmPicture> ReadXpmPicture(std::string_view text) {
     const auto colourLines = static_cast<std::size_t>(values->colours);
     const auto nameLength = static_cast<std::size_t>(values->nameLength);
     const std::size_t rowLength = static_cast<std::size_t>(values->width) * nameLength;
-    if (lines->size() != 1 + colourLines + static_cast<std::size_t>(values->height)) {
+    const std::size_t lineCount = 1 + colourLines + static_cast<std::size_t>(values->height);
+    if (lines->size() < lineCount || (lines->size() > lineCount && !values->hasExtensions)) {
         return std::nullopt;
     }
     // Checked before anything is made, so that a picture isn't larger than its text.
     const auto firstRow = lines->begin() + 1 + values->colours;
     const auto hasRowLength = [&](std::string_view row) { return row.size() == rowLength; };
-    if (!std::all_of(firstRow, lines->end(), hasRowLength)) return std::nullopt;
+    const auto behindRows = firstRow + values->height;
+    if (!std::all_of(firstRow, behindRows, hasRowLength)) return std::nullopt;
 
     Colours colours;
     for (auto line = lines->begin() + 1; line != firstRow; ++line) {
@@ -168,6 +176,10 @@ std::optional<XpmPicture> ReadXpmPicture(std::string_view text) {
     picture.pixels.Create({values->width, values->height}, picture.clear);
     for (int y = 0; y < values->height; ++y) {
         if (!DrawRow(firstRow[y], y, *values, colours, picture)) return std::nullopt;
+    }
+    for (auto line = behindRows; line != lines->end(); ++line) {
+        if (!line->starts_with(kOutlineExtension)) continue;
+        picture.pixels.SetOutline(std::string(line->substr(kOutlineExtension.size())));
     }
     return picture;
 }

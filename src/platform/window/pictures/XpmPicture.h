@@ -16,7 +16,8 @@ struct XpmPicture {
 };
 
 // Reads a picture whose colours are "#RRGGBB", "#RRRRGGGGBBBB", None, or one of black, white, red,
-// green, blue, yellow, cyan and magenta, each at its full strength. The text may hold any bytes.
+// green, blue, yellow, cyan and magenta, each at its full strength. An extension of the name
+// "outline" is the picture's. The text may hold any bytes.
 // Returns:  nothing where it isn't such a picture, or is wider or higher than 4096 pixels.
 std::optional<XpmPicture> ReadXpmPicture(std::string_view text);
 
