@@ -10,6 +10,7 @@
 #include <platform/text/CString.h>
 #include <platform/window/base/CWnd.h>
 #include <platform/window/list/ListPeer.h>
+#include <platform/window/pictures/RowPictures.h>
 
 namespace orvo {
 
@@ -31,10 +32,11 @@ public:
 // The mark line between head and body.
 constexpr const char* kCardRule = "<L>";
 
-// Cards flow down columns from left to right; the view scrolls by whole columns. A card is a
-// pointer that the view hands back and never reads. What a card says is asked for each time it is
-// painted, and not otherwise. Cards are counted from 0 in display order; one outside is harmless:
-// getters return -1, 0 or null, setters do nothing. The argument `flag` is 1 at every call.
+// Cards flow down columns from left to right, and the view scrolls by whole columns; or along lines
+// from the top, which they fill, and it scrolls by whole lines. A card is a pointer that the view
+// hands back and never reads. What a card says is asked for each time it is painted, and not
+// otherwise. Cards are counted from 0 in display order; one outside is harmless: getters return -1,
+// 0 or null, setters do nothing. The argument `flag` is 1 at every call.
 class ORVO_API COrvoUICardView : public CWnd, private ListPeerClient {
 public:
     COrvoUICardView();
@@ -75,10 +77,18 @@ public:
     void SetCardSize(int width, int height, int flag);
     void GetCardSize(int* width, int* height) const;
 
+    void SetCardFlow(CardFlow flow);
+    CardFlow GetCardFlow() const { return m_flow; }
+
     // Where values begin in the body: so many characters of average width from its left edge, but
     // at the middle at the latest. With 0, as at the start, they begin at a third of the width.
     void SetTabStop(int position);
     int GetTabStop() const { return m_tabStop; }
+
+    // Paints a picture before each title, which is no image of a list where the card isn't masked;
+    // null for none.
+    // They outlive the view, or are taken back.
+    void SetCardPictures(RowPictures* pictures) { m_pictures = pictures; }
 
     // Takes the Return key before a window above gives it to its default button.
     BOOL PreTranslateMessage(MSG* message) override;
@@ -126,7 +136,9 @@ private:
     LRESULT OnPaint(WPARAM wParam, LPARAM lParam);
 
     ListPeer* m_cards = nullptr;
+    RowPictures* m_pictures = nullptr;
     const CCardDesc* m_painted = nullptr;  // while a card is being painted
+    CardFlow m_flow = CardFlow::Columns;
     int m_tabStop = 0;
     bool m_narrowsOnRelease = false;  // the pressed card was one of several that are selected
 };

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdlib>
 
+#include <contracts/Profile.h>
 #include <desktop/texts/Texts.h>
 #include <desktop/views/ShownAddresses.h>
 #include <host/ViewSections.h>
@@ -20,6 +21,8 @@ constexpr std::array<CSize, 6> kCardSizes{
 constexpr int kFirstCardStep = 2;
 
 struct ListModeRow {
+constexpr const char* kScrollsDownKey = "ScrollsDown";
+
     ViewKind kind;
     int mode;
 };
@@ -39,6 +42,7 @@ bool ShownAddresses::Create(CWnd& parent, CLookupEdit& box, CCategoryCombo& cate
     m_cards.Initialize(&Table());
     if (m_cards.ReadCardSize(kCardSection) == 0) SetCardStep(kFirstCardStep);
     m_list.ShowDefaultHeading();
+    ScrollCardsDown(OUIGetProfileInt(kCardSection, kScrollsDownKey, 0) != 0);
     m_spread.emplace(m_list);
     HideColumns(m_list);
     if (m_list.ReadHeaderColumnInfo(kListSection, 0) == 0) m_list.ShowDefaultHeading();
@@ -109,6 +113,10 @@ int ShownAddresses::CardStep() const {
     int width = 0;
     int height = 0;
     m_cards.GetCardSize(&width, &height);
+void ShownAddresses::ScrollCardsDown(bool isDown) {
+    m_cards.SetCardFlow(isDown ? CardFlow::Lines : CardFlow::Columns);
+}
+
     const auto isNearer = [width](const CSize& size, const CSize& other) {
         return std::abs(size.cx - width) < std::abs(other.cx - width);
     };
@@ -122,6 +130,7 @@ void ShownAddresses::SaveHeadings() {
 
 int ShownAddresses::HiddenCount() {
     if (Disclosure(m_options).Hides() == 0) return 0;
+    OUIWriteProfileInt(kCardSection, kScrollsDownKey, AreCardsScrolledDown() ? 1 : 0);
     return CountPrivate<CAddressRecord, CAddressIterator>(Table(), [this](CAddressRecord& record) {
         return View().DV_VerifyCategoryAndPrivate(&record, Category(), 0);
     });

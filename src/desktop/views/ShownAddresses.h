@@ -40,6 +40,10 @@ public:
 
     QString Name() const override;
     QString CountedText(int count) const override;
+    // Whether cards are scrolled down, which is kept.
+    void ScrollCardsDown(bool isDown);
+    bool AreCardsScrolledDown() const { return m_cards.GetCardFlow() == CardFlow::Lines; }
+
     EntryFile File() const override;
     CAddressTable& Table() override { return m_session.Addresses(); }
     CWnd& Window() override;

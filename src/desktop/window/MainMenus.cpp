@@ -119,6 +119,11 @@ void MainMenus::MakeViewMenu(const QList<QAction*>& views, const QList<QAction*>
             frame.Addresses().SetCardStep(frame.Addresses().CardStep() + change);
         });
     }
+    QAction* down = view.addAction(Text("Scroll cards do&wn"));
+    down->setCheckable(true);
+    down->setChecked(frame.Addresses().AreCardsScrolledDown());
+    QObject::connect(down, &QAction::triggered, down,
+                     [&frame](bool isDown) { frame.Addresses().ScrollCardsDown(isDown); });
     view.addSeparator();
     constexpr Choice kPrivacies[] = {
         {Untranslated("S&how private entries"), static_cast<int>(Privacy::Show)},

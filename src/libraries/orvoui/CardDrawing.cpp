@@ -1,7 +1,6 @@
 // The card widget: how a card is painted.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
-#include <span>
 #include <string_view>
 
 #include <contracts/CardWidget.h>
@@ -9,6 +8,7 @@
 #include <libraries/orvoui/TextLine.h>
 #include <platform/window/base/WindowSystem.h>
 #include <platform/window/pictures/Contrast.h>
+#include <platform/window/pictures/Outline.h>
 
 namespace orvo {
 
@@ -18,20 +18,17 @@ namespace {
 constexpr int kMargin = 6;
 constexpr int kTitleMargin = 3;
 constexpr int kMarkGap = 4;
-constexpr CSize kMarkSize{9, 10};
+constexpr int kPictureSide = 32;
+constexpr int kPictureMargin = 4;
+constexpr int kWrapMargin = 2;  // as what is measured may be drawn a little wider
+constexpr int kMarkSide = 16;
 
 constexpr UINT kLineFormat = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS;
 
 // Eighths from the ground to the text.
-constexpr int kBandStrength = 1;
 constexpr int kBarStrength = 2;
 constexpr int kFrameStrength = 3;
 constexpr int kDimStrength = 5;
-
-// The marks as bars, from the mark's left top.
-constexpr CRect kPadlock[] = {{2, 0, 7, 1}, {1, 1, 2, 5}, {7, 1, 8, 5}, {0, 5, 9, 10}};
-constexpr CRect kNote[] = {{0, 0, 7, 1}, {0, 1, 1, 9}, {0, 9, 9, 10}, {8, 2, 9, 9},
-                           {7, 1, 8, 2}, {2, 4, 7, 5}, {2, 6, 7, 7}};
 
 COLORREF SoftColour(int strength) {
     return MixColours(GetSysColor(COLOR_WINDOW), GetSysColor(COLOR_WINDOWTEXT), strength);
@@ -62,44 +59,44 @@ struct CardPlaces {
     CRect body;
 };
 
-CardPlaces PlacesOf(CDC& dc, const CRect& bounds) {
+CardPlaces PlacesOf(CDC& dc, const CRect& bounds, bool hasPicture) {
     CRect inside = bounds;
     inside.DeflateRect(1, 1);
     CardPlaces places{inside, inside};
     const int titleHeight = MeasureLine(dc, *OUIGetListFont()).height;
-    places.band.bottom = std::min(inside.top + titleHeight + 2 * kTitleMargin, inside.bottom);
+    const int bandHeight = std::max(titleHeight + 2 * kTitleMargin,
+                                    hasPicture ? kPictureSide + 2 * kPictureMargin : 0);
+    places.band.bottom = std::min(inside.top + bandHeight, inside.bottom);
     places.body.top = places.band.bottom;
     places.body.DeflateRect(kMargin, kTitleMargin);
     return places;
 }
 
-void DrawMark(CDC& dc, CPoint place, std::span<const CRect> bars, COLORREF colour) {
-    for (CRect bar : bars) {
-        bar.OffsetRect(place);
-        dc.FillSolidRect(bar, colour);
-    }
+// Where a picture stands in the band; the title takes what is behind it.
+CRect TakePicturePlace(CRect& title) {
+    const int top = title.top + kPictureMargin;
+    const CRect place{title.left, top, title.left + kPictureSide, top + kPictureSide};
+    title.left = place.right + kMargin;
+    return place;
 }
 
-void DrawTitle(CDC& dc, const CRect& band, const CCardDesc& card, COLORREF colour) {
-    CRect place = band;
-    place.DeflateRect(kMargin, 0);
-    const auto addMark = [&](std::span<const CRect> bars) {
-        const CPoint markPlace{place.right - kMarkSize.cx,
-                               place.top + (place.Height() - kMarkSize.cy) / 2};
-        DrawMark(dc, markPlace, bars, colour);
-        place.right = markPlace.x - kMarkGap;
+void DrawTitle(CDC& dc, CRect place, const CCardDesc& card, COLORREF colour) {
+    const auto addMark = [&](const char* outline) {
+        const int left = place.right - kMarkSide;
+        const int top = place.top + (place.Height() - kMarkSide) / 2;
+        dc.DrawOutline({left, top, left + kMarkSide, top + kMarkSide}, outline, colour);
+        place.right = left - kMarkGap;
     };
-    if (card.bPrivate != 0) addMark(kPadlock);
-    if (card.bHasNote != 0) addMark(kNote);
+    if (card.bPrivate != 0) addMark(kPadlockOutline);
+    if (card.bHasNote != 0) addMark(kNoteOutline);
     CFont font = *OUIGetListFont();
     font.isBold = true;
     DrawTextLine(dc, card.strTitle, place, colour, kLineFormat, font);
 }
 
 // A bar of the same size on every card: that something is hidden may be seen, but not how much.
-void DrawMask(CDC& dc, const CRect& band, COLORREF bandColour, COLORREF titleColour) {
-    CRect bar = band;
-    bar.DeflateRect(kMargin, band.Height() / 3);
+void DrawMask(CDC& dc, CRect bar, COLORREF bandColour, COLORREF titleColour) {
+    bar.DeflateRect(0, bar.Height() / 3);
     bar.right -= bar.Width() / 2;
     const COLORREF soft = MixColours(bandColour, titleColour, kBarStrength);
     dc.FillSolidRect(bar, Readable(soft, titleColour, bandColour, kMarkContrast));
@@ -124,8 +121,24 @@ std::string_view TakeLine(std::string_view& text) {
     return line;
 }
 
-// `stop` is where the value begins.
-void DrawBodyLine(CDC& dc, std::string_view line, const CRect& place, int stop, int gap) {
+// A text that is too wide goes on in further lines, as far as there is room for them; the last one
+// ends in an ellipsis then. `place` is that of the first line, and becomes that of the last one.
+void DrawBrokenText(CDC& dc, std::string_view text, CRect& place, int bottom) {
+    const int height = place.Height();
+    while (true) {
+        const bool isLast = place.bottom + height > bottom;
+        const std::size_t length =
+            isLast ? text.size() : LengthOfLine(dc, text, place.Width() - kWrapMargin);
+        DrawTextLine(dc, CString(text.substr(0, length)), place, GetSysColor(COLOR_WINDOWTEXT),
+                     kLineFormat);
+        text.remove_prefix(length);
+        if (text.empty()) return;
+        place.OffsetRect({0, height});
+    }
+}
+
+// `stop` is where the value begins. The place becomes that of the last line.
+void DrawBodyLine(CDC& dc, std::string_view line, CRect& place, int bottom, int stop, int gap) {
     const std::size_t tab = line.find('\t');
     CRect valuePlace = place;
     if (tab != std::string_view::npos) {
@@ -139,7 +152,8 @@ void DrawBodyLine(CDC& dc, std::string_view line, const CRect& place, int stop, 
     }
     CString value(line);
     value.Replace("\t", "    ");
-    DrawTextLine(dc, value, valuePlace, GetSysColor(COLOR_WINDOWTEXT), kLineFormat);
+    DrawBrokenText(dc, value.View(), valuePlace, bottom);
+    place.bottom = valuePlace.bottom;
 }
 
 void DrawBody(CDC& dc, std::string_view text, const CRect& body, int tabStop) {
@@ -156,7 +170,7 @@ void DrawBody(CDC& dc, std::string_view text, const CRect& body, int tabStop) {
             const int y = place.top + place.Height() / 2;
             dc.FillSolidRect({place.left, y, place.right, y + 1}, SoftColour(kFrameStrength));
         } else if (!line.empty()) {
-            DrawBodyLine(dc, line, place, body.left + stop, measure.average / 2);
+            DrawBodyLine(dc, line, place, body.bottom, body.left + stop, measure.average / 2);
         }
         place.top = place.bottom;
     }
@@ -170,17 +184,23 @@ void COrvoUICardView::DrawRow(CDC& dc, int card, const CRect& bounds) {
     if (!m_cards) return;
 
     const bool isSelected = m_cards->IsSelected(card);
-    const COLORREF bandColour =
-        isSelected ? GetSysColor(COLOR_HIGHLIGHT) : SoftColour(kBandStrength);
+    const COLORREF bandColour = GetSysColor(isSelected ? COLOR_HIGHLIGHT : COLOR_ALTERNATE);
     const COLORREF titleColour = GetSysColor(isSelected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT);
-    CardPlaces places = PlacesOf(dc, bounds);
+    CardPlaces places = PlacesOf(dc, bounds, m_pictures != nullptr);
+    CRect title = places.band;
+    title.DeflateRect(kMargin, 0);
     dc.FillSolidRect(bounds, GetSysColor(COLOR_WINDOW));
     dc.FillSolidRect({bounds.left, bounds.top, bounds.right, places.band.bottom}, bandColour);
     dc.FrameRect(bounds, SoftColour(kFrameStrength));
+    if (m_pictures) {
+        const CRect place = TakePicturePlace(title);
+        const int image = description.bMasked != 0 ? kMaskedPicture : -1;
+        m_pictures->Draw(dc, place, m_cards->Data(card), image);
+    }
     if (description.bMasked != 0) {
-        DrawMask(dc, places.band, bandColour, titleColour);
+        DrawMask(dc, title, bandColour, titleColour);
     } else {
-        DrawTitle(dc, places.band, description, titleColour);
+        DrawTitle(dc, title, description, titleColour);
         DrawCategory(dc, description.strCategory, places.body);
         m_painted = &description;
         DrawCardBody(&dc, card, &places.body);

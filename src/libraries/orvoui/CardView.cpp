@@ -39,6 +39,7 @@ bool COrvoUICardView::TakePeer(WindowPeer& peer) {
     m_cards = dynamic_cast<ListPeer*>(&peer);
     if (!m_cards) return false;
     m_cards->SetMode(ListMode::Card);
+    m_cards->SetCardFlow(m_flow);
     m_cards->SetClient(this);
     return true;
 }
@@ -146,6 +147,11 @@ void COrvoUICardView::GetCardSize(int* width, int* height) const {
     const CSize size = m_cards ? m_cards->CardSize() : CSize();
     *width = size.cx;
     *height = size.cy;
+}
+
+void COrvoUICardView::SetCardFlow(CardFlow flow) {
+    m_flow = flow;
+    if (m_cards) m_cards->SetCardFlow(flow);
 }
 
 void COrvoUICardView::SetTabStop(int position) {

@@ -95,7 +95,7 @@ int QtListModel::LinesPerPage() const {
 }
 
 bool QtListModel::ScrollsAside() const {
-    return m_peer && m_peer->Mode() == ListMode::Card;
+    return m_peer && m_peer->ScrollsAside();
 }
 
 }  // namespace orvo

@@ -20,21 +20,26 @@ namespace {
 
 // Room for a line of the desktop's font, and around the icons for some of its characters.
 ListMetrics MetricsOfFont(const QFontMetrics& font) {
-    constexpr int kLabelCharacters = 14;
+    constexpr int kLabelCharacters = 16;
     constexpr int kLabelLines = 2;
     constexpr int kMargin = 4;
-    ListMetrics metrics;
     constexpr int kRowMargin = 8;
+    ListMetrics metrics;
     metrics.rowHeight = std::max(metrics.rowHeight, font.height() + kRowMargin);
     metrics.headingHeight = metrics.rowHeight + kMargin;
+    metrics.iconGap = 2 * kMargin;
+    metrics.largeIconSize = 64;
+    metrics.smallIconSize = 32;
     const int labelWidth = kLabelCharacters * font.averageCharWidth();
     CSize& large = metrics.largeIconCell;
-    large.cx = std::max(large.cx, labelWidth + kMargin);
-    large.cy = metrics.largeIconLabelTop + kLabelLines * font.lineSpacing() + kMargin;
-    metrics.largeIconOffset.x = (large.cx - metrics.largeIconSize) / 2;
-    metrics.smallIconCell.cx = metrics.smallIconSize + 2 * labelWidth;
-    metrics.smallIconCell.cy = metrics.rowHeight;
-    metrics.smallIconOffset.y = (metrics.rowHeight - metrics.smallIconSize) / 2;
+    large.cx = std::max(metrics.largeIconSize, labelWidth) + 2 * metrics.iconGap;
+    metrics.largeIconOffset = {(large.cx - metrics.largeIconSize) / 2, kRowMargin};
+    metrics.largeIconLabelTop = metrics.largeIconOffset.y + metrics.largeIconSize + kMargin;
+    large.cy = metrics.largeIconLabelTop + kLabelLines * font.lineSpacing() + kRowMargin;
+    CSize& small = metrics.smallIconCell;
+    small.cx = metrics.smallIconSize + 2 * labelWidth;
+    small.cy = std::max(metrics.rowHeight, metrics.smallIconSize + kRowMargin);
+    metrics.smallIconOffset = {kRowMargin, (small.cy - metrics.smallIconSize) / 2};
     return metrics;
 }
 
@@ -288,6 +293,13 @@ void QtListPeer::SetImages(ImageUse use, HIMAGELIST images) {
 void QtListPeer::SetCardSize(CSize size) {
     RowListPeer::SetCardSize(size);
     ShowView();
+}
+
+void QtListPeer::SetCardFlow(CardFlow flow) {
+    const int top = TopRow();
+    RowListPeer::SetCardFlow(flow);
+    ShowView();
+    if (View()) ScrollToLine(top / RowsPerLine());
 }
 
 bool QtListPeer::SetIconPosition(int row, CPoint position) {

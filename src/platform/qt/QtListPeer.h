@@ -39,6 +39,7 @@ public:
     void SetMode(ListMode mode) override;
     void SetImages(ImageUse use, HIMAGELIST images) override;
     void SetCardSize(CSize size) override;
+    void SetCardFlow(CardFlow flow) override;
     bool SetIconPosition(int row, CPoint position) override;
     void TakeFocus() override;
     void SetRedraw(bool on) override;

@@ -7,7 +7,9 @@
 #include <QScrollBar>
 #include <QTextDocument>
 #include <QToolTip>
+#include <QWheelEvent>
 #include <algorithm>
+#include <cstdlib>
 
 #include <platform/qt/QtListViews.h>
 
@@ -116,6 +118,18 @@ void QtIconView::updateGeometries() {
     bar.setRange(0, std::max(m_model.LastLine() + 1 - page, 0));
     bar.setPageStep(page);
     (&bar == verticalScrollBar() ? horizontalScrollBar() : verticalScrollBar())->setRange(0, 0);
+}
+
+// Lines are tall: Qt would scroll by several at each step of the wheel, however few are in view.
+void QtIconView::wheelEvent(QWheelEvent* event) {
+    const QPoint turn = event->angleDelta();
+    m_turned += std::abs(turn.y()) >= std::abs(turn.x()) ? turn.y() : turn.x();
+    const int steps = m_turned / QWheelEvent::DefaultDeltasPerStep;
+    m_turned -= steps * QWheelEvent::DefaultDeltasPerStep;
+    constexpr int kStepsPerPage = 5;
+    const int lines = std::max(1, m_model.LinesPerPage() / kStepsPerPage);
+    LineBar().setValue(LineBar().value() - steps * lines);
+    event->accept();
 }
 
 void QtIconView::scrollContentsBy(int, int) {

@@ -54,10 +54,12 @@ protected:
     void scrollContentsBy(int dx, int dy) override;
     void currentChanged(const QModelIndex&, const QModelIndex&) override {}  // QtListTeller tells
     bool viewportEvent(QEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
 
 private:
     QtWindowLink& m_link;
     QtListModel& m_model;
+    int m_turned = 0;  // of the wheel, since the last whole step
 };
 
 }  // namespace orvo

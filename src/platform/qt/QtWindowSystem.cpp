@@ -43,6 +43,7 @@ constexpr ColourRow kColours[] = {
     {COLOR_BTNTEXT, QPalette::ButtonText},
     {COLOR_INFOTEXT, QPalette::ToolTipText},
     {COLOR_INFOBK, QPalette::ToolTipBase},
+    {COLOR_ALTERNATE, QPalette::AlternateBase},
 };
 
 struct ShapeRow {

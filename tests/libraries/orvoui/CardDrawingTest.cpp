@@ -119,6 +119,22 @@ TEST_F(CardDrawing, LabelsAndValuesStandAtTheTabStop) {
     EXPECT_THAT(Peer().Drawn(), testing::Contains(testing::Field(&DrawOperation::rect, rule)));
 }
 
+TEST_F(CardDrawing, AValueThatIsTooWideGoesOnInLinesAndTheLastOneThatFitsIsCut) {
+    cards.SetTabStop(10);
+
+    // A line of the values holds 18 characters.
+    const std::vector<Text> texts =
+        PaintedBody("A\tone two three four five\n\t12345678901234567890\nB\n");
+
+    ASSERT_EQ(texts.size(), 6U);
+    EXPECT_EQ(texts[1].first, "one two three four ");
+    EXPECT_EQ(texts[2], (Text{"five", {95, kBodyTop + 16, kBodyRight, kBodyTop + 32}}));
+    EXPECT_EQ(texts[3].first, "123456789012345678");
+    EXPECT_EQ(texts[5], (Text{"B", BodyLine(kBodyTop + 64)}));
+    EXPECT_EQ(PaintedBody(("A\t" + std::string(1000, 'x')).c_str()).back().first.size(),
+              1000U - 7 * 18);
+}
+
 TEST_F(CardDrawing, ATabStopLeavesHalfOfTheBodyToTheValues) {
     const std::tuple<const char*, int, int> rows[] = {
         {"in the body", 4, kBodyLeft + 32},
@@ -153,18 +169,18 @@ TEST_F(CardDrawing, TheCategoryStandsSmallAtTheBottomAndTakesALine) {
 
 TEST_F(CardDrawing, MarksStandAtTheRightOfTheTitle) {
     const std::tuple<const char*, int, int, int, std::size_t> rows[] = {{"none", 0, 0, 241, 0},
-                                                                        {"a padlock", 1, 0, 228, 4},
-                                                                        {"a note", 0, 1, 228, 7},
-                                                                        {"both", 1, 1, 215, 11}};
-    for (const auto& [why, isPrivate, hasNote, titleRight, bars] : rows) {
+                                                                        {"a padlock", 1, 0, 221, 1},
+                                                                        {"a note", 0, 1, 221, 1},
+                                                                        {"both", 1, 1, 201, 2}};
+    for (const auto& [why, isPrivate, hasNote, titleRight, marks] : rows) {
         cards.description.bPrivate = isPrivate;
         cards.description.bHasNote = hasNote;
         const Recording& drawn = Paint();
-        ASSERT_EQ(drawn.size(), 5U + bars) << why;
+        ASSERT_EQ(drawn.size(), 5U + marks) << why;
         EXPECT_EQ(Painted("Jane Doe").rect.right, titleRight) << why;
-        for (std::size_t bar = 4; bar < 4 + bars; ++bar) {
-            EXPECT_GE(drawn[bar].rect.left, titleRight) << why;
-            EXPECT_LE(drawn[bar].rect.right, kTitle.right) << why;
+        for (std::size_t mark = 4; mark < 4 + marks; ++mark) {
+            EXPECT_GE(drawn[mark].rect.left, titleRight) << why;
+            EXPECT_LE(drawn[mark].rect.right, kTitle.right) << why;
         }
     }
 }

@@ -174,6 +174,20 @@ TEST_F(CardMode, ANewSizeKeepsTheFirstCardInView) {
     EXPECT_EQ(list.CardSize(), (CSize{1, 1}));
 }
 
+TEST_F(CardMode, CardsInLinesAreAsWideAsThoseDivideEvenlyAndScrollDown) {
+    list.SetCardFlow(CardFlow::Lines);
+
+    EXPECT_EQ(RectOf(1), (CRect{129, 8, 242, 58}));
+    EXPECT_EQ(RectOf(2), (CRect{8, 66, 121, 116}));
+    list.SetFocusRow(0);
+    EXPECT_EQ(RowForKey(list, VK_DOWN), 2);
+    list.EnsureVisible(19, false);
+    EXPECT_EQ(list.TopRow(), 14);
+    EXPECT_EQ(list.HitTest(RectOf(15).CenterPoint()).row, 15);
+    Resize(90, 180);
+    EXPECT_EQ(RectOf(list.TopRow()), (CRect{8, 8, 82, 58})) << "narrower than it was set";
+}
+
 TEST_F(CardMode, CardsHaveNoPlacesOfTheirOwn) {
     list.SetMode(ListMode::Icon);
     list.SetIconPosition(3, {5000, 5000});

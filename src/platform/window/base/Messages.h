@@ -229,5 +229,6 @@ constexpr int COLOR_GRAYTEXT = 17;
 constexpr int COLOR_BTNTEXT = 18;
 constexpr int COLOR_INFOTEXT = 23;
 constexpr int COLOR_INFOBK = 24;
+constexpr int COLOR_ALTERNATE = 100;  // the ground of what stands out a little
 
 }  // namespace orvo

@@ -73,9 +73,9 @@ int RowForKey(const ListPeer& list, UINT key) {
         return row >= 0 && row < count ? row : focus;
     };
     const bool isReport = list.Mode() == ListMode::Report;
-    const bool isCard = list.Mode() == ListMode::Card;
-    const int down = isCard ? 1 : list.RowsPerLine();
-    const int aside = isCard ? list.RowsPerLine() : 1;
+    const bool isAside = list.ScrollsAside();
+    const int down = isAside ? 1 : list.RowsPerLine();
+    const int aside = isAside ? list.RowsPerLine() : 1;
     switch (key) {
         case VK_UP:
             return step(-down);

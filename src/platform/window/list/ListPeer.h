@@ -42,6 +42,9 @@ enum class ListMode { Icon = 0, Report = 1, SmallIcon = 2, List = 3, Card = 4 };
 // Pixels that are left free above each card and to the left of it.
 constexpr int kCardGutter = 8;
 
+// Cards fill columns, so that a view is scrolled aside, or lines, so that it is scrolled down.
+enum class CardFlow { Columns, Lines };
+
 enum class RowPart { Bounds = 0, Icon = 1, Label = 2 };
 enum class ImageUse { Normal, Small, State, Heading };
 
@@ -119,6 +122,10 @@ public:
     // view.
     virtual CSize CardSize() const = 0;
     virtual void SetCardSize(CSize size) = 0;
+    // The same holds for a new flow. At the start cards fill columns.
+    virtual void SetCardFlow(CardFlow) {}
+    // True where a line, as below, is a column.
+    virtual bool ScrollsAside() const { return false; }
 
     // Selection, focus, and the anchor from which a range is drawn; -1 stands for none.
     virtual bool IsSelected(int row) const = 0;
@@ -134,7 +141,7 @@ public:
     virtual int TopRow() const = 0;
     virtual std::vector<int> VisibleRows() const = 0;  // also those that are partly in view
     virtual int RowsPerPage() const = 0;               // rows that fit wholly, at least 1
-    virtual int RowsPerLine() const = 0;  // 1 in report mode; of cards, a line is a column
+    virtual int RowsPerLine() const = 0;               // 1 in report mode
     virtual bool EnsureVisible(int row, bool partlyIsEnough) = 0;
     virtual bool RowRect(int row, RowPart part, CRect& rect) const = 0;
     virtual bool CellRect(int row, int column, CRect& rect) const = 0;

@@ -40,8 +40,18 @@ void RowListPeer::InvalidateRows(int first, int last) {
 }
 
 CSize RowListPeer::Cell() const {
-    if (IsCard()) return {m_cardSize.cx + kCardGutter, m_cardSize.cy + kCardGutter};
+    if (IsCard()) {
+        const CSize card = ShownCardSize();
+        return {card.cx + kCardGutter, card.cy + kCardGutter};
+    }
     return m_mode == ListMode::Icon ? m_metrics.largeIconCell : m_metrics.smallIconCell;
+}
+
+CSize RowListPeer::ShownCardSize() const {
+    if (m_cardFlow == CardFlow::Columns) return m_cardSize;
+    const int room = RowsArea().Width() - kCardGutter;
+    const int count = std::max(1, room / (m_cardSize.cx + kCardGutter));
+    return {std::max(1, room / count - kCardGutter), m_cardSize.cy};
 }
 
 CPoint RowListPeer::IconOffset() const {
@@ -50,13 +60,13 @@ CPoint RowListPeer::IconOffset() const {
 
 int RowListPeer::LineExtent() const {
     if (IsReport()) return m_metrics.rowHeight;
-    return IsCard() ? Cell().cx : Cell().cy;
+    return ScrollsAside() ? Cell().cx : Cell().cy;
 }
 
 int RowListPeer::RowsPerLine() const {
     if (IsReport()) return 1;
     const CSize area = RowsArea().Size();
-    return std::max(1, IsCard() ? area.cy / Cell().cy : area.cx / Cell().cx);
+    return std::max(1, ScrollsAside() ? area.cy / Cell().cy : area.cx / Cell().cx);
 }
 
 int RowListPeer::LinesPerPage() const {
@@ -146,17 +156,17 @@ bool RowListPeer::CellRect(int row, int column, CRect& rect) const {
 }
 
 int RowListPeer::SmallIconWidth() const {
-    return Images(ImageUse::Small) ? m_metrics.smallIconSize : 0;
+    return Images(ImageUse::Small) ? m_metrics.rowIconSize : 0;
 }
 
 CRect RowListPeer::ReportRect(int row, RowPart part) const {
     CRect main;
     CellRect(row, 0, main);
     const int iconRight = std::min(main.left + SmallIconWidth(), main.right);
-    const int iconTop = main.top + (m_metrics.rowHeight - m_metrics.smallIconSize) / 2;
+    const int iconTop = main.top + (m_metrics.rowHeight - m_metrics.rowIconSize) / 2;
     switch (part) {
         case RowPart::Icon:
-            return {main.left, iconTop, iconRight, iconTop + m_metrics.smallIconSize};
+            return {main.left, iconTop, iconRight, iconTop + m_metrics.rowIconSize};
         case RowPart::Label:
             return {iconRight, main.top, main.right, main.bottom};
         case RowPart::Bounds:
@@ -176,12 +186,14 @@ CRect RowListPeer::IconRect(int row, RowPart part) const {
     const CPoint end = origin + CPoint{Cell().cx, Cell().cy};
     const bool isLarge = m_mode == ListMode::Icon;
     const int size = isLarge ? m_metrics.largeIconSize : m_metrics.smallIconSize;
+    const int gap = m_metrics.iconGap / 2;
     switch (part) {
         case RowPart::Icon:
             return {icon.x, icon.y, icon.x + size, icon.y + size};
         case RowPart::Label:
-            if (isLarge) return {origin.x, origin.y + m_metrics.largeIconLabelTop, end.x, end.y};
-            return {icon.x + size, origin.y, end.x, end.y};
+            if (isLarge)
+                return {origin.x + gap, origin.y + m_metrics.largeIconLabelTop, end.x - gap, end.y};
+            return {icon.x + size + gap, origin.y, end.x - gap, end.y};
         case RowPart::Bounds:
             break;
     }
@@ -193,9 +205,11 @@ CRect RowListPeer::CardRect(int row) const {
     const int line = LineOf(row);
     const int inLine = row - line * RowsPerLine();
     const CPoint origin = RowsArea().TopLeft();
-    const int left = origin.x + (line - TopLine()) * cell.cx + kCardGutter;
-    const int top = origin.y + inLine * cell.cy + kCardGutter;
-    return {left, top, left + m_cardSize.cx, top + m_cardSize.cy};
+    const int column = ScrollsAside() ? line - TopLine() : inLine;
+    const int place = ScrollsAside() ? inLine : line - TopLine();
+    const int left = origin.x + column * cell.cx + kCardGutter;
+    const int top = origin.y + place * cell.cy + kCardGutter;
+    return {left, top, left + cell.cx - kCardGutter, top + cell.cy - kCardGutter};
 }
 
 bool RowListPeer::RowRect(int row, RowPart part, CRect& rect) const {
@@ -246,8 +260,10 @@ ListHit RowListPeer::IconHit(CPoint point) const {
 
 ListHit RowListPeer::CardHit(CPoint point) const {
     const CPoint place = point - RowsArea().TopLeft();
-    const int line = TopLine() + place.x / Cell().cx;
-    const int row = line * RowsPerLine() + place.y / Cell().cy;
+    const int column = place.x / Cell().cx;
+    const int inColumn = place.y / Cell().cy;
+    const int line = TopLine() + (ScrollsAside() ? column : inColumn);
+    const int row = line * RowsPerLine() + (ScrollsAside() ? inColumn : column);
     if (!HasRow(row) || !CardRect(row).PtInRect(point)) return {};
     return {row, 0, LVHT_ONITEMLABEL};
 }

@@ -221,6 +221,14 @@ void RowListPeer::SetCardSize(CSize size) {
     InvalidateAll();
 }
 
+void RowListPeer::SetCardFlow(CardFlow flow) {
+    const int top = TopRow();
+    m_cardFlow = flow;
+    if (!IsCard()) return;
+    ScrollToLine(top / RowsPerLine());
+    InvalidateAll();
+}
+
 bool RowListPeer::IsSelected(int row) const {
     return HasRow(row) && m_selection.Has(row);
 }

@@ -13,10 +13,11 @@
 namespace orvo {
 
 // The measures of a list; those given are of a list without a screen. An icon has the small or
-// large size and stands at `offset` in its cell.
+// large size and stands at `offset` in its cell; a label leaves half of the gap free on both sides.
 struct ListMetrics {
     int headingHeight = 20;  // 0 for a list without heading
     int rowHeight = 18;
+    int rowIconSize = 16;  // of a report
     int smallIconSize = 16;
     int largeIconSize = 32;
     CSize largeIconCell{75, 75};
@@ -24,6 +25,7 @@ struct ListMetrics {
     int largeIconLabelTop = 36;
     CSize smallIconCell{120, 18};
     CPoint smallIconOffset{0, 1};
+    int iconGap = 0;
 };
 
 // In report mode the heading stands on top, then row below row; columns stand side by side from
@@ -32,7 +34,8 @@ struct ListMetrics {
 //
 // In card mode a cell is a card with its gutter. Cards fill columns from left to right, as many as
 // fit the height, and at least one. A line is such a column, so that a view is scrolled to the
-// right by whole columns. Cards have no places of their own.
+// right by whole columns. Where cards fill lines, they are as wide as the lines divide evenly, and
+// a line is what it is for icons. Cards have no places of their own.
 class ORVO_API RowListPeer : public ListPeer {
 public:
     int RowCount() const override { return m_selection.Size(); }
@@ -63,6 +66,8 @@ public:
     HIMAGELIST Images(ImageUse use) const override;
     CSize CardSize() const override { return m_cardSize; }
     void SetCardSize(CSize size) override;
+    void SetCardFlow(CardFlow flow) override;
+    bool ScrollsAside() const override { return IsCard() && m_cardFlow == CardFlow::Columns; }
 
     bool IsSelected(int row) const override;
     void Select(int first, int last, bool selected) override;
@@ -130,7 +135,8 @@ private:
 
     bool HasPlacedRows() const { return m_placedRows > 0 && !IsReport() && !IsCard(); }
     int LineExtent() const;  // pixels by which a line scrolls the view
-    int PageExtent() const { return IsCard() ? RowsArea().Width() : RowsArea().Height(); }
+    int PageExtent() const { return ScrollsAside() ? RowsArea().Width() : RowsArea().Height(); }
+    CSize ShownCardSize() const;
 
     CPoint IconOffset() const;
     CPoint Scrolled() const { return {LeftOffset(), TopLine() * LineExtent()}; }
@@ -157,6 +163,7 @@ private:
     std::array<HIMAGELIST, 4> m_images{};
     ListMetrics m_metrics;
     CSize m_cardSize{240, 160};
+    CardFlow m_cardFlow = CardFlow::Columns;
 };
 
 }  // namespace orvo

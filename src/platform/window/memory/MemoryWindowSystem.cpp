@@ -21,11 +21,12 @@ struct StandardColour {
     COLORREF colour;
 };
 constexpr StandardColour kColours[] = {
-    {COLOR_WINDOW, RGB(255, 255, 255)},   {COLOR_WINDOWTEXT, RGB(0, 0, 0)},
-    {COLOR_HIGHLIGHT, RGB(0, 0, 128)},    {COLOR_HIGHLIGHTTEXT, RGB(255, 255, 255)},
-    {COLOR_BTNFACE, RGB(192, 192, 192)},  {COLOR_BTNSHADOW, RGB(128, 128, 128)},
-    {COLOR_GRAYTEXT, RGB(128, 128, 128)}, {COLOR_BTNTEXT, RGB(0, 0, 0)},
-    {COLOR_INFOTEXT, RGB(0, 0, 0)},       {COLOR_INFOBK, RGB(255, 255, 225)},
+    {COLOR_WINDOW, RGB(255, 255, 255)},    {COLOR_WINDOWTEXT, RGB(0, 0, 0)},
+    {COLOR_HIGHLIGHT, RGB(0, 0, 128)},     {COLOR_HIGHLIGHTTEXT, RGB(255, 255, 255)},
+    {COLOR_BTNFACE, RGB(192, 192, 192)},   {COLOR_BTNSHADOW, RGB(128, 128, 128)},
+    {COLOR_GRAYTEXT, RGB(128, 128, 128)},  {COLOR_BTNTEXT, RGB(0, 0, 0)},
+    {COLOR_INFOTEXT, RGB(0, 0, 0)},        {COLOR_INFOBK, RGB(255, 255, 225)},
+    {COLOR_ALTERNATE, RGB(240, 240, 240)},
 };
 
 void Collect(const CMenu& menu, std::vector<ShownMenu::Item>& items) {
