@@ -115,6 +115,10 @@ int SaveFiles(DesktopWindow& window, const CommandLine& line) {
     window.show();
     // What is shown may ask for another look.
     QCoreApplication::processEvents();
+    window.grab();
+    while (!window.Frame().Addresses().IsWhole()) {
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
     QCoreApplication::processEvents();
     if (!line.picture.empty() && !window.grab().save(QString::fromStdString(line.picture))) {
         return Fail(fmt::format("{}: the picture can't be written", line.picture));

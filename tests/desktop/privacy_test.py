@@ -6,7 +6,7 @@ import subprocess
 
 from case import DesktopCase, main
 from mail_program import MailProgram
-from screen import TITLE, until
+from screen import TITLE, Picture, until
 from views import ADDRESSES, Rows, close, opened, set_heading, windows
 
 SECRET = "Xanadu"
@@ -20,6 +20,8 @@ WAYS = ("copied", "exported", "mailed", "printed")
 CARD = (f"BEGIN:VCARD\nVERSION:3.0\nN:{SECRET};{SECRET};;;\nFN:{SECRET}\nORG:{SECRET}\nTITLE:{SECRET}\n"
         f"TEL;TYPE=CELL:+1 617 555 0100 {SECRET}\nEMAIL:{SECRET}@example.org\n"
         f"ADR:;;{SECRET} street;{SECRET};;;{SECRET}\nNOTE:{SECRET}\nX-HOBBY:{SECRET}\nCLASS:PRIVATE\nEND:VCARD\n")
+PHOTO = ("PHOTO;ENCODING=b;TYPE=PNG:iVBORw0KGgoAAAANSUhEUgAAAAEAAAABCAYAAAAfFcSJAAAADUlEQVR42mP8z8BQDwAEhQGAhKmMIQAA"
+         "AABJRU5ErkJggg==\nEND:VCARD\n")
 TO_DO = (f"BEGIN:VCALENDAR\nVERSION:2.0\nBEGIN:VTODO\nUID:1\nSUMMARY:{SECRET}\nDESCRIPTION:{SECRET}\nCLASS:PRIVATE\n"
          "END:VTODO\nEND:VCALENDAR\n")
 
@@ -92,6 +94,22 @@ class PrivacyTest(DesktopCase):
                 told = f"{self.home.folder}/printed.pdf: 1 private entry was left out\n" if options == HIDDEN else ""
                 self.assertEqual((self.result.returncode, self.result.stderr.removeprefix("orvo-desktop: ")),
                                  (3 if told else 0, told))
+
+    def test_a_masked_face_is_the_same_whoever_it_is(self):
+        other = self.file("other.vcf", CARD.replace(SECRET, "Zorro").replace("END:VCARD\n", PHOTO))
+        store = str(self.home.folder / "other.db")
+        self.home.orvo("--store", store, "add", "--name", OPEN, "--phone5", f"{OPEN}@example.org")
+        self.home.orvo("--store", store, "import", other)
+        file = self.home.folder / "face.png"
+        for masking in ("yes", "no"):
+            self.set_options(masking_private=masking)
+            for view in ("large-icons", "small-icons", "cards"):
+                pictures = set()
+                for arguments in ((), ("--store", store)):
+                    self.home.desktop("--view", view, "--picture", file, *arguments).check_returncode()
+                    pictures.add(Picture.read(file))
+                with self.subTest(view, masking=masking):
+                    self.assertEqual(len(pictures), 1 if masking == "yes" else 2)
 
     def test_a_row_is_dragged_as_text_unless_it_is_masked(self):
         set_heading(self.home, ADDRESSES, COLUMNS)

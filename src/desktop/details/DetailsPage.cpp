@@ -16,6 +16,8 @@ namespace {
 constexpr qsizetype kMostCharacters = 20'000;  // of one text
 constexpr std::size_t kMostDetails = 500;
 
+constexpr int kGap = 10;  // pixels behind the picture
+
 QString Escaped(const QString& whole) {
     const bool isCut = whole.size() > kMostCharacters;
     QString text = isCut ? whole.left(kMostCharacters) + QChar(0x2026) : whole;
@@ -71,8 +73,12 @@ public:
 private:
     void AddHeading(bool hasPhoto) {
         const Person& person = m_content.person;
-        if (hasPhoto) m_html += "<p><img src=\"photo\"></p>";
-        m_html += QString("<p><big><b>%1</b></big>").arg(Escaped(Heading()));
+        m_html += "<table cellspacing=\"0\" cellpadding=\"0\"><tr>";
+        if (m_content.face) m_html += "<td><img src=\"photo\"></td>";
+        m_html +=
+            QString("<td style=\"padding-left:%1px; vertical-align:middle\"><big><b>%2</b></big>")
+                .arg(m_content.face ? kGap : 0)
+                .arg(Escaped(Heading()));
         if (!person.name.nickname.empty())
             AddUnder("\u201c" + FromUtf8(person.name.nickname) + "\u201d");
         for (const std::string* text : {&person.work.title, &person.work.role,
@@ -81,7 +87,7 @@ private:
         }
         if (person.isGroup) AddUnder(Text("Group"));
         if (person.photo && !hasPhoto) AddPhotoLink(*person.photo);
-        m_html += "</p>";
+        m_html += "</td></tr></table>";
     }
 
     // With prefix, middle names and suffix, where the card has them.

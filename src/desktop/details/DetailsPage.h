@@ -6,8 +6,10 @@
 #include <QString>
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <vector>
 
+#include <desktop/details/Face.h>
 #include <people/Person.h>
 
 namespace orvo::desktop {
@@ -23,6 +25,7 @@ constexpr const char* kEntryScheme = "orvo-entry";
 struct PageOfPerson {
     Person person;
     QString name;                                        // as the list shows it
+    std::optional<Face> face;                            // of an address
     std::vector<QString> labels;                         // of the record's numbers, from slot 1
     std::vector<std::pair<QString, QString>> ownFields;  // labels and texts that aren't empty
     std::map<std::size_t, EntryLink> members;            // of a group, by the line of the detail
@@ -32,8 +35,8 @@ struct PageOfPerson {
 };
 
 // The page in the subset of HTML that Qt shows. All texts of the person are escaped, and links are
-// those of LinkOf alone. Where there is a photo the picture of the name "photo" stands beside the
-// heading. `quiet` is the colour of what heads a line.
+// those of LinkOf alone. Where there is a face the picture of the name "photo" stands beside the
+// heading; without `hasPhoto` it isn't the photo. `quiet` is the colour of what heads a line.
 QString HtmlOf(const PageOfPerson& page, bool hasPhoto, const QColor& quiet);
 
 // A page of one line.

@@ -1,5 +1,6 @@
 // The pane that shows all that is known of the entry that is selected.
 // SPDX-License-Identifier: MIT
+#include <QPainter>
 #include <QPalette>
 #include <QTextDocument>
 #include <utility>
@@ -11,8 +12,12 @@
 namespace orvo::desktop {
 namespace {
 
-constexpr int kPhotoSide = 128;  // pixels, of a screen without scaling
+constexpr int kFaceSide = 72;  // pixels, of a screen without scaling
 constexpr int kLeastWidth = 180;
+
+// Of the window, in which the pane stands beside the views, and in which it shows at all.
+constexpr int kLeastWidthBeside = 760;
+constexpr int kLeastWidthShown = 480;
 
 }  // namespace
 
@@ -34,6 +39,7 @@ void DetailsPane::PutInto(QMainWindow& window, Follow follow) {
     m_dock->setWidget(m_browser);
     window.addDockWidget(Qt::RightDockWidgetArea, m_dock);
     QObject::connect(m_dock, &QDockWidget::visibilityChanged, m_dock, [this](bool isShown) {
+        if (isShown) MoveAsWidthAsks();
         if (isShown && m_shown) m_shown();
     });
     m_dock->hide();
@@ -42,6 +48,31 @@ void DetailsPane::PutInto(QMainWindow& window, Follow follow) {
 void DetailsPane::PutBelow(bool isBelow) {
     m_window->addDockWidget(isBelow ? Qt::BottomDockWidgetArea : Qt::RightDockWidgetArea, m_dock);
     m_dock->show();
+}
+
+void DetailsPane::FitInto(int width) {
+    const bool wasTooNarrow = m_width != 0 && m_width < kLeastWidthShown;
+    const bool isTooNarrow = width < kLeastWidthShown;
+    m_width = width;
+    if (isTooNarrow && !wasTooNarrow && !m_dock->isHidden()) {
+        m_isPutAway = true;
+        m_dock->hide();
+    } else if (!isTooNarrow && std::exchange(m_isPutAway, false)) {
+        m_dock->show();
+    }
+    MoveAsWidthAsks();
+}
+
+void DetailsPane::MoveAsWidthAsks() {
+    const bool isNarrow = m_width != 0 && m_width < kLeastWidthBeside;
+    if (isNarrow && !m_dock->isHidden() && !IsBelow()) {
+        m_isMovedBelow = true;
+        PutBelow(true);
+    } else if (!isNarrow && std::exchange(m_isMovedBelow, false)) {
+        const bool wasHidden = m_dock->isHidden();
+        PutBelow(false);
+        m_dock->setHidden(wasHidden);
+    }
 }
 
 bool DetailsPane::IsBelow() const {
@@ -57,14 +88,21 @@ QColor DetailsPane::Quiet() const {
 }
 
 void DetailsPane::Show(const PageOfPerson& page) {
+    const qreal scale = m_browser->devicePixelRatioF();
+    const int side = qRound(kFaceSide * scale);
     QImage photo;
     if (page.person.photo && !page.person.photo->bytes.empty()) {
-        const qreal scale = m_browser->devicePixelRatioF();
-        photo = PhotoImage(page.person.photo->bytes, qRound(kPhotoSide * scale));
-        photo.setDevicePixelRatio(scale);
+        photo = SquareOf(PhotoImage(page.person.photo->bytes, 2 * side), side);
     }
+    QImage picture(side, side, QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    if (page.face) {
+        QPainter painter(&picture);
+        PaintFace(painter, QRectF(picture.rect()), *page.face, photo);
+    }
+    picture.setDevicePixelRatio(scale);
     m_browser->clear();
-    m_browser->document()->addResource(QTextDocument::ImageResource, QUrl("photo"), photo);
+    m_browser->document()->addResource(QTextDocument::ImageResource, QUrl("photo"), picture);
     m_browser->setHtml(HtmlOf(page, !photo.isNull(), Quiet()));
 }
 

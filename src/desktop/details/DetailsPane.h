@@ -25,6 +25,9 @@ public:
     QAction* ShowAction() const { return m_dock->toggleViewAction(); }
     void PutBelow(bool isBelow);
     bool IsBelow() const;
+    // The width is the window's. Where it gets narrow the pane goes below, and where it gets too
+    // narrow out of the way, until it is wide again; what the user opens meanwhile shows.
+    void FitInto(int width);
 
     bool IsShown() const { return m_dock->isVisible(); }
     // Called when it has become visible.
@@ -36,11 +39,15 @@ public:
 
 private:
     QColor Quiet() const;
+    void MoveAsWidthAsks();
 
     QMainWindow* m_window = nullptr;
     QDockWidget* m_dock = nullptr;      // the window's
     QTextBrowser* m_browser = nullptr;  // the dock's
     std::function<void()> m_shown;
+    int m_width = 0;              // of the window
+    bool m_isMovedBelow = false;  // for want of room, and so is the next
+    bool m_isPutAway = false;
 };
 
 }  // namespace orvo::desktop

@@ -44,6 +44,7 @@ StoreSession::StoreSession(std::unique_ptr<SqliteEngine> engine)
         if (kind != TableKind::Address) return;
         id ? m_groups.Forget(*id) : m_groups.Clear();
         id ? m_days.Forget(*id) : m_days.Clear();
+        if (m_addressListener) m_addressListener(id);
     });
     NoteDamage(m_addresses.TextsFailure());
     NoteDamage(m_toDos.TextsFailure());
@@ -152,6 +153,7 @@ bool StoreSession::TakeForeignChange() {
         for (FindIndex& texts : m_findTexts) texts.Clear();
         m_groups.Clear();
         m_days.Clear();
+        if (m_addressListener) m_addressListener(std::nullopt);
     }
     return changes;
 }

@@ -56,6 +56,10 @@ public:
     // ended early.
     void SetFailureListener(const std::function<void(const std::string&)>& listener);
 
+    // Called after an address may have become another, or with no id all of them.
+    using AddressListener = std::function<void(std::optional<std::int64_t> id)>;
+    void SetAddressListener(AddressListener listener) { m_addressListener = std::move(listener); }
+
     // The texts by which records are found, as far as they were asked for since they changed.
     FindIndex& FindTexts(TableKind kind) { return m_findTexts[static_cast<std::size_t>(kind)]; }
 
@@ -94,6 +98,7 @@ private:
     std::array<FindIndex, 2> m_findTexts;
     GroupIndex m_groups;
     DayIndex m_days;
+    AddressListener m_addressListener;
     std::vector<std::string> m_damage;
 };
 

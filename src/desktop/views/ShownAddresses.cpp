@@ -20,9 +20,9 @@ constexpr std::array<CSize, 6> kCardSizes{
     {{180, 100}, {220, 136}, {260, 172}, {310, 208}, {370, 250}, {440, 300}}};
 constexpr int kFirstCardStep = 2;
 
-struct ListModeRow {
 constexpr const char* kScrollsDownKey = "ScrollsDown";
 
+struct ListModeRow {
     ViewKind kind;
     int mode;
 };
@@ -41,11 +41,14 @@ bool ShownAddresses::Create(CWnd& parent, CLookupEdit& box, CCategoryCombo& cate
     m_list.Initialize(&Table(), &categories);
     m_cards.Initialize(&Table());
     if (m_cards.ReadCardSize(kCardSection) == 0) SetCardStep(kFirstCardStep);
-    m_list.ShowDefaultHeading();
     ScrollCardsDown(OUIGetProfileInt(kCardSection, kScrollsDownKey, 0) != 0);
+    m_list.ShowDefaultHeading();
     m_spread.emplace(m_list);
     HideColumns(m_list);
     if (m_list.ReadHeaderColumnInfo(kListSection, 0) == 0) m_list.ShowDefaultHeading();
+    m_list.SetRowPictures(&m_faces);
+    m_cards.SetCardPictures(&m_faces);
+    m_session.SetAddressListener([this](std::optional<std::int64_t> id) { m_faces.Forget(id); });
     m_list.DV_SetEdit(&box);
     m_cards.DV_SetEdit(&box);
     m_list.ShowWindow(0);
@@ -109,14 +112,14 @@ void ShownAddresses::SetCardStep(int step) {
     m_cards.SetCardSize(kCardSizes[index].cx, kCardSizes[index].cy, 1);
 }
 
-int ShownAddresses::CardStep() const {
-    int width = 0;
-    int height = 0;
-    m_cards.GetCardSize(&width, &height);
 void ShownAddresses::ScrollCardsDown(bool isDown) {
     m_cards.SetCardFlow(isDown ? CardFlow::Lines : CardFlow::Columns);
 }
 
+int ShownAddresses::CardStep() const {
+    int width = 0;
+    int height = 0;
+    m_cards.GetCardSize(&width, &height);
     const auto isNearer = [width](const CSize& size, const CSize& other) {
         return std::abs(size.cx - width) < std::abs(other.cx - width);
     };
@@ -126,11 +129,11 @@ void ShownAddresses::ScrollCardsDown(bool isDown) {
 void ShownAddresses::SaveHeadings() {
     if (m_spread->IsChanged()) m_list.WriteHeaderColumnInfo(kListSection);
     m_cards.WriteCardSize(kCardSection);
+    OUIWriteProfileInt(kCardSection, kScrollsDownKey, AreCardsScrolledDown() ? 1 : 0);
 }
 
 int ShownAddresses::HiddenCount() {
     if (Disclosure(m_options).Hides() == 0) return 0;
-    OUIWriteProfileInt(kCardSection, kScrollsDownKey, AreCardsScrolledDown() ? 1 : 0);
     return CountPrivate<CAddressRecord, CAddressIterator>(Table(), [this](CAddressRecord& record) {
         return View().DV_VerifyCategoryAndPrivate(&record, Category(), 0);
     });

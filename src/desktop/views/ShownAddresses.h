@@ -3,6 +3,7 @@
 #pragma once
 
 #include <desktop/views/HeadingSpread.h>
+#include <desktop/views/RowFaces.h>
 #include <desktop/views/ShownRows.h>
 #include <desktop/views/ViewKind.h>
 #include <orvoshare/addressviews/DetailViewAddrCard.h>
@@ -14,6 +15,9 @@ namespace orvo::desktop {
 class ShownAddresses : public ShownRows {
 public:
     using ShownRows::ShownRows;
+    ~ShownAddresses() override { m_session.SetAddressListener(nullptr); }
+    ShownAddresses(const ShownAddresses&) = delete;
+    ShownAddresses& operator=(const ShownAddresses&) = delete;
 
     // Makes the windows of the views inside of the parent; the box leads through them, and with the
     // combo outlives them.
@@ -26,12 +30,19 @@ public:
     void Use(ViewKind kind);
     CDetailViewAddrInf& View();
 
+    // False while photos are still to come.
+    bool IsWhole() const { return m_faces.IsWhole(); }
+
     long Order() const { return m_order; }
     void SetOrder(long listBy);
 
     // From 0, as the user makes cards smaller or larger.
     void SetCardStep(int step);
     int CardStep() const;
+
+    // Whether cards are scrolled down, which is kept.
+    void ScrollCardsDown(bool isDown);
+    bool AreCardsScrolledDown() const { return m_cards.GetCardFlow() == CardFlow::Lines; }
 
     // The room for columns, in pixels.
     void FillWidth(int width) { m_spread->FillWidth(width); }
@@ -40,10 +51,6 @@ public:
 
     QString Name() const override;
     QString CountedText(int count) const override;
-    // Whether cards are scrolled down, which is kept.
-    void ScrollCardsDown(bool isDown);
-    bool AreCardsScrolledDown() const { return m_cards.GetCardFlow() == CardFlow::Lines; }
-
     EntryFile File() const override;
     CAddressTable& Table() override { return m_session.Addresses(); }
     CWnd& Window() override;
@@ -64,6 +71,7 @@ protected:
 private:
     ViewKind m_kind = ViewKind::List;
     long m_order = kListByName;
+    RowFaces m_faces{m_session.Addresses(), [this] { Window().Invalidate(); }};
     CDetailViewAddrList m_list;
     CDetailViewAddrCard m_cards;
     std::optional<HeadingSpread> m_spread;  // once the windows stand

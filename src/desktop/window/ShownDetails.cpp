@@ -61,6 +61,7 @@ void ShownDetails::ShowAddress(CAddressRecord& record) {
     CString name;
     FormatName(&record, name);
     page.name = ToQt(name.View());
+    page.face = FaceOf(record);
     for (long slot = 1; slot <= kPhoneSlots; ++slot) {
         long label = 0;
         record.GetPhoneLabelID(slot, label);

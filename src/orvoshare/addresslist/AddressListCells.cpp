@@ -20,7 +20,6 @@ constexpr COLORREF kRed = RGB(0xFF, 0, 0);
 // The pictures of a row in the icon modes.
 constexpr int kPersonPicture = 0;
 constexpr int kCompanyPicture = 1;
-constexpr int kMaskedPicture = 2;
 
 constexpr int kLabelBytes = 29;  // of a row in the icon modes
 

@@ -7,6 +7,7 @@
 #include <platform/window/list/CHeaderCtrl.h>
 #include <platform/window/list/ListPeer.h>
 #include <platform/window/pictures/CImageList.h>
+#include <platform/window/pictures/RowPictures.h>
 
 namespace orvo {
 
@@ -60,6 +61,10 @@ public:
     BOOL SetView(int mode) { return Ask(LVM_SETVIEW, Number(mode)) == 1; }
     HIMAGELIST SetImageList(const CImageList* images, int use);
     CImageList* GetImageList(int use) const;
+
+    // Paints the icons' pictures in place of the image lists; null for none. They outlive the list,
+    // or are taken back.
+    void SetRowPictures(RowPictures* pictures) { m_pictures = pictures; }
 
     BOOL GetItemRect(int row, CRect* rect, int part) const;
     BOOL GetSubItemRect(int row, int column, int part, CRect* rect) const;
@@ -132,8 +137,10 @@ private:
 
     void DrawReportRow(CDC& dc, int row, const CRect& bounds);
     void DrawIcon(CDC& dc, int row);
+    void DrawIconPicture(CDC& dc, int row, HIMAGELIST handle);
 
     ListPeer* m_list = nullptr;
+    RowPictures* m_pictures = nullptr;
     CHeaderCtrl m_header;
     bool m_narrowsOnRelease = false;  // the pressed row was one of several that are selected
 };

@@ -216,16 +216,25 @@ void CListCtrl::DrawReportRow(CDC& dc, int row, const CRect&) {
     }
 }
 
+// One of the list that is smaller than its place stands in the middle.
+void CListCtrl::DrawIconPicture(CDC& dc, int row, HIMAGELIST handle) {
+    CRect icon;
+    m_list->RowRect(row, RowPart::Icon, icon);
+    const int image = RowImage(row);
+    if (m_pictures) return m_pictures->Draw(dc, icon, m_list->Data(row), image);
+    const CImageList* images = CImageList::FromHandle(handle);
+    const CBitmap* bitmap = images ? images->GetImage(image) : nullptr;
+    if (!bitmap) return;
+    const CPoint spare{icon.Width() - bitmap->Size().cx, icon.Height() - bitmap->Size().cy};
+    images->Draw(dc, image, icon.TopLeft() + CPoint{spare.x / 2, spare.y / 2});
+}
+
 void CListCtrl::DrawIcon(CDC& dc, int row) {
     const bool isLarge = m_list->Mode() == ListMode::Icon;
     const HIMAGELIST handle = m_list->Images(isLarge ? ImageUse::Normal : ImageUse::Small);
-    CRect icon;
+    DrawIconPicture(dc, row, handle);
     CRect label;
-    m_list->RowRect(row, RowPart::Icon, icon);
-    m_list->RowRect(row, RowPart::Label, label);
-    if (const CImageList* images = CImageList::FromHandle(handle)) {
-        images->Draw(dc, RowImage(row), icon.TopLeft());
-    }
+    if (!m_list || !m_list->RowRect(row, RowPart::Label, label)) return;
     if (!isLarge) label.DeflateRect(kCellTextOffset, 0);
     dc.DrawText(CellText(row, 0), label, isLarge ? kIconTextFormat : kCellTextFormat);
     if (!m_list || m_list->FocusRow() != row || GetFocus() != this) return;
