@@ -85,8 +85,22 @@ bool DesktopWindow::Open(const WindowSettings& settings) {
     if (!settings.panes.isEmpty()) restoreState(settings.panes);
     m_findBar.PutInto(*this);  // closed at each start
     m_frame.Listeners().changed = [this] { ShowChange(); };
+    m_isOpen = true;
+    FitInto(width());
     ShowView(settings.view);
     return true;
+}
+
+void DesktopWindow::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    FitInto(width());
+}
+
+void DesktopWindow::FitInto(int width) {
+    if (!m_isOpen) return;
+    m_toolBar.FitInto(width);
+    m_findBar.FitInto(width);
+    m_details.FitInto(width);
 }
 
 void DesktopWindow::Listen() {
@@ -179,6 +193,7 @@ void DesktopWindow::Save() {
     m_frame.SaveHeadings();
     WindowSettings settings;
     settings.geometry = saveGeometry();
+    m_details.FitInto(QWIDGETSIZE_MAX);  // as the user has chosen it
     settings.panes = saveState();
     settings.view = m_frame.Shown();
     settings.addressOrder = static_cast<int>(m_frame.Addresses().Order());

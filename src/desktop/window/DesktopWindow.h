@@ -54,10 +54,12 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
     void Listen();
+    void FitInto(int width);
     void ShowChange();
     void ShowCounts();
     bool MustRowsStay() const;
@@ -84,6 +86,7 @@ private:
     QTimer m_offerTimer;            // runs until a kept form can be offered
     Reminder m_reminder;            // works in a session
     std::chrono::sys_days m_day{};  // for which the views were filled last
+    bool m_isOpen = false;
     bool m_isStoreGone = false;
     bool m_isToReopen = false;
 };

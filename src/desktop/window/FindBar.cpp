@@ -2,9 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include <QKeyEvent>
 #include <QLabel>
+#include <QStyle>
 #include <QToolButton>
+#include <algorithm>
 #include <utility>
 
+#include <desktop/symbols/Symbol.h>
 #include <desktop/texts/Texts.h>
 #include <desktop/window/FindBar.h>
 
@@ -12,6 +15,8 @@ namespace orvo::desktop {
 namespace {
 
 constexpr int kLineWidth = 320;
+constexpr int kLeastLineWidth = 120;
+constexpr int kRoomBeside = 110;  // for label and button
 constexpr int kLabelGap = 8;
 // Milliseconds until it is looked again whether rows may change.
 constexpr int kPatience = 200;
@@ -35,9 +40,10 @@ void FindBar::PutInto(QMainWindow& window) {
     m_bar = window.addToolBar(Text("Find"));
     m_bar->setObjectName("find");
     m_bar->setMovable(false);
+    const int side = m_bar->style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, m_bar);
+    m_bar->setIconSize({side, side});
     m_bar->setContextMenuPolicy(Qt::PreventContextMenu);
     m_line = new QLineEdit;
-    m_line->setFixedWidth(kLineWidth);
     m_line->setClearButtonEnabled(true);
     // Qt gives it no name.
     if (auto* clear = m_line->findChild<QToolButton*>()) clear->setAccessibleName(Text("Clear"));
@@ -56,7 +62,7 @@ void FindBar::PutInto(QMainWindow& window) {
     space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     m_bar->addWidget(space);
     auto* close = new QToolButton;
-    close->setText(QChar(0xD7));  // a cross, in the colour of texts
+    close->setIcon(IconOf(Symbol::Close));
     close->setAutoRaise(true);
     close->setFocusPolicy(Qt::NoFocus);
     close->setAccessibleName(Text("Show all again"));
@@ -64,6 +70,10 @@ void FindBar::PutInto(QMainWindow& window) {
     connect(close, &QToolButton::clicked, this, [this] { Close(); });
     m_bar->addWidget(close);
     m_bar->hide();
+}
+
+void FindBar::FitInto(int width) {
+    m_line->setFixedWidth(std::clamp(width - kRoomBeside, kLeastLineWidth, kLineWidth));
 }
 
 void FindBar::ReadOn() {

@@ -21,6 +21,8 @@ public:
 
     // Adds it to the window, hidden.
     void PutInto(QMainWindow& window);
+    // All of it is in reach in a window of that width.
+    void FitInto(int width);
     // For a menu: opens the bar, or comes back to it.
     QAction* Action() { return &m_action; }
 

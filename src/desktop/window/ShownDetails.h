@@ -20,6 +20,10 @@ public:
     // Shows the entry that is selected, where the pane is visible.
     void Show();
 
+    // Below the views where the window is narrower, and hidden where there is no room for it; once
+    // there is, it is as the user has left it.
+    void FitInto(int width) { m_pane.FitInto(width); }
+
     // For a menu: to show the pane, and to put it below the views.
     QList<QAction*> Actions();
 

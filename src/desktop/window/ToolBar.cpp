@@ -3,6 +3,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QStatusBar>
+#include <QStyle>
+#include <algorithm>
 
 #include <desktop/texts/Texts.h>
 #include <desktop/views/LookupKeys.h>
@@ -19,6 +21,9 @@ namespace {
 constexpr int kLookupWidth = 220;
 constexpr int kCategoryWidth = 170;
 constexpr int kGap = 8;
+constexpr int kLeastBoxWidth = 72;
+// Narrower windows have no words before the boxes.
+constexpr int kNarrow = 760;
 
 QString LookUpText() {
     return ToQt(OrvoShareText(kStringLookUp).View());
@@ -41,9 +46,12 @@ ToolBar::~ToolBar() {
 }
 
 void ToolBar::Make() {
-    QToolBar& bar = *m_context.Window().addToolBar(Text("Tools"));
+    m_bar = m_context.Window().addToolBar(Text("Tools"));
+    QToolBar& bar = *m_bar;
     bar.setObjectName("tools");
     bar.setMovable(false);
+    const int side = bar.style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, &bar);
+    bar.setIconSize({side, side});
     bar.setContextMenuPolicy(Qt::PreventContextMenu);
     AddLookup(bar);
     AddCategories(bar);
@@ -56,14 +64,33 @@ void ToolBar::Make() {
 void ToolBar::AddLookup(QToolBar& bar) {
     ViewFrame& frame = m_context.Frame();
     QWidget* box = QtWindowSystem::WidgetOf(&frame.LookupBox());
-    box->setFixedWidth(kLookupWidth);
     box->setAccessibleName(Text("Look up"));
     if (auto* line = dynamic_cast<QLineEdit*>(box))
         new LookupKeys(*line, [&frame] { frame.OpenByReturn(); });
     frame.LookupBox().SetRefusalListener(
         [this](const CString& typed) { SayRefused(ToQt(typed.View())); });
-    bar.addWidget(MakeLabel(LookUpText(), *box));
+    m_labels.push_back(bar.addWidget(MakeLabel(LookUpText(), *box)));
     bar.addWidget(box);
+}
+
+void ToolBar::FitInto(int width) {
+    const bool isNarrow = width < kNarrow;
+    for (QAction* label : m_labels) label->setVisible(!isNarrow);
+    QWidget* box = QtWindowSystem::WidgetOf(&m_context.Frame().LookupBox());
+    if (auto* line = dynamic_cast<QLineEdit*>(box)) {
+        line->setPlaceholderText(isNarrow ? Text("Look up") : QString());
+    }
+    int rest = width - 4 * kGap;
+    for (QAction* view : m_views.actions()) {
+        rest -= m_bar->widgetForAction(view)->sizeHint().width();
+    }
+    const auto share = [rest, isNarrow](int most) {
+        return isNarrow
+                   ? std::clamp(rest * most / (kLookupWidth + kCategoryWidth), kLeastBoxWidth, most)
+                   : most;
+    };
+    box->setFixedWidth(share(kLookupWidth));
+    m_categories.setFixedWidth(share(kCategoryWidth));
 }
 
 void ToolBar::SayRefused(const QString& typed) const {
@@ -75,8 +102,7 @@ void ToolBar::SayRefused(const QString& typed) const {
 }
 
 void ToolBar::AddCategories(QToolBar& bar) {
-    bar.addWidget(MakeLabel(Text("Category:"), m_categories));
-    m_categories.setFixedWidth(kCategoryWidth);
+    m_labels.push_back(bar.addWidget(MakeLabel(Text("Category:"), m_categories)));
     bar.addWidget(&m_categories);
 }
 

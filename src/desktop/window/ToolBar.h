@@ -20,6 +20,10 @@ public:
     // Adds it to the window. The views have theirs.
     void Make();
 
+    // Where the window is narrow, the boxes are narrower, and go without the words before them, so
+    // that all is in reach.
+    void FitInto(int width);
+
     // The commands that show the views, in the order of ViewKind.
     QList<QAction*> ViewActions() const { return m_views.actions(); }
     void CheckView(ViewKind kind);
@@ -34,6 +38,8 @@ private:
 
     const CommandContext& m_context;
     CategoryBox m_categories;
+    QToolBar* m_bar = nullptr;  // Qt's
+    QList<QAction*> m_labels;   // of the boxes
     QActionGroup m_views{nullptr};
 };
 
