@@ -137,6 +137,7 @@ private:
 
     void DrawReportRow(CDC& dc, int row, const CRect& bounds);
     void DrawIcon(CDC& dc, int row);
+    CRect MarkedLabel(const CDC& dc, int row);
     void DrawIconPicture(CDC& dc, int row, HIMAGELIST handle);
 
     ListPeer* m_list = nullptr;

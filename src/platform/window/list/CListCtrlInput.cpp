@@ -15,6 +15,7 @@ namespace {
 constexpr int kLongestCellText = 260;
 constexpr int kLongestTip = 1024;
 constexpr UINT kCellTextFormat = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS;
+constexpr int kMarkMargin = 2;  // pixels above and below the text of a row that is selected
 constexpr UINT kIconTextFormat = DT_CENTER | DT_WORDBREAK | DT_NOPREFIX | DT_END_ELLIPSIS;
 
 }  // namespace
@@ -183,7 +184,7 @@ void CListCtrl::DrawRow(CDC& dc, int row, const CRect& bounds) {
         dc.SetTextColor(GetSysColor(isSelected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
         CRect marked = bounds;
         // A picture has the colours of the window's ground.
-        if (!isReport) m_list->RowRect(row, RowPart::Label, marked);
+        if (!isReport) marked = MarkedLabel(dc, row);
         if (isSelected) dc.FillSolidRect(marked, GetSysColor(COLOR_HIGHLIGHT));
         return isReport ? DrawReportRow(dc, row, bounds) : DrawIcon(dc, row);
     }
@@ -229,6 +230,22 @@ void CListCtrl::DrawIconPicture(CDC& dc, int row, HIMAGELIST handle) {
     images->Draw(dc, image, icon.TopLeft() + CPoint{spare.x / 2, spare.y / 2});
 }
 
+// As much of the label as its text takes.
+CRect CListCtrl::MarkedLabel(const CDC& dc, int row) {
+    CRect label;
+    const CSize text = dc.GetTextExtent(CellText(row, 0));
+    if (!m_list || !m_list->RowRect(row, RowPart::Label, label)) return {};
+    const int spare = std::max(label.Width() - text.cx - 2 * kCellTextOffset, 0);
+    if (m_list->Mode() != ListMode::Icon) {
+        label.DeflateRect(0, std::max((label.Height() - text.cy) / 2 - kMarkMargin, 0));
+        label.right -= spare;
+    } else if (text.cx <= label.Width()) {
+        label.bottom = std::min(label.top + text.cy, label.bottom);
+        label.DeflateRect(spare / 2, 0);
+    }
+    return label;
+}
+
 void CListCtrl::DrawIcon(CDC& dc, int row) {
     const bool isLarge = m_list->Mode() == ListMode::Icon;
     const HIMAGELIST handle = m_list->Images(isLarge ? ImageUse::Normal : ImageUse::Small);
@@ -238,8 +255,7 @@ void CListCtrl::DrawIcon(CDC& dc, int row) {
     if (!isLarge) label.DeflateRect(kCellTextOffset, 0);
     dc.DrawText(CellText(row, 0), label, isLarge ? kIconTextFormat : kCellTextFormat);
     if (!m_list || m_list->FocusRow() != row || GetFocus() != this) return;
-    m_list->RowRect(row, RowPart::Label, label);
-    dc.DrawFocusRect(label);
+    dc.DrawFocusRect(MarkedLabel(dc, row));
 }
 
 }  // namespace orvo
