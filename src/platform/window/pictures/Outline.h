@@ -1,5 +1,5 @@
-// Small pictures of lines, which are sharp at every size and have the colour of what is beside
-// them. SPDX-License-Identifier: MIT
+// Small pictures of lines, sharp at every size and in the colour of what is beside them.
+// SPDX-License-Identifier: MIT
 #pragma once
 
 namespace orvo {
