@@ -116,7 +116,7 @@ int SaveFiles(DesktopWindow& window, const CommandLine& line) {
     // What is shown may ask for another look.
     QCoreApplication::processEvents();
     window.grab();
-    while (!window.Frame().Addresses().IsWhole()) {
+    while (!window.Frame().Addresses().HasAllPhotos()) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
     QCoreApplication::processEvents();

@@ -31,7 +31,7 @@ public:
     CDetailViewAddrInf& View();
 
     // False while photos are still to come.
-    bool IsWhole() const { return m_faces.IsWhole(); }
+    bool HasAllPhotos() const { return m_faces.IsWhole(); }
 
     long Order() const { return m_order; }
     void SetOrder(long listBy);
