@@ -63,6 +63,7 @@ struct AddressPart {
 };
 constexpr std::size_t kStreet = 2;
 constexpr int kStreetLines = 2;
+constexpr int kPartCharacters = 8;  // that are always seen
 constexpr AddressPart kAddressParts[] = {
     {0, Untranslated("PO box"), false, 0, 0},      {1, Untranslated("Extension"), false, 0, 1},
     {kStreet, Untranslated("Street"), true, 1, 0}, {3, Untranslated("City"), true, 2, 0},
@@ -125,6 +126,7 @@ private:
     void AddLine(QGridLayout& grid, const AddressPart& part, const std::string& text) {
         auto* field = new LineField(text);
         field->setPlaceholderText(Text(part.name));
+        field->setMinimumWidth(kPartCharacters * field->fontMetrics().averageCharWidth());
         field->setAccessibleName(Text(part.name));
         grid.addWidget(field, part.row, part.column);
         m_lines.push_back({part.part, field});

@@ -10,6 +10,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QStyle>
+#include <algorithm>
 
 #include <desktop/forms/FormDialog.h>
 #include <desktop/texts/Problems.h>
@@ -64,18 +65,39 @@ void FormDialog::KeepIn(FormKeeper* keeper, const KeptForm& form) {
 void FormDialog::AddColumns(QLayout* left, QLayout* right) {
     constexpr int kGap = 2;  // characters
     m_columns = new QBoxLayout(QBoxLayout::LeftToRight);
+    m_gap = fontMetrics().averageCharWidth() * kGap;
     m_columns->addLayout(left, 1);
-    m_columns->addSpacing(fontMetrics().averageCharWidth() * kGap);
+    m_columns->addSpacing(m_gap);
     m_columns->addLayout(right, 1);
     m_column->addLayout(m_columns);
+    m_page->installEventFilter(this);
+}
+
+// One below the other where the columns would need a bar that scrolls them sideways.
+void FormDialog::ArrangeColumns() {
+    if (!m_columns) return;
+    constexpr int kWidthOfTwo = 640;  // pixels, of a screen without scaling
+    int needed = style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 2 * m_columns->spacing();
+    const QMargins outer = layout()->contentsMargins();
+    const QMargins inner = m_column->contentsMargins();
+    needed += outer.left() + outer.right() + inner.left() + inner.right();
+    for (int i = 0; i < m_columns->count(); ++i) {
+        const QLayout* column = m_columns->itemAt(i)->layout();
+        needed += column ? column->minimumSize().width() : m_gap;
+    }
+    m_columns->setDirection(width() < std::max(needed, kWidthOfTwo) ? QBoxLayout::TopToBottom
+                                                                    : QBoxLayout::LeftToRight);
 }
 
 void FormDialog::resizeEvent(QResizeEvent* event) {
     QDialog::resizeEvent(event);
-    constexpr int kWidthOfTwo = 640;  // pixels, of a screen without scaling
-    if (!m_columns) return;
-    m_columns->setDirection(width() < kWidthOfTwo ? QBoxLayout::TopToBottom
-                                                  : QBoxLayout::LeftToRight);
+    ArrangeColumns();
+}
+
+// The page is to be laid out anew, such as after a row was added.
+bool FormDialog::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == m_page && event->type() == QEvent::LayoutRequest) ArrangeColumns();
+    return QDialog::eventFilter(watched, event);
 }
 
 bool FormDialog::Run() {

@@ -42,6 +42,7 @@ public:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void Save();
@@ -50,6 +51,7 @@ private:
     void TellFailure(const SaveResult& result);
     void AddButtons();
     void FitScreen();
+    void ArrangeColumns();
 
     FormSaver& m_saver;
     FormKeeper* m_keeper = nullptr;
@@ -61,6 +63,7 @@ private:
     QWidget* m_page;        // Qt's
     QVBoxLayout* m_column;  // the page's
     QBoxLayout* m_columns = nullptr;
+    int m_gap = 0;  // between them, in pixels
 };
 
 // Says why an entry can't be shown in a form.
