@@ -216,9 +216,13 @@ class AccessTest(DesktopCase):
         self.start(TO_DOS, "--now", "2026-11-25T10:00")
         until("the row is overdue", lambda: "(overdue)" in "".join(self.row_names()))
         self.screen.keys("ctrl+n")
+        self.screen.focus("New address")
+        self.screen.keys("alt+u", "Tab", "Tab", "space")  # the button behind that of addresses adds a row for a day
         until("the boxes of labels are named", lambda: [
             part.label for part in self.parts() if part.label.startswith("Label of number")
             and part.role == "combo box"] == [f"Label of number {number}" for number in range(1, 6)])
+        self.assertIn("Label: Birthday", [part.label for part in self.parts()])
+        self.assertEqual(self.unnamed(), [])
 
 
 if __name__ == "__main__":

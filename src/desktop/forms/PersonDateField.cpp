@@ -10,6 +10,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <chrono>
 
 #include <desktop/forms/DayPicture.h>
 #include <desktop/forms/PersonDateField.h>
@@ -22,6 +23,12 @@ namespace {
 constexpr int kAnyYear = 2000;
 constexpr qsizetype kYearDigits = 4;
 constexpr int kCharacters = 12;  // of a day with its year
+
+QDate DayOf(std::chrono::sys_days day) {
+    const std::chrono::year_month_day parts(day);
+    return {static_cast<int>(parts.year()), static_cast<int>(unsigned{parts.month()}),
+            static_cast<int>(unsigned{parts.day()})};
+}
 
 QString PictureWithoutYear() {
     static const QRegularExpression first(R"(^y+[\s./-]*)");
@@ -83,6 +90,12 @@ QString OrderOfParts(const QString& picture) {
         if (QString("dMy").contains(letter) && !order.contains(letter)) order += letter;
     }
     return order;
+}
+
+// Where the user begins to choose: at the day, its next one where no year is told, or today.
+QDate FirstChoice(const PersonDate& date) {
+    if (!date.ComesBack()) return DayOf(Today());
+    return date.year == 0 ? DayOf(NextDay(date, Today())) : QDate(date.year, date.month, date.day);
 }
 
 }  // namespace
@@ -158,12 +171,11 @@ void PersonDateField::ShowCalendar() {
     auto* calendar = new QCalendarWidget(this);
     calendar->setWindowFlag(Qt::Popup);
     calendar->setAttribute(Qt::WA_DeleteOnClose);
-    const std::optional<PersonDate> date = ReadShownDate(m_line.text());
-    if (date && date->ComesBack() && date->year != 0) {
-        calendar->setSelectedDate({date->year, date->month, date->day});
-    }
-    const auto take = [this, calendar](QDate day) {
-        m_line.setText(ShownDate({day.year(), day.month(), day.day()}));
+    const PersonDate present = ReadShownDate(m_line.text()).value_or(PersonDate());
+    const bool hasYear = present.year != 0 || !present.ComesBack();
+    calendar->setSelectedDate(FirstChoice(present));
+    const auto take = [this, calendar, hasYear](QDate day) {
+        m_line.setText(ShownDate({hasYear ? day.year() : 0, day.month(), day.day()}));
         Check();
         calendar->close();
     };
