@@ -155,8 +155,8 @@ void PhotoField::Choose() {
 
 void PhotoField::Paste() {
     QString problem;
-    const QMimeData* data = QApplication::clipboard()->mimeData();
-    const QImage image = data ? ReadPhoto(*data, problem) : QImage();
+    const QMimeData* pasted = QApplication::clipboard()->mimeData();
+    const QImage image = pasted ? ReadPhoto(*pasted, problem) : QImage();
     Take(image, problem);
 }
 

@@ -37,7 +37,8 @@ TEST(PersonDateField, DaysAreReadAsTheCountryWritesThem) {
         QLocale::setDefault(QLocale(row.locale));
         const auto date = ReadShownDate(row.text);
         EXPECT_EQ(date ? FormatPersonDate(*date) : "", row.want) << row.text;
-        if (date) EXPECT_EQ(ReadShownDate(ShownDate(*date)), date) << row.text;
+        if (!date) continue;
+        EXPECT_EQ(ReadShownDate(ShownDate(*date)), date) << row.text;
     }
     QLocale::setDefault(QLocale::c());
 }
