@@ -105,6 +105,8 @@ class NextStartTest(DesktopCase):
         with self.window() as program:
             dialog(self.screen, "ctrl+n")
             self.screen.type("Nemo")
+            self.screen.keys("alt+g", *["shift+Tab"] * 4, "space")  # the button that adds a row for a number
+            self.screen.type("555 0199")
             self.end(program)
         (file,) = self.settings().parent.glob("unsaved-*.json")
         self.assertEqual(file.stat().st_mode & 0o777, 0o600)
@@ -113,6 +115,7 @@ class NextStartTest(DesktopCase):
         self.screen.focus("New address")
         self.screen.keys("ctrl+Return")
         self.until_names("Nemo")
+        self.assertIn("555 0199", str(self.home.rows("addresses")))
         until("the file is gone", lambda: not file.exists())
 
     def test_a_masked_entry_shows_no_letter_of_its_own(self):
