@@ -67,8 +67,13 @@ std::optional<std::size_t> FindLine(const Person& present, const Person& other, 
 
 }  // namespace
 
+long PersonFields::Read(const CAddressRecord& record) {
+    m_face = FaceOf(record);
+    return ReadKeptPerson(record, m_person);
+}
+
 void PersonFields::AddPhoto(QVBoxLayout& column) {
-    m_photo = new PhotoField(m_person.photo);
+    m_photo = new PhotoField(m_person.photo, m_face);
     column.addWidget(m_photo);
 }
 

@@ -18,7 +18,7 @@ class PersonFields {
 public:
     // Reads what the record's card holds.
     // Returns:  0, or why not as a StoreStatus.
-    long Read(const CAddressRecord& record) { return ReadKeptPerson(record, m_person); }
+    long Read(const CAddressRecord& record);
 
     // Its fields, which go into the layout.
     void AddPhoto(QVBoxLayout& column);
@@ -39,6 +39,7 @@ private:
     PersonEdits Edits() const;
 
     Person m_person;
+    Face m_face;
     PhotoField* m_photo = nullptr;  // this and all others are the form's
     std::vector<std::pair<PersonText, LineField*>> m_texts;
     std::vector<DetailSection*> m_sections;

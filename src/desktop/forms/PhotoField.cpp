@@ -9,7 +9,6 @@
 #include <QJsonObject>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QPainterPath>
 #include <QStandardPaths>
 #include <QVBoxLayout>
 
@@ -23,17 +22,6 @@ namespace {
 
 constexpr int kSide = 80;  // pixels, of a screen without scaling
 
-// A head and shoulders, where there is no photo.
-void DrawNobody(QPainter& painter, const QColor& colour) {
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(colour);
-    constexpr QRectF head(0.34, 0.2, 0.32, 0.32);
-    constexpr QRectF shoulders(0.16, 0.58, 0.68, 0.9);
-    for (const QRectF& part : {head, shoulders}) {
-        painter.drawEllipse(QRectF(part.topLeft() * kSide, part.size() * kSide));
-    }
-}
-
 QString Pictures() {
     QStringList patterns;
     for (const QByteArray& format : QImageReader::supportedImageFormats()) {
@@ -44,18 +32,19 @@ QString Pictures() {
 
 }  // namespace
 
-PhotoField::PhotoField(const std::optional<PersonPhoto>& given) : m_given(given) {
+PhotoField::PhotoField(const std::optional<PersonPhoto>& given, const Face& face)
+    : m_given(given), m_face(face) {
     setObjectName("photo");
     setAcceptDrops(true);
-    m_face.setAutoRaise(true);
-    m_face.setIconSize({kSide, kSide});
-    m_face.setFocusPolicy(Qt::StrongFocus);
-    m_face.setAccessibleName(Text("Photo"));
-    m_face.setToolTip(Text("Click to choose a photo, drop one here, or paste one with Ctrl+V"));
+    m_button.setAutoRaise(true);
+    m_button.setIconSize({kSide, kSide});
+    m_button.setFocusPolicy(Qt::StrongFocus);
+    m_button.setAccessibleName(Text("Photo"));
+    m_button.setToolTip(Text("Click to choose a photo, drop one here, or paste one with Ctrl+V"));
     m_remark.setTextFormat(Qt::PlainText);
     m_remark.setWordWrap(true);
     m_remark.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);  // a long name is cut off
-    connect(&m_face, &QToolButton::clicked, this, [this] { Choose(); });
+    connect(&m_button, &QToolButton::clicked, this, [this] { Choose(); });
     connect(&m_remove, &QPushButton::clicked, this, [this] { Remove(); });
     LayOut();
     ShowPhoto();
@@ -69,7 +58,7 @@ void PhotoField::LayOut() {
     connect(paste, &QPushButton::clicked, this, [this] { Paste(); });
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(&m_face);
+    row->addWidget(&m_button);
     auto* column = new QVBoxLayout;
     auto* buttons = new QHBoxLayout;
     for (QPushButton* button : {choose, paste, &m_remove}) {
@@ -105,33 +94,23 @@ void PhotoField::ShowPhoto() {
     const PersonPhoto* photo = Present();
     QImage image;
     if (photo) image = PhotoImage(photo->bytes, qRound(2 * kSide * devicePixelRatioF()));
-    m_face.setIcon(Face(image));
+    m_button.setIcon(Picture(image));
     m_remove.setEnabled(photo != nullptr);
     const QString remark = Remark(!image.isNull());
     m_remark.setText(remark);
     m_remark.setVisible(!remark.isEmpty());
 }
 
-QPixmap PhotoField::Face(const QImage& photo) const {
+QPixmap PhotoField::Picture(const QImage& photo) const {
     const qreal scale = devicePixelRatioF();
-    QPixmap face(QSize(kSide, kSide) * scale);
-    face.setDevicePixelRatio(scale);
-    face.fill(Qt::transparent);
-    QPainter painter(&face);
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-    QPainterPath circle;
-    circle.addEllipse(0, 0, kSide, kSide);
-    painter.setClipPath(circle);
-    if (photo.isNull()) {
-        painter.fillRect(0, 0, kSide, kSide, palette().color(QPalette::Midlight));
-        DrawNobody(painter, palette().color(QPalette::Mid));
-        return face;
-    }
-    QSizeF size = photo.size();
-    size.scale(kSide, kSide, Qt::KeepAspectRatioByExpanding);
-    painter.drawImage(QRectF(QPointF(kSide - size.width(), kSide - size.height()) / 2, size),
-                      photo);
-    return face;
+    const int side = qRound(kSide * scale);
+    QPixmap picture(side, side);
+    picture.setDevicePixelRatio(scale);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    const QImage square = photo.isNull() ? photo : SquareOf(photo, side);
+    PaintFace(painter, QRectF(0, 0, kSide, kSide), m_face, square);
+    return picture;
 }
 
 void PhotoField::Take(const QImage& image, const QString& problem) {
@@ -163,7 +142,7 @@ void PhotoField::Paste() {
 // One that was given is to be taken off the card.
 void PhotoField::Remove() {
     m_edit = m_given ? std::optional(PersonPhoto()) : std::nullopt;
-    m_face.setFocus();
+    m_button.setFocus();
     ShowPhoto();
 }
 

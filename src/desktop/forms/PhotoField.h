@@ -9,6 +9,7 @@
 #include <QWidget>
 #include <optional>
 
+#include <desktop/details/Face.h>
 #include <desktop/forms/KeptParts.h>
 #include <people/Person.h>
 
@@ -18,7 +19,8 @@ namespace orvo::desktop {
 // can't be read is told beside it and changes nothing. A photo that is only a link isn't fetched.
 class PhotoField : public QWidget, public KeptParts {
 public:
-    explicit PhotoField(const std::optional<PersonPhoto>& given);
+    // The face stands where there is no photo that can be shown.
+    PhotoField(const std::optional<PersonPhoto>& given, const Face& face);
 
     // What the photo becomes; one without bytes where it was taken away. Nothing where it stays.
     const std::optional<PersonPhoto>& Edit() const { return m_edit; }
@@ -41,11 +43,12 @@ private:
     void ShowPhoto();
     const PersonPhoto* Present() const;
     QString Remark(bool isSeen) const;
-    QPixmap Face(const QImage& photo) const;
+    QPixmap Picture(const QImage& photo) const;
 
     std::optional<PersonPhoto> m_given;
     std::optional<PersonPhoto> m_edit;
-    QToolButton m_face;
+    Face m_face;
+    QToolButton m_button;
     QPushButton m_remove;
     QLabel m_remark;
 };
