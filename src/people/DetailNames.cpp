@@ -28,4 +28,22 @@ const char* NameOf(DetailWord word) {
     return kWordNames.at(static_cast<std::size_t>(word));
 }
 
+const char* NameOfGender(std::string_view code) {
+    if (code.size() != 1) return nullptr;
+    switch (code.front()) {
+        case 'M':
+            return "male";
+        case 'F':
+            return "female";
+        case 'O':
+            return "other";
+        case 'N':
+            return "not applicable";
+        case 'U':
+            return "unknown";
+        default:
+            return nullptr;
+    }
+}
+
 }  // namespace orvo

@@ -76,25 +76,19 @@ constexpr std::array kAndroidRelations{
     DetailWord::Parent,    DetailWord::Partner, DetailWord::Agent,   DetailWord::Relative,
     DetailWord::Sister,    DetailWord::Spouse};
 
-struct GenderRule {
-    std::string_view code;
-    std::string_view text;
-};
-// RFC 6350, 6.2.7.
-constexpr std::array kGenders{GenderRule{"M", "male"}, GenderRule{"F", "female"},
-                              GenderRule{"O", "other"}, GenderRule{"N", "none"},
-                              GenderRule{"U", "unknown"}};
-
-std::string GenderText(std::string_view value) {
+// What the person calls it stands before its code.
+void ReadGender(Detail& detail) {
+    const std::string value = detail.text;
     const std::size_t divider = value.find(';');
-    if (divider != std::string_view::npos && divider + 1 < value.size()) {
-        return std::string(value.substr(divider + 1));
+    if (divider != std::string::npos && divider + 1 < value.size()) {
+        detail.text = value.substr(divider + 1);
+        return;
     }
-    const std::string_view code = value.substr(0, divider);
-    const auto* const rule =
-        std::find_if(kGenders.begin(), kGenders.end(),
-                     [&](const GenderRule& each) { return each.code == code; });
-    return std::string(rule == kGenders.end() ? code : rule->text);
+    detail.text = value.substr(0, divider);
+    if (const char* name = NameOfGender(detail.text)) {
+        detail.text = name;
+        detail.isName = true;
+    }
 }
 
 std::string InLowerCase(std::string_view ascii) {
@@ -309,7 +303,7 @@ void DetailReader::ReadValue(const DetailProperty& property, const ContentLine& 
         case DetailForm::Text:
             break;
     }
-    if (property.word == DetailWord::Gender) detail.text = GenderText(detail.text);
+    if (property.word == DetailWord::Gender) ReadGender(detail);
 }
 
 std::optional<Detail> DetailReader::Read(std::size_t number) {

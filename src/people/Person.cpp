@@ -22,6 +22,10 @@ std::string TitleOf(const Detail& detail, const TranslateName& translate) {
     return heading.empty() ? title : fmt::format("{} ({})", title, heading);
 }
 
+std::string TextOf(const Detail& detail, const TranslateName& translate) {
+    return detail.isName ? translate(detail.text.c_str()) : detail.text;
+}
+
 const Detail* Person::First(DetailKind kind) const {
     const auto found = std::find_if(details.begin(), details.end(),
                                     [&](const Detail& detail) { return detail.kind == kind; });

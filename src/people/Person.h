@@ -8,6 +8,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <exchange/cards/CardProperties.h>
@@ -80,7 +81,8 @@ constexpr std::size_t kAddressParts = 7;
 // A number, an address, a date: what one line of a card says. Texts are UTF-8.
 struct Detail {
     DetailKind kind = DetailKind::Other;
-    std::string text;  // as people read it, with line breaks in an address
+    std::string text;     // as people read it, with line breaks in an address
+    bool isName = false;  // the text is one of ours, in English; TextOf translates it
     std::vector<DetailWord> words;
     std::string label;     // what the card itself calls it; stands before the words
     std::string service;   // of a messenger; empty where it isn't told
@@ -140,10 +142,13 @@ struct Person {
 // The kind and the word in English, such as "Phone" and "Home"; programs translate them.
 const char* NameOf(DetailKind kind);
 const char* NameOf(DetailWord word);
+// "male" for "M" (RFC 6350, 6.2.7); null for a code that isn't known.
+const char* NameOfGender(std::string_view code);
 
 // How a detail is headed, with each name by `translate`: "Phone (Work, Fax)", "Birthday", the
 // service of a messenger, and the property of what nothing else is known of.
 using TranslateName = std::function<std::string(const char* english)>;
 std::string TitleOf(const Detail& detail, const TranslateName& translate);
+std::string TextOf(const Detail& detail, const TranslateName& translate);
 
 }  // namespace orvo

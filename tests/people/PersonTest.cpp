@@ -28,7 +28,7 @@ Strings DetailsOf(const Person& person) {
     Strings details;
     for (const Detail& detail : person.details) {
         std::string text = TitleOf(detail, [](const char* name) { return std::string(name); });
-        text += ": " + detail.text;
+        text += ": " + TextOf(detail, [](const char* name) { return fmt::format("<{}>", name); });
         if (!detail.place.empty() && detail.kind == DetailKind::Address)
             text += " @" + detail.place;
         details.push_back(text);
@@ -74,6 +74,7 @@ TEST(Person, DetailsAreReadInWhateverWayProgramsWriteThem) {
         {"3.0", "GEO:37.5;-122\nX-FOO;TYPE=HOME:bar\n", {"Place: 37.5,-122", "X-FOO: bar"}},
         {"3.0", "GEO:north\nKEY;ENCODING=b:AAAA\n", {"Place: north", "KEY:  (3 bytes)"}},
         {"4.0", "GENDER:F;grrrl\nLANG:fr\n", {"Gender: grrrl", "Language: fr"}},
+        {"4.0", "GENDER:F\n", {"Gender: <female>"}},
     };
     for (const Row& row : rows) {
         EXPECT_EQ(DetailsOf(ReadPerson(CardOf(row.version, row.lines))), row.want) << row.lines;

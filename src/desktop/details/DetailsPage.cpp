@@ -49,6 +49,10 @@ QString NoteText(const QString& note) {
     return html + Escaped(note.mid(done));
 }
 
+std::string Translated(const char* name) {
+    return Text(name).toStdString();
+}
+
 class Page {
 public:
     Page(const PageOfPerson& content, const QColor& quiet)
@@ -113,8 +117,7 @@ private:
     QString TitleOf(const Detail& detail) const {
         const auto slot = static_cast<std::size_t>(detail.slot);
         if (slot != 0 && slot <= m_content.labels.size()) return m_content.labels[slot - 1];
-        return FromUtf8(
-            orvo::TitleOf(detail, [](const char* name) { return Text(name).toStdString(); }));
+        return FromUtf8(orvo::TitleOf(detail, Translated));
     }
 
     static QString LinkTo(const EntryLink& entry) {
@@ -134,7 +137,7 @@ private:
         }
         const QString text = detail.date && detail.date->ComesBack()
                                  ? DayText(*detail.date, Today())
-                                 : FromUtf8(detail.text);
+                                 : FromUtf8(orvo::TextOf(detail, Translated));
         AddLine(TitleOf(detail), Linked(text, LinkOf(detail)));
     }
 
