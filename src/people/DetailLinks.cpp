@@ -15,6 +15,8 @@ namespace {
 constexpr std::array<std::string_view, 5> kSchemes{"tel:", "mailto:", "http://", "https://",
                                                    "geo:"};
 
+constexpr std::string_view kPlaceMark = "%1";
+
 bool IsIn(char c, std::string_view others) {
     return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
            others.find(c) != std::string_view::npos;
@@ -77,6 +79,29 @@ std::string OpenPage(std::string_view text) {
 }
 
 }  // namespace
+
+bool IsMapAddress(std::string_view text) {
+    const std::size_t colon = text.find("://");
+    if (!StartsIgnoringCase(text, "http://") && !StartsIgnoringCase(text, "https://")) return false;
+    const std::string_view rest = text.substr(colon + 3);
+    const std::size_t hostEnd = rest.find_first_of("/?#");
+    const bool hasHost = hostEnd != 0 && hostEnd != std::string_view::npos &&
+                         rest.substr(0, hostEnd).find_first_of("%@") == std::string_view::npos;
+    return hasHost && rest.find(kPlaceMark, hostEnd) != std::string_view::npos;
+}
+
+std::string MapLinkOf(const Detail& detail, std::string_view mapAddress) {
+    if (detail.kind != DetailKind::Address || !IsMapAddress(mapAddress)) return {};
+    std::string place;
+    for (const char c : detail.text) place += c == '\n' ? std::string(", ") : std::string(1, c);
+    std::string link(mapAddress);
+    const std::string encoded = Encode(place, "-._~");
+    for (std::size_t at = link.find(kPlaceMark); at != std::string::npos;
+         at = link.find(kPlaceMark, at + encoded.size())) {
+        link.replace(at, kPlaceMark.size(), encoded);
+    }
+    return KnownUri(link);
+}
 
 std::string LinkOf(const Detail& detail) {
     switch (detail.kind) {

@@ -138,7 +138,9 @@ private:
         const QString text = detail.date && detail.date->ComesBack()
                                  ? DayText(*detail.date, Today())
                                  : FromUtf8(orvo::TextOf(detail, Translated));
-        AddLine(TitleOf(detail), Linked(text, LinkOf(detail)));
+        std::string link = LinkOf(detail);
+        if (link.empty()) link = MapLinkOf(detail, m_content.mapAddress);
+        AddLine(TitleOf(detail), Linked(text, link));
     }
 
     void AddLine(const QString& title, const QString& html) {

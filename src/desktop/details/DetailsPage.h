@@ -30,13 +30,15 @@ struct PageOfPerson {
     std::vector<std::pair<QString, QString>> ownFields;  // labels and texts that aren't empty
     std::map<std::size_t, EntryLink> members;            // of a group, by the line of the detail
     std::vector<EntryLink> groups;                       // that the person is in
+    std::string mapAddress;  // for postal addresses without coordinates; empty for none
     QString category;
     bool isPrivate = false;
 };
 
 // The page in the subset of HTML that Qt shows. All texts of the person are escaped, and links are
-// those of LinkOf alone. Where there is a face the picture of the name "photo" stands beside the
-// heading; without `hasPhoto` it isn't the photo. `quiet` is the colour of what heads a line.
+// those of LinkOf and MapLinkOf alone. Where there is a face the picture of the name "photo"
+// stands beside the heading; without `hasPhoto` it isn't the photo. `quiet` is the colour of what
+// heads a line.
 QString HtmlOf(const PageOfPerson& page, bool hasPhoto, const QColor& quiet);
 
 // A page of one line.

@@ -1,5 +1,5 @@
-// What this program alone keeps for the user: language, colours, the sound of reminders, and where
-// file dialogs begin.
+// What this program alone keeps for the user: language, colours, reminders, maps, and where file
+// dialogs begin.
 // SPDX-License-Identifier: MIT
 #include <QDir>
 #include <QFileInfo>
@@ -16,6 +16,7 @@ constexpr const char* kSection = "Desktop";
 constexpr const char* kLocaleKey = "Locale";
 constexpr const char* kSoundKey = "ReminderSound";
 constexpr const char* kFolderKey = "LastFolder";
+constexpr const char* kMapKey = "MapAddress";
 constexpr const char* kColoursKey = "Colours";
 // In the order of `Colours`, as --colours names them.
 constexpr std::array<const char*, 3> kColourNames{"desktop", "light", "dark"};
@@ -36,6 +37,14 @@ std::string ReminderSound() {
 
 bool SetReminderSound(const std::string& path) {
     return SetSettingText(kSection, kSoundKey, path);
+}
+
+std::string MapAddress() {
+    return SettingText(kSection, kMapKey);
+}
+
+bool SetMapAddress(const std::string& address) {
+    return SetSettingText(kSection, kMapKey, address);
 }
 
 std::string LastFolder() {

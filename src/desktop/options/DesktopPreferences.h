@@ -1,5 +1,5 @@
-// What this program alone keeps for the user: language, colours, the sound of reminders, and where
-// file dialogs begin.
+// What this program alone keeps for the user: language, colours, reminders, maps, and where file
+// dialogs begin.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -15,6 +15,10 @@ bool SetPreferredLocale(const std::string& locale);
 // The path, in UTF-8, of the sound file that a reminder plays; empty for none.
 std::string ReminderSound();
 bool SetReminderSound(const std::string& path);
+
+// The page that shows a postal address on a map, with "%1" for the address; empty for none.
+std::string MapAddress();
+bool SetMapAddress(const std::string& address);
 
 // The folder, in UTF-8, of the file that was chosen last in a file dialog; where it is gone, or
 // before there is one, that of the user's documents, else his home.

@@ -19,22 +19,24 @@ public:
     OptionsDialog(QWidget* parent, COrvoDesktopOptions& options)
         : QDialog(parent), m_options(options), m_pages(MakeOptionsPages(options)) {
         setWindowTitle(Text("Options"));
-        auto* tabs = new QTabWidget;
-        for (const PageRow& row : m_pages) tabs->addTab(row.page, row.title);
+        m_tabs = new QTabWidget;
+        for (const PageRow& row : m_pages) m_tabs->addTab(row.page, row.title);
         auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
         buttons->button(QDialogButtonBox::Ok)->setText(Text("OK"));
         buttons->button(QDialogButtonBox::Cancel)->setText(Text("Cancel"));
         connect(buttons, &QDialogButtonBox::accepted, this, [this] { Agree(); });
         connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
         auto* column = new QVBoxLayout(this);
-        column->addWidget(tabs);
+        column->addWidget(m_tabs);
         column->addWidget(buttons);
     }
 
 private:
     void Agree() {
         for (const PageRow& row : m_pages) {
-            if (!row.page->Confirm()) return;
+            if (row.page->Confirm()) continue;
+            m_tabs->setCurrentWidget(row.page);
+            return;
         }
         bool isKept = true;
         for (const PageRow& row : m_pages) isKept = row.page->Save(m_options) && isKept;
@@ -46,6 +48,7 @@ private:
 
     COrvoDesktopOptions& m_options;
     std::vector<PageRow> m_pages;
+    QTabWidget* m_tabs = nullptr;  // Qt's
 };
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QLocale>
 #include <QPushButton>
 #include <QRadioButton>
@@ -23,6 +24,7 @@
 #include <host/Disclosure.h>
 #include <host/Password.h>
 #include <orvoshare/integration/SoundFileDialog.h>
+#include <people/DetailLinks.h>
 #include <platform/qt/QtConvert.h>
 #include <platform/text/SystemText.h>
 #include <platform/window/base/PlaySound.h>
@@ -57,8 +59,17 @@ public:
         AddLanguage(*form);
         AddColours(*form);
         AddCalendar(*form, options);
+        AddMap(*form);
         column->addLayout(form);
         column->addStretch();
+    }
+
+    bool Confirm() override {
+        const QString problem = MapProblem();
+        m_mapLine->setText(problem.isEmpty() ? MapHint() : problem);
+        m_map->setAccessibleDescription(m_mapLine->text());
+        if (!problem.isEmpty()) m_map->setFocus();
+        return problem.isEmpty();
     }
 
 private:
@@ -110,6 +121,42 @@ private:
         form.addRow(Text("Work &day begins at:"), hours);
         form.addRow(Text("Work &week begins on:"), days);
     }
+
+    void AddMap(QFormLayout& form) {
+        m_map = new QLineEdit(FromUtf8(MapAddress()));
+        m_mapLine = new QLabel(MapHint());
+        m_mapLine->setTextFormat(Qt::PlainText);
+        m_mapLine->setWordWrap(true);
+        m_map->setAccessibleDescription(m_mapLine->text());
+        OnSave([this](COrvoDesktopOptions&) {
+            return SetMapAddress(m_map->text().trimmed().toStdString());
+        });
+        form.addRow(Text("Page of &maps:"), m_map);
+        form.addRow(QString(), m_mapLine);
+    }
+
+    static QString MapHint() {
+        return Text(
+                   "Shows postal addresses without coordinates; %1 stands for the address, as in "
+                   "%2.")
+            .arg(QStringLiteral("%1"), QStringLiteral("https://maps.example/?q=%1"));
+    }
+
+    // Empty where the address is a good one, or there is none.
+    QString MapProblem() const {
+        const QString typed = m_map->text().trimmed();
+        if (typed.isEmpty() || IsMapAddress(typed.toStdString())) return {};
+        const bool isWeb = typed.startsWith("http://", Qt::CaseInsensitive) ||
+                           typed.startsWith("https://", Qt::CaseInsensitive);
+        return isWeb ? Text(
+                           "Write %1 behind the name of the page, where the postal address is to "
+                           "stand.")
+                           .arg(QStringLiteral("%1"))
+                     : Text("The page of maps must begin with http:// or https://.");
+    }
+
+    QLineEdit* m_map = nullptr;   // Qt's
+    QLabel* m_mapLine = nullptr;  // Qt's; a hint, or what is wrong
 };
 
 class PrivacyPage : public OptionsPage {

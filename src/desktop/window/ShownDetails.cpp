@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include <desktop/commands/LinkCommands.h>
+#include <desktop/options/DesktopPreferences.h>
 #include <desktop/texts/Texts.h>
 #include <desktop/window/ShownDetails.h>
 #include <orvoshare/text/NameText.h>
@@ -77,6 +78,7 @@ void ShownDetails::ShowAddress(CAddressRecord& record) {
         AddMembers(page);
         AddGroups(record.GetId(), page);
     }
+    page.mapAddress = MapAddress();
     page.category = CategoryOf(record);
     page.isPrivate = record.IsPrivate() != 0;
     m_pane.Show(page);

@@ -7,6 +7,7 @@
 
 #include <gmock/gmock.h>
 
+#include <desktop/details/DayTexts.h>
 #include <desktop/details/DetailsPage.h>
 #include <desktop/details/PhotoImage.h>
 #include <people/PersonReader.h>
@@ -14,17 +15,18 @@
 namespace orvo::desktop {
 namespace {
 
-QString PageOf(const char* lines) {
+QString PageOf(const char* lines, const char* mapAddress = "") {
     PageOfPerson page;
+    page.mapAddress = mapAddress;
     page.person = ReadPerson(std::string("BEGIN:VCARD\nVERSION:3.0\n") + lines + "END:VCARD\n");
     page.name = "Lee";
     return HtmlOf(page, false, Qt::gray);
 }
 
-QStringList LinksOf(const char* lines) {
+QStringList LinksOf(const char* lines, const char* mapAddress = "") {
     QStringList links;
     static const QRegularExpression link("href=\"([^\"]*)\"");
-    for (auto found = link.globalMatch(PageOf(lines)); found.hasNext();) {
+    for (auto found = link.globalMatch(PageOf(lines, mapAddress)); found.hasNext();) {
         links.append(found.next().captured(1));
     }
     return links;
@@ -46,6 +48,24 @@ TEST(DetailsPage, LinksLeadNowhereButToCallsMailsPagesAndPlaces) {
         {"NOTE:see https://x.y/a. or b@c.de\\, bye\n", {"https://x.y/a", "mailto:b@c.de"}},
     };
     for (const auto& [lines, want] : rows) EXPECT_EQ(LinksOf(lines), want) << lines;
+}
+
+TEST(DetailsPage, AnAddressWithoutCoordinatesLeadsToThePageOfMapsThatIsSet) {
+    constexpr const char* kLines = "ADR:;;1 Elm & Oak;Bäle;;\nADR;GEO=\"geo:1,2\":;;2 Elm;;;\n";
+    const std::vector<std::pair<const char*, QStringList>> rows{
+        {"", {"geo:1,2"}},
+        {"HTTPS://x.y/?q=%1&z",
+         {"HTTPS://x.y/?q=1%20Elm%20%26%20Oak%2C%20B%C3%A4le&amp;z", "geo:1,2"}},
+        {"file:///%1", {"geo:1,2"}},
+        {"https://%1.y/", {"geo:1,2"}},
+        {"https://x@y/%1", {"geo:1,2"}},
+        {"https://x.y/", {"geo:1,2"}},
+    };
+    for (const auto& [page, want] : rows) {
+        QStringList links = LinksOf(kLines, page);
+        links.sort();
+        EXPECT_EQ(links, want) << page;
+    }
 }
 
 TEST(DetailsPage, NoTextOfACardIsMarkup) {

@@ -101,6 +101,25 @@ TEST_F(OptionsDialog, ThatIsCancelledChangesNothing) {
     EXPECT_EQ(Bytes(), "");
 }
 
+TEST_F(OptionsDialog, StaysWithAPageOfMapsThatIsNoneAndSaysWhy) {
+    const auto type = [](const char* address) {
+        return [address](QDialog& dialog) {
+            auto& field = Labelled<QLineEdit>(dialog, "Page of maps:");
+            field.selectAll();
+            QTest::keyClicks(&field, address);
+            OpenPage(dialog, "Reminders");
+            Ok(dialog);
+        };
+    };
+    const auto isRefused = [](QDialog& dialog) {
+        const auto& field = Labelled<QLineEdit>(dialog, "Page of maps:");
+        EXPECT_TRUE(field.isVisible());
+        EXPECT_THAT(field.accessibleDescription().toStdString(), testing::HasSubstr("must begin"));
+    };
+    ASSERT_TRUE(Edit({type("file:///%1"), isRefused, type("https://x.y/?q=%1")}));
+    EXPECT_EQ(MapAddress(), "https://x.y/?q=%1");
+}
+
 TEST_F(OptionsDialog, LeavesAloneWhatItIsNotAskedFor) {
     options.SetAlarmAdvance(100000);
     options.SetAutoSave(1, 77);
