@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 #include <array>
+#include <charconv>
 
 #include <desktop/options/DesktopPreferences.h>
 #include <host/SettingText.h>
@@ -16,6 +17,7 @@ constexpr const char* kSection = "Desktop";
 constexpr const char* kLocaleKey = "Locale";
 constexpr const char* kSoundKey = "ReminderSound";
 constexpr const char* kFolderKey = "LastFolder";
+constexpr const char* kBirthdayKey = "BirthdayDays";
 constexpr const char* kMapKey = "MapAddress";
 constexpr const char* kColoursKey = "Colours";
 // In the order of `Colours`, as --colours names them.
@@ -37,6 +39,19 @@ std::string ReminderSound() {
 
 bool SetReminderSound(const std::string& path) {
     return SetSettingText(kSection, kSoundKey, path);
+}
+
+std::optional<int> BirthdayAdvance() {
+    const std::string text = SettingText(kSection, kBirthdayKey);
+    int days = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), days);
+    const bool isRead = error == std::errc() && end == text.data() + text.size();
+    return isRead && days >= 0 && days <= kLongestBirthdayAdvance ? std::optional(days)
+                                                                  : std::nullopt;
+}
+
+bool SetBirthdayAdvance(std::optional<int> days) {
+    return SetSettingText(kSection, kBirthdayKey, days ? std::to_string(*days) : std::string());
 }
 
 std::string MapAddress() {

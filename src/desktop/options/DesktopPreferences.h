@@ -3,6 +3,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
 #include <string>
 
 namespace orvo::desktop {
@@ -15,6 +16,11 @@ bool SetPreferredLocale(const std::string& locale);
 // The path, in UTF-8, of the sound file that a reminder plays; empty for none.
 std::string ReminderSound();
 bool SetReminderSound(const std::string& path);
+
+// How many days before a birthday a reminder comes, up to the longest; nothing for none.
+constexpr int kLongestBirthdayAdvance = 31;
+std::optional<int> BirthdayAdvance();
+bool SetBirthdayAdvance(std::optional<int> days);
 
 // The page that shows a postal address on a map, with "%1" for the address; empty for none.
 std::string MapAddress();

@@ -35,6 +35,7 @@ namespace {
 constexpr int kDaysOfWeek = 7;
 constexpr int kHoursOfDay = 24;
 constexpr int kLongestAdvance = 999;
+constexpr int kNever = -1;      // days before a birthday
 constexpr int kNameWidth = 24;  // characters
 
 struct Language {
@@ -260,6 +261,7 @@ public:
         m_details->setEnabled(remind->isChecked());
         connect(remind, &QCheckBox::toggled, m_details, &QWidget::setEnabled);
         column->addWidget(m_details);
+        AddBirthdays(*column);
         column->addStretch();
         OnSave([this, remind](COrvoDesktopOptions& chosen) {
             chosen.SetAlarmSet(remind->isChecked() ? 1 : 0);
@@ -290,6 +292,28 @@ private:
             chosen.SetAlarmAdvUnit(unit->currentIndex());
             return true;
         });
+    }
+
+    void AddBirthdays(QVBoxLayout& column) {
+        auto* advance = new QComboBox;
+        advance->addItem(Text("never"), kNever);
+        advance->addItem(Text("on the day"), 0);
+        for (const int days : {1, 3, 7, 14}) {
+            advance->addItem(CountText("%1 day before", "%1 days before", days), days);
+        }
+        const int present = BirthdayAdvance().value_or(kNever);
+        // One that was set by hand stays.
+        if (advance->findData(present) < 0) {
+            advance->addItem(CountText("%1 day before", "%1 days before", present), present);
+        }
+        advance->setCurrentIndex(advance->findData(present));
+        OnSave([advance](COrvoDesktopOptions&) {
+            const int days = advance->currentData().toInt();
+            return SetBirthdayAdvance(days == kNever ? std::nullopt : std::optional(days));
+        });
+        auto* form = new QFormLayout;
+        form->addRow(Text("Remind me of &birthdays:"), advance);
+        column.addLayout(form);
     }
 
     void AddSound(QFormLayout& details) {

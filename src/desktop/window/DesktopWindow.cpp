@@ -45,7 +45,11 @@ DesktopWindow::DesktopWindow(StoreSession& session, COrvoDesktopOptions& options
       m_reminder(session.History().Engine(), options,
                  [this](const QString& title, const QString& body) {
                      ShowNotification(*this, title, body);
-                 }) {
+                 }),
+      m_birthdayReminder(session.Days(), options, session.Path(),
+                         [this](const QString& title, const QString& body) {
+                             ShowNotification(*this, title, body);
+                         }) {
     setWindowTitle(QApplication::applicationDisplayName());
     resize(kFirstSize);
     m_countTimer.setSingleShot(true);
@@ -124,6 +128,7 @@ void DesktopWindow::BeginSession() {
     m_day = Today();
     m_foreignTimer.start();
     m_reminder.Start();
+    m_birthdayReminder.Start();
     m_offerTimer.start(0);
 }
 
@@ -214,6 +219,7 @@ void DesktopWindow::closeEvent(QCloseEvent* event) {
     m_context.SetInUse(false);
     m_foreignTimer.stop();
     m_reminder.Stop();
+    m_birthdayReminder.Stop();
     Save();
     // Not quit(), which asks the windows: a menu or a question that is still open ends, too.
     QCoreApplication::exit(0);

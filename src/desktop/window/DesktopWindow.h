@@ -8,6 +8,7 @@
 #include <vector>
 
 #include <desktop/commands/DesktopCommands.h>
+#include <desktop/reminder/BirthdayReminder.h>
 #include <desktop/reminder/Reminder.h>
 #include <desktop/views/ViewFrame.h>
 #include <desktop/window/ContextMenu.h>
@@ -81,10 +82,11 @@ private:
     EmptyPage m_emptyPage;
     KanaPane m_kana;
     ShownDetails m_details;
-    QTimer m_countTimer;            // runs while the counts are out of date
-    QTimer m_foreignTimer;          // runs in a session
-    QTimer m_offerTimer;            // runs until a kept form can be offered
-    Reminder m_reminder;            // works in a session
+    QTimer m_countTimer;    // runs while the counts are out of date
+    QTimer m_foreignTimer;  // runs in a session
+    QTimer m_offerTimer;    // runs until a kept form can be offered
+    Reminder m_reminder;    // works in a session, as does the other one
+    BirthdayReminder m_birthdayReminder;
     std::chrono::sys_days m_day{};  // for which the views were filled last
     bool m_isOpen = false;
     bool m_isStoreGone = false;

@@ -58,6 +58,7 @@ void ChangeAll(QDialog& dialog) {
     OpenPage(dialog, "Reminders");
     Press(dialog, "Remind me of to-dos before they are due");
     Number(Labelled<QSpinBox>(dialog, "When:"), "15");
+    Down(Labelled<QComboBox>(dialog, "Remind me of birthdays:"));
 }
 
 class OptionsDialog : public SettingsFixture {
@@ -89,6 +90,7 @@ TEST_F(OptionsDialog, GivesWhatTheUserChose) {
     EXPECT_EQ(options.GetAlarmAdvance(), 15);
     EXPECT_EQ(PreferredLocale(), "en-US");
     EXPECT_EQ(PreferredColours(), Colours::Light);
+    EXPECT_EQ(BirthdayAdvance(), 0);
 }
 
 TEST_F(OptionsDialog, ThatIsCancelledChangesNothing) {
