@@ -3,6 +3,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <algorithm>
+#include <array>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
@@ -16,6 +17,13 @@ namespace {
 
 // In characters, beside the widest text of a column.
 constexpr int kGap = 3;
+
+bool IsMove(const QKeyEvent& event) {
+    constexpr std::array keys{Qt::Key_Up,  Qt::Key_Down,   Qt::Key_Home,
+                              Qt::Key_End, Qt::Key_PageUp, Qt::Key_PageDown};
+    const auto modifiers = event.modifiers() & ~Qt::KeypadModifier;
+    return modifiers == Qt::NoModifier && std::ranges::count(keys, event.key()) != 0;
+}
 
 // As wide as any text of the column is likely to be: that of each month, and long numbers.
 QString WidestText(const QFontMetrics& metrics, int column) {
@@ -201,7 +209,16 @@ void DayList::keyPressEvent(QKeyEvent* event) {
     if (event->matches(QKeySequence::Copy) || event->key() == Qt::Key_Escape) {
         return event->ignore();
     }
-    QTreeView::keyPressEvent(event);
+    const bool isMove = IsMove(*event);
+    // The first row has the focus before anything is selected.
+    const bool isFirst = isMove && !selectionModel()->hasSelection() && currentIndex().isValid();
+    const bool isStep = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
+    if (!isFirst || !isStep) QTreeView::keyPressEvent(event);
+    // Qt leaves the selection as it is where the focus stays.
+    if (isMove) {
+        selectionModel()->select(currentIndex(),
+                                 QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    }
 }
 
 void DayList::mouseDoubleClickEvent(QMouseEvent* event) {

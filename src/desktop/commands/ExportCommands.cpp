@@ -28,7 +28,7 @@ bool HoldsBirthday(const CAddressRecord& record) {
 }  // namespace
 
 void ExportCommands::ChooseFile() {
-    if (m_context.Frame().IsShowingBirthdays()) return ChooseCalendar();
+    if (m_context.Frame().Shown() == ViewKind::Birthdays) return ChooseCalendar();
     ShownEntries& entries = m_context.Frame().Entries();
     const EntryFile kind = entries.File();
     const CString filter = FromQt(kind.filter);
@@ -86,7 +86,7 @@ void ExportCommands::ChooseCalendar() {
     const EntryFile kind = birthdays.File();
     const CString filter = FromQt(kind.filter);
     const bool hasSelection =
-        m_context.Frame().IsShowingBirthdays() && birthdays.SelectedCount() > 0;
+        m_context.Frame().Shown() == ViewKind::Birthdays && birthdays.SelectedCount() > 0;
     CExportFileDialog dialog(nullptr, kind.ending, filter, &m_context.Frame(),
                              kRangeAll | (hasSelection ? kRangeSelected : 0),
                              hasSelection ? kRangeSelected : kRangeAll);

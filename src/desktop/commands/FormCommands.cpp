@@ -38,7 +38,7 @@ void FormCommands::NewAddress() {
     }
     if (frame.IsShowingToDos()) m_context.ShowView(ViewKind::List);
     ShowEdited(record.GetId());
-    if (frame.IsShowingBirthdays() && frame.Entries().SelectedCount() == 0) {
+    if (frame.Shown() == ViewKind::Birthdays && frame.Entries().SelectedCount() == 0) {
         m_context.ShowView(ViewKind::List);
         ShowEdited(record.GetId());
     }

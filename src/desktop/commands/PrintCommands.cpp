@@ -99,7 +99,7 @@ constexpr const char* kNotPrinted =
     Untranslated("This view can't be printed. Choose a view of addresses or to-dos.");
 
 bool CanPrint(const CommandContext& context) {
-    if (!context.Frame().IsShowingBirthdays()) return true;
+    if (context.Frame().Shown() != ViewKind::Birthdays) return true;
     context.Say(Text(kNotPrinted));
     return false;
 }
@@ -190,7 +190,7 @@ void SetUpPages(QWidget& window) {
 }
 
 std::string WriteViewAsPdf(ViewFrame& frame, const std::string& file) {
-    if (frame.IsShowingBirthdays()) return Text(kNotPrinted).toStdString();
+    if (frame.Shown() == ViewKind::Birthdays) return Text(kNotPrinted).toStdString();
     const PageTitle title = TitleOf(frame);
     PagedDocument document(ItemsOf(frame, AllRows(frame)), title);
     const PrintResult result = SaveAsPdf(document, LoadPageLayout(), FromUtf8(file), title.name, {},

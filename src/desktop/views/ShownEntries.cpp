@@ -9,7 +9,7 @@ void ShownEntries::SetCategory(int category) {
     Refill();
 }
 
-int ShownEntries::LeftOutOfSelection(WayOut way) {
+int EntrySelection::LeftOutOfSelection(WayOut way) {
     return SelectedCount() - static_cast<int>(SelectedRecords(way).size());
 }
 

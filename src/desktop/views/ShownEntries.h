@@ -4,14 +4,13 @@
 
 #include <QString>
 #include <functional>
-#include <optional>
 #include <utility>
-#include <vector>
 
 #include <desktop/store/StoreSession.h>
+#include <desktop/views/EntryFind.h>
+#include <desktop/views/EntrySelection.h>
 #include <host/Disclosure.h>
 #include <orvoshare/addresslist/DetailViewAddrList.h>
-#include <people/FindText.h>
 
 namespace orvo::desktop {
 
@@ -22,14 +21,13 @@ struct EntryFile {
 };
 
 // Records are there only between Enter and Leave, while a view of this kind is shown.
-class ShownEntries {
+class ShownEntries : public EntryFind, public EntrySelection {
 public:
     // Session and options outlive it. `changed` is called after rows, selection or order have
     // changed by what is asked of it here.
     ShownEntries(StoreSession& session, const COrvoDesktopOptions& options,
                  std::function<void()> changed)
         : m_session(session), m_options(options), m_changed(std::move(changed)) {}
-    virtual ~ShownEntries() = default;
 
     virtual QString Name() const = 0;
     virtual QString CountedText(int count) const = 0;
@@ -44,8 +42,6 @@ public:
     virtual void SortByColumn(int) {}
 
     virtual int RowCount() = 0;
-    virtual int SelectedCount() = 0;  // of records
-    virtual int SelectedRowCount() { return SelectedCount(); }
     // How many records the view would show if private ones weren't hidden.
     virtual int HiddenCount() = 0;
     // True where the store holds nothing that the view could ever show.
@@ -54,22 +50,6 @@ public:
     // kAllCategories for all.
     int Category() const { return m_category; }
     void SetCategory(int category);
-
-    // From now on only rows show that hold what is looked for; all do for an empty query. Masked
-    // rows hold nothing.
-    virtual void SetFind(const FindQuery& query) = 0;
-    virtual bool IsFinding() const = 0;
-    // False for rows that are chosen in another way.
-    virtual bool IsLooking() const { return IsFinding(); }
-    // How many rows there would be if nothing were looked for.
-    virtual int CountOfAll() = 0;
-
-    // False while more rows may come, as what they show or are found by isn't read yet.
-    virtual bool IsWhole() const = 0;
-    // Reads for a moment, and shows the rows once all is read.
-    virtual void ReadOn() = 0;
-    // How much is read, of 100, where that can be told.
-    virtual std::optional<int> PercentRead() const { return std::nullopt; }
 
     // Reads the records of the view that is shown again, with its selection kept.
     virtual void Refill() = 0;
@@ -80,20 +60,6 @@ public:
     // had them before him.
     virtual void Enter(bool isFilled) = 0;
     virtual void Leave() = 0;
-
-    // The selected records that may go out whole on that way. They are the view's, until it is
-    // filled anew or its selection changes.
-    virtual std::vector<CBaseRecord*> SelectedRecords(WayOut way) = 0;
-    // How many selected ones aren't.
-    int LeftOutOfSelection(WayOut way);
-    // Selects the record of that id, and nothing else.
-    virtual void SelectRecord(std::int64_t id) = 0;
-    // Gives the view the keys, with all its rows selected, or the first, where it has some.
-    virtual void SelectAll() = 0;
-    virtual void GoToFirst() = 0;
-    // Where in the window the row lies that has the focus.
-    // Returns:  false where there is none.
-    virtual bool FocusPlace(CRect& place) = 0;
 
 protected:
     void TellChanged() const { m_changed(); }

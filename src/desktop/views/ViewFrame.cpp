@@ -58,7 +58,7 @@ bool ViewFrame::Open() {
 
 ShownEntries& ViewFrame::Entries() {
     if (IsShowingToDos()) return m_toDos;
-    if (IsShowingBirthdays()) return m_birthdays;
+    if (m_shown == ViewKind::Birthdays) return m_birthdays;
     return m_addresses;
 }
 

@@ -35,8 +35,7 @@ public:
     bool Open();
 
     ViewKind Shown() const { return m_shown; }
-    bool IsShowingAddresses() const { return !IsShowingToDos() && !IsShowingBirthdays(); }
-    bool IsShowingBirthdays() const { return m_shown == ViewKind::Birthdays; }
+    bool IsShowingAddresses() const { return !IsShowingToDos() && m_shown != ViewKind::Birthdays; }
     bool IsShowingToDos() const { return m_shown == ViewKind::ToDos; }
     // Addresses and to-dos each come back with the rows that the user had before him.
     void Show(ViewKind kind);

@@ -249,7 +249,7 @@ void MainMenus::EnableSelection() {
 
 std::vector<QAction*> MainMenus::SelectionActions() const {
     std::vector<QAction*> actions = m_selectionActions;
-    if (m_context.Frame().IsShowingBirthdays()) {
+    if (m_context.Frame().Shown() == ViewKind::Birthdays) {
         actions.push_back(m_addressActions.front());
         actions.push_back(m_exportBirthdays);
     } else if (!m_context.Frame().IsShowingToDos()) {
