@@ -44,6 +44,8 @@ std::size_t LengthOfLine(CDC& dc, std::string_view text, int width) {
     if (fitting == text.size()) return fitting;
     const std::size_t blank = text.substr(0, fitting + 1).rfind(' ');
     if (blank != std::string_view::npos && blank > 0) return blank + 1;
+    const std::size_t sign = text.substr(0, fitting).rfind('@');
+    if (sign != std::string_view::npos && sign > 0) return sign;
     return std::max(fitting, CodePage::System().CharacterLength(text));
 }
 

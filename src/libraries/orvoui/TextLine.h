@@ -11,7 +11,7 @@ void DrawTextLine(CDC& dc, const CString& text, const CRect& place, COLORREF col
                   const CFont& font = *OUIGetListFont());
 
 // The bytes of the text that fill a line of that width: up to behind a blank where there is one,
-// else as many characters as fit, and at least one.
+// else up to the sign of a mail address, else as many characters as fit, and at least one.
 std::size_t LengthOfLine(CDC& dc, std::string_view text, int width);
 
 }  // namespace orvo
