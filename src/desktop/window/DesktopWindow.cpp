@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <QApplication>
 #include <QCloseEvent>
+#include <QMenuBar>
 #include <QMimeData>
 #include <QStatusBar>
 #include <utility>
@@ -12,6 +13,7 @@
 #include <desktop/texts/Texts.h>
 #include <desktop/views/DragOut.h>
 #include <desktop/window/DesktopWindow.h>
+#include <desktop/window/MenuSymbols.h>
 #include <platform/qt/QtWindowSystem.h>
 #include <platform/settings/SettingsStore.h>
 #include <platform/text/SystemLocale.h>
@@ -83,6 +85,7 @@ bool DesktopWindow::Open(const WindowSettings& settings) {
     m_toolBar.Make();
     m_details.PutInto(*this);
     m_menus.Make(m_toolBar.ViewActions(), m_details.Actions(), *m_findBar.Action());
+    ShowSymbols(*menuBar());
     m_contextMenu.AddKey();
     m_counts.PutInto(*statusBar());
     if (!settings.geometry.isEmpty()) restoreGeometry(settings.geometry);

@@ -9,7 +9,6 @@
 #include <desktop/plugins/PluginMenu.h>
 #include <desktop/texts/Texts.h>
 #include <desktop/window/MainMenus.h>
-#include <desktop/window/MenuSymbols.h>
 #include <platform/qt/QtConvert.h>
 
 namespace orvo::desktop {
@@ -26,7 +25,6 @@ void MainMenus::Make(const QList<QAction*>& views, const QList<QAction*>& panes,
     MakeToDoMenu();
     AddHelpMenu(m_context.Window());
     AddMenuKey();
-    ShowSymbols(*m_context.Window().menuBar());
     SetLocator(*m_addressActions.front(), ORVO_ITEM_SEND_MAIL);
     m_commands.plugins.Load(*m_context.Window().menuBar());
 }
