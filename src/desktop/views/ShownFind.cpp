@@ -5,6 +5,7 @@
 #include <desktop/views/RowKeeper.h>
 #include <desktop/views/ShownFind.h>
 #include <host/Disclosure.h>
+#include <platform/text/SystemText.h>
 
 namespace orvo::desktop {
 namespace {
@@ -26,6 +27,7 @@ void ShownFind::Set(const FindQuery& query) {
     m_query = query;
     // One that isn't shown is filled when it is.
     if (m_view.Window().IsWindowVisible() == 0) return;
+    Mark();
     if (m_found && !m_found->AreIn(Rows())) return m_listeners.refill();
     const RowKeeper rows(m_view.Window(),
                          [this](DWORD data) { return m_view.RecordOf(data)->GetId(); });
@@ -54,7 +56,23 @@ int ShownFind::CountOfAll() {
 }
 
 void ShownFind::Filled() {
+    Mark();
     if (IsOn() && Choose()) Show();
+}
+
+void ShownFind::Mark() {
+    if (!IsOn()) return Rows().SetTextMarks({});
+    Rows().SetTextMarks([query = m_query](std::string_view text) {
+        const std::string utf8 = ToUtf8(CString(text));
+        const auto place = [&](std::size_t byte) {
+            return static_cast<std::size_t>(SystemText(utf8.substr(0, byte)).GetLength());
+        };
+        std::vector<TextMark> marks;
+        for (const TextRange& range : query.RangesIn(utf8)) {
+            marks.push_back({place(range.begin), place(range.end)});
+        }
+        return marks;
+    });
 }
 
 // Returns true where the view doesn't show what is found yet.

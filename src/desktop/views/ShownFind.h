@@ -44,7 +44,7 @@ public:
     ShownFind(FindableRows& view, const COrvoDesktopOptions& options, Listeners listeners);
 
     // From now on only rows show that hold what is looked for; all do for an empty query. Masked
-    // rows hold nothing.
+    // rows hold nothing. What is found is marked in the rows.
     void Set(const FindQuery& query);
     // The same for those that the filter chooses among them; all for an empty one.
     void SetFilter(RowFilter filter);
@@ -69,6 +69,7 @@ private:
     ListPeer& Rows();
     bool Choose();
     void Show();
+    void Mark();
 
     FindableRows& m_view;
     const COrvoDesktopOptions& m_options;

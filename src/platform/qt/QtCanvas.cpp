@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <QApplication>
 #include <QFontMetrics>
+#include <QPalette>
 #include <QTextLayout>
 #include <algorithm>
 #include <cmath>
@@ -107,21 +108,52 @@ void QtCanvas::DrawText(std::string_view text, const CRect& rect, const TextLook
         return DrawBrokenLines(std::move(shown), rect, look.format);
     }
     const int flags = FormatOf(look.format);
+    constexpr UINT kPlainLine = DT_SINGLELINE | DT_NOPREFIX;
+    const bool isPlain = (look.format & (kPlainLine | DT_EXPANDTABS)) == kPlainLine;
+    const QString whole = shown;
     if ((look.format & DT_END_ELLIPSIS) != 0) {
         shown = m_painter->fontMetrics().elidedText(shown, Qt::ElideRight, rect.Width(),
                                                     flags & Qt::TextShowMnemonic);
     }
-    constexpr UINT kPlainLine = DT_SINGLELINE | DT_NOPREFIX;
-    if ((look.format & (kPlainLine | DT_EXPANDTABS)) == kPlainLine) {
-        DrawLineOfText(shown, rect, look.format);
+    if (isPlain) {
+        DrawLineOfText(shown, rect, look.format, MarksOn(shown, whole, 0, MarksOf(whole)));
     } else {
         m_painter->drawText(ToQt(rect), flags, shown);
     }
 }
 
+QtCanvas::Marks QtCanvas::MarksOf(const QString& text) const {
+    const CString bytes = FromQt(text);
+    Marks marks;
+    for (const TextMark& mark : MarksIn(bytes.View())) {
+        const auto place = [&](std::size_t byte) {
+            return ToQt(bytes.View().substr(0, byte)).size();
+        };
+        marks.push_back({place(mark.begin), place(mark.end)});
+    }
+    return marks;
+}
+
+// What is seen of them where only `shown`, which may end in an ellipsis, is drawn of the text.
+QtCanvas::Marks QtCanvas::MarksOn(const QString& shown, const QString& text, qsizetype start,
+                                  const Marks& marks) {
+    if (marks.empty()) return {};
+    const auto* const cut =
+        std::mismatch(shown.begin(), shown.end(), text.begin() + start, text.end()).first;
+    const qsizetype count = cut - shown.begin();
+    Marks seen;
+    for (const Mark& mark : marks) {
+        const qsizetype begin = std::max<qsizetype>(mark.begin - start, 0);
+        const qsizetype end = std::min(mark.end - start, count);
+        if (begin < end) seen.push_back({begin, end});
+    }
+    return seen;
+}
+
 // Qt would set a line lower where it holds characters of a taller fallback font; in a list the
 // cells of a row are to stand on one line.
-void QtCanvas::DrawLineOfText(const QString& text, const CRect& rect, UINT format) {
+void QtCanvas::DrawLineOfText(const QString& text, const CRect& rect, UINT format,
+                              const Marks& marks) {
     const QFontMetrics metrics = m_painter->fontMetrics();
     const int width = metrics.horizontalAdvance(text);
     const int spareWidth = rect.Width() - width;
@@ -136,8 +168,36 @@ void QtCanvas::DrawLineOfText(const QString& text, const CRect& rect, UINT forma
         m_painter->save();
         m_painter->setClipRect(ToQt(rect), Qt::IntersectClip);
     }
-    m_painter->drawText(place + QPoint(0, metrics.ascent()), text);
+    const QPoint baseline = place + QPoint(0, metrics.ascent());
+    if (marks.empty()) {
+        m_painter->drawText(baseline, text);
+    } else {
+        DrawMarkedText(text, baseline, marks);
+    }
     if (clips) m_painter->restore();
+}
+
+// A mark has a third of the strength of a selection; within one, of that of its text.
+void QtCanvas::DrawMarkedText(const QString& text, QPoint baseline, const Marks& marks) {
+    constexpr int third = 85;  // of 255
+    const QPalette palette = QApplication::palette();
+    const QColor selected = palette.color(QPalette::HighlightedText);
+    const bool isSelected =
+        m_painter->pen().color() == selected && selected != palette.color(QPalette::Text);
+    QColor colour = isSelected ? selected : palette.color(QPalette::Highlight);
+    colour.setAlpha(third);
+    QList<QTextLayout::FormatRange> ranges;
+    for (const Mark& mark : marks) {
+        QTextCharFormat tinted;
+        tinted.setBackground(colour);
+        ranges.push_back(
+            {static_cast<int>(mark.begin), static_cast<int>(mark.end - mark.begin), tinted});
+    }
+    QTextLayout layout(text, m_painter->font(), m_painter->device());
+    layout.beginLayout();
+    const QTextLine line = layout.createLine();
+    layout.endLayout();
+    layout.draw(m_painter, QPointF(baseline) - QPointF(0, line.ascent()), ranges);
 }
 
 // As many lines as fit, at least one; the last ends in an ellipsis where more would follow.
@@ -149,14 +209,18 @@ void QtCanvas::DrawBrokenLines(QString text, const CRect& rect, UINT format) {
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     layout.setTextOption(option);
     CRect place = rect;
+    const Marks marks = MarksOf(text);
     layout.beginLayout();
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
         line.setLineWidth(rect.Width());
         place.bottom = place.top + metrics.height();
         const bool isLast = place.bottom + metrics.height() > rect.bottom;
-        QString shown = text.mid(line.textStart(), isLast ? -1 : line.textLength()).trimmed();
+        qsizetype start = line.textStart();
+        while (start < text.size() && text[start].isSpace()) ++start;
+        const qsizetype end = isLast ? text.size() : line.textStart() + line.textLength();
+        QString shown = text.mid(start, end - start).trimmed();
         if (isLast) shown = metrics.elidedText(shown, Qt::ElideRight, rect.Width());
-        DrawLineOfText(shown, place, format);
+        DrawLineOfText(shown, place, format, MarksOn(shown, text, start, marks));
         if (isLast) break;
         place.top = place.bottom;
     }

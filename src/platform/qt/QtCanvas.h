@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QPainter>
+#include <vector>
 
 #include <platform/window/pictures/Canvas.h>
 
@@ -28,7 +29,18 @@ public:
     void DrawPicture(const CRect& place, const Picture& picture) override;
 
 private:
-    void DrawLineOfText(const QString& text, const CRect& rect, UINT format);
+    // A part of a text, in units of QString.
+    struct Mark {
+        qsizetype begin;
+        qsizetype end;
+    };
+    using Marks = std::vector<Mark>;
+
+    Marks MarksOf(const QString& text) const;
+    static Marks MarksOn(const QString& shown, const QString& text, qsizetype start,
+                         const Marks& marks);
+    void DrawLineOfText(const QString& text, const CRect& rect, UINT format, const Marks& marks);
+    void DrawMarkedText(const QString& text, QPoint baseline, const Marks& marks);
     void DrawBrokenLines(QString text, const CRect& rect, UINT format);
 
     QPainter* m_painter;

@@ -136,6 +136,19 @@ TEST_F(QtListTest, ARowIsPaintedWhereItsRectangleSays) {
     EXPECT_LT(PixelsOf(picture, below, GetSysColor(COLOR_WINDOW)), all) << "its text";
 }
 
+TEST_F(QtListTest, AMarkTintsTheGroundOfItsPartOfTheText) {
+    const CRect row = list.Part(3, LVIR_BOUNDS);
+    const int before = PixelsOf(Picture(list), row, GetSysColor(COLOR_WINDOW));
+    const auto mark = [&](std::size_t end) {
+        dynamic_cast<ListPeer&>(*list.GetPeer()).SetTextMarks([end](std::string_view text) {
+            return std::vector<TextMark>{{0, std::min(end, text.size())}};
+        });
+        return before - PixelsOf(Picture(list), row, GetSysColor(COLOR_WINDOW));
+    };
+    EXPECT_GT(mark(1), row.Height());
+    EXPECT_EQ(mark(0), 0);
+}
+
 TEST_F(QtListTest, APictureIsPaintedWithoutThePixelsOfItsMask) {
     constexpr COLORREF kRed = RGB(255, 0, 0);
     constexpr COLORREF kMask = RGB(255, 0, 255);

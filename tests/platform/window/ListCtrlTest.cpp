@@ -218,6 +218,21 @@ TEST_F(ListCtrlTest, RowsInViewArePaintedByTheirOwner) {
     EXPECT_TRUE(Peer().InvalidArea().IsRectEmpty());
 }
 
+TEST_F(ListCtrlTest, PartsOfShownTextsAreMarked) {
+    Peer().SetTextMarks([](std::string_view text) {
+        const std::size_t place = text.find("1002");
+        if (place == std::string_view::npos) return std::vector<TextMark>();
+        return std::vector<TextMark>{{place, place + 4}};
+    });
+    list.RedrawWindow();
+    int marked = 0;
+    for (const DrawOperation& operation : Peer().Drawn()) {
+        marked += static_cast<int>(operation.marks.size());
+        if (!operation.marks.empty()) EXPECT_EQ(operation.marks[0], (TextMark{6, 10}));
+    }
+    EXPECT_EQ(marked, 1);
+}
+
 TEST_F(ListCtrlTest, NothingIsPaintedWhileDrawingIsOffAndAllOfItAfterwards) {
     list.UpdateWindow();
     Peer().ForgetDrawn();

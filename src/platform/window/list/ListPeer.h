@@ -4,10 +4,12 @@
 
 #include <cstdint>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include <platform/window/base/WindowPeer.h>
 #include <platform/window/list/ListMessages.h>
+#include <platform/window/pictures/Canvas.h>
 
 namespace orvo {
 
@@ -153,6 +155,13 @@ public:
     virtual bool SetIconPosition(int row, CPoint position) = 0;
     virtual void InvalidateRows(int first, int last) = 0;
 
+    // The parts of shown texts that stand out, such as what was looked for; an empty function marks
+    // nothing. It is asked for what is painted, whenever that is.
+    void SetTextMarks(TextMarks marks) {
+        m_marks = std::move(marks);
+        InvalidateRows(0, RowCount() - 1);
+    }
+
     // Paints the ground, and through the client each row that is in view.
     ORVO_API void PaintRows(CDC& dc);
 
@@ -164,6 +173,7 @@ protected:
 
 private:
     ListPeerClient* m_client = nullptr;
+    TextMarks m_marks;
 };
 
 }  // namespace orvo

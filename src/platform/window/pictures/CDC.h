@@ -42,6 +42,9 @@ public:
     // False where nothing of the rectangle would be seen.
     bool RectVisible(const CRect& rect) const { return m_canvas->IsVisible(rect); }
 
+    // As the canvas's.
+    void MarkTexts(const TextMarks* marks) { m_canvas->MarkTexts(marks); }
+
     CSize GetTextExtent(const CString& text) const;
 
     // With an opaque ground the rectangle is filled first.

@@ -2,9 +2,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include <platform/window/base/Messages.h>
 #include <platform/window/pictures/CBitmap.h>
@@ -41,10 +44,23 @@ struct TextLook {
 };
 
 class Picture;
+// A part of a text, in bytes.
+struct TextMark {
+    std::size_t begin = 0;
+    std::size_t end = 0;
+
+    friend bool operator==(const TextMark&, const TextMark&) = default;
+};
+// The parts of a text that stand out, in order; they don't overlap.
+using TextMarks = std::function<std::vector<TextMark>(std::string_view text)>;
 
 class Canvas {
 public:
     virtual ~Canvas() = default;
+
+    // From now on these parts of texts are drawn on a tinted ground; none where it is null.
+    // Owner:    the caller, and it lives as long as texts are drawn.
+    void MarkTexts(const TextMarks* marks) { m_marks = marks; }
 
     // False where nothing of the rectangle would be seen.
     virtual bool IsVisible(const CRect&) const { return true; }
@@ -67,6 +83,13 @@ public:
 
     // A picture of another window system isn't drawn.
     virtual void DrawPicture(const CRect&, const Picture&) {}
+protected:
+    std::vector<TextMark> MarksIn(std::string_view text) const {
+        return m_marks && *m_marks ? (*m_marks)(text) : std::vector<TextMark>();
+    }
+
+private:
+    const TextMarks* m_marks = nullptr;
 };
 
 }  // namespace orvo

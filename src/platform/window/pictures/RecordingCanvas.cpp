@@ -49,6 +49,7 @@ void RecordingCanvas::DrawText(std::string_view text, const CRect& rect, const T
     DrawOperation& operation = Add(DrawOperation::Kind::Text, rect);
     operation.colour = look.colour;
     operation.text = CString(text);
+    operation.marks = MarksIn(text);
     operation.format = look.format;
     operation.font = look.font;
 }

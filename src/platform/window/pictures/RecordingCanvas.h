@@ -17,6 +17,7 @@ struct DrawOperation {
     CRect rect;  // of a line: from left top to right bottom
     COLORREF colour = 0;
     CString text;
+    std::vector<TextMark> marks;
     UINT format = 0;
     CFont font;
     CBitmap bitmap;
