@@ -122,6 +122,10 @@ protected:
     virtual void DrawColumn(CDC* dc, int nColumn, DWORD dwItemData, CRect& rcCell, UINT nTextFlags,
                             int nReserved, int bSelectedRow);
 
+    // True for a cell whose text only says that there is nothing; it is drawn in the colour of
+    // placeholders.
+    virtual bool IsPlaceholder(int nColumn, DWORD dwItemData);
+
     // The rectangle, in client coordinates, of the row's main column: the one that was given to
     // InitializeColumn first, wherever it stands. In the icon modes, of the row's label.
     // Returns:  non-zero on success; 0, and leaves `rect` alone, where that column is hidden.
@@ -171,7 +175,8 @@ ORVO_API void OUIGetColors(int colourId, COLORREF* first, COLORREF* second, COLO
 // Each draws one line of text in the rectangle, kCellTextOffset from its left and right edge, in
 // the first colour of the id and the list font; what doesn't fit ends in an ellipsis. `reserved` is
 // 0. An overdue date brings the ground on which it can be read. The text of a pop-up cell carries a
-// small mark that says that a click opens a menu, unless the cell is too narrow for both.
+// small mark that says that a click opens a menu, unless the cell is too narrow for both. In rows
+// of the widget the mark is seen where the pointer, the selection or the focus is.
 ORVO_API void OUIDrawCellText(CDC* dc, const char* text, RECT* rect, int colourId, int reserved,
                               UINT textFlags);
 ORVO_API void OUIDrawPopupCellText(CDC* dc, const char* text, RECT* rect, int colourId,

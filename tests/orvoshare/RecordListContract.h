@@ -106,6 +106,19 @@ TEST_F(RecordListContract, TheRowGoesWhereOneOtherCategoryIsOnShow) {
     EXPECT_THAT(owner.told, ElementsAre(kRowGone, kRowGone));
 }
 
+TEST_F(RecordListContract, NoCategoryHasTheColourOfPlaceholders) {
+    ShowThree();
+    Show({"d"}, kNoCategory);
+    view->RedrawWindow();
+    int seen = 0;
+    for (const DrawOperation& each : dynamic_cast<MemoryListPeer&>(*view->GetPeer()).Drawn()) {
+        if (each.text != CString("Uncategorized")) continue;
+        EXPECT_EQ(each.colour, GetSysColor(COLOR_PLACEHOLDERTEXT));
+        ++seen;
+    }
+    EXPECT_GT(seen, 0);
+}
+
 TEST_F(RecordListContract, ACommandWithoutItsPopupOrForNoCategoryDoesNothing) {
     ShowThree();
     const auto sendAll = [this](UINT first) {

@@ -3,7 +3,9 @@
 #include <algorithm>
 
 #include <contracts/ListWidget.h>
+#include <libraries/orvoui/CellLook.h>
 #include <libraries/orvoui/TextLine.h>
+#include <platform/window/base/WindowSystem.h>
 
 namespace orvo {
 
@@ -18,7 +20,8 @@ constexpr int kLeastTextWidth = 10;
 COLORREF TextColour(int colourId) {
     COLORREF colour = 0;
     OUIGetColors(colourId, &colour, nullptr, nullptr, nullptr);
-    return colour;
+    const bool isPlaceholder = CellLookInForce::Get().isPlaceholder && colourId == kTextColour;
+    return isPlaceholder ? GetSysColor(COLOR_PLACEHOLDERTEXT) : colour;
 }
 
 // A selected row has another ground than the one on which the overdue colour can be read.
@@ -73,7 +76,11 @@ void OUIDrawPopupCellText(CDC* dc, const char* text, RECT* rect, int colourId, i
     CRect place = TextPlace(*rect);
     if (place.Width() >= kLeastTextWidth + kMarkGap + kMarkWidth && place.Height() >= kMarkHeight) {
         place.right -= kMarkWidth;
-        DrawPopupMark(*dc, {place.right, place.top + (place.Height() - kMarkHeight) / 2}, colour);
+        // Its room stays free, so that no text moves when it comes.
+        if (CellLookInForce::Get().showsPopupMark) {
+            const int top = place.top + (place.Height() - kMarkHeight) / 2;
+            DrawPopupMark(*dc, {place.right, top}, colour);
+        }
         place.right -= kMarkGap;
     }
     DrawTextLine(*dc, text, place, colour, textFlags);

@@ -1,6 +1,7 @@
 // The list widget: its rows, its selection, and how a row is painted.
 // SPDX-License-Identifier: MIT
 #include <contracts/ListWidget.h>
+#include <libraries/orvoui/CellLook.h>
 #include <platform/window/pictures/Contrast.h>
 
 namespace orvo {
@@ -120,14 +121,20 @@ void COrvoUIListViewCtrl::DrawItem(DRAWITEMSTRUCT* item) {
 
 void COrvoUIListViewCtrl::DrawCells(const DRAWITEMSTRUCT& item) {
     const int isSelected = (item.itemState & ODS_SELECTED) != 0;
+    const bool isLive = (item.itemState & (ODS_SELECTED | ODS_FOCUS | ODS_HOTLIGHT)) != 0;
     for (const int column : ColumnsOnScreen()) {
         CRect cell;
         if (!GetSubItemRect(item.itemID, column, LVIR_BOUNDS, &cell)) continue;
+        const CellLookInForce look({isLive, IsPlaceholder(column, item.itemData)});
         DrawColumn(item.dc, column, item.itemData, cell, TextFlags(column), 0, isSelected);
     }
 }
 
 void COrvoUIListViewCtrl::DrawColumn(CDC*, int, DWORD, CRect&, UINT, int, int) {}
+
+bool COrvoUIListViewCtrl::IsPlaceholder(int, DWORD) {
+    return false;
+}
 
 // A bar of the same size for every row: that something is hidden may be seen, but not how much.
 void COrvoUIListViewCtrl::DrawMask(const DRAWITEMSTRUCT& item) const {

@@ -75,6 +75,12 @@ void CDetailViewAddrList::DrawColumn(CDC* dc, int nColumn, DWORD dwItemData, CRe
     draw(dc, cell.text, &rcCell, colour, 0, nTextFlags);
 }
 
+bool CDetailViewAddrList::IsPlaceholder(int nColumn, DWORD dwItemData) {
+    const CAddressRecord* record = RecordOf(dwItemData);
+    return record && m_pAddressTable && SubItemFromIndex(nColumn) == AddressColumn::Category &&
+           IsUncategorized(*m_pAddressTable, *record);
+}
+
 AddressCell CDetailViewAddrList::GetCell(CAddressRecord* record, int nId) {
     AddressCell cell;
     if (!record || !m_pAddressTable) return cell;

@@ -120,6 +120,7 @@ public:
 protected:
     void DrawColumn(CDC* dc, int nColumn, DWORD dwItemData, CRect& rcCell, UINT nTextFlags,
                     int nReserved, int bSelectedRow) override;
+    bool IsPlaceholder(int nColumn, DWORD dwItemData) override;
 
     void OnGetDispInfo(NMHDR* header, LRESULT* result);
     void OnGetInfoTip(NMHDR* header, LRESULT* result);

@@ -10,4 +10,7 @@ namespace orvo {
 // The name of the record's category; the module's text for none where the table doesn't know it.
 CString CategoryText(CBaseTable& table, const CBaseRecord& record);
 
+// True where that is the name for none.
+bool IsUncategorized(CBaseTable& table, const CBaseRecord& record);
+
 }  // namespace orvo

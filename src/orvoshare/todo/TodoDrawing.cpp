@@ -76,6 +76,12 @@ void CTodoListbox::DrawColumn(CDC* dc, int nColumn, DWORD dwItemData, CRect& rcC
     draw(dc, cell.text, &rcCell, ColourOf(cell, isSelected), 0, nTextFlags);
 }
 
+bool CTodoListbox::IsPlaceholder(int nColumn, DWORD dwItemData) {
+    const auto* record = reinterpret_cast<const CToDoRecord*>(dwItemData);
+    return record && m_pTable && SubItemFromIndex(nColumn) == TodoColumn::Category &&
+           IsUncategorized(*m_pTable, *record);
+}
+
 TodoCell CTodoListbox::GetCell(CToDoRecord* record, int nId, bool isSelected) {
     TodoCell cell;
     if (!record) return cell;

@@ -158,6 +158,7 @@ protected:
 
     void DrawColumn(CDC* dc, int nColumn, DWORD dwItemData, CRect& rcCell, UINT nTextFlags,
                     int nReserved, int bSelectedRow) override;
+    bool IsPlaceholder(int nColumn, DWORD dwItemData) override;
 
     // Draws a line through the row's text; with `animate` piece by piece, for 300 milliseconds or
     // more by the clock of GetTickCount.

@@ -86,6 +86,10 @@ void QtListModel::BringIntoView(const QModelIndex& index) {
     if (m_peer && index.isValid()) m_peer->EnsureVisible(index.row(), false);
 }
 
+void QtListModel::PointAt(const QModelIndex& index) const {
+    if (m_peer) m_peer->SetHotRow(index.isValid() ? index.row() : -1);
+}
+
 int QtListModel::LastLine() const {
     return m_peer ? m_peer->LastLine() : 0;
 }

@@ -37,6 +37,7 @@ public:
     QRect PlaceOf(const QModelIndex& index) const;  // in coordinates of the view's ground
     QModelIndex IndexAt(QPoint point) const;
     void BringIntoView(const QModelIndex& index);
+    void PointAt(const QModelIndex& index) const;  // where the pointer is
     int LastLine() const;
     int LinesPerPage() const;
     bool ScrollsAside() const;  // lines are columns

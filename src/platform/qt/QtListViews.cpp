@@ -3,6 +3,7 @@
 // SPDX-License-Identifier: MIT
 #include <QHeaderView>
 #include <QHelpEvent>
+#include <QHoverEvent>
 #include <QPaintEvent>
 #include <QScrollBar>
 #include <QTextDocument>
@@ -61,6 +62,7 @@ QtReportView::QtReportView(QtWindowLink& link, QtListModel& model, int headingHe
     SetUpView(*this, link);
     // Only the window knows how wide its cells are.
     disconnect(header(), &QHeaderView::sectionHandleDoubleClicked, this, nullptr);
+    viewport()->setAttribute(Qt::WA_Hover);
 }
 
 void QtReportView::paintEvent(QPaintEvent* event) {
@@ -75,6 +77,11 @@ void QtReportView::scrollContentsBy(int dx, int dy) {
 }
 
 bool QtReportView::viewportEvent(QEvent* event) {
+    if (event->type() == QEvent::HoverEnter || event->type() == QEvent::HoverMove) {
+        m_model.PointAt(indexAt(static_cast<QHoverEvent*>(event)->position().toPoint()));
+    } else if (event->type() == QEvent::HoverLeave) {
+        m_model.PointAt({});
+    }
     if (event->type() != QEvent::ToolTip) return QTreeView::viewportEvent(event);
     ShowTip(*this, m_model, *static_cast<QHelpEvent*>(event));
     return true;

@@ -2,10 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include <QApplication>
 #include <QClipboard>
+#include <QColor>
 #include <QCursor>
 #include <QPalette>
 #include <QTimer>
 #include <QToolTip>
+#include <cmath>
 
 #include <platform/qt/QtCanvas.h>
 #include <platform/qt/QtDialogs.h>
@@ -44,6 +46,7 @@ constexpr ColourRow kColours[] = {
     {COLOR_INFOTEXT, QPalette::ToolTipText},
     {COLOR_INFOBK, QPalette::ToolTipBase},
     {COLOR_ALTERNATE, QPalette::AlternateBase},
+    {COLOR_PLACEHOLDERTEXT, QPalette::PlaceholderText},
 };
 
 struct ShapeRow {
@@ -191,12 +194,23 @@ bool QtWindowSystem::IsKeyDown(UINT key) const {
            QGuiApplication::keyboardModifiers().testFlag(modifier);
 }
 
+// A colour that lets the ground shine through, as it looks on that of a window; it can be read.
+COLORREF QtWindowSystem::OnWindow(const QColor& colour) const {
+    const COLORREF ground = Colour(COLOR_WINDOW);
+    constexpr double whole = 8;
+    const auto eighths = static_cast<int>(std::lround(colour.alphaF() * whole));
+    return Readable(MixColours(ground, ColourFromQt(colour), eighths), Colour(COLOR_WINDOWTEXT),
+                    ground, kTextContrast);
+}
+
 COLORREF QtWindowSystem::Colour(int id) const {
     for (const ColourRow& row : kColours) {
         if (row.id != id) continue;
         const bool isTip = row.role == QPalette::ToolTipText || row.role == QPalette::ToolTipBase;
         const QPalette palette = isTip ? QToolTip::palette() : QApplication::palette();
-        const COLORREF colour = ColourFromQt(palette.color(row.group, row.role));
+        const QColor exact = palette.color(row.group, row.role);
+        const COLORREF colour = ColourFromQt(exact);
+        if (id == COLOR_PLACEHOLDERTEXT) return OnWindow(exact);
         if (id != COLOR_HIGHLIGHT) return colour;
         // Not each style's highlight is far enough from its text.
         const COLORREF text = Colour(COLOR_HIGHLIGHTTEXT);

@@ -52,6 +52,8 @@ public:
     void SetClipboardText(const CString& text) override;
 
 private:
+    COLORREF OnWindow(const QColor& colour) const;
+
     struct State;
     std::unique_ptr<State> m_state;
 };

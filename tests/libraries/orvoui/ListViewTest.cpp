@@ -1,5 +1,6 @@
 // The list widget: its columns, rows and modes, what is painted, and the menu of categories.
 // SPDX-License-Identifier: MIT
+#include <algorithm>
 #include <vector>
 
 #include <fmt/format.h>
@@ -34,12 +35,14 @@ public:
 
     std::vector<std::string> cells;  // "data column id at left,top,right,bottom", and " selected"
     UINT textFlags = 0;
+    bool opensPopups = false;
     int changes = 0;
     int questions = 0;
 
 protected:
-    void DrawColumn(CDC*, int column, DWORD data, CRect& rect, UINT flags, int reserved,
+    void DrawColumn(CDC* dc, int column, DWORD data, CRect& rect, UINT flags, int reserved,
                     int selected) override {
+        if (opensPopups) OUIDrawPopupCellText(dc, "x", &rect, kTextColour, 0, flags);
         EXPECT_EQ(reserved, 0);
         textFlags = flags;
         cells.push_back(fmt::format("{} column {} at {},{},{},{}{}", data, SubItemFromIndex(column),
@@ -243,6 +246,30 @@ TEST_F(ListRows, TheGroundTellsSelectionAndAFrameTellsTheFocus) {
     EXPECT_EQ(drawn[1].colour, GetSysColor(COLOR_HIGHLIGHT));
     EXPECT_EQ(drawn[2].kind, Kind::FocusRect);
     EXPECT_EQ(drawn[2].colour, GetSysColor(COLOR_HIGHLIGHTTEXT));
+}
+
+TEST_F(ListRows, APopupMarkIsSeenWhereThePointerTheSelectionOrTheFocusIs) {
+    list.opensPopups = true;
+    Insert(100);
+    Insert(101);
+    const auto marksAt = [&](int y) {
+        return std::ranges::count_if(Paint(), [y](const DrawOperation& each) {
+            return each.kind == Kind::Fill && each.rect.Size() == CSize{7, 1} &&
+                   each.rect.top / 18 == y / 18;
+        });
+    };
+    EXPECT_EQ(marksAt(20), 0);
+    Peer().SetHotRow(1);
+    EXPECT_EQ(marksAt(20), 0);
+    EXPECT_EQ(marksAt(38), 2);
+    Peer().SetHotRow(-1);
+    EXPECT_EQ(marksAt(38), 0);
+    list.SetFocus();
+    EXPECT_EQ(list.GetFocusedItem(), -1);
+    EXPECT_EQ(marksAt(20), 2) << "keys begin at the first row";
+    list.SelectItem(1, 1);
+    EXPECT_EQ(marksAt(38), 2);
+    EXPECT_EQ(marksAt(20), 0);
 }
 
 TEST_F(ListRows, AMaskedRowShowsOneBarAndNothingOfItsRecord) {

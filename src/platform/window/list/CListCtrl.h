@@ -110,6 +110,8 @@ private:
     void StateChanged(int row, UINT oldState, UINT newState) override;
     void HeadingClicked(int column) override;
 
+    bool ShowsFocus(int row);
+
     // Each answers the messages of its subject; false for any other.
     bool AnswerRows(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     bool AnswerState(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);

@@ -192,12 +192,18 @@ void CListCtrl::DrawRow(CDC& dc, int row, const CRect& bounds) {
     item.CtlID = GetDlgCtrlID();
     item.itemID = row;
     item.itemState = (m_list->IsSelected(row) ? ODS_SELECTED : 0) |
-                     (m_list->FocusRow() == row && GetFocus() == this ? ODS_FOCUS : 0);
+                     (ShowsFocus(row) ? ODS_FOCUS : 0) |
+                     (m_list->HotRow() == row ? ODS_HOTLIGHT : 0);
     item.hwndItem = GetSafeHwnd();
     item.dc = &dc;
     item.rcItem = bounds;
     item.itemData = m_list->Data(row);
     DrawItem(&item);
+}
+
+// Where no row has the focus yet, the first one is where keys begin.
+bool CListCtrl::ShowsFocus(int row) {
+    return std::max(m_list->FocusRow(), 0) == row && GetFocus() == this;
 }
 
 void CListCtrl::DrawReportRow(CDC& dc, int row, const CRect&) {
@@ -254,7 +260,7 @@ void CListCtrl::DrawIcon(CDC& dc, int row) {
     if (!m_list || !m_list->RowRect(row, RowPart::Label, label)) return;
     if (!isLarge) label.DeflateRect(kCellTextOffset, 0);
     dc.DrawText(CellText(row, 0), label, isLarge ? kIconTextFormat : kCellTextFormat);
-    if (!m_list || m_list->FocusRow() != row || GetFocus() != this) return;
+    if (!m_list || !ShowsFocus(row)) return;
     dc.DrawFocusRect(MarkedLabel(dc, row));
 }
 

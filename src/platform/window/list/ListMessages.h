@@ -256,6 +256,7 @@ struct DRAWITEMSTRUCT {
 };
 constexpr UINT ODS_SELECTED = 0x0001;
 constexpr UINT ODS_FOCUS = 0x0010;
+constexpr UINT ODS_HOTLIGHT = 0x0040;  // the pointer is over it
 
 // Returns a negative number, 0 or a positive number for two data words; the third argument is the
 // sorter's own.

@@ -162,6 +162,15 @@ public:
         InvalidateRows(0, RowCount() - 1);
     }
 
+    // The row under the pointer, -1 for none.
+    int HotRow() const { return m_hotRow; }
+    void SetHotRow(int row) {
+        if (row == m_hotRow) return;
+        InvalidateRows(m_hotRow, m_hotRow);
+        m_hotRow = row;
+        InvalidateRows(row, row);
+    }
+
     // Paints the ground, and through the client each row that is in view.
     ORVO_API void PaintRows(CDC& dc);
 
@@ -174,6 +183,7 @@ protected:
 private:
     ListPeerClient* m_client = nullptr;
     TextMarks m_marks;
+    int m_hotRow = -1;
 };
 
 }  // namespace orvo
