@@ -162,6 +162,7 @@ QWidget* DuplicateTable::MakeCell(const DuplicateRow& row, std::size_t side, QRa
             radio->setFocusPolicy(isChosen ? Qt::StrongFocus : Qt::ClickFocus);
         });
     }
+    value->setAlignment(Qt::AlignLeading | Qt::AlignTop);
     layout->addWidget(value, 1);
     return cell;
 }

@@ -8,6 +8,8 @@
 
 #include <desktop/import/DuplicateRows.h>
 
+class QGridLayout;
+
 namespace orvo::desktop {
 
 // A line for each row. Where only one of both can stay, each has a radio button: Tab leads from
@@ -21,7 +23,7 @@ public:
     MergeChoices Choices() const;
 
 private:
-    void AddRow(class QGridLayout& grid, int line, const DuplicateRow& row);
+    void AddRow(QGridLayout& grid, int line, const DuplicateRow& row);
     QWidget* MakeCell(const DuplicateRow& row, std::size_t side, QRadioButton* radio);
 
     std::array<QString, 2> m_names;

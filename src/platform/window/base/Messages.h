@@ -229,7 +229,7 @@ constexpr int COLOR_GRAYTEXT = 17;
 constexpr int COLOR_BTNTEXT = 18;
 constexpr int COLOR_INFOTEXT = 23;
 constexpr int COLOR_INFOBK = 24;
-constexpr int COLOR_ALTERNATE = 100;  // the ground of what stands out a little
+constexpr int COLOR_ALTERNATE = 100;        // the ground of what stands out a little
 constexpr int COLOR_PLACEHOLDERTEXT = 101;  // of what stands in for a text that isn't there
 
 }  // namespace orvo

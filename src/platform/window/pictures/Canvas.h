@@ -83,6 +83,7 @@ public:
 
     // A picture of another window system isn't drawn.
     virtual void DrawPicture(const CRect&, const Picture&) {}
+
 protected:
     std::vector<TextMark> MarksIn(std::string_view text) const {
         return m_marks && *m_marks ? (*m_marks)(text) : std::vector<TextMark>();
