@@ -7,18 +7,11 @@
 #include <desktop/commands/Mail.h>
 #include <desktop/texts/Problems.h>
 #include <desktop/texts/Texts.h>
+#include <desktop/views/ReadingTimes.h>
 #include <people/PersonEdits.h>
 #include <platform/qt/QtConvert.h>
 
 namespace orvo::desktop {
-namespace {
-
-// For how long groups are read: before a menu opens, and between other things.
-constexpr std::chrono::milliseconds kReadAtOnce{150};
-constexpr std::chrono::milliseconds kReadInAMoment{10};
-
-}  // namespace
-
 GroupCommands::GroupCommands(CommandContext& context) : m_context(context) {
     connect(&m_timer, &QTimer::timeout, this, [this] {
         if (!m_context.Session().Groups().Read(kReadInAMoment)) return;

@@ -54,7 +54,7 @@ constexpr UsualWords kUsual[] = {
 constexpr const char* kServices[] = {"Jabber", "Matrix", "SIP", "Telegram", "Skype", "ICQ"};
 constexpr Kind kDays[] = {Kind::Birthday, Kind::Anniversary};
 const QString kDivider = QStringLiteral(", ");
-constexpr int kCharacters = 9;
+constexpr int kChoiceWidth = 9;
 
 bool IsDay(Kind kind) {
     return kind == Kind::Date ||
@@ -103,7 +103,7 @@ DetailChoice::DetailChoice(const Detail& detail) : m_given(detail) {
     setEditable(true);
     setInsertPolicy(QComboBox::NoInsert);
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    setMinimumContentsLength(kCharacters);
+    setMinimumContentsLength(kChoiceWidth);
     addItems(UsualTexts(detail.kind));
     setCurrentIndex(-1);
     setEditText(ShownText(detail));

@@ -22,7 +22,7 @@ namespace {
 // A year that holds every day stands in for one that isn't told.
 constexpr int kAnyYear = 2000;
 constexpr qsizetype kYearDigits = 4;
-constexpr int kCharacters = 12;  // of a day with its year
+constexpr int kDayWidth = 12;  // of a day with its year
 
 QDate DayOf(std::chrono::sys_days day) {
     const std::chrono::year_month_day parts(day);
@@ -124,7 +124,7 @@ std::optional<PersonDate> ReadShownDate(const QString& text) {
 PersonDateField::PersonDateField(const Detail& detail) {
     m_line.setText(detail.date ? ShownDate(*detail.date) : FromUtf8(detail.text));
     m_shown = m_line.text();
-    m_line.setMinimumWidth(kCharacters * m_line.fontMetrics().averageCharWidth());
+    m_line.setMinimumWidth(kDayWidth * m_line.fontMetrics().averageCharWidth());
     m_problem.setWordWrap(true);
     m_problem.hide();
     auto* calendar = new QToolButton;

@@ -20,7 +20,7 @@
 namespace orvo::desktop {
 namespace {
 
-constexpr int kSide = 80;  // pixels, of a screen without scaling
+constexpr int kShownSide = 80;  // pixels, of a screen without scaling
 
 QString Pictures() {
     QStringList patterns;
@@ -37,7 +37,7 @@ PhotoField::PhotoField(const std::optional<PersonPhoto>& given, const Face& face
     setObjectName("photo");
     setAcceptDrops(true);
     m_button.setAutoRaise(true);
-    m_button.setIconSize({kSide, kSide});
+    m_button.setIconSize({kShownSide, kShownSide});
     m_button.setFocusPolicy(Qt::StrongFocus);
     m_button.setAccessibleName(Text("Photo"));
     m_button.setToolTip(Text("Click to choose a photo, drop one here, or paste one with Ctrl+V"));
@@ -93,7 +93,7 @@ QString PhotoField::Remark(bool isSeen) const {
 void PhotoField::ShowPhoto() {
     const PersonPhoto* photo = Present();
     QImage image;
-    if (photo) image = PhotoImage(photo->bytes, qRound(2 * kSide * devicePixelRatioF()));
+    if (photo) image = PhotoImage(photo->bytes, qRound(2 * kShownSide * devicePixelRatioF()));
     m_button.setIcon(Picture(image));
     m_remove.setEnabled(photo != nullptr);
     const QString remark = Remark(!image.isNull());
@@ -103,13 +103,13 @@ void PhotoField::ShowPhoto() {
 
 QPixmap PhotoField::Picture(const QImage& photo) const {
     const qreal scale = devicePixelRatioF();
-    const int side = qRound(kSide * scale);
+    const int side = qRound(kShownSide * scale);
     QPixmap picture(side, side);
     picture.setDevicePixelRatio(scale);
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
     const QImage square = photo.isNull() ? photo : SquareOf(photo, side);
-    PaintFace(painter, QRectF(0, 0, kSide, kSide), m_face, square);
+    PaintFace(painter, QRectF(0, 0, kShownSide, kShownSide), m_face, square);
     return picture;
 }
 

@@ -17,7 +17,7 @@
 namespace orvo::desktop {
 namespace {
 
-constexpr int kSide = 512;  // pixels
+constexpr int kLargestSide = 512;  // pixels
 constexpr int kQuality = 88;
 constexpr qint64 kMegabyte = 1024 * 1024;
 constexpr qint64 kMostMegabytes = 32;
@@ -65,7 +65,7 @@ QImage ReadPhoto(const QString& path, QString& problem) {
     }
     const QByteArray bytes = file.readAll();
     const QImage image =
-        PhotoImage({bytes.constData(), static_cast<std::size_t>(bytes.size())}, kSide);
+        PhotoImage({bytes.constData(), static_cast<std::size_t>(bytes.size())}, kLargestSide);
     if (image.isNull()) {
         problem = Text("The file holds no picture that can be read, or one of too many pixels.");
     }
@@ -86,8 +86,9 @@ bool MayBePhoto(const QMimeData& data) {
 PersonPhoto MakePhoto(const QImage& image) {
     QImage small = image;
     small.setDevicePixelRatio(1);
-    if (image.width() > kSide || image.height() > kSide) {
-        small = small.scaled(kSide, kSide, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    if (image.width() > kLargestSide || image.height() > kLargestSide) {
+        small =
+            small.scaled(kLargestSide, kLargestSide, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     }
     if (small.colorSpace().isValid()) small.convertToColorSpace(QColorSpace::SRgb);
     const bool showsThrough = ShowsThrough(small);

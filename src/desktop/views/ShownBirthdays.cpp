@@ -6,6 +6,7 @@
 #include <utility>
 
 #include <desktop/texts/Texts.h>
+#include <desktop/views/ReadingTimes.h>
 #include <desktop/views/ShownBirthdays.h>
 #include <people/FindReader.h>
 #include <platform/qt/QtWindowSystem.h>
@@ -18,9 +19,6 @@ using Clock = std::chrono::steady_clock;
 
 constexpr UINT kBirthdaysId = 5;
 
-// For how long is read: before the list shows, and between other things.
-constexpr std::chrono::milliseconds kReadAtOnce{40};
-constexpr std::chrono::milliseconds kReadInAMoment{10};
 // Between two reports of how much is read.
 constexpr std::chrono::milliseconds kReportInterval{100};
 

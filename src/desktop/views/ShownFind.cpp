@@ -2,20 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include <utility>
 
+#include <desktop/views/ReadingTimes.h>
 #include <desktop/views/RowKeeper.h>
 #include <desktop/views/ShownFind.h>
 #include <host/Disclosure.h>
 #include <platform/text/SystemText.h>
 
 namespace orvo::desktop {
-namespace {
-
-// For how long texts are read: before a letter is answered, and between other things.
-constexpr std::chrono::milliseconds kReadAtOnce{40};
-constexpr std::chrono::milliseconds kReadInAMoment{10};
-
-}  // namespace
-
 ShownFind::ShownFind(FindableRows& view, const COrvoDesktopOptions& options, Listeners listeners)
     : m_view(view), m_options(options), m_listeners(std::move(listeners)) {}
 

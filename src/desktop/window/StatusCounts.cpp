@@ -10,7 +10,7 @@ namespace {
 
 constexpr int kBarWidth = 160;
 // Milliseconds until a bar shows: what is done sooner needs none.
-constexpr int kPatience = 300;
+constexpr int kBarPatience = 300;
 
 }  // namespace
 
@@ -31,7 +31,7 @@ void StatusCounts::ShowReading(std::optional<int> percent) {
     if (!percent) m_reading.invalidate();
     if (percent && !m_reading.isValid()) m_reading.start();
     m_read.setValue(percent.value_or(0));
-    m_read.setVisible(percent && m_reading.hasExpired(kPatience));
+    m_read.setVisible(percent && m_reading.hasExpired(kBarPatience));
 }
 
 void StatusCounts::Show(ShownEntries& entries) {
