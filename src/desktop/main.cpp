@@ -120,6 +120,8 @@ int SaveFiles(DesktopWindow& window, const CommandLine& line) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
     QCoreApplication::processEvents();
+    // A picture waits for no keys.
+    if (QWidget* focus = QApplication::focusWidget()) focus->clearFocus();
     if (!line.picture.empty() && !window.grab().save(QString::fromStdString(line.picture))) {
         return Fail(fmt::format("{}: the picture can't be written", line.picture));
     }

@@ -40,7 +40,7 @@ QString OccasionText(const YearlyDay& day, std::chrono::sys_days today) {
 QString DayText(const PersonDate& date, std::chrono::sys_days today) {
     const QString soon = SoonText(date, today);
     const std::optional<int> years = YearsAtNextDay(date, today);
-    const QString when = years ? Text("%1 years %2").arg(QLocale().toString(*years), soon) : soon;
+    const QString when = years ? CountText("%1 year %2", "%1 years %2", *years).arg(soon) : soon;
     return QString("%1 (%2)").arg(DateText(date), when);
 }
 

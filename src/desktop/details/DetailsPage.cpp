@@ -87,7 +87,8 @@ private:
             AddUnder("\u201c" + FromUtf8(person.name.nickname) + "\u201d");
         for (const std::string* text : {&person.work.title, &person.work.role,
                                         &person.work.department, &person.work.company}) {
-            AddUnder(FromUtf8(*text));
+            // A company without a person has its name above.
+            if (FromUtf8(*text) != Heading()) AddUnder(FromUtf8(*text));
         }
         if (person.isGroup) AddUnder(Text("Group"));
         if (person.photo && !hasPhoto) AddPhotoLink(*person.photo);
