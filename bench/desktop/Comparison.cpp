@@ -43,12 +43,12 @@ constexpr FigureRow kRows[] = {
     {Figure::ToCards, "switch to cards", "ms"},
     {Figure::CardsFrame, "frame of jumping in cards, maximum", "ms"},
     {Figure::ToReport, "switch back to the list", "ms"},
+    {Figure::Resident, "resident memory at the end", "MB"},
+    {Figure::Peak, "highest resident memory", "MB"},
     {Figure::DetailsPhotoMedian, "row to the painted details with a photo, median", "ms"},
     {Figure::DetailsMedian, "row to the painted details without one, median", "ms"},
     {Figure::FindMedian, "letter to the painted rows that are found, median", "ms"},
     {Figure::FindMaximum, "letter to the painted rows that are found, max.", "ms"},
-    {Figure::Resident, "resident memory at the end", "MB"},
-    {Figure::Peak, "highest resident memory", "MB"},
 };
 
 constexpr bool EachRowStandsAtItsFigure() {

@@ -23,18 +23,18 @@ enum class Figure {
     ToCards,
     CardsFrame,
     ToReport,
+    Resident,
+    Peak,
     DetailsPhotoMedian,
     DetailsMedian,
     FindMedian,
-    FindMaximum,
-    Resident,
-    Peak
+    FindMaximum
 };
 
 constexpr std::size_t IndexOf(Figure figure) {
     return static_cast<std::size_t>(figure);
 }
-constexpr std::size_t kFigureCount = IndexOf(Figure::Peak) + 1;
+constexpr std::size_t kFigureCount = IndexOf(Figure::FindMaximum) + 1;
 
 // A figure that was not measured is empty.
 using Figures = std::array<std::optional<double>, kFigureCount>;

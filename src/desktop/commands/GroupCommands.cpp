@@ -12,9 +12,16 @@
 #include <platform/qt/QtConvert.h>
 
 namespace orvo::desktop {
+namespace {
+
+// Between other things, so short that the details follow the selection meanwhile.
+constexpr std::chrono::milliseconds kReadGroups{2};
+
+}  // namespace
+
 GroupCommands::GroupCommands(CommandContext& context) : m_context(context) {
     connect(&m_timer, &QTimer::timeout, this, [this] {
-        if (!m_context.Session().Groups().Read(kReadInAMoment)) return;
+        if (!m_context.Session().Groups().Read(kReadGroups)) return;
         m_timer.stop();
         if (m_read) m_read();
     });
