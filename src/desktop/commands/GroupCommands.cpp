@@ -14,8 +14,9 @@
 namespace orvo::desktop {
 namespace {
 
-// Between other things, so short that the details follow the selection meanwhile.
-constexpr std::chrono::milliseconds kReadGroups{2};
+// So short, and so rare, that the details follow the selection meanwhile.
+constexpr std::chrono::milliseconds kReadGroups{3};
+constexpr std::chrono::milliseconds kBetweenReads{15};
 
 }  // namespace
 
@@ -29,13 +30,13 @@ GroupCommands::GroupCommands(CommandContext& context) : m_context(context) {
 
 bool GroupCommands::ReadNow() {
     if (m_context.Session().Groups().Read(kReadAtOnce)) return true;
-    m_timer.start(0);
+    m_timer.start(kBetweenReads);
     return false;
 }
 
 bool GroupCommands::ReadOn() {
     if (m_context.Session().Groups().Read(std::chrono::milliseconds::zero())) return true;
-    m_timer.start(0);
+    m_timer.start(kBetweenReads);
     return false;
 }
 
