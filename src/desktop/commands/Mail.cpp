@@ -77,6 +77,7 @@ QString MailAddressOf(const CAddressRecord& record, CAddressTable& table) {
 
 QString SendMailTo(const std::vector<QString>& addresses) {
     std::vector<CEmailAddress> recipients;
+    recipients.reserve(addresses.size());
     for (const QString& address : addresses) recipients.emplace_back("", FromQt(address));
     if (recipients.empty()) return Text("None of the selected entries has a mail address.");
     return Write(recipients);

@@ -45,13 +45,12 @@ void Recipients::AddMembers(const std::vector<std::string>& members) {
         }
         const std::optional<std::int64_t> id = groups.PersonOf(member);
         CAddressRecord person(table);
-        if (!id || table.Find(*id, person) != 0) {
-            ++m_lacking;
-        } else if (disclosure.Of(WayOut::Mail, person) != Told::Whole) {
+        const bool isThere = id && table.Find(*id, person) == 0;
+        if (isThere && disclosure.Of(WayOut::Mail, person) != Told::Whole) {
             ++m_leftOut;
-        } else if (groups.Groups().count(*id) != 0) {
+        } else if (isThere && groups.Groups().count(*id) != 0) {
             Add(person);
-        } else if (!AddAddress(MailAddressOf(person, table))) {
+        } else if (!isThere || !AddAddress(MailAddressOf(person, table))) {
             ++m_lacking;
         }
     }

@@ -132,7 +132,7 @@ FaceColours ColoursOf(const Face& face, bool isDark) {
 
 QImage SquareOf(const QImage& picture, int side) {
     const int width = std::min(picture.width(), picture.height());
-    const QImage square =
+    QImage square =
         picture.copy((picture.width() - width) / 2, (picture.height() - width) / 2, width, width);
     if (width <= side) return square;
     return square.scaled(side, side, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);

@@ -167,7 +167,8 @@ DetailRow* DetailSection::RowOf(int line) const {
 }
 
 void DetailSection::ShowKept(const QJsonValue& kept) {
-    for (const QJsonValue& each : kept.toArray()) {
+    const QJsonArray rows = kept.toArray();
+    for (const auto& each : rows) {
         const QJsonObject shown = each.toObject();
         DetailRow* row = RowOf(shown["line"].toInt());
         if (!row && shown["isRemoved"].toBool()) continue;

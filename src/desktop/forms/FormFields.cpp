@@ -1,7 +1,6 @@
 // The fields of forms.
 // SPDX-License-Identifier: MIT
 #include <QScrollArea>
-#include <QTimer>
 #include <cmath>
 #include <limits>
 
@@ -103,13 +102,14 @@ QFont MakeBold(QFont font) {
 // Where it is new, it has no place before the form is laid out again.
 void GoTo(QWidget& field) {
     field.setFocus(Qt::OtherFocusReason);
-    QTimer::singleShot(0, &field, [&field] {
+    const auto show = [&field] {
         for (QWidget* outer = field.parentWidget(); outer; outer = outer->parentWidget()) {
             if (auto* scroll = qobject_cast<QScrollArea*>(outer)) {
                 return scroll->ensureWidgetVisible(&field);
             }
         }
-    });
+    };
+    QMetaObject::invokeMethod(&field, show, Qt::QueuedConnection);
 }
 
 QLabel* MakeHeading(const QString& text) {

@@ -64,7 +64,7 @@ QImage ReadPhoto(const QString& path, QString& problem) {
         return {};
     }
     const QByteArray bytes = file.readAll();
-    const QImage image =
+    QImage image =
         PhotoImage({bytes.constData(), static_cast<std::size_t>(bytes.size())}, kLargestSide);
     if (image.isNull()) {
         problem = Text("The file holds no picture that can be read, or one of too many pixels.");

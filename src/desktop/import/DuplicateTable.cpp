@@ -93,6 +93,7 @@ DuplicateTable::DuplicateTable(const QString& first, const QString& second)
 void DuplicateTable::Show(std::vector<DuplicateRow> rows) {
     m_rows = std::move(rows);
     m_ofSecond.clear();
+    m_groups.clear();
     auto* content = new QWidget;
     auto* grid = new QGridLayout(content);
     grid->setVerticalSpacing(1);
@@ -126,13 +127,13 @@ void DuplicateTable::AddRow(QGridLayout& grid, int line, const DuplicateRow& row
     grid.addWidget(label, line, 0, Qt::AlignTop | Qt::AlignTrailing);
     std::array<QRadioButton*, 2> radios{};
     if (!row.ofSecond.IsEmpty()) {
-        auto* group = new QButtonGroup(grid.parentWidget());
+        QButtonGroup& group = *m_groups.emplace_back(std::make_unique<QButtonGroup>());
         for (std::size_t side = 0; side < radios.size(); ++side) {
             radios.at(side) = new QRadioButton;
             radios.at(side)->setAccessibleName(
                 QString("%1, %2: %3").arg(row.label, m_names.at(side), row.texts.at(side)));
             radios.at(side)->setAccessibleDescription(Text("Differs"));
-            group->addButton(radios.at(side));
+            group.addButton(radios.at(side));
         }
     }
     for (std::size_t side = 0; side < radios.size(); ++side) {

@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QButtonGroup>
 #include <QRadioButton>
 #include <QScrollArea>
+#include <memory>
 #include <vector>
 
 #include <desktop/import/DuplicateRows.h>
@@ -28,6 +30,7 @@ private:
 
     std::array<QString, 2> m_names;
     std::vector<DuplicateRow> m_rows;
+    std::vector<std::unique_ptr<QButtonGroup>> m_groups;  // of the buttons of a row
     std::vector<QRadioButton*> m_ofSecond;  // Qt's; null where nothing is to be chosen
 };
 

@@ -93,7 +93,7 @@ std::string Body(const std::vector<News>& news, std::chrono::sys_days today) {
 }  // namespace
 
 BirthdayReminder::BirthdayReminder(DayIndex& days, const COrvoDesktopOptions& options,
-                                   std::string store, Tell tell)
+                                   const std::string& store, Tell tell)
     : m_days(days),
       m_options(options),
       m_section("Birthdays" + DataSetUser(store)),

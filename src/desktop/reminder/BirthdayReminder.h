@@ -21,7 +21,7 @@ public:
 
     // Index and options outlive it; the options are looked at each time. `store` is the path by
     // which stores are told apart.
-    BirthdayReminder(DayIndex& days, const COrvoDesktopOptions& options, std::string store,
+    BirthdayReminder(DayIndex& days, const COrvoDesktopOptions& options, const std::string& store,
                      Tell tell);
 
     // From now on it looks now and then, for the first time soon. Cards that aren't read yet are

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include <QDragEnterEvent>
 #include <QDropEvent>
-#include <QTimer>
 
 #include <desktop/texts/Texts.h>
 #include <desktop/window/CategoryBox.h>
@@ -74,7 +73,8 @@ void CategoryBox::dragEnterEvent(QDragEnterEvent* event) {
 // Once the drag has ended.
 void CategoryBox::dropEvent(QDropEvent* event) {
     event->acceptProposedAction();
-    QTimer::singleShot(0, this, [this] { OpenMenu(); });
+    QMetaObject::invokeMethod(
+        this, [this] { OpenMenu(); }, Qt::QueuedConnection);
 }
 
 void CategoryBox::OpenMenu() {

@@ -76,8 +76,8 @@ void ToolBar::AddLookup(QToolBar& bar) {
 void ToolBar::FitInto(int width) {
     const bool isNarrow = width < kNarrow;
     for (QAction* label : m_labels) label->setVisible(!isNarrow);
-    QWidget* box = QtWindowSystem::WidgetOf(&m_context.Frame().LookupBox());
-    if (auto* line = dynamic_cast<QLineEdit*>(box)) {
+    QWidget& box = *QtWindowSystem::WidgetOf(&m_context.Frame().LookupBox());
+    if (auto* line = dynamic_cast<QLineEdit*>(&box)) {
         line->setPlaceholderText(isNarrow ? Text("Look up") : QString());
     }
     int rest = width - 4 * kGap;
@@ -89,7 +89,7 @@ void ToolBar::FitInto(int width) {
                    ? std::clamp(rest * most / (kLookupWidth + kCategoryWidth), kLeastBoxWidth, most)
                    : most;
     };
-    box->setFixedWidth(share(kLookupWidth));
+    box.setFixedWidth(share(kLookupWidth));
     m_categories.setFixedWidth(share(kCategoryWidth));
 }
 
