@@ -1,6 +1,7 @@
 // The fields of forms.
 // SPDX-License-Identifier: MIT
 #include <QScrollArea>
+#include <QTimer>
 #include <cmath>
 #include <limits>
 
@@ -99,17 +100,20 @@ QFont MakeBold(QFont font) {
     return font;
 }
 
-// Where it is new, it has no place before the form is laid out again.
 void GoTo(QWidget& field) {
     field.setFocus(Qt::OtherFocusReason);
-    const auto show = [&field] {
+    // Where it is new, it has no place before the form is laid out again.
+    auto* later = new QTimer(&field);
+    later->setSingleShot(true);
+    QObject::connect(later, &QTimer::timeout, later, [later, &field] {
+        later->deleteLater();
         for (QWidget* outer = field.parentWidget(); outer; outer = outer->parentWidget()) {
             if (auto* scroll = qobject_cast<QScrollArea*>(outer)) {
                 return scroll->ensureWidgetVisible(&field);
             }
         }
-    };
-    QMetaObject::invokeMethod(&field, show, Qt::QueuedConnection);
+    });
+    later->start(0);
 }
 
 QLabel* MakeHeading(const QString& text) {

@@ -20,6 +20,8 @@ CategoryBox::CategoryBox(const CommandContext& context, GroupCommands& groups)
     setAccessibleName(Text("Category"));
     setToolTip(Text("Drop people here to put them into a group"));
     setAcceptDrops(true);
+    m_afterDrop.setSingleShot(true);
+    connect(&m_afterDrop, &QTimer::timeout, this, [this] { OpenMenu(); });
     connect(this, &QComboBox::activated, this, [this] { Choose(); });
 }
 
@@ -73,8 +75,7 @@ void CategoryBox::dragEnterEvent(QDragEnterEvent* event) {
 // Once the drag has ended.
 void CategoryBox::dropEvent(QDropEvent* event) {
     event->acceptProposedAction();
-    QMetaObject::invokeMethod(
-        this, [this] { OpenMenu(); }, Qt::QueuedConnection);
+    m_afterDrop.start(0);
 }
 
 void CategoryBox::OpenMenu() {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QComboBox>
+#include <QTimer>
 
 #include <desktop/commands/GroupCommands.h>
 
@@ -30,6 +31,7 @@ private:
 
     const CommandContext& m_context;
     GroupCommands& m_groups;
+    QTimer m_afterDrop;
 };
 
 }  // namespace orvo::desktop

@@ -76,10 +76,8 @@ void ToolBar::AddLookup(QToolBar& bar) {
 void ToolBar::FitInto(int width) {
     const bool isNarrow = width < kNarrow;
     for (QAction* label : m_labels) label->setVisible(!isNarrow);
-    QWidget& box = *QtWindowSystem::WidgetOf(&m_context.Frame().LookupBox());
-    if (auto* line = dynamic_cast<QLineEdit*>(&box)) {
-        line->setPlaceholderText(isNarrow ? Text("Look up") : QString());
-    }
+    auto& box = dynamic_cast<QLineEdit&>(*QtWindowSystem::WidgetOf(&m_context.Frame().LookupBox()));
+    box.setPlaceholderText(isNarrow ? Text("Look up") : QString());
     int rest = width - 4 * kGap;
     for (QAction* view : m_views.actions()) {
         rest -= m_bar->widgetForAction(view)->sizeHint().width();
