@@ -1,11 +1,7 @@
 // Edits of what only a card holds, in each version of the format.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <functional>
-#include <iterator>
 #include <random>
 #include <set>
 
@@ -14,11 +10,12 @@
 
 #include <exchange/cards/CardWriter.h>
 #include <exchange/files/ImportFile.h>
-#include <exchange/lines/EntryReader.h>
 #include <exchange/lines/ValueDecoder.h>
 #include <libraries/quire/MemoryEngine.h>
 #include <people/PersonEdits.h>
 #include <people/PersonReader.h>
+
+#include "people/RealCards.h"
 
 namespace orvo {
 namespace {
@@ -270,38 +267,28 @@ TEST(PersonEdits, NothingIsLostBesideEditsOfTheRecord) {
 }
 
 TEST(PersonEditsCorpus, AnyDetailCanBeTakenOutOfRealCards) {
-    const char* const folder = std::getenv("ORVO_CORPORA");
-    if (!folder) GTEST_SKIP() << "ORVO_CORPORA doesn't name a folder of files";
+    if (!FolderOfRealCards()) GTEST_SKIP() << "ORVO_CORPORA doesn't name a folder of files";
     int removed = 0;
-    for (const auto& file : std::filesystem::recursive_directory_iterator(folder)) {
-        if (file.path().extension() != ".vcf") continue;
-        std::ifstream stream(file.path(), std::ios::binary);
-        const std::string text{std::istreambuf_iterator<char>(stream), {}};
-        EntryReader reader(text);
-        for (Entry entry; reader.Next(entry);) {
-            // Of a legacy set all lines become UTF-8 at the first edit.
-            const bool isCard = entry.kind == EntryKind::Card && entry.complete;
-            if (!isCard ||
-                std::any_of(entry.lines.begin(), entry.lines.end(), ValueDecoder::IsLegacy))
-                continue;
-            for (const Detail& detail : ReadPerson(entry.source).details) {
-                if (detail.isOfRecord || detail.kind > DetailKind::Relation) continue;
-                Imported imported{std::string(entry.source)};
-                PersonEdits edits;
-                edits.details = {{false, true, detail}};
-                ASSERT_EQ(EditPerson(imported.record, imported.addresses, edits), 0);
-                std::string want;
-                for (std::size_t i = 0; i < entry.lines.size(); ++i) {
-                    const ContentLine line = entry.lines[i];
-                    const bool isLabel = EqualsIgnoringCase(line.name, "X-ABLabel") &&
-                                         line.group == entry.lines[detail.line].group;
-                    if (i != detail.line && !isLabel) want += line.source;
-                }
-                EXPECT_EQ(imported.Export(), want) << file.path();
-                ++removed;
+    ForEachRealCard([&](const Entry& entry, const std::filesystem::path& file) {
+        // Of a legacy set all lines become UTF-8 at the first edit.
+        if (std::any_of(entry.lines.begin(), entry.lines.end(), ValueDecoder::IsLegacy)) return;
+        for (const Detail& detail : ReadPerson(entry.source).details) {
+            if (detail.isOfRecord || detail.kind > DetailKind::Relation) continue;
+            Imported imported{std::string(entry.source)};
+            PersonEdits edits;
+            edits.details = {{false, true, detail}};
+            ASSERT_EQ(EditPerson(imported.record, imported.addresses, edits), 0);
+            std::string want;
+            for (std::size_t i = 0; i < entry.lines.size(); ++i) {
+                const ContentLine line = entry.lines[i];
+                const bool isLabel = EqualsIgnoringCase(line.name, "X-ABLabel") &&
+                                     line.group == entry.lines[detail.line].group;
+                if (i != detail.line && !isLabel) want += line.source;
             }
+            EXPECT_EQ(imported.Export(), want) << file;
+            ++removed;
         }
-    }
+    });
     EXPECT_GT(removed, 100);
 }
 

@@ -1,18 +1,15 @@
 // What cards say of a person. ORVO_CORPORA names a folder of cards that other programs wrote.
 // SPDX-License-Identifier: MIT
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <set>
 
 #include <fmt/format.h>
 #include <gmock/gmock.h>
 
 #include <exchange/files/ImportFile.h>
-#include <exchange/lines/EntryReader.h>
 #include <libraries/quire/MemoryEngine.h>
 #include <people/PersonReader.h>
+
+#include "people/RealCards.h"
 
 namespace orvo {
 namespace {
@@ -178,31 +175,23 @@ const std::set<std::string> kNoDetails{"BEGIN",
                                        "X-EVOLUTION-LIST"};
 
 TEST(PersonCorpus, EveryPropertyIsSeen) {
-    const char* const folder = std::getenv("ORVO_CORPORA");
-    if (!folder) GTEST_SKIP() << "ORVO_CORPORA doesn't name a folder of files";
+    if (!FolderOfRealCards()) GTEST_SKIP() << "ORVO_CORPORA doesn't name a folder of files";
     int seen = 0;
-    for (const auto& file : std::filesystem::recursive_directory_iterator(folder)) {
-        if (file.path().extension() != ".vcf") continue;
-        std::ifstream stream(file.path(), std::ios::binary);
-        const std::string text{std::istreambuf_iterator<char>(stream), {}};
-        EntryReader reader(text);
-        for (Entry entry; reader.Next(entry);) {
-            if (entry.kind != EntryKind::Card || !entry.complete) continue;
-            const Person person = ReadPerson(entry.source);
-            std::set<std::size_t> shown;
-            for (const Detail& detail : person.details) shown.insert(detail.line);
-            for (std::size_t i = 0; i < entry.lines.size(); ++i) {
-                const ContentLine line = entry.lines[i];
-                std::string name(line.name);
-                for (char& c : name) c = static_cast<char>(std::toupper(c));
-                const bool isEmpty = line.value.find_first_not_of(" ;,") == std::string_view::npos;
-                if (name.empty() || isEmpty || kNoDetails.count(name) != 0) continue;
-                EXPECT_TRUE(shown.count(i) != 0 || name == "X-ANDROID-CUSTOM")
-                    << file.path() << ": " << line.text;
-                ++seen;
-            }
+    ForEachRealCard([&](const Entry& entry, const std::filesystem::path& file) {
+        const Person person = ReadPerson(entry.source);
+        std::set<std::size_t> shown;
+        for (const Detail& detail : person.details) shown.insert(detail.line);
+        for (std::size_t i = 0; i < entry.lines.size(); ++i) {
+            const ContentLine line = entry.lines[i];
+            std::string name(line.name);
+            for (char& c : name) c = static_cast<char>(std::toupper(c));
+            const bool isEmpty = line.value.find_first_not_of(" ;,") == std::string_view::npos;
+            if (name.empty() || isEmpty || kNoDetails.count(name) != 0) continue;
+            EXPECT_TRUE(shown.count(i) != 0 || name == "X-ANDROID-CUSTOM")
+                << file << ": " << line.text;
+            ++seen;
         }
-    }
+    });
     EXPECT_GT(seen, 1000);
 }
 
