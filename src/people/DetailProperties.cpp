@@ -161,6 +161,13 @@ constexpr std::array kTwoWordLabels{LabelRule{"HomeFAX", Word::Fax},
 
 }  // namespace
 
+std::string InLowerCase(std::string_view ascii) {
+    std::string text(ascii);
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return text;
+}
+
 const DetailProperty* FindDetailProperty(std::string_view name) {
     const auto* const found = std::find_if(
         kDetailProperties.begin(), kDetailProperties.end(),

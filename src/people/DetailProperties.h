@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -42,6 +43,9 @@ std::string_view PropertyFor(DetailKind kind, Dialect dialect);
 // The words that the types of a line name, and the text of a label in the form "_$!<Home>!$_".
 std::vector<DetailWord> WordsOf(std::string_view parameters);
 std::optional<DetailWord> WordOfLabel(std::string_view label);
+
+// ASCII text in lower case.
+std::string InLowerCase(std::string_view ascii);
 
 // All types that name the word; the first one is the usual. None for a word that no type names.
 std::vector<std::string_view> TypesOf(DetailWord word);

@@ -91,13 +91,6 @@ void ReadGender(Detail& detail) {
     }
 }
 
-std::string InLowerCase(std::string_view ascii) {
-    std::string text(ascii);
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return text;
-}
-
 }  // namespace
 
 std::string DetailReader::TextOf(const ContentLine& line) {

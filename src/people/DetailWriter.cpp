@@ -15,13 +15,6 @@ namespace {
 constexpr std::string_view kLabelName = "X-ABLabel";
 constexpr std::string_view kAndroidName = "X-ANDROID-CUSTOM";
 
-std::string InLowerCase(std::string_view ascii) {
-    std::string text(ascii);
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return text;
-}
-
 bool IsDay(DetailKind kind) {
     return kind == DetailKind::Birthday || kind == DetailKind::Anniversary ||
            kind == DetailKind::Date;

@@ -7,6 +7,7 @@
 #include <exchange/lines/EntryReader.h>
 #include <exchange/lines/Origin.h>
 #include <exchange/lines/ValueDecoder.h>
+#include <people/DetailProperties.h>
 #include <people/GroupIndex.h>
 #include <people/PersonReader.h>
 
@@ -18,10 +19,7 @@ std::size_t HashOf(std::string_view member) {
     for (const std::string_view scheme : {"urn:uuid:", "uid:", "mailto:"}) {
         if (StartsIgnoringCase(member, scheme)) member.remove_prefix(scheme.size());
     }
-    std::string key(Trimmed(member));
-    std::transform(key.begin(), key.end(), key.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return std::hash<std::string>()(key);
+    return std::hash<std::string>()(InLowerCase(Trimmed(member)));
 }
 
 std::string NameOfGroup(const CAddressRecord& record) {

@@ -117,6 +117,8 @@ long GroupCommands::AddMembers(CAddressRecord& group, const std::vector<CAddress
         if (person.isMailList) {
             const std::string mail = MailAddressOf(*one, table).toStdString();
             if (mail.empty()) continue;
+            edit.detail.kind = DetailKind::Email;
+            edit.detail.text = mail;
             edit.detail.uri = "mailto:" + mail;
         } else {
             bool isNew = false;
