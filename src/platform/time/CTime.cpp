@@ -1,6 +1,7 @@
 // CTime: moments in seconds, shown in local time.
 // SPDX-License-Identifier: MIT
 #include <atomic>
+#include <chrono>
 #include <limits>
 
 #include <platform/time/CTime.h>
@@ -38,6 +39,15 @@ std::time_t MomentByFlag(const CivilTime& civil, int daylightFlag) {
 CTime CTime::GetCurrentTime() {
     const std::time_t clock = g_clock.load();
     return CTime(clock < 0 ? std::time(nullptr) : clock);
+}
+
+std::int64_t CTime::GetCurrentMilliseconds() {
+    const std::time_t clock = g_clock.load();
+    if (clock >= 0) {
+        return std::int64_t{clock} * 1000;
+    }
+    const auto now = std::chrono::system_clock::now().time_since_epoch();
+    return std::chrono::duration_cast<std::chrono::milliseconds>(now).count();
 }
 
 void CTime::SetClock(std::time_t now) {

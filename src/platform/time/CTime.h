@@ -3,6 +3,7 @@
 #pragma once
 
 #include <compare>
+#include <cstdint>
 #include <ctime>
 
 #include <platform/Export.h>
@@ -29,6 +30,9 @@ private:
 class ORVO_API CTime {
 public:
     static CTime GetCurrentTime();
+
+    // The same clock in milliseconds.
+    static std::int64_t GetCurrentMilliseconds();
 
     // Replaces the clock of GetCurrentTime for this process: from now on it stands at `now`. A
     // negative value brings the real clock back. For hosts that repeat a day and for tests.
