@@ -35,6 +35,8 @@ public:
     // Reads the stored record of that id into `record`, deleted or not.
     // Fails:    with Gone where there is none. `record` then stays as it was.
     long Find(std::int64_t id, CBaseRecord& record);
+    // The ids of the records of that uid, deleted ones too; equal are those with the same PlainUid.
+    long FindUid(std::string_view uid, std::vector<std::int64_t>& ids);
     // Marks the record as deleted, and takes the mark away. Iterators pass deleted records over.
     long Delete(CBaseRecord& record);
     long Undelete(CBaseRecord& record);

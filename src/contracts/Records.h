@@ -85,6 +85,10 @@ public:
     long SetSource(std::string_view rest, std::string_view origin = {},
                    const std::vector<SharedText>& shared = {});
 
+    // Who the record is, and when it changed, as the store has it now.
+    // Fails:    with Gone on a record that isn't in its table.
+    long GetIdentity(RowIdentity& identity) const;
+
     // The number under which the store knows the record for ever; 0 for one that isn't in its table
     // yet.
     std::int64_t GetId() const { return m_id; }

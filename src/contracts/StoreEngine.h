@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include <contracts/RowIdentity.h>
 #include <platform/Export.h>
 #include <platform/time/TimeZone.h>
 
@@ -82,6 +83,39 @@ struct RowExtra {
     bool operator==(const RowExtra&) const = default;
 };
 
+// What has become of a row, or of the texts of a table, since some revision.
+struct StoreChange {
+    enum class Kind {
+        Added,
+        Changed,
+        Trashed,  // marked as deleted, also where it was added since
+        Back,     // not marked any more; somebody who looks in between may see that mark or not
+        Removed,  // for good, also where it was added since
+        Texts,    // names of the table's categories, or its labels
+    };
+    std::int64_t revision = 0;
+    TableKind table = TableKind::Address;
+    std::int64_t id = 0;  // 0 for Texts
+    Kind kind = Kind::Changed;
+    std::string uid{};  // empty for Texts
+    bool operator==(const StoreChange&) const = default;
+};
+
+// How far somebody has read the changes after a revision.
+class ChangePlace {
+public:
+    explicit ChangePlace(std::int64_t after) : since(after), revision(after) {}
+
+    std::int64_t since;
+    // Behind the change that was read last. The `rank` orders the changes of one revision: rows of
+    // addresses, of to-dos, removed ones of both, texts of both.
+    std::int64_t revision;
+    int rank = kLastRank;
+    std::int64_t id = 0;
+
+    static constexpr int kLastRank = 5;
+};
+
 // Walks over the rows of one table and holds nothing of the store between its steps: it sees each
 // change of its own engine at once, and one by another process within some hundred rows. The engine
 // outlives it.
@@ -103,8 +137,8 @@ public:
 // Every operation that changes something takes effect at once and is safe on disk when it returns,
 // unless a transaction is open: then all changes since Begin are kept by Commit and dropped by
 // Rollback. After a result other than Ok and End, LastError says what went wrong, where and why in
-// one line, and nothing was changed. After a failure of the disk the rest of an open transaction
-// may fail too; Commit then fails and keeps nothing.
+// one line, and nothing was changed. After a failure of the disk or for want of memory the rest
+// of an open transaction may fail too; Commit then fails and keeps nothing.
 class ORVO_API StoreEngine {
 public:
     virtual ~StoreEngine() = default;
@@ -123,16 +157,31 @@ public:
                              std::string& fields) = 0;
     virtual StoreStatus ReadExtra(TableKind kind, std::int64_t id, RowExtra& extra) = 0;
 
+    // Who the row is, deleted or not. A row of a store that is only read, and is of a version that
+    // knew none, has no uid and zeros.
+    // Fails:    with Failed where that is damaged; the next change of the row mends it.
+    virtual StoreStatus ReadIdentity(TableKind kind, std::int64_t id, RowIdentity& identity) = 0;
+    // Gives the row the uid and the times of `identity`, as a change of now.
+    // Fails:    with Refused where the uid is empty, no UTF-8, or has control characters.
+    virtual StoreStatus WriteIdentity(TableKind kind, std::int64_t id,
+                                      const RowIdentity& identity) = 0;
+    // The ids of all rows, deleted ones too, whose uid has the same PlainUid, by rising id.
+    virtual StoreStatus FindUid(TableKind kind, std::string_view uid,
+                                std::vector<std::int64_t>& ids) = 0;
+
     // Gives the row an id above all that the table ever gave, also in a transaction that was
     // dropped since, and, where `row.placement` is 0, the id as its placement.
+    // Its uid and times are those of its source where that tells them, else a new one and now.
     // Fails:    here and in Update, with Refused where a due or completion date isn't a time of a
     //           clock in the years 0 to 9999.
     virtual StoreStatus Insert(TableKind kind, StoredRow& row, const RowExtra& extra) = 0;
-    // Replaces the row of that id; with an `extra`, all of that too.
+    // Replaces the row of that id; with an `extra`, all of that too. It is modified now, and has
+    // the uid of its source, where that has one.
     virtual StoreStatus Update(TableKind kind, const StoredRow& row, const RowExtra* extra) = 0;
     // Removes the row for good.
     virtual StoreStatus Remove(TableKind kind, std::int64_t id) = 0;
-    // Puts a row that was removed back, under the id that Insert gave it.
+    // Puts a row that was removed back, under the id that Insert gave it, and with its uid as long
+    // as the store remembers that.
     // Fails:    with Refused where the store holds a row of that id.
     virtual StoreStatus Restore(TableKind kind, const StoredRow& row, const RowExtra& extra) = 0;
     virtual std::int64_t Count(TableKind kind) = 0;
@@ -158,6 +207,18 @@ public:
     virtual StoreStatus Commit() = 0;
     virtual void Rollback() = 0;
     virtual bool InTransaction() const = 0;
+
+    // The revision of the last change that was committed, from this engine or another; rises by
+    // one with each. Negative on failure. Inside a transaction that has changed something, the one
+    // that it will have.
+    virtual std::int64_t Revision() = 0;
+    // Replaces `changes` with the next ones behind `place`, at most `most`, and moves `place`
+    // behind them. A row comes once, at its last revision, with what has become of it in sum since
+    // `place.since`; where it changes between two calls it comes again. Damaged uids are empty.
+    // Returns:  Ok; End where there are none any more; Gone where the store has forgotten which
+    //           rows went since then, so that all is to be read again.
+    virtual StoreStatus ReadChanges(ChangePlace& place, std::size_t most,
+                                    std::vector<StoreChange>& changes) = 0;
 
     // Changes whenever another process or another engine has changed this store. The number means
     // nothing beyond that.

@@ -24,6 +24,10 @@ public:
         ReadTexts,
         WriteText,
         RemoveText,
+        ReadIdentity,
+        WriteIdentity,
+        FindUid,
+        ReadChanges,
         Walk
     };
 
@@ -47,6 +51,17 @@ public:
     }
     StoreStatus ReadExtra(TableKind kind, std::int64_t id, RowExtra& extra) override {
         return Run(Op::ReadExtra, [&] { return m_real.ReadExtra(kind, id, extra); });
+    }
+    StoreStatus ReadIdentity(TableKind kind, std::int64_t id, RowIdentity& identity) override {
+        return Run(Op::ReadIdentity, [&] { return m_real.ReadIdentity(kind, id, identity); });
+    }
+    StoreStatus WriteIdentity(TableKind kind, std::int64_t id,
+                              const RowIdentity& identity) override {
+        return Run(Op::WriteIdentity, [&] { return m_real.WriteIdentity(kind, id, identity); });
+    }
+    StoreStatus FindUid(TableKind kind, std::string_view uid,
+                        std::vector<std::int64_t>& ids) override {
+        return Run(Op::FindUid, [&] { return m_real.FindUid(kind, uid, ids); });
     }
     StoreStatus Insert(TableKind kind, StoredRow& row, const RowExtra& extra) override {
         return Run(Op::Insert, [&] { return m_real.Insert(kind, row, extra); });
@@ -83,6 +98,11 @@ public:
     }
     void Rollback() override { m_real.Rollback(); }
     bool InTransaction() const override { return m_real.InTransaction(); }
+    std::int64_t Revision() override { return m_real.Revision(); }
+    StoreStatus ReadChanges(ChangePlace& place, std::size_t most,
+                            std::vector<StoreChange>& changes) override {
+        return Run(Op::ReadChanges, [&] { return m_real.ReadChanges(place, most, changes); });
+    }
     std::int64_t ForeignVersion() override { return m_real.ForeignVersion(); }
 
 private:

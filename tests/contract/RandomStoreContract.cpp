@@ -62,13 +62,13 @@ protected:
     }
 
     void SwitchTransaction() {
-        if (!engine.InTransaction()) {
-            ASSERT_EQ(engine.Begin(), StoreStatus::Ok);
+        if (!writer->InTransaction()) {
+            ASSERT_EQ(writer->Begin(), StoreStatus::Ok);
             m_before = model;
         } else if (Random(2) == 0) {
-            ASSERT_EQ(engine.Commit(), StoreStatus::Ok);
+            ASSERT_EQ(writer->Commit(), StoreStatus::Ok);
         } else {
-            engine.Rollback();
+            writer->Rollback();
             model = m_before;
         }
     }
@@ -77,8 +77,8 @@ protected:
         const TableKind kind = Random(3) == 0 ? TableKind::Address : TableKind::ToDo;
         ModelRow row = AnyRow(kind);
         StoredRow stored = Stored({kind, 0}, row);
-        ASSERT_EQ(engine.Insert(kind, stored, row.extra), StoreStatus::Ok);
-        EXPECT_GT(stored.id, std::exchange(m_lastIds[kind], stored.id)) << "given again";
+        ASSERT_EQ(writer->Insert(kind, stored, row.extra), StoreStatus::Ok);
+        EXPECT_GT(stored.id, std::exchange(m_lastIds[{writer, kind}], stored.id)) << "given again";
         if (row.row.placement != 0) {
             EXPECT_EQ(stored.placement, row.row.placement);
         }
@@ -95,17 +95,17 @@ protected:
         ModelRow& row = place->second;
         if (choice < 11) {
             row = AnyRow(key.first);
-            ASSERT_EQ(engine.Update(key.first, Stored(key, row), &row.extra), StoreStatus::Ok);
+            ASSERT_EQ(writer->Update(key.first, Stored(key, row), &row.extra), StoreStatus::Ok);
         } else if (choice < 15) {
             row.row.category = Random(16);
             row.row.flags ^= RowFlag::Deleted;
-            ASSERT_EQ(engine.Update(key.first, Stored(key, row), nullptr), StoreStatus::Ok);
+            ASSERT_EQ(writer->Update(key.first, Stored(key, row), nullptr), StoreStatus::Ok);
         } else {
-            ASSERT_EQ(engine.Remove(key.first, key.second), StoreStatus::Ok);
+            ASSERT_EQ(writer->Remove(key.first, key.second), StoreStatus::Ok);
             if (choice > 16) {
                 model.erase(place);
             } else {
-                ASSERT_EQ(engine.Restore(key.first, Stored(key, row), row.extra), StoreStatus::Ok);
+                ASSERT_EQ(writer->Restore(key.first, Stored(key, row), row.extra), StoreStatus::Ok);
             }
         }
     }
@@ -133,13 +133,59 @@ protected:
     }
 
     std::map<Key, ModelRow> model;
+    StoreEngine* writer = &engine;  // who makes the next steps
 
 private:
     std::mt19937 m_random{20260301};
     const std::vector<SharedText> m_kept{SharedText(std::string(20'000, 'a')), SharedText("b"),
                                          SharedText(std::string("\0\xFF", 2)), SharedText("")};
     std::map<Key, ModelRow> m_before;
-    std::map<TableKind, std::int64_t> m_lastIds;
+    std::map<std::pair<StoreEngine*, TableKind>, std::int64_t> m_lastIds;
+};
+
+// Knows of each row whether it is deleted, and learns that from the changes alone.
+class Follower {
+public:
+    void Follow(StoreEngine& engine, std::size_t most) {
+        ChangePlace place(m_since);
+        std::vector<StoreChange> changes;
+        StoreStatus status = StoreStatus::Ok;
+        while ((status = engine.ReadChanges(place, most, changes)) == StoreStatus::Ok) {
+            ASSERT_LE(changes.size(), most);
+            for (const StoreChange& change : changes) Take(engine, change);
+        }
+        ASSERT_EQ(status, StoreStatus::End) << engine.LastError();
+        EXPECT_LE(m_since, engine.Revision());
+    }
+
+    std::map<std::pair<TableKind, std::int64_t>, bool> rows;
+
+private:
+    void Take(StoreEngine& engine, const StoreChange& change) {
+        using Kind = StoreChange::Kind;
+        ASSERT_GE(change.revision, m_since) << "out of order";
+        m_since = change.revision;
+        const std::pair key{change.table, change.id};
+        if (change.kind == Kind::Texts) return;
+        if (change.kind == Kind::Removed) {
+            rows.erase(key);
+            return;
+        }
+        const auto known = rows.find(key);
+        const bool isDeleted =
+            change.kind == Kind::Trashed ||
+            (change.kind == Kind::Changed && known != rows.end() && known->second);
+        if (known == rows.end()) {
+            EXPECT_TRUE(change.kind == Kind::Added || change.kind == Kind::Trashed) << change.id;
+        }
+        rows[key] = isDeleted;
+        RowIdentity identity;
+        ASSERT_EQ(engine.ReadIdentity(change.table, change.id, identity), StoreStatus::Ok);
+        EXPECT_EQ(std::tuple(change.uid, change.revision),
+                  std::tuple(identity.uid, identity.revision));
+    }
+
+    std::int64_t m_since = 0;
 };
 
 INSTANTIATE_TEST_SUITE_P(Engines, RandomStoreContract, testing::ValuesIn(kEngines));
@@ -164,6 +210,26 @@ TEST_P(RandomStoreContract, TheStoreHoldsWhatTheModelHolds) {
         ASSERT_EQ(engine.Remove(key.first, key.second), StoreStatus::Ok);
     }
     ExpectModel();
+}
+
+TEST_P(RandomStoreContract, WhoeverFollowsTheChangesHasWhatTheStoreHas) {
+    const auto other = IsSqlite() ? folder.Open() : nullptr;
+    StoreEngine& second = other ? *other : engine;
+    Follower often;
+    Follower seldom;
+    for (int step = 0; step < 2000; ++step) {
+        if (!writer->InTransaction()) writer = Random(2) == 0 ? &engine : &second;
+        Step();
+        if (writer->InTransaction()) continue;
+        for (Follower* follower : {&often, &seldom}) {
+            if (Random(follower == &often ? 4 : 200) != 0) continue;
+            follower->Follow(Random(2) == 0 ? engine : second, 1 + std::size_t(Random(40)));
+            ASSERT_EQ(follower->rows.size(), model.size());
+            for (const auto& [key, row] : model) {
+                ASSERT_EQ(follower->rows.at(key), (row.row.flags & RowFlag::Deleted) != 0);
+            }
+        }
+    }
 }
 
 TEST_P(RandomStoreContract, AWalkGivesEachRowAsItIsNowWhateverHappensMeanwhile) {

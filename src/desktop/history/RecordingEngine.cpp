@@ -66,6 +66,25 @@ StoreStatus RecordingEngine::ReadExtra(TableKind kind, std::int64_t id, RowExtra
     return Result(m_real.ReadExtra(kind, id, extra));
 }
 
+StoreStatus RecordingEngine::ReadIdentity(TableKind kind, std::int64_t id, RowIdentity& identity) {
+    return Result(m_real.ReadIdentity(kind, id, identity));
+}
+
+StoreStatus RecordingEngine::WriteIdentity(TableKind kind, std::int64_t id,
+                                           const RowIdentity& identity) {
+    return Result(m_real.WriteIdentity(kind, id, identity));
+}
+
+StoreStatus RecordingEngine::FindUid(TableKind kind, std::string_view uid,
+                                     std::vector<std::int64_t>& ids) {
+    return Result(m_real.FindUid(kind, uid, ids));
+}
+
+StoreStatus RecordingEngine::ReadChanges(ChangePlace& place, std::size_t most,
+                                         std::vector<StoreChange>& changes) {
+    return Result(m_real.ReadChanges(place, most, changes));
+}
+
 StoreStatus RecordingEngine::Insert(TableKind kind, StoredRow& row, const RowExtra& extra) {
     const StoreStatus status = m_real.Insert(kind, row, extra);
     if (status == StoreStatus::Ok) {

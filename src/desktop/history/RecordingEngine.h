@@ -29,6 +29,11 @@ public:
     std::unique_ptr<StoreCursor> WalkDeleted(TableKind kind) override;
     StoreStatus Read(TableKind kind, std::int64_t id, StoredRow& row, std::string& fields) override;
     StoreStatus ReadExtra(TableKind kind, std::int64_t id, RowExtra& extra) override;
+    StoreStatus ReadIdentity(TableKind kind, std::int64_t id, RowIdentity& identity) override;
+    StoreStatus WriteIdentity(TableKind kind, std::int64_t id,
+                              const RowIdentity& identity) override;
+    StoreStatus FindUid(TableKind kind, std::string_view uid,
+                        std::vector<std::int64_t>& ids) override;
     StoreStatus Insert(TableKind kind, StoredRow& row, const RowExtra& extra) override;
     StoreStatus Update(TableKind kind, const StoredRow& row, const RowExtra* extra) override;
     StoreStatus Remove(TableKind kind, std::int64_t id) override;
@@ -43,6 +48,9 @@ public:
     StoreStatus Commit() override;
     void Rollback() override;
     bool InTransaction() const override { return m_real.InTransaction(); }
+    std::int64_t Revision() override { return m_real.Revision(); }
+    StoreStatus ReadChanges(ChangePlace& place, std::size_t most,
+                            std::vector<StoreChange>& changes) override;
     std::int64_t ForeignVersion() override { return m_real.ForeignVersion(); }
     std::string Name() const override { return m_real.Name(); }
 

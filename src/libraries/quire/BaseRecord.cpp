@@ -139,6 +139,10 @@ long CBaseRecord::SetSource(std::string_view rest, std::string_view origin,
         Parts::All);
 }
 
+long CBaseRecord::GetIdentity(RowIdentity& identity) const {
+    return static_cast<long>(m_table.m_engine.ReadIdentity(m_kind, m_id, identity));
+}
+
 long CBaseRecord::ChangeFlag(std::uint32_t flag, bool on) {
     return Change([=](Draft& draft) {
         draft.row.flags = on ? draft.row.flags | flag : draft.row.flags & ~flag;

@@ -1,12 +1,15 @@
 // The engine that keeps its rows in memory.
 // SPDX-License-Identifier: MIT
+#include <algorithm>
 #include <utility>
 
 #include <fmt/format.h>
 
 #include <contracts/DefaultTexts.h>
 #include <libraries/quire/MemoryEngine.h>
+#include <platform/time/CTime.h>
 
+#include "ChangeKinds.h"
 #include "RowRules.h"
 
 namespace orvo {
@@ -60,7 +63,7 @@ private:
 
 MemoryEngine::MemoryEngine() {
     for (const DefaultText& text : kDefaultTexts) {
-        MemoryEngine::WriteText(text.table, text.kind, text.number, text.text);
+        PutText({{text.table, text.kind}, text.number}, text.text);
     }
 }
 
@@ -100,6 +103,66 @@ StoreStatus MemoryEngine::ReadExtra(TableKind kind, std::int64_t id, RowExtra& e
     return StoreStatus::Ok;
 }
 
+StoreStatus MemoryEngine::ReadIdentity(TableKind kind, std::int64_t id, RowIdentity& identity) {
+    const auto found = TableOf(kind).rows.find(id);
+    if (found == TableOf(kind).rows.end()) {
+        return Gone(id);
+    }
+    identity = found->second.identity;
+    return StoreStatus::Ok;
+}
+
+StoreStatus MemoryEngine::WriteIdentity(TableKind kind, std::int64_t id,
+                                        const RowIdentity& identity) {
+    const auto found = TableOf(kind).rows.find(id);
+    if (found == TableOf(kind).rows.end()) {
+        return Gone(id);
+    }
+    if (!IsStorableUid(identity.uid)) {
+        return Fail(StoreStatus::Refused, kNoStorableUid);
+    }
+    Row changed = found->second;
+    changed.identity = identity;
+    changed.identity.revision = Raise();
+    Put(kind, id, std::move(changed));
+    return StoreStatus::Ok;
+}
+
+StoreStatus MemoryEngine::FindUid(TableKind kind, std::string_view uid,
+                                  std::vector<std::int64_t>& ids) {
+    const std::string plain = PlainUid(uid);
+    ids.clear();
+    for (const auto& [id, row] : TableOf(kind).rows) {
+        if (PlainUid(row.identity.uid) == plain) ids.push_back(id);
+    }
+    return StoreStatus::Ok;
+}
+
+StoreStatus MemoryEngine::ReadChanges(ChangePlace& place, std::size_t most,
+                                      std::vector<StoreChange>& changes) {
+    changes.clear();
+    const auto add = [&](StoreChange change) {
+        if (IsBehind(change, place)) changes.push_back(std::move(change));
+    };
+    for (const TableKind kind : {TableKind::Address, TableKind::ToDo}) {
+        const Table& table = TableOf(kind);
+        for (const auto& [id, row] : table.rows) {
+            const bool isDeleted = (row.row.flags & RowFlag::Deleted) != 0;
+            add({row.identity.revision, kind, id,
+                 KindOfChange(place.since, row.added, row.marked, isDeleted), row.identity.uid});
+        }
+        for (const auto& [id, tombstone] : table.removed) {
+            add({tombstone.revision, kind, id, StoreChange::Kind::Removed, tombstone.uid});
+        }
+        add({table.textsRevision, kind, 0, StoreChange::Kind::Texts});
+    }
+    SortChanges(changes);
+    if (changes.size() > most) changes.resize(most);
+    if (changes.empty()) return StoreStatus::End;
+    MoveBehind(changes.back(), place);
+    return StoreStatus::Ok;
+}
+
 StoreStatus MemoryEngine::Insert(TableKind kind, StoredRow& row, const RowExtra& extra) {
     if (!HasStorableDates(row)) {
         return Fail(StoreStatus::Refused, kNoStorableDate);
@@ -108,7 +171,7 @@ StoreStatus MemoryEngine::Insert(TableKind kind, StoredRow& row, const RowExtra&
     if (row.placement == 0) {
         row.placement = FirstPlacement(row.id);
     }
-    Put(kind, row.id, Row{row, std::string(row.fields), extra});
+    Put(kind, row.id, NewRow(row, extra));
     return StoreStatus::Ok;
 }
 
@@ -120,15 +183,29 @@ StoreStatus MemoryEngine::Update(TableKind kind, const StoredRow& row, const Row
     if (!HasStorableDates(row)) {
         return Fail(StoreStatus::Refused, kNoStorableDate);
     }
-    Put(kind, row.id,
-        Row{row, std::string(row.fields), extra != nullptr ? *extra : found->second.extra});
+    Row changed = found->second;
+    const bool isMarked = ((changed.row.flags ^ row.flags) & RowFlag::Deleted) != 0;
+    changed.row = row;
+    changed.fields = row.fields;
+    if (extra != nullptr) {
+        changed.extra = *extra;
+        const std::string uid = ReadSourceStamp(extra->source).uid;
+        changed.identity.uid = uid.empty() ? changed.identity.uid : uid;
+    }
+    changed.identity.modified = CTime::GetCurrentMilliseconds();
+    changed.identity.revision = Raise();
+    changed.marked = isMarked ? m_revision : changed.marked;
+    Put(kind, row.id, std::move(changed));
     return StoreStatus::Ok;
 }
 
 StoreStatus MemoryEngine::Remove(TableKind kind, std::int64_t id) {
-    if (TableOf(kind).rows.count(id) == 0) {
+    const auto found = TableOf(kind).rows.find(id);
+    if (found == TableOf(kind).rows.end()) {
         return Gone(id);
     }
+    const RowIdentity& identity = found->second.identity;
+    PutTombstone(kind, id, Tombstone{identity.uid, identity.created, Raise()});
     Put(kind, id, std::nullopt);
     return StoreStatus::Ok;
 }
@@ -141,7 +218,15 @@ StoreStatus MemoryEngine::Restore(TableKind kind, const StoredRow& row, const Ro
     if (!HasStorableDates(row)) {
         return Fail(StoreStatus::Refused, kNoStorableDate);
     }
-    Put(kind, row.id, Row{row, std::string(row.fields), extra});
+    Row restored = NewRow(row, extra);
+    restored.identity.modified = CTime::GetCurrentMilliseconds();
+    if (const auto tombstone = table.removed.find(row.id); tombstone != table.removed.end()) {
+        const bool hasOwn = !ReadSourceStamp(extra.source).uid.empty();
+        restored.identity.uid = hasOwn ? restored.identity.uid : tombstone->second.uid;
+        restored.identity.created = tombstone->second.created;
+        PutTombstone(kind, row.id, std::nullopt);
+    }
+    Put(kind, row.id, std::move(restored));
     return StoreStatus::Ok;
 }
 
@@ -163,11 +248,15 @@ StoreStatus MemoryEngine::ReadTexts(TableKind kind, TextKind texts,
 StoreStatus MemoryEngine::WriteText(TableKind kind, TextKind texts, int number,
                                     std::string_view text) {
     PutText({{kind, texts}, number}, std::string(text));
+    SetTextsRevision(kind, Raise());
     return StoreStatus::Ok;
 }
 
 StoreStatus MemoryEngine::RemoveText(TableKind kind, TextKind texts, int number) {
-    PutText({{kind, texts}, number}, std::nullopt);
+    if (m_texts.count({{kind, texts}, number}) != 0) {
+        PutText({{kind, texts}, number}, std::nullopt);
+        SetTextsRevision(kind, Raise());
+    }
     return StoreStatus::Ok;
 }
 
@@ -176,6 +265,7 @@ StoreStatus MemoryEngine::Begin() {
         return Fail(StoreStatus::Failed, "a transaction is open already");
     }
     m_inTransaction = true;
+    m_isRaised = false;
     return StoreStatus::Ok;
 }
 
@@ -227,6 +317,52 @@ void MemoryEngine::PutText(const TextKey& key, std::optional<std::string> text) 
     } else if (found != m_texts.end()) {
         m_texts.erase(found);
     }
+}
+
+std::int64_t MemoryEngine::Raise() {
+    if (!m_inTransaction) {
+        return ++m_revision;
+    }
+    if (!std::exchange(m_isRaised, true)) {
+        m_undo.push_back([this, before = m_revision] { m_revision = before; });
+        ++m_revision;
+    }
+    return m_revision;
+}
+
+MemoryEngine::Row MemoryEngine::NewRow(const StoredRow& row, const RowExtra& extra) {
+    const SourceStamp stamp = ReadSourceStamp(extra.source);
+    const std::int64_t now = CTime::GetCurrentMilliseconds();
+    Row added{row, std::string(row.fields), extra};
+    added.identity.uid = stamp.uid.empty() ? NewUid() : stamp.uid;
+    added.identity.modified = stamp.modified.value_or(now);
+    added.identity.created = stamp.created.value_or(std::min(now, added.identity.modified));
+    added.identity.revision = Raise();
+    added.added = m_revision;
+    return added;
+}
+
+void MemoryEngine::PutTombstone(TableKind kind, std::int64_t id,
+                                std::optional<Tombstone> tombstone) {
+    std::map<std::int64_t, Tombstone>& removed = TableOf(kind).removed;
+    const auto found = removed.find(id);
+    if (m_inTransaction) {
+        auto before = found == removed.end() ? std::nullopt : std::optional(found->second);
+        m_undo.push_back([this, kind, id, before] { PutTombstone(kind, id, before); });
+    }
+    if (tombstone) {
+        removed.insert_or_assign(id, std::move(*tombstone));
+    } else {
+        removed.erase(id);
+    }
+}
+
+void MemoryEngine::SetTextsRevision(TableKind kind, std::int64_t revision) {
+    std::int64_t& stored = TableOf(kind).textsRevision;
+    if (m_inTransaction) {
+        m_undo.push_back([&stored, before = stored] { stored = before; });
+    }
+    stored = revision;
 }
 
 StoreStatus MemoryEngine::Gone(std::int64_t id) {

@@ -5,6 +5,10 @@
 #include <algorithm>
 #include <limits>
 
+#include <contracts/RowIdentity.h>
+#include <platform/text/Charset.h>
+#include <platform/text/Hash.h>
+
 namespace orvo {
 
 namespace {
@@ -45,6 +49,15 @@ std::int32_t FirstPlacement(std::int64_t id) {
 
 bool HasStorableDates(const StoredRow& row) {
     return (!row.due || IsStorable(*row.due)) && (!row.completed || IsStorable(*row.completed));
+}
+
+bool IsStorableUid(std::string_view uid) {
+    const auto isControl = [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; };
+    return !uid.empty() && std::none_of(uid.begin(), uid.end(), isControl) && IsValidUtf8(uid);
+}
+
+std::int32_t UidKey(std::string_view uid) {
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(HashOf(PlainUid(uid))));
 }
 
 std::optional<CivilTime> ParseStoredDate(std::string_view text) {

@@ -8,22 +8,22 @@
 #include <libraries/quire/SqliteEngine.h>
 
 #include "RowRules.h"
+#include "SqliteIdentityTables.h"
 #include "SqliteMigration.h"
 #include "SqliteOpen.h"
 #include "SqliteRow.h"
 #include "SqliteSalvage.h"
 #include "SqliteSharedTexts.h"
 #include "SqliteStatements.h"
+#include "SqliteUnit.h"
 
 namespace orvo {
 
 namespace {
 
-constexpr int kMostTexts = 256;  // of one kind
-
-const char* NameOf(TableKind kind) {
-    return kind == TableKind::Address ? "address" : "to-do";
-}
+constexpr int kMostTexts = 256;    // of one kind
+constexpr int kRowOverhead = 256;  // bytes of a row beside its texts, at most
+constexpr const char* kTooLong = ": a text is too long for the store";
 
 // The first three parameters of what writes and removes texts.
 void BindTextKey(SqliteStatement& statement, TableKind kind, StoreEngine::TextKind texts,
@@ -35,49 +35,6 @@ void BindTextKey(SqliteStatement& statement, TableKind kind, StoreEngine::TextKi
 
 }  // namespace
 
-// Makes several statements one: a transaction of its own, or a part of the open one.
-class SqliteEngine::Unit {
-public:
-    Unit(SqliteEngine& engine, bool isNeeded) : m_engine(engine) {
-        if (isNeeded) {
-            m_isPart = engine.m_inTransaction;
-            m_status = m_isPart ? Run(engine.m_statements->beginPart) : engine.Begin();
-            m_isOpen = m_status == StoreStatus::Ok;
-        }
-    }
-    Unit(const Unit&) = delete;
-    Unit& operator=(const Unit&) = delete;
-
-    ~Unit() {
-        if (m_isOpen && m_isPart) {
-            const std::string reason = m_engine.LastError();
-            Run(m_engine.m_statements->dropPart);
-            Run(m_engine.m_statements->keepPart);
-            m_engine.m_sharedTexts->Forget();
-            m_engine.Fail(StoreStatus::Failed, reason);
-        } else if (m_isOpen) {
-            m_engine.Rollback();
-        }
-    }
-
-    StoreStatus Status() const { return m_status; }
-
-    StoreStatus Keep() {
-        if (!std::exchange(m_isOpen, false)) {
-            return m_status;
-        }
-        return m_isPart ? Run(m_engine.m_statements->keepPart) : m_engine.Commit();
-    }
-
-private:
-    StoreStatus Run(SqliteStatement& statement) { return m_engine.Run(statement); }
-
-    SqliteEngine& m_engine;
-    bool m_isPart = false;
-    bool m_isOpen = false;
-    StoreStatus m_status = StoreStatus::Ok;
-};
-
 SqliteEngine::SqliteEngine(std::string path) : m_path(std::move(path)) {}
 
 SqliteEngine::~SqliteEngine() {
@@ -87,10 +44,10 @@ SqliteEngine::~SqliteEngine() {
 }
 
 std::unique_ptr<SqliteEngine> SqliteEngine::Open(const std::string& path, std::string& error,
-                                                 StoreFault* fault) {
+                                                 StoreFault* fault, const StoreProgress& progress) {
     StoreFault unasked{};
     std::unique_ptr<SqliteEngine> engine(new SqliteEngine(path));
-    engine->m_file = OpenStore(path, error, fault ? *fault : unasked);
+    engine->m_file = OpenStore(path, error, fault ? *fault : unasked, progress);
     if (!engine->m_file) {
         return nullptr;
     }
@@ -133,12 +90,11 @@ StoreStatus SqliteEngine::Read(TableKind kind, std::int64_t id, StoredRow& row,
 }
 
 StoreStatus SqliteEngine::Insert(TableKind kind, StoredRow& row, const RowExtra& extra) {
-    if (const StoreStatus status = CheckChange(row); status != StoreStatus::Ok) {
+    if (const StoreStatus status = CheckChange(row, &extra); status != StoreStatus::Ok) {
         return status;
     }
     Ids& ids = IdsOf(kind);
-    const bool hasExtra = extra != RowExtra();
-    Unit unit(*this, hasExtra || ids.dropped);
+    Unit unit(*this);
     StoreStatus status = unit.Status();
     std::int64_t id = 0;
     if (status == StoreStatus::Ok && ids.dropped) {
@@ -147,7 +103,10 @@ StoreStatus SqliteEngine::Insert(TableKind kind, StoredRow& row, const RowExtra&
     if (status == StoreStatus::Ok) {
         status = InsertRow(kind, row, id);
     }
-    if (status == StoreStatus::Ok && hasExtra) {
+    if (status == StoreStatus::Ok) {
+        status = AddIdentity(kind, id, extra);
+    }
+    if (status == StoreStatus::Ok && extra != RowExtra()) {
         status = WriteExtra(kind, id, extra);
     }
     if (status == StoreStatus::Ok) {
@@ -162,11 +121,14 @@ StoreStatus SqliteEngine::Insert(TableKind kind, StoredRow& row, const RowExtra&
 }
 
 StoreStatus SqliteEngine::Update(TableKind kind, const StoredRow& row, const RowExtra* extra) {
-    if (const StoreStatus status = CheckChange(row); status != StoreStatus::Ok) {
+    if (const StoreStatus status = CheckChange(row, extra); status != StoreStatus::Ok) {
         return status;
     }
-    Unit unit(*this, extra != nullptr);
+    Unit unit(*this);
     StoreStatus status = unit.Status();
+    if (status == StoreStatus::Ok) {
+        status = ChangeIdentity(kind, row, extra);
+    }
     if (status == StoreStatus::Ok) {
         status = UpdateRow(kind, row);
     }
@@ -183,18 +145,27 @@ StoreStatus SqliteEngine::Remove(TableKind kind, std::int64_t id) {
     if (const StoreStatus status = CheckTransaction(); status != StoreStatus::Ok) {
         return status;
     }
-    SqliteStatement& statement = m_statements->Of(kind).remove;
-    const SqliteRun run(statement);
-    statement.Bind(1, id);
-    const StoreStatus status = Result(statement.Step());
-    return status == StoreStatus::Ok && ChangedNothing() ? Gone(kind, id) : status;
+    Unit unit(*this);
+    StoreStatus status = unit.Status();
+    if (status == StoreStatus::Ok) {
+        status = Bury(kind, id);
+    }
+    if (status == StoreStatus::Ok) {
+        const SqliteRun run(m_statements->Of(kind).remove);
+        run->Bind(1, id);
+        status = Result(run->Step());
+    }
+    if (status == StoreStatus::Ok && ChangedNothing()) {
+        status = Gone(kind, id);
+    }
+    return status == StoreStatus::Ok ? unit.Keep() : status;
 }
 
 StoreStatus SqliteEngine::Restore(TableKind kind, const StoredRow& row, const RowExtra& extra) {
-    if (const StoreStatus status = CheckChange(row); status != StoreStatus::Ok) {
+    if (const StoreStatus status = CheckChange(row, &extra); status != StoreStatus::Ok) {
         return status;
     }
-    Unit unit(*this, true);
+    Unit unit(*this);
     StoreStatus status = unit.Status();
     if (status == StoreStatus::Ok) {
         status = CheckFree(kind, row.id);
@@ -202,6 +173,9 @@ StoreStatus SqliteEngine::Restore(TableKind kind, const StoredRow& row, const Ro
     std::int64_t id = row.id;
     if (status == StoreStatus::Ok) {
         status = InsertRow(kind, row, id);
+    }
+    if (status == StoreStatus::Ok) {
+        status = Unearth(kind, id, extra);
     }
     // InsertRow takes a placement of 0 for none.
     if (status == StoreStatus::Ok && row.placement == 0) {
@@ -262,7 +236,7 @@ StoreStatus SqliteEngine::WriteText(TableKind kind, TextKind texts, int number,
     const SqliteRun run(statement);
     BindTextKey(statement, kind, texts, number);
     statement.BindText(4, text);
-    return Result(statement.Step());
+    return ChangeTexts(kind, statement);
 }
 
 StoreStatus SqliteEngine::RemoveText(TableKind kind, TextKind texts, int number) {
@@ -272,7 +246,22 @@ StoreStatus SqliteEngine::RemoveText(TableKind kind, TextKind texts, int number)
     SqliteStatement& statement = m_statements->removeText;
     const SqliteRun run(statement);
     BindTextKey(statement, kind, texts, number);
-    return Result(statement.Step());
+    return ChangeTexts(kind, statement);
+}
+
+StoreStatus SqliteEngine::ChangeTexts(TableKind kind, SqliteStatement& change) {
+    Unit unit(*this);
+    StoreStatus status = unit.Status();
+    if (status == StoreStatus::Ok) {
+        status = Result(change.Step());
+    }
+    if (status == StoreStatus::Ok && ChangedNothing()) {
+        return StoreStatus::Ok;
+    }
+    if (status == StoreStatus::Ok) {
+        status = WriteCounter(kTextCounters[static_cast<std::size_t>(kind)], m_revision);
+    }
+    return status == StoreStatus::Ok ? unit.Keep() : status;
 }
 
 StoreStatus SqliteEngine::Begin() {
@@ -284,6 +273,7 @@ StoreStatus SqliteEngine::Begin() {
         status = Run(m_statements->begin);
     }
     m_inTransaction = status == StoreStatus::Ok;
+    m_revision = 0;
     return status;
 }
 
@@ -304,6 +294,7 @@ StoreStatus SqliteEngine::Commit() {
         return Fail(status, reason);
     }
     m_inTransaction = false;
+    ShrinkCache();
     return status;
 }
 
@@ -320,6 +311,7 @@ void SqliteEngine::Rollback() {
     }
     m_sharedTexts->Forget();
     ++m_changes;
+    ShrinkCache();
 }
 
 std::int64_t SqliteEngine::ForeignVersion() {
@@ -341,7 +333,7 @@ StoreStatus SqliteEngine::Result(int result) {
         case SQLITE_BUSY:
             return Fail(StoreStatus::Busy, std::move(reason));
         case SQLITE_TOOBIG:
-            return Fail(StoreStatus::Refused, m_path + ": a text is too long for the store");
+            return Fail(StoreStatus::Refused, m_path + kTooLong);
         default:
             return Fail(StoreStatus::Failed, std::move(reason));
     }
@@ -376,6 +368,15 @@ StoreStatus SqliteEngine::CheckTransaction() {
     return m_inTransaction ? StoreStatus::Ok : CheckPlace();
 }
 
+// To be called where only a part of a change was written: the transaction can't be kept.
+void SqliteEngine::DropChanges() {
+    if (!std::exchange(m_lost, true)) {
+        const SqliteRun run(m_statements->rollback);
+        run->Step();
+    }
+    m_sharedTexts->Forget();
+}
+
 // What is written to a file without a name is lost when it is closed.
 StoreStatus SqliteEngine::CheckPlace() {
     return HasMoved() ? Fail(StoreStatus::Failed,
@@ -383,9 +384,21 @@ StoreStatus SqliteEngine::CheckPlace() {
                       : StoreStatus::Ok;
 }
 
-StoreStatus SqliteEngine::CheckChange(const StoredRow& row) {
+StoreStatus SqliteEngine::CheckChange(const StoredRow& row, const RowExtra* extra) {
     if (!HasStorableDates(row)) {
         return Fail(StoreStatus::Refused, fmt::format("{}: {}", m_path, kNoStorableDate));
+    }
+    const auto longest = static_cast<std::size_t>(
+        sqlite3_limit(m_file->Handle(), SQLITE_LIMIT_LENGTH, -1) - kRowOverhead);
+    std::size_t size = row.fields.size();
+    if (extra != nullptr) {
+        size = std::max(size, extra->note.size() + extra->source.size() + extra->origin.size());
+        for (const SharedText& text : extra->shared) {
+            size = std::max(size, text.Text().size());
+        }
+    }
+    if (size > longest) {
+        return Fail(StoreStatus::Refused, m_path + kTooLong);
     }
     return CheckTransaction();
 }

@@ -6,6 +6,7 @@
 
 #include <contracts/StoreEngine.h>
 #include <libraries/quire/StoreFault.h>
+#include <libraries/quire/StoreProgress.h>
 
 namespace orvo {
 
@@ -22,13 +23,19 @@ public:
     // opens for reading.
     // Fails:    with null, one line in `error` and, where it is asked for, the `fault`. A file that
     //           is no store, or was made by a newer version, stays byte for byte as it was.
+    // A store of an older version is brought to this one, which `progress` tells.
     static std::unique_ptr<SqliteEngine> Open(const std::string& path, std::string& error,
-                                              StoreFault* fault = nullptr);
+                                              StoreFault* fault = nullptr,
+                                              const StoreProgress& progress = nullptr);
 
     ~SqliteEngine() override;
 
     // True once another file, or none, lies at the path that was opened. Changes are refused then.
     bool HasMoved() const;
+
+    // To be called where the store takes the place of another one whose revision was `revision`:
+    // its own doesn't fall behind that, and what was changed before can't be told.
+    StoreStatus ContinueAfter(std::int64_t revision);
 
     // How long a change waits for another writer; 3000 at first.
     void SetBusyTimeout(int milliseconds);
@@ -38,6 +45,11 @@ public:
     std::unique_ptr<StoreCursor> WalkDeleted(TableKind kind) override;
     StoreStatus Read(TableKind kind, std::int64_t id, StoredRow& row, std::string& fields) override;
     StoreStatus ReadExtra(TableKind kind, std::int64_t id, RowExtra& extra) override;
+    StoreStatus ReadIdentity(TableKind kind, std::int64_t id, RowIdentity& identity) override;
+    StoreStatus WriteIdentity(TableKind kind, std::int64_t id,
+                              const RowIdentity& identity) override;
+    StoreStatus FindUid(TableKind kind, std::string_view uid,
+                        std::vector<std::int64_t>& ids) override;
     StoreStatus Insert(TableKind kind, StoredRow& row, const RowExtra& extra) override;
     StoreStatus Update(TableKind kind, const StoredRow& row, const RowExtra* extra) override;
     StoreStatus Remove(TableKind kind, std::int64_t id) override;
@@ -52,12 +64,17 @@ public:
     StoreStatus Commit() override;
     void Rollback() override;
     bool InTransaction() const override { return m_inTransaction; }
+    std::int64_t Revision() override;
+    StoreStatus ReadChanges(ChangePlace& place, std::size_t most,
+                            std::vector<StoreChange>& changes) override;
     std::int64_t ForeignVersion() override;
     std::string Name() const override { return m_path; }
 
 private:
     class Cursor;
     class Unit;
+    class ReadPart;
+    class ChangeReader;
 
     struct Ids {
         std::int64_t last = 0;  // the highest that this engine has given
@@ -75,8 +92,9 @@ private:
     StoreStatus Lost(TableKind kind, const SalvagedEntry& lost, const std::string& reason);
     StoreStatus Gone(TableKind kind, std::int64_t id);
     StoreStatus CheckTransaction();
+    void DropChanges();
     StoreStatus CheckPlace();
-    StoreStatus CheckChange(const StoredRow& row);
+    StoreStatus CheckChange(const StoredRow& row, const RowExtra* extra);
     StoreStatus CheckFree(TableKind kind, std::int64_t id);
     StoreStatus NewId(TableKind kind, std::int64_t& id);
     StoreStatus InsertRow(TableKind kind, const StoredRow& row, std::int64_t& id);
@@ -86,6 +104,22 @@ private:
     StoreStatus WriteShared(TableKind kind, std::int64_t id, const std::vector<SharedText>& shared);
     // Takes away what the row has beyond that many shared texts.
     StoreStatus CutShared(TableKind kind, std::int64_t id, std::size_t count);
+    StoreStatus ReadMissingIdentity(TableKind kind, std::int64_t id, RowIdentity& identity);
+    StoreStatus DamagedUid(TableKind kind, std::int64_t id);
+    StoreStatus ReadCounter(std::string_view name, std::int64_t& value);
+    StoreStatus WriteCounter(std::string_view name, std::int64_t value);
+    StoreStatus DamagedCounter();
+    StoreStatus RaiseRevision();
+    void CountAddition();
+    void ShrinkCache();
+    StoreStatus AddIdentity(TableKind kind, std::int64_t id, const RowExtra& extra);
+    StoreStatus PutIdentity(TableKind kind, std::int64_t id, const RowIdentity& identity);
+    StoreStatus ChangeIdentity(TableKind kind, const StoredRow& row, const RowExtra* extra);
+    StoreStatus ForgetIdentity(TableKind kind, std::int64_t id);
+    StoreStatus Bury(TableKind kind, std::int64_t id);
+    StoreStatus ForgetOldGraves(std::int64_t until);
+    StoreStatus Unearth(TableKind kind, std::int64_t id, const RowExtra& extra);
+    StoreStatus ChangeTexts(TableKind kind, SqliteStatement& change);
     bool ChangedNothing() const;
 
     std::string m_path;
@@ -96,7 +130,9 @@ private:
     bool m_inTransaction = false;
     bool m_lost = false;  // SQLite itself has dropped the open transaction
     std::uint64_t m_changes = 0;
+    std::int64_t m_revision = 0;  // that the open transaction will have, once it changes something
     std::int64_t m_foreignVersion = 0;
+    int m_additions = 0;  // in the open transaction
 };
 
 }  // namespace orvo

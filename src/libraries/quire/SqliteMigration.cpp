@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <charconv>
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
@@ -14,6 +15,7 @@
 
 #include <fmt/format.h>
 
+#include "SqliteIdentityTables.h"
 #include "SqliteSharedTexts.h"
 #include "SqliteStatements.h"
 
@@ -51,27 +53,36 @@ CREATE TRIGGER {0}_shared_updated AFTER UPDATE OF shared ON {0}_shared BEGIN
 END;
 )";
 
-constexpr const char* kStandIns = R"(
-PRAGMA temp_store = MEMORY;
-CREATE TEMP TABLE shared (id INTEGER PRIMARY KEY, bytes BLOB UNIQUE);
-CREATE TEMP TABLE address_shared (id INTEGER, place INTEGER, shared INTEGER, UNIQUE (id, place));
-CREATE TEMP TABLE todo_shared (id INTEGER, place INTEGER, shared INTEGER, UNIQUE (id, place));
-PRAGMA query_only = ON;
-)";
-
-constexpr const char* kDropStandIns = R"(
-PRAGMA query_only = OFF;
-DROP TABLE temp.shared;
-DROP TABLE temp.address_shared;
-DROP TABLE temp.todo_shared;
-)";
+// Tables that an older version lacks, and the version that brought them.
+constexpr struct {
+    std::int64_t version;
+    const char* name;
+    const char* columns;
+} kStandIns[] = {
+    {2, "shared", "id INTEGER PRIMARY KEY, bytes BLOB UNIQUE"},
+    {2, "address_shared", "id, place, shared, UNIQUE (id, place)"},
+    {2, "todo_shared", "id, place, shared, UNIQUE (id, place)"},
+    {3, "address_identity",
+     "id INTEGER PRIMARY KEY, uid, uid_key, created, modified, revision, added, marked"},
+    {3, "todo_identity",
+     "id INTEGER PRIMARY KEY, uid, uid_key, created, modified, revision, added, marked"},
+    {3, "removed", "table_kind, id, uid, created, revision, removed"},
+    {3, "counter", "name PRIMARY KEY, value"},
+};
 
 std::string FileNameOf(const SqliteFile& file) {
     return sqlite3_db_filename(file.Handle(), "main");
 }
 
-std::string OldCopyOf(const SqliteFile& file) {
-    return FileNameOf(file) + ".version-1";
+std::string OldCopyOf(const SqliteFile& file, std::int64_t version) {
+    return fmt::format("{}.version-{}", FileNameOf(file), version);
+}
+
+int ReadVersion(SqliteFile& file, std::int64_t& version) {
+    std::string text;
+    const int result = file.ReadText("PRAGMA user_version", text);
+    std::from_chars(text.data(), text.data() + text.size(), version);
+    return result;
 }
 
 // A name in a folder outlives a loss of power once the folder is on the disk. Not every file system
@@ -108,8 +119,8 @@ int CopyPages(const std::string& from, const std::string& to, std::string& reaso
 }
 
 // Lays a copy of the store beside it, which is there as a whole or not at all.
-int KeepOldCopy(SqliteFile& file, std::string& reason) {
-    const std::string name = OldCopyOf(file);
+int KeepOldCopy(SqliteFile& file, std::int64_t version, std::string& reason) {
+    const std::string name = OldCopyOf(file, version);
     const std::string part = name + ".part";
     const auto fail = [&](int result) {
         if (reason.empty()) {
@@ -258,22 +269,16 @@ private:
     bool m_isOver = false;
 };
 
-int MigrateTables(SqliteFile& file, std::string& reason) {
-    int result = MakeSharedTables(file);
+int MigrateTables(SqliteFile& file, std::int64_t version, const StoreProgress& progress) {
+    int result = version < 2 ? MakeSharedTables(file) : SQLITE_OK;
+    if (result == SQLITE_OK) result = MakeIdentityTables(file);
+    if (result == SQLITE_OK && version < 2) result = SourceSplitter(file).Run();
+    if (result == SQLITE_OK) result = FillIdentityTables(file, progress);
+    if (result == SQLITE_OK) result = MakeIdentityIndexes(file);
     if (result == SQLITE_OK) {
-        result = SourceSplitter(file).Run();
+        result = file.Run(fmt::format("PRAGMA user_version = {}", kStoreVersion).c_str());
     }
-    if (result == SQLITE_OK) {
-        result = file.Run("PRAGMA user_version = 2");
-    }
-    if (result == SQLITE_OK) {
-        result = file.Run("COMMIT");
-    }
-    if (result != SQLITE_OK) {
-        reason = file.Reason(result);
-        unlink(OldCopyOf(file).c_str());
-    }
-    return result;
+    return result == SQLITE_OK ? file.Run("COMMIT") : result;
 }
 
 // What zones took in each to-do is free now; where that is most of the file, it gets smaller. Where
@@ -296,40 +301,54 @@ int MakeSharedTables(SqliteFile& file) {
                         .c_str());
 }
 
-int MigrateToVersion2(SqliteFile& file, std::string& reason) {
+int MigrateStore(SqliteFile& file, const StoreProgress& progress, std::string& reason) {
     sqlite3_busy_timeout(file.Handle(), kMigrationTimeout);
     int result = file.Run("BEGIN IMMEDIATE");
     sqlite3_busy_timeout(file.Handle(), kBusyTimeout);
-    std::string version;
+    std::int64_t version = kStoreVersion;
     if (result == SQLITE_OK) {
-        result = file.ReadText("PRAGMA user_version", version);
+        result = ReadVersion(file, version);
     }
     if (result != SQLITE_OK) {
         reason = file.Reason(result);
-    } else if (version == "1") {
-        result = KeepOldCopy(file, reason);
+    } else if (version < kStoreVersion) {
+        result = KeepOldCopy(file, version, reason);
         if (result == SQLITE_OK) {
-            result = MigrateTables(file, reason);
-        }
-        if (result == SQLITE_OK) {
-            Pack(file);
-            return result;
+            result = MigrateTables(file, version, progress);
+            if (result == SQLITE_OK) {
+                Pack(file);
+                return result;
+            }
+            reason = file.Reason(result);
+            unlink(OldCopyOf(file, version).c_str());
         }
     }
     file.Run("ROLLBACK");
     return result;
 }
 
-int ReadAsVersion2(SqliteFile& file) {
+int ReadOlderStore(SqliteFile& file) {
+    std::int64_t version = 0;
+    int result = ReadVersion(file, version);
+    std::string sql = "PRAGMA temp_store = MEMORY;";
+    for (const auto& standIn : kStandIns) {
+        if (standIn.version > version) {
+            sql += fmt::format("CREATE TEMP TABLE {} ({});", standIn.name, standIn.columns);
+        }
+    }
     file.SetOlder(true);
-    return file.Run(kStandIns);
+    return result == SQLITE_OK ? file.Run((sql + "PRAGMA query_only = ON;").c_str()) : result;
 }
 
 int FollowMigration(SqliteFile& file) {
-    std::string version;
-    int result = file.ReadText("PRAGMA user_version", version);
-    if (result == SQLITE_OK && version != "1") {
-        result = file.Run(kDropStandIns);
+    std::int64_t version = 0;
+    int result = ReadVersion(file, version);
+    if (result == SQLITE_OK && version == kStoreVersion) {
+        std::string sql = "PRAGMA query_only = OFF;";
+        for (const auto& standIn : kStandIns) {
+            sql += fmt::format("DROP TABLE IF EXISTS temp.{};", standIn.name);
+        }
+        result = file.Run(sql.c_str());
         file.SetOlder(false);
         file.SetWhyReadOnly({});
     }
@@ -340,7 +359,9 @@ void RemoveOldCopy(const SqliteFile& file) {
     const bool isWritten =
         sqlite3_db_readonly(file.Handle(), "main") == 0 && file.WhyReadOnly().empty();
     if (isWritten && !file.HasMoved()) {
-        unlink(OldCopyOf(file).c_str());
+        for (std::int64_t version = kOldestStoreVersion; version < kStoreVersion; ++version) {
+            unlink(OldCopyOf(file, version).c_str());
+        }
     }
 }
 

@@ -2,26 +2,32 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <string>
+
+#include <libraries/quire/StoreProgress.h>
 
 #include "SqliteFile.h"
 
 namespace orvo {
 
+constexpr std::int64_t kOldestStoreVersion = 1;
+constexpr std::int64_t kStoreVersion = 3;
+
 // Makes the tables that version 2 has and version 1 hadn't.
 // Returns:  SQLite's result.
 int MakeSharedTables(SqliteFile& file);
 
-// Brings a store of version 1 to version 2 in one transaction, unless another process has just done
-// so, for which it waits. Before that it lays a copy beside the file: the same name and
-// ".version-1".
-// Returns:  SQLite's result.
+// Brings a store of an older version to this one in one transaction, unless another process has
+// just done so, for which it waits. Before that it lays a copy beside the file: the same name and
+// ".version-1", or what its version was.
+// Returns:  SQLite's result; SQLITE_INTERRUPT where `progress` returned false.
 // Fails:    with the store as it was, no copy, and one line in `reason`.
-int MigrateToVersion2(SqliteFile& file, std::string& reason);
+int MigrateStore(SqliteFile& file, const StoreProgress& progress, std::string& reason);
 
-// Makes a store of version 1 readable as one of version 2, and leaves the file as it is.
+// Makes a store of an older version readable as one of this version, and leaves the file as it is.
 // Returns:  SQLite's result.
-int ReadAsVersion2(SqliteFile& file);
+int ReadOlderStore(SqliteFile& file);
 
 // Ends that once another process has migrated the store.
 // Returns:  SQLite's result.

@@ -15,6 +15,7 @@
 #include <contracts/DefaultTexts.h>
 #include <platform/io/NewFileMode.h>
 
+#include "SqliteIdentityTables.h"
 #include "SqliteMigration.h"
 #include "SqliteSalvage.h"
 
@@ -23,8 +24,6 @@ namespace orvo {
 namespace {
 
 constexpr std::int64_t kApplicationId = 0x4F52564F;  // "ORVO"
-constexpr std::int64_t kOldestVersion = 1;
-constexpr std::int64_t kVersion = 2;
 
 constexpr std::string_view kMagic{"SQLite format 3\0", 16};
 constexpr std::size_t kHeaderSize = 100;
@@ -85,12 +84,13 @@ struct Marks {
 };
 
 bool IsStore(const Marks& marks) {
-    return marks.applicationId == kApplicationId && marks.version >= kOldestVersion &&
-           marks.version <= kVersion;
+    return marks.applicationId == kApplicationId && marks.version >= kOldestStoreVersion &&
+           marks.version <= kStoreVersion;
 }
 
 StoreFault FaultOf(const Marks& marks) {
-    const bool isForeign = marks.applicationId != kApplicationId || marks.version < kOldestVersion;
+    const bool isForeign =
+        marks.applicationId != kApplicationId || marks.version < kOldestStoreVersion;
     return isForeign ? StoreFault::Foreign : StoreFault::Newer;
 }
 
@@ -100,7 +100,7 @@ std::string Refusal(const std::string& path, const Marks& marks) {
     }
     return fmt::format(
         "{}: was made by a newer version (store version {}, this program knows up to {})", path,
-        marks.version, kVersion);
+        marks.version, kStoreVersion);
 }
 
 std::string NotOpened(const std::string& path, const std::string& reason) {
@@ -230,12 +230,18 @@ int CreateStore(SqliteFile& file, Marks& marks) {
         file.Run("ROLLBACK");
         return result;
     }
-    marks = {kApplicationId, kVersion};
+    marks = {kApplicationId, kStoreVersion};
     result = file.Run(fmt::format("{} PRAGMA application_id = {}; PRAGMA user_version = {};",
-                                  kSchema, kApplicationId, kVersion)
+                                  kSchema, kApplicationId, kStoreVersion)
                           .c_str());
     if (result == SQLITE_OK) {
         result = MakeSharedTables(file);
+    }
+    if (result == SQLITE_OK) {
+        result = MakeIdentityTables(file);
+    }
+    if (result == SQLITE_OK) {
+        result = MakeIdentityIndexes(file);
     }
     if (result == SQLITE_OK) {
         result = WriteDefaultTexts(file);
@@ -256,20 +262,21 @@ int UseWal(SqliteFile& file) {
 }
 
 // Brings a store of an older version to this one. Where that can't be done it is read as it is.
-int TakeOlderVersion(SqliteFile& file, bool isReadOnly) {
+int TakeOlderVersion(SqliteFile& file, bool isReadOnly, const StoreProgress& progress) {
     std::string reason;
-    const int result = isReadOnly ? SQLITE_READONLY : MigrateToVersion2(file, reason);
-    if (result == SQLITE_OK || (result & 0xFF) == SQLITE_BUSY) {
+    const int result = isReadOnly ? SQLITE_READONLY : MigrateStore(file, progress, reason);
+    const int kind = result & 0xFF;
+    if (result == SQLITE_OK || kind == SQLITE_BUSY || kind == SQLITE_INTERRUPT) {
         return result;
     }
     if (!isReadOnly) {
         file.SetWhyReadOnly("is of an older version, and " + reason);
     }
-    return ReadAsVersion2(file);
+    return ReadOlderStore(file);
 }
 
 // Brings an open file to where it can be worked with; `marks` say what it is.
-int SetUp(SqliteFile& file, Marks& marks) {
+int SetUp(SqliteFile& file, Marks& marks, const StoreProgress& progress) {
     sqlite3_busy_timeout(file.Handle(), kBusyTimeout);
     bool isEmpty = false;
     int result = Inspect(file, marks, isEmpty);
@@ -284,13 +291,15 @@ int SetUp(SqliteFile& file, Marks& marks) {
     if (result == SQLITE_OK && !isReadOnly) {
         result = UseWal(file);
     }
-    return result == SQLITE_OK && marks.version < kVersion ? TakeOlderVersion(file, isReadOnly)
-                                                           : result;
+    return result == SQLITE_OK && marks.version < kStoreVersion
+               ? TakeOlderVersion(file, isReadOnly, progress)
+               : result;
 }
 
-int OpenFile(const std::string& name, int flags, SqliteFile& file, Marks& marks) {
+int OpenFile(const std::string& name, int flags, SqliteFile& file, Marks& marks,
+             const StoreProgress& progress = nullptr) {
     const int result = file.Open(name, flags | kOpenFlags);
-    return result == SQLITE_OK ? SetUp(file, marks) : result;
+    return result == SQLITE_OK ? SetUp(file, marks, progress) : result;
 }
 
 // A reason to which the fault is added where it says something else, such as an error of the disk.
@@ -321,7 +330,7 @@ std::unique_ptr<SqliteFile> OpenDamaged(const std::string& path, const std::stri
         result = file->Run(kReadDamaged);
     }
     if (result == SQLITE_OK) {
-        result = SetUp(*file, marks);
+        result = SetUp(*file, marks, nullptr);
     }
     file->SetWhyReadOnly(EndingWithDamage(reason));
     return result == SQLITE_OK && IsStore(marks) ? std::move(file) : nullptr;
@@ -348,7 +357,7 @@ std::string ReadOnlyUri(const std::string& path) {
 }
 
 std::unique_ptr<SqliteFile> OpenStore(const std::string& path, std::string& error,
-                                      StoreFault& fault) {
+                                      StoreFault& fault, const StoreProgress& progress) {
     if (path.empty()) {
         error = "a store needs the name of a file";
         fault = StoreFault::Foreign;
@@ -361,8 +370,8 @@ std::unique_ptr<SqliteFile> OpenStore(const std::string& path, std::string& erro
     MakePrivateFile(StoreFileName(path));
     auto file = std::make_unique<SqliteFile>();
     Marks marks;
-    const int result =
-        OpenFile(StoreFileName(path), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, *file, marks);
+    const int result = OpenFile(StoreFileName(path), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE,
+                                *file, marks, progress);
     if (result != SQLITE_OK) {
         error = (result & 0xFF) == SQLITE_BUSY ? StoreError(path, *file, result)
                                                : NotOpened(path, file->Reason(result));
@@ -399,7 +408,7 @@ bool HasStoreMarks(const std::string& path) {
 bool IsOfNewerVersion(SqliteFile& file) {
     Marks marks;
     bool isEmpty = false;
-    return Inspect(file, marks, isEmpty) == SQLITE_OK && marks.version > kVersion;
+    return Inspect(file, marks, isEmpty) == SQLITE_OK && marks.version > kStoreVersion;
 }
 
 std::string DamageError(const std::string& path, const std::string& reason) {

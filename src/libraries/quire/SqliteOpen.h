@@ -6,6 +6,7 @@
 #include <string>
 
 #include <libraries/quire/StoreFault.h>
+#include <libraries/quire/StoreProgress.h>
 
 #include "SqliteFile.h"
 
@@ -23,7 +24,7 @@ std::string ReadOnlyUri(const std::string& path);
 // The open store, made where the file is missing or empty, for reading alone where it is damaged;
 // null, with one line in `error`, the fault, and the file as it was, where it can't be had.
 std::unique_ptr<SqliteFile> OpenStore(const std::string& path, std::string& error,
-                                      StoreFault& fault);
+                                      StoreFault& fault, const StoreProgress& progress = nullptr);
 
 // True for a file whose header marks it as a store that this program knows.
 bool HasStoreMarks(const std::string& path);

@@ -11,8 +11,12 @@
 
 namespace orvo {
 
-// The pattern with the table's name for {t}, the columns that are read for {columns}, the
-// parameters of `insert` for {values} and the assignments of `update` for {assignments}.
+// What a row of that table is called in messages.
+const char* NameOf(TableKind kind);
+
+// The pattern with the table's name for {t}, its number for {number}, the columns that are read for
+// {columns}, the parameters of `insert` for {values} and the assignments of `update` for
+// {assignments}.
 std::string SqliteSql(TableKind kind, const char* pattern);
 
 // The parameters of `insert` and `update`, in the order of the columns that are read: id,
@@ -33,6 +37,24 @@ struct SqliteTableStatements {
     SqliteStatement cutShared;    // id, the place from which on they go
     SqliteStatement count;
     SqliteStatement lastId;
+    SqliteStatement readIdentity;   // uid, created, modified, revision
+    SqliteStatement writeIdentity;  // id, uid, its key, created, modified, revision
+    SqliteStatement forgetIdentity;
+    SqliteStatement changeIdentity;  // id, modified, revision, whether the row is deleted
+    SqliteStatement setIdentity;     // as writeIdentity, of a row that has one
+    SqliteStatement changeUid;       // id, uid, its key
+    SqliteStatement findUid;         // its key, the plain uid, and with its scheme
+    SqliteStatement bury;            // id, revision, time
+    SqliteStatement unearth;         // its uid and time of creation
+    SqliteStatement forgetGrave;
+    // The changed rows of a revision from behind an id on, and those of later revisions: id,
+    // revision, uid, revision of its addition, of its last mark, whether it is deleted. At most
+    // that many.
+    SqliteStatement changesWithin;
+    SqliteStatement changesBehind;
+    // The removed rows alike: id, revision, uid.
+    SqliteStatement removedWithin;
+    SqliteStatement removedBehind;
 };
 
 struct SqliteStatements {
@@ -50,8 +72,12 @@ struct SqliteStatements {
     SqliteStatement rollback;
     SqliteStatement beginPart;
     SqliteStatement keepPart;
-    SqliteStatement dropPart;
     SqliteStatement foreignVersion;
+    SqliteStatement raiseRevision;
+    SqliteStatement readCounter;   // by its name
+    SqliteStatement writeCounter;  // name, value
+    SqliteStatement oldestGrave;   // the revision and the time of the first tombstone
+    SqliteStatement forgetGraves;  // those up to a time
 
     // Returns SQLite's result.
     int Prepare(SqliteFile& file);

@@ -45,6 +45,15 @@ private:
     bool m_isMade;
 };
 
+// The revision of the damaged store, as far as it can be read.
+std::int64_t RevisionOf(SqliteFile& file) {
+    SqliteStatement statement;
+    const char* const sql = "SELECT value FROM counter WHERE name = 'revision'";
+    return file.Prepare(sql, statement) == SQLITE_OK && statement.Step() == SQLITE_ROW
+               ? statement.Integer(0)
+               : 0;
+}
+
 // Fills the new store at `fresh` from the file.
 // Returns:  false, with `error`, where it can't be written; `isEmpty` where nothing was found.
 bool Fill(SqliteFile& file, const std::string& damaged, const std::string& fresh,
@@ -61,7 +70,8 @@ bool Fill(SqliteFile& file, const std::string& damaged, const std::string& fresh
                         RescueTables(file, damaged, *engine, report, foundNothing);
     file.Run("ROLLBACK");
     isEmpty = isDone && foundNothing;
-    if (isEmpty || (isDone && transaction.Commit() == StoreStatus::Ok)) {
+    if (isEmpty || (isDone && engine->ContinueAfter(RevisionOf(file)) == StoreStatus::Ok &&
+                    transaction.Commit() == StoreStatus::Ok)) {
         return true;
     }
     error = engine->LastError();

@@ -78,6 +78,10 @@ long CBaseTable::Find(std::int64_t id, CBaseRecord& record) {
     return status == StoreStatus::Ok ? record.Load(row) : static_cast<long>(status);
 }
 
+long CBaseTable::FindUid(std::string_view uid, std::vector<std::int64_t>& ids) {
+    return static_cast<long>(m_engine.FindUid(m_kind, uid, ids));
+}
+
 long CBaseTable::Delete(CBaseRecord& record) {
     return Mark(record, true);
 }

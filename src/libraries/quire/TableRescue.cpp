@@ -28,10 +28,6 @@ constexpr int kLowestPriority = 5;
 constexpr int kUsualPriority = 3;
 constexpr std::int64_t kLikelyIds = std::int64_t{1} << 40;
 
-const char* NameOf(TableKind kind) {
-    return kind == TableKind::Address ? "address" : "to-do";
-}
-
 using LooseRows = std::map<std::int64_t, KeptRow>;
 
 // Adds what has become of the ids `first` to `last`.
@@ -203,7 +199,32 @@ private:
         const RowExtra extra = ReadExtra(kind, entry.first);
         row.flags &= ~RowFlag::Note;
         row.flags |= extra.note.empty() ? 0 : RowFlag::Note;
-        return m_fresh.Restore(kind, row, extra) == StoreStatus::Ok;
+        return m_fresh.Restore(kind, row, extra) == StoreStatus::Ok &&
+               CopyIdentity(kind, entry.first);
+    }
+
+    // A store of an older version has none; a row whose uid is damaged keeps the one that it got.
+    bool CopyIdentity(TableKind kind, std::int64_t id) {
+        SqliteStatement statement;
+        const std::string sql =
+            SqliteSql(kind, "SELECT uid, created, modified FROM {t}_identity WHERE id = ?1");
+        if (m_file.Prepare(sql, statement) != SQLITE_OK) {
+            return true;
+        }
+        statement.Bind(1, id);
+        const int result = statement.Step();
+        if (result == SQLITE_ROW) {
+            const RowIdentity identity{std::string(statement.Bytes(0)), statement.Integer(1),
+                                       statement.Integer(2)};
+            const StoreStatus status = m_fresh.WriteIdentity(kind, id, identity);
+            if (status != StoreStatus::Refused) {
+                return status == StoreStatus::Ok;
+            }
+        }
+        if (result != SQLITE_DONE) {
+            m_report.lost.push_back(fmt::format("the uid of {} {} is damaged", NameOf(kind), id));
+        }
+        return true;
     }
 
     // Leaves of the row what a store may hold; false where that isn't all.

@@ -37,8 +37,8 @@ std::string UserStorePath() {
 }
 
 std::unique_ptr<SqliteEngine> OpenUserStore(const std::string& path, std::string& error,
-                                            StoreFault* fault) {
-    if (!path.empty()) return SqliteEngine::Open(path, error, fault);
+                                            StoreFault* fault, const StoreProgress& progress) {
+    if (!path.empty()) return SqliteEngine::Open(path, error, fault, progress);
     if (fault) *fault = StoreFault::NotAllowed;
     const fs::path own = UserStorePath();
     if (own.empty()) {
@@ -46,8 +46,8 @@ std::unique_ptr<SqliteEngine> OpenUserStore(const std::string& path, std::string
         if (fault) *fault = StoreFault::NoHome;
         return nullptr;
     }
-    return MakeFolder(own.parent_path(), error) ? SqliteEngine::Open(own.string(), error, fault)
-                                                : nullptr;
+    if (!MakeFolder(own.parent_path(), error)) return nullptr;
+    return SqliteEngine::Open(own.string(), error, fault, progress);
 }
 
 }  // namespace orvo

@@ -19,6 +19,7 @@ ORVO_API std::string UserStorePath();
 // Returns:  the engine; null on failure, with the reason in one line in `error` and, where it is
 //           asked for, in `fault`.
 ORVO_API std::unique_ptr<SqliteEngine> OpenUserStore(const std::string& path, std::string& error,
-                                                     StoreFault* fault = nullptr);
+                                                     StoreFault* fault = nullptr,
+                                                     const StoreProgress& progress = nullptr);
 
 }  // namespace orvo

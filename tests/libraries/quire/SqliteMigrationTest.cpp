@@ -1,4 +1,4 @@
-// Tests of bringing a store of version 1, which a program of that time made, to version 2.
+// Tests of bringing stores of older versions, each made by a program of its time, to this one.
 // SPDX-License-Identifier: MIT
 #include <map>
 #include <sys/stat.h>
@@ -15,7 +15,6 @@ namespace orvo {
 
 namespace {
 
-constexpr const char* kCopy = "test.orvo.version-1";
 constexpr const char* kZones =
     "SELECT count(*) FROM shared WHERE CAST(bytes AS TEXT) LIKE '%TZID:%'";
 
@@ -51,59 +50,77 @@ std::string ContentOf(StoreEngine& engine) {
     return content;
 }
 
-std::string ContentOfVersion1(const std::string& path) {
+std::string ContentOfOld(const std::string& path, int version) {
     RawStore store(path);
     const auto table = [&](const char* name) {
+        const std::string shared =
+            version < 2 ? "''"
+                        : fmt::format(
+                              "ifnull((SELECT group_concat(hex(bytes), '') FROM (SELECT "
+                              "bytes FROM {0}_shared JOIN shared ON shared.id = shared "
+                              "WHERE {0}_shared.id = r.id ORDER BY place)), '')",
+                              name);
         return store.Run(fmt::format(
-            "SELECT group_concat(format('%d|%d|%d|%d|%s|%s|%s|%s', id, ifnull(placement, id), "
-            "category, flags, hex(fields), hex(note), hex(source), origin) || char(10), '') FROM "
-            "(SELECT * FROM {0} LEFT JOIN {0}_extra USING (id) ORDER BY id)",
-            name));
+            "SELECT group_concat(format('%d|%d|%d|%d|%s|%s|%s%s|%s', id, ifnull(placement, id), "
+            "category, flags, hex(fields), hex(note), {1}, hex(source), origin) || char(10), '') "
+            "FROM (SELECT * FROM {0} LEFT JOIN {0}_extra USING (id) ORDER BY id) AS r",
+            name, shared));
     };
     return table("address") + table("todo");
 }
 
-class SqliteMigration : public testing::Test {
+class SqliteMigration : public testing::TestWithParam<int> {
 protected:
-    SqliteMigration() { fs::copy_file(ORVO_VERSION_1_STORE, folder.Path()); }
+    SqliteMigration() { fs::copy_file(store, folder.Path()); }
 
     std::string Content() const {
         const auto engine = folder.Open();
         return engine ? ContentOf(*engine) : "";
     }
 
+    const std::string store = fmt::format("{}/version-{}.db", ORVO_OLD_STORES, GetParam());
+    const std::string copy = fmt::format("test.orvo.version-{}", GetParam());
     const StoreFolder folder;
-    const std::string old = ContentOfVersion1(ORVO_VERSION_1_STORE);
+    const std::string old = ContentOfOld(store, GetParam());
 };
+
+INSTANTIATE_TEST_SUITE_P(Versions, SqliteMigration, testing::Values(1, 2));
+
+// Those of the first version alone: their sources hold what is shared now.
+class SourceMigration : public SqliteMigration {};
+INSTANTIATE_TEST_SUITE_P(Versions, SourceMigration, testing::Values(1));
+class IdentityMigration : public SqliteMigration {};
+INSTANTIATE_TEST_SUITE_P(Versions, IdentityMigration, testing::Values(2));
 
 }  // namespace
 
-TEST_F(SqliteMigration, EveryRecordIsAsItWasAndEachZoneIsThereOnce) {
+TEST_P(SqliteMigration, EveryRecordIsAsItWasAndEachZoneIsThereOnce) {
     {
         const auto engine = folder.Open();
         EXPECT_EQ(ContentOf(*engine), old);
-        EXPECT_EQ(ContentOfVersion1(folder.Path(kCopy)), old);
-        EXPECT_EQ(fs::status(folder.Path(kCopy)).permissions(),
+        EXPECT_EQ(ContentOfOld(folder.Path(copy), GetParam()), old);
+        EXPECT_EQ(fs::status(folder.Path(copy)).permissions(),
                   fs::perms::owner_read | fs::perms::owner_write);
     }
     EXPECT_THAT(folder.Names(), ElementsAre("test.orvo")) << "the copy goes with a clean close";
     ExpectSound(folder);
     RawStore raw(folder.Path());
-    EXPECT_EQ(raw.Run("PRAGMA user_version"), "2");
+    EXPECT_EQ(raw.Run("PRAGMA user_version"), "3");
     EXPECT_EQ(raw.Run("SELECT count(*) FROM todo_extra WHERE source LIKE '%VTIMEZONE%'"), "0");
     EXPECT_EQ(raw.Run(kZones), "2");
+    EXPECT_EQ(raw.Run("SELECT count(*) FROM address_identity"),
+              raw.Run("SELECT count(*) FROM address"));
     EXPECT_EQ(Content(), old);
 }
 
-TEST_F(SqliteMigration, WhereverItEndsOrTheDiskIsFullNothingIsLost) {
+TEST_P(SqliteMigration, WhereverItEndsOrTheDiskIsFullNothingIsLost) {
     const auto size = static_cast<rlim_t>(fs::file_size(folder.Path()));
     int read = 0;
     int migrated = 0;
     for (const bool isFatal : {true, false}) {
         for (rlim_t limit = 0; limit < 3 * size; limit += 4096 * 5) {
             SCOPED_TRACE(fmt::format("{} at {}", isFatal ? "killed" : "no room", limit));
-            fs::copy_file(ORVO_VERSION_1_STORE, folder.Path(),
-                          fs::copy_options::overwrite_existing);
+            fs::copy_file(store, folder.Path(), fs::copy_options::overwrite_existing);
             ChildProcess opener([&](const Line&) {
                 const FileSizeLimit sizes(limit, isFatal);
                 std::string error;
@@ -126,20 +143,20 @@ TEST_F(SqliteMigration, WhereverItEndsOrTheDiskIsFullNothingIsLost) {
     EXPECT_GT(migrated, 3);
 }
 
-TEST_F(SqliteMigration, AStoreThatCantBeCopiedOrWrittenIsReadAsItIs) {
+TEST_P(SqliteMigration, AStoreThatCantBeCopiedOrWrittenIsReadAsItIs) {
     const std::string before = folder.Read();
-    fs::create_directory(folder.Path(kCopy + std::string(".part")));
+    fs::create_directory(folder.Path(copy + ".part"));
     {
         const auto engine = folder.Open();
         EXPECT_EQ(ContentOf(*engine), old);
         EXPECT_EQ(StoreFolder::AddRow(*engine), StoreStatus::Failed);
         EXPECT_EQ(engine->LastError(),
                   fmt::format("{0}: is of an older version, and a copy of it can't be kept as "
-                              "{0}.version-1: File exists",
-                              folder.Path()));
+                              "{0}.version-{1}: File exists",
+                              folder.Path(), GetParam()));
     }
     EXPECT_TRUE(folder.Read() == before);
-    fs::remove(folder.Path(kCopy + std::string(".part")));
+    fs::remove(folder.Path(copy + ".part"));
     ASSERT_EQ(chmod(folder.Path().c_str(), 0444), 0);
     ASSERT_EQ(chmod(folder.Path(".").c_str(), 0777), 0);
     RunAsNobody([&] {
@@ -151,8 +168,8 @@ TEST_F(SqliteMigration, AStoreThatCantBeCopiedOrWrittenIsReadAsItIs) {
     EXPECT_TRUE(folder.Read() == before);
 }
 
-TEST_F(SqliteMigration, WhoReadsAnOldStoreGoesOnOnceAnotherProgramHasMigratedIt) {
-    const std::string obstacle = folder.Path(kCopy + std::string(".part"));
+TEST_P(SqliteMigration, WhoReadsAnOldStoreGoesOnOnceAnotherProgramHasMigratedIt) {
+    const std::string obstacle = folder.Path(copy + ".part");
     fs::create_directory(obstacle);
     const auto reader = folder.Open();
     EXPECT_EQ(ContentOf(*reader), old);
@@ -164,7 +181,7 @@ TEST_F(SqliteMigration, WhoReadsAnOldStoreGoesOnOnceAnotherProgramHasMigratedIt)
     EXPECT_EQ(StoreFolder::AddRow(*reader, {"", "", "", {SharedText("a")}}), StoreStatus::Ok);
 }
 
-TEST_F(SqliteMigration, OfProcessesThatOpenAStoreAtOnceOneMigratesAndTheOthersWait) {
+TEST_P(SqliteMigration, OfProcessesThatOpenAStoreAtOnceOneMigratesAndTheOthersWait) {
     RunAtOnce(6, [&](int) {
         const auto engine = folder.Open();
         return engine && ContentOf(*engine) == old ? 0 : 1;
@@ -172,7 +189,36 @@ TEST_F(SqliteMigration, OfProcessesThatOpenAStoreAtOnceOneMigratesAndTheOthersWa
     EXPECT_EQ(RawStore(folder.Path()).Run(kZones), "2");
 }
 
-TEST_F(SqliteMigration, ASourceIsCutOnlyWhereAnImportPutItTogether) {
+TEST_P(IdentityMigration, UidsAndTimesAreThoseOfTheKeptSources) {
+    const auto engine = folder.Open();
+    const struct {
+        TableKind kind;
+        const char* uid;
+        std::int64_t created;
+        std::int64_t modified;
+    } rows[] = {
+        {TableKind::Address, "urn:uuid:4FBE8971-0BC3-424C-9C26-36C3E1EFF6B1", 1582979696000,
+         1582979696000},
+        {TableKind::Address,
+         "a-uid-that-is-folded-over-two-lines-as-the-widespread-programs-write-them@example.com",
+         1557119289500, 1557119289500},
+        {TableKind::ToDo, "todo-1@example.com", 1608832800000, 1612325106000},
+        {TableKind::ToDo, "todo-2@example.com", 1609459200000, 1609459200000},
+    };
+    for (const auto& row : rows) {
+        std::vector<std::int64_t> ids;
+        ASSERT_EQ(engine->FindUid(row.kind, row.uid, ids), StoreStatus::Ok);
+        ASSERT_EQ(ids.size(), 1U) << row.uid;
+        RowIdentity identity;
+        ASSERT_EQ(engine->ReadIdentity(row.kind, ids[0], identity), StoreStatus::Ok);
+        EXPECT_EQ(identity, (RowIdentity{row.uid, row.created, row.modified, 1}));
+    }
+    EXPECT_EQ(RawStore(folder.Path()).Run("SELECT count(DISTINCT uid) FROM address_identity"),
+              RawStore(folder.Path()).Run("SELECT count(*) FROM address"));
+    EXPECT_EQ(engine->Revision(), 1);
+}
+
+TEST_P(SourceMigration, ASourceIsCutOnlyWhereAnImportPutItTogether) {
     const std::string zone = "BEGIN:VTIMEZONE\nTZID:A\nEND:VTIMEZONE\n";
     const std::string todo = "BEGIN:VTODO\nSUMMARY:a\nEND:VTODO\n";
     const std::tuple<const char*, std::string, std::size_t> rows[] = {

@@ -216,6 +216,8 @@ TEST_F(SqliteShared, ARowWhoseNoteCantBeWrittenIsNotWrittenEither) {
         EXPECT_EQ(table.Add(record), kFailed);
         EXPECT_EQ(table.LastError(), folder.Path() + ": no notes today");
         EXPECT_EQ(before->SetNoteUtf8("a note"), kFailed);
+        EXPECT_EQ(before->SetPrivate(1), inTransaction ? kFailed : 0);
+        EXPECT_EQ(engine->Commit(), StoreStatus::Failed) << "what went before is dropped, too";
 
         EXPECT_FALSE(before->IsNote());
         CAddressRecord stored(table);
@@ -223,8 +225,6 @@ TEST_F(SqliteShared, ARowWhoseNoteCantBeWrittenIsNotWrittenEither) {
         EXPECT_FALSE(stored.IsNote());
         EXPECT_EQ(table.GetCount(), 1);
     }
-    EXPECT_EQ(before->SetPrivate(1), 0);
-    EXPECT_EQ(engine->Commit(), StoreStatus::Ok) << "the rest of the transaction is kept";
     EXPECT_EQ(otherTable.GetCount(), 1);
 }
 
