@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <cli/AddressFields.h>
+#include <cli/MigrationMeter.h>
 #include <cli/Store.h>
 #include <libraries/quire/UserStore.h>
 
@@ -13,7 +14,12 @@ constexpr std::chrono::milliseconds kPatience{2000};
 
 std::unique_ptr<SqliteEngine> OpenEngine(const std::string& path) {
     std::string error;
-    auto engine = OpenUserStore(path, error);
+    MigrationMeter meter;
+    const auto tell = [&meter](std::int64_t done, std::int64_t total) {
+        meter.Tell(done, total);
+        return true;
+    };
+    auto engine = OpenUserStore(path, error, nullptr, tell);
     if (engine == nullptr) throw CommandError(kWrongUse, error);
     return engine;
 }

@@ -24,6 +24,7 @@
 #include <desktop/options/DesktopPreferences.h>
 #include <desktop/rescue/RescueOffer.h>
 #include <desktop/rescue/StoreTrouble.h>
+#include <desktop/store/MigrationProgress.h>
 #include <desktop/texts/Problems.h>
 #include <desktop/texts/Texts.h>
 #include <desktop/window/DesktopWindow.h>
@@ -232,7 +233,8 @@ std::unique_ptr<StoreSession> OpenSession(const CommandLine& line, bool wasThere
         error = fmt::format("{}: {}", path, FaultText(fault));
         return nullptr;
     }
-    std::unique_ptr<StoreSession> session = StoreSession::Open(line.store, error, &fault);
+    const StoreProgress progress = line.IsOffScreen() ? nullptr : ShowMigration();
+    std::unique_ptr<StoreSession> session = StoreSession::Open(line.store, error, &fault, progress);
     if (!session || line.IsOffScreen() || session->Claim(error)) return session;
     fault = StoreFault::Taken;
     return nullptr;

@@ -26,8 +26,9 @@ std::string NameOf(CAddressRecord& record) {
 }  // namespace
 
 std::unique_ptr<StoreSession> StoreSession::Open(const std::string& path, std::string& error,
-                                                 StoreFault* fault) {
-    std::unique_ptr<SqliteEngine> engine = OpenUserStore(path, error, fault);
+                                                 StoreFault* fault,
+                                                 const StoreProgress& progress) {
+    std::unique_ptr<SqliteEngine> engine = OpenUserStore(path, error, fault, progress);
     if (!engine) return nullptr;
     return std::unique_ptr<StoreSession>(new StoreSession(std::move(engine)));
 }

@@ -26,7 +26,8 @@ public:
     // Returns:  null on failure, with the reason in one line in `error` and, where it is asked for,
     //           in `fault`.
     static std::unique_ptr<StoreSession> Open(const std::string& path, std::string& error,
-                                              StoreFault* fault = nullptr);
+                                              StoreFault* fault = nullptr,
+                                              const StoreProgress& progress = nullptr);
 
     // Stands in the table of who has which store open, until the session ends.
     // Returns:  false where another program has it, with the reason in one line in `error`.
