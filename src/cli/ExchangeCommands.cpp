@@ -19,6 +19,7 @@ namespace {
 struct ImportOrder {
     std::vector<std::string> paths;
     bool skipsUnreadable = false;
+    bool asNew = false;
 };
 
 int Import(Store& store, const ImportOrder& order, bool json) {
@@ -30,9 +31,13 @@ int Import(Store& store, const ImportOrder& order, bool json) {
     ImportReport total;
     std::vector<std::string> told;
     for (const std::string& file : found.files) {
-        ImportReport report = ImportFile(file, store.Addresses(), store.ToDos());
+        const ImportReport report =
+            ImportFile(file, store.Addresses(), store.ToDos(), nullptr,
+                       order.asNew ? KnownEntry::AddAgain : KnownEntry::Update);
         total.addresses += report.addresses;
         total.toDos += report.toDos;
+        total.updated += report.updated;
+        total.unchanged += report.unchanged;
         for (const SkippedEntry& entry : report.skipped) {
             told.push_back(fmt::format("{}:{}: {}", file, entry.line, entry.reason));
         }
@@ -42,11 +47,14 @@ int Import(Store& store, const ImportOrder& order, bool json) {
     if (json) {
         PrintJson({{"addresses", total.addresses},
                    {"todos", total.toDos},
+                   {"updated", total.updated},
+                   {"unchanged", total.unchanged},
                    {"skipped", told.size()},
                    {"unreadable", unreadable}});
     } else {
-        PrintLine(fmt::format("imported {} addresses, {} to-dos, {} skipped", total.addresses,
-                              total.toDos, told.size()));
+        PrintLine(fmt::format("imported {}, updated {}, unchanged {}, skipped {}",
+                              total.addresses + total.toDos, total.updated, total.unchanged,
+                              told.size()));
     }
     for (const std::string& line : told) PrintError(line);
     return told.empty() && unreadable == 0 ? kDone : kSomeSkipped;
@@ -97,6 +105,8 @@ void AddExchangeCommands(CLI::App& app, Invocation& invocation) {
         ->required();
     importing->add_flag("--skip-unreadable", order->skipsUnreadable,
                         "Take the others where files can't be read or hold no card or calendar");
+    importing->add_flag("--as-new", order->asNew,
+                        "Add all entries, also those that the store holds already");
     importing->callback([order, &invocation] {
         invocation.command = [order, &invocation](Store& store) {
             return Import(store, *order, invocation.json);

@@ -40,6 +40,9 @@ public:
     // Marks the record as deleted, and takes the mark away. Iterators pass deleted records over.
     long Delete(CBaseRecord& record);
     long Undelete(CBaseRecord& record);
+    // Gives the stored record of that id, in one change, all that a new one of this table holds,
+    // but for its placement; it isn't deleted then. The object becomes that record.
+    long Replace(std::int64_t id, CBaseRecord& record);
     // Removes a record from the store for good; the object then is as a new one with the same
     // fields, note and source, and not marked as deleted.
     long Remove(CBaseRecord& record);

@@ -144,6 +144,7 @@ private:
 
     void Keep(std::string text) {
         m_source = std::move(text);
+        m_origin.isEdited = true;
         if (m_status == 0) Check(m_record.SetSource(m_source, FormatOrigin(m_origin)));
     }
 

@@ -55,6 +55,34 @@ void ExpectFreshCardsOfTheSameFields(Tables& tables) {
     }
 }
 
+template <class Table>
+std::size_t CountWithUid(Table& table) {
+    const auto all = All(table);
+    return static_cast<std::size_t>(std::count_if(all.begin(), all.end(), [](const auto& record) {
+        std::string source;
+        record->GetSource(source);
+        return !ReadSourceStamp(source).uid.empty();
+    }));
+}
+
+// Nothing is added again that has a UID, and what was edited since stays.
+void ExpectAllKnown(Tables& tables, const std::string& bytes) {
+    const Strings before = DescribeAll(tables);
+    const std::size_t known = CountWithUid(tables.addresses) + CountWithUid(tables.toDos);
+    Tables again(bytes);
+    const std::size_t all = All(again.addresses).size() + All(again.toDos).size();
+    const ImportReport same = tables.Import(bytes);
+    EXPECT_EQ(same.unchanged, known);
+    EXPECT_EQ(same.updated, 0u);
+    EXPECT_EQ(same.addresses + same.toDos, all - known);
+    if (known != all) return;
+    EXPECT_EQ(DescribeAll(tables), before);
+    for (const auto& record : All(tables.addresses)) record->SetNoteUtf8("edited");
+    for (const auto& record : All(tables.toDos)) record->SetNoteUtf8("edited");
+    const ImportReport edited = tables.Import(bytes);
+    EXPECT_EQ(edited.updated + edited.unchanged + edited.addresses + edited.toDos, 0u);
+}
+
 TEST(Corpus, EveryFileGoesInOrHoldsNothingAndComesOutAsItWasAndFreshWithTheSameFields) {
     const std::vector<std::filesystem::path> files = CorpusFiles();
     if (files.empty()) GTEST_SKIP() << "ORVO_CORPORA doesn't name a folder of files";
@@ -69,6 +97,8 @@ TEST(Corpus, EveryFileGoesInOrHoldsNothingAndComesOutAsItWasAndFreshWithTheSameF
             continue;
         }
         ExpectAllAsTheyCame(tables);
+        Tables twice(bytes);
+        ExpectAllKnown(twice, bytes);
         ExpectFreshCardsOfTheSameFields(tables);
     }
 }

@@ -8,6 +8,9 @@
 
 #include <exchange/calendar/CalendarReader.h>
 #include <exchange/calendar/ToDoFields.h>
+#include <exchange/calendar/ToDoFill.h>
+#include <exchange/calendar/ToDoWriter.h>
+#include <exchange/lines/EntryContent.h>
 #include <exchange/lines/ExchangeError.h>
 
 namespace orvo {
@@ -32,12 +35,13 @@ std::string Printable(std::string_view text) {
 }  // namespace
 
 CalendarReader::CalendarReader(CToDoTable& table, ImportReport& report,
-                               std::string_view fileCharset, ProgressMeter& meter)
+                               std::string_view fileCharset, ProgressMeter& meter, KnownEntry known)
     : m_table(table),
       m_report(report),
       m_meter(meter),
       m_categories(*table.GetCategoryManager()),
-      m_fileCharset(fileCharset) {}
+      m_fileCharset(fileCharset),
+      m_known(table, TableKind::ToDo, known) {}
 
 void CalendarReader::Take(const Entry& entry) {
     switch (entry.kind) {
@@ -135,31 +139,103 @@ void CalendarReader::Store(const Entry& toDo, Dialect dialect) {
         m_report.skipped.push_back({toDo.number, "the to-do holds nothing"});
         return;
     }
-    const ToDoParts parts = MakeToDoParts(toDo, dialect, SharedOf(toDo));
-    m_clock.SetZones(parts.shared);
     Origin origin;
     if (!m_fileCharset.empty()) origin.charset = LegacyCharsetOf(toDo.lines, m_fileCharset);
-    const ToDoFields fields = DeriveToDo(toDo.lines, dialect, origin.charset, m_clock);
+    CToDoRecord row(m_table);
+    const auto known = m_known.Take(toDo.source, row, [&](const CBaseRecord& each) {
+        return Compare(toDo, dialect, origin.charset, static_cast<const CToDoRecord&>(each));
+    });
+    if (known) CountKnown(*known, toDo.number, NameOf(row), m_report.toDos, m_report);
+    if (known && !known->isNewer) {
+        if (known->isDeleted) Check(m_table.Undelete(row), toDo);
+        return;
+    }
     CToDoRecord record(m_table);
-    long status = record.SetDescriptionUtf8(fields.description);
-    status |= record.SetPriority(fields.priority);
-    if (!fields.note.empty()) status |= record.SetNoteUtf8(fields.note);
-    if (fields.dueDate != kMaxDate) status |= record.SetDueDate(fields.dueDate);
-    if (fields.isCompleted) status |= record.SetCompleted(1, 0);
-    if (fields.completionDate != kMaxDate)
-        status |= record.SetCompletionDate(fields.completionDate);
+    Fill(toDo, dialect, origin, record);
+    if (known) {
+        Update(toDo, row, record);
+    } else {
+        Check(m_table.Add(record), toDo);
+        m_known.NoteAdded(record.GetId());
+        ++m_report.toDos;
+    }
+}
+
+void CalendarReader::Fill(const Entry& toDo, Dialect dialect, Origin& origin, CToDoRecord& record) {
+    const ToDoParts parts = MakeToDoParts(toDo, dialect, SharedOf(toDo));
+    m_clock.SetZones(parts.shared);
+    const ToDoFields fields = DeriveToDo(toDo.lines, dialect, origin.charset, m_clock);
     m_categories.Choose(fields.categories, origin);
-    status |= record.SetCategoryId(origin.category);
     origin.due = CivilOfRecordDate(fields.dueDate);
     origin.completed = CivilOfRecordDate(fields.completionDate);
-    if (fields.isPrivate) status |= record.SetPrivate(1);
-    if (fields.isArchived) status |= record.SetArchived(1);
-    status |= record.SetSource(parts.rest, FormatOrigin(origin), parts.shared);
-    if (status != 0 || m_table.Add(record) != 0) {
-        throw ExchangeError(fmt::format("line {}: the to-do can't be stored: {}", toDo.number,
-                                        m_table.LastError()));
+    Check(FillToDo(fields, origin, record), toDo);
+    Check(record.SetSource(parts.rest, FormatOrigin(origin), parts.shared), toDo);
+}
+
+void CalendarReader::Update(const Entry& toDo, const CToDoRecord& row, CToDoRecord& record) {
+    CToDoRecord base(m_table);
+    Check(FillBase(row, base), toDo);
+    Check(KeepEdits(base, row, record), toDo);
+    Check(m_table.Replace(row.GetId(), record), toDo);
+}
+
+void CalendarReader::Check(long status, const Entry& toDo) const {
+    if (status == 0) return;
+    throw ExchangeError(
+        fmt::format("line {}: the to-do can't be stored: {}", toDo.number, m_table.LastError()));
+}
+
+KnownEntries::Comparison CalendarReader::Compare(const Entry& toDo, Dialect dialect,
+                                                 std::string_view charset, const CToDoRecord& row) {
+    ToDoParts parts;
+    std::string originText;
+    if (row.GetSourceParts(parts.shared, parts.rest) != 0 || row.GetOrigin(originText) != 0) {
+        return {};
     }
-    ++m_report.toDos;
+    const Origin origin = ParseOrigin(originText).value_or(Origin{});
+    EntryReader sourceReader(parts.rest);
+    ToDoSource source;
+    const bool hasSource = ReadToDoSource(parts, sourceReader, source);
+    const std::string text = ToDoWriter(m_table, dialect).Write(row).toDo;
+    KnownEntries::Comparison comparison;
+    comparison.isEdited = !hasSource || origin.isEdited;
+    if (!comparison.isEdited) {
+        const std::string own =
+            source.dialect == dialect ? text : ToDoWriter(m_table, source.dialect).Write(row).toDo;
+        comparison.isEdited = own != source.toDo.source;
+    }
+    comparison.isSame = text == toDo.source;
+    EntryReader reader(text);
+    Entry written;
+    if (comparison.isSame || !reader.Next(written)) return comparison;
+    comparison.isSame = ContentOf(written.lines, dialect, origin.charset) ==
+                        ContentOf(toDo.lines, dialect, charset);
+    return comparison;
+}
+
+// What was known of the row before: what it was imported from, else what would be exported of it.
+long CalendarReader::FillBase(const CToDoRecord& row, CToDoRecord& base) {
+    ToDoParts parts;
+    std::string originText;
+    long status = row.GetSourceParts(parts.shared, parts.rest);
+    if (status == 0) status = row.GetOrigin(originText);
+    if (status != 0) return status;
+    if (originText == kOnlyExported) originText.clear();
+    if (originText.empty()) parts = {{}, ToDoWriter(m_table, Dialect::Calendar20).Write(row).toDo};
+    EntryReader reader(parts.rest);
+    ToDoSource source;
+    if (!ReadToDoSource(parts, reader, source)) return 0;
+    std::optional<Origin> origin = ParseOrigin(originText);
+    m_clock.SetZones(source.timeZones);
+    const ToDoFields fields =
+        DeriveToDo(source.toDo.lines, source.dialect, origin ? origin->charset : "", m_clock);
+    if (!origin) origin = ToDoWriter(m_table, source.dialect).OriginHere(fields);
+    return FillToDo(fields, *origin, base);
+}
+
+std::string CalendarReader::NameOf(const CToDoRecord& row) {
+    const std::string_view name = FirstLineOf(row.DescriptionUtf8());
+    return std::string(row.IsPrivate() != 0 || name.empty() ? "the to-do" : name);
 }
 
 }  // namespace orvo

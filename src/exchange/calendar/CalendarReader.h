@@ -12,6 +12,7 @@
 #include <exchange/calendar/CalendarClock.h>
 #include <exchange/cards/TableTexts.h>
 #include <exchange/lines/EntryReader.h>
+#include <exchange/lines/KnownEntries.h>
 #include <exchange/lines/ProgressMeter.h>
 
 namespace orvo {
@@ -23,7 +24,7 @@ public:
     // `fileCharset` is the legacy set of the file, empty where it has none. The meter counts the
     // to-dos that are stored.
     CalendarReader(CToDoTable& table, ImportReport& report, std::string_view fileCharset,
-                   ProgressMeter& meter);
+                   ProgressMeter& meter, KnownEntry known);
 
     void Take(const Entry& entry);
     // Stores the to-dos that wait.
@@ -38,6 +39,14 @@ private:
     };
 
     void Store(const Entry& toDo, Dialect dialect);
+    void Fill(const Entry& toDo, Dialect dialect, Origin& origin, CToDoRecord& record);
+    void Update(const Entry& toDo, const CToDoRecord& row, CToDoRecord& record);
+    KnownEntries::Comparison Compare(const Entry& toDo, Dialect dialect, std::string_view charset,
+                                     const CToDoRecord& row);
+    long FillBase(const CToDoRecord& row, CToDoRecord& base);
+    // As it is told; of a private one nothing is.
+    static std::string NameOf(const CToDoRecord& row);
+    void Check(long status, const Entry& toDo) const;
     // The opening of its calendar, where it has one, and the zones that the to-do names.
     std::vector<SharedText> SharedOf(const Entry& toDo) const;
     void TakeZone(std::string_view source);
@@ -48,6 +57,7 @@ private:
     ProgressMeter& m_meter;
     CategoryNames m_categories;
     std::string m_fileCharset;
+    KnownEntries m_known;
     CalendarClock m_clock;
     std::string m_version;
     std::string m_zoneLine;  // the TZ of the calendar

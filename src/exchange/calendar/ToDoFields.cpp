@@ -44,10 +44,6 @@ std::string_view NameOf(ToDoProperty property) {
     return kNames[static_cast<std::size_t>(property)];
 }
 
-std::string_view FirstLineOf(std::string_view text) {
-    return text.substr(0, text.find_first_of("\r\n"));
-}
-
 int PriorityOfCalendar(std::string_view value) {
     value = Trimmed(value);
     int number = 0;

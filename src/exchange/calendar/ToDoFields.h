@@ -60,9 +60,6 @@ struct ToDoFields {
 ToDoFields DeriveToDo(const LineList& lines, Dialect dialect, std::string_view charset,
                       CalendarClock& clock);
 
-// The text up to its first line end.
-std::string_view FirstLineOf(std::string_view text);
-
 // Calendar priorities 0 to 9 stand for a record's 1 to 5.
 int PriorityOfCalendar(std::string_view value);
 std::string_view CalendarPriority(int priority);

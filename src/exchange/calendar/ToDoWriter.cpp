@@ -1,8 +1,6 @@
 // Writing a to-do record as a VTODO, and the calendar around them.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
-#include <functional>
-#include <random>
 
 #include <fmt/core.h>
 
@@ -15,15 +13,6 @@
 
 namespace orvo {
 namespace {
-
-// The origin of a record that came from no file: its source holds nothing but its UID.
-constexpr std::string_view kOnlyExported = "exported";
-
-std::string SourceWithNewUid() {
-    std::random_device random;
-    return fmt::format("BEGIN:VTODO\r\nUID:orvo-{:08x}{:08x}{:08x}{:08x}\r\nEND:VTODO\r\n",
-                       random(), random(), random(), random());
-}
 
 bool HasUid(std::string_view lines) {
     ContentLineReader reader(lines);
@@ -39,11 +28,11 @@ std::string FreshToDo(const CToDoRecord& record, const ToDoSource* other, std::s
                       Dialect dialect, CalendarClock& clock) {
     const std::string kept = other ? ConvertLines(*other, charset, dialect, clock) : std::string();
     std::string text = "BEGIN:VTODO\r\n";
+    RowIdentity identity;
     if (!HasUid(kept)) {
-        // The same at each export of what was once imported without one.
-        const std::size_t hash = std::hash<std::string_view>()(other ? other->toDo.source : "");
-        const std::string uid = fmt::format("orvo-{}-{:016x}", record.GetId(), hash);
-        text += FormatLine("UID", uid, dialect, "\r\n");
+        record.GetIdentity(identity);
+        const std::string uid = identity.uid.empty() ? NewUid() : identity.uid;
+        text += FormatLine("UID", Escape(uid, dialect), dialect, "\r\n");
     }
     if (dialect == Dialect::Calendar20) {
         const std::string now =
@@ -79,18 +68,14 @@ ToDoWriter::Written ToDoWriter::Write(const CToDoRecord& record, std::string* lo
         parts = {};
         originText.clear();
     }
-    if (parts.rest.empty()) {
-        parts = {{}, SourceWithNewUid()};
-        originText = kOnlyExported;
-        // Where the store can't be written, the export goes on; the next one writes another UID.
-        CToDoRecord stored(m_table);
-        const bool isKept = (!loss || loss->empty()) && m_table.Find(record.GetId(), stored) == 0;
-        if (isKept) stored.SetSource(parts.rest, originText);
+    if (originText == kOnlyExported) {
+        parts = {};
+        originText.clear();
     }
     EntryReader reader(parts.rest);
     ToDoSource source;
     const bool hasSource = ReadToDoSource(parts, reader, source);
-    const bool isFresh = !hasSource || source.dialect != m_dialect || originText == kOnlyExported;
+    const bool isFresh = !hasSource || source.dialect != m_dialect;
     std::optional<Origin> origin = ParseOrigin(originText);
     std::string charset = origin ? origin->charset : std::string();
     const std::string freshText =

@@ -15,6 +15,10 @@
 
 namespace orvo {
 
+// The origin, in older stores, of a record that came from no file: its source holds nothing but the
+// UID that it was exported with, which is that of the record.
+constexpr std::string_view kOnlyExported = "exported";
+
 class ToDoWriter {
 public:
     // The dialect is Calendar10 or Calendar20.
@@ -28,16 +32,15 @@ public:
 
     // The VTODO that the record was imported from, with the lines of edited fields written anew; a
     // fresh one, which keeps the other one's lines as far as both formats have them, where the
-    // record came in another format or wasn't imported. One that wasn't gets its UID at its first
-    // export and keeps it in its source. Where the store can't read the record's note and what it
-    // was imported from, the to-do goes without them and `loss` says why in one line; without a
-    // `loss`, throws ExchangeError.
+    // record came in another format or wasn't imported, with the record's uid. Where the store
+    // can't read the record's note and what it was imported from, the to-do goes without them and
+    // `loss` says why in one line; without a `loss`, throws ExchangeError.
     Written Write(const CToDoRecord& record, std::string* loss = nullptr);
 
-private:
     // What a to-do without an origin would get if it were imported now.
     Origin OriginHere(const ToDoFields& fields);
 
+private:
     CToDoTable& m_table;
     Dialect m_dialect;
     CategoryNames m_categories;

@@ -329,14 +329,19 @@ long AddLinesOfOther(CAddressRecord& kept, const CAddressRecord& other, CAddress
     long status = keptCard.Read(kept);
     if (status == 0) status = otherCard.Read(other);
     if (status != 0 || !otherCard.isCard) return status;
-    const bool wasCard = keptCard.isCard;
-    if (!wasCard) keptCard.Open(CardWriter(table).Write(kept));
+    if (!keptCard.isCard) {
+        keptCard.Open(CardWriter(table).Write(kept));
+        CardFields fields;
+        DeriveFields(keptCard.entry.lines, DialectOfCard(keptCard.entry.lines), {}, fields);
+        keptCard.origin = CardWriter(table).OriginHere(fields);
+    }
     Merger merger(keptCard, otherCard, ofOther);
     merger.Run();
     if (!merger.IsChanged()) return 0;
     // The lines are UTF-8 from now on.
     keptCard.origin.charset.clear();
-    return kept.SetSource(merger.Text(), wasCard ? FormatOrigin(keptCard.origin) : std::string());
+    keptCard.origin.isEdited = true;
+    return kept.SetSource(merger.Text(), FormatOrigin(keptCard.origin));
 }
 
 }  // namespace orvo

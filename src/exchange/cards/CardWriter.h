@@ -19,10 +19,10 @@ public:
     // ExchangeError.
     std::string Write(const CAddressRecord& record, std::string* loss = nullptr);
 
-private:
     // What a card without an origin would get if it were imported now.
     Origin OriginHere(const CardFields& fields);
 
+private:
     CAddressTable& m_table;
     PhoneLabels m_labels;
     CategoryNames m_categories;

@@ -101,9 +101,9 @@ std::string WhyNotImportable(const std::string& path) {
 }
 
 ImportReport ImportFile(const std::string& path, CAddressTable& addresses, CToDoTable& toDos,
-                        const ImportProgress& progress) {
+                        const ImportProgress& progress, KnownEntry known) {
     try {
-        return ImportBytes(ReadWhole(path), addresses, toDos, progress);
+        return ImportBytes(ReadWhole(path), addresses, toDos, progress, known);
     } catch (const ImportCancelled&) {
         throw;
     } catch (const ExchangeError& error) {
@@ -112,29 +112,22 @@ ImportReport ImportFile(const std::string& path, CAddressTable& addresses, CToDo
 }
 
 ImportReport ImportBytes(std::string_view bytes, CAddressTable& addresses, CToDoTable& toDos,
-                         const ImportProgress& progress) {
+                         const ImportProgress& progress, KnownEntry known) {
     const std::size_t total = bytes.size();
     std::string decoded;
     if (DecodeMarked(bytes, decoded)) bytes = decoded;
     ImportReport report;
     const std::string_view charset = GuessFileCharset(bytes);
-    CardReader cards(addresses, charset);
+    CardReader cards(addresses, report, charset, known);
     ProgressMeter meter(bytes, total, progress);
-    CalendarReader calendar(toDos, report, charset, meter);
+    CalendarReader calendar(toDos, report, charset, meter, known);
     EntryReader reader(bytes);
     Entry entry;
-    bool isKnown = false;
+    bool isOfOurs = false;
     while (reader.Next(entry)) {
-        isKnown = isKnown || IsWhatFilesHold(entry);
+        isOfOurs = isOfOurs || IsWhatFilesHold(entry);
         if (entry.kind == EntryKind::Card) {
-            const std::string_view reason = cards.Store(entry);
-            if (reason.empty()) {
-                ++report.addresses;
-                report.lastAddress = cards.StoredId();
-                if (report.firstAddress == 0) report.firstAddress = report.lastAddress;
-            } else {
-                report.skipped.push_back({entry.number, std::string(reason)});
-            }
+            cards.Store(entry);
         } else if (entry.kind == EntryKind::Stray) {
             report.skipped.push_back({entry.number, "the text is outside of any card or calendar"});
         } else {
@@ -143,7 +136,7 @@ ImportReport ImportBytes(std::string_view bytes, CAddressTable& addresses, CToDo
         // To-dos that wait come to the store, and are reported, later than what follows them.
         if (!calendar.IsWaiting()) meter.Pass(entry.lines[entry.lines.size() - 1].source);
     }
-    if (!isKnown) throw ExchangeError(kHoldsNothing);
+    if (!isOfOurs) throw ExchangeError(kHoldsNothing);
     calendar.Finish();
     meter.Finish();
     std::stable_sort(report.skipped.begin(), report.skipped.end(),

@@ -160,6 +160,10 @@ std::string DecodeParameter(std::string_view value) {
     return text;
 }
 
+std::string_view FirstLineOf(std::string_view text) {
+    return text.substr(0, text.find_first_of("\r\n"));
+}
+
 bool IsSameText(std::string_view left, std::string_view right) {
     if (left == right) return true;
     std::string leftText;

@@ -86,6 +86,9 @@ bool TellsEncoding(const Parameter& parameter);
 std::string DecodeParameter(std::string_view value);
 std::string QuoteParameter(std::string_view text);
 
+// The text up to its first line end.
+std::string_view FirstLineOf(std::string_view text);
+
 // Equal but for the way their lines end.
 bool IsSameText(std::string_view left, std::string_view right);
 

@@ -37,6 +37,7 @@ void Take(std::string_view key, std::string_view value, Origin& origin) {
     if (key == "display") ReadNumber(value, origin.displayPhone);
     if (key == "due") origin.due = ParseIso(value);
     if (key == "completed") origin.completed = ParseIso(value);
+    if (key == "edited") origin.isEdited = value == "1";
 }
 
 }  // namespace
@@ -54,6 +55,7 @@ std::string FormatOrigin(const Origin& origin) {
     }
     if (origin.due) text += fmt::format(" due={}", FormatIso(*origin.due));
     if (origin.completed) text += fmt::format(" completed={}", FormatIso(*origin.completed));
+    if (origin.isEdited) text += " edited=1";
     return text;
 }
 

@@ -27,11 +27,13 @@ struct Origin {
     std::optional<CivilTime> due;
     std::optional<CivilTime> completed;
 
+    bool isEdited = false;  // the source isn't as it came: it was changed here
+
     bool operator==(const Origin&) const = default;
 };
 
-// One line, "category=3 listed=0 charset=Shift_JIS labels=0,1,2,3,4 display=1"; what is as in a new
-// Origin is left out, but for the category.
+// One line, "category=3 listed=0 charset=Shift_JIS labels=0,1,2,3,4 display=1 edited=1"; what is as
+// in a new Origin is left out, but for the category.
 std::string FormatOrigin(const Origin& origin);
 
 // Nothing for an empty text. A word that isn't understood is passed over.

@@ -103,6 +103,38 @@ long CBaseTable::Mark(CBaseRecord& record, bool deleted) {
         deleted ? RecordChange::Kind::Deleted : RecordChange::Kind::Undeleted);
 }
 
+long CBaseTable::Replace(std::int64_t id, CBaseRecord& record) {
+    if (&record.m_table != this || record.m_id != 0) {
+        return RefuseRecord("the record isn't a new one of this table");
+    }
+    StoreTransaction transaction(m_engine);
+    StoredRow stored;
+    std::string fields;
+    StoreStatus status = transaction.Status();
+    if (status == StoreStatus::Ok) {
+        status = m_engine.Read(m_kind, id, stored, fields);
+    }
+    StoredRow row;
+    record.ToRow(row);
+    row.id = id;
+    row.placement = stored.placement;
+    row.fields = record.m_fields.Bytes();
+    const RowExtra none;
+    if (status == StoreStatus::Ok) {
+        status = m_engine.Update(m_kind, row, record.m_newExtra ? record.m_newExtra.get() : &none);
+    }
+    if (status == StoreStatus::Ok) {
+        status = transaction.Commit();
+    }
+    if (status == StoreStatus::Ok) {
+        const bool wasDeleted = (stored.flags & RowFlag::Deleted) != 0;
+        record.FromRow(row);
+        record.m_newExtra.reset();
+        Tell(wasDeleted ? RecordChange::Kind::Undeleted : RecordChange::Kind::Changed, id);
+    }
+    return static_cast<long>(status);
+}
+
 long CBaseTable::Remove(CBaseRecord& record) {
     if (&record.m_table != this || record.m_id == 0) {
         return RefuseRecord("the record isn't in this table");
