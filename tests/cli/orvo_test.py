@@ -27,7 +27,7 @@ class OrvoTest(CommandTest):
         self.assertEqual([(process.communicate()[1], process.returncode) for process in running], [("", 0)] * len(commands))
 
     def test_samples_become_a_sorted_list(self):
-        self.assertIn("imported 65 addresses, 30 to-dos, 0 skipped", self.orvo("import", *SAMPLES))
+        self.assertIn("imported 95, updated 0, unchanged 0, skipped 0", self.orvo("import", *SAMPLES))
         formatted = self.values("formatted", "addresses")
         self.assertEqual(formatted[:5], ["24-Hour Locksmith", "Åkesson, Örjan", "Bakker, Femke", "Brown, Rosalind",
                                          "Brown, Rosalind"])
@@ -326,8 +326,21 @@ class OrvoTest(CommandTest):
 
     def test_an_import_with_skipped_entries_tells_each(self):
         said = self.import_text(card("Good") + "BEGIN:VCARD\r\nVERSION:3.0\r\nN:Cut\r\n" + card("Fine"), code=3)
-        self.assertIn("imported 2 addresses, 0 to-dos, 1 skipped", said)
+        self.assertIn("imported 2, updated 0, unchanged 0, skipped 1", said)
         self.assertRegex(self.errors, rf"^{self.folder}/a.vcf:5: .+\n$")
+
+    def test_what_the_store_holds_is_not_added_again(self):
+        text = card("Lee", "Ann", "UID:urn:uuid:A-1\r\nREV:20200101\r\n") + card("Nobody")
+        self.import_text(text)
+        self.assertIn("imported 1, updated 0, unchanged 1, skipped 0", self.import_text(text.replace("urn:uuid:A", "a")))
+        newer = text.replace("Ann", "Anna").replace("2020", "2021")
+        self.assertIn("imported 1, updated 1, unchanged 0, skipped 0", self.import_text(newer))
+        self.assertIn("imported 1, updated 0, unchanged 0, skipped 1", self.import_text(text, code=3))
+        self.assertEqual(self.errors, f"{self.folder}/a.vcf:1: Anna Lee is newer here and stays as it is\n")
+        self.orvo("edit 1 --private yes")
+        self.import_text(newer, code=3)
+        self.assertNotIn("Anna", self.errors)
+        self.assertIn("imported 2, updated 0, unchanged 0, skipped 0", self.orvo("import --as-new", self.folder / "a.vcf"))
 
     def test_a_folder_is_taken_in_by_name_and_all_that_is_no_card_is_told(self):
         for name in ("b", "b/deep", "c"):
@@ -442,7 +455,7 @@ class OrvoTest(CommandTest):
         command = (f"exec '{self.program.program}' --store '{self.store}' import "
                    "<(printf 'BEGIN:VCARD\\nFN:Lee\\nEND:VCARD\\n')")
         done = subprocess.run(["bash", "-c", command], capture_output=True, timeout=120)
-        self.assertEqual((done.returncode, done.stdout), (0, b"imported 1 addresses, 0 to-dos, 0 skipped\n"), done.stderr)
+        self.assertEqual((done.returncode, done.stdout), (0, b"imported 1, updated 0, unchanged 0, skipped 0\n"), done.stderr)
 
     def test_nothing_found_is_told_by_exit_code_1(self):
         existing = self.file("keep.vcf", card("Keep"))

@@ -35,7 +35,7 @@ constexpr Row kRows[] = {
      nullptr,
      "REV:20300101\nUID:urn:uuid:a-1\nNOTE:a,\n  "
      "b\nx.X-ABLabel:Boat\nx.tel;type=voice;type=work:1\nN:Lee;Ann",
-     kUnchanged, "name: Lee | first: Ann | phone1 (Boat): 1 | note: a, b"},
+     kUnchanged, "name: Lee | first: Ann | phone1 (Work): 1 | note: a, b"},
     {"a later REV updates", "UID:1\nN:Lee\nREV:20200101", nullptr,
      "UID:1\nN:Li\nREV:2020-01-02T00:00:00Z", kUpdated, "name: Li"},
     {"an earlier one leaves", "UID:1\nN:Lee\nREV:20200101", nullptr, "UID:1\nN:Li\nREV:20190101",

@@ -1,6 +1,7 @@
 // Import into the store, and what becomes of entries that it holds twice.
 // SPDX-License-Identifier: MIT
 #include <QFileInfo>
+#include <QLocale>
 #include <QMessageBox>
 #include <QPushButton>
 #include <utility>
@@ -19,6 +20,19 @@ namespace {
 
 std::int64_t SizeOf(std::size_t count) {
     return static_cast<std::int64_t>(count);
+}
+
+// What was there already is told of where there is any.
+QString ToldOf(const ImportResult& result) {
+    QString told = Text("Imported: %1, %2.")
+                       .arg(CountText("%1 address", "%1 addresses", SizeOf(result.addresses)),
+                            CountText("%1 to-do", "%1 to-dos", SizeOf(result.toDos)));
+    if (result.updated + result.unchanged == 0) return told;
+    const QLocale locale;
+    return told + ' ' +
+           Text("Already there: %1 updated, %2 unchanged.")
+               .arg(locale.toString(SizeOf(result.updated)),
+                    locale.toString(SizeOf(result.unchanged)));
 }
 
 }  // namespace
@@ -100,9 +114,7 @@ void ImportCommands::ShowImported(const ImportResult& result) {
         return;
     }
     m_context.Refresh();
-    const QString told = Text("Imported: %1, %2.")
-                             .arg(CountText("%1 address", "%1 addresses", SizeOf(result.addresses)),
-                                  CountText("%1 to-do", "%1 to-dos", SizeOf(result.toDos)));
+    const QString told = ToldOf(result);
     m_context.Say(told);
     if (result.skipped.empty()) return;
     for (const SkippedLine& entry : result.skipped) PrintProblem(TextOf(entry));

@@ -22,10 +22,14 @@ std::string TextOf(const SkippedLine& skipped);
 
 // Nothing was imported where it failed or was cancelled.
 struct ImportResult {
+    // Those that were added, or have come back from the trash.
     std::size_t addresses = 0;
     std::size_t toDos = 0;
-    // The ids of the first and the last address; all between them were imported, too. Both 0 where
-    // there is none.
+    // What the store held already: brought up to date, or equal.
+    std::size_t updated = 0;
+    std::size_t unchanged = 0;
+    // The ids of the first and the last address that was added; all between them were, too. Both 0
+    // where there is none.
     std::int64_t firstAddress = 0;
     std::int64_t lastAddress = 0;
     std::vector<SkippedLine> skipped;

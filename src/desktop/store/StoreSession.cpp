@@ -94,6 +94,8 @@ void StoreSession::ImportAll(const std::vector<std::string>& files, const FilePr
         const ImportReport report = ImportFile(files[i], m_addresses, m_toDos, tell);
         result.addresses += report.addresses;
         result.toDos += report.toDos;
+        result.updated += report.updated;
+        result.unchanged += report.unchanged;
         if (result.firstAddress == 0) result.firstAddress = report.firstAddress;
         if (report.lastAddress != 0) result.lastAddress = report.lastAddress;
         for (const SkippedEntry& entry : report.skipped) {

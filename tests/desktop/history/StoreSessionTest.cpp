@@ -42,6 +42,29 @@ TEST_F(StoreSessionTest, AnImportIsTakenBackAndDoneAgainWithItsCategories) {
     EXPECT_GT(Categories(), categories);
 }
 
+TEST_F(StoreSessionTest, AnImportThatUpdatesAndBringsBackIsOneStep) {
+    const auto file = [&](std::string_view year) {
+        return folder.File("a.vcf",
+                           fmt::format("BEGIN:VCARD\nUID:1\nN:Lee\nREV:{0}0101\nEND:VCARD\n"
+                                       "BEGIN:VCARD\nUID:2\nN:Li\nREV:{0}0101\nNOTE:{0}\n"
+                                       "END:VCARD\n",
+                                       year));
+    };
+    session->Import({file("2020")});
+    CAddressRecord record(session->Addresses());
+    ASSERT_EQ(session->Addresses().Find(1, record), 0);
+    ASSERT_EQ(session->Addresses().Delete(record), 0);
+    const StoreContent before = ContentOf(engine);
+
+    const ImportResult result = session->Import({file("2021")});
+
+    EXPECT_EQ(result.addresses, 1u);
+    EXPECT_EQ(result.updated, 1u);
+    EXPECT_EQ(session->Addresses().GetCount(), 2);
+    EXPECT_EQ(session->Undo(), "");
+    EXPECT_EQ(ContentOf(engine), before);
+}
+
 TEST_F(StoreSessionTest, AnImportOfWhichAFileFailsIsNoStep) {
     const StoreContent before = ContentOf(engine);
 
