@@ -35,7 +35,9 @@ void AddFindCommand(CLI::App& app, Invocation& invocation);        // find
 void AddTodosCommand(CLI::App& app, Invocation& invocation);       // todos
 void AddTodoCommands(CLI::App& app, Invocation& invocation);       // todo
 void AddTextsCommands(CLI::App& app, Invocation& invocation);      // categories, labels
-void AddRecordCommands(CLI::App& app, Invocation& invocation);     // show, add, edit, delete
+void AddShowCommand(CLI::App& app, Invocation& invocation);        // show
+void AddRecordCommands(CLI::App& app, Invocation& invocation);     // add, edit, delete
+void AddChangesCommand(CLI::App& app, Invocation& invocation);     // changes
 void AddOptionsCommands(CLI::App& app, Invocation& invocation);    // options
 void AddMailCommand(CLI::App& app, Invocation& invocation);        // mail
 void AddWhoCommand(CLI::App& app, Invocation& invocation);         // who

@@ -5,6 +5,7 @@
 #include <fmt/format.h>
 
 #include <cli/AddressFields.h>
+#include <cli/IdentityView.h>
 #include <cli/ListColumns.h>
 #include <cli/ListedAddresses.h>
 #include <orvoshare/resources/StringTable.h>
@@ -59,6 +60,7 @@ Json AddressAsJson(AddressView& view, bool showsIcons, int row) {
     json["formatted"] = FormattedName(record);
     json["category"] = StoredCategoryName(record.GetTable(), record);
     json["private"] = record.IsPrivate() != 0;
+    AddIdentity(record, json);
     if (showsIcons) {
         json["icon"] = IconName(view.List(), row);
         json["label"] = ToUtf8(view.List().GetItemText(row, 0));

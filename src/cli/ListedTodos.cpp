@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <cli/AddressFields.h>
+#include <cli/IdentityView.h>
 #include <cli/ListColumns.h>
 #include <cli/ListedTodos.h>
 #include <contracts/Dates.h>
@@ -11,15 +12,11 @@
 #include <platform/time/CTime.h>
 
 namespace orvo::cli {
-namespace {
-
-Json DueAsJson(long due) {
-    if (due == kMaxDate) return nullptr;
-    const CTime day(due);
+Json DayAsJson(long date) {
+    if (date == kMaxDate) return nullptr;
+    const CTime day(date);
     return fmt::format("{:04}-{:02}-{:02}", day.GetYear(), day.GetMonth(), day.GetDay());
 }
-
-}  // namespace
 
 Json TodoAsJson(TodoView& view, int row) {
     CTodoListbox& list = view.List();
@@ -37,11 +34,12 @@ Json TodoAsJson(TodoView& view, int row) {
     const bool isCompleted = record.IsCompleted() != 0;
     json["description"] = std::string(record.DescriptionUtf8());
     json["priority"] = priority;
-    json["due"] = DueAsJson(due);
+    json["due"] = DayAsJson(due);
     json["overdue"] = due != kMaxDate && !isCompleted && IsDueYesterdayOrEarlier(due) != 0;
     json["completed"] = isCompleted;
     json["category"] = StoredCategoryName(record.GetTable(), record);
     json["private"] = record.IsPrivate() != 0;
+    AddIdentity(record, json);
     json["cells"] = Json::object();
     for (const int id : list.GetShownColumns()) {
         const TodoCell cell = list.GetCell(&record, id, false);

@@ -10,6 +10,9 @@
 
 namespace orvo::cli {
 
+// A record's date as "2026-12-24"; null for none.
+Json DayAsJson(long date);
+
 // One row as an object, or as cells under the headings of its list (TableHeadings). Of a masked row
 // both tell nothing but that it is there.
 Json TodoAsJson(TodoView& view, int row);

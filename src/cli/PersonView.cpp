@@ -15,7 +15,7 @@ struct CardText {
     const char* title;
     const std::string& (*of)(const Person& person);
 };
-constexpr std::array<CardText, 7> kCardTexts{{
+constexpr std::array<CardText, 6> kCardTexts{{
     {"prefix", "Prefix", [](const Person& p) -> const std::string& { return p.name.prefix; }},
     {"middle", "Middle name", [](const Person& p) -> const std::string& { return p.name.middle; }},
     {"suffix", "Suffix", [](const Person& p) -> const std::string& { return p.name.suffix; }},
@@ -23,7 +23,6 @@ constexpr std::array<CardText, 7> kCardTexts{{
     {"department", "Department",
      [](const Person& p) -> const std::string& { return p.work.department; }},
     {"role", "Role", [](const Person& p) -> const std::string& { return p.work.role; }},
-    {"uid", "UID", [](const Person& p) -> const std::string& { return p.uid; }},
 }};
 
 std::string PhotoText(const PersonPhoto& photo) {
@@ -87,6 +86,7 @@ void PrintPerson(const Person& person) {
 Json PersonAsJson(const Person& person) {
     Json json;
     for (const CardText& text : kCardTexts) json[text.key] = text.of(person);
+    json["uid"] = person.uid;
     json["group"] = person.isGroup;
     if (person.photo) {
         json["photo"] = {{"type", person.photo->mediaType}, {"bytes", person.photo->bytes.size()}};

@@ -13,11 +13,11 @@ namespace orvo::cli {
 // empty text.
 void PrintField(const std::string& title, std::string text);
 
-// All that no field of the record shows.
+// All that no field of the record shows, but for its UID, which is that of the record.
 void PrintPerson(const Person& person);
 
-// The same and what the fields show: the parts of the name, "department", "role", "photo", and an
-// object for each detail under "details".
+// The same and what the fields show: the parts of the name, "department", "role", "uid", "photo",
+// and an object for each detail under "details".
 Json PersonAsJson(const Person& person);
 
 }  // namespace orvo::cli

@@ -1,4 +1,4 @@
-// show, add, edit and delete.
+// add, edit and delete.
 // SPDX-License-Identifier: MIT
 #include <map>
 #include <memory>
@@ -9,11 +9,7 @@
 #include <CLI/CLI.hpp>
 #include <cli/AddressFields.h>
 #include <cli/Commands.h>
-#include <cli/GroupView.h>
 #include <cli/Output.h>
-#include <cli/PersonView.h>
-#include <orvoshare/resources/StringTable.h>
-#include <people/PersonReader.h>
 
 namespace orvo::cli {
 namespace {
@@ -54,119 +50,6 @@ void Apply(Store& store, CAddressRecord& record, const Changes& changes) {
     }
     if (changes.isPrivate) store.Check(record.SetPrivate(*changes.isPrivate));
     if (changes.isArchived) store.Check(record.SetArchived(*changes.isArchived));
-}
-
-std::unique_ptr<CAddressRecord> FindAddress(Store& store, std::int64_t id) {
-    auto record = std::make_unique<CAddressRecord>(store.Addresses(), 1);
-    const long status = store.Addresses().Find(id, *record);
-    if (status == static_cast<long>(StoreStatus::Gone) || (status == 0 && record->IsDeleted())) {
-        throw CommandError(kNothingFound, fmt::format("there is no address with the id {}", id));
-    }
-    store.Check(status);
-    return record;
-}
-
-// What only the card says that the record came from doesn't keep the rest from being shown either.
-Person PersonOf(Store& store, const CAddressRecord& record, ExitCode& code) {
-    std::string loss;
-    Person person = ReadPerson(record, store.Addresses(), loss);
-    if (!loss.empty()) {
-        PrintError(loss);
-        code = kSomeSkipped;
-    }
-    if (person.isGroup) NameMembers(store, person);
-    return person;
-}
-
-// A note that can't be read doesn't keep the rest from being shown.
-std::string NoteOf(Store& store, const CAddressRecord& record, ExitCode& code) {
-    std::string note;
-    if (record.GetNoteUtf8(note) != 0) {
-        PrintError(fmt::format("{}: the note of address {} can't be read",
-                               store.Engine().LastError(), record.GetId()));
-        code = kSomeSkipped;
-    }
-    return note;
-}
-
-Json AsJson(Store& store, const CAddressRecord& record, ExitCode& code) {
-    Json json{{"id", record.GetId()}};
-    for (const FieldName& field : kFieldNames)
-        json[field.key] = std::string(record.Utf8(field.field));
-    json["phones"] = Json::array();
-    for (long slot = 1; slot <= kPhoneSlots; ++slot) {
-        const std::string text(record.Utf8(PhoneField(slot)));
-        if (text.empty()) continue;
-        long label = 0;
-        record.GetPhoneLabelID(slot, label);
-        json["phones"].push_back({{"slot", slot},
-                                  {"labelId", label},
-                                  {"label", store.Addresses().StoredPhoneLabel(label)},
-                                  {"text", text}});
-    }
-    long displayPhone = 1;
-    record.GetDisplayPhone(displayPhone);
-    json["displayPhone"] = displayPhone;
-    json["custom"] = Json::array();
-    for (int number = 1; number <= kCustomFields; ++number) {
-        json["custom"].push_back(std::string(record.Utf8(CustomField(number))));
-    }
-    json["note"] = NoteOf(store, record, code);
-    json["category"] = StoredCategoryName(store.Addresses(), record);
-    json["private"] = record.IsPrivate() != 0;
-    json["archived"] = record.IsArchived() != 0;
-    return json;
-}
-
-void PrintAsText(Store& store, const CAddressRecord& record, ExitCode& code) {
-    const Json json = AsJson(store, record, code);
-    PrintField("ID", fmt::format("{}", record.GetId()));
-    for (const FieldName& field : kFieldNames) PrintField(field.title, json[field.key]);
-    for (const Json& phone : json["phones"]) {
-        const bool display = phone["slot"] == json["displayPhone"];
-        PrintField(ToUtf8(store.Addresses().GetPhoneLabel(phone["labelId"])),
-                   phone["text"].get<std::string>() + (display ? "  (shown in lists)" : ""));
-    }
-    for (int number = 1; number <= kCustomFields; ++number) {
-        PrintField(ToUtf8(store.Addresses().GetCustomLabel(number)), json["custom"][number - 1]);
-    }
-    PrintField("Note", json["note"]);
-    PrintField("Category", CategoryName(store.Addresses(), record));
-    PrintPerson(PersonOf(store, record, code));
-    if (record.IsPrivate()) PrintField("Private", "yes");
-    if (record.IsArchived()) PrintField("Archived", "yes");
-}
-
-void PrintMasked(const CAddressRecord& record, bool json) {
-    if (json) {
-        PrintJson({{"id", record.GetId()}, {"private", true}, {"masked", true}});
-    } else {
-        PrintField("ID", fmt::format("{}", record.GetId()));
-        PrintLine(ModuleText(kStringPrivate));
-    }
-}
-
-int Show(Store& store, std::int64_t id, bool withGroups, bool json) {
-    const auto record = FindAddress(store, id);
-    const Told told = store.Guard().Disclosed().Of(WayOut::View, *record);
-    if (told == Told::Nothing) {
-        PrintWarning(fmt::format("address {} is private and hidden: --show-private shows it", id));
-        return kSomeSkipped;
-    }
-    ExitCode code = kDone;
-    if (told == Told::Masked) {
-        PrintMasked(*record, json);
-    } else if (json) {
-        Json all = AsJson(store, *record, code);
-        all["person"] = PersonAsJson(PersonOf(store, *record, code));
-        if (withGroups) all["groups"] = GroupsOf(store, id);
-        PrintJson(all);
-    } else {
-        PrintAsText(store, *record, code);
-        const Json groups = withGroups ? GroupsOf(store, id) : Json::array();
-        for (const Json& group : groups) PrintField("Group", group["name"]);
-    }
-    return code;
 }
 
 int Tell(const char* verb, std::int64_t id, bool json) {
@@ -254,14 +137,6 @@ void AddRecordCommands(CLI::App& app, Invocation& invocation) {
         return command;
     };
 
-    CLI::App* show = addIdCommand("show", "Show one address with all that is known of it");
-    auto withGroups = std::make_shared<bool>(false);
-    show->add_flag("--groups", *withGroups, "Also the groups that it is in; reads all addresses");
-    show->callback([id, withGroups, &invocation] {
-        invocation.command = [id, withGroups, &invocation](Store& store) {
-            return Show(store, *id, *withGroups, invocation.json);
-        };
-    });
     CLI::App* add = app.add_subcommand("add", "Add an address");
     AddFieldOptions(*add, *changes);
     add->callback([changes, &invocation] {

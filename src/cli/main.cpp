@@ -95,7 +95,9 @@ int Run(int count, char** arguments) {
     AddTodosCommand(app, invocation);
     AddTodoCommands(app, invocation);
     AddTextsCommands(app, invocation);
+    AddShowCommand(app, invocation);
     AddRecordCommands(app, invocation);
+    AddChangesCommand(app, invocation);
     AddOptionsCommands(app, invocation);
     AddMailCommand(app, invocation);
     AddWhoCommand(app, invocation);

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <array>
-#include <random>
 
 #include <fmt/format.h>
 
@@ -11,10 +10,12 @@
 #include <exchange/lines/EntryReader.h>
 #include <exchange/lines/ExchangeError.h>
 #include <exchange/lines/Origin.h>
+#include <exchange/lines/Stamps.h>
 #include <people/DetailWriter.h>
 #include <people/PersonEdits.h>
 #include <people/PersonReader.h>
 #include <people/PersonTexts.h>
+#include <platform/time/CTime.h>
 
 namespace orvo {
 namespace {
@@ -90,10 +91,15 @@ public:
         Read();
         if (m_status != 0) return m_status;
         uid = ReadPerson(m_source, m_origin.charset).uid;
-        isNew = uid.empty();
-        if (!isNew) return 0;
-        uid = FreshUid();
-        Change([&](const OpenCard&, LineEdits& edits) { edits.Add("UID").value = uid; });
+        isNew = m_isChanged || uid.empty();
+        if (!uid.empty()) return 0;
+        RowIdentity identity;
+        if (m_record.GetId() != 0) Check(m_record.GetIdentity(identity));
+        if (identity.uid.empty()) identity.uid = NewUid();
+        Change([&](const OpenCard& card, LineEdits& edits) {
+            uid = FormatUid(identity.uid, card.dialect);
+            edits.Add("UID").value = Escape(uid, card.dialect);
+        });
         return m_status;
     }
 
@@ -145,6 +151,7 @@ private:
     void Keep(std::string text) {
         m_source = std::move(text);
         m_origin.isEdited = true;
+        m_isChanged = true;
         if (m_status == 0) Check(m_record.SetSource(m_source, FormatOrigin(m_origin)));
     }
 
@@ -156,6 +163,7 @@ private:
         LineEdits edits(card.Lines(), card.dialect, m_origin.charset);
         edit(card, edits);
         if (edits.IsEmpty() || m_status != 0) return;
+        SetStamp(edits, card.Lines(), "REV", CTime::GetCurrentMilliseconds());
         std::string text = edits.Text();
         m_origin.charset.clear();  // the lines are UTF-8 from now on
         const OpenCard after(text, {});
@@ -250,23 +258,12 @@ private:
         }
     }
 
-    // A random one (RFC 4122, 4.4) in the form that all versions allow.
-    static std::string FreshUid() {
-        std::random_device random;
-        std::array<unsigned, 4> words{};
-        for (unsigned& word : words) word = random();
-        words[1] = (words[1] & 0xFFFF0FFFu) | 0x4000u;
-        words[2] = (words[2] & 0x3FFFFFFFu) | 0x80000000u;
-        return fmt::format("urn:uuid:{:08x}-{:04x}-{:04x}-{:04x}-{:04x}{:08x}", words[0],
-                           words[1] >> 16, words[1] & 0xFFFF, words[2] >> 16, words[2] & 0xFFFF,
-                           words[3]);
-    }
-
     CAddressRecord& m_record;
     CAddressTable& m_table;
     PhoneLabels m_labels;
     std::string m_source;
     Origin m_origin;
+    bool m_isChanged = false;
     long m_status = 0;
 };
 

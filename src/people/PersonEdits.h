@@ -45,7 +45,7 @@ long ReadKeptPerson(const CAddressRecord& record, Person& person);
 // Returns:  0, or why not as a StoreStatus.
 long EditPerson(CAddressRecord& record, CAddressTable& table, const PersonEdits& edits);
 
-// The UID of the record's card, which gets a fresh one where it has none.
+// The UID of the record's card, which gets that of the record where it has none.
 // Returns:  0, or why not as a StoreStatus; `isNew` tells that the record is to be stored.
 long TakeUid(CAddressRecord& record, CAddressTable& table, std::string& uid, bool& isNew);
 

@@ -9,6 +9,7 @@
 #include <exchange/calendar/ToDoWriter.h>
 #include <exchange/lines/ExchangeError.h>
 #include <exchange/lines/LossText.h>
+#include <exchange/lines/Stamps.h>
 #include <platform/time/CTime.h>
 
 namespace orvo {
@@ -23,21 +24,29 @@ bool HasUid(std::string_view lines) {
     return false;
 }
 
+// One that isn't stored is of now.
+RowIdentity IdentityOf(const CToDoRecord& record) {
+    RowIdentity identity;
+    if (record.GetId() != 0) record.GetIdentity(identity);
+    const std::int64_t now = CTime::GetCurrentMilliseconds();
+    if (identity.created == 0) identity.created = now;
+    if (identity.modified == 0) identity.modified = now;
+    return identity;
+}
+
 // The lines that a fresh to-do begins with, those of another format that it keeps among them.
-std::string FreshToDo(const CToDoRecord& record, const ToDoSource* other, std::string_view charset,
-                      Dialect dialect, CalendarClock& clock) {
+std::string FreshToDo(const RowIdentity& identity, const ToDoSource* other,
+                      std::string_view charset, Dialect dialect, CalendarClock& clock) {
     const std::string kept = other ? ConvertLines(*other, charset, dialect, clock) : std::string();
     std::string text = "BEGIN:VTODO\r\n";
-    RowIdentity identity;
     if (!HasUid(kept)) {
-        record.GetIdentity(identity);
         const std::string uid = identity.uid.empty() ? NewUid() : identity.uid;
         text += FormatLine("UID", Escape(uid, dialect), dialect, "\r\n");
     }
-    if (dialect == Dialect::Calendar20) {
-        const std::string now =
-            clock.Format(CTime::GetCurrentTime().GetTime(), {0, CalendarDate::Form::Utc, {}});
-        text += FormatLine("DTSTAMP", now, dialect, "\r\n");
+    if (!other) {
+        const bool isNew = dialect == Dialect::Calendar20;
+        text += FormatLine(isNew ? "CREATED" : "DCREATED", FormatStamp(identity.created), dialect,
+                           "\r\n");
     }
     return text + kept + "END:VTODO\r\n";
 }
@@ -76,10 +85,11 @@ ToDoWriter::Written ToDoWriter::Write(const CToDoRecord& record, std::string* lo
     ToDoSource source;
     const bool hasSource = ReadToDoSource(parts, reader, source);
     const bool isFresh = !hasSource || source.dialect != m_dialect;
+    const RowIdentity identity = IdentityOf(record);
     std::optional<Origin> origin = ParseOrigin(originText);
     std::string charset = origin ? origin->charset : std::string();
     const std::string freshText =
-        isFresh ? FreshToDo(record, hasSource ? &source : nullptr, charset, m_dialect, m_clock)
+        isFresh ? FreshToDo(identity, hasSource ? &source : nullptr, charset, m_dialect, m_clock)
                 : "";
     EntryReader freshReader(freshText);
     Written written;
@@ -95,6 +105,11 @@ ToDoWriter::Written ToDoWriter::Write(const CToDoRecord& record, std::string* lo
     if (!origin) origin = OriginHere(was);
     LineEdits edits(source.toDo.lines, m_dialect, charset);
     ToDoEdits(was, *origin, now, m_dialect, edits).Run(m_clock, m_categories);
+    if (isFresh || !edits.IsEmpty()) {
+        const bool isNew = m_dialect == Dialect::Calendar20;
+        if (isNew) SetStamp(edits, source.toDo.lines, "DTSTAMP", identity.modified);
+        SetStamp(edits, source.toDo.lines, "LAST-MODIFIED", identity.modified);
+    }
     written.toDo = edits.IsEmpty() ? std::string(source.toDo.source) : edits.Text();
     return written;
 }

@@ -30,7 +30,8 @@ public:
         std::string toDo;
     };
 
-    // The VTODO that the record was imported from, with the lines of edited fields written anew; a
+    // The VTODO that the record was imported from, with the lines of edited fields written anew and
+    // the stamps that tell when; a
     // fresh one, which keeps the other one's lines as far as both formats have them, where the
     // record came in another format or wasn't imported, with the record's uid. Where the store
     // can't read the record's note and what it was imported from, the to-do goes without them and

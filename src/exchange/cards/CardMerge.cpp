@@ -13,7 +13,9 @@
 #include <exchange/lines/EntryReader.h>
 #include <exchange/lines/LineEdits.h>
 #include <exchange/lines/Origin.h>
+#include <exchange/lines/Stamps.h>
 #include <platform/text/Utf8.h>
+#include <platform/time/CTime.h>
 
 namespace orvo {
 namespace {
@@ -143,7 +145,10 @@ public:
     }
 
     bool IsChanged() const { return !m_edits.IsEmpty(); }
-    std::string Text() { return m_edits.Text(); }
+    std::string Text() {
+        SetStamp(m_edits, m_kept.lines, "REV", CTime::GetCurrentMilliseconds());
+        return m_edits.Text();
+    }
 
 private:
     static std::string Upper(std::string_view text) {

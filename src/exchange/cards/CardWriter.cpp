@@ -5,6 +5,7 @@
 #include <exchange/lines/EntryReader.h>
 #include <exchange/lines/ExchangeError.h>
 #include <exchange/lines/LossText.h>
+#include <exchange/lines/Stamps.h>
 
 namespace orvo {
 namespace {
@@ -49,7 +50,13 @@ std::string CardWriter::Write(const CAddressRecord& record, std::string* loss) {
     DeriveFields(entry.lines, dialect, charset, was);
     if (!origin) origin = OriginHere(was);
     LineEdits edits(entry.lines, dialect, charset);
+    RowIdentity identity;
+    const bool isStored = record.GetId() != 0 && record.GetIdentity(identity) == 0;
+    if (!hasCard && !identity.uid.empty()) {
+        edits.Add("UID").value = Escape(FormatUid(identity.uid, dialect), dialect);
+    }
     CardEdits(was, *origin, now, dialect, !hasCard, edits).Run(m_labels, m_categories);
+    if (isStored && !edits.IsEmpty()) SetStamp(edits, entry.lines, "REV", identity.modified);
     return edits.IsEmpty() ? std::string(entry.source) : edits.Text();
 }
 
