@@ -14,6 +14,7 @@ namespace orvo::cli {
 namespace {
 
 constexpr std::size_t kMostAtOnce = 1000;
+constexpr std::size_t kMostDigits = 19;  // of a revision
 constexpr std::array<const char*, 2> kTableNames{"address", "todo"};
 constexpr std::array<const char*, 6> kKindNames{"added", "changed", "trashed",
                                                 "back",  "removed", "texts"};
@@ -101,7 +102,11 @@ void AddChangesCommand(CLI::App& app, Invocation& invocation) {
         ->add_option("--since", *since,
                      "Only what has changed after that revision, such as the \"upTo\" of the last "
                      "line that was printed before (default: 0, all)")
-        ->check(CLI::NonNegativeNumber);
+        ->check([](const std::string& text) {
+            const bool isNumber = !text.empty() && text.size() < kMostDigits &&
+                                  text.find_first_not_of("0123456789") == std::string::npos;
+            return isNumber ? std::string() : "\"" + text + "\" is no revision, a number from 0 on";
+        });
     changes->callback([since, &invocation] {
         invocation.command = [since](Store& store) { return PrintChanges(store, *since); };
     });

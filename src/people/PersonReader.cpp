@@ -51,7 +51,7 @@ private:
         std::string_view name;
         void (Reader::*take)(const ContentLine& line, std::size_t number);
     };
-    static const std::array<Rule, 26> kRules;
+    static const std::array<Rule, 27> kRules;
 
     bool TakeOwn(const ContentLine& line, std::size_t number) {
         constexpr std::string_view own = "X-ORVO-";
@@ -171,7 +171,7 @@ private:
 
 // The properties that are no details: they say the name, the work and the like, or nothing of the
 // person.
-const std::array<Reader::Rule, 26> Reader::kRules{{
+const std::array<Reader::Rule, 27> Reader::kRules{{
     {"BEGIN", &Reader::Pass},
     {"END", &Reader::Pass},
     {"VERSION", &Reader::Pass},
@@ -183,6 +183,7 @@ const std::array<Reader::Rule, 26> Reader::kRules{{
     {"ROLE", &Reader::TakeRole},
     {"NOTE", &Reader::TakeNote},
     {"UID", &Reader::TakeUid},
+    {"REV", &Reader::Pass},
     {"PHOTO", &Reader::TakePhoto},
     {"KIND", &Reader::TakeKind},
     {"X-ADDRESSBOOKSERVER-KIND", &Reader::TakeKind},

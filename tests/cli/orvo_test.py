@@ -26,6 +26,13 @@ class OrvoTest(CommandTest):
         running = [self.start(command) for command in commands]
         self.assertEqual([(process.communicate()[1], process.returncode) for process in running], [("", 0)] * len(commands))
 
+    def without_identity(self, row):
+        """The row, without who it is and when it changed, once these are as promised."""
+        self.assertRegex(row.pop("uid"), r"^[0-9a-f-]{36}$")
+        for key in ("created", "modified"):
+            self.assertRegex(row.pop(key), r"^\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d\.\d{3}Z$")
+        return row
+
     def test_samples_become_a_sorted_list(self):
         self.assertIn("imported 95, updated 0, unchanged 0, skipped 0", self.orvo("import", *SAMPLES))
         formatted = self.values("formatted", "addresses")
@@ -44,7 +51,8 @@ class OrvoTest(CommandTest):
 
     def test_json_rows_have_the_promised_keys(self):
         self.import_text(card("Lee", "Ann", "ORG:Acme\r\nCATEGORIES:Friends\r\n"))
-        self.assertEqual(self.rows("addresses"), [
+        row = self.without_identity(self.rows("addresses")[0])
+        self.assertEqual([row], [
             {"row": 0, "id": 1, "name": "Lee", "first": "Ann", "company": "Acme", "nameYomi": "", "firstYomi": "",
              "companyYomi": "", "formatted": "Lee, Ann", "category": "Friends", "private": False,
              "cells": {"0": "Lee, Ann", "2": "Acme", "7": "", "3": "Friends", "5": False, "4": False}}])
@@ -167,14 +175,18 @@ class OrvoTest(CommandTest):
             "--custom4 four --note 'a note' --category Friends --private yes --address", "Street 1\nYard"), "added 1\n")
         shown = self.rows("show 1")[0]
         person = shown.pop("person")
-        self.assertEqual(shown, {
+        uid = shown["uid"]
+        self.assertEqual(self.without_identity(shown), {
             "id": 1, "name": "Łęcki", "first": "Jan", "company": "Acme", "nameYomi": "a", "firstYomi": "b",
             "companyYomi": "c", "title": "Dr.", "address": "Street 1\nYard", "city": "X", "state": "Y", "zip": "Z",
             "country": "PL", "phones": [{"slot": 2, "labelId": 3, "label": "Fax", "text": "123"}], "displayPhone": 2,
             "custom": ["", "", "", "four"], "note": "a note", "category": "Friends", "private": True, "archived": False})
         self.orvo("edit 1 --city '' --private no")
         person["details"][1]["text"] = "Street 1\nYard\nY Z\nPL"
-        self.assertEqual(self.rows("show 1"), [{**shown, "city": "", "private": False, "person": person}])
+        again = self.rows(f"show --uid {uid.upper()}")
+        self.assertEqual(self.rows("show 1"), again)
+        self.assertEqual([self.without_identity(row) for row in again],
+                         [{**shown, "city": "", "private": False, "person": person}])
         self.orvo("edit 1 --category ''")
         self.assertEqual(self.values("category", "show 1"), ["Uncategorized"])
         self.refused("edit 1 --label1 'no such label'")
@@ -212,7 +224,7 @@ class OrvoTest(CommandTest):
         self.assertEqual(self.todo("add 'Buy stamps' --priority 1 --due 2026-03-20 --category Work"), "added 1\n")
         self.todo("add 'Call Ann' --due 3/13/26 --note n --private")
         self.todo("add Dream --priority 2 --category Alpha")
-        self.assertEqual(self.rows("--now 2026-03-14T12:00 todos")[0], {
+        self.assertEqual(self.without_identity(self.rows("--now 2026-03-14T12:00 todos")[0]), {
             "row": 0, "id": 1, "description": "Buy stamps", "priority": 1, "due": "2026-03-20", "overdue": False,
             "completed": False, "category": "Work", "private": False,
             "cells": {"6": False, "1": "1", "0": "Buy stamps", "2": "3/20/26", "3": "Work", "4": False, "5": False}})
@@ -387,8 +399,10 @@ class OrvoTest(CommandTest):
             path = self.folder / f"exported.{kind}"
             self.orvo("export", path)
             self.assertEqual(self.errors, "")
-            # What came from vCalendar gets the time of its export.
-            self.assertEqual(*(re.sub(rb"DTSTAMP:\d{8}T\d{6}Z", b"", file.read_bytes())
+            # What was edited, or came from vCalendar, tells when, and it was another time then. One that came without a UID
+            # has got one since.
+            self.assertEqual(*(re.sub(rb"\n(REV|CREATED|DTSTAMP|LAST-MODIFIED):\d{8}T\d{6}Z\r?(?=\n)"
+                                      rb"|(?<=UID:)([0-9a-f-]{36}|orvo-\d+-[0-9a-f]{16})", b"", file.read_bytes())
                                for file in (path, STORES / f"version-1.{kind}")))
 
     def test_a_kill_during_an_import_leaves_all_or_none(self):

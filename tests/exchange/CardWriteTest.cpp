@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 
 #include <exchange/lines/ContentLine.h>
+#include <support/Stamps.h>
 
 #include "exchange/Tables.h"
 
@@ -43,7 +44,9 @@ EditedCard EditCard(const std::string& card, const Edit& edit, bool readsTheSame
     Tables tables(card);
     const auto record = tables.Address();
     edit(*record);
-    const std::string written = tables.Export(*record);
+    const std::string exported = tables.Export(*record);
+    EXPECT_EQ(exported.find("\nREV:") == exported.npos, card.starts_with(exported));
+    const std::string written = WithoutStamps(exported);
     if (readsTheSame) {
         EXPECT_THAT(DescribeAll(written), ElementsAre(Describe(*record)));
     }

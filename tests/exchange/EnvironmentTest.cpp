@@ -8,6 +8,7 @@
 #include <exchange/lines/Origin.h>
 #include <platform/time/TimeZone.h>
 #include <support/LocaleInForce.h>
+#include <support/Stamps.h>
 
 #include "exchange/Tables.h"
 
@@ -75,7 +76,7 @@ private:
             if (edit) edit(*record);
             text += write(table, *record);
         }
-        return text;
+        return edit ? WithoutStamps(text) : text;
     }
 
     MemoryEngine m_engine;
@@ -196,7 +197,7 @@ TEST(Environment, ACardOfALegacySetIsWrittenAsUtf8OnceAnythingIsEdited) {
 TEST(Origin, ComesBackFromItsText) {
     const CivilTime due{2026, 3, 1, 21, 0, 0};
     const CivilTime completed{1970, 1, 1, 0, 0, 1};
-    const Origin full{"Shift_JIS", 3, 1, {0, 1, 7, 7, 255}, 5, due, completed};
+    const Origin full{"Shift_JIS", 3, 1, {0, 1, 7, 7, 255}, 5, due, completed, true};
 
     EXPECT_EQ(ParseOrigin(FormatOrigin(full)), full);
     EXPECT_EQ(ParseOrigin(FormatOrigin({})), Origin());
