@@ -65,10 +65,6 @@ public:
     // Fails:    where they can't be read.
     long RefreshTexts();
 
-    // True, once, after another process or engine has changed the store. Categories and labels have
-    // been read again then, unless they couldn't be read at first.
-    bool TakeForeignChange();
-
     // Why some categories and labels couldn't be read when the table was made, in one line; those
     // of a new store stand for them. Empty where all were read.
     const std::string& TextsFailure() const { return m_textsFailure; }
@@ -96,7 +92,6 @@ protected:
     CCategoryMgr m_categories;
     Listener m_listener;
     FailureListener m_failed;
-    std::int64_t m_foreignVersion;
     std::string m_textsFailure;
     bool m_isMade = false;
 

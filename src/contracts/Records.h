@@ -95,6 +95,10 @@ public:
 
     CBaseTable& GetTable() const { return m_table; }
 
+    // Becomes the copy that the other one is, without reading the store.
+    // Requires: the other one was read from the same table; it isn't used any more.
+    void TakeOver(CBaseRecord& other);
+
 protected:
     CBaseRecord(CBaseTable& table, TableKind kind);
 

@@ -125,6 +125,30 @@ TEST_F(ListPeerContract, ANewOrderKeepsSelectionFocusAndAnchorWithTheirRows) {
     EXPECT_EQ(list->Anchor(), 9);
 }
 
+TEST_F(ListPeerContract, AnExchangeKeepsWhatIsInViewAndSelectionAndFocusWithTheirRows) {
+    Append(110, 200);
+    list->Select(20, 21, true);
+    list->SetFocusRow(21);
+    list->EnsureVisible(60, false);
+    const DWORD first = list->Data(list->TopRow());
+
+    list->ExchangeRows({3, 4, 21}, {{0, -1, {7}}, {0, 4}, {80, 21}, {100, -1, {8}}});
+
+    EXPECT_EQ(list->RowCount(), 101);
+    const DWORD begin[] = {7, 104, 100, 101, 102, 105};
+    for (int row = 0; row < 6; ++row) EXPECT_EQ(list->Data(row), begin[row]) << row;
+    EXPECT_EQ(list->FindData(121, -1), list->FindData(180, -1) - 1);
+    EXPECT_EQ(list->Data(100), 8U);
+    EXPECT_THAT(SelectedData(), ElementsAre(120, 121));
+    EXPECT_EQ(list->Data(list->FocusRow()), 121U);
+    EXPECT_EQ(list->Data(list->TopRow()), first);
+
+    list->ExchangeRows({0, 1, list->FocusRow()}, {});
+    EXPECT_EQ(list->RowCount(), 98);
+    EXPECT_EQ(list->Data(list->FocusRow()), 180U);
+    EXPECT_EQ(list->Data(list->TopRow()), first);
+}
+
 TEST_F(ListPeerContract, WhatChangesWhileDrawingIsOffIsThereAtOnceAndAfterwards) {
     Append(110, 200);
     list->EnsureVisible(60, false);

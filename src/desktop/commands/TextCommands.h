@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <string_view>
 
 #include <desktop/commands/CommandContext.h>
 #include <desktop/views/TextInPlace.h>
@@ -20,13 +21,16 @@ public:
 
     // Edits the text of the row that is selected. It is open from Open() on.
     void Begin() { m_field->Begin(); }
+    // Rows have come, gone or moved.
+    void Follow() { m_field->Follow(); }
     bool IsEditing() const { return m_field->IsOpen(); }
     // Saves what is being edited.
     // Returns:  false where that failed, and the field stays.
     bool Finish() { return !m_field || m_field->Finish(); }
 
 private:
-    bool Save(std::int64_t id, const std::string& text);
+    bool Save(std::int64_t id, const std::string& was, const std::string& text);
+    bool MayReplace(std::string_view theirs) const;
 
     CommandContext& m_context;
     std::unique_ptr<TextInPlace> m_field;

@@ -101,12 +101,18 @@ void DetailsPane::Show(const PageOfPerson& page) {
         PaintFace(painter, QRectF(picture.rect()), *page.face, photo);
     }
     picture.setDevicePixelRatio(scale);
+    const QString html = HtmlOf(page, !photo.isNull(), Quiet());
+    // What is scrolled or selected stays where nothing has changed.
+    if (html == m_html && picture == m_picture) return;
+    m_html = html;
+    m_picture = picture;
     m_browser->clear();
     m_browser->document()->addResource(QTextDocument::ImageResource, QUrl("photo"), picture);
-    m_browser->setHtml(HtmlOf(page, !photo.isNull(), Quiet()));
+    m_browser->setHtml(html);
 }
 
 void DetailsPane::Show(const QString& line) {
+    m_html.clear();
     m_browser->setHtml(HtmlOf(line, Quiet()));
 }
 

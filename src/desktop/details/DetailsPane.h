@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QDockWidget>
+#include <QImage>
 #include <QMainWindow>
 #include <QTextBrowser>
 #include <QUrl>
@@ -45,6 +46,8 @@ private:
     QDockWidget* m_dock = nullptr;      // the window's
     QTextBrowser* m_browser = nullptr;  // the dock's
     std::function<void()> m_shown;
+    QString m_html;  // of the page that is shown, and its picture
+    QImage m_picture;
     int m_width = 0;              // of the window
     bool m_isMovedBelow = false;  // for want of room, and so is the next
     bool m_isPutAway = false;

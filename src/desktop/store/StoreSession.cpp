@@ -35,18 +35,14 @@ std::unique_ptr<StoreSession> StoreSession::Open(const std::string& path, std::s
 
 StoreSession::StoreSession(std::unique_ptr<SqliteEngine> engine)
     : m_engine(std::move(engine)),
+      m_foreign(*m_engine),
       m_history(*m_engine),
       m_addresses(m_history.Engine()),
       m_toDos(m_history.Engine()),
       m_groups(m_addresses),
       m_days(m_addresses, NameOf) {
-    m_history.SetRowListener([this](TableKind kind, std::optional<std::int64_t> id) {
-        id ? FindTexts(kind).Forget(*id) : FindTexts(kind).Clear();
-        if (kind != TableKind::Address) return;
-        id ? m_groups.Forget(*id) : m_groups.Clear();
-        id ? m_days.Forget(*id) : m_days.Clear();
-        if (m_addressListener) m_addressListener(id);
-    });
+    m_history.SetRowListener(
+        [this](TableKind kind, std::optional<std::int64_t> id) { Forget(kind, id); });
     NoteDamage(m_addresses.TextsFailure());
     NoteDamage(m_toDos.TextsFailure());
 }
@@ -149,16 +145,33 @@ void StoreSession::NoteDamage(const std::string& damage) {
     if (!damage.empty() && !isKnown) m_damage.push_back(damage);
 }
 
-bool StoreSession::TakeForeignChange() {
-    const bool changesAddresses = m_addresses.TakeForeignChange();
-    const bool changes = m_toDos.TakeForeignChange() || changesAddresses;
-    if (changes) {
-        for (FindIndex& texts : m_findTexts) texts.Clear();
-        m_groups.Clear();
-        m_days.Clear();
-        if (m_addressListener) m_addressListener(std::nullopt);
+// The record of that id isn't as it was; without one, all of them.
+void StoreSession::Forget(TableKind kind, std::optional<std::int64_t> id) {
+    id ? FindTexts(kind).Forget(*id) : FindTexts(kind).Clear();
+    if (kind != TableKind::Address) return;
+    id ? m_groups.Forget(*id) : m_groups.Clear();
+    id ? m_days.Forget(*id) : m_days.Clear();
+    if (m_addressListener) m_addressListener(id);
+}
+
+ForeignRows StoreSession::TakeForeignChanges() {
+    ForeignRows rows;
+    std::vector<StoreChange> changes;
+    rows.isEverything = m_foreign.Take(changes) == ForeignChanges::Extent::Everything;
+    for (const StoreChange& change : changes) {
+        if (change.kind == StoreChange::Kind::Texts) {
+            rows.isEverything = true;
+            continue;
+        }
+        Forget(change.table, change.id);
+        rows.ids[static_cast<std::size_t>(change.table)].push_back(change.id);
     }
-    return changes;
+    if (rows.isEverything) {
+        static_cast<void>(Refreshed({}));
+        Forget(TableKind::Address, {});
+        Forget(TableKind::ToDo, {});
+    }
+    return rows;
 }
 
 }  // namespace orvo::desktop

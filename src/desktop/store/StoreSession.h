@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include <contracts/ForeignChanges.h>
 #include <contracts/RecordStore.h>
 #include <desktop/history/EditHistory.h>
 #include <desktop/import/ImportResult.h>
@@ -19,6 +20,17 @@
 #include <people/GroupIndex.h>
 
 namespace orvo::desktop {
+
+// What others have changed in a store.
+struct ForeignRows {
+    bool isEverything = false;  // all is to be shown anew, as where names of categories changed
+    std::array<std::vector<std::int64_t>, 2> ids{};  // of changed records, by their TableKind
+
+    const std::vector<std::int64_t>& Of(TableKind kind) const {
+        return ids[static_cast<std::size_t>(kind)];
+    }
+    bool IsNothing() const { return !isEverything && ids[0].empty() && ids[1].empty(); }
+};
 
 class StoreSession {
 public:
@@ -78,8 +90,10 @@ public:
     // True while another file, or none, lies where the store was opened.
     bool HasMoved() const { return m_engine->HasMoved(); }
 
-    // True, once, after another process has changed the store.
-    bool TakeForeignChange();
+    // What others have changed in the store since the last call; texts of the tables, and what is
+    // known here of their records, has been forgotten or read again then. Inside a transaction
+    // nothing. To be asked often.
+    ForeignRows TakeForeignChanges();
 
 private:
     explicit StoreSession(std::unique_ptr<SqliteEngine> engine);
@@ -90,8 +104,10 @@ private:
 
     std::string Refreshed(std::string result);
     void NoteDamage(const std::string& damage);
+    void Forget(TableKind kind, std::optional<std::int64_t> id);
 
     std::unique_ptr<SqliteEngine> m_engine;
+    ForeignChanges m_foreign;
     EditHistory m_history;
     std::optional<DataSetClaim> m_claim;
     CAddressTable m_addresses;

@@ -8,6 +8,7 @@
 #include <desktop/texts/Texts.h>
 #include <desktop/views/ShownAddresses.h>
 #include <host/ViewSections.h>
+#include <orvoshare/addressviews/AddrCompare.h>
 #include <orvoshare/text/ListHeading.h>
 
 namespace orvo::desktop {
@@ -137,6 +138,22 @@ int ShownAddresses::HiddenCount() {
     return CountPrivate<CAddressRecord, CAddressIterator>(Table(), [this](CAddressRecord& record) {
         return View().DV_VerifyCategoryAndPrivate(&record, Category(), 0);
     });
+}
+
+// Cards ask for nothing.
+ListRow ShownAddresses::NewRow(CBaseRecord& record) const {
+    const bool asks = m_kind != ViewKind::Cards;
+    return {reinterpret_cast<DWORD>(&record), {}, -1, asks, asks};
+}
+
+bool ShownAddresses::BelongsIn(CBaseRecord& record) {
+    auto& address = static_cast<CAddressRecord&>(record);
+    return !record.IsArchived() && View().DV_VerifyCategoryAndPrivate(
+                                       &address, Category(), Disclosure(m_options).Hides()) != 0;
+}
+
+int ShownAddresses::Compare(const CBaseRecord& left, const CBaseRecord& right) {
+    return AddrCompareFunc(reinterpret_cast<long>(&left), reinterpret_cast<long>(&right), m_order);
 }
 
 void ShownAddresses::Fill(const Disclosure& disclosure) {

@@ -67,6 +67,16 @@ protected:
     void Append(DWORD data) override { View().DV_InsertRecord(RowCount(), RecordOf(data), 0); }
     FindIndex& Texts() override { return m_session.FindTexts(TableKind::Address); }
     FindText TextOf(DWORD data) const override { return FindTextOf(*RecordOf(data)); }
+    std::unique_ptr<CBaseRecord> NewRecord() override {
+        return std::make_unique<CAddressRecord>(Table());
+    }
+    ListRow NewRow(CBaseRecord& record) const override;
+    bool BelongsIn(CBaseRecord& record) override;
+    int Compare(const CBaseRecord& left, const CBaseRecord& right) override;
+    RecordIndex& Records() override {
+        return m_kind == ViewKind::Cards ? m_cards.Records() : m_list.Records();
+    }
+    void Lose(const CBaseRecord& record) override { m_list.ForgetMenuOf(&record); }
 
 private:
     ViewKind m_kind = ViewKind::List;

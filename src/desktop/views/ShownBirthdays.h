@@ -44,6 +44,8 @@ public:
     std::optional<int> PercentRead() const override;
 
     void Refill() override;
+    // The index of days reads only these again.
+    void TakeChanges(const std::vector<std::int64_t>&) override { Refill(); }
     void Enter(bool isFilled) override;
     void Leave() override;
 

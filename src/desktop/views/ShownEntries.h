@@ -53,6 +53,9 @@ public:
 
     // Reads the records of the view that is shown again, with its selection kept.
     virtual void Refill() = 0;
+    // Reads only the records of these ids again, which somebody else may have changed, added or
+    // removed. Rows, selection, focus and what is in view are then as after a Refill.
+    virtual void TakeChanges(const std::vector<std::int64_t>& ids) = 0;
     // How often rows have been read: as long as neither this nor their count changes, they are the
     // same.
     int FillCount() const { return m_fillCount; }

@@ -9,7 +9,8 @@
 #include <platform/text/SystemText.h>
 
 namespace orvo::desktop {
-ShownFind::ShownFind(FindableRows& view, const COrvoDesktopOptions& options, Listeners listeners)
+ShownFind::ShownFind(ExchangeableRows& view, const COrvoDesktopOptions& options,
+                     Listeners listeners)
     : m_view(view), m_options(options), m_listeners(std::move(listeners)) {}
 
 ListPeer& ShownFind::Rows() {

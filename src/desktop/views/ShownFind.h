@@ -5,33 +5,12 @@
 #include <functional>
 #include <memory>
 
+#include <desktop/views/ExchangeableRows.h>
 #include <desktop/views/FoundRows.h>
 #include <orvoshare/options/DesktopOptions.h>
 #include <platform/window/base/CWnd.h>
 
 namespace orvo::desktop {
-
-// A view whose rows can be exchanged.
-class FindableRows {
-public:
-    virtual ~FindableRows() = default;
-
-    // The window of the view in use.
-    virtual CWnd& Window() = 0;
-    // The record behind the data word of a row; null where that is 0. It is the view's.
-    virtual CBaseRecord* RecordOf(DWORD data) const = 0;
-
-protected:
-    friend class ShownFind;
-
-    // The texts by which records of this kind are found, and that of a row.
-    virtual FindIndex& Texts() = 0;
-    virtual FindText TextOf(DWORD data) const = 0;
-    // Takes all rows out, and frees their records.
-    virtual void Empty() = 0;
-    // Puts a row, with its record, which is the view's then, at the end.
-    virtual void Append(DWORD data) = 0;
-};
 
 class ShownFind {
 public:
@@ -41,7 +20,7 @@ public:
     };
 
     // The view and the options outlive it.
-    ShownFind(FindableRows& view, const COrvoDesktopOptions& options, Listeners listeners);
+    ShownFind(ExchangeableRows& view, const COrvoDesktopOptions& options, Listeners listeners);
 
     // From now on only rows show that hold what is looked for; all do for an empty query. Masked
     // rows hold nothing. What is found is marked in the rows.
@@ -71,7 +50,7 @@ private:
     void Show();
     void Mark();
 
-    FindableRows& m_view;
+    ExchangeableRows& m_view;
     const COrvoDesktopOptions& m_options;
     Listeners m_listeners;
     FindQuery m_query;

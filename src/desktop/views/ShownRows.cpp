@@ -1,5 +1,6 @@
 // The entries of one kind in a list, whose rows hold their records.
 // SPDX-License-Identifier: MIT
+#include <desktop/views/RowUpdate.h>
 #include <desktop/views/ShownRows.h>
 
 namespace orvo::desktop {
@@ -30,6 +31,14 @@ void ShownRows::Refill() {
     const RowKeeper rows(Window(), IdOf());
     FillFound();
     rows.Restore(Window());
+    TellChanged();
+}
+
+// What is found, or is in a group, is chosen among all rows.
+void ShownRows::TakeChanges(const std::vector<std::int64_t>& ids) {
+    if (m_find.IsOn()) return Refill();
+    RowUpdate(*this, Table()).Run(ids);
+    CountFill();
     TellChanged();
 }
 

@@ -11,7 +11,7 @@
 
 namespace orvo::desktop {
 
-class ShownRows : public ShownEntries, public FindableRows {
+class ShownRows : public ShownEntries, public ExchangeableRows {
 public:
     ShownRows(StoreSession& session, const COrvoDesktopOptions& options,
               std::function<void()> changed);
@@ -29,6 +29,7 @@ public:
 
     bool IsEmpty() override;
     void Refill() override;
+    void TakeChanges(const std::vector<std::int64_t>& ids) override;
     void Enter(bool isFilled) override;
     void Leave() override;
 

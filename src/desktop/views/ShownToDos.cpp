@@ -84,6 +84,11 @@ int ShownToDos::HiddenCount() {
     return count;
 }
 
+int ShownToDos::Compare(const CBaseRecord& left, const CBaseRecord& right) {
+    return TodoCompareRecords(reinterpret_cast<long>(&left), reinterpret_cast<long>(&right),
+                              reinterpret_cast<long>(m_list.get()));
+}
+
 void ShownToDos::Fill(const Disclosure& disclosure) {
     m_list->ShowDueItemsOnly(m_options.GetTodoShowDueItemsOnly());
     m_list->HideCompletedItems(m_options.GetTodoShowCompleted() == 0);

@@ -55,6 +55,18 @@ protected:
     void Append(DWORD data) override { m_list->InsertRecord(RowCount(), RecordOf(data), 0); }
     FindIndex& Texts() override { return m_session.FindTexts(TableKind::ToDo); }
     FindText TextOf(DWORD data) const override { return FindTextOf(*RecordOf(data)); }
+    std::unique_ptr<CBaseRecord> NewRecord() override {
+        return std::make_unique<CToDoRecord>(Table());
+    }
+    ListRow NewRow(CBaseRecord& record) const override {
+        return {reinterpret_cast<DWORD>(&record), {}, 0};
+    }
+    bool BelongsIn(CBaseRecord& record) override {
+        return m_list->PassThruFilter(&static_cast<CToDoRecord&>(record)) != 0;
+    }
+    int Compare(const CBaseRecord& left, const CBaseRecord& right) override;
+    RecordIndex& Records() override { return m_list->Records(); }
+    void Lose(const CBaseRecord& record) override { m_list->ForgetMenuOf(&record); }
 
 private:
     eSortOrder m_order = eSortByPriorityDueDate;

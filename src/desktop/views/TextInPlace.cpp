@@ -87,13 +87,23 @@ void TextInPlace::Begin() {
     qApp->installEventFilter(this);
 }
 
+// The row that is edited is the one that is selected.
+void TextInPlace::Follow() {
+    const int row = IsOpen() ? SelectedRow() : -1;
+    if (row < 0 || ToDoOf(m_list.GetItemData(row))->GetId() != m_id) return;
+    m_list.EnsureVisible(row, 0);
+    if (const std::optional<CRect> cell = TextCell(row)) {
+        m_field->setGeometry(ToQt(*cell).intersected(m_widget.rect()));
+    }
+}
+
 bool TextInPlace::Finish() {
     if (!IsOpen() || m_isSaving) return true;
     m_isSaving = true;
     QGuiApplication::inputMethod()->commit();
     std::string text = m_whole;
     text.replace(m_begin, m_end - m_begin, m_field->text().toStdString());
-    const bool isSaved = text == m_whole || m_save(m_id, text);
+    const bool isSaved = text == m_whole || m_save(m_id, m_whole, text);
     m_isSaving = false;
     if (isSaved) {
         Close();

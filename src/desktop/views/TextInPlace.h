@@ -21,9 +21,10 @@ namespace orvo::desktop {
 // opens a field over it. Return and whatever leads elsewhere save it, Escape leaves it.
 class TextInPlace : public QObject {
 public:
-    // Puts the text, UTF-8, of the to-do of that id into the store.
+    // Puts the text, UTF-8, of the to-do of that id into the store in place of `was`.
     // Returns:  false where that failed and the user, who was told, may try again.
-    using Save = std::function<bool(std::int64_t id, const std::string& text)>;
+    using Save =
+        std::function<bool(std::int64_t id, const std::string& was, const std::string& text)>;
 
     // Both outlive it, the list with its window.
     TextInPlace(CTodoListbox& list, Save save);
@@ -31,6 +32,8 @@ public:
     // Begins with the row that is selected; nothing where there isn't exactly one, or it is masked.
     void Begin();
     bool IsOpen() const { return m_field != nullptr; }
+    // Keeps the field over its row, where that has moved.
+    void Follow();
     // Saves what is being edited.
     // Returns:  false where that failed, and the field stays open.
     bool Finish();

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include <desktop/forms/EndOfSeries.h>
+#include <desktop/forms/FormDialog.h>
 #include <desktop/reminder/Notification.h>
 #include <desktop/rescue/StoreTrouble.h>
 #include <desktop/texts/Texts.h>
@@ -23,8 +24,6 @@ namespace {
 
 constexpr QSize kFirstSize{1000, 680};
 
-// Milliseconds between two looks at what other programs did to the store.
-constexpr int kForeignInterval = 200;
 // Milliseconds until a kept form is offered again where something else is asked.
 constexpr int kOfferWait = 300;
 
@@ -44,6 +43,7 @@ DesktopWindow::DesktopWindow(StoreSession& session, COrvoDesktopOptions& options
       m_emptyPage(m_context, m_commands),
       m_kana(m_frame),
       m_details(m_context, m_commands.groups),
+      m_watch(session.Path(), [this] { LookForForeignChange(); }),
       m_reminder(session.History().Engine(), options,
                  [this](const QString& title, const QString& body) {
                      ShowNotification(*this, title, body);
@@ -58,8 +58,6 @@ DesktopWindow::DesktopWindow(StoreSession& session, COrvoDesktopOptions& options
     connect(&m_countTimer, &QTimer::timeout, this, [this] { ShowCounts(); });
     m_offerTimer.setSingleShot(true);
     connect(&m_offerTimer, &QTimer::timeout, this, [this] { OfferKeptForm(); });
-    m_foreignTimer.setInterval(kForeignInterval);
-    connect(&m_foreignTimer, &QTimer::timeout, this, [this] { LookForForeignChange(); });
     session.SetFailureListener([this](const std::string& problem) { TellProblem(problem); });
     m_commands.options.SetPrivacyListener([this] { m_menus.ShowPrivacy(); });
     m_commands.options.SetChangeListener([this] { OfferKeptForm(); });
@@ -129,7 +127,7 @@ void DesktopWindow::Listen() {
 void DesktopWindow::BeginSession() {
     m_context.SetInUse(true);
     m_day = Today();
-    m_foreignTimer.start();
+    m_watch.Start();
     m_reminder.Start();
     m_birthdayReminder.Start();
     m_offerTimer.start(0);
@@ -178,10 +176,29 @@ bool DesktopWindow::MustRowsStay() const {
            m_commands.texts.IsEditing();
 }
 
+// Windows that ask may hold records of rows until they are answered; a form holds one of its own.
+bool DesktopWindow::MayTakeRows() const {
+    const QWidget* modal = QApplication::activeModalWidget();
+    return !modal || dynamic_cast<const FormDialog*>(modal);
+}
+
+// Single rows may change behind a menu, which acts on the record that it was opened for, and below
+// a field in the list, which follows its row. All of them don't: they would be other records.
 void DesktopWindow::LookForForeignChange() {
-    if (MustRowsStay() || LooksForMovedStore()) return;
+    if (!MayTakeRows() || (!MustRowsStay() && LooksForMovedStore())) return;
+    const ForeignRows foreign = m_session.TakeForeignChanges();
     const bool isOtherDay = std::exchange(m_day, Today()) != Today();
-    if (m_session.TakeForeignChange() || isOtherDay) m_context.Refresh();
+    m_isStale = m_isStale || foreign.isEverything || isOtherDay;
+    const std::vector<std::int64_t>& ids =
+        foreign.Of(m_frame.IsShowingToDos() ? TableKind::ToDo : TableKind::Address);
+    const bool mayRefresh = !QApplication::activePopupWidget() && !m_commands.texts.IsEditing();
+    if (m_isStale && mayRefresh) {
+        m_isStale = false;
+        m_context.Refresh();
+    } else if (!m_isStale && !ids.empty()) {
+        m_frame.Entries().TakeChanges(ids);
+        m_commands.texts.Follow();
+    }
 }
 
 // What is private waits until the password is given.
@@ -220,7 +237,7 @@ void DesktopWindow::closeEvent(QCloseEvent* event) {
     if (!event->isAccepted()) return;
     if (!m_context.IsInUse()) return;
     m_context.SetInUse(false);
-    m_foreignTimer.stop();
+    m_watch.Stop();
     m_reminder.Stop();
     m_birthdayReminder.Stop();
     Save();

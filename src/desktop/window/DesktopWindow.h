@@ -10,6 +10,7 @@
 #include <desktop/commands/DesktopCommands.h>
 #include <desktop/reminder/BirthdayReminder.h>
 #include <desktop/reminder/Reminder.h>
+#include <desktop/store/StoreWatch.h>
 #include <desktop/views/ViewFrame.h>
 #include <desktop/window/ContextMenu.h>
 #include <desktop/window/EmptyPage.h>
@@ -64,6 +65,7 @@ private:
     void ShowChange();
     void ShowCounts();
     bool MustRowsStay() const;
+    bool MayTakeRows() const;
     bool LooksForMovedStore();
     void LookForForeignChange();
     void OfferKeptForm();
@@ -82,14 +84,15 @@ private:
     EmptyPage m_emptyPage;
     KanaPane m_kana;
     ShownDetails m_details;
-    QTimer m_countTimer;    // runs while the counts are out of date
-    QTimer m_foreignTimer;  // runs in a session
-    QTimer m_offerTimer;    // runs until a kept form can be offered
-    Reminder m_reminder;    // works in a session, as does the other one
+    QTimer m_countTimer;  // runs while the counts are out of date
+    StoreWatch m_watch;   // looks in a session
+    QTimer m_offerTimer;  // runs until a kept form can be offered
+    Reminder m_reminder;  // works in a session, as does the other one
     BirthdayReminder m_birthdayReminder;
     std::chrono::sys_days m_day{};  // for which the views were filled last
     bool m_isOpen = false;
     bool m_isStoreGone = false;
+    bool m_isStale = false;  // all is to be shown anew as soon as it may
     bool m_isToReopen = false;
 };
 

@@ -278,6 +278,14 @@ void CBaseRecord::ChangeNew(const std::function<void(Draft&)>& change, Parts par
     }
 }
 
+void CBaseRecord::TakeOver(CBaseRecord& other) {
+    StoredRow row;
+    other.ToRow(row);
+    FromRow(row);
+    m_fields = std::move(other.m_fields);
+    m_newExtra.reset();
+}
+
 long CBaseRecord::Load(const StoredRow& row) {
     if (!m_fields.Assign(row.fields)) {
         return Damaged(row.id);

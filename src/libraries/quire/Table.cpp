@@ -44,8 +44,7 @@ CBaseTable::CBaseTable(StoreEngine& engine, TableKind kind)
       m_kind(kind),
       m_categories(
           [this](const auto& utf8, const auto& choose) { return KeepCategory(utf8, choose); },
-          [this] { Tell(RecordChange::Kind::TextChanged, 0); }),
-      m_foreignVersion(engine.ForeignVersion()) {}
+          [this] { Tell(RecordChange::Kind::TextChanged, 0); }) {}
 
 long CBaseTable::Add(CBaseRecord& record) {
     if (&record.m_table != this) {
@@ -156,18 +155,6 @@ long CBaseTable::Remove(CBaseRecord& record) {
 
 std::int64_t CBaseTable::GetCount() {
     return m_engine.Count(m_kind);
-}
-
-bool CBaseTable::TakeForeignChange() {
-    const std::int64_t version = m_engine.ForeignVersion();
-    if (version == m_foreignVersion) {
-        return false;
-    }
-    if (LoadTexts() != StoreStatus::Ok && m_textsFailure.empty()) {
-        return false;
-    }
-    m_foreignVersion = version;
-    return true;
 }
 
 long CBaseTable::RefreshTexts() {

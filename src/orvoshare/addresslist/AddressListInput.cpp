@@ -106,9 +106,8 @@ void CDetailViewAddrList::OnCategoryChange(UINT command) {
     // Whoever listens to the table may have taken the row out already.
     const bool isHere = RecordOf(GetItemData(m_nMenuRow)) == record;
     if (isHere && m_nCategoryShown != kAllCategories) {
-        m_pMenuRecord = nullptr;
-        DeleteItem(m_nMenuRow);
         const std::unique_ptr<CAddressRecord> gone(record);
+        DV_DeleteItem(m_nMenuRow);
     }
     Update(m_nMenuRow);
     if (const CWnd* owner = GetOwner()) owner->PostMessage(WM_COMMAND, ID_DV_CATEGORY_CHANGED);

@@ -44,14 +44,15 @@ int CDetailViewAddrList::DV_InsertRecord(int nIndex, CAddressRecord* pRecord, in
     if (isPlaced && GetItemPosition(nIndex - 1, &place)) place = place + CPoint{1, 1};
     const int row = InsertRecord(nIndex, pRecord, 1, -1);
     if (row < 0) return row;
-    static_cast<void>(record.release());  // the row's from now on
+    m_records.Add(record.release());  // the row's from now on
     if (isPlaced) SetItemPosition(row, place);
     return row;
 }
 
 int CDetailViewAddrList::DV_DeleteItem(int nIndex) {
     // The record may be freed now, and its address be given to another.
-    if (RecordOf(GetItemData(nIndex)) == m_pMenuRecord) m_pMenuRecord = nullptr;
+    ForgetMenuOf(RecordOf(GetItemData(nIndex)));
+    m_records.Remove(RecordOf(GetItemData(nIndex)));
     const int result = DeleteItem(nIndex);
     if (GetViewMode() == kReportView) Invalidate();
     return result;
@@ -65,6 +66,7 @@ void CDetailViewAddrList::DV_DeleteAll() {
 
 void CDetailViewAddrList::DeleteItemData() {
     m_pMenuRecord = nullptr;
+    m_records.Clear();
     const int count = DV_GetItemCount();
     for (int row = 0; row < count; ++row) {
         const std::unique_ptr<CAddressRecord> record(RecordOf(GetItemData(row)));

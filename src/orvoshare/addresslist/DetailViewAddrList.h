@@ -89,6 +89,11 @@ public:
     // What the column of that id shows of a record, masked or not.
     AddressCell GetCell(CAddressRecord* record, int nId);
 
+    // The record goes: a menu that was opened for it does nothing any more.
+    void ForgetMenuOf(const CBaseRecord* record) {
+        if (record == m_pMenuRecord) m_pMenuRecord = nullptr;
+    }
+
     // The heading of a record's note: first name and family name, first lines only.
     CString GetNoteTitle(CAddressRecord* record);
 

@@ -9,6 +9,7 @@
 #include <orvoshare/addressviews/DetailViewCore.h>
 #include <orvoshare/addressviews/LookupEdit.h>
 #include <orvoshare/addressviews/TypedCharacters.h>
+#include <orvoshare/text/RecordIndex.h>
 #include <platform/Export.h>
 
 namespace orvo {
@@ -19,6 +20,9 @@ class ORVO_API AddressViewBase : public Widget,
                                  public CDetailViewAddrInf,
                                  public CDetailViewCore<View> {
 public:
+    // The records of the items. Who exchanges items past the view does it here, too.
+    RecordIndex& Records() { return m_records; }
+
     void DV_SetEdit(CLookupEdit* pEdit) override { m_pLookupEdit = pEdit; }
     void DV_SetAddressTable(CAddressTable* pTable) override { m_pAddressTable = pTable; }
     int DV_GetListBy() override { return m_nListBy; }
@@ -71,6 +75,7 @@ protected:
     CAddressTable* m_pAddressTable = nullptr;
     int m_nCategoryShown = kAllCategories;
     int m_nListBy = -1;
+    RecordIndex m_records;
 
 private:
     TypedCharacters m_typed;

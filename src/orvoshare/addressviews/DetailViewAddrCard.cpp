@@ -80,11 +80,12 @@ int CDetailViewAddrCard::DV_InsertRecord(int nIndex, CAddressRecord* pRecord, in
     const int count = GetCardCount();
     InsertCard(nIndex, pRecord, 1);
     if (GetCardCount() == count) return -1;
-    static_cast<void>(record.release());  // the card's from now on
+    m_records.Add(record.release());  // the card's from now on
     return std::min(nIndex, count);
 }
 
 int CDetailViewAddrCard::DV_DeleteItem(int nIndex) {
+    m_records.Remove(RecordOf(DV_GetItemData(nIndex)));
     DeleteCard(nIndex, 1);
     return 1;
 }
@@ -96,6 +97,7 @@ void CDetailViewAddrCard::DV_DeleteAll() {
 }
 
 void CDetailViewAddrCard::DeleteItemData() {
+    m_records.Clear();
     const int count = DV_GetItemCount();
     for (int index = 0; index < count; ++index) {
         const std::unique_ptr<CAddressRecord> record(RecordOf(DV_GetItemData(index)));

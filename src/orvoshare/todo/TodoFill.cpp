@@ -64,6 +64,7 @@ void CTodoListbox::DeleteAll() {
     records.reserve(static_cast<std::size_t>(count));
     for (int row = 0; row < count; ++row) records.emplace_back(RecordAt(row));
     m_pMenuRecord = nullptr;
+    m_records.Clear();
     DeleteAllItems();
 }
 

@@ -7,6 +7,7 @@
 
 #include <contracts/ListWidget.h>
 #include <contracts/RecordStore.h>
+#include <orvoshare/text/RecordIndex.h>
 #include <platform/Export.h>
 #include <platform/window/base/Cursor.h>
 
@@ -131,6 +132,13 @@ public:
     // Owner:    the view, from the call on, also where the row couldn't be added.
     int InsertRecord(int row, CToDoRecord* record, int sorted);
 
+    // The records of the rows. Who exchanges rows past the view does it here, too.
+    RecordIndex& Records() { return m_records; }
+    // The record goes: a menu or a question that is open for it does nothing any more.
+    void ForgetMenuOf(const CBaseRecord* record) {
+        if (record == m_pMenuRecord) m_pMenuRecord = nullptr;
+    }
+
     // The category's name; empty where the table doesn't know it.
     void GetCategoryName(CString& name, int index);
 
@@ -203,6 +211,7 @@ private:
     int m_nBitmapHeight = 0;
     HCURSOR m_hHandCursor = nullptr;
     CToDoTable* m_pTable = nullptr;
+    RecordIndex m_records;
     CCategoryCombo* m_pCategoryCombo = nullptr;
     const CToDoRecord* m_pMenuRecord = nullptr;  // that is asked about; null once it may be freed
     std::function<bool(const CToDoRecord&)> m_mayComplete;

@@ -14,7 +14,8 @@ CToDoRecord* CTodoListbox::RecordAt(int row) const {
 
 void CTodoListbox::RemoveRow(int row) {
     const std::unique_ptr<CToDoRecord> leaving(RecordAt(row));
-    if (leaving.get() == m_pMenuRecord) m_pMenuRecord = nullptr;
+    ForgetMenuOf(leaving.get());
+    m_records.Remove(leaving.get());
     DeleteItem(row);
 }
 
@@ -45,6 +46,7 @@ int CTodoListbox::ReSortSingleItem(int row) {
     if (PassThruFilter(record) == 0) return RemoveFiltered(row);
     SetRedraw(0);
     DeleteItem(row);
+    m_records.Remove(record);
     const int place = InsertRecord(0, record, 1);
     SelectItem(place, 1);
     SetRedraw(1);
@@ -79,9 +81,9 @@ int CTodoListbox::InsertRecord(int row, CToDoRecord* record, int sorted) {
     if (sorted != 0) row = static_cast<int>(GetIndexToInsert(record));
     const int place = COrvoUIListViewCtrl::InsertRecord(row, record, 0, 0);
     if (place != -1) {
-        static_cast<void>(added.release());
-    } else if (record == m_pMenuRecord) {
-        m_pMenuRecord = nullptr;
+        m_records.Add(added.release());
+    } else {
+        ForgetMenuOf(record);
     }
     return place;
 }

@@ -195,6 +195,25 @@ void QtListPeer::DeleteAllRows() {
     ShowColumns();
 }
 
+// All rows are alike to Qt: those that come or go do so at the end.
+void QtListPeer::ExchangeRows(const std::vector<int>& going, std::vector<ComingRow> coming) {
+    if (!m_model) return;
+    const RowExchange exchange(RowCount(), going, coming);
+    const int growth = exchange.CountAfter() - exchange.Count();
+    m_batchHasRows = m_batchHasRows || growth != 0;
+    if (TellsQt() && growth > 0) {
+        m_model->beginInsertRows({}, exchange.Count(), exchange.CountAfter() - 1);
+    } else if (TellsQt() && growth < 0) {
+        m_model->beginRemoveRows({}, exchange.CountAfter(), exchange.Count() - 1);
+    }
+    const int top = Exchange(exchange);
+    if (TellsQt() && growth > 0) m_model->endInsertRows();
+    if (TellsQt() && growth < 0) m_model->endRemoveRows();
+    ShowFocus();
+    ScrollToRow(top);
+    if (m_teller && View()) m_teller->RowsMoved(*View());
+}
+
 // All rows are alike to Qt, so that no layout changes.
 void QtListPeer::Reorder(const std::vector<std::uint32_t>& order) {
     RowListPeer::Reorder(order);

@@ -29,6 +29,7 @@ public:
     int InsertRow(int row, ListRow content) override;
     bool DeleteRow(int row) override;
     void DeleteAllRows() override;
+    void ExchangeRows(const std::vector<int>& going, std::vector<ComingRow> coming) override;
     void Reorder(const std::vector<std::uint32_t>& order) override;
     void InvalidateRows(int first, int last) override;
     bool SetFocusRow(int row) override;

@@ -101,21 +101,17 @@ TEST_F(SqliteShared, TheSecondOfTwoProgramsThatBringARowBackIsRefused) {
     EXPECT_EQ(read, extra);
 }
 
-TEST_F(SqliteShared, AForeignChangeIsTakenOnceAndBringsTheTexts) {
-    EXPECT_FALSE(table.TakeForeignChange());
+TEST_F(SqliteShared, RefreshTextsBringsWhatAnotherProgramHasNamed) {
     ASSERT_EQ(table.SetPhoneLabel(0, "Cell"), 0);
-    EXPECT_FALSE(table.TakeForeignChange()) << "an own change is not foreign";
-
     ASSERT_EQ(AddCategory(otherTable, "Friends"), 0);
     ASSERT_EQ(otherTable.SetCustomLabel(1, "Birthday"), 0);
     ASSERT_EQ(other->RemoveText(TableKind::Address, TextKind::PhoneLabel, 7), StoreStatus::Ok);
 
-    EXPECT_TRUE(table.TakeForeignChange());
-    EXPECT_FALSE(table.TakeForeignChange());
+    EXPECT_EQ(table.RefreshTexts(), 0);
     EXPECT_EQ(table.GetCustomLabel(1), "Birthday");
     EXPECT_EQ(CategoryIndex(table, "Friends"), 1);
     EXPECT_EQ(table.GetPhoneLabelCount(), 7);
-    EXPECT_TRUE(otherTable.TakeForeignChange());
+    EXPECT_EQ(otherTable.RefreshTexts(), 0);
     EXPECT_EQ(otherTable.GetPhoneLabel(0), "Cell");
 }
 

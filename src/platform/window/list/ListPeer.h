@@ -58,6 +58,13 @@ struct ListRow {
     bool asksImage = false;
 };
 
+// A row that comes in before the one of that number, or at the end for the count of rows.
+struct ComingRow {
+    int before;
+    int from = -1;      // the row that moves there, which is one of those that go; -1 for a new one
+    ListRow content{};  // of a new one
+};
+
 struct ListColumn {
     CString heading;
     int width = 0;
@@ -101,6 +108,13 @@ public:
     virtual CString CellText(int row, int column) const = 0;  // as stored
     virtual bool SetCellText(int row, int column, const CString& text) = 0;
     virtual bool SetImage(int row, int image) = 0;
+
+    // Takes rows out and puts others in, at once, in a time that the rows between them take. All
+    // numbers are those of before. What is in view stays where it is, as do selection, focus and
+    // anchor with their rows.
+    // Requires: `going` rises, and so do the places of `coming`; those of one place come in their
+    //           order.
+    virtual void ExchangeRows(const std::vector<int>& going, std::vector<ComingRow> coming) = 0;
 
     // Row i becomes the one that was row `order[i]`; `order` holds each row once.
     virtual void Reorder(const std::vector<std::uint32_t>& order) = 0;

@@ -122,6 +122,88 @@ bool RowListPeer::SetImage(int row, int image) {
     return true;
 }
 
+void RowListPeer::ExchangeRows(const std::vector<int>& going, std::vector<ComingRow> coming) {
+    const RowExchange exchange(RowCount(), going, coming);
+    ScrollToRow(Exchange(exchange));
+}
+
+int RowListPeer::Exchange(const RowExchange& exchange) {
+    const auto placeOfMark = [&exchange](int mark) {
+        const int place = exchange.PlaceOf(mark);
+        return place >= 0 ? place : exchange.PlaceOfStaying(mark);
+    };
+    const int top = exchange.PlaceOfStaying(TopRow());
+    RowSelection selection(exchange.CountAfter());
+    for (int row = m_selection.Next(-1); row >= 0; row = m_selection.Next(row)) {
+        const int place = exchange.PlaceOf(row);
+        if (place >= 0) selection.SetRange(place, place, true);
+    }
+    PutIn(exchange, TakeOut(exchange));
+    m_selection = std::move(selection);
+    m_focus = placeOfMark(m_focus);
+    m_anchor = placeOfMark(m_anchor);
+    for (std::size_t i = 0; i < exchange.Coming().size(); ++i) {
+        const ListRow& content = exchange.Coming()[i].content;
+        const int row = exchange.PlaceOfComing(i);
+        if (!content.text.IsEmpty()) SetCellText(row, 0, content.text);
+        if (content.image >= 0) SetImage(row, content.image);
+    }
+    InvalidateAll();
+    return std::max(top, 0);
+}
+
+// Closes the gaps between First() and Last(). What is left behind the rows that stay is for those
+// that come.
+// Returns:  the rows that go, in their order.
+std::vector<RowListPeer::Row> RowListPeer::TakeOut(const RowExchange& exchange) {
+    std::vector<Row> taken;
+    taken.reserve(exchange.Going().size());
+    int place = exchange.First();
+    for (int row = exchange.First(); row < exchange.Last(); ++row) {
+        const bool goes =
+            taken.size() < exchange.Going().size() && exchange.Going()[taken.size()] == row;
+        if (goes) {
+            taken.push_back(std::move(At(row)));
+            continue;
+        }
+        if (place != row) At(place) = std::move(At(row));
+        ++place;
+    }
+    return taken;
+}
+
+void RowListPeer::PutIn(const RowExchange& exchange, std::vector<Row> taken) {
+    const int staying = exchange.StayingBefore(exchange.Last());
+    const int growth = exchange.CountAfter() - exchange.Count();
+    const auto behind = m_rows.begin() + exchange.Last();
+    if (growth > 0) {
+        m_rows.resize(m_rows.size() + static_cast<std::size_t>(growth));
+        std::move_backward(m_rows.begin() + exchange.Last(), m_rows.end() - growth, m_rows.end());
+    } else if (growth < 0) {
+        m_rows.erase(behind + growth, behind);
+    }
+    const std::vector<ComingRow>& coming = exchange.Coming();
+    int from = staying;
+    int place = staying + static_cast<int>(coming.size());
+    for (std::size_t i = coming.size(); i-- > 0;) {
+        const int first = exchange.StayingBefore(coming[i].before);
+        while (from > first) At(--place) = std::move(At(--from));
+        const ComingRow& row = coming[i];
+        if (row.from >= 0) {
+            const auto gone =
+                std::lower_bound(exchange.Going().begin(), exchange.Going().end(), row.from) -
+                exchange.Going().begin();
+            At(--place) = std::move(taken[static_cast<std::size_t>(gone)]);
+        } else {
+            At(--place) =
+                Row{row.content.data, nullptr, row.content.asksText, row.content.asksImage};
+        }
+    }
+    m_placedRows -= static_cast<int>(std::count_if(taken.begin(), taken.end(), [](const Row& row) {
+        return row.extras && row.extras->isPlaced;
+    }));
+}
+
 void RowListPeer::Reorder(const std::vector<std::uint32_t>& order) {
     if (order.size() != m_rows.size()) return;
     std::vector<Row> rows;

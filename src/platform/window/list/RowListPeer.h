@@ -8,6 +8,7 @@
 
 #include <platform/Export.h>
 #include <platform/window/list/ListPeer.h>
+#include <platform/window/list/RowExchange.h>
 #include <platform/window/list/RowSelection.h>
 
 namespace orvo {
@@ -50,6 +51,7 @@ public:
     CString CellText(int row, int column) const override;
     bool SetCellText(int row, int column, const CString& text) override;
     bool SetImage(int row, int image) override;
+    void ExchangeRows(const std::vector<int>& going, std::vector<ComingRow> coming) override;
     void Reorder(const std::vector<std::uint32_t>& order) override;
 
     int ColumnCount() const override { return static_cast<int>(m_columns.size()); }
@@ -110,6 +112,10 @@ protected:
     int LastLine() const;
     void InvalidateAll();
     void InvalidateFrom(int row);
+    // ExchangeRows without scrolling.
+    // Returns:  the row that is to be the first in view.
+    int Exchange(const RowExchange& exchange);
+    void ScrollToRow(int row) { ScrollToLine(row / RowsPerLine()); }
 
 private:
     // What few rows have.
@@ -131,6 +137,8 @@ private:
     Row& At(int row) { return m_rows[static_cast<std::size_t>(row)]; }
     const Row& At(int row) const { return m_rows[static_cast<std::size_t>(row)]; }
     Extras& ExtrasOf(int row);
+    std::vector<Row> TakeOut(const RowExchange& exchange);
+    void PutIn(const RowExchange& exchange, std::vector<Row> taken);
     void TellState(int row, UINT oldState, UINT newState);
 
     bool HasPlacedRows() const { return m_placedRows > 0 && !IsReport() && !IsCard(); }

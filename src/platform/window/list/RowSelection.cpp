@@ -27,6 +27,9 @@ std::uint64_t From(int row) {
 
 }  // namespace
 
+RowSelection::RowSelection(int size)
+    : m_words(static_cast<std::size_t>((size + kBits - 1) / kBits)), m_size(size) {}
+
 bool RowSelection::Has(int row) const {
     return (m_words[WordOf(row)] & BitOf(row)) != 0;
 }

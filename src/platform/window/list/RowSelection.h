@@ -12,6 +12,9 @@ namespace orvo {
 // Ranges cost one step for 64 rows. Row numbers must lie within the size.
 class ORVO_API RowSelection {
 public:
+    RowSelection() = default;
+    explicit RowSelection(int size);  // none is selected
+
     int Size() const { return m_size; }
     int Count() const { return m_count; }
 
