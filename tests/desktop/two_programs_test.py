@@ -3,7 +3,7 @@
 # SPDX-License-Identifier: MIT
 from case import DesktopCase, main
 from screen import TITLE, until
-from views import ADDRESSES, TO_DOS, Rows, set_heading
+from views import ADDRESSES, TO_DOS, Rows, close, dialog, is_open, set_heading
 
 COLUMNS = ((0, 250), (2, 200), (3, 150), (5, 40))
 TO_DO_COLUMNS = ((6, 30), (1, 60), (0, 300), (2, 110), (3, 160), (5, 40))
@@ -70,6 +70,36 @@ class TwoProgramsTest(DesktopCase):
                 until(f"the selection is at its place after {name}", lambda: rows.is_selected(row))
             self.home.orvo("edit", "2", "--name", "Aaberg")
             until("the selection goes with the entry", lambda: rows.is_selected(0))
+
+    def test_a_change_leaves_the_lookup_box_and_the_selection(self):
+        set_heading(self.home, ADDRESSES, COLUMNS)
+        self.add("Bakula")
+        with self.window("--view", "list", *LOOK):
+            rows = Rows(self.screen, COLUMNS)
+            self.screen.type("bak")
+            until("Baker is selected", lambda: rows.is_selected(1))
+            before = self.screen.picture()
+            self.home.orvo("edit", "2", "--company", "Acme")
+            until("the company shows", lambda: self.screen.picture().difference(before) > A_LETTER)
+            self.home.orvo("edit", "1", "--name", "Zoe")
+            until("the selection goes with the entry", lambda: rows.is_selected(0))
+            self.screen.type("u")
+            until("the lookup goes on", lambda: rows.is_selected(1))
+
+    def test_an_open_form_shows_what_orvo_does_and_asks_about_what_both_changed(self):
+        with self.window("--view", "list", *LOOK):
+            self.screen.keys("Tab", "Tab", "Down")
+            form = dialog(self.screen, "Return")
+            self.screen.keys("ctrl+a")
+            self.screen.type("Mine")
+            quiet = self.screen.picture(form)
+            self.home.orvo("edit", "1", "--name", "Theirs", "--city", "Oslo")
+            until("the form says so", lambda: self.screen.picture(form).difference(quiet) > A_LETTER)
+            box = dialog(self.screen, "ctrl+Return")
+            close(self.screen, box, "alt+k", back=None)
+            until("the form is gone", lambda: not is_open(self.screen, form))
+            self.until_names("Baker", "Carter", "Mine")
+            self.assertEqual(self.home.rows("addresses")[2]["city"], "Oslo")
 
     def test_fifty_turns_of_both_lose_nothing(self):
         set_heading(self.home, TO_DOS, TO_DO_COLUMNS)

@@ -9,8 +9,8 @@
 
 #include <desktop/forms/AddressForm.h>
 #include <desktop/forms/FormDialog.h>
-#include <desktop/forms/FormFields.h>
 #include <desktop/forms/PersonFields.h>
+#include <desktop/forms/SavedFields.h>
 #include <desktop/texts/Texts.h>
 #include <platform/qt/QtConvert.h>
 #include <platform/text/SystemLocale.h>
@@ -80,8 +80,7 @@ public:
         m_person.AddPhoto(dialog.Column());
         dialog.AddColumns(MakeLeft(), MakeRight());
         AddNote(dialog.Column());
-        m_saver.Add([this] { return m_person.IsChanged(); },
-                    [this](CAddressRecord& record) { return m_person.Write(record, m_table); });
+        AddPerson();
         dialog.findChild<QWidget*>("name")->setFocus();
         return dialog.Run();
     }
@@ -97,7 +96,9 @@ private:
     void AddCustoms(QVBoxLayout& column);
     void AddNote(QVBoxLayout& column);
     void AddLine(QGridLayout& grid, const LineRow& line);
-    LineField* MakeLine(AddressField field, const QString& objectName);
+    LineField* MakeLine(AddressField field, const QString& objectName, const QString& label);
+    void AddShownPhone(QButtonGroup& shown);
+    void AddPerson();
     ChoiceField* MakePhoneLabel(long slot);
     bool HasReadings() const;
 
@@ -105,7 +106,25 @@ private:
     CAddressRecord& m_record;
     RecordSaver<CAddressTable, CAddressRecord> m_saver;
     PersonFields m_person;
+    int m_given = 1;  // the number that lists show
 };
+
+// The card is written in one, what it says is shown part by part.
+void AddressForm::AddPerson() {
+    m_saver.SetReader([this](CAddressRecord& record) { return m_person.ReadAgain(record); });
+    for (PersonFields::Part& part : m_person.Parts()) {
+        m_saver.Add({part.label, part.field, part.isChanged, [](CAddressRecord&) { return 0L; },
+                     [textOf = part.textOf](CAddressRecord&) { return textOf(); }, part.mine,
+                     [give = part.give](CAddressRecord&, bool keepsMine) { give(keepsMine); }});
+    }
+    m_saver.Add({{},
+                 nullptr,
+                 [this] { return m_person.IsChanged(); },
+                 [this](CAddressRecord& record) { return m_person.Write(record, m_table); },
+                 [](CAddressRecord&) { return QString(); },
+                 [] { return QString(); },
+                 [](CAddressRecord&, bool) {}});
+}
 
 QLayout* AddressForm::MakeLeft() {
     auto* column = new QVBoxLayout;
@@ -131,17 +150,23 @@ QLayout* AddressForm::MakeRight() {
     return column;
 }
 
-LineField* AddressForm::MakeLine(AddressField field, const QString& objectName) {
+LineField* AddressForm::MakeLine(AddressField field, const QString& objectName,
+                                 const QString& label) {
     auto* line = new LineField(m_record.Utf8(field));
     line->setObjectName(objectName);
     m_saver.Add(
-        [line] { return line->IsChanged(); },
-        [line, field](CAddressRecord& record) { return record.SetUtf8(field, line->Utf8()); });
+        {PlainLabel(label), line, [line] { return line->IsChanged(); },
+         [line, field](CAddressRecord& record) { return record.SetUtf8(field, line->Utf8()); },
+         [field](CAddressRecord& record) { return FromUtf8(record.Utf8(field)); },
+         [line] { return line->text(); },
+         [line, field](CAddressRecord& record, bool keepsMine) {
+             line->Give(record.Utf8(field), keepsMine);
+         }});
     return line;
 }
 
 void AddressForm::AddLine(QGridLayout& grid, const LineRow& line) {
-    LineField* field = MakeLine(line.field, line.objectName);
+    LineField* field = MakeLine(line.field, line.objectName, Text(line.label));
     const int row = grid.rowCount();
     grid.addWidget(MakeLabel(Text(line.label), *field), row, 0);
     grid.addWidget(field, row, 1, 1, -1);
@@ -163,11 +188,12 @@ void AddressForm::AddNames(QVBoxLayout& column) {
     if (hasReadings) grid->addWidget(new QLabel(Text("Reading")), 0, 2);
     for (const NameRow& names : kNames) {
         const int row = grid->rowCount();
-        LineField* line = MakeLine(names.line.field, names.line.objectName);
+        LineField* line = MakeLine(names.line.field, names.line.objectName, Text(names.line.label));
         grid->addWidget(MakeLabel(Text(names.line.label), *line), row, 0);
         grid->addWidget(line, row, 1);
         if (!hasReadings) continue;
-        LineField* reading = MakeLine(names.reading.field, names.reading.objectName);
+        LineField* reading =
+            MakeLine(names.reading.field, names.reading.objectName, Text(names.reading.label));
         reading->setAccessibleName(Text(names.reading.label));
         grid->addWidget(reading, row, 2);
     }
@@ -184,18 +210,34 @@ void AddressForm::AddPhones(QVBoxLayout& column) {
     grid->addWidget(new QLabel(Text("In lists")), 0, 2);
     auto* shown = new QButtonGroup(grid);
     for (long slot = 1; slot <= kPhoneSlots; ++slot) AddPhone(*grid, slot, *shown);
-    long given = 1;
-    m_record.GetDisplayPhone(given);
-    shown->button(static_cast<int>(given))->setChecked(true);
-    m_saver.Add(
-        [shown, given] { return shown->checkedId() != given; },
-        [shown](CAddressRecord& record) { return record.SetDisplayPhone(shown->checkedId()); });
+    AddShownPhone(*shown);
+}
+
+void AddressForm::AddShownPhone(QButtonGroup& group) {
+    const auto slotOf = [](const CAddressRecord& record) {
+        long slot = 1;
+        record.GetDisplayPhone(slot);
+        return static_cast<int>(slot);
+    };
+    QButtonGroup* shown = &group;
+    shown->button(slotOf(m_record))->setChecked(true);
+    m_saver.Add({Text("In lists"), shown->button(1),
+                 [=, this] { return shown->checkedId() != m_given; },
+                 [=](CAddressRecord& record) { return record.SetDisplayPhone(shown->checkedId()); },
+                 [=](CAddressRecord& record) { return Text("Number %1").arg(slotOf(record)); },
+                 [=] { return Text("Number %1").arg(shown->checkedId()); },
+                 [=, this](CAddressRecord& record, bool keepsMine) {
+                     m_given = slotOf(record);
+                     if (!keepsMine) shown->button(m_given)->setChecked(true);
+                 }});
+    m_given = shown->checkedId();
 }
 
 void AddressForm::AddPhone(QGridLayout& grid, long slot, QButtonGroup& shown) {
     const int number = static_cast<int>(slot);
     ChoiceField* label = MakePhoneLabel(slot);
-    LineField* line = MakeLine(PhoneField(slot), QString("phone%1").arg(number));
+    LineField* line =
+        MakeLine(PhoneField(slot), QString("phone%1").arg(number), Text("Number %1").arg(number));
     line->setAccessibleName(Text("Number %1").arg(number));
     line->setMinimumWidth(line->fontMetrics().averageCharWidth() * kPhoneWidth);
     auto* inLists = new QRadioButton;
@@ -220,25 +262,25 @@ ChoiceField* AddressForm::MakePhoneLabel(long slot) {
     long given = 0;
     m_record.GetPhoneLabelID(slot, given);
     label->Give(static_cast<int>(given), Text("Label %1").arg(given));
-    m_saver.Add([label] { return label->IsChanged(); },
-                [label, slot](CAddressRecord& record) {
-                    return record.SetPhoneLabelID(slot, label->Number());
-                });
+    AddChoice(
+        m_saver, Text("Label of number %1").arg(slot), *label,
+        [slot](CAddressRecord& record) {
+            long id = 0;
+            record.GetPhoneLabelID(slot, id);
+            return static_cast<int>(id);
+        },
+        [slot](CAddressRecord& record, int id) { return record.SetPhoneLabelID(slot, id); });
     return label;
 }
 
 void AddressForm::AddMarks(QVBoxLayout& column) {
     AddGap(column);
     ChoiceField* category = MakeCategoryField(m_table, m_record);
-    m_saver.Add(
-        [category] { return category->IsChanged(); },
-        [category](CAddressRecord& record) { return record.SetCategoryId(category->Number()); });
+    AddChoice(m_saver, PlainLabel(Text("Cate&gory:")), *category, CategoryOf<CAddressRecord>,
+              [](CAddressRecord& record, int number) { return record.SetCategoryId(number); });
     auto* isPrivate = new MarkField(Text("&Private"), m_record.IsPrivate() != 0);
     isPrivate->setObjectName("private");
-    m_saver.Add([isPrivate] { return isPrivate->IsChanged(); },
-                [isPrivate](CAddressRecord& record) {
-                    return record.SetPrivate(isPrivate->isChecked() ? 1 : 0);
-                });
+    AddPrivateMark(m_saver, *isPrivate);
     auto* row = new QHBoxLayout;
     row->addWidget(MakeLabel(Text("Cate&gory:"), *category));
     row->addWidget(category, 1);
@@ -253,10 +295,15 @@ void AddressForm::AddAddress(QVBoxLayout& column) {
     auto* street = new TextField(m_record.Utf8(AddressField::Address), kAddressLines);
     street->setObjectName("address");
     street->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    m_saver.Add([street] { return street->IsChanged(); },
-                [street](CAddressRecord& record) {
-                    return record.SetUtf8(AddressField::Address, street->Utf8());
-                });
+    constexpr AddressField kField = AddressField::Address;
+    m_saver.Add(
+        {PlainLabel(Text("&Address:")), street, [street] { return street->IsChanged(); },
+         [street](CAddressRecord& record) { return record.SetUtf8(kField, street->Utf8()); },
+         [](CAddressRecord& record) { return LinesOf(record.Utf8(kField)); },
+         [street] { return street->Shown(); },
+         [street](CAddressRecord& record, bool keepsMine) {
+             street->Give(record.Utf8(kField), keepsMine);
+         }});
     grid->addWidget(MakeLabel(Text("&Address:"), *street), 0, 0, Qt::AlignTop);
     grid->addWidget(street, 0, 1);
     for (const LineRow& line : kPlaces) AddLine(*grid, line);
@@ -268,9 +315,9 @@ void AddressForm::AddCustoms(QVBoxLayout& column) {
     auto* grid = new QGridLayout;
     column.addLayout(grid);
     for (int number = 1; number <= kCustomFields; ++number) {
-        LineField* line = MakeLine(CustomField(number), QString("custom%1").arg(number));
         const CString label = m_table.GetCustomLabel(number);
         const QString name = label.IsEmpty() ? Text("Field %1").arg(number) : Plain(label);
+        LineField* line = MakeLine(CustomField(number), QString("custom%1").arg(number), name);
         grid->addWidget(MakeLabel(name, *line), number, 0);
         grid->addWidget(line, number, 1);
     }
@@ -279,8 +326,7 @@ void AddressForm::AddCustoms(QVBoxLayout& column) {
 void AddressForm::AddNote(QVBoxLayout& column) {
     auto* note = new TextField(m_saver.Note(), kAddressNoteLines);
     note->setObjectName("note");
-    m_saver.Add([note] { return note->IsChanged(); },
-                [note](CAddressRecord& record) { return record.SetNoteUtf8(note->Utf8()); });
+    AddNoteText(m_saver, PlainLabel(Text("&Note")), *note);
     AddGap(column);
     QLabel* label = MakeLabel(Text("&Note"), *note);
     label->setFont(MakeBold(label->font()));

@@ -80,6 +80,23 @@ std::optional<CivilTime> DateField::Value() const {
     return value;
 }
 
+void DateField::Give(long date, bool keepsMine) {
+    m_given = CivilOf(date);
+    if (keepsMine) return;
+    if (m_given) m_start = *m_given;
+    m_day.setDate(DayOf(m_start));
+    m_time.setTime(QTime(m_start.hour, m_start.minute, m_start.second));
+    m_box.setChecked(m_given.has_value());
+}
+
+QString DateField::TextOf(long date) {
+    const std::optional<CivilTime> civil = CivilOf(date);
+    if (!civil) return {};
+    const QTime time(civil->hour, civil->minute, civil->second);
+    const QString day = QLocale().toString(DayOf(*civil), DayPicture());
+    return time == QTime(0, 0) ? day : day + ' ' + QLocale().toString(time, QLocale::ShortFormat);
+}
+
 long DateField::Date() const {
     const std::optional<CivilTime> value = Value();
     if (!value) return kMaxDate;

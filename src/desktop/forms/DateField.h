@@ -23,9 +23,14 @@ public:
 
     bool IsChanged() const { return Value() != m_given; }
     std::optional<CivilTime> Value() const;
+    // As if it had been made with that date; its own stays with `keepsMine`.
+    void Give(long date, bool keepsMine);
     // Value() in seconds as records have it; the first or last date that they accept where it lies
     // outside.
     long Date() const;
+
+    // A date of records in the way it is shown here; empty for none.
+    static QString TextOf(long date);
 
     // Says in words behind the day what a colour says elsewhere, such as that it is overdue.
     void SetRemark(const QString& remark);

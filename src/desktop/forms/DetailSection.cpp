@@ -1,5 +1,6 @@
 // The details of a person of one kind, in a form.
 // SPDX-License-Identifier: MIT
+#include <QApplication>
 #include <QJsonArray>
 #include <algorithm>
 #include <iterator>
@@ -40,6 +41,12 @@ DetailKind SectionOf(const Detail& detail) {
 // More than a person has; so many fields would take long to show.
 constexpr std::size_t kMostRows = 500;
 
+// What it is and what it says.
+QString LineOf(const Detail& detail) {
+    const auto translated = [](const char* english) { return Text(english).toStdString(); };
+    return FromUtf8(TitleOf(detail, translated) + ": " + orvo::TextOf(detail, translated));
+}
+
 // A label of an address has no parts, and an agent may be a whole card.
 bool IsEditable(const Detail& detail) {
     return !detail.isOfRecord && detail.property != "LABEL" && detail.property != "AGENT";
@@ -52,16 +59,58 @@ DetailSection::DetailSection(DetailKind kind, const Person& person)
     setObjectName(TextsOf(kind).objectName);
     m_column->setContentsMargins(0, 0, 0, 0);
     m_column->addWidget(m_heading);
+    AddRows(person);
+    ShowHeading();
+    AddButton();
+}
+
+bool DetailSection::IsOfSection(const Detail& detail) const {
+    return SectionOf(detail) == m_kind && IsEditable(detail);
+}
+
+void DetailSection::AddRows(const Person& person) {
     for (const Detail& detail : person.details) {
-        if (SectionOf(detail) != kind || !IsEditable(detail)) continue;
+        if (!IsOfSection(detail)) continue;
         if (m_rows.size() == kMostRows) {
             m_column->addWidget(new QLabel(QChar(0x2026)));
             break;
         }
         AddRow(detail, false);
     }
+}
+
+void DetailSection::Give(const Person& person) {
+    if (isAncestorOf(QApplication::focusWidget())) m_add->setFocus();
+    for (DetailRow* row : m_rows) {
+        row->hide();
+        row->deleteLater();
+    }
+    m_rows.clear();
+    AddRows(person);
     ShowHeading();
-    AddButton();
+}
+
+QString DetailSection::Name() const {
+    return Text(NameOf(m_kind));
+}
+
+QString DetailSection::TextOf(const Person& person) const {
+    QStringList lines;
+    for (const Detail& detail : person.details) {
+        if (IsOfSection(detail)) lines.push_back(LineOf(detail));
+    }
+    return lines.join('\n');
+}
+
+QString DetailSection::ShownText() const {
+    QStringList lines;
+    for (const DetailRow* row : m_rows) {
+        if (row->IsRemoved()) continue;
+        std::vector<DetailEdit> edits;
+        row->AddEdits(edits);
+        lines.push_back(LineOf(edits.empty() ? row->Given() : edits.front().detail));
+    }
+    return lines.join('\n');
 }
 
 void DetailSection::AddButton() {

@@ -20,6 +20,13 @@ public:
     // The rows are those of the person's details that only the card holds.
     DetailSection(DetailKind kind, const Person& person);
 
+    // As if it had been made with that person: what the user has changed is gone.
+    void Give(const Person& person);
+    QString Name() const;
+    // What a person's details of this kind say, a line each, and what the rows say.
+    QString TextOf(const Person& person) const;
+    QString ShownText() const;
+
     // As in DetailRow.
     void AddEdits(std::vector<DetailEdit>& edits) const;
     // The first field that can't be saved as it is, which says why; null where all can.
@@ -29,6 +36,8 @@ public:
     void ShowKept(const QJsonValue& kept) override;
 
 private:
+    void AddRows(const Person& person);
+    bool IsOfSection(const Detail& detail) const;
     DetailRow* AddRow(const Detail& detail, bool isNew);
     void InsertRow(DetailRow& row);
     void AddButton();

@@ -43,7 +43,11 @@ void Tell(QWidget* parent, const QString& title, const QString& text) {
 }  // namespace
 
 FormDialog::FormDialog(QWidget* parent, const QString& title, FormSaver& saver)
-    : QDialog(parent), m_saver(saver), m_page(new QWidget), m_column(new QVBoxLayout(m_page)) {
+    : QDialog(parent),
+      m_saver(saver),
+      m_notice(new ForeignNotice([this] { Compare(); })),
+      m_page(new QWidget),
+      m_column(new QVBoxLayout(m_page)) {
     setWindowTitle(title);
     auto* scroll = new QScrollArea;
     scroll->setFrameShape(QFrame::NoFrame);
@@ -51,6 +55,7 @@ FormDialog::FormDialog(QWidget* parent, const QString& title, FormSaver& saver)
     scroll->setFocusPolicy(Qt::NoFocus);
     scroll->setWidget(m_page);
     auto* layout = new QVBoxLayout(this);
+    layout->addWidget(m_notice);
     layout->addWidget(scroll);
     constexpr int kEdge = 4;  // between the fields and the bar that scrolls them
     m_column->setContentsMargins(kEdge, 0, kEdge, 0);
@@ -159,18 +164,46 @@ void FormDialog::FitScreen() {
     resize(wanted.boundedTo(room));
 }
 
+// What is shown of somebody else isn't kept as typed by the user.
+void FormDialog::TakeForeign() {
+    const QJsonObject mine = ChangedFields(*m_page, m_given);
+    const SaveResult found = m_saver.TakeForeign();
+    m_notice->Show(found, m_saver);
+    const QJsonObject shown = ChangedFields(*m_page, {});
+    for (auto field = shown.begin(); field != shown.end(); ++field) {
+        if (!mine.contains(field.key())) m_given[field.key()] = field.value();
+    }
+}
+
+void FormDialog::Compare() {
+    CompareFields(this, m_saver);
+    TakeForeign();
+}
+
+// Asks until nothing is left to be decided, or the user goes back to the form.
+SaveResult FormDialog::SaveDecided() {
+    bool bringsBack = false;
+    for (;;) {
+        const SaveResult result = m_saver.Save(bringsBack);
+        if (result.isUndecided) {
+            if (!AskWhichStays(this, m_saver)) return result;
+        } else if (result.status == StoreStatus::Gone) {
+            const AboutGone chosen = AskAboutGone(result.isInTrash);
+            if (chosen == AboutGone::Nothing) return result;
+            if (chosen == AboutGone::SaveAsNew) return m_saver.SaveAsNew();
+            bringsBack = true;
+        } else {
+            return result;
+        }
+    }
+}
+
 void FormDialog::Save() {
     if (m_maySave && !m_maySave()) return;
-    SaveResult result = m_saver.Save();
-    if (result.status == StoreStatus::Gone) {
-        if (!AskToSaveAsNew()) return;
-        result = m_saver.SaveAsNew();
-    }
-    if (result.status == StoreStatus::Ok) {
-        accept();
-    } else {
-        TellFailure(result);
-    }
+    const SaveResult result = SaveDecided();
+    if (result.status == StoreStatus::Ok) return accept();
+    if (!result.isUndecided && result.status != StoreStatus::Gone) TellFailure(result);
+    TakeForeign();
 }
 
 // Return alone makes a new line in some fields.
@@ -206,14 +239,22 @@ void FormDialog::reject() {
     }
 }
 
-bool FormDialog::AskToSaveAsNew() {
+FormDialog::AboutGone FormDialog::AskAboutGone(bool isInTrash) {
     QMessageBox box(QMessageBox::Question, windowTitle(),
-                    Text("This entry was deleted while you edited it. Save it as a new one?"),
-                    QMessageBox::Save | QMessageBox::Cancel, this);
-    box.button(QMessageBox::Save)->setText(Text("&Save as new"));
-    box.button(QMessageBox::Cancel)->setText(Text("Cancel"));
-    box.setDefaultButton(QMessageBox::Save);
-    return box.exec() == QMessageBox::Save;
+                    isInTrash ? Text("Somebody else has moved this entry to the trash. What is to "
+                                     "become of what you have typed?")
+                              : Text("This entry was deleted while you edited it. Save it as a "
+                                     "new one?"),
+                    QMessageBox::NoButton, this);
+    QPushButton* back =
+        isInTrash ? box.addButton(Text("&Bring it back"), QMessageBox::AcceptRole) : nullptr;
+    QPushButton* fresh = box.addButton(Text("&Save as new"), QMessageBox::AcceptRole);
+    QPushButton* cancel = box.addButton(Text("Cancel"), QMessageBox::RejectRole);
+    box.setDefaultButton(back ? back : fresh);
+    box.setEscapeButton(cancel);
+    box.exec();
+    if (back && box.clickedButton() == back) return AboutGone::BringBack;
+    return box.clickedButton() == fresh ? AboutGone::SaveAsNew : AboutGone::Nothing;
 }
 
 void FormDialog::TellFailure(const SaveResult& result) {

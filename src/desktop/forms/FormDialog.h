@@ -7,8 +7,9 @@
 #include <functional>
 #include <utility>
 
+#include <desktop/forms/ForeignNotice.h>
 #include <desktop/forms/FormKeeper.h>
-#include <desktop/forms/RecordSaver.h>
+#include <desktop/forms/FormSaver.h>
 
 namespace orvo::desktop {
 
@@ -35,6 +36,9 @@ public:
     // Returns:  true after it was saved.
     bool Run();
 
+    // Somebody else may have changed the record: the form shows it and says so.
+    void TakeForeign();
+
     // Escape, Cancel and the window's own button end here.
     void reject() override;
     void done(int result) override;
@@ -47,7 +51,10 @@ protected:
 private:
     void Save();
     void Keep();
-    bool AskToSaveAsNew();
+    enum class AboutGone { Nothing, BringBack, SaveAsNew };
+    AboutGone AskAboutGone(bool isInTrash);
+    void Compare();
+    SaveResult SaveDecided();
     void TellFailure(const SaveResult& result);
     void AddButtons();
     void FitScreen();
@@ -60,8 +67,9 @@ private:
     bool m_isKept = false;
     bool m_isDone = false;
     std::function<bool()> m_maySave;
-    QWidget* m_page;        // Qt's
-    QVBoxLayout* m_column;  // the page's
+    ForeignNotice* m_notice;  // Qt's, as are those below
+    QWidget* m_page;
+    QVBoxLayout* m_column;
     QBoxLayout* m_columns = nullptr;
     int m_gap = 0;  // between them, in pixels
 };

@@ -23,6 +23,15 @@ std::string LineField::Utf8() const {
     return IsChanged() ? text().toStdString() : m_given;
 }
 
+void LineField::Give(std::string_view utf8, bool keepsMine) {
+    const QString mine = text();
+    m_given = utf8;
+    setText(FromUtf8(utf8));
+    setCursorPosition(0);
+    m_shown = text();
+    if (keepsMine) setText(mine);
+}
+
 TextField::TextField(std::string_view utf8, int lines) : m_given(utf8), m_lines(lines) {
     setTabChangesFocus(true);
     setPlainText(FromUtf8(utf8));
@@ -35,6 +44,14 @@ QString TextField::Shown() const {
     text.replace(QChar::ParagraphSeparator, '\n');
     text.replace(QChar::LineSeparator, '\n');
     return text;
+}
+
+void TextField::Give(std::string_view utf8, bool keepsMine) {
+    const QString mine = Shown();
+    m_given = utf8;
+    setPlainText(FromUtf8(utf8));
+    m_shown = Shown();
+    if (keepsMine) setPlainText(mine);
 }
 
 std::string TextField::Utf8() const {
@@ -68,6 +85,18 @@ void ChoiceField::Give(int number, const QString& textIfMissing) {
     m_given = number;
 }
 
+void ChoiceField::Give(int number, bool keepsMine) {
+    const int mine = currentIndex();
+    Give(number, TextOf(number));
+    if (keepsMine) setCurrentIndex(mine);
+}
+
+// One that has no row is only known by its number.
+QString ChoiceField::TextOf(int number) const {
+    const int row = findData(number);
+    return row < 0 ? QString::number(number) : itemText(row);
+}
+
 ChoiceField* MakeCategoryField(CBaseTable& table, const CBaseRecord& record) {
     auto* field = new ChoiceField;
     CCategoryMgr* categories = table.GetCategoryManager();
@@ -80,6 +109,22 @@ ChoiceField* MakeCategoryField(CBaseTable& table, const CBaseRecord& record) {
     field->Give(present, ToQt(CategoryText(table, record).View()));
     field->setObjectName("category");
     return field;
+}
+
+QString LinesOf(std::string_view utf8) {
+    QString text = FromUtf8(utf8);
+    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    return text.replace('\r', '\n');
+}
+
+QString MarkText(bool isSet) {
+    return isSet ? Text("Yes") : Text("No");
+}
+
+QString PlainLabel(QString label) {
+    label.remove('&');
+    if (label.endsWith(':')) label.chop(1);
+    return label;
 }
 
 QLabel* MakeLabel(const QString& text, QWidget& field) {

@@ -25,6 +25,9 @@ public:
     // The bytes that were given where nothing was changed.
     std::string Utf8() const;
 
+    // As if it had been made with that; its own text stays with `keepsMine`. So do the others.
+    void Give(std::string_view utf8, bool keepsMine);
+
 private:
     std::string m_given;
     QString m_shown;
@@ -41,6 +44,7 @@ public:
 
     // Its present text, with a line feed at each line's end.
     QString Shown() const;
+    void Give(std::string_view utf8, bool keepsMine);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -59,6 +63,8 @@ public:
     // Chooses the row of that number, which is added with that text where there is none, and counts
     // as unchanged from then on.
     void Give(int number, const QString& textIfMissing);
+    void Give(int number, bool keepsMine);
+    QString TextOf(int number) const;
 
     bool IsChanged() const { return Number() != m_given; }
     int Number() const { return currentData().toInt(); }
@@ -73,6 +79,10 @@ public:
         setChecked(given);
     }
     bool IsChanged() const { return isChecked() != m_given; }
+    void Give(bool given, bool keepsMine) {
+        m_given = given;
+        if (!keepsMine) setChecked(given);
+    }
 
 private:
     bool m_given;
@@ -80,6 +90,13 @@ private:
 
 // The categories of the table by index, with that one chosen.
 ChoiceField* MakeCategoryField(CBaseTable& table, const CBaseRecord& record);
+
+// The text of several lines as TextField::Shown gives it.
+QString LinesOf(std::string_view utf8);
+// "Yes" or "No".
+QString MarkText(bool isSet);
+// A label without its mnemonic and its colon.
+QString PlainLabel(QString label);
 
 // The label of a field, whose mnemonic leads there.
 QLabel* MakeLabel(const QString& text, QWidget& field);

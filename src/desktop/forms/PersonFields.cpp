@@ -69,11 +69,18 @@ std::optional<std::size_t> FindLine(const Person& present, const Person& other, 
 
 long PersonFields::Read(const CAddressRecord& record) {
     m_face = FaceOf(record);
-    return ReadKeptPerson(record, m_person);
+    return ReadAgain(record);
+}
+
+long PersonFields::ReadAgain(const CAddressRecord& record) {
+    auto person = std::make_shared<Person>();
+    const long status = ReadKeptPerson(record, *person);
+    if (status == 0) m_person = std::move(person);
+    return status;
 }
 
 void PersonFields::AddPhoto(QVBoxLayout& column) {
-    m_photo = new PhotoField(m_person.photo, m_face);
+    m_photo = new PhotoField(m_person->photo, m_face);
     column.addWidget(m_photo);
 }
 
@@ -84,13 +91,13 @@ void PersonFields::AddTexts(QVBoxLayout& column) {
     grid->setContentsMargins(0, 0, 0, 0);
     bool isOpen = false;
     for (const TextRow& row : kTexts) {
-        const std::string& text = TextOf(m_person, row.text);
+        const std::string& text = TextOf(*m_person, row.text);
         auto* field = new LineField(text);
         field->setObjectName(row.objectName);
         const int number = grid->rowCount();
         grid->addWidget(MakeLabel(Text(row.label), *field), number, 0);
         grid->addWidget(field, number, 1);
-        m_texts.emplace_back(row.text, field);
+        m_texts.push_back({row.text, PlainLabel(Text(row.label)), field});
         isOpen = isOpen || !text.empty();
     }
     more->setText(Text("More of the name and the work"));
@@ -109,15 +116,15 @@ void PersonFields::AddTexts(QVBoxLayout& column) {
 }
 
 void PersonFields::AddSection(DetailKind kind, QVBoxLayout& column) {
-    m_sections.push_back(new DetailSection(kind, m_person));
-    column.addWidget(m_sections.back());
+    m_sections.push_back({new DetailSection(kind, *m_person), m_person});
+    column.addWidget(m_sections.back().field);
 }
 
 PersonEdits PersonFields::Edits() const {
     PersonEdits edits;
-    for (const DetailSection* section : m_sections) section->AddEdits(edits.details);
-    for (const auto& [text, field] : m_texts) {
-        if (field->IsChanged()) edits.texts.emplace_back(text, field->Utf8());
+    for (const Section& section : m_sections) section.field->AddEdits(edits.details);
+    for (const TextLine& line : m_texts) {
+        if (line.field->IsChanged()) edits.texts.emplace_back(line.text, line.field->Utf8());
     }
     edits.photo = m_photo->Edit();
     return edits;
@@ -128,24 +135,79 @@ long PersonFields::Write(CAddressRecord& record, CAddressTable& table) const {
     if (edits.IsEmpty()) return 0;
     Person present;
     if (const long status = ReadKeptPerson(record, present); status != 0) return status;
-    std::vector<DetailEdit> details;
-    for (DetailEdit& edit : edits.details) {
-        if (!edit.isNew) {
-            const auto line = FindLine(present, m_person, edit.detail.line);
-            if (!line && edit.isRemoved) continue;
-            edit.isNew = !line;
-            edit.detail.line = line.value_or(0);
+    edits.details.clear();
+    for (const Section& section : m_sections) {
+        std::vector<DetailEdit> details;
+        section.field->AddEdits(details);
+        for (DetailEdit& edit : details) {
+            if (!edit.isNew) {
+                const auto line = FindLine(present, *section.given, edit.detail.line);
+                if (!line && edit.isRemoved) continue;
+                edit.isNew = !line;
+                edit.detail.line = line.value_or(0);
+            }
+            edits.details.push_back(std::move(edit));
         }
-        details.push_back(std::move(edit));
     }
-    edits.details = std::move(details);
     return EditPerson(record, table, edits);
+}
+
+PersonFields::Part PersonFields::PartOf(const TextLine& line) {
+    LineField* field = line.field;
+    const auto theirs = [this, text = line.text] { return TextOf(*m_person, text); };
+    return {line.label,
+            field,
+            [field] { return field->IsChanged(); },
+            [theirs] { return FromUtf8(theirs()); },
+            [field] { return field->text(); },
+            [theirs, field](bool keepsMine) { field->Give(theirs(), keepsMine); }};
+}
+
+// Rows that the user has changed stay as they are: what they say comes beside theirs.
+PersonFields::Part PersonFields::PartOf(Section& each) {
+    Section* section = &each;
+    DetailSection* field = each.field;
+    return {field->Name(),
+            field,
+            [field] {
+                std::vector<DetailEdit> edits;
+                field->AddEdits(edits);
+                return !edits.empty();
+            },
+            [this, field] { return field->TextOf(*m_person); },
+            [field] { return field->ShownText(); },
+            [this, section](bool keepsMine) {
+                if (keepsMine) return;
+                section->given = m_person;
+                section->field->Give(*m_person);
+            }};
+}
+
+PersonFields::Part PersonFields::PhotoPart() {
+    const auto textOf = [](const std::optional<PersonPhoto>& photo) {
+        if (!photo) return QString();
+        if (photo->bytes.empty()) return FromUtf8(photo->link);
+        return CountText("%1 byte", "%1 bytes", std::ssize(photo->bytes));
+    };
+    return {Text("Photo"),
+            m_photo,
+            [this] { return m_photo->Edit().has_value(); },
+            [this, textOf] { return textOf(m_person->photo); },
+            [this, textOf] { return textOf(m_photo->Shown()); },
+            [this](bool keepsMine) { m_photo->Give(m_person->photo, keepsMine); }};
+}
+
+std::vector<PersonFields::Part> PersonFields::Parts() {
+    std::vector<Part> parts{PhotoPart()};
+    for (const TextLine& line : m_texts) parts.push_back(PartOf(line));
+    for (Section& section : m_sections) parts.push_back(PartOf(section));
+    return parts;
 }
 
 bool PersonFields::Check() const {
     QWidget* wrong = nullptr;
-    for (const DetailSection* section : m_sections) {
-        if (!wrong) wrong = section->Wrong();
+    for (const Section& section : m_sections) {
+        if (!wrong) wrong = section.field->Wrong();
     }
     if (wrong) GoTo(*wrong);
     return !wrong;

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <QVBoxLayout>
+#include <functional>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -31,18 +33,45 @@ public:
     // Returns:  0, or why not as a StoreStatus.
     long Write(CAddressRecord& record, CAddressTable& table) const;
 
+    // What is shown, as FormField has it. `textOf` and `give` are about what was read last.
+    struct Part {
+        QString label;
+        QWidget* field;
+        std::function<bool()> isChanged;
+        std::function<QString()> textOf;
+        std::function<QString()> mine;
+        std::function<void(bool keepsMine)> give;
+    };
+    std::vector<Part> Parts();
+    // Reads what the record's card holds now.
+    // Returns:  0, or why not as a StoreStatus.
+    long ReadAgain(const CAddressRecord& record);
+
     // Leads to the first field that can't be saved as it is.
     // Returns:  true where all can be saved.
     bool Check() const;
 
 private:
-    PersonEdits Edits() const;
+    struct TextLine {
+        PersonText text;
+        QString label;
+        LineField* field;
+    };
+    struct Section {
+        DetailSection* field;
+        std::shared_ptr<const Person> given;  // of whose details its rows are
+    };
 
-    Person m_person;
+    PersonEdits Edits() const;
+    Part PartOf(const TextLine& line);
+    Part PartOf(Section& section);
+    Part PhotoPart();
+
+    std::shared_ptr<const Person> m_person;  // as it was read last
     Face m_face;
     PhotoField* m_photo = nullptr;  // this and all others are the form's
-    std::vector<std::pair<PersonText, LineField*>> m_texts;
-    std::vector<DetailSection*> m_sections;
+    std::vector<TextLine> m_texts;
+    std::vector<Section> m_sections;
 };
 
 }  // namespace orvo::desktop

@@ -73,8 +73,14 @@ void PhotoField::LayOut() {
     row->addLayout(column, 1);
 }
 
+void PhotoField::Give(const std::optional<PersonPhoto>& given, bool keepsMine) {
+    m_given = given;
+    if (!keepsMine) m_edit.reset();
+    ShowPhoto();
+}
+
 const PersonPhoto* PhotoField::Present() const {
-    const std::optional<PersonPhoto>& photo = m_edit ? m_edit : m_given;
+    const std::optional<PersonPhoto>& photo = Shown();
     return photo && !(photo->bytes.empty() && photo->link.empty()) ? &*photo : nullptr;
 }
 

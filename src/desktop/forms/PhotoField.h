@@ -24,6 +24,9 @@ public:
 
     // What the photo becomes; one without bytes where it was taken away. Nothing where it stays.
     const std::optional<PersonPhoto>& Edit() const { return m_edit; }
+    const std::optional<PersonPhoto>& Shown() const { return m_edit ? m_edit : m_given; }
+    // As if it had been made with that photo; the user's own stays with `keepsMine`.
+    void Give(const std::optional<PersonPhoto>& given, bool keepsMine);
 
     QJsonValue Kept() const override;
     void ShowKept(const QJsonValue& kept) override;

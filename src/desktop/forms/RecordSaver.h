@@ -8,35 +8,30 @@
 #include <vector>
 
 #include <contracts/RecordStore.h>
+#include <desktop/forms/FormSaver.h>
 
 namespace orvo::desktop {
 
-struct SaveResult {
-    StoreStatus status = StoreStatus::Ok;
-    std::string reason;  // one line, UTF-8, where the status isn't Ok
-};
-
-// The face of RecordSaver that forms of all kinds use.
-class FormSaver {
-public:
-    virtual ~FormSaver() = default;
-    FormSaver(const FormSaver&) = delete;
-    FormSaver& operator=(const FormSaver&) = delete;
-
-    virtual bool IsChanged() const = 0;
-    // Puts what was changed into the store: all of it, or nothing. Gone where somebody has removed
-    // or deleted the record since the form was opened.
-    virtual SaveResult Save() = 0;
-    // Puts all that the form shows into the store as a new record.
-    virtual SaveResult SaveAsNew() = 0;
-
-protected:
-    FormSaver() = default;
+// One field of a form over records of that class.
+template <class Record>
+struct FormField {
+    QString label;
+    QWidget* field;
+    std::function<bool()> isChanged;
+    std::function<long(Record&)> write;  // sets it in a record
+    // What the field of a record says, and what the form's says.
+    std::function<QString(Record&)> textOf;
+    std::function<QString()> mine;
+    // Makes it as if the form had been opened with that record. With `keepsMine` the form's text
+    // stays, as a change of that.
+    std::function<void(Record&, bool keepsMine)> give;
 };
 
 template <class Table, class Record>
 class RecordSaver : public FormSaver {
 public:
+    using Field = FormField<Record>;
+
     // Both outlive the saver.
     RecordSaver(Table& table, Record& record)
         : m_table(table), m_record(record), m_wasDeleted(record.IsDeleted() != 0) {}
@@ -50,25 +45,28 @@ public:
     }
     const std::string& Note() const { return m_note; }
 
-    // One field of the form: `write` sets it in a record.
-    void Add(std::function<bool()> isChanged, std::function<long(Record&)> write) {
-        m_fields.push_back({std::move(isChanged), std::move(write)});
+    // Called with a record before its fields are asked for.
+    void SetReader(std::function<long(Record&)> reader) { m_reader = std::move(reader); }
+
+    void Add(Field field) {
+        const QString text = field.textOf(m_record);
+        m_fields.push_back({std::move(field), text, text});
     }
 
     bool IsChanged() const override {
-        for (const Field& field : m_fields) {
-            if (field.isChanged()) return true;
+        for (const State& state : m_fields) {
+            if (state.field.isChanged()) return true;
         }
         return false;
     }
 
-    SaveResult Save() override {
+    SaveResult Save(bool bringsBack) override {
         if (m_record.GetId() == 0) {
             long status = WriteChanged();
             if (status == 0) status = m_table.Add(m_record);
             return Result(status);
         }
-        SaveResult result = SaveStored();
+        SaveResult result = SaveStored(bringsBack);
         // The setters before the one that failed have changed the copy.
         if (result.status != StoreStatus::Ok) m_table.Find(m_record.GetId(), m_record);
         return result;
@@ -78,36 +76,98 @@ public:
         Record fresh(m_table);
         long status = fresh.SetArchived(m_record.IsArchived());
         if (status == 0) status = fresh.SetSource(m_source, m_origin, m_shared);
-        for (const Field& field : m_fields) {
-            if (status == 0) status = field.write(fresh);
+        for (const State& state : m_fields) {
+            if (status == 0) status = state.field.write(fresh);
         }
         if (status == 0) status = m_table.Add(fresh);
         if (status == 0) status = m_table.Find(fresh.GetId(), m_record);
         return Result(status);
     }
 
+    SaveResult TakeForeign() override {
+        if (m_record.GetId() == 0) return {};
+        Record present(m_table);
+        long status = m_table.Find(m_record.GetId(), present);
+        if (status == 0 && IsTrashed(present)) return {StoreStatus::Gone, {}, false, true};
+        if (status == 0) status = TakeFields(present);
+        return Result(status);
+    }
+
+    std::vector<ForeignField> ForeignFields() const override {
+        std::vector<ForeignField> fields;
+        for (const State& state : m_fields) {
+            if (state.theirs == state.was) continue;
+            fields.push_back({state.field.label, state.was, state.theirs, state.field.mine(),
+                              state.isUndecided, state.field.field});
+        }
+        return fields;
+    }
+
+    void Decide(std::size_t place, bool takesTheirs) override {
+        for (State& state : m_fields) {
+            if (state.theirs == state.was || place-- != 0) continue;
+            Record present(m_table);
+            const bool isThere = m_table.Find(m_record.GetId(), present) == 0;
+            if (!isThere || Read(present) != 0) return;
+            state.field.give(present, !takesTheirs);
+            state.isUndecided = false;
+            return;
+        }
+    }
+
 private:
-    struct Field {
-        std::function<bool()> isChanged;
-        std::function<long(Record&)> write;
+    struct State {
+        Field field;
+        QString was;     // when the form was opened
+        QString theirs;  // in the store, as far as is known here
+        bool isUndecided = false;
     };
 
-    SaveResult SaveStored() {
-        if (!IsChanged()) return {};
+    bool IsTrashed(const Record& present) const { return present.IsDeleted() && !m_wasDeleted; }
+    long Read(Record& record) { return m_reader ? m_reader(record) : 0; }
+
+    // Untouched fields take what the record says now.
+    long TakeFields(Record& present) {
+        if (const long status = Read(present); status != 0) return status;
+        for (State& state : m_fields) {
+            const QString theirs = state.field.textOf(present);
+            const bool isNew = std::exchange(state.theirs, theirs) != theirs;
+            if (!isNew && !state.isUndecided) continue;
+            const bool isMine = state.field.isChanged() && state.field.mine() != theirs;
+            state.isUndecided = isMine && theirs != state.was;
+            if (!state.isUndecided) state.field.give(present, isMine);
+        }
+        return 0;
+    }
+
+    bool IsUndecided() const {
+        for (const State& state : m_fields) {
+            if (state.isUndecided) return true;
+        }
+        return false;
+    }
+
+    SaveResult SaveStored(bool bringsBack) {
+        if (!IsChanged() && !bringsBack) return {};
         StoreTransaction transaction(m_table.GetEngine());
         auto status = static_cast<long>(transaction.Status());
         Record present(m_table);
         if (status == 0) status = m_table.Find(m_record.GetId(), present);
-        if (status == 0 && present.IsDeleted() && !m_wasDeleted) return {StoreStatus::Gone, {}};
+        if (status == 0 && IsTrashed(present)) {
+            if (!bringsBack) return {StoreStatus::Gone, {}, false, true};
+            status = m_table.Undelete(m_record);
+        }
+        if (status == 0) status = TakeFields(present);
+        if (status == 0 && IsUndecided()) return {StoreStatus::Refused, {}, true};
         if (status == 0) status = WriteChanged();
         if (status == 0) status = static_cast<long>(transaction.Commit());
         return Result(status);
     }
 
     long WriteChanged() {
-        for (const Field& field : m_fields) {
-            if (!field.isChanged()) continue;
-            if (const long status = field.write(m_record); status != 0) return status;
+        for (const State& state : m_fields) {
+            if (!state.field.isChanged()) continue;
+            if (const long status = state.field.write(m_record); status != 0) return status;
         }
         return 0;
     }
@@ -124,7 +184,8 @@ private:
     std::vector<SharedText> m_shared;
     std::string m_source;
     std::string m_origin;
-    std::vector<Field> m_fields;
+    std::function<long(Record&)> m_reader;
+    std::vector<State> m_fields;
 };
 
 }  // namespace orvo::desktop

@@ -8,7 +8,7 @@
 #include <desktop/forms/DateField.h>
 #include <desktop/forms/EndOfSeries.h>
 #include <desktop/forms/FormDialog.h>
-#include <desktop/forms/FormFields.h>
+#include <desktop/forms/SavedFields.h>
 #include <desktop/forms/ToDoForm.h>
 #include <desktop/texts/Texts.h>
 #include <platform/time/CTime.h>
@@ -41,6 +41,19 @@ QString PriorityText(int priority) {
     if (priority == kFirstPriority) return Text("%1 (highest)").arg(number);
     if (priority == kLastPriority) return Text("%1 (lowest)").arg(number);
     return number;
+}
+
+int PriorityOf(CToDoRecord& record) {
+    int priority = kFirstPriority;
+    record.GetPriority(priority);
+    return priority;
+}
+
+// kMaxDate where the day isn't known.
+long CompletionOf(CToDoRecord& record) {
+    long date = kMaxDate;
+    record.GetCompletionDate(date);
+    return date;
 }
 
 class ToDoForm {
@@ -89,8 +102,13 @@ void ToDoForm::AddDescription(QGridLayout& grid) {
     auto* text = new TextField(m_record.DescriptionUtf8(), kDescriptionLines);
     text->setObjectName("description");
     text->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    m_saver.Add([text] { return text->IsChanged(); },
-                [text](CToDoRecord& record) { return record.SetDescriptionUtf8(text->Utf8()); });
+    m_saver.Add({PlainLabel(Text("D&escription:")), text, [text] { return text->IsChanged(); },
+                 [text](CToDoRecord& record) { return record.SetDescriptionUtf8(text->Utf8()); },
+                 [](CToDoRecord& record) { return LinesOf(record.DescriptionUtf8()); },
+                 [text] { return text->Shown(); },
+                 [text](CToDoRecord& record, bool keepsMine) {
+                     text->Give(record.DescriptionUtf8(), keepsMine);
+                 }});
     grid.addWidget(MakeLabel(Text("D&escription:"), *text), 0, 0, Qt::AlignTop);
     grid.addWidget(text, 0, 1);
 }
@@ -104,12 +122,11 @@ void ToDoForm::AddChoices(QGridLayout& grid) {
     int given = kFirstPriority;
     m_record.GetPriority(given);
     priority->Give(given, PriorityText(given));
-    m_saver.Add([priority] { return priority->IsChanged(); },
-                [priority](CToDoRecord& record) { return record.SetPriority(priority->Number()); });
+    AddChoice(m_saver, PlainLabel(Text("P&riority:")), *priority, PriorityOf,
+              [](CToDoRecord& record, int number) { return record.SetPriority(number); });
     ChoiceField* category = MakeCategoryField(m_table, m_record);
-    m_saver.Add(
-        [category] { return category->IsChanged(); },
-        [category](CToDoRecord& record) { return record.SetCategoryId(category->Number()); });
+    AddChoice(m_saver, PlainLabel(Text("Cate&gory:")), *category, CategoryOf<CToDoRecord>,
+              [](CToDoRecord& record, int number) { return record.SetCategoryId(number); });
     grid.addWidget(MakeLabel(Text("P&riority:"), *priority), 1, 0);
     grid.addWidget(priority, 1, 1, Qt::AlignLeading);
     grid.addWidget(MakeLabel(Text("Cate&gory:"), *category), 2, 0);
@@ -122,16 +139,24 @@ void ToDoForm::AddDates(QGridLayout& grid) {
     auto* due = new DateField(Text("D&ue on"), given, Today(), false);
     due->setObjectName("due");
     if (!m_record.IsCompleted() && IsOfAnEarlierDay(given)) due->SetRemark(Text("overdue"));
-    m_saver.Add([due] { return due->IsChanged(); },
-                [due](CToDoRecord& record) { return record.SetDueDate(due->Date()); });
+    const auto dateOf = [](const CToDoRecord& record) {
+        long date = kMaxDate;
+        record.GetDueDate(date);
+        return date;
+    };
+    m_saver.Add(
+        {PlainLabel(Text("D&ue on")), due, [due] { return due->IsChanged(); },
+         [due](CToDoRecord& record) { return record.SetDueDate(due->Date()); },
+         [=](CToDoRecord& record) { return DateField::TextOf(dateOf(record)); },
+         [due] { return DateField::TextOf(due->Date()); },
+         [=](CToDoRecord& record, bool keepsMine) { due->Give(dateOf(record), keepsMine); }});
     grid.addWidget(due, 3, 1);
     AddCompleted(grid);
 }
 
 // The day on which it was completed may be unknown.
 void ToDoForm::AddCompleted(QGridLayout& grid) {
-    long given = kMaxDate;
-    m_record.GetCompletionDate(given);
+    const long given = CompletionOf(m_record);
     auto* isCompleted = new MarkField(Text("Comp&leted"), m_record.IsCompleted() != 0);
     isCompleted->setObjectName("completed");
     m_isCompleted = isCompleted;
@@ -142,12 +167,24 @@ void ToDoForm::AddCompleted(QGridLayout& grid) {
         date->setEnabled(isOn);
         date->SetHasDate(isOn);
     });
-    m_saver.Add([=] { return isCompleted->IsChanged() || date->IsChanged(); },
-                [=](CToDoRecord& record) {
-                    if (!isCompleted->isChecked()) return record.SetCompleted(0, 0);
-                    const long status = record.SetCompleted(1, 0);
-                    return status == 0 ? record.SetCompletionDate(date->Date()) : status;
-                });
+    const auto textOf = [](bool isSet, long day) {
+        return isSet && day != kMaxDate ? DateField::TextOf(day) : MarkText(isSet);
+    };
+    m_saver.Add({PlainLabel(Text("Comp&leted")), isCompleted,
+                 [=] { return isCompleted->IsChanged() || date->IsChanged(); },
+                 [=](CToDoRecord& record) {
+                     if (!isCompleted->isChecked()) return record.SetCompleted(0, 0);
+                     const long status = record.SetCompleted(1, 0);
+                     return status == 0 ? record.SetCompletionDate(date->Date()) : status;
+                 },
+                 [=](CToDoRecord& record) {
+                     return textOf(record.IsCompleted() != 0, CompletionOf(record));
+                 },
+                 [=] { return textOf(isCompleted->isChecked(), date->Date()); },
+                 [=](CToDoRecord& record, bool keepsMine) {
+                     isCompleted->Give(record.IsCompleted() != 0, keepsMine);
+                     date->Give(CompletionOf(record), keepsMine);
+                 }});
     grid.addWidget(isCompleted, 4, 1);
     grid.addWidget(date, 5, 1);
 }
@@ -155,18 +192,14 @@ void ToDoForm::AddCompleted(QGridLayout& grid) {
 void ToDoForm::AddPrivate(QGridLayout& grid) {
     auto* isPrivate = new MarkField(Text("&Private"), m_record.IsPrivate() != 0);
     isPrivate->setObjectName("private");
-    m_saver.Add([isPrivate] { return isPrivate->IsChanged(); },
-                [isPrivate](CToDoRecord& record) {
-                    return record.SetPrivate(isPrivate->isChecked() ? 1 : 0);
-                });
+    AddPrivateMark(m_saver, *isPrivate);
     grid.addWidget(isPrivate, 6, 1);
 }
 
 void ToDoForm::AddNote(QGridLayout& grid) {
     auto* note = new TextField(m_saver.Note(), kToDoNoteLines);
     note->setObjectName("note");
-    m_saver.Add([note] { return note->IsChanged(); },
-                [note](CToDoRecord& record) { return record.SetNoteUtf8(note->Utf8()); });
+    AddNoteText(m_saver, PlainLabel(Text("&Note:")), *note);
     grid.addWidget(MakeLabel(Text("&Note:"), *note), 7, 0, Qt::AlignTop);
     grid.addWidget(note, 7, 1);
     grid.setRowStretch(7, 1);

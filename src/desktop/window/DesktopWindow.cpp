@@ -199,6 +199,8 @@ void DesktopWindow::LookForForeignChange() {
         m_frame.Entries().TakeChanges(ids);
         m_commands.texts.Follow();
     }
+    auto* form = dynamic_cast<FormDialog*>(QApplication::activeModalWidget());
+    if (form && !foreign.IsNothing()) form->TakeForeign();
 }
 
 // What is private waits until the password is given.

@@ -1,5 +1,6 @@
 // How forms save, and what happens where they can't.
 // SPDX-License-Identifier: MIT
+#include <desktop/forms/FormDialog.h>
 #include <desktop/forms/FormFixture.h>
 
 namespace orvo::desktop {
@@ -29,6 +30,49 @@ TEST_F(SaveTest, WhatOthersChangedMeanwhileStays) {
 
     EXPECT_EQ(Stored(AddressField::Name), "Bob");
     EXPECT_EQ(Stored(AddressField::City), "Oslo");
+}
+
+// Somebody else's edits come into the form while the user types.
+TEST_F(SaveTest, UntouchedFieldsShowTheirsAndTheUserIsAskedAboutWhatBothChanged) {
+    struct {
+        const char* button;
+        const char* wanted;
+    } const rows[] = {{"Keep mine", "Bob"}, {"Take theirs", "Carl"}};
+    for (const auto& row : rows) {
+        theirs.SetUtf8(AddressField::Name, "Ann");
+        ASSERT_EQ(own.addresses.Find(record.GetId(), record), 0);
+
+        EXPECT_TRUE(Edit({[&](QDialog& form) {
+                              TypeBob(form);
+                              theirs.SetUtf8(AddressField::Name, "Carl");
+                              theirs.SetUtf8(AddressField::City, "Oslo");
+                              dynamic_cast<FormDialog&>(form).TakeForeign();
+                              EXPECT_EQ(Field<QLineEdit>(form, "city").text(), "Oslo");
+                              EXPECT_EQ(Field<QLineEdit>(form, "name").text(), "Bob");
+                              EXPECT_FALSE(Field<QWidget>(form, "foreign").isHidden());
+                              desktop::Save(form);
+                          },
+                          Pressing("Cancel"), [](QDialog& form) { desktop::Save(form); },
+                          Pressing(row.button)}));
+
+        EXPECT_EQ(Stored(AddressField::Name), row.wanted);
+        EXPECT_EQ(Stored(AddressField::City), "Oslo");
+    }
+}
+
+TEST_F(SaveTest, WhatOthersPutIntoTheTrashCanBeBroughtBack) {
+    const std::int64_t before = record.GetId();
+
+    EXPECT_TRUE(Edit({[&](QDialog& form) {
+                          other.addresses.Delete(theirs);
+                          TypeBob(form);
+                          desktop::Save(form);
+                      },
+                      Pressing("Bring it back")}));
+
+    EXPECT_EQ(record.GetId(), before);
+    EXPECT_EQ(FormHands::Stored()->IsDeleted(), 0);
+    EXPECT_EQ(Stored(AddressField::Name), "Bob");
 }
 
 TEST_F(SaveTest, ARecordThatIsGoneIsSavedAsANewOne) {
