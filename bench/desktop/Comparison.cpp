@@ -49,6 +49,10 @@ constexpr FigureRow kRows[] = {
     {Figure::DetailsMedian, "row to the painted details without one, median", "ms"},
     {Figure::FindMedian, "letter to the painted rows that are found, median", "ms"},
     {Figure::FindMaximum, "letter to the painted rows that are found, max.", "ms"},
+    {Figure::ForeignEdit, "foreign commit of an edit to the painted row", "ms"},
+    {Figure::ForeignEditThread, "of that, work of the window's thread", "ms"},
+    {Figure::ForeignMove, "the same for a row that moves, work", "ms"},
+    {Figure::ForeignThousand, "commit of 1000 edits to the painted rows", "ms"},
 };
 
 constexpr bool EachRowStandsAtItsFigure() {
@@ -74,6 +78,9 @@ constexpr Wanted kWanted[] = {
     {100'000, Figure::DetailsMedian, false, 5, "under 5 ms"},
     {100'000, Figure::FindMaximum, false, 50, "under 50 ms"},
     {1'000'000, Figure::FindMaximum, false, 150, "under 150 ms"},
+    {1'000'000, Figure::ForeignEdit, false, 100, "under 100 ms"},
+    {1'000'000, Figure::ForeignEditThread, false, 5, "under 5 ms"},
+    {1'000'000, Figure::ForeignThousand, false, 300, "under 300 ms"},
     {1'000'000, Figure::Start, false, 5000, "under 5 s"},
     {1'000'000, Figure::Peak, false, 700, "under 700 MB"},
 };

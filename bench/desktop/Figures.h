@@ -28,13 +28,17 @@ enum class Figure {
     DetailsPhotoMedian,
     DetailsMedian,
     FindMedian,
-    FindMaximum
+    FindMaximum,
+    ForeignEdit,
+    ForeignEditThread,
+    ForeignMove,
+    ForeignThousand
 };
 
 constexpr std::size_t IndexOf(Figure figure) {
     return static_cast<std::size_t>(figure);
 }
-constexpr std::size_t kFigureCount = IndexOf(Figure::FindMaximum) + 1;
+constexpr std::size_t kFigureCount = IndexOf(Figure::ForeignThousand) + 1;
 
 // A figure that was not measured is empty.
 using Figures = std::array<std::optional<double>, kFigureCount>;

@@ -40,6 +40,9 @@ public:
     // False while the texts of rows are still being read for it.
     virtual bool IsFindReady() { return true; }
 
+    // Shows what other programs change in its store.
+    virtual bool SeesForeignEdits() const { return false; }
+
     virtual bool HasMode(ViewMode mode) const = 0;
     virtual void SetMode(ViewMode mode) = 0;
 };

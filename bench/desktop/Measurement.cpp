@@ -9,12 +9,15 @@
 #include <QWheelEvent>
 #include <algorithm>
 #include <cstdlib>
+#include <ctime>
 #include <fstream>
 #include <random>
 #include <stdexcept>
+#include <thread>
 
 #include <fmt/format.h>
 
+#include <libraries/quire/SqliteEngine.h>
 #include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/resources/StringTable.h>
 #include <platform/text/SystemLocale.h>
@@ -36,6 +39,7 @@ constexpr const char* kTyped[] = {"smit", "holers", "wilson", "barw", "kay",
 constexpr const char* kLookedFor[] = {"ann", "street 99", "617 555 0"};
 constexpr int kRowsOfDetails = 12;  // which lie in the first page, so that nothing scrolls
 
+constexpr int kForeignEdits = 10;  // one by one, all of people in view
 constexpr int kFramesOfEachKind = 80;
 constexpr int kFramesOfIcons = 40;
 constexpr int kWheelStep = 120;
@@ -78,6 +82,31 @@ Clock::time_point StartOfProcess() {
     return Clock::time_point(std::chrono::nanoseconds(std::strtoll(text, nullptr, 10)));
 }
 
+// Milliseconds that this thread has worked.
+double WorkOfThread() {
+    timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
+}
+
+// Names go all over the list.
+void ChangePeople(const std::string& store, AddressField field, std::int64_t first,
+                  std::int64_t count) {
+    std::string error;
+    const std::unique_ptr<SqliteEngine> engine = SqliteEngine::Open(store, error);
+    if (!engine) std::terminate();
+    CAddressTable table(*engine);
+    StoreTransaction transaction(*engine);
+    for (std::int64_t id = first; id < first + count; ++id) {
+        constexpr int kLetters = 26;
+        CAddressRecord record(table);
+        std::string text = fmt::format("Foreign {}", id);
+        if (field == AddressField::Name) text.front() = static_cast<char>('A' + id % kLetters);
+        if (table.Find(id, record) != 0 || record.SetUtf8(field, text) != 0) std::terminate();
+    }
+    if (transaction.Commit() != StoreStatus::Ok) std::terminate();
+}
+
 class Measurement {
 public:
     Measurement(PaintWatch& watch, MeasuredWindow& window) : m_watch(watch), m_window(window) {}
@@ -99,6 +128,7 @@ public:
         Tell(Figure::Peak, Memory("VmHWM"));
         MeasureDetails();
         MeasureFind();
+        MeasureForeignEdits(store);
     }
 
 private:
@@ -243,6 +273,57 @@ private:
         TellAll(times, Figure::FindMedian, Figure::FindMaximum);
         line->clear();
         m_watch.Settle();
+    }
+
+    // What another program commits meanwhile, in a thread that has the store open for itself. The
+    // people with a photo are in view.
+    void MeasureForeignEdits(const std::string& store) {
+        if (!m_window.SeesForeignEdits()) return;
+        m_window.StartOver();
+        m_watch.Settle();
+        std::vector<double> times;
+        std::vector<double> work;
+        std::vector<double> workOfMoves;
+        for (int edit = 0; edit < kForeignEdits; ++edit) {
+            const Seen seen = TimeOfForeign(store, AddressField::Company, 1 + edit, 1);
+            times.push_back(seen.fromCommit);
+            work.push_back(seen.work);
+        }
+        Tell(Figure::ForeignEdit, Median(times));
+        Tell(Figure::ForeignEditThread, Median(work));
+        for (int edit = 0; edit < kForeignEdits / 2; ++edit) {
+            workOfMoves.push_back(TimeOfForeign(store, AddressField::Name, 1 + edit, 1).work);
+        }
+        Tell(Figure::ForeignMove, Median(workOfMoves));
+        Tell(Figure::ForeignThousand,
+             TimeOfForeign(store, AddressField::Name, 1 + kForeignEdits / 2, 1000).fromCommit);
+    }
+
+    struct Seen {
+        double fromCommit;
+        double work;  // of this thread, with the painting
+    };
+    // Milliseconds for a commit that changes that field of so many people.
+    Seen TimeOfForeign(const std::string& store, AddressField field, std::int64_t first,
+                       std::int64_t count) {
+        Clock::time_point committed;
+        std::thread other;
+        const auto start = Clock::now();
+        const double workBefore = WorkOfThread();
+        const auto time = m_watch.TimeToPaint(
+            [&] {
+                other = std::thread([&] {
+                    ChangePeople(store, field, first, count);
+                    committed = Clock::now();
+                });
+            },
+            kSwitch, start);
+        const double work = WorkOfThread() - workBefore;
+        other.join();
+        if (!time) throw std::runtime_error("a foreign edit was not painted");
+        m_watch.Settle();
+        using Milliseconds = std::chrono::duration<double, std::milli>;
+        return {*time - Milliseconds(committed - start).count(), work};
     }
 
     PaintWatch& m_watch;

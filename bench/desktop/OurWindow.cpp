@@ -86,6 +86,8 @@ public:
 
     bool IsFindReady() override { return m_window->Frame().Entries().IsWhole(); }
 
+    bool SeesForeignEdits() const override { return true; }
+
     bool HasMode(ViewMode) const override { return true; }
     void SetMode(ViewMode mode) override { m_window->ShowView(KindOf(mode)); }
 

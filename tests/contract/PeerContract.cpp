@@ -132,7 +132,7 @@ TEST_F(ListPeerContract, AnExchangeKeepsWhatIsInViewAndSelectionAndFocusWithThei
     list->EnsureVisible(60, false);
     const DWORD first = list->Data(list->TopRow());
 
-    list->ExchangeRows({3, 4, 21}, {{0, -1, {7}}, {0, 4}, {80, 21}, {100, -1, {8}}});
+    list->ExchangeRows({3, 4, 21}, {{0, -1, {7, {}}}, {0, 4}, {80, 21}, {100, -1, {8, {}}}});
 
     EXPECT_EQ(list->RowCount(), 101);
     const DWORD begin[] = {7, 104, 100, 101, 102, 105};

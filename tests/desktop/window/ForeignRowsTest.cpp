@@ -1,5 +1,5 @@
-// What another program changes comes into the rows one by one, and they are as if all were read
-// again. SPDX-License-Identifier: MIT
+// What another program changes comes into the rows one by one, as if all were read again.
+// SPDX-License-Identifier: MIT
 #include <memory>
 #include <optional>
 #include <random>
