@@ -17,6 +17,7 @@
 
 #include <fmt/format.h>
 
+#include <contracts/RecordStore.h>
 #include <libraries/quire/SqliteEngine.h>
 #include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/resources/StringTable.h>
