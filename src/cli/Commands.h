@@ -41,6 +41,7 @@ void AddChangesCommand(CLI::App& app, Invocation& invocation);     // changes
 void AddOptionsCommands(CLI::App& app, Invocation& invocation);    // options
 void AddMailCommand(CLI::App& app, Invocation& invocation);        // mail
 void AddWhoCommand(CLI::App& app, Invocation& invocation);         // who
+void AddBackupCommands(CLI::App& app, Invocation& invocation);     // backup, restore
 void AddRescueCommand(CLI::App& app, Invocation& invocation);      // rescue
 
 }  // namespace orvo::cli

@@ -42,10 +42,10 @@ void Store::Check(long status) {
     throw CommandError(kWrongUse, m_engine->LastError());
 }
 
-WriteClaim::WriteClaim(const Store& store) : m_claim(store.Path(), kTerminalOwner, kPatience) {
+WriteClaim::WriteClaim(const std::string& path) : m_claim(path, kTerminalOwner, kPatience) {
     if (m_claim.Access() != DataSetAccess::Refused) return;
-    throw CommandError(kWrongUse, fmt::format("{}: {} has this store open; try again later",
-                                              store.Path(), ToUtf8(m_claim.Holder())));
+    throw CommandError(kWrongUse, fmt::format("{}: {} has this store open; try again later", path,
+                                              ToUtf8(m_claim.Holder())));
 }
 
 Transaction::Transaction(Store& store)

@@ -46,7 +46,9 @@ private:
 class WriteClaim {
 public:
     // Fails:    CommandError that says who has the store.
-    explicit WriteClaim(const Store& store);
+    explicit WriteClaim(const Store& store) : WriteClaim(store.Path()) {}
+    // The same for a store that isn't open.
+    explicit WriteClaim(const std::string& path);
 
 private:
     DataSetClaim m_claim;

@@ -101,6 +101,7 @@ int Run(int count, char** arguments) {
     AddOptionsCommands(app, invocation);
     AddMailCommand(app, invocation);
     AddWhoCommand(app, invocation);
+    AddBackupCommands(app, invocation);
     AddRescueCommand(app, invocation);
     app.footer(
         "Exit codes: 0 done; 1 nothing found; 2 wrong use or a file that can't be read;\n"

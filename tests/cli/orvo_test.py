@@ -420,6 +420,20 @@ class OrvoTest(CommandTest):
             seen.add(rows)
         self.assertIn(1, seen, "no kill came before the commit")
 
+    def test_a_restore_brings_a_backup_back_and_tells_how_to_take_it_back(self):
+        self.import_text(card("Old"))
+        backup = self.folder / "it's.db"
+        self.assertIn("backed up 1 addresses, 0 to-dos", self.orvo("backup", backup))
+        self.assertIn("is there already", self.refused("backup", backup))
+        self.import_text(card("New"))
+        told = self.orvo("restore", backup).splitlines()
+        self.assertEqual(len(self.rows("addresses")), 1)
+        self.orvo(told[1].split("orvo ", 1)[1], store=None)
+        self.assertEqual(len(self.rows("addresses")), 2)
+        self.environment["XDG_DATA_HOME"] = str(self.folder / "new")
+        self.orvo("restore", backup, store=None)
+        self.assertEqual(len(self.rows("addresses", store=None)), 1)
+
     def test_names_cannot_steer_a_terminal(self):
         self.import_text(card("Evil\x1b[2J\x07\u009b31m\u202e\u2028"))
         self.assertNotRegex(self.orvo("addresses"), r"[\x00-\x09\x0b-\x1f\x7f-\x9f\u2028-\u202e]")

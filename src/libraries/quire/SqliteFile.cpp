@@ -12,6 +12,8 @@
 #include <sys/statvfs.h>
 #include <unistd.h>
 
+#include <fmt/format.h>
+
 namespace orvo {
 
 namespace {
@@ -192,6 +194,24 @@ std::string SqliteFile::Reason(int result) const {
     }
     const std::string reason = FaultText(FaultOfResult(result));
     return kind == SQLITE_IOERR && error != 0 ? reason + ": " + std::strerror(error) : reason;
+}
+
+std::string StoreFileName(const std::string& path) {
+    std::error_code error;
+    const std::filesystem::path absolute = std::filesystem::absolute(path, error);
+    return error ? path : absolute.string();
+}
+
+std::string ReadOnlyUri(const std::string& path) {
+    std::string uri = "file:";
+    for (const char c : StoreFileName(path)) {
+        const bool hasMeaning = c == '%' || c == '?' || c == '#';
+        uri += hasMeaning ? fmt::format("%{:02X}", c) : std::string(1, c);
+    }
+    std::error_code error;
+    const auto logSize = std::filesystem::file_size(StoreFileName(path) + "-wal", error);
+    const bool hasLog = !error && logSize != 0;
+    return uri + (hasLog ? "?readonly_shm=1" : "?immutable=1");
 }
 
 StoreFault FaultOfResult(int result) {

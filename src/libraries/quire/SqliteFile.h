@@ -110,6 +110,14 @@ private:
     bool m_isOlder = false;
 };
 
+// Of the names of the files that SQLite lays beside a store.
+constexpr const char* kLogEndings[] = {"-wal", "-shm", "-journal"};
+
+// The file's absolute name: SQLite takes names such as ":memory:" for something else than a file.
+std::string StoreFileName(const std::string& path);
+// The same as SQLite's URI, by which it is opened for reading and leaves nothing beside the file.
+std::string ReadOnlyUri(const std::string& path);
+
 // What a result other than success says.
 StoreFault FaultOfResult(int result);
 

@@ -3,11 +3,7 @@
 #include "SqliteMigration.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <charconv>
-#include <cstring>
-#include <fcntl.h>
-#include <filesystem>
 #include <strings.h>
 #include <unistd.h>
 #include <utility>
@@ -15,6 +11,7 @@
 
 #include <fmt/format.h>
 
+#include "SqliteCopy.h"
 #include "SqliteIdentityTables.h"
 #include "SqliteSharedTexts.h"
 #include "SqliteStatements.h"
@@ -85,68 +82,15 @@ int ReadVersion(SqliteFile& file, std::int64_t& version) {
     return result;
 }
 
-// A name in a folder outlives a loss of power once the folder is on the disk. Not every file system
-// can do that.
-void WriteFolder(const std::string& path) {
-    const std::string folder = std::filesystem::path(path).parent_path().string();
-    const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor >= 0) {
-        fsync(descriptor);
-        close(descriptor);
-    }
-}
-
-// Copies page by page, so that what is damaged is copied, too. The file is locked against writers.
-int CopyPages(const std::string& from, const std::string& to, std::string& reason) {
-    SqliteFile source;
-    SqliteFile copy;
-    int result = source.Open(from, SQLITE_OPEN_READONLY | SQLITE_OPEN_EXRESCODE);
-    if (result != SQLITE_OK) {
-        reason = source.Reason(result);
-        return result;
-    }
-    result = copy.Open(to, SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE);
-    if (result == SQLITE_OK) {
-        sqlite3_backup* const backup =
-            sqlite3_backup_init(copy.Handle(), "main", source.Handle(), "main");
-        const int step = backup != nullptr ? sqlite3_backup_step(backup, -1) : SQLITE_ERROR;
-        const int end = sqlite3_backup_finish(backup);
-        // Where the source was locked the end is a success.
-        result = step == SQLITE_DONE || end != SQLITE_OK ? end : step;
-    }
-    reason = copy.Reason(result);
-    return result;
-}
-
 // Lays a copy of the store beside it, which is there as a whole or not at all.
 int KeepOldCopy(SqliteFile& file, std::int64_t version, std::string& reason) {
     const std::string name = OldCopyOf(file, version);
-    const std::string part = name + ".part";
-    const auto fail = [&](int result) {
-        if (reason.empty()) {
-            reason = std::strerror(errno);
-        }
-        reason = fmt::format("a copy of it can't be kept as {}: {}", name, reason);
-        unlink(part.c_str());
-        unlink((part + "-journal").c_str());
-        return result;
-    };
-    unlink(part.c_str());
-    unlink((part + "-journal").c_str());
-    const int descriptor = open(part.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
-    if (descriptor < 0) {
-        return fail(SQLITE_CANTOPEN);
+    SqliteCopy copy;
+    if (copy.Begin(name, reason) && copy.Take(FileNameOf(file), reason) && copy.Place(reason)) {
+        return SQLITE_OK;
     }
-    close(descriptor);
-    if (const int result = CopyPages(FileNameOf(file), part, reason); result != SQLITE_OK) {
-        return fail(result);
-    }
-    reason.clear();
-    if (rename(part.c_str(), name.c_str()) != 0) {
-        return fail(SQLITE_IOERR);
-    }
-    WriteFolder(name);
-    return SQLITE_OK;
+    reason = fmt::format("a copy of it can't be kept as {}: {}", name, reason);
+    return SQLITE_CANTOPEN;
 }
 
 // Takes the next line, with its end, off the text.

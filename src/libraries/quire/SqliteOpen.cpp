@@ -146,46 +146,6 @@ StoreFault FaultOfFile(const SqliteFile& file, int result) {
                                            : fault;
 }
 
-// Looks at the file before SQLite works with it, which can leave traces beside it.
-// Returns:  false, with `error`, where it is there and is no store to open.
-bool CheckHeader(const std::string& path, std::string& error, StoreFault& fault) {
-    struct stat status {};
-    if (stat(path.c_str(), &status) != 0) {
-        const int reason = errno != ENOENT ? errno : WhyNotMade(path);
-        error = reason != 0 ? NotOpened(path, std::strerror(reason)) : "";
-        fault = FaultOfSystem(reason);
-        return reason == 0;
-    }
-    if (!S_ISREG(status.st_mode)) {
-        error = NotOpened(path, "it is no file");
-        fault = StoreFault::Foreign;
-        return false;
-    }
-    if (status.st_size == 0) {
-        return true;
-    }
-    SqliteFile file;
-    std::string header;
-    int result = file.Open(StoreFileName(path), SQLITE_OPEN_READONLY | SQLITE_OPEN_EXRESCODE);
-    if (result == SQLITE_OK) {
-        result = file.ReadStart(kHeaderSize, header);
-    }
-    if (result != SQLITE_OK) {
-        error = NotOpened(path, file.Reason(result));
-        fault = FaultOfFile(file, result);
-        return false;
-    }
-    Marks marks;
-    if (header.size() == kHeaderSize && header.substr(0, kMagic.size()) == kMagic) {
-        marks = {BigEndian(header, kApplicationIdOffset), BigEndian(header, kVersionOffset)};
-    }
-    if (!IsStore(marks)) {
-        error = Refusal(path, marks);
-        fault = FaultOf(marks);
-    }
-    return IsStore(marks);
-}
-
 // Reads the marks of an open file, and whether it holds nothing at all yet: in one statement, as
 // another process may be making the store meanwhile.
 int Inspect(SqliteFile& file, Marks& marks, bool& isEmpty) {
@@ -338,24 +298,6 @@ std::unique_ptr<SqliteFile> OpenDamaged(const std::string& path, const std::stri
 
 }  // namespace
 
-std::string StoreFileName(const std::string& path) {
-    std::error_code error;
-    const std::filesystem::path absolute = std::filesystem::absolute(path, error);
-    return error ? path : absolute.string();
-}
-
-std::string ReadOnlyUri(const std::string& path) {
-    std::string uri = "file:";
-    for (const char c : StoreFileName(path)) {
-        const bool hasMeaning = c == '%' || c == '?' || c == '#';
-        uri += hasMeaning ? fmt::format("%{:02X}", c) : std::string(1, c);
-    }
-    std::error_code error;
-    const auto logSize = std::filesystem::file_size(StoreFileName(path) + "-wal", error);
-    const bool hasLog = !error && logSize != 0;
-    return uri + (hasLog ? "?readonly_shm=1" : "?immutable=1");
-}
-
 std::unique_ptr<SqliteFile> OpenStore(const std::string& path, std::string& error,
                                       StoreFault& fault, const StoreProgress& progress) {
     if (path.empty()) {
@@ -395,6 +337,44 @@ std::unique_ptr<SqliteFile> OpenStore(const std::string& path, std::string& erro
         return nullptr;
     }
     return file;
+}
+
+bool CheckHeader(const std::string& path, std::string& error, StoreFault& fault) {
+    struct stat status {};
+    if (stat(path.c_str(), &status) != 0) {
+        const int reason = errno != ENOENT ? errno : WhyNotMade(path);
+        error = reason != 0 ? NotOpened(path, std::strerror(reason)) : "";
+        fault = FaultOfSystem(reason);
+        return reason == 0;
+    }
+    if (!S_ISREG(status.st_mode)) {
+        error = NotOpened(path, "it is no file");
+        fault = StoreFault::Foreign;
+        return false;
+    }
+    if (status.st_size == 0) {
+        return true;
+    }
+    SqliteFile file;
+    std::string header;
+    int result = file.Open(StoreFileName(path), SQLITE_OPEN_READONLY | SQLITE_OPEN_EXRESCODE);
+    if (result == SQLITE_OK) {
+        result = file.ReadStart(kHeaderSize, header);
+    }
+    if (result != SQLITE_OK) {
+        error = NotOpened(path, file.Reason(result));
+        fault = FaultOfFile(file, result);
+        return false;
+    }
+    Marks marks;
+    if (header.size() == kHeaderSize && header.substr(0, kMagic.size()) == kMagic) {
+        marks = {BigEndian(header, kApplicationIdOffset), BigEndian(header, kVersionOffset)};
+    }
+    if (!IsStore(marks)) {
+        error = Refusal(path, marks);
+        fault = FaultOf(marks);
+    }
+    return IsStore(marks);
 }
 
 bool HasStoreMarks(const std::string& path) {

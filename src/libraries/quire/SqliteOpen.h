@@ -16,15 +16,15 @@ namespace orvo {
 // Nothing may be written then.
 constexpr const char* kReadDamaged = "PRAGMA writable_schema = ON; PRAGMA trusted_schema = OFF";
 
-// The file's absolute name: SQLite takes names such as ":memory:" for something else than a file.
-std::string StoreFileName(const std::string& path);
-// The same as SQLite's URI, by which it is opened for reading and leaves nothing beside the file.
-std::string ReadOnlyUri(const std::string& path);
-
 // The open store, made where the file is missing or empty, for reading alone where it is damaged;
 // null, with one line in `error`, the fault, and the file as it was, where it can't be had.
 std::unique_ptr<SqliteFile> OpenStore(const std::string& path, std::string& error,
                                       StoreFault& fault, const StoreProgress& progress = nullptr);
+
+// Looks at the file before SQLite works with it, which can leave traces beside it.
+// Returns:  false, with one line in `error` and the fault, where it is there and is no store to
+//           open.
+bool CheckHeader(const std::string& path, std::string& error, StoreFault& fault);
 
 // True for a file whose header marks it as a store that this program knows.
 bool HasStoreMarks(const std::string& path);

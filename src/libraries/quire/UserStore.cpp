@@ -12,18 +12,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-bool MakeFolder(const fs::path& folder, std::string& error) {
-    std::error_code failure;
-    fs::create_directories(folder, failure);
-    if (failure) {
-        error = fmt::format("{}: can't be made: {}", folder.string(), failure.message());
-        return false;
-    }
-    // People's addresses are nobody else's business.
-    fs::permissions(folder, fs::perms::owner_all, failure);
-    return true;
-}
-
 }  // namespace
 
 // The XDG rules: a relative or empty XDG_DATA_HOME doesn't count.
@@ -36,18 +24,30 @@ std::string UserStorePath() {
     return fs::path(home) / ".local" / "share" / file;
 }
 
-std::unique_ptr<SqliteEngine> OpenUserStore(const std::string& path, std::string& error,
-                                            StoreFault* fault, const StoreProgress& progress) {
-    if (!path.empty()) return SqliteEngine::Open(path, error, fault, progress);
-    if (fault) *fault = StoreFault::NotAllowed;
+bool MakeUserStoreFolder(std::string& error) {
     const fs::path own = UserStorePath();
     if (own.empty()) {
         error = FaultText(StoreFault::NoHome);
-        if (fault) *fault = StoreFault::NoHome;
-        return nullptr;
+        return false;
     }
-    if (!MakeFolder(own.parent_path(), error)) return nullptr;
-    return SqliteEngine::Open(own.string(), error, fault, progress);
+    std::error_code failure;
+    fs::create_directories(own.parent_path(), failure);
+    if (failure) {
+        error = fmt::format("{}: can't be made: {}", own.parent_path().string(), failure.message());
+        return false;
+    }
+    // People's addresses are nobody else's business.
+    fs::permissions(own.parent_path(), fs::perms::owner_all, failure);
+    return true;
+}
+
+std::unique_ptr<SqliteEngine> OpenUserStore(const std::string& path, std::string& error,
+                                            StoreFault* fault, const StoreProgress& progress) {
+    if (!path.empty()) return SqliteEngine::Open(path, error, fault, progress);
+    const std::string own = UserStorePath();
+    if (MakeUserStoreFolder(error)) return SqliteEngine::Open(own, error, fault, progress);
+    if (fault) *fault = own.empty() ? StoreFault::NoHome : StoreFault::NotAllowed;
+    return nullptr;
 }
 
 }  // namespace orvo

@@ -14,6 +14,10 @@ namespace orvo {
 // is there or not; empty where there is no home.
 ORVO_API std::string UserStorePath();
 
+// Makes the folder of UserStorePath(), for the user alone, where it isn't there.
+// Fails:    false, with one line in `error`.
+ORVO_API bool MakeUserStoreFolder(std::string& error);
+
 // Opens or creates the store file at `path`; an empty path stands for UserStorePath(), whose folder
 // is then made, for the user alone.
 // Returns:  the engine; null on failure, with the reason in one line in `error` and, where it is
