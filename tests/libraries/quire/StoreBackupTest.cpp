@@ -128,12 +128,16 @@ TEST_F(StoreBackup, IsRestoredUnderOthersEyesAndTakenBack) {
     RowExtra held;
     ASSERT_EQ(other->ReadExtra(TableKind::Address, 5, held), StoreStatus::Ok);
     const std::int64_t version = other->ForeignVersion();
+    ChangePlace place(other->Revision());
 
     ASSERT_TRUE(Restore()) << error;
 
     EXPECT_EQ(report.kept, folder.Path(kKept));
     EXPECT_NE(other->ForeignVersion(), version);
     EXPECT_EQ(other->Count(TableKind::Address), 3);
+    std::vector<StoreChange> changes;
+    EXPECT_GT(other->Revision(), place.since);
+    EXPECT_EQ(other->ReadChanges(place, 10, changes), StoreStatus::Gone);
     RowExtra read;
     ASSERT_EQ(other->ReadExtra(TableKind::Address, 3, read), StoreStatus::Ok);
     EXPECT_EQ(read.shared.front().Text(), "old");
@@ -146,17 +150,19 @@ TEST_F(StoreBackup, IsRestoredUnderOthersEyesAndTakenBack) {
 }
 
 TEST_F(StoreBackup, OfAnOlderVersionAndForADamagedOrMissingStoreIsRestored) {
-    fs::copy_file(ORVO_VERSION_1_STORE, folder.Path("old.db"));
+    fs::copy_file(ORVO_OLD_STORES "/version-1.db", folder.Path("old.db"));
     ASSERT_TRUE(Restore("old.db")) << error;
     EXPECT_EQ(report.kept, "");
     const std::int64_t count = folder.Open()->Count(TableKind::Address);
     EXPECT_GT(count, 0);
+    const std::int64_t revision = folder.Open()->Revision();
     Damage();
     const std::string damaged = folder.Read();
     ASSERT_TRUE(Restore("old.db")) << error;
     EXPECT_TRUE(report.isNewFile);
     EXPECT_TRUE(folder.Read(kKept) == damaged);
     EXPECT_EQ(folder.Open()->Count(TableKind::Address), count);
+    EXPECT_GT(folder.Open()->Revision(), revision);
     EXPECT_FALSE(Restore(kKept));
     EXPECT_THAT(folder.Names(), ElementsAre("old.db", "test.orvo", kKept));
 }
@@ -175,7 +181,7 @@ TEST_F(StoreBackup, AKilledRestoreLeavesOneOfBothStoresWhole) {
     std::mt19937 chance(7);  // NOLINT(cert-msc51-cpp): the same moments in each run
     int restored = 0;
     int unchanged = 0;
-    for (int i = 0; i < 36; ++i) {
+    for (int i = 0; i < 24; ++i) {
         const bool isDamaged = i % 3 == 2;
         ASSERT_TRUE(Restore("present.db")) << error;
         for (const auto& name : folder.Names()) {
