@@ -12,6 +12,7 @@
 #include <cli/AddressFields.h>
 #include <cli/Commands.h>
 #include <cli/Output.h>
+#include <host/AutomaticBackup.h>
 #include <host/HostOptions.h>
 #include <platform/settings/SettingsStore.h>
 #include <platform/text/SystemText.h>
@@ -36,6 +37,8 @@ struct OptionName {
     void (*set)(Options&, int);
     CString (*getText)(const Options&) = nullptr;
     void (*setText)(Options&, const CString&) = nullptr;
+    // Of one that isn't among the options, but kept by itself; no options are set then.
+    bool (*keep)(int) = nullptr;
 };
 
 template <auto Get, auto Set>
@@ -90,6 +93,9 @@ constexpr OptionName kOptions[] = {
         "todo-show-due-items-only"),
     Flag<&Options::GetTodoMarkCompletionDate, &Options::SetTodoMarkCompletionDate>(
         "todo-mark-completion-date"),
+    {"automatic-backups", Kind::Flag, 0, 1,
+     [](const Options&) { return AreBackupsAutomatic() ? 1 : 0; }, [](Options&, int) {}, nullptr,
+     nullptr, [](int value) { return SetBackupsAutomatic(value != 0); }},
     Flag<&Options::GetVerifyDatFileFlag, &Options::SetVerifyDatFileFlag>("verify-data-file"),
 };
 
@@ -191,7 +197,9 @@ int SetOption(PrivateGuard& guard, const std::string& name, const std::string& v
     }
     const std::string problem = SaveHostOptions(options);
     if (!problem.empty()) Refuse(option, value, problem);
-    if (ValueOf(option, LoadHostOptions([](const std::string&) {})) != ValueOf(option, options)) {
+    const bool isKept = option.keep == nullptr || option.keep(number);
+    if (!isKept ||
+        ValueOf(option, LoadHostOptions([](const std::string&) {})) != ValueOf(option, options)) {
         Refuse(option, value, "it can't be saved beside " + SettingsStore::Path());
     }
     return kDone;

@@ -4,7 +4,9 @@
 
 #include <cli/AddressFields.h>
 #include <cli/MigrationMeter.h>
+#include <cli/Output.h>
 #include <cli/Store.h>
+#include <host/AutomaticBackup.h>
 #include <libraries/quire/UserStore.h>
 
 namespace orvo::cli {
@@ -40,6 +42,12 @@ void Store::Check(long status) {
         throw CommandError(kNothingFound, "the store holds no such record");
     }
     throw CommandError(kWrongUse, m_engine->LastError());
+}
+
+WriteClaim::WriteClaim(Store& store) : WriteClaim(store.Path()) {
+    if (!IsBackupDue(store.Engine())) return;
+    const std::string problem = MakeAutomaticBackup(store.Path());
+    if (!problem.empty()) PrintWarning(problem);
 }
 
 WriteClaim::WriteClaim(const std::string& path) : m_claim(path, kTerminalOwner, kPatience) {

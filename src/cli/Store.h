@@ -45,8 +45,9 @@ private:
 // two seconds for a program that has the store to itself; the desktop application doesn't.
 class WriteClaim {
 public:
+    // Before the first change of a day the store is backed up, where the user wants that.
     // Fails:    CommandError that says who has the store.
-    explicit WriteClaim(const Store& store) : WriteClaim(store.Path()) {}
+    explicit WriteClaim(Store& store);
     // The same for a store that isn't open.
     explicit WriteClaim(const std::string& path);
 

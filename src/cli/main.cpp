@@ -58,6 +58,10 @@ void CheckArguments(int count, char** arguments) {
     }
 }
 
+std::string StorePath(const Invocation& invocation) {
+    return invocation.store.empty() ? UserStorePath() : invocation.store;
+}
+
 int RunWith(Store& store, const Invocation& invocation) {
     const std::string damage = store.TextsFailure();
     if (!damage.empty()) PrintError(damage);
@@ -73,9 +77,9 @@ int RunOnStore(const Invocation& invocation) {
         for (const std::string& line : OpenFolders(ownStore)) PrintWarning(line);
         return RunWith(store, invocation);
     } catch (const CommandError& error) {
-        throw CommandError(error.Code(), WithAdvice(error.what()));
+        throw CommandError(error.Code(), WithAdvice(error.what(), StorePath(invocation)));
     } catch (const std::exception& error) {
-        throw CommandError(kWrongUse, WithAdvice(error.what()));
+        throw CommandError(kWrongUse, WithAdvice(error.what(), StorePath(invocation)));
     }
 }
 

@@ -195,7 +195,10 @@ int ShowWindow(StoreSession& session, const CommandLine& line, Instance* instanc
     window.activateWindow();
     window.Frame().LookupBox().SetFocus();
     if (!line.files.empty()) window.ImportLater(line.files);
-    if (!session.Damage().empty()) OfferRescueLater(window, session.Path(), session.Damage());
+    if (!session.Damage().empty()) {
+        OfferRescueLater(window, session.Path(), session.Damage(),
+                         [&window](const std::string& backup) { window.Restore(backup); });
+    }
     instance->SetListener([&window](const StartRequest& request) { Answer(window, request); });
     const int code = QApplication::exec();
     instance->SetListener([](const StartRequest&) {});
@@ -250,7 +253,7 @@ std::unique_ptr<StoreSession> OpenOrAsk(CommandLine& line, bool wasThere,
     while (true) {
         auto session = OpenSession(line, wasThere, error, fault);
         if (session) return session;
-        PrintProblem(WithAdvice(error));
+        PrintProblem(WithAdvice(error, StorePathOf(line)));
         if (line.IsOffScreen()) return nullptr;
         const std::string store = StorePathOf(line);
         const std::optional<std::string> next = AskForStore(store, fault);

@@ -6,7 +6,8 @@
 
 namespace orvo {
 
-// The line, and behind it the way out in a terminal where it ends with a fault that has one.
-std::string WithAdvice(std::string line);
+// The line, and behind it the way out in a terminal where it ends with a fault that has one. Of a
+// damaged store `store` names the file whose automatic backups are looked at.
+std::string WithAdvice(std::string line, const std::string& store);
 
 }  // namespace orvo

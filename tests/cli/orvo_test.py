@@ -434,6 +434,24 @@ class OrvoTest(CommandTest):
         self.orvo("restore", backup, store=None)
         self.assertEqual(len(self.rows("addresses", store=None)), 1)
 
+    def test_a_backup_is_made_before_the_first_change_of_a_day_and_seven_stay(self):
+        backups = self.folder / "backups"
+        self.orvo("add --name First")
+        self.assertFalse(backups.exists(), "of an empty store")
+        for day in range(1, 11):
+            self.orvo(f"--now 2026-12-{day:02}T10:00 add --name Day")
+            if day == 1:
+                self.file("backups/orvo-old.db", "of the user")
+        days = [f"orvo-2026-12-{day:02}.db" for day in range(4, 11)]
+        self.assertEqual(sorted(path.name for path in backups.iterdir()), [*days, "orvo-old.db"])
+        self.assertEqual(len(self.rows("addresses", store=backups / days[-1])), 10)
+        self.orvo("options --set automatic-backups no")
+        self.orvo("--now 2026-12-11T10:00 add --name Day")
+        self.orvo("options --set automatic-backups yes")
+        self.store.write_bytes(self.store.read_bytes()[:5000])
+        self.assertIn(f"restore {backups / days[-1]}` brings", self.refused("--now 2026-12-12T10:00 add --name Day"))
+        self.assertEqual(len([*backups.iterdir()]), 8)
+
     def test_names_cannot_steer_a_terminal(self):
         self.import_text(card("Evil\x1b[2J\x07\u009b31m\u202e\u2028"))
         self.assertNotRegex(self.orvo("addresses"), r"[\x00-\x09\x0b-\x1f\x7f-\x9f\u2028-\u202e]")
@@ -495,7 +513,7 @@ class OrvoTest(CommandTest):
         return self.rows("options")[0]
 
     def test_an_option_that_is_set_stays(self):
-        self.assertEqual(len(self.options()), 18)
+        self.assertEqual(len(self.options()), 19)
         changes = {"password-required": ("yes", True), "confirm-on-delete": ("no", False),
                    "auto-save-interval": ("20", 20), "work-week-begins": ("1", 1),
                    "startup-application": ("表\\\n to do", "表\\\n to do"), "todo-show-completed": ("0", False)}

@@ -143,6 +143,16 @@ class TroubleTest(DesktopCase):
             self.rescue()
             until("the new store is shown", lambda: not self.screen.window(DAMAGED) and self.screen.window(TITLE))
 
+    def test_a_store_that_cant_be_opened_can_be_brought_back_from_its_last_backup(self):
+        self.add("Baker")
+        self.damage(100, PAGE)
+        with self.run_program():
+            self.screen.focus(UNOPENED)
+            self.screen.keys("Tab", "Tab", "Tab", "Return")
+            self.accept(DAMAGED)
+            until("the store is shown", lambda: not self.screen.window(DAMAGED) and self.screen.window(TITLE))
+            self.assertEqual(self.names(), ["Adams"])
+
 
 if __name__ == "__main__":
     main()

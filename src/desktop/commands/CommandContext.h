@@ -18,6 +18,7 @@ public:
         std::function<void()> fillCategories;
         std::function<void()> showCounts;
         std::function<void(ViewKind)> showView;
+        std::function<void()> reopen;
     };
 
     // All of it outlives the context.
@@ -55,6 +56,8 @@ public:
     void Refresh() const;
     // Counts rows and what is selected at once, rather than when all is done.
     void ShowCounts() const { m_services.showCounts(); }
+    // Closes the window, and opens another one with what lies in the place of the store.
+    void Reopen() const { m_services.reopen(); }
     void ShowView(ViewKind kind) const { m_services.showView(kind); }
 
 private:

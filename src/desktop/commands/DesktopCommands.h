@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <desktop/commands/BackupCommands.h>
 #include <desktop/commands/EditCommands.h>
 #include <desktop/commands/ExportCommands.h>
 #include <desktop/commands/FormCommands.h>
@@ -22,6 +23,7 @@ struct DesktopCommands {
           edits(context),
           imports(context),
           exports(context),
+          backups(context),
           options(context),
           mail(context),
           groups(context),
@@ -32,6 +34,7 @@ struct DesktopCommands {
     EditCommands edits;
     ImportCommands imports;
     ExportCommands exports;
+    BackupCommands backups;
     OptionCommands options;
     MailCommands mail;
     GroupCommands groups;

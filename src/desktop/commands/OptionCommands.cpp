@@ -19,7 +19,7 @@ COrvoDesktopOptions OptionCommands::Stored() const {
 void OptionCommands::OpenOptions() {
     COrvoDesktopOptions chosen = Stored();
     const Colours before = PreferredColours();
-    if (!EditOptions(&m_context.Window(), chosen)) return;
+    if (!EditOptions(&m_context.Window(), chosen, m_context.Session().Path())) return;
     if (PreferredColours() != before) SetColours(PreferredColours());
     Change([&chosen](COrvoDesktopOptions& options) { options = chosen; });
 }

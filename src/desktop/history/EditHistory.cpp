@@ -18,6 +18,7 @@ constexpr std::size_t kMostSteps = 200;
 struct NamedStep {
     std::string name;
     StepChanges changes;
+    std::string kept;  // what the whole store was before, as a file; empty for other steps
 };
 using Steps = std::deque<NamedStep>;
 
@@ -43,13 +44,18 @@ struct EditHistory::State {
         changes.Finish();
         if (changes.IsEmpty()) return;
         if (ownName.empty()) ownName = NameOfStep(changes);
-        undo.push_back({std::move(ownName), std::move(changes)});
+        Add({std::move(ownName), std::move(changes), {}});
+    }
+
+    void Add(NamedStep step) {
+        undo.push_back(std::move(step));
         if (undo.size() > kMostSteps) undo.pop_front();
         redo.clear();
         Tell();
     }
 
     std::string Move(Steps& from, Steps& to);
+    std::string MoveStore(Steps& from, Steps& to);
 
     void TellRows(const StepChanges& changes) const {
         if (!rowListener) return;
@@ -73,6 +79,7 @@ struct EditHistory::State {
     int depth = 0;
     std::function<void()> listener;
     RowListener rowListener;
+    Restorer restorer;
 };
 
 // Takes the last step of `from` back and puts its inverse to `to`.
@@ -81,15 +88,26 @@ std::string EditHistory::State::Move(Steps& from, Steps& to) {
     if (depth > 0 || engine.InTransaction()) {
         return Text("Another change isn't finished yet. Nothing was changed.").toStdString();
     }
+    if (!from.back().kept.empty()) return MoveStore(from, to);
     StoreEngine& real = engine.Real();
     StoreTransaction transaction(real);
     if (transaction.Status() != StoreStatus::Ok) return real.LastError();
-    NamedStep inverse{from.back().name, {}};
+    NamedStep inverse{from.back().name, {}, {}};
     std::string reason;
     if (!TakeBack(real, from.back().changes, inverse.changes, reason)) return reason;
     if (transaction.Commit() != StoreStatus::Ok) return real.LastError();
     TellRows(inverse.changes);
     inverse.changes.Finish();
+    from.pop_back();
+    to.push_back(std::move(inverse));
+    Tell();
+    return {};
+}
+
+std::string EditHistory::State::MoveStore(Steps& from, Steps& to) {
+    NamedStep inverse{from.back().name, {}, {}};
+    std::string reason = restorer(from.back().kept, inverse.kept);
+    if (!reason.empty()) return reason;
     from.pop_back();
     to.push_back(std::move(inverse));
     Tell();
@@ -137,6 +155,14 @@ std::string EditHistory::Undo() {
 
 std::string EditHistory::Redo() {
     return m_state->Move(m_state->redo, m_state->undo);
+}
+
+void EditHistory::AddRestore(std::string name, std::string kept) {
+    m_state->Add({std::move(name), {}, std::move(kept)});
+}
+
+void EditHistory::SetRestorer(Restorer restorer) {
+    m_state->restorer = std::move(restorer);
 }
 
 void EditHistory::SetRowListener(RowListener listener) {

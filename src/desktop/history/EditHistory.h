@@ -41,6 +41,15 @@ public:
         EditHistory& m_history;
     };
 
+    // Adds a step of that name that has changed the whole store: what it was before lies in the
+    // file `kept`.
+    void AddRestore(std::string name, std::string kept);
+    // How such a step is taken back: it makes the store what the file holds, and tells where what
+    // it was then is kept.
+    // Returns:  an empty text on success, else why not, in one line.
+    using Restorer = std::function<std::string(const std::string& file, std::string& kept)>;
+    void SetRestorer(Restorer restorer);
+
     bool CanUndo() const;
     bool CanRedo() const;
     // Of the step that would be undone or redone next; empty where there is none.

@@ -16,8 +16,8 @@ namespace {
 
 class OptionsDialog : public QDialog {
 public:
-    OptionsDialog(QWidget* parent, COrvoDesktopOptions& options)
-        : QDialog(parent), m_options(options), m_pages(MakeOptionsPages(options)) {
+    OptionsDialog(QWidget* parent, COrvoDesktopOptions& options, const std::string& store)
+        : QDialog(parent), m_options(options), m_pages(MakeOptionsPages(options, store)) {
         setWindowTitle(Text("Options"));
         m_tabs = new QTabWidget;
         for (const PageRow& row : m_pages) m_tabs->addTab(row.page, row.title);
@@ -53,9 +53,9 @@ private:
 
 }  // namespace
 
-bool EditOptions(QWidget* parent, COrvoDesktopOptions& options) {
+bool EditOptions(QWidget* parent, COrvoDesktopOptions& options, const std::string& store) {
     COrvoDesktopOptions chosen = options;
-    OptionsDialog dialog(parent, chosen);
+    OptionsDialog dialog(parent, chosen, store);
     if (dialog.exec() != QDialog::Accepted) return false;
     options = chosen;
     return true;

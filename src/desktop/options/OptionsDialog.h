@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <string>
+
 #include <orvoshare/options/DesktopOptions.h>
 
 class QWidget;
@@ -9,8 +11,9 @@ class QWidget;
 namespace orvo::desktop {
 
 // Shows the options, which change where the user agrees; the caller keeps them. The password, the
-// language and the sound of reminders are kept here.
+// language, the sound of reminders and whether backups of `store` are made by themselves are kept
+// here.
 // Returns:  true where the user has agreed.
-bool EditOptions(QWidget* parent, COrvoDesktopOptions& options);
+bool EditOptions(QWidget* parent, COrvoDesktopOptions& options, const std::string& store);
 
 }  // namespace orvo::desktop

@@ -1,4 +1,4 @@
-// The pages of the dialog of options: each shows some of them, and gives back what the user chose.
+// The pages of the dialog of options.
 // SPDX-License-Identifier: MIT
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -17,6 +17,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include <desktop/options/BackupPage.h>
 #include <desktop/options/DesktopPreferences.h>
 #include <desktop/options/OptionsPages.h>
 #include <desktop/security/PasswordDialogs.h>
@@ -368,17 +369,13 @@ private:
 
 }  // namespace
 
-bool OptionsPage::Save(COrvoDesktopOptions& options) const {
-    bool isKept = true;
-    for (const auto& save : m_saves) isKept = save(options) && isKept;
-    return isKept;
-}
-
-std::vector<PageRow> MakeOptionsPages(const COrvoDesktopOptions& options) {
+std::vector<PageRow> MakeOptionsPages(const COrvoDesktopOptions& options,
+                                      const std::string& store) {
     return {{Text("General"), new GeneralPage(options)},
             {Text("Private entries"), new PrivacyPage(options)},
             {Text("To-dos"), new ToDoPage(options)},
-            {Text("Reminders"), new ReminderPage(options)}};
+            {Text("Reminders"), new ReminderPage(options)},
+            {Text("Backups"), MakeBackupPage(store)}};
 }
 
 }  // namespace orvo::desktop

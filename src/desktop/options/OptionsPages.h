@@ -1,40 +1,20 @@
-// The pages of the dialog of options: each shows some of them, and gives back what the user chose.
+// The pages of the dialog of options.
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QWidget>
-#include <functional>
-#include <memory>
+#include <QString>
+#include <string>
 #include <vector>
 
-#include <orvoshare/options/DesktopOptions.h>
+#include <desktop/options/OptionsPage.h>
 
 namespace orvo::desktop {
-
-class OptionsPage : public QWidget {
-public:
-    // Asks for what must be known before the user's choices may hold, such as a password.
-    // Returns:  false where the dialog is to stay.
-    virtual bool Confirm() { return true; }
-
-    // Takes the choices over into the options and to where they are kept.
-    // Returns:  false where something can't be kept.
-    bool Save(COrvoDesktopOptions& options) const;
-
-protected:
-    void OnSave(std::function<bool(COrvoDesktopOptions&)> save) {
-        m_saves.push_back(std::move(save));
-    }
-
-private:
-    std::vector<std::function<bool(COrvoDesktopOptions&)>> m_saves;
-};
 
 struct PageRow {
     QString title;
     OptionsPage* page;  // Qt's, once it stands in the dialog
 };
-// In the order in which they are shown.
-std::vector<PageRow> MakeOptionsPages(const COrvoDesktopOptions& options);
+// In the order in which they are shown. `store` is the file that is open.
+std::vector<PageRow> MakeOptionsPages(const COrvoDesktopOptions& options, const std::string& store);
 
 }  // namespace orvo::desktop

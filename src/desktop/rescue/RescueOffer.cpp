@@ -7,9 +7,11 @@
 #include <QTimer>
 #include <algorithm>
 
+#include <desktop/backup/RestoreDialog.h>
 #include <desktop/rescue/RescueOffer.h>
 #include <desktop/texts/Problems.h>
 #include <desktop/texts/Texts.h>
+#include <host/AutomaticBackup.h>
 #include <libraries/quire/StoreRescue.h>
 
 namespace orvo::desktop {
@@ -31,7 +33,9 @@ QString Lines(const std::vector<std::string>& lines) {
     return text + '\n' + CountText("and %1 more", "and %1 more", rest);
 }
 
-bool IsWanted(QWidget* parent, const std::vector<std::string>& damage) {
+enum class Way { None, Rescue, Restore };
+
+Way AskForWay(QWidget* parent, const std::vector<std::string>& damage, const std::string& backup) {
     QMessageBox question(QMessageBox::Warning, Title(),
                          Text("Parts of this store can't be read any more.") + '\n' + Lines(damage),
                          QMessageBox::NoButton, parent);
@@ -39,10 +43,13 @@ bool IsWanted(QWidget* parent, const std::vector<std::string>& damage) {
         Text("What can still be read can be copied into a new store. This one stays as it is."));
     QPushButton* rescue =
         question.addButton(Text("Rescue into a new store..."), QMessageBox::AcceptRole);
+    const QPushButton* restore =
+        backup.empty() ? nullptr : question.addButton(RestoreText(backup), QMessageBox::ActionRole);
     question.setDefaultButton(rescue);
     question.addButton(Text("Not now"), QMessageBox::RejectRole);
     question.exec();
-    return question.clickedButton() == rescue;
+    if (question.clickedButton() == rescue) return Way::Rescue;
+    return restore && question.clickedButton() == restore ? Way::Restore : Way::None;
 }
 
 QString ChooseNewStore(QWidget* parent, const std::string& store) {
@@ -57,9 +64,16 @@ QString ChooseNewStore(QWidget* parent, const std::string& store) {
 
 }  // namespace
 
-void OfferRescue(QWidget* parent, const std::string& store,
-                 const std::vector<std::string>& damage) {
-    if (IsWanted(parent, damage)) RescueIntoNew(parent, store);
+void OfferRescue(QWidget* parent, const std::string& store, const std::vector<std::string>& damage,
+                 const BackupRestorer& restore) {
+    const std::string backup = NewestGoodBackup(store);
+    const Way way = AskForWay(parent, damage, backup);
+    if (way == Way::Rescue) RescueIntoNew(parent, store);
+    if (way == Way::Restore) restore(backup);
+}
+
+QString RestoreText(const std::string& backup) {
+    return Text("Restore the backup of %1").arg(BackupTime(backup));
 }
 
 std::optional<std::string> RescueIntoNew(QWidget* parent, const std::string& store) {
@@ -85,12 +99,12 @@ std::optional<std::string> RescueIntoNew(QWidget* parent, const std::string& sto
 }
 
 void OfferRescueLater(QWidget& parent, const std::string& store,
-                      const std::vector<std::string>& damage) {
+                      const std::vector<std::string>& damage, const BackupRestorer& restore) {
     auto* later = new QTimer(&parent);  // Qt's
     later->setSingleShot(true);
-    QObject::connect(later, &QTimer::timeout, &parent, [&parent, later, store, damage] {
+    QObject::connect(later, &QTimer::timeout, &parent, [&parent, later, store, damage, restore] {
         later->deleteLater();
-        OfferRescue(&parent, store, damage);
+        OfferRescue(&parent, store, damage, restore);
     });
     later->start();
 }

@@ -7,7 +7,10 @@
 
 #include <desktop/rescue/RescueOffer.h>
 #include <desktop/rescue/StoreTrouble.h>
+#include <desktop/texts/Problems.h>
 #include <desktop/texts/Texts.h>
+#include <host/AutomaticBackup.h>
+#include <libraries/quire/StoreBackup.h>
 #include <libraries/quire/StoreRescue.h>
 
 namespace orvo::desktop {
@@ -21,12 +24,24 @@ std::optional<std::string> ChooseStore(const std::string& store) {
     return chosen.toStdString();
 }
 
+std::optional<std::string> RestoreBackup(const std::string& store, const std::string& backup) {
+    RestoreReport report;
+    std::string error;
+    const bool isDone = RestoreStore(store, backup, report, error);
+    QMessageBox::information(
+        nullptr, Text("Damaged store"),
+        isDone ? Text("The damaged store is kept as %1.").arg(FromUtf8(report.kept))
+               : Text("Nothing was restored.") + "\n\n" + ProblemText(error));
+    return isDone ? std::optional(store) : std::nullopt;
+}
+
 }  // namespace
 
 // A choice that leads nowhere comes back to the question.
 std::optional<std::string> AskForStore(const std::string& store, StoreFault fault) {
     const bool isDamaged = fault == StoreFault::Damaged || IsDamagedStore(store);
     if (isDamaged) fault = StoreFault::Damaged;
+    const std::string backup = isDamaged ? NewestGoodBackup(store) : std::string();
     while (true) {
         QMessageBox question(QMessageBox::Warning, Text("Store can't be opened"),
                              Text("The store can't be opened: %1.").arg(Text(FaultText(fault))));
@@ -39,13 +54,23 @@ std::optional<std::string> AskForStore(const std::string& store, StoreFault faul
             isDamaged
                 ? question.addButton(Text("Rescue into a new store..."), QMessageBox::ActionRole)
                 : nullptr;
+        const QPushButton* restore =
+            backup.empty() ? nullptr
+                           : question.addButton(RestoreText(backup), QMessageBox::ActionRole);
         question.setEscapeButton(question.addButton(Text("&Quit"), QMessageBox::RejectRole));
         question.exec();
         const QAbstractButton* clicked = question.clickedButton();
         if (clicked == again) return store;
-        if (clicked != another && (!rescue || clicked != rescue)) return std::nullopt;
-        std::optional<std::string> next =
-            clicked == another ? ChooseStore(store) : RescueIntoNew(nullptr, store);
+        std::optional<std::string> next;
+        if (clicked == another) {
+            next = ChooseStore(store);
+        } else if (rescue && clicked == rescue) {
+            next = RescueIntoNew(nullptr, store);
+        } else if (restore && clicked == restore) {
+            next = RestoreBackup(store, backup);
+        } else {
+            return std::nullopt;
+        }
         if (next) return next;
     }
 }

@@ -1,12 +1,14 @@
 // The store that a window shows.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
+#include <filesystem>
 
 #include <fmt/format.h>
 
 #include <desktop/store/StoreSession.h>
 #include <desktop/texts/Texts.h>
 #include <exchange/files/ImportFile.h>
+#include <libraries/quire/StoreBackup.h>
 #include <libraries/quire/UserStore.h>
 #include <orvoshare/text/NameText.h>
 #include <platform/text/SystemText.h>
@@ -23,11 +25,21 @@ std::string NameOf(CAddressRecord& record) {
     return ToUtf8(name);
 }
 
+// The file isn't needed any longer once the store is what it holds.
+std::string RestoreAgain(const std::string& store, const std::string& file, std::string& kept) {
+    RestoreReport report;
+    std::string error;
+    if (!RestoreStore(store, file, report, error)) return error;
+    kept = report.kept;
+    std::error_code failure;
+    std::filesystem::remove(file, failure);
+    return {};
+}
+
 }  // namespace
 
 std::unique_ptr<StoreSession> StoreSession::Open(const std::string& path, std::string& error,
-                                                 StoreFault* fault,
-                                                 const StoreProgress& progress) {
+                                                 StoreFault* fault, const StoreProgress& progress) {
     std::unique_ptr<SqliteEngine> engine = OpenUserStore(path, error, fault, progress);
     if (!engine) return nullptr;
     return std::unique_ptr<StoreSession>(new StoreSession(std::move(engine)));
@@ -43,6 +55,10 @@ StoreSession::StoreSession(std::unique_ptr<SqliteEngine> engine)
       m_days(m_addresses, NameOf) {
     m_history.SetRowListener(
         [this](TableKind kind, std::optional<std::int64_t> id) { Forget(kind, id); });
+    // The window sees the restored store as it sees what others change.
+    m_history.SetRestorer([this](const std::string& file, std::string& kept) {
+        return RestoreAgain(Path(), file, kept);
+    });
     NoteDamage(m_addresses.TextsFailure());
     NoteDamage(m_toDos.TextsFailure());
 }
@@ -114,6 +130,11 @@ std::string StoreSession::Change(const std::string& name, const std::function<lo
     }
     if (reason.empty()) reason = fmt::format("{}: the change was refused", m_engine->Name());
     return Refreshed(std::move(reason));
+}
+
+void StoreSession::TakeRestored(const std::string& kept) {
+    if (!kept.empty()) m_history.AddRestore(Text("Restore").toStdString(), kept);
+    Refreshed({});
 }
 
 std::string StoreSession::Undo() {

@@ -34,7 +34,7 @@ DesktopWindow::DesktopWindow(StoreSession& session, COrvoDesktopOptions& options
       m_frame(session, options),
       m_context(*this, session, options, m_frame,
                 {[this] { m_toolBar.Categories().Fill(); }, [this] { ShowCounts(); },
-                 [this](ViewKind kind) { ShowView(kind); }}),
+                 [this](ViewKind kind) { ShowView(kind); }, [this] { Reopen(); }}),
       m_commands(m_context),
       m_toolBar(m_context, m_commands.groups),
       m_findBar(m_context, [this] { return !MustRowsStay(); }),
@@ -51,7 +51,9 @@ DesktopWindow::DesktopWindow(StoreSession& session, COrvoDesktopOptions& options
       m_birthdayReminder(session.Days(), options, session.Path(),
                          [this](const QString& title, const QString& body) {
                              ShowNotification(*this, title, body);
-                         }) {
+                         }),
+      m_dailyBackup(session.History().Engine(),
+                    [this](const std::string& problem) { TellProblem(problem); }) {
     setWindowTitle(QApplication::applicationDisplayName());
     resize(kFirstSize);
     m_countTimer.setSingleShot(true);
@@ -130,6 +132,7 @@ void DesktopWindow::BeginSession() {
     m_watch.Start();
     m_reminder.Start();
     m_birthdayReminder.Start();
+    if (m_session.Damage().empty()) m_dailyBackup.Start();
     m_offerTimer.start(0);
 }
 
@@ -163,11 +166,13 @@ void DesktopWindow::ShowCounts() {
 // Returns:  true while it is gone.
 bool DesktopWindow::LooksForMovedStore() {
     const bool wasGone = std::exchange(m_isStoreGone, m_session.HasMoved());
-    if (m_isStoreGone && !wasGone && AskToReopen(this, m_session.Path())) {
-        m_isToReopen = true;
-        close();
-    }
+    if (m_isStoreGone && !wasGone && AskToReopen(this, m_session.Path())) Reopen();
     return m_isStoreGone;
+}
+
+void DesktopWindow::Reopen() {
+    m_isToReopen = true;
+    close();
 }
 
 // While a menu, a question or a field over a row is open: it is about the rows that are there.
@@ -242,6 +247,7 @@ void DesktopWindow::closeEvent(QCloseEvent* event) {
     m_watch.Stop();
     m_reminder.Stop();
     m_birthdayReminder.Stop();
+    m_dailyBackup.Stop();
     Save();
     // Not quit(), which asks the windows: a menu or a question that is still open ends, too.
     QCoreApplication::exit(0);

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include <desktop/backup/DailyBackup.h>
 #include <desktop/commands/DesktopCommands.h>
 #include <desktop/reminder/BirthdayReminder.h>
 #include <desktop/reminder/Reminder.h>
@@ -51,6 +52,9 @@ public:
     ViewFrame& Frame() { return m_frame; }
     void ShowView(ViewKind kind);
 
+    // Restores the store from a backup.
+    void Restore(const std::string& backup) { m_commands.backups.RestoreFrom(backup); }
+
     // One line for the status bar.
     void TellProblem(const std::string& problem) { m_context.ReportProblem(problem); }
 
@@ -67,6 +71,7 @@ private:
     bool MustRowsStay() const;
     bool MayTakeRows() const;
     bool LooksForMovedStore();
+    void Reopen();
     void LookForForeignChange();
     void OfferKeptForm();
     void CloseUnlessAsking();
@@ -89,6 +94,7 @@ private:
     QTimer m_offerTimer;  // runs until a kept form can be offered
     Reminder m_reminder;  // works in a session, as does the other one
     BirthdayReminder m_birthdayReminder;
+    DailyBackup m_dailyBackup;
     std::chrono::sys_days m_day{};  // for which the views were filled last
     bool m_isOpen = false;
     bool m_isStoreGone = false;

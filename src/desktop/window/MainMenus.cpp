@@ -54,6 +54,7 @@ void MainMenus::MakeFileMenu() {
     m_exportBirthdays = AddCommand(file, Text("Export &birthdays as calendar..."), "",
                                    [this] { m_commands.exports.ChooseCalendar(); });
     file.addSeparator();
+    m_commands.backups.PutInto(file);
     AddCommand(file, Text("&Print..."), "Ctrl+P", [this] { PrintView(m_context); });
     AddCommand(file, Text("Print pre&view..."), "", [this] { PreviewView(m_context); });
     AddCommand(file, Text("Save as P&DF..."), "", [this] { SaveViewAsPdf(m_context); });
@@ -227,9 +228,8 @@ void MainMenus::EnableOrders() {
 
 void MainMenus::CheckOrders() {
     ViewFrame& frame = m_context.Frame();
-    m_addressOrders.actions()
-        .at(frame.Addresses().Order() == kListByName ? 0 : 1)
-        ->setChecked(true);
+    const bool isByName = frame.Addresses().Order() == kListByName;
+    m_addressOrders.actions().at(isByName ? 0 : 1)->setChecked(true);
     m_toDoOrders.actions().at(frame.ToDos().Order())->setChecked(true);
 }
 

@@ -76,7 +76,10 @@ bool SqliteCopy::Take(const std::string& store, std::string& reason) {
 
 bool SqliteCopy::Place(std::string& reason, mode_t permissions) {
     const bool isPlaced = m_file.Replace(permissions);
-    if (!isPlaced) {
+    if (isPlaced) {
+        // From now on the name is free for another one.
+        m_path.clear();
+    } else {
         reason = std::strerror(errno);
     }
     return isPlaced;

@@ -85,7 +85,9 @@ private:
 
     Outcome BringIntoOpen(std::string& error);
     Outcome Change(SqliteFile& file, std::string& reason);
-    int CopyTables(SqliteFile& file);
+    static Outcome Failure(const SqliteFile& file, int result, std::string& reason);
+    Outcome Keep(const std::string& kept, std::string& reason) const;
+    static int CopyTables(SqliteFile& file);
     bool CountOn(std::string& error);
     bool TakePlace(std::string& error);
 
@@ -150,6 +152,26 @@ Restore::Outcome Restore::BringIntoOpen(std::string& error) {
     return outcome;
 }
 
+Restore::Outcome Restore::Failure(const SqliteFile& file, int result, std::string& reason) {
+    reason = file.Reason(result);
+    const bool isDamaged = TellsDamage(result) && !file.LacksRoom(result);
+    return isDamaged ? Outcome::Damaged : Outcome::Failed;
+}
+
+// Copies the store as it is, where that is sound.
+Restore::Outcome Restore::Keep(const std::string& kept, std::string& reason) const {
+    SqliteCopy copy;
+    StoreCounts counts;
+    if (!copy.Begin(kept, reason) || !copy.Take(m_store, reason)) {
+        reason = fmt::format("a copy of it can't be kept as {}: {}", kept, reason);
+        return Outcome::Failed;
+    }
+    if (!WhyNotSound(copy.Path(), counts).empty()) {
+        return Outcome::Damaged;
+    }
+    return copy.Place(reason) ? Outcome::Done : Outcome::Failed;
+}
+
 // Nobody else writes between the copy of the store as it is and its change.
 Restore::Outcome Restore::Change(SqliteFile& file, std::string& reason) {
     SqliteStatement attach;
@@ -161,31 +183,19 @@ Restore::Outcome Restore::Change(SqliteFile& file, std::string& reason) {
         result = file.Run("PRAGMA foreign_keys = OFF; BEGIN IMMEDIATE");
     }
     if (result != SQLITE_OK) {
-        reason = file.Reason(result);
-        return TellsDamage(result) ? Outcome::Damaged : Outcome::Failed;
+        return Failure(file, result, reason);
     }
     const std::string kept = FreeName(m_store);
-    SqliteCopy copy;
-    StoreCounts before;
-    if (!copy.Begin(kept, reason) || !copy.Take(m_store, reason)) {
-        reason = fmt::format("a copy of it can't be kept as {}: {}", kept, reason);
-        return Outcome::Failed;
-    }
-    if (!WhyNotSound(copy.Path(), before).empty()) {
-        return Outcome::Damaged;
-    }
-    if (!copy.Place(reason)) {
-        return Outcome::Failed;
+    if (const Outcome outcome = Keep(kept, reason); outcome != Outcome::Done) {
+        return outcome;
     }
     result = CopyTables(file);
     if (result == SQLITE_OK) {
         result = file.Run("COMMIT");
     }
     if (result != SQLITE_OK) {
-        reason = file.Reason(result);
-        file.Run("ROLLBACK");
         ::unlink(kept.c_str());
-        return TellsDamage(result) ? Outcome::Damaged : Outcome::Failed;
+        return Failure(file, result, reason);
     }
     m_report.kept = kept;
     return Outcome::Done;
@@ -256,7 +266,7 @@ bool Restore::TakePlace(std::string& error) {
     }
     ::unlink((kept + "-shm").c_str());
     std::string reason;
-    m_report.isNewFile = isThere;
+    m_report.isNewFile = !m_report.kept.empty();
     if (m_copy.Place(reason,
                      isThere ? old.st_mode & kPermissions : NewFileMode(FolderOf(m_store)))) {
         return true;

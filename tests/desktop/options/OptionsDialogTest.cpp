@@ -7,6 +7,7 @@
 
 #include <desktop/options/DesktopPreferences.h>
 #include <desktop/options/OptionsDialog.h>
+#include <host/AutomaticBackup.h>
 #include <host/Password.h>
 #include <platform/settings/SettingsFixture.h>
 
@@ -59,6 +60,8 @@ void ChangeAll(QDialog& dialog) {
     Press(dialog, "Remind me of to-dos before they are due");
     Number(Labelled<QSpinBox>(dialog, "When:"), "15");
     Down(Labelled<QComboBox>(dialog, "Remind me of birthdays:"));
+    OpenPage(dialog, "Backups");
+    Press(dialog, "Back up the store each day");
 }
 
 class OptionsDialog : public SettingsFixture {
@@ -70,7 +73,7 @@ protected:
     }
     bool Edit(std::deque<Hands::Step> steps) {
         const Hands hands(std::move(steps));
-        return EditOptions(nullptr, options);
+        return EditOptions(nullptr, options, {});
     }
 
     COrvoDesktopOptions options;
@@ -91,6 +94,7 @@ TEST_F(OptionsDialog, GivesWhatTheUserChose) {
     EXPECT_EQ(PreferredLocale(), "en-US");
     EXPECT_EQ(PreferredColours(), Colours::Light);
     EXPECT_EQ(BirthdayAdvance(), 0);
+    EXPECT_FALSE(AreBackupsAutomatic());
 }
 
 TEST_F(OptionsDialog, ThatIsCancelledChangesNothing) {

@@ -34,10 +34,11 @@ std::string RestoreLine(const Invocation& invocation, const std::string& backup)
 }
 
 int BackUp(const Invocation& invocation, const std::string& target, bool replaces) {
+    const std::string store = StoreOf(invocation);
     StoreCounts counts;
     std::string error;
-    if (!BackUpStore(StoreOf(invocation), target, replaces, counts, error)) {
-        throw CommandError(kWrongUse, WithAdvice(error));
+    if (!BackUpStore(store, target, replaces, counts, error)) {
+        throw CommandError(kWrongUse, WithAdvice(error, store));
     }
     if (invocation.json) {
         PrintJson({{"addresses", counts.addresses}, {"todos", counts.toDos}, {"file", target}});
@@ -54,7 +55,7 @@ int Restore(const Invocation& invocation, const std::string& backup) {
     RestoreReport report;
     std::string error;
     if (!RestoreStore(store, backup, report, error))
-        throw CommandError(kWrongUse, WithAdvice(error));
+        throw CommandError(kWrongUse, WithAdvice(error, store));
     if (invocation.json) {
         PrintJson({{"addresses", report.counts.addresses},
                    {"todos", report.counts.toDos},

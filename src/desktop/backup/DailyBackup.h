@@ -1,0 +1,39 @@
+// The backup of the open store that is made each day.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QThreadPool>
+#include <QTimer>
+#include <functional>
+#include <string>
+
+#include <contracts/StoreEngine.h>
+
+namespace orvo::desktop {
+
+// Some moments after the start, and when the day changes, it makes the backup in another thread.
+class DailyBackup {
+public:
+    // `tell` gets one line about a backup that can't be made; it isn't tried again on that day.
+    // The engine outlives the object.
+    DailyBackup(StoreEngine& engine, std::function<void(const std::string&)> tell);
+    ~DailyBackup();
+    DailyBackup(const DailyBackup&) = delete;
+    DailyBackup& operator=(const DailyBackup&) = delete;
+
+    void Start();
+    // Waits for a backup that is being made.
+    void Stop();
+
+private:
+    void Look();
+    void Tell(const std::string& problem);
+
+    StoreEngine& m_engine;
+    std::function<void(const std::string&)> m_tell;
+    QTimer m_timer;
+    QThreadPool m_thread;
+    std::string m_failedDay;
+};
+
+}  // namespace orvo::desktop
