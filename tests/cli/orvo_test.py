@@ -354,6 +354,24 @@ class OrvoTest(CommandTest):
         self.assertNotIn("Anna", self.errors)
         self.assertIn("imported 2, updated 0, unchanged 0, skipped 0", self.orvo("import --as-new", self.folder / "a.vcf"))
 
+    def test_a_script_keeps_up_with_the_changes(self):
+        self.add("--name Lee", "--name Secret --private yes")
+        self.todo("add Call")
+        *changes, last = self.rows("changes")
+        self.assertEqual([(row["table"], row["id"], row["change"]) for row in changes],
+                         [("address", 1, "added"), ("address", 2, "added"), ("todo", 1, "added")])
+        self.assertEqual(changes[0]["uid"], self.values("uid", "show 1")[0])
+        self.orvo("delete 1")
+        self.orvo("options --set masking-private yes")
+        self.orvo("edit 2 --name Other --show-private")
+        trashed, masked, end = self.rows(f"changes --since {last['upTo']}")
+        self.assertEqual(trashed["change"], "trashed")
+        self.assertEqual({**masked, "revision": 0},
+                         {"revision": 0, "table": "address", "id": 2, "masked": True, "change": "changed"})
+        self.assertEqual(self.rows(f"changes --since {end['upTo']}"), [end])
+        for number in ("x", "-1", "99"):
+            self.refused(f"changes --since {number}")
+
     def test_a_folder_is_taken_in_by_name_and_all_that_is_no_card_is_told(self):
         for name in ("b", "b/deep", "c"):
             (self.folder / name).mkdir()
