@@ -65,16 +65,6 @@ std::string StoredCategoryName(CBaseTable& table, const CBaseRecord& record) {
     return category == nullptr ? std::string() : category->Utf8();
 }
 
-std::unique_ptr<CAddressRecord> FindAddress(Store& store, std::int64_t id) {
-    auto record = std::make_unique<CAddressRecord>(store.Addresses(), 1);
-    const long status = store.Addresses().Find(id, *record);
-    if (status == static_cast<long>(StoreStatus::Gone) || (status == 0 && record->IsDeleted())) {
-        throw CommandError(kNothingFound, fmt::format("there is no address with the id {}", id));
-    }
-    store.Check(status);
-    return record;
-}
-
 std::string FormattedName(CAddressRecord& record) {
     CString name;
     FormatName(&record, name);

@@ -3,11 +3,9 @@
 #pragma once
 
 #include <array>
-#include <memory>
 #include <string>
 
 #include <cli/Output.h>
-#include <cli/Store.h>
 #include <contracts/RecordStore.h>
 #include <platform/text/SystemText.h>
 
@@ -53,10 +51,6 @@ std::string CategoryName(CBaseTable& table, const CBaseRecord& record);
 
 // The same as it is stored, for other programs.
 std::string StoredCategoryName(CBaseTable& table, const CBaseRecord& record);
-
-// The stored address of that id.
-// Fails:    CommandError, nothing found, also for a deleted one.
-std::unique_ptr<CAddressRecord> FindAddress(Store& store, std::int64_t id);
 
 // The name of a person or company as lists show it.
 std::string FormattedName(CAddressRecord& record);

@@ -44,6 +44,16 @@ void Store::Check(long status) {
     throw CommandError(kWrongUse, m_engine->LastError());
 }
 
+std::unique_ptr<CAddressRecord> FindAddress(Store& store, std::int64_t id) {
+    auto record = std::make_unique<CAddressRecord>(store.Addresses(), 1);
+    const long status = store.Addresses().Find(id, *record);
+    if (status == static_cast<long>(StoreStatus::Gone) || (status == 0 && record->IsDeleted())) {
+        throw CommandError(kNothingFound, fmt::format("there is no address with the id {}", id));
+    }
+    store.Check(status);
+    return record;
+}
+
 WriteClaim::WriteClaim(Store& store) : WriteClaim(store.Path()) {
     if (!IsBackupDue(store.Engine())) return;
     const std::string problem = MakeAutomaticBackup(store.Path());

@@ -41,6 +41,10 @@ private:
     CToDoTable m_toDos;
 };
 
+// The stored address of that id.
+// Fails:    CommandError, nothing found, also for a deleted one.
+std::unique_ptr<CAddressRecord> FindAddress(Store& store, std::int64_t id);
+
 // The program's place among those that have the store open, while it changes something. It waits
 // two seconds for a program that has the store to itself; the desktop application doesn't.
 class WriteClaim {

@@ -7,7 +7,7 @@
 #include <fmt/format.h>
 
 #include <exchange/lines/ContentLine.h>
-#include <support/Stamps.h>
+#include <support/WithoutStamps.h>
 
 #include "exchange/Tables.h"
 

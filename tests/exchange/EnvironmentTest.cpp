@@ -8,7 +8,7 @@
 #include <exchange/lines/Origin.h>
 #include <platform/time/TimeZone.h>
 #include <support/LocaleInForce.h>
-#include <support/Stamps.h>
+#include <support/WithoutStamps.h>
 
 #include "exchange/Tables.h"
 

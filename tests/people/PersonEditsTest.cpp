@@ -14,7 +14,7 @@
 #include <libraries/quire/MemoryEngine.h>
 #include <people/PersonEdits.h>
 #include <people/PersonReader.h>
-#include <support/Stamps.h>
+#include <support/WithoutStamps.h>
 
 #include "people/RealCards.h"
 
