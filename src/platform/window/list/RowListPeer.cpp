@@ -148,7 +148,11 @@ int RowListPeer::Exchange(const RowExchange& exchange) {
         if (!content.text.IsEmpty()) SetCellText(row, 0, content.text);
         if (content.image >= 0) SetImage(row, content.image);
     }
-    InvalidateAll();
+    if (exchange.CountAfter() == exchange.Count()) {
+        InvalidateRows(exchange.First(), exchange.Last() - 1);
+    } else {
+        InvalidateAll();
+    }
     return std::max(top, 0);
 }
 
