@@ -35,6 +35,7 @@ public:
     // Shows all that is known of the selected row beside the rows; the widget in which that is
     // painted. Null for a window that has none.
     virtual QWidget* ShowDetails() { return nullptr; }
+    virtual void HideDetails() {}
     // The widget that is typed into so that only rows that hold the text show; null for none.
     virtual QLineEdit* OpenFind() { return nullptr; }
     // False while the texts of rows are still being read for it.

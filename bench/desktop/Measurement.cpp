@@ -280,6 +280,7 @@ private:
     // people with a photo are in view.
     void MeasureForeignEdits(const std::string& store) {
         if (!m_window.SeesForeignEdits()) return;
+        m_window.HideDetails();
         m_window.StartOver();
         m_watch.Settle();
         std::vector<double> times;

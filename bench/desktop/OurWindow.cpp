@@ -78,6 +78,8 @@ public:
         return m_window->findChild<QTextBrowser*>()->viewport();
     }
 
+    void HideDetails() override { m_window->findChild<QDockWidget*>("details")->hide(); }
+
     QLineEdit* OpenFind() override {
         auto* bar = m_window->findChild<QToolBar*>("find");
         bar->show();
