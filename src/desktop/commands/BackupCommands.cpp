@@ -74,7 +74,11 @@ void BackupCommands::RestoreFrom(const std::string& backup) {
         m_context.Reopen();
         return;
     }
-    session.TakeRestored(report.kept);
+    if (!report.kept.empty()) {
+        session.History().AddRestore(Text("Restore").toStdString(), report.kept);
+    }
+    session.Addresses().RefreshTexts();
+    session.ToDos().RefreshTexts();
     m_context.Refresh();
     m_context.Say(told);
 }

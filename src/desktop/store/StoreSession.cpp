@@ -132,11 +132,6 @@ std::string StoreSession::Change(const std::string& name, const std::function<lo
     return Refreshed(std::move(reason));
 }
 
-void StoreSession::TakeRestored(const std::string& kept) {
-    if (!kept.empty()) m_history.AddRestore(Text("Restore").toStdString(), kept);
-    Refreshed({});
-}
-
 std::string StoreSession::Undo() {
     return Refreshed(m_history.Undo());
 }

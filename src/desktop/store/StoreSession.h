@@ -55,10 +55,6 @@ public:
     std::string Undo();
     std::string Redo();
 
-    // Takes over that the store was restored and what it was before is kept in that file: a step
-    // that can be taken back. All records are to be read again.
-    void TakeRestored(const std::string& kept);
-
     // Runs `change`, which returns 0 on success, as one step of that name (UTF-8, of the user's
     // language): all that it does to the store, or nothing.
     // Returns:  an empty text on success, else why not, in one line. Records that the change has

@@ -72,9 +72,32 @@ public:
 
 private:
     class Cursor;
-    class Unit;
     class ReadPart;
     class ChangeReader;
+
+    // Makes the statements of a change one: a transaction of its own, or a part of the open one. A
+    // part that fails before it has changed anything leaves the transaction as it is; any other
+    // failure is one of the disk or the memory and drops the transaction. A savepoint for each part
+    // would copy every page that it touches.
+    class Unit {
+    public:
+        explicit Unit(SqliteEngine& engine);
+        Unit(const Unit&) = delete;
+        Unit& operator=(const Unit&) = delete;
+        ~Unit();
+
+        StoreStatus Status() const { return m_status; }
+        StoreStatus Keep();
+
+    private:
+        int Changes() const;
+
+        SqliteEngine& m_engine;
+        const bool m_isPart;
+        bool m_isOpen;
+        StoreStatus m_status;
+        int m_changes = 0;
+    };
 
     struct Ids {
         std::int64_t last = 0;  // the highest that this engine has given

@@ -12,7 +12,6 @@
 #include "SqliteIdentityTables.h"
 #include "SqliteMigration.h"
 #include "SqliteStatements.h"
-#include "SqliteUnit.h"
 
 namespace orvo {
 
