@@ -1,6 +1,7 @@
 // Importing cards into a store file, beside SQLite alone inserting such rows.
 // SPDX-License-Identifier: MIT
 #include <benchmark/benchmark.h>
+#include <fmt/format.h>
 #include <sqlite3.h>
 
 #include <exchange/files/ImportFile.h>
@@ -10,11 +11,19 @@
 namespace orvo::bench {
 namespace {
 
+// With a UID each, whose order means nothing, or without.
 void ImportCards(benchmark::State& state) {
     std::string cards;
+    std::uint64_t uid = 1;
     for (const Person& person :
          MakePeople(static_cast<std::size_t>(state.range(0)), Script::Latin)) {
-        cards += CardOf(person);
+        std::string card = CardOf(person);
+        uid = uid * 6364136223846793005u + 1442695040888963407u;
+        if (state.range(1) != 0) {
+            card.insert(card.find("END:VCARD"),
+                        fmt::format("UID:{0:016x}-0000-4000-{0:016x}\r\n", uid));
+        }
+        cards += card;
     }
     for (auto _ : state) {
         state.PauseTiming();
@@ -93,7 +102,11 @@ void InsertWithSqlite(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 
-BENCHMARK(ImportCards)->ArgName("cards")->Arg(100'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(ImportCards)
+    ->ArgNames({"cards", "uids"})
+    ->Args({100'000, 0})
+    ->Args({100'000, 1})
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(InsertWithSqlite)->ArgName("cards")->Arg(100'000)->Unit(benchmark::kMillisecond);
 
 }  // namespace
