@@ -72,6 +72,7 @@ class FormTest(DesktopCase):
         close(self.screen, form, "ctrl+Return")
         after = self.exported()
         lines = after.replace("\r\n ", "").splitlines()
+        self.assertTrue(lines.pop(-2).startswith("REV:"), "the card tells when it was edited")
         photo = next(line for line in lines if line.startswith("PHOTO"))
         self.assertEqual(photo[:len(PHOTO)], PHOTO)
         self.assertEqual(base64.b64decode(photo[len(PHOTO):])[:3], b"\xff\xd8\xff")

@@ -81,7 +81,7 @@ class SoundTest(DesktopCase):
     def choose_sound(self):
         """Turns reminders on and chooses a sound for them, which is played and stopped before."""
         options = dialog(self.screen, "ctrl+comma")
-        self.screen.keys("ctrl+shift+Tab", "Tab", "space")  # the last page, and its first box
+        self.screen.keys("ctrl+shift+Tab", "ctrl+shift+Tab", "Tab", "space")  # the page before the last, and its first box
         choice = dialog(self.screen, "alt+c")
         self.screen.type(str(self.sound))
         until("something plays", lambda: self.is_playing_after_press(choice))

@@ -99,7 +99,7 @@ class TwoProgramsTest(DesktopCase):
             close(self.screen, box, "alt+k", back=None)
             until("the form is gone", lambda: not is_open(self.screen, form))
             self.until_names("Baker", "Carter", "Mine")
-            self.assertEqual(self.home.rows("addresses")[2]["city"], "Oslo")
+            self.assertEqual(self.home.rows("show", "1")[0]["city"], "Oslo")
 
     def test_fifty_turns_of_both_lose_nothing(self):
         set_heading(self.home, TO_DOS, TO_DO_COLUMNS)

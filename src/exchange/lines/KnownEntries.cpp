@@ -92,27 +92,28 @@ std::optional<KnownRow> KnownEntries::Take(std::string_view entry, CBaseRecord& 
     const SourceStamp stamp = ReadSourceStamp(entry);
     std::vector<std::int64_t> ids;
     if (stamp.uid.empty() || m_table.FindUid(stamp.uid, ids) != 0) return std::nullopt;
-    std::optional<Candidate> best;
+    Candidate best;
     std::int64_t bestId = 0;
     for (const std::int64_t id : ids) {
         if (!IsFree(id)) continue;
         std::optional<Candidate> each = Read(id, row);
         if (!each || each->stamp.recurrence != stamp.recurrence) continue;
         each->comparison = compare(row);
-        if (best && best->Rank() <= each->Rank()) continue;
-        best = std::move(each);
+        if (bestId != 0 && best.Rank() <= each->Rank()) continue;
+        best = std::move(*each);
         bestId = id;
-        if (best->Rank() == 0) break;
+        if (best.Rank() == 0) break;
     }
-    if (!best || (row.GetId() != bestId && m_table.Find(bestId, row) != 0)) return std::nullopt;
+    if (bestId == 0 || (row.GetId() != bestId && m_table.Find(bestId, row) != 0))
+        return std::nullopt;
     m_taken.insert(bestId);
     KnownRow known;
-    known.isDeleted = best->isDeleted;
-    known.isSame = best->comparison.isSame;
+    known.isDeleted = best.isDeleted;
+    known.isSame = best.comparison.isSame;
     if (known.isSame) return known;
-    Times times{best->stamp.sequence, best->stamp.modified};
+    Times times{best.stamp.sequence, best.stamp.modified};
     RowIdentity identity;
-    const bool isEdited = best->comparison.isEdited;
+    const bool isEdited = best.comparison.isEdited;
     if (isEdited && row.GetIdentity(identity) == 0) times.modified = identity.modified;
     Decide({stamp.sequence, stamp.modified}, times, isEdited, known);
     return known;

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <utility>
+#include <vector>
 
 #include <fmt/format.h>
 
@@ -45,12 +46,35 @@ int OpenForReading(const std::string& name, int flags, SqliteFile& file) {
     return result == SQLITE_OK ? PrepareTables(file) : result;
 }
 
+std::size_t NumberAt(std::string_view bytes, std::size_t place, std::size_t size) {
+    std::size_t number = 0;
+    for (const char byte : bytes.substr(place, size)) {
+        number = number << 8 | static_cast<unsigned char>(byte);
+    }
+    return number;
+}
+
+// The pages, numbered from 1, of the schema behind the first one, which leads to them where it is
+// an inner page of its tree (SQLite's file format, 1.6).
+std::vector<std::size_t> SchemaPages(std::string_view firstPage) {
+    constexpr std::size_t kTree = 100;
+    constexpr std::size_t kCells = kTree + 12;
+    constexpr char kInnerPage = 5;
+    std::vector<std::size_t> pages;
+    if (firstPage[kTree] == kInnerPage) {
+        for (std::size_t cell = NumberAt(firstPage, kTree + 3, 2); cell > 0; --cell) {
+            pages.push_back(
+                NumberAt(firstPage, NumberAt(firstPage, kCells + 2 * (cell - 1), 2), 4));
+        }
+        pages.push_back(NumberAt(firstPage, kTree + 8, 4));
+    }
+    return pages;
+}
+
 // The first page of the new store, made to fit any number of pages behind it.
-std::string FirstPage(const std::string& fresh) {
-    std::string page;
-    ReadWholeFile(fresh, page);
+std::string FirstPage(const std::string& store) {
+    std::string page = store.substr(0, NumberAt(store, kPageSizeOffset, 2));
     const auto byte = [&](std::size_t place) { return static_cast<unsigned char>(page[place]); };
-    page.resize(byte(kPageSizeOffset) << 8 | byte(kPageSizeOffset + 1));
     page.replace(kFreePagesOffset, kFreePagesSize, kFreePagesSize, '\0');
     // Where this differs from the count of changes SQLite takes the number of pages from the size.
     page[kCountIsValidOffset] = static_cast<char>(~byte(kCountIsValidOffset));
@@ -86,8 +110,15 @@ std::unique_ptr<SqliteFile> OpenDamagedCopy(const std::string& path, const std::
     std::error_code noLog;
     fs::copy_file(path + "-wal", copy + "-wal", noLog);
     std::fstream start(copy, std::ios::binary | std::ios::in | std::ios::out);
-    const std::string page = FirstPage(fresh);
+    std::string store;
+    ReadWholeFile(fresh, store);
+    const std::string page = FirstPage(store);
     start.write(page.data(), static_cast<std::streamsize>(page.size()));
+    for (const std::size_t number : SchemaPages(page)) {
+        const std::size_t place = (number - 1) * page.size();
+        start.seekp(static_cast<std::streamoff>(place));
+        start.write(store.data() + place, static_cast<std::streamsize>(page.size()));
+    }
     start.close();
     if (!start) {
         error = copy + ": can't be written";

@@ -14,8 +14,8 @@ namespace orvo {
 // Returns:  null, with the reason in one line in `error`, where the tables of a store aren't found.
 std::unique_ptr<SqliteFile> OpenDamagedFile(const std::string& path, std::string& error);
 
-// The same for a copy of the file, made at `copy`, that begins with the first page of `fresh`, a
-// new store: all stores have their tables at the same pages.
+// The same for a copy of the file, made at `copy`, that has the schema of `fresh`, a new store:
+// all stores that were made in this version have their tables at the same pages.
 std::unique_ptr<SqliteFile> OpenDamagedCopy(const std::string& path, const std::string& copy,
                                             const std::string& fresh, std::string& error);
 

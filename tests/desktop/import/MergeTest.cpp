@@ -26,7 +26,8 @@ protected:
     // Imports a card with those lines, whose first line is 1.
     std::unique_ptr<CAddressRecord> Imported(const std::string& lines) {
         const ImportReport report =
-            ImportBytes("BEGIN:VCARD\r\nVERSION:3.0\r\n" + lines + "END:VCARD\r\n", table, toDos);
+            ImportBytes("BEGIN:VCARD\r\nVERSION:3.0\r\n" + lines + "END:VCARD\r\n", table, toDos,
+                        nullptr, KnownEntry::AddAgain);
         auto record = std::make_unique<CAddressRecord>(table);
         EXPECT_EQ(table.Find(report.lastAddress, *record), 0);
         return record;
