@@ -42,8 +42,28 @@ std::string_view NameOf(std::string_view line) {
     return group == std::string_view::npos ? name : name.substr(group + 1);
 }
 
+std::string_view Trimmed(std::string_view text) {
+    while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
+    while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
+    return text;
+}
+
+// The value of a line without parameters, folds and escapes, as most are; nothing for others.
+std::optional<std::string_view> PlainValueOf(std::string_view line) {
+    while (!line.empty() && (line.back() == '\n' || line.back() == '\r')) line.remove_suffix(1);
+    const std::size_t colon = line.find(':');
+    const bool isPlain =
+        colon != std::string_view::npos && std::none_of(line.begin(), line.end(), [](char c) {
+            return c == ';' || c == '\\' || c == '\n' || c == '\r';
+        });
+    return isPlain ? std::optional(Trimmed(line.substr(colon + 1))) : std::nullopt;
+}
+
 // The value of a line, put together where it is folded, with its escapes resolved.
 std::string ValueOf(std::string_view line) {
+    if (const std::optional<std::string_view> plain = PlainValueOf(line)) {
+        return std::string(*plain);
+    }
     std::string value;
     bool isQuoted = false;
     bool isValue = false;
@@ -63,9 +83,7 @@ std::string ValueOf(std::string_view line) {
                               std::string_view("\\,;").find(value[i + 1]) != std::string_view::npos;
         text += value[isEscape ? ++i : i];
     }
-    while (!text.empty() && IsBlank(text.back())) text.pop_back();
-    text.erase(0, std::min(text.find_first_not_of(" \t"), text.size()));
-    return text;
+    return std::string(Trimmed(text));
 }
 
 // Takes `count` digits off the text, and before them the separator where it stands there.
