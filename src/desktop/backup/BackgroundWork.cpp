@@ -24,7 +24,7 @@ void RunInBackground(QWidget* parent, const QString& text, const std::function<v
     QThreadPool thread;
     thread.start([&] {
         work();
-        QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(&loop, "quit", Qt::QueuedConnection);
     });
     loop.exec(QEventLoop::ExcludeUserInputEvents);
     thread.waitForDone();

@@ -1,6 +1,7 @@
 // The backup of the open store that is made each day.
 // SPDX-License-Identifier: MIT
 #include <QDate>
+#include <chrono>
 #include <utility>
 
 #include <desktop/backup/DailyBackup.h>
@@ -12,6 +13,7 @@ namespace {
 // Milliseconds: the user sees the window first.
 constexpr int kFirstLook = 3000;
 constexpr int kInterval = 60'000;
+constexpr int kIntervalAtWork = 500;
 
 std::string Day() {
     return QDate::currentDate().toString(Qt::ISODate).toStdString();
@@ -21,7 +23,6 @@ std::string Day() {
 
 DailyBackup::DailyBackup(StoreEngine& engine, std::function<void(const std::string&)> tell)
     : m_engine(engine), m_tell(std::move(tell)) {
-    m_thread.setMaxThreadCount(1);
     QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { Look(); });
 }
 
@@ -35,16 +36,17 @@ void DailyBackup::Start() {
 
 void DailyBackup::Stop() {
     m_timer.stop();
-    m_thread.waitForDone();
+    if (m_work.valid()) m_work.wait();
 }
 
 void DailyBackup::Look() {
-    m_timer.setInterval(kInterval);
-    if (m_thread.activeThreadCount() > 0 || m_failedDay == Day() || !IsBackupDue(m_engine)) return;
-    m_thread.start([this, store = m_engine.Name()] {
-        const std::string problem = MakeAutomaticBackup(store);
-        QMetaObject::invokeMethod(&m_timer, [this, problem] { Tell(problem); });
-    });
+    if (m_work.valid()) {
+        if (m_work.wait_for(std::chrono::seconds(0)) != std::future_status::ready) return;
+        Tell(m_work.get());
+    }
+    const bool isDue = m_failedDay != Day() && IsBackupDue(m_engine);
+    m_timer.setInterval(isDue ? kIntervalAtWork : kInterval);
+    if (isDue) m_work = std::async(std::launch::async, MakeAutomaticBackup, m_engine.Name());
 }
 
 void DailyBackup::Tell(const std::string& problem) {

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QThreadPool>
 #include <QTimer>
 #include <functional>
+#include <future>
 #include <string>
 
 #include <contracts/StoreEngine.h>
@@ -32,7 +32,7 @@ private:
     StoreEngine& m_engine;
     std::function<void(const std::string&)> m_tell;
     QTimer m_timer;
-    QThreadPool m_thread;
+    std::future<std::string> m_work;  // why no backup could be made
     std::string m_failedDay;
 };
 

@@ -184,7 +184,7 @@ void FormDialog::Compare() {
 SaveResult FormDialog::SaveDecided() {
     bool bringsBack = false;
     for (;;) {
-        const SaveResult result = m_saver.Save(bringsBack);
+        SaveResult result = m_saver.Save(bringsBack);
         if (result.isUndecided) {
             if (!AskWhichStays(this, m_saver)) return result;
         } else if (result.status == StoreStatus::Gone) {
