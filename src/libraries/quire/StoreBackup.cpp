@@ -18,8 +18,6 @@ namespace orvo {
 
 namespace {
 
-namespace fs = std::filesystem;
-
 // Returns:  why no backup may lie there; else an empty text.
 std::string WhyNoTarget(const std::string& store, const std::string& target, bool mayReplace) {
     struct stat status {};
