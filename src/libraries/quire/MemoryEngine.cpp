@@ -331,12 +331,7 @@ std::int64_t MemoryEngine::Raise() {
 }
 
 MemoryEngine::Row MemoryEngine::NewRow(const StoredRow& row, const RowExtra& extra) {
-    const SourceStamp stamp = ReadSourceStamp(extra.source);
-    const std::int64_t now = CTime::GetCurrentMilliseconds();
-    Row added{row, std::string(row.fields), extra};
-    added.identity.uid = stamp.uid.empty() ? NewUid() : stamp.uid;
-    added.identity.modified = stamp.modified.value_or(now);
-    added.identity.created = stamp.created.value_or(std::min(now, added.identity.modified));
+    Row added{row, std::string(row.fields), extra, NewIdentity(extra.source)};
     added.identity.revision = Raise();
     added.added = m_revision;
     return added;

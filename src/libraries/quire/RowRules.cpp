@@ -4,10 +4,12 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 #include <contracts/RowIdentity.h>
 #include <platform/text/Charset.h>
 #include <platform/text/Hash.h>
+#include <platform/time/CTime.h>
 
 namespace orvo {
 
@@ -54,6 +56,16 @@ bool HasStorableDates(const StoredRow& row) {
 bool IsStorableUid(std::string_view uid) {
     const auto isControl = [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; };
     return !uid.empty() && std::none_of(uid.begin(), uid.end(), isControl) && IsValidUtf8(uid);
+}
+
+RowIdentity NewIdentity(std::string_view source) {
+    SourceStamp stamp = ReadSourceStamp(source);
+    const std::int64_t now = CTime::GetCurrentMilliseconds();
+    RowIdentity identity;
+    identity.uid = stamp.uid.empty() ? NewUid() : std::move(stamp.uid);
+    identity.modified = stamp.modified.value_or(now);
+    identity.created = stamp.created.value_or(std::min(now, identity.modified));
+    return identity;
 }
 
 std::int32_t UidKey(std::string_view uid) {

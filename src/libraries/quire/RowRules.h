@@ -17,6 +17,9 @@ bool HasStorableDates(const StoredRow& row);
 constexpr const char* kNoStorableDate = "a date isn't a time of a clock in the years 0 to 9999";
 
 bool IsStorableUid(std::string_view uid);
+// Who a row with that source is that is added now; its revision is left at 0.
+RowIdentity NewIdentity(std::string_view source);
+
 // The number by which an index finds a uid: the lower half of FNV-1a of its PlainUid, as a signed
 // number of 32 bits.
 std::int32_t UidKey(std::string_view uid);

@@ -181,14 +181,8 @@ void SqliteEngine::ShrinkCache() {
 }
 
 StoreStatus SqliteEngine::AddIdentity(TableKind kind, std::int64_t id, const RowExtra& extra) {
-    const SourceStamp stamp = ReadSourceStamp(extra.source);
-    const std::int64_t now = CTime::GetCurrentMilliseconds();
-    RowIdentity identity;
-    identity.uid = stamp.uid.empty() ? NewUid() : stamp.uid;
-    identity.modified = stamp.modified.value_or(now);
-    identity.created = stamp.created.value_or(std::min(now, identity.modified));
     CountAddition();
-    return PutIdentity(kind, id, identity);
+    return PutIdentity(kind, id, NewIdentity(extra.source));
 }
 
 StoreStatus SqliteEngine::PutIdentity(TableKind kind, std::int64_t id,

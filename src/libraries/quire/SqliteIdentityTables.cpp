@@ -2,13 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "SqliteIdentityTables.h"
 
-#include <algorithm>
 #include <charconv>
 
 #include <fmt/format.h>
 
 #include <contracts/RowIdentity.h>
-#include <platform/time/CTime.h>
 
 #include "RowRules.h"
 #include "SqliteStatements.h"
@@ -78,20 +76,17 @@ public:
     // `tell` is called after each row.
     template <class Tell>
     int Run(const Tell& tell) {
-        const std::int64_t now = CTime::GetCurrentMilliseconds();
         const SqliteRun rows(m_rows);
         rows->Bind(1, 0);
         int step = SQLITE_ROW;
         while ((step = rows->Step()) == SQLITE_ROW) {
-            const SourceStamp stamp = ReadSourceStamp(rows->Bytes(1));
-            const std::int64_t modified = stamp.modified.value_or(now);
-            const std::string uid = stamp.uid.empty() ? NewUid() : stamp.uid;
+            const RowIdentity identity = NewIdentity(rows->Bytes(1));
             const SqliteRun write(m_write);
             write->Bind(1, rows->Integer(0));
-            write->BindText(2, uid);
-            write->Bind(3, stamp.created.value_or(std::min(now, modified)));
-            write->Bind(4, modified);
-            write->Bind(5, UidKey(uid));
+            write->BindText(2, identity.uid);
+            write->Bind(3, identity.created);
+            write->Bind(4, identity.modified);
+            write->Bind(5, UidKey(identity.uid));
             if (const int result = write->Step(); result != SQLITE_DONE) return result;
             if (!tell()) return SQLITE_INTERRUPT;
         }
