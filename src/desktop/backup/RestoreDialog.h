@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+class QString;
 class QWidget;
 
 namespace orvo::desktop {
