@@ -34,8 +34,15 @@ enum class AddressField : std::uint8_t {
     Custom4 = 21,
 };
 
-// The text field of a to-do.
-enum class ToDoField : std::uint8_t { Description = 1 };
+// The fields of a to-do. All but the first repeat what its source says (ToDoDetails.h).
+enum class ToDoField : std::uint8_t {
+    Description = 1,
+    Start = 2,       // "2026-12-24T17:30:00"
+    Recurrence = 3,  // the value of the RRULE
+    Parent = 4,      // a UID
+    Percent = 5,     // one byte, 1 to 100
+    Reminders = 6,   // "1" where there are any
+};
 
 // The fields that hold numbers, one byte each: the labels of phones 1 to 5, then the display phone.
 constexpr std::uint8_t kPhoneNumbersField = 64;

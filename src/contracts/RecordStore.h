@@ -12,6 +12,7 @@
 #include <contracts/Category.h>
 #include <contracts/Records.h>
 #include <contracts/StoreEngine.h>
+#include <contracts/ToDoSeries.h>
 #include <platform/Export.h>
 #include <platform/text/CString.h>
 
@@ -137,6 +138,13 @@ private:
 class ORVO_API CToDoTable : public CBaseTable {
 public:
     explicit CToDoTable(StoreEngine& engine);
+
+    // What completes to-dos that repeat; null, as at first, where they end as others do.
+    void SetSeries(std::shared_ptr<ToDoSeries> series) { m_series = std::move(series); }
+    ToDoSeries* Series() const { return m_series.get(); }
+
+private:
+    std::shared_ptr<ToDoSeries> m_series;
 };
 
 // A short-lived cursor over one table. Not to be used from several threads at once.

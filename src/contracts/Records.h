@@ -5,12 +5,14 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include <contracts/RecordFields.h>
 #include <contracts/StoreEngine.h>
+#include <contracts/ToDoDetails.h>
 #include <platform/Export.h>
 #include <platform/text/CString.h>
 
@@ -223,17 +225,39 @@ public:
 
     int IsCompleted() const { return HasFlag(RowFlag::Completed); }
     // With a `markDate` that isn't 0, completing records the current local time as the completion
-    // date. Undoing drops it.
+    // date. Undoing drops it. A stored to-do that repeats moves to its next date instead, where the
+    // table has a rule for that (ToDoSeries), and a completed one is added for this date; it isn't
+    // completed then.
     long SetCompleted(int state, int markDate);
+    // Completes it likewise, with that completion date; maxDate() for none.
+    long CompleteOn(long completionDate);
     // The completion date, or maxDate() where none was recorded.
     long GetCompletionDate(long& date) const;
     long SetCompletionDate(long date);
+
+    // What its source says beyond the other fields, as far as it was noted with it. Whoever changes
+    // the source sets them.
+    ToDoDetails GetDetails() const;
+    long SetDetails(const ToDoDetails& details);
+    // The start, or maxDate() where it has none.
+    long GetStartDate(long& date) const;
+    bool IsRepeating() const { return !Detail(ToDoField::Recurrence).empty(); }
+    std::string_view Recurrence() const { return Detail(ToDoField::Recurrence); }
+    // The UID of the to-do that it is a part of; empty where it is none. Valid, like the
+    // recurrence, until the record changes.
+    std::string_view ParentUid() const { return Detail(ToDoField::Parent); }
+    int GetPercent() const;
+    bool HasReminders() const { return !Detail(ToDoField::Reminders).empty(); }
 
 protected:
     void ToRow(StoredRow& row) const override;
     void FromRow(const StoredRow& row) override;
 
 private:
+    std::string_view Detail(ToDoField field) const {
+        return m_fields.Get(static_cast<std::uint8_t>(field));
+    }
+    long SetState(bool isCompleted, std::optional<long> completionDate);
     void SetNewMoment(std::uint32_t& moment, long date);
 
     std::int32_t m_priority = 3;

@@ -169,6 +169,7 @@ void CalendarReader::Fill(const Entry& toDo, Dialect dialect, Origin& origin, CT
     origin.due = CivilOfRecordDate(fields.dueDate);
     origin.completed = CivilOfRecordDate(fields.completionDate);
     Check(FillToDo(fields, origin, record), toDo);
+    Check(record.SetDetails(DetailsOf(toDo.source, fields)), toDo);
     Check(record.SetSource(parts.rest, FormatOrigin(origin), parts.shared), toDo);
 }
 

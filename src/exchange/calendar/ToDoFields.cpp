@@ -105,6 +105,13 @@ ToDoFields DeriveToDo(const LineList& lines, Dialect dialect, std::string_view c
     if (!lineOf(ToDoProperty::Due) && start && duration) due = clock.ReadEnd(*start, *duration);
     fields.dueDate = RecordDate(due).value_or(kMaxDate);
     if (due) fields.due = *due;
+    if (const auto begin = dateOf(ToDoProperty::Start); begin && begin->moment >= 0) {
+        fields.start = CivilOfMoment(begin->moment);
+        const bool isDay = begin->form == CalendarDate::Form::Day;
+        if (isDay && fields.start) {
+            fields.start = CivilTime{fields.start->year, fields.start->month, fields.start->day};
+        }
+    }
     fields.isPrivate = IsPrivateClass(textOf(ToDoProperty::Class));
     fields.isArchived = IsTrue(textOf(ToDoProperty::Archived));
     return fields;
@@ -135,6 +142,7 @@ bool ReadToDoSource(const ToDoParts& parts, EntryReader& reader, ToDoSource& res
     const bool isOld = first.starts_with(kOldCalendar);
     result.dialect = isOld ? Dialect::Calendar10 : Dialect::Calendar20;
     result.timeZones.clear();
+    result.instances = {};
     for (const SharedText& text : parts.shared) {
         if (text.Text() != kOldCalendar) result.timeZones.push_back(text);
     }
@@ -149,7 +157,11 @@ bool ReadToDoSource(const ToDoParts& parts, EntryReader& reader, ToDoSource& res
         const bool isZone = entry.kind == EntryKind::TimeZone;
         if (entry.kind != EntryKind::ToDo && !isZone) continue;
         takeOpening(entry.source.data());
-        if (!isZone) return entry.complete;
+        if (!isZone) {
+            const char* const end = entry.source.data() + entry.source.size();
+            if (!isOld) result.instances = rest.substr(static_cast<std::size_t>(end - rest.data()));
+            return entry.complete;
+        }
         result.timeZones.emplace_back(std::string(entry.source));
         opening = entry.source.data() + entry.source.size();
     }

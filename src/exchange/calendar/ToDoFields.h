@@ -48,7 +48,8 @@ struct ToDoFields {
     bool isArchived = false;
 
     std::array<std::ptrdiff_t, kToDoProperties> lineOf{};
-    CalendarDate due;  // the form of DUE
+    CalendarDate due;                // the form of DUE
+    std::optional<CivilTime> start;  // as the local clock shows it; of a day its first second
 
     std::ptrdiff_t Line(ToDoProperty property) const {
         return lineOf[static_cast<std::size_t>(property)];
@@ -85,6 +86,8 @@ struct ToDoSource {
     Dialect dialect = Dialect::Calendar20;
     std::vector<SharedText> timeZones;  // as in the parts, but for an opening that says nothing
     Entry toDo;
+    // The other to-dos of its series, each with a RECURRENCE-ID: dates that differ from the rule.
+    std::string_view instances;
 };
 // Returns:  false where the parts hold no to-do. The entry is valid as long as the reader, which
 //           reads the rest of the parts.

@@ -20,6 +20,12 @@ long FillToDo(const ToDoFields& fields, const Origin& origin, CToDoRecord& recor
     return status;
 }
 
+ToDoDetails DetailsOf(std::string_view text, const ToDoFields& fields) {
+    ToDoDetails details = ReadToDoDetails(text);
+    details.start = fields.start;
+    return details;
+}
+
 long KeepEdits(const CToDoRecord& base, const CToDoRecord& row, CToDoRecord& record) {
     ToDoValues was;
     ToDoValues now;

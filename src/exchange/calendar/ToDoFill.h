@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <string_view>
+
 #include <contracts/RecordStore.h>
 #include <exchange/calendar/ToDoFields.h>
 #include <exchange/lines/Origin.h>
@@ -12,6 +14,9 @@ namespace orvo {
 // origin.
 // Returns:  0, or why not as a StoreStatus.
 long FillToDo(const ToDoFields& fields, const Origin& origin, CToDoRecord& record);
+
+// What a new record is to say of its source, which is `text` and says `fields`.
+ToDoDetails DetailsOf(std::string_view text, const ToDoFields& fields);
 
 // Where a record from a file, which is to replace `row`, has a field as `base` has it, what was
 // known of the entry before, it gets that of the row: the file has left it as it was, so that what

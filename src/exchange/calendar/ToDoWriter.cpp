@@ -111,6 +111,7 @@ ToDoWriter::Written ToDoWriter::Write(const CToDoRecord& record, std::string* lo
         SetStamp(edits, source.toDo.lines, "LAST-MODIFIED", identity.modified);
     }
     written.toDo = edits.IsEmpty() ? std::string(source.toDo.source) : edits.Text();
+    if (hasSource && m_dialect == Dialect::Calendar20) written.instances = source.instances;
     return written;
 }
 
@@ -137,6 +138,7 @@ void CalendarText::Add(const ToDoWriter::Written& written) {
     for (const auto& [name, text] : zones) place->zones.try_emplace(name, text);
     place->toDos.append(written.toDo);
     if (!written.toDo.ends_with('\n') && !written.toDo.ends_with('\r')) place->toDos += "\r\n";
+    place->toDos.append(written.instances);
 }
 
 std::string CalendarText::Text() const {

@@ -28,6 +28,7 @@ public:
         // The opening and the zones that its source had (ToDoSource).
         std::vector<SharedText> timeZones;
         std::string toDo;
+        std::string instances;  // to-dos with a RECURRENCE-ID; none in vCalendar, which has no such
     };
 
     // The VTODO that the record was imported from, with the lines of edited fields written anew and

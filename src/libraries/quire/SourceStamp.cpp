@@ -2,147 +2,15 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <charconv>
-#include <chrono>
-#include <strings.h>
 
 #include <contracts/RowIdentity.h>
 
 #include "RowRules.h"
+#include "SourceLines.h"
 
 namespace orvo {
 
 namespace {
-
-bool Equals(std::string_view a, std::string_view b) {
-    return a.size() == b.size() && strncasecmp(a.data(), b.data(), a.size()) == 0;
-}
-
-bool IsBlank(char c) {
-    return c == ' ' || c == '\t';
-}
-
-// Takes the next line off the text, which may go on in lines behind it that begin with a blank.
-std::string_view TakeLine(std::string_view& text, char lineEnd) {
-    std::size_t end = 0;
-    do {
-        const std::size_t found = text.find(lineEnd, end);
-        end = found == std::string_view::npos ? text.size() : found + 1;
-    } while (end < text.size() && IsBlank(text[end]));
-    const std::string_view line = text.substr(0, end);
-    text.remove_prefix(end);
-    return line;
-}
-
-// The name of a line without its group; what follows begins with ';' or ':'.
-std::string_view NameOf(std::string_view line) {
-    const auto end = std::find_if(line.begin(), line.end(),
-                                  [](char c) { return c == ';' || c == ':' || c == '\n'; });
-    std::string_view name = line.substr(0, static_cast<std::size_t>(end - line.begin()));
-    const std::size_t group = name.find('.');
-    return group == std::string_view::npos ? name : name.substr(group + 1);
-}
-
-std::string_view Trimmed(std::string_view text) {
-    while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
-    while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
-    return text;
-}
-
-// The value of a line without parameters, folds and escapes, as most are; nothing for others.
-std::optional<std::string_view> PlainValueOf(std::string_view line) {
-    while (!line.empty() && (line.back() == '\n' || line.back() == '\r')) line.remove_suffix(1);
-    const std::size_t colon = line.find(':');
-    const bool isPlain =
-        colon != std::string_view::npos && std::none_of(line.begin(), line.end(), [](char c) {
-            return c == ';' || c == '\\' || c == '\n' || c == '\r';
-        });
-    return isPlain ? std::optional(Trimmed(line.substr(colon + 1))) : std::nullopt;
-}
-
-// The value of a line, put together where it is folded, with its escapes resolved.
-std::string ValueOf(std::string_view line) {
-    if (const std::optional<std::string_view> plain = PlainValueOf(line)) {
-        return std::string(*plain);
-    }
-    std::string value;
-    bool isQuoted = false;
-    bool isValue = false;
-    for (std::size_t i = 0; i < line.size(); ++i) {
-        if (line[i] == '\r' || line[i] == '\n') {
-            i = std::min(line.find_first_not_of("\r\n", i), line.size());  // and the blank
-        } else if (!isValue) {
-            isQuoted = isQuoted != (line[i] == '"');
-            isValue = line[i] == ':' && !isQuoted;
-        } else {
-            value += line[i];
-        }
-    }
-    std::string text;
-    for (std::size_t i = 0; i < value.size(); ++i) {
-        const bool isEscape = value[i] == '\\' && i + 1 < value.size() &&
-                              std::string_view("\\,;").find(value[i + 1]) != std::string_view::npos;
-        text += value[isEscape ? ++i : i];
-    }
-    return std::string(Trimmed(text));
-}
-
-// Takes `count` digits off the text, and before them the separator where it stands there.
-std::optional<int> TakeDigits(std::string_view& text, std::size_t count, char separator) {
-    if (text.starts_with(separator)) text.remove_prefix(1);
-    int number = 0;
-    for (std::size_t i = 0; i < count; ++i) {
-        if (i >= text.size() || text[i] < '0' || text[i] > '9') return std::nullopt;
-        number = number * 10 + (text[i] - '0');
-    }
-    text.remove_prefix(count);
-    return number;
-}
-
-// Hours, minutes and, where they are there, seconds, in seconds.
-std::optional<std::int64_t> TakeClock(std::string_view& text) {
-    const std::optional<int> hour = TakeDigits(text, 2, 'T');
-    const std::optional<int> minute = hour ? TakeDigits(text, 2, ':') : std::nullopt;
-    if (!minute || *hour > 24 || *minute > 59) return std::nullopt;
-    std::string_view rest = text;
-    const std::optional<int> second = TakeDigits(rest, 2, ':');
-    if (second) text = rest;
-    return *hour * 3600 + *minute * 60 + second.value_or(0);
-}
-
-// Reads a date with or without a time, in the basic or the extended form of ISO 8601. A time
-// without a zone is taken as UTC.
-std::optional<std::int64_t> MomentOf(std::string_view text) {
-    const std::optional<int> year = TakeDigits(text, 4, ' ');
-    const std::optional<int> month = year ? TakeDigits(text, 2, '-') : std::nullopt;
-    const std::optional<int> day = month ? TakeDigits(text, 2, '-') : std::nullopt;
-    if (!day) return std::nullopt;
-    const std::chrono::year_month_day date{std::chrono::year(*year),
-                                           std::chrono::month(static_cast<unsigned>(*month)),
-                                           std::chrono::day(static_cast<unsigned>(*day))};
-    if (!date.ok()) return std::nullopt;
-    std::int64_t seconds =
-        std::int64_t{std::chrono::sys_days(date).time_since_epoch().count()} * 86400;
-    if (!text.starts_with('T') && !text.starts_with('t')) return seconds * 1000;
-    const std::optional<std::int64_t> clock = TakeClock(text);
-    if (!clock) return std::nullopt;
-    seconds += *clock;
-    std::int64_t fraction = 0;  // milliseconds
-    if (text.starts_with('.') || text.starts_with(',')) {
-        text.remove_prefix(1);
-        for (int weight = 100; !text.empty() && text[0] >= '0' && text[0] <= '9'; weight /= 10) {
-            fraction += weight * (text[0] - '0');
-            text.remove_prefix(1);
-        }
-    }
-    if (text.starts_with('+') || text.starts_with('-')) {
-        const int sign = text[0] == '+' ? 1 : -1;
-        text.remove_prefix(1);
-        const std::optional<int> hours = TakeDigits(text, 2, ' ');
-        const std::optional<int> minutes = TakeDigits(text, 2, ':');
-        seconds -= sign * (hours.value_or(0) * 3600 + minutes.value_or(0) * 60);
-    }
-    return seconds * 1000 + fraction;
-}
 
 std::optional<std::int64_t> NumberOf(const std::string& digits) {
     std::int64_t number = 0;
@@ -152,12 +20,6 @@ std::optional<std::int64_t> NumberOf(const std::string& digits) {
                                                               : std::nullopt;
 }
 
-// Most lines are of no interest, and are passed over quickly.
-bool MayBeOfInterest(std::string_view name) {
-    constexpr std::string_view kFirstLetters = "bBcCdDeElLrRsSuU";
-    return !name.empty() && kFirstLetters.find(name[0]) != std::string_view::npos;
-}
-
 void TakeLatest(std::optional<std::int64_t>& latest, std::optional<std::int64_t> moment) {
     if (moment) latest = std::max(latest.value_or(*moment), *moment);
 }
@@ -165,19 +27,19 @@ void TakeLatest(std::optional<std::int64_t>& latest, std::optional<std::int64_t>
 // Takes what a line says, where it says anything of it.
 void TakeProperty(std::string_view name, std::string_view line, SourceStamp& stamp,
                   std::optional<std::int64_t>& written) {
-    if (Equals(name, "UID")) {
-        std::string uid = ValueOf(line);
+    if (IsSourceName(name, "UID")) {
+        std::string uid = SourceLineValue(line);
         if (stamp.uid.empty() && IsStorableUid(uid)) stamp.uid = std::move(uid);
-    } else if (Equals(name, "REV") || Equals(name, "LAST-MODIFIED")) {
-        TakeLatest(stamp.modified, MomentOf(ValueOf(line)));
-    } else if (Equals(name, "CREATED") || Equals(name, "DCREATED")) {
-        TakeLatest(stamp.created, MomentOf(ValueOf(line)));
-    } else if (Equals(name, "DTSTAMP")) {
-        TakeLatest(written, MomentOf(ValueOf(line)));
-    } else if (Equals(name, "RECURRENCE-ID")) {
-        stamp.recurrence = ValueOf(line);
-    } else if (Equals(name, "SEQUENCE")) {
-        stamp.sequence = NumberOf(ValueOf(line));
+    } else if (IsSourceName(name, "REV") || IsSourceName(name, "LAST-MODIFIED")) {
+        TakeLatest(stamp.modified, SourceMoment(SourceLineValue(line)));
+    } else if (IsSourceName(name, "CREATED") || IsSourceName(name, "DCREATED")) {
+        TakeLatest(stamp.created, SourceMoment(SourceLineValue(line)));
+    } else if (IsSourceName(name, "DTSTAMP")) {
+        TakeLatest(written, SourceMoment(SourceLineValue(line)));
+    } else if (IsSourceName(name, "RECURRENCE-ID")) {
+        stamp.recurrence = SourceLineValue(line);
+    } else if (IsSourceName(name, "SEQUENCE")) {
+        stamp.sequence = NumberOf(SourceLineValue(line));
     }
 }
 
@@ -186,22 +48,10 @@ void TakeProperty(std::string_view name, std::string_view line, SourceStamp& sta
 SourceStamp ReadSourceStamp(std::string_view source) {
     SourceStamp stamp;
     std::optional<std::int64_t> written;
-    int depth = 0;  // below the card or the to-do
-    const char lineEnd = source.find('\n') != std::string_view::npos ? '\n' : '\r';
-    while (!source.empty()) {
-        const std::string_view line = TakeLine(source, lineEnd);
-        const std::string_view name = NameOf(line);
-        if (!MayBeOfInterest(name)) continue;
-        if (Equals(name, "BEGIN")) {
-            const std::string component = ValueOf(line);
-            if (depth > 0 || Equals(component, "VCARD") || Equals(component, "VTODO")) ++depth;
-        } else if (Equals(name, "END")) {
-            if (depth == 1) break;
-            depth -= depth > 0 ? 1 : 0;
-        } else if (depth == 1) {
-            TakeProperty(name, line, stamp, written);
-        }
-    }
+    const SourceWalk walk{"bBcCdDeElLrRsSuU", [&](std::string_view name, std::string_view line) {
+                              TakeProperty(name, line, stamp, written);
+                          }};
+    walk.Run(source);
     if (!stamp.modified) stamp.modified = written;
     return stamp;
 }

@@ -15,6 +15,7 @@
 #include "SqliteIdentityTables.h"
 #include "SqliteSharedTexts.h"
 #include "SqliteStatements.h"
+#include "ToDoSource.h"
 
 namespace orvo {
 
@@ -213,12 +214,17 @@ private:
     bool m_isOver = false;
 };
 
-int MigrateTables(SqliteFile& file, std::int64_t version, const StoreProgress& progress) {
-    int result = version < 2 ? MakeSharedTables(file) : SQLITE_OK;
-    if (result == SQLITE_OK) result = MakeIdentityTables(file);
+int MakeIdentities(SqliteFile& file, std::int64_t version, const StoreProgress& progress) {
+    int result = MakeIdentityTables(file);
     if (result == SQLITE_OK && version < 2) result = SourceSplitter(file).Run();
     if (result == SQLITE_OK) result = FillIdentityTables(file, progress);
-    if (result == SQLITE_OK) result = MakeIdentityIndexes(file);
+    return result == SQLITE_OK ? MakeIdentityIndexes(file) : result;
+}
+
+int MigrateTables(SqliteFile& file, std::int64_t version, const StoreProgress& progress) {
+    int result = version < 2 ? MakeSharedTables(file) : SQLITE_OK;
+    if (result == SQLITE_OK && version < 3) result = MakeIdentities(file, version, progress);
+    if (result == SQLITE_OK) result = FillToDoDetails(file, progress);
     if (result == SQLITE_OK) {
         result = file.Run(fmt::format("PRAGMA user_version = {}", kStoreVersion).c_str());
     }

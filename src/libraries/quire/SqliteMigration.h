@@ -12,7 +12,7 @@
 namespace orvo {
 
 constexpr std::int64_t kOldestStoreVersion = 1;
-constexpr std::int64_t kStoreVersion = 3;
+constexpr std::int64_t kStoreVersion = 4;
 
 // Makes the tables that version 2 has and version 1 hadn't.
 // Returns:  SQLite's result.

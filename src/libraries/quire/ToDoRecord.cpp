@@ -6,7 +6,10 @@
 
 #include <contracts/Dates.h>
 #include <contracts/RecordStore.h>
+#include <platform/text/Charset.h>
 #include <platform/time/CTime.h>
+
+#include "ToDoSource.h"
 
 namespace orvo {
 
@@ -98,19 +101,36 @@ long CToDoRecord::SetDueDate(long date) {
 
 long CToDoRecord::SetCompleted(int state, int markDate) {
     const std::int64_t now = CTime::GetCurrentTime().GetTime();
-    if (state != 0 && markDate != 0) {
-        SetNewMoment(m_completed, static_cast<long>(now));
+    if (state == 0) return SetState(false, {});
+    if (IsCompleted() == 0) return CompleteOn(markDate != 0 ? static_cast<long>(now) : kMaxDate);
+    return SetState(true, markDate != 0 ? std::optional(static_cast<long>(now)) : std::nullopt);
+}
+
+long CToDoRecord::CompleteOn(long completionDate) {
+    if (!IsDate(completionDate)) {
+        return Refuse(NoDate(completionDate));
     }
+    ToDoSeries* const series = static_cast<CToDoTable&>(GetTable()).Series();
+    if (series && GetId() != 0 && IsRepeating() && IsCompleted() == 0) {
+        bool isOver = false;
+        const long status = series->CompleteOnce(*this, completionDate, isOver);
+        if (status != 0 || !isOver) return status;
+    }
+    return SetState(true,
+                    completionDate == kMaxDate ? std::nullopt : std::optional(completionDate));
+}
+
+// Without a date a completed one keeps the one that it has.
+long CToDoRecord::SetState(bool isCompleted, std::optional<long> completionDate) {
+    if (completionDate) SetNewMoment(m_completed, *completionDate);
     return Change([=](Draft& draft) {
-        if (state == 0) {
+        if (!isCompleted) {
             draft.row.flags &= ~RowFlag::Completed;
             draft.row.completed.reset();
             return;
         }
         draft.row.flags |= RowFlag::Completed;
-        if (markDate != 0) {
-            draft.row.completed = CivilOfMoment(now);
-        }
+        if (completionDate) draft.row.completed = CivilOf(*completionDate);
     });
 }
 
@@ -125,6 +145,28 @@ long CToDoRecord::SetCompletionDate(long date) {
     }
     SetNewMoment(m_completed, date);
     return Change([=](Draft& draft) { Replace(draft.row.completed, date); });
+}
+
+ToDoDetails CToDoRecord::GetDetails() const {
+    return {ParseIso(Detail(ToDoField::Start)), std::string(Detail(ToDoField::Recurrence)),
+            std::string(ParentUid()), GetPercent(), HasReminders()};
+}
+
+long CToDoRecord::SetDetails(const ToDoDetails& details) {
+    if (!IsValidUtf8(details.recurrence) || !IsValidUtf8(details.parent)) {
+        return Refuse("the text isn't UTF-8");
+    }
+    return Change([&](Draft& draft) { PackDetails(details, draft.fields); });
+}
+
+long CToDoRecord::GetStartDate(long& date) const {
+    date = DateOf(ParseIso(Detail(ToDoField::Start)));
+    return 0;
+}
+
+int CToDoRecord::GetPercent() const {
+    const std::string_view percent = Detail(ToDoField::Percent);
+    return percent.empty() ? 0 : std::clamp(int{static_cast<unsigned char>(percent[0])}, 0, 100);
 }
 
 void CToDoRecord::SetNewMoment(std::uint32_t& moment, long date) {

@@ -30,6 +30,17 @@ std::string SourceOf(const RowExtra& extra) {
     return source + extra.source;
 }
 
+// The packed fields that every version has.
+std::string OldFields(TableKind kind, std::string_view packed) {
+    PackedFields fields;
+    EXPECT_TRUE(fields.Assign(packed));
+    for (const ToDoField field : {ToDoField::Start, ToDoField::Recurrence, ToDoField::Parent,
+                                  ToDoField::Percent, ToDoField::Reminders}) {
+        if (kind == TableKind::ToDo) fields.Set(static_cast<std::uint8_t>(field), {});
+    }
+    return std::string(fields.Bytes());
+}
+
 // Every row of a store with its whole source, one a line.
 std::string ContentOf(StoreEngine& engine) {
     std::string content;
@@ -40,9 +51,10 @@ std::string ContentOf(StoreEngine& engine) {
             while (cursor->Next(row) == StoreStatus::Ok) {
                 RowExtra extra;
                 EXPECT_EQ(engine.ReadExtra(kind, row.id, extra), StoreStatus::Ok);
-                lines[row.id] = fmt::format("{}|{}|{}|{}|{}|{}|{}|{}\n", row.id, row.placement,
-                                            row.category, row.flags, Hex(row.fields),
-                                            Hex(extra.note), Hex(SourceOf(extra)), extra.origin);
+                lines[row.id] =
+                    fmt::format("{}|{}|{}|{}|{}|{}|{}|{}\n", row.id, row.placement, row.category,
+                                row.flags, Hex(OldFields(kind, row.fields)), Hex(extra.note),
+                                Hex(SourceOf(extra)), extra.origin);
             }
         }
         for (const auto& [id, line] : lines) content += line;
@@ -84,13 +96,15 @@ protected:
     const std::string old = ContentOfOld(store, GetParam());
 };
 
-INSTANTIATE_TEST_SUITE_P(Versions, SqliteMigration, testing::Values(1, 2));
+INSTANTIATE_TEST_SUITE_P(Versions, SqliteMigration, testing::Values(1, 2, 3));
 
 // Those of the first version alone: their sources hold what is shared now.
 class SourceMigration : public SqliteMigration {};
 INSTANTIATE_TEST_SUITE_P(Versions, SourceMigration, testing::Values(1));
 class IdentityMigration : public SqliteMigration {};
 INSTANTIATE_TEST_SUITE_P(Versions, IdentityMigration, testing::Values(2));
+class DetailsMigration : public SqliteMigration {};
+INSTANTIATE_TEST_SUITE_P(Versions, DetailsMigration, testing::Values(3));
 
 }  // namespace
 
@@ -105,9 +119,9 @@ TEST_P(SqliteMigration, EveryRecordIsAsItWasAndEachZoneIsThereOnce) {
     EXPECT_THAT(folder.Names(), ElementsAre("test.orvo")) << "the copy goes with a clean close";
     ExpectSound(folder);
     RawStore raw(folder.Path());
-    EXPECT_EQ(raw.Run("PRAGMA user_version"), "3");
+    EXPECT_EQ(raw.Run("PRAGMA user_version"), "4");
     EXPECT_EQ(raw.Run("SELECT count(*) FROM todo_extra WHERE source LIKE '%VTIMEZONE%'"), "0");
-    EXPECT_EQ(raw.Run(kZones), "2");
+    EXPECT_EQ(raw.Run(kZones), GetParam() < 3 ? "2" : "0");
     EXPECT_EQ(raw.Run("SELECT count(*) FROM address_identity"),
               raw.Run("SELECT count(*) FROM address"));
     EXPECT_EQ(Content(), old);
@@ -186,7 +200,7 @@ TEST_P(SqliteMigration, OfProcessesThatOpenAStoreAtOnceOneMigratesAndTheOthersWa
         const auto engine = folder.Open();
         return engine && ContentOf(*engine) == old ? 0 : 1;
     });
-    EXPECT_EQ(RawStore(folder.Path()).Run(kZones), "2");
+    EXPECT_EQ(RawStore(folder.Path()).Run(kZones), GetParam() < 3 ? "2" : "0");
 }
 
 TEST_P(IdentityMigration, UidsAndTimesAreThoseOfTheKeptSources) {
@@ -216,6 +230,26 @@ TEST_P(IdentityMigration, UidsAndTimesAreThoseOfTheKeptSources) {
     EXPECT_EQ(RawStore(folder.Path()).Run("SELECT count(DISTINCT uid) FROM address_identity"),
               RawStore(folder.Path()).Run("SELECT count(*) FROM address"));
     EXPECT_EQ(engine->Revision(), 1);
+}
+
+TEST_P(DetailsMigration, WhatSourcesSayOfAToDoIsPacked) {
+    const auto engine = folder.Open();
+    CToDoTable table(*engine);
+    const std::pair<const char*, ToDoDetails> rows[] = {
+        {"weekly@example.com",
+         {CivilTime{2026, 9, 4, 18}, "FREQ=WEEKLY;INTERVAL=2;BYDAY=FR;COUNT=10", "", 40, true}},
+        {"dates@example.com", {{}, "OTHER", "", 0, false}},
+        {"part@example.com", {CivilOfMoment(1788264000), "", "weekly@example.com", 100, false}},
+        {"plain@example.com", {}},
+    };
+    for (const auto& [uid, details] : rows) {
+        std::vector<std::int64_t> ids;
+        ASSERT_EQ(table.FindUid(uid, ids), 0);
+        ASSERT_EQ(ids.size(), 1U) << uid;
+        CToDoRecord record(table);
+        ASSERT_EQ(table.Find(ids[0], record), 0);
+        EXPECT_EQ(record.GetDetails(), details) << uid;
+    }
 }
 
 TEST_P(SourceMigration, ASourceIsCutOnlyWhereAnImportPutItTogether) {
