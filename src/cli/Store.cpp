@@ -6,6 +6,7 @@
 #include <cli/MigrationMeter.h>
 #include <cli/Output.h>
 #include <cli/Store.h>
+#include <exchange/calendar/SeriesCompletion.h>
 #include <host/AutomaticBackup.h>
 #include <libraries/quire/UserStore.h>
 
@@ -29,7 +30,9 @@ std::unique_ptr<SqliteEngine> OpenEngine(const std::string& path) {
 }  // namespace
 
 Store::Store(const std::string& path, PrivateGuard& guard)
-    : m_guard(guard), m_engine(OpenEngine(path)), m_addresses(*m_engine), m_toDos(*m_engine) {}
+    : m_guard(guard), m_engine(OpenEngine(path)), m_addresses(*m_engine), m_toDos(*m_engine) {
+    CompleteSeriesByDates(m_toDos);
+}
 
 std::string Store::TextsFailure() const {
     const std::string& failure = m_addresses.TextsFailure();

@@ -7,6 +7,7 @@
 
 #include <desktop/store/StoreSession.h>
 #include <desktop/texts/Texts.h>
+#include <exchange/calendar/SeriesCompletion.h>
 #include <exchange/files/ImportFile.h>
 #include <libraries/quire/StoreBackup.h>
 #include <libraries/quire/UserStore.h>
@@ -53,6 +54,7 @@ StoreSession::StoreSession(std::unique_ptr<SqliteEngine> engine)
       m_toDos(m_history.Engine()),
       m_groups(m_addresses),
       m_days(m_addresses, NameOf) {
+    CompleteSeriesByDates(m_toDos);
     m_history.SetRowListener(
         [this](TableKind kind, std::optional<std::int64_t> id) { Forget(kind, id); });
     // The window sees the restored store as it sees what others change.

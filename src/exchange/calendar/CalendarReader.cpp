@@ -7,8 +7,10 @@
 #include <fmt/core.h>
 
 #include <exchange/calendar/CalendarReader.h>
+#include <exchange/calendar/SeriesInstances.h>
 #include <exchange/calendar/ToDoFields.h>
 #include <exchange/calendar/ToDoFill.h>
+#include <exchange/calendar/ToDoText.h>
 #include <exchange/calendar/ToDoWriter.h>
 #include <exchange/lines/EntryContent.h>
 #include <exchange/lines/ExchangeError.h>
@@ -22,6 +24,11 @@ struct OtherRule {
 };
 constexpr std::array<OtherRule, 3> kOthers{
     {{"VEVENT", "an event"}, {"VJOURNAL", "a journal entry"}, {"VFREEBUSY", "free and busy time"}}};
+
+void AppendToDo(std::string_view source, std::string& text) {
+    text += source;
+    if (!text.ends_with('\n') && !text.ends_with('\r')) text += "\r\n";
+}
 
 // A component's name comes from the file and may be anything.
 std::string Printable(std::string_view text) {
@@ -41,6 +48,7 @@ CalendarReader::CalendarReader(CToDoTable& table, ImportReport& report,
       m_meter(meter),
       m_categories(*table.GetCategoryManager()),
       m_fileCharset(fileCharset),
+      m_updates(known == KnownEntry::Update),
       m_known(table, TableKind::ToDo, known) {}
 
 void CalendarReader::Take(const Entry& entry) {
@@ -106,12 +114,7 @@ void CalendarReader::Skip(const Entry& entry) {
 void CalendarReader::Finish() {
     const Dialect dialect = m_version.starts_with('1') ? Dialect::Calendar10 : Dialect::Calendar20;
     if (dialect == Dialect::Calendar10) m_opening = OpeningOf(m_zoneLine);
-    for (const WaitingToDo& waiting : m_waiting) {
-        EntryReader reader(waiting.source, waiting.number);
-        Entry entry;
-        if (reader.Next(entry)) Store(entry, dialect);
-        m_meter.Pass(waiting.source);
-    }
+    StoreWaiting(dialect);
     m_waiting.clear();
     m_zones.clear();
     m_opening.reset();
@@ -119,22 +122,47 @@ void CalendarReader::Finish() {
     m_zoneLine.clear();
 }
 
-std::vector<SharedText> CalendarReader::SharedOf(const Entry& toDo) const {
-    std::set<std::string_view> names;
-    for (const ContentLine& line : toDo.lines) {
-        const std::string_view name = FindParameter(line.parameters, "TZID");
-        if (!name.empty()) names.insert(name);
+void CalendarReader::StoreWaiting(Dialect dialect) {
+    std::vector<std::string_view> texts;
+    for (const WaitingToDo& waiting : m_waiting) texts.push_back(waiting.source);
+    auto instances = dialect == Dialect::Calendar20
+                         ? InstancesOfSeries(texts)
+                         : std::map<std::size_t, std::vector<std::size_t>>();
+    std::set<std::size_t> isInSeries;
+    for (const auto& [place, own] : instances) isInSeries.insert(own.begin(), own.end());
+    for (std::size_t i = 0; i < m_waiting.size(); ++i) {
+        if (isInSeries.contains(i)) continue;
+        EntryReader reader(m_waiting[i].source, m_waiting[i].number);
+        Series series;
+        series.dialect = dialect;
+        for (const std::size_t own : instances[i]) AppendToDo(texts[own], series.instances);
+        if (reader.Next(series.toDo)) Store(series);
+        m_meter.Pass(m_waiting[i].source);
     }
+}
+
+std::vector<SharedText> CalendarReader::SharedOf(const Series& series) const {
+    std::set<std::string, std::less<>> names;
+    const auto takeNames = [&names](const LineList& lines) {
+        for (const ContentLine& line : lines) {
+            const std::string_view name = FindParameter(line.parameters, "TZID");
+            if (!name.empty()) names.emplace(name);
+        }
+    };
+    takeNames(series.toDo.lines);
+    EntryReader reader(series.instances);
+    for (Entry instance; reader.Next(instance);) takeNames(instance.lines);
     std::vector<SharedText> shared;
     if (m_opening) shared.push_back(*m_opening);
-    for (const std::string_view name : names) {
+    for (const std::string& name : names) {
         const auto zone = m_zones.find(name);
         if (zone != m_zones.end()) shared.push_back(zone->second);
     }
     return shared;
 }
 
-void CalendarReader::Store(const Entry& toDo, Dialect dialect) {
+void CalendarReader::Store(const Series& series) {
+    const Entry& toDo = series.toDo;
     if (!HoldsAnything(toDo.lines)) {
         m_report.skipped.push_back({toDo.number, "the to-do holds nothing"});
         return;
@@ -143,15 +171,16 @@ void CalendarReader::Store(const Entry& toDo, Dialect dialect) {
     if (!m_fileCharset.empty()) origin.charset = LegacyCharsetOf(toDo.lines, m_fileCharset);
     CToDoRecord row(m_table);
     const auto known = m_known.Take(toDo.source, row, [&](const CBaseRecord& each) {
-        return Compare(toDo, dialect, origin.charset, static_cast<const CToDoRecord&>(each));
+        return Compare(series, origin.charset, static_cast<const CToDoRecord&>(each));
     });
     if (known) CountKnown(*known, toDo.number, NameOf(row), m_report.toDos, m_report);
     if (known && !known->isNewer) {
         if (known->isDeleted) Check(m_table.Undelete(row), toDo);
         return;
     }
+    if (!known && StoreInstance(series)) return;
     CToDoRecord record(m_table);
-    Fill(toDo, dialect, origin, record);
+    Fill(series, origin, record);
     if (known) {
         Update(toDo, row, record);
     } else {
@@ -161,10 +190,46 @@ void CalendarReader::Store(const Entry& toDo, Dialect dialect) {
     }
 }
 
-void CalendarReader::Fill(const Entry& toDo, Dialect dialect, Origin& origin, CToDoRecord& record) {
-    const ToDoParts parts = MakeToDoParts(toDo, dialect, SharedOf(toDo));
+bool CalendarReader::StoreInstance(const Series& series) {
+    const Entry& toDo = series.toDo;
+    const bool isInstance = m_updates && series.dialect == Dialect::Calendar20;
+    if (!isInstance || !IsInstance(toDo.source)) return false;
+    std::vector<std::int64_t> ids;
+    m_table.FindUid(ReadSourceStamp(toDo.source).uid, ids);
+    CToDoRecord row(m_table);
+    for (const std::int64_t id : ids) {
+        const bool isSeries =
+            m_table.Find(id, row) == 0 && row.IsDeleted() == 0 && row.IsRepeating();
+        if (!isSeries) continue;
+        std::string instance;
+        AppendToDo(toDo.source, instance);
+        bool isNew = false;
+        Check(EditToDoText(row,
+                           [&](ToDoText& text) {
+                               for (const SharedText& zone : SharedOf(series)) {
+                                   const bool isThere = std::count(text.timeZones.begin(),
+                                                                   text.timeZones.end(), zone) > 0;
+                                   if (!isThere) text.timeZones.push_back(zone);
+                               }
+                               return isNew = SetInstance(text, instance);
+                           }),
+              toDo);
+        ++(isNew ? m_report.updated : m_report.unchanged);
+        return true;
+    }
+    return false;
+}
+
+void CalendarReader::Fill(const Series& series, Origin& origin, CToDoRecord& record) {
+    const Entry& toDo = series.toDo;
+    ToDoParts parts = MakeToDoParts(toDo, series.dialect, SharedOf(series));
+    if (!series.instances.empty()) {
+        std::string whole;
+        AppendToDo(parts.rest, whole);
+        parts.rest = whole + series.instances;
+    }
     m_clock.SetZones(parts.shared);
-    const ToDoFields fields = DeriveToDo(toDo.lines, dialect, origin.charset, m_clock);
+    const ToDoFields fields = DeriveToDo(toDo.lines, series.dialect, origin.charset, m_clock);
     m_categories.Choose(fields.categories, origin);
     origin.due = CivilOfRecordDate(fields.dueDate);
     origin.completed = CivilOfRecordDate(fields.completionDate);
@@ -173,11 +238,18 @@ void CalendarReader::Fill(const Entry& toDo, Dialect dialect, Origin& origin, CT
     Check(record.SetSource(parts.rest, FormatOrigin(origin), parts.shared), toDo);
 }
 
+// Who completes a to-do that repeats means the date at which it stands here.
 void CalendarReader::Update(const Entry& toDo, const CToDoRecord& row, CToDoRecord& record) {
     CToDoRecord base(m_table);
     Check(FillBase(row, base), toDo);
     Check(KeepEdits(base, row, record), toDo);
+    const bool completesOnce = record.IsCompleted() != 0 && record.IsRepeating() &&
+                               row.IsCompleted() == 0 && row.IsRepeating();
+    long date = kMaxDate;
+    record.GetCompletionDate(date);
+    if (completesOnce) Check(record.SetCompleted(0, 0), toDo);
     Check(m_table.Replace(row.GetId(), record), toDo);
+    if (completesOnce) Check(record.CompleteOn(date), toDo);
 }
 
 void CalendarReader::Check(long status, const Entry& toDo) const {
@@ -186,8 +258,10 @@ void CalendarReader::Check(long status, const Entry& toDo) const {
         fmt::format("line {}: the to-do can't be stored: {}", toDo.number, m_table.LastError()));
 }
 
-KnownEntries::Comparison CalendarReader::Compare(const Entry& toDo, Dialect dialect,
-                                                 std::string_view charset, const CToDoRecord& row) {
+KnownEntries::Comparison CalendarReader::Compare(const Series& series, std::string_view charset,
+                                                 const CToDoRecord& row) {
+    const Entry& toDo = series.toDo;
+    const Dialect dialect = series.dialect;
     ToDoParts parts;
     std::string originText;
     if (row.GetSourceParts(parts.shared, parts.rest) != 0 || row.GetOrigin(originText) != 0) {
@@ -197,7 +271,9 @@ KnownEntries::Comparison CalendarReader::Compare(const Entry& toDo, Dialect dial
     EntryReader sourceReader(parts.rest);
     ToDoSource source;
     const bool hasSource = ReadToDoSource(parts, sourceReader, source);
-    const std::string text = ToDoWriter(m_table, dialect).Write(row).toDo;
+    const ToDoWriter::Written now = ToDoWriter(m_table, dialect).Write(row);
+    const std::string& text = now.toDo;
+    if (now.instances != series.instances) return {false, origin.isEdited};
     KnownEntries::Comparison comparison;
     comparison.isEdited = !hasSource || origin.isEdited;
     if (!comparison.isEdited) {

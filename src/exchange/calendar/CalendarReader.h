@@ -37,18 +37,29 @@ private:
         std::string_view source;
         std::size_t number;
     };
+    // A to-do, or a series with the dates that differ from its rule.
+    struct Series {
+        Entry toDo;
+        std::string instances;  // texts of VTODOs
+        Dialect dialect = Dialect::Calendar20;
+    };
 
-    void Store(const Entry& toDo, Dialect dialect);
-    void Fill(const Entry& toDo, Dialect dialect, Origin& origin, CToDoRecord& record);
+    // Those that belong to a series of the same calendar go with it.
+    void StoreWaiting(Dialect dialect);
+    void Store(const Series& series);
+    // An instance whose series is in the store.
+    // Returns:  false where it isn't.
+    bool StoreInstance(const Series& series);
+    void Fill(const Series& series, Origin& origin, CToDoRecord& record);
     void Update(const Entry& toDo, const CToDoRecord& row, CToDoRecord& record);
-    KnownEntries::Comparison Compare(const Entry& toDo, Dialect dialect, std::string_view charset,
+    KnownEntries::Comparison Compare(const Series& series, std::string_view charset,
                                      const CToDoRecord& row);
     long FillBase(const CToDoRecord& row, CToDoRecord& base);
     // As it is told; of a private one nothing is.
     static std::string NameOf(const CToDoRecord& row);
     void Check(long status, const Entry& toDo) const;
-    // The opening of its calendar, where it has one, and the zones that the to-do names.
-    std::vector<SharedText> SharedOf(const Entry& toDo) const;
+    // The opening of its calendar, where it has one, and the zones that its to-dos name.
+    std::vector<SharedText> SharedOf(const Series& series) const;
     void TakeZone(std::string_view source);
     void Skip(const Entry& entry);
 
@@ -57,6 +68,7 @@ private:
     ProgressMeter& m_meter;
     CategoryNames m_categories;
     std::string m_fileCharset;
+    bool m_updates;  // what the store holds already
     KnownEntries m_known;
     CalendarClock m_clock;
     std::string m_version;

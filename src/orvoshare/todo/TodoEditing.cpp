@@ -258,11 +258,13 @@ CToDoRecord* CTodoListbox::RecordToToggle(int row) {
 void CTodoListbox::ToggleByClick(int row) {
     CToDoRecord* record = RecordToToggle(row);
     if (!record) return;
-    if (record->SetCompleted(record->IsCompleted() == 0, m_bMarkCompletionDate) != 0) return;
+    const bool completes = record->IsCompleted() == 0;
+    if (record->SetCompleted(completes, m_bMarkCompletionDate) != 0) return;
 
     row = RowOf(*this, record);
     if (row == -1) return PostToOwner(ID_TODO_ROW_REMOVED);
     const bool isCompleted = record->IsCompleted() != 0;
+    if (completes && !isCompleted) return PlaceMovedSeries(row);
     if (isCompleted && m_bHideCompleted != 0) StrikeOutRow(row);
     if (PassThruFilter(record) != 0) {
         if (isCompleted && m_bMarkCompletionDate != 0) ReSortSingleItem(row);
@@ -274,16 +276,25 @@ void CTodoListbox::ToggleByClick(int row) {
     PostToOwner(ID_TODO_ROW_REMOVED);
 }
 
+// One that repeats stands at its next date now, which can be hidden.
+void CTodoListbox::PlaceMovedSeries(int row) {
+    const CToDoRecord* record = RecordAt(row);
+    ReSortSingleItem(row);
+    PostToOwner(RowOf(*this, record) == -1 ? ID_TODO_ROW_REMOVED : ID_TODO_ROW_CHANGED);
+}
+
 // Unlike a click it looks neither at the mask nor at the filter's other tests, and selects nothing.
 void CTodoListbox::OnChar(UINT character, UINT, UINT) {
     if (character != '-' || GetSelectedCount() != 1) return;
     int row = GetFirstSelectedItem();
     CToDoRecord* record = RecordToToggle(row);
     if (!record) return;
-    if (record->SetCompleted(record->IsCompleted() == 0, m_bMarkCompletionDate) != 0) return;
+    const bool completes = record->IsCompleted() == 0;
+    if (record->SetCompleted(completes, m_bMarkCompletionDate) != 0) return;
 
     row = RowOf(*this, record);
     if (row == -1) return PostToOwner(ID_TODO_ROW_REMOVED);
+    if (completes && record->IsCompleted() == 0) return PlaceMovedSeries(row);
     if (record->IsCompleted() == 0 || m_bHideCompleted == 0) {
         PostToOwner(ID_TODO_ROW_CHANGED);
     } else if (StrikeOutRow(row)) {

@@ -194,6 +194,7 @@ private:
     void OpenPopup(int row, int nId, CPoint point);
     CToDoRecord* RecordToToggle(int row);
     void ToggleByClick(int row);
+    void PlaceMovedSeries(int row);
     bool StrikeOutRow(int row);  // false where its text isn't shown
 
     int m_bShowDueOnly = 0;
