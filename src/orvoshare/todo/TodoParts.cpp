@@ -1,0 +1,118 @@
+// Which to-dos are parts of which.
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+
+#include <contracts/RowIdentity.h>
+#include <orvoshare/todo/TodoParts.h>
+
+namespace orvo {
+
+void TodoParts::Note(std::int64_t id, std::string_view parentUid, bool isCompleted) {
+    ++m_notes;
+    const auto known = m_parts.find(id);
+    if (known == m_parts.end() && parentUid.empty()) return;
+    const std::string uid = PlainUid(parentUid);
+    if (known != m_parts.end() && known->second.whole->uid == uid) {
+        known->second.isCompleted = isCompleted;
+        return;
+    }
+    Forget(id);
+    if (uid.empty()) return;
+    Whole& whole = m_wholes[uid];
+    if (whole.parts.empty()) whole.uid = uid;
+    whole.parts.push_back(id);
+    m_parts.emplace(id, Part{&whole, isCompleted});
+}
+
+void TodoParts::Forget(std::int64_t id) {
+    ++m_notes;
+    const auto known = m_parts.find(id);
+    if (known == m_parts.end()) return;
+    Whole& whole = *known->second.whole;
+    m_parts.erase(known);
+    std::erase(whole.parts, id);
+    if (whole.parts.empty()) m_wholes.erase(std::string(whole.uid));
+}
+
+void TodoParts::Clear() {
+    ++m_notes;
+    m_parts.clear();
+    m_wholes.clear();
+}
+
+std::int64_t TodoParts::IdOf(Whole& whole) {
+    if (whole.asked == m_notes) return whole.id;
+    whole.asked = m_notes;
+    whole.id = 0;
+    std::vector<std::int64_t> ids;
+    if (m_table.FindUid(whole.uid, ids) != 0) return 0;
+    CToDoRecord record(m_table);
+    for (const std::int64_t id : ids) {
+        if (m_table.Find(id, record) != 0 || record.IsDeleted() != 0) continue;
+        whole.id = id;
+        break;
+    }
+    return whole.id;
+}
+
+std::int64_t TodoParts::NamedBy(std::int64_t id) {
+    const auto part = m_parts.find(id);
+    return part == m_parts.end() ? 0 : IdOf(*part->second.whole);
+}
+
+// Where they lead into a circle, that is among them once.
+std::unordered_set<std::int64_t> TodoParts::WholesAbove(std::int64_t id) {
+    std::unordered_set<std::int64_t> above;
+    for (id = NamedBy(id); id != 0 && above.insert(id).second;) id = NamedBy(id);
+    return above;
+}
+
+std::int64_t TodoParts::ParentOf(std::int64_t id) {
+    return WholesAbove(id).count(id) != 0 ? 0 : NamedBy(id);
+}
+
+std::vector<std::int64_t> TodoParts::PartsOf(std::string_view uid) {
+    const auto found = m_wholes.find(PlainUid(uid));
+    if (found == m_wholes.end()) return {};
+    const std::int64_t id = IdOf(found->second);
+    if (id == 0) return {};
+    // Among its parts only those that it is itself below of are in a circle with it.
+    std::unordered_set<std::int64_t> above = WholesAbove(id);
+    above.insert(id);
+    std::vector<std::int64_t> parts;
+    for (const std::int64_t part : found->second.parts) {
+        if (above.count(part) == 0) parts.push_back(part);
+    }
+    std::sort(parts.begin(), parts.end());
+    return parts;
+}
+
+PartCount TodoParts::CountOf(std::string_view uid) {
+    PartCount count;
+    for (const std::int64_t id : PartsOf(uid)) {
+        ++count.all;
+        if (m_parts.at(id).isCompleted) ++count.done;
+    }
+    return count;
+}
+
+// Each part is looked at once, however deep they lie.
+std::unordered_set<std::int64_t> TodoParts::AllBelow(std::int64_t id) {
+    std::unordered_map<std::int64_t, bool> isBelow{{0, false}, {id, false}};
+    for (const std::int64_t each : WholesAbove(id)) isBelow[each] = false;
+    std::unordered_set<std::int64_t> below;
+    for (const auto& each : m_parts) {
+        std::vector<std::int64_t> way;
+        std::int64_t end = each.first;
+        for (; isBelow.emplace(end, false).second; end = NamedBy(end)) way.push_back(end);
+        bool isWithin = isBelow[end];
+        for (auto part = way.rbegin(); part != way.rend(); ++part) {
+            isWithin = isWithin || NamedBy(*part) == id;
+            isBelow[*part] = isWithin;
+            if (isWithin) below.insert(*part);
+        }
+    }
+    return below;
+}
+
+}  // namespace orvo
