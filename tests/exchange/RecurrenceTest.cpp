@@ -1,0 +1,132 @@
+// Series of to-dos move to their next dates.
+// SPDX-License-Identifier: MIT
+#include <chrono>
+
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+
+#include <exchange/calendar/Recurrence.h>
+#include <platform/time/TimeZone.h>
+
+namespace orvo {
+namespace {
+
+std::string ToDo(std::string_view lines) {
+    return fmt::format("BEGIN:VTODO\nUID:1\n{}\nEND:VTODO\n", lines);
+}
+
+std::string Moved(const std::string& text) {
+    const std::optional<ToDoText> moved = MovedToNext({{}, text});
+    return moved ? moved->text : "over";
+}
+
+TEST(Recurrence, ASeriesMovesToItsNextDate) {
+    struct {
+        const char *why, *lines, *want;
+    } const rows[] = {
+        {"start and due by the same rule",
+         "DTSTART:20261126T090000\nDUE:20261127T180000\nRRULE:FREQ=WEEKLY",
+         "DTSTART:20261203T090000\nDUE:20261204T180000\nRRULE:FREQ=WEEKLY"},
+        {"counted from a due date alone; days stay days",
+         "DUE;VALUE=DATE:20260131\nRRULE:FREQ=MONTHLY",
+         "DUE;VALUE=DATE:20260331\nRRULE:FREQ=MONTHLY"},
+        {"the clock on the wall over the change to summer time",
+         "DTSTART;TZID=Europe/Berlin:20260328T023000\nDUE:20260328T023000Z\nRRULE:FREQ=DAILY",
+         "DTSTART;TZID=Europe/Berlin:20260329T023000\nDUE:20260329T013000Z\nRRULE:FREQ=DAILY"},
+        {"COUNT falls, also for a date left out",
+         "DUE:20261126T090000Z\nRRULE:COUNT=5;FREQ=DAILY\nEXDATE:20261127T090000Z",
+         "DUE:20261128T090000Z\nRRULE:COUNT=3;FREQ=DAILY"},
+        {"the last of COUNT", "DUE:20261126\nRRULE:FREQ=DAILY;COUNT=1", "over"},
+        {"UNTIL in UTC for a zone",
+         "DTSTART;TZID=Asia/Tokyo:20261126T080000\nRRULE:FREQ=DAILY;UNTIL=20261126T230000Z",
+         "DTSTART;TZID=Asia/Tokyo:20261127T080000\nRRULE:FREQ=DAILY;UNTIL=20261126T230000Z"},
+        {"beyond UNTIL", "DUE:20261126\nRRULE:FREQ=DAILY;UNTIL=20261126", "over"},
+        {"an extra date, after which the rule goes on as it did",
+         "DUE:20261123\nRRULE:FREQ=WEEKLY;COUNT=3\nRDATE;VALUE=DATE:20261101,20261125,20261209",
+         "DUE:20261125\nRRULE:FREQ=WEEKLY;COUNT=2;BYDAY=MO\nRDATE;VALUE=DATE:20261125,20261209"},
+        {"from the extra date",
+         "DUE:20261125\nRRULE:FREQ=WEEKLY;COUNT=2;BYDAY=MO\nRDATE;VALUE=DATE:20261125,20261209",
+         "DUE:20261130\nRRULE:FREQ=WEEKLY;COUNT=2;BYDAY=MO\nRDATE;VALUE=DATE:20261209"},
+        {"open again, alarms and all",
+         "DUE:20261126T090000Z\nRRULE:FREQ=DAILY\nSTATUS:IN-PROCESS\nPERCENT-COMPLETE:50\n"
+         "BEGIN:VALARM\nTRIGGER:-PT5M\nACKNOWLEDGED:20261126T085500Z\nEND:VALARM\n"
+         "BEGIN:VALARM\nRELATED-TO;RELTYPE=SNOOZE:1\nTRIGGER:-PT4M\nEND:VALARM\n"
+         "BEGIN:VALARM\nTRIGGER;VALUE=DATE-TIME:20261125T120000Z\nEND:VALARM",
+         "DUE:20261127T090000Z\nRRULE:FREQ=DAILY\nSTATUS:NEEDS-ACTION\n"
+         "BEGIN:VALARM\nTRIGGER:-PT5M\nEND:VALARM\n"
+         "BEGIN:VALARM\nTRIGGER;VALUE=DATE-TIME:20261126T120000Z\nEND:VALARM"},
+        {"an unknown zone", "DUE;TZID=Mars:20261126T090000\nRRULE:FREQ=DAILY",
+         "DUE;TZID=Mars:20261127T090000\nRRULE:FREQ=DAILY"},
+        {"due before the start", "DTSTART:20261126\nDUE:20261120\nRRULE:FREQ=DAILY",
+         "DTSTART:20261127\nDUE:20261121\nRRULE:FREQ=DAILY"},
+        {"no date to count from", "RRULE:FREQ=DAILY", "over"},
+        {"no rule", "DUE:20261126", "over"},
+    };
+    SetSystemTimeZone("Europe/Berlin");
+    for (const auto& row : rows) {
+        const std::string want = row.want == std::string("over") ? "over" : ToDo(row.want);
+        EXPECT_EQ(Moved(ToDo(row.lines)), want) << row.why;
+    }
+    SetSystemTimeZone("");
+}
+
+TEST(Recurrence, AnInstanceOfItsOwnIsPassedOverOrCopied) {
+    const std::string series = ToDo("DUE:20261126\nRRULE:FREQ=DAILY\nX-A:1");
+    const std::string done = ToDo("RECURRENCE-ID:20261127\nDUE:20261127\nSTATUS:COMPLETED");
+    const std::string own =
+        ToDo("RECURRENCE-ID:20261126\nSUMMARY:own\nBEGIN:VALARM\nTRIGGER:PT0S\nEND:VALARM");
+
+    const ToDoText text{{}, series + done + own};
+
+    EXPECT_EQ(MovedToNext(text)->text, ToDo("DUE:20261128\nRRULE:FREQ=DAILY\nX-A:1") + done + own);
+    EXPECT_EQ(CompletedCopy(text).text, "BEGIN:VTODO\nSUMMARY:own\nEND:VTODO\n");
+    EXPECT_EQ(CompletedCopy({{}, series}).text, "BEGIN:VTODO\nDUE:20261126\nX-A:1\nEND:VTODO\n");
+    EXPECT_EQ(OverridesOf(text).front().text, own);
+    EXPECT_EQ(NextDates(text, 2).size(), 2u);
+}
+
+TEST(Recurrence, NoRuleTakesLong) {
+    std::string hours = "0", minutes = "0";
+    for (int i = 1; i < 24; ++i) hours += fmt::format(",{}", i);
+    for (int i = 1; i < 60; ++i) minutes += fmt::format(",{}", i);
+    std::string daysLeftOut = "EXDATE:", utcLeftOut = "EXDATE:";
+    for (int i = 0; i < 10'000; ++i) {
+        const CivilTime day = CivilOfDays(DaysOfCivil(2026, 11, 26) + i % 4'000);
+        daysLeftOut += fmt::format("{:04}{:02}{:02},", day.year, day.month, day.day);
+        utcLeftOut += fmt::format("{:04}{:02}{:02}T080000Z,", day.year, day.month, day.day);
+    }
+    const std::string rules[] = {
+        "FREQ=YEARLY;BYMONTH=2;BYMONTHDAY=30",
+        "FREQ=HOURLY;BYMONTH=2;BYMONTHDAY=30",
+        "FREQ=SECONDLY;BYMONTH=2;BYMONTHDAY=30",
+        "FREQ=MINUTELY;INTERVAL=32767;BYHOUR=3;BYDAY=MO;BYMONTHDAY=-31",
+        "FREQ=MONTHLY;BYDAY=MO;BYSETPOS=7",
+        "FREQ=WEEKLY;BYDAY=MO;BYSETPOS=-366",
+        "FREQ=YEARLY;INTERVAL=32767",
+        "FREQ=DAILY;INTERVAL=0",
+        "FREQ=DAILY;INTERVAL=99999999999",
+        "FREQ=DAILY;BYHOUR=" + hours + ";BYMINUTE=" + minutes + ";BYSECOND=" + minutes +
+            ";BYSETPOS=-100000;BYMONTH=2;BYMONTHDAY=29",
+        "FREQ=YEARLY;BYDAY=MO,TU,WE,TH,FR,SA,SU;BYHOUR=" + hours + ";BYMINUTE=" + minutes +
+            ";BYSECOND=" + minutes,
+        "FREQ=YEARLY;BYWEEKNO=53;BYMONTH=6",
+        "RSCALE=CHINESE;FREQ=YEARLY;BYMONTH=5L;BYMONTHDAY=30",
+        "FREQ=DAILY\n" + daysLeftOut,
+        "FREQ=DAILY\n" + utcLeftOut,
+        "FREQ=DAILY;COUNT=1000000000000000000000",
+        "FREQ=WEEKLY;FREQ=;;=;BYDAY",
+    };
+    for (const std::string& rule : rules) {
+        const std::string text = ToDo("DTSTART;TZID=Europe/Berlin:20261126T090000\nRRULE:" + rule);
+        const auto start = std::chrono::steady_clock::now();
+
+        Moved(text);
+
+        const std::chrono::duration<double, std::milli> took =
+            std::chrono::steady_clock::now() - start;
+        EXPECT_LT(took.count(), 500) << rule.substr(0, 100);
+    }
+}
+
+}  // namespace
+}  // namespace orvo
