@@ -8,6 +8,8 @@
 #include <exchange/calendar/ToDoWriter.h>
 #include <exchange/lines/ExchangeError.h>
 #include <exchange/lines/LineEdits.h>
+#include <exchange/lines/Stamps.h>
+#include <platform/time/CTime.h>
 
 namespace orvo {
 namespace {
@@ -32,6 +34,18 @@ std::string InUtf8(const std::string& text, const std::string& charset) {
         break;
     }
     return edits.Text();
+}
+
+// What was edited here says when, so that nobody takes it for what it came as.
+ToDoText Stamped(const ToDoText& text) {
+    EntryReader reader(text.text);
+    Entry toDo;
+    if (!reader.Next(toDo)) return text;
+    LineEdits edits(toDo.lines, Dialect::Calendar20);
+    const std::int64_t now = CTime::GetCurrentMilliseconds();
+    SetStamp(edits, toDo.lines, "DTSTAMP", now);
+    SetStamp(edits, toDo.lines, "LAST-MODIFIED", now);
+    return {text.timeZones, edits.Text() + text.text.substr(toDo.source.size())};
 }
 
 bool IsSameDay(long left, long right) {
@@ -99,8 +113,9 @@ long ReadToDoText(const CToDoRecord& record, ToDoText& result) {
     return 0;
 }
 
-long WriteToDoText(CToDoRecord& record, const ToDoText& text) {
+long WriteToDoText(CToDoRecord& record, const ToDoText& edited) {
     CToDoTable& table = TableOf(record);
+    const ToDoText text = Stamped(edited);
     CToDoRecord fresh(table);
     long status = FillFresh(record, text, fresh);
     if (status != 0) return status;

@@ -21,10 +21,11 @@ struct ToDoText {
 // Returns:  here and below 0, or why not as a StoreStatus.
 long ReadToDoText(const CToDoRecord& record, ToDoText& result);
 
-// Makes a record, with its source, what the text says, in one change of the store where it is
-// stored; its category stays, and its due date where the text has that as a day.
+// Makes a record, with its source that then was modified now, what the text says, in one change of
+// the store where it is stored; its category stays, and its due date where the text has that as a
+// day.
 // Fails:    with Refused where the text isn't a whole to-do.
-long WriteToDoText(CToDoRecord& record, const ToDoText& text);
+long WriteToDoText(CToDoRecord& record, const ToDoText& edited);
 
 // Reads and writes a record in one transaction, as the store has it then; it stays as it is where
 // `edit` returns false.

@@ -6,6 +6,7 @@
 
 #include <fmt/format.h>
 
+#include <contracts/RecordStore.h>
 #include <platform/io/FileSizeLimit.h>
 #include <support/ChildProcess.h>
 
