@@ -31,6 +31,8 @@ void AddTodoOptions(CLI::App& command, TodoOptions& options) {
     command.add_flag("--due-only", options.dueOnly,
                      "Only what is due today or earlier, or has no date");
     command.add_flag("--hide-completed", options.hideCompleted, "Leave completed to-dos out");
+    command.add_flag("--hide-unstarted", options.hideUnstarted,
+                     "Leave to-dos out that haven't begun");
     command.add_flag("--hide-private", options.hidePrivate, "Leave private to-dos out");
     command.add_option("--category", options.category, "Only the to-dos of this category");
 }
@@ -43,6 +45,7 @@ TodoView::TodoView(Store& store, const TodoOptions& options) : ViewHost(store) {
     const COrvoDesktopOptions& user = m_frame.Options();
     m_list.ShowDueItemsOnly(options.dueOnly || user.GetTodoShowDueItemsOnly());
     m_list.HideCompletedItems(options.hideCompleted || !user.GetTodoShowCompleted());
+    m_list.HideUnstartedItems(options.hideUnstarted);
     m_list.SetMarkCompletionDate(user.GetTodoMarkCompletionDate());
     const Disclosure disclosure =
         Narrowed(store.Guard().Disclosed(), options.hidePrivate, options.maskPrivate);

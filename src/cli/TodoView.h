@@ -17,6 +17,7 @@ struct TodoOptions {
     std::string sort = "priority-due";
     std::string category;
     bool dueOnly = false;
+    bool hideUnstarted = false;
     bool hideCompleted = false;
     bool hidePrivate = false;
     bool maskPrivate = false;

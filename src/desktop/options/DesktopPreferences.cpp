@@ -19,6 +19,7 @@ constexpr const char* kSoundKey = "ReminderSound";
 constexpr const char* kFolderKey = "LastFolder";
 constexpr const char* kBirthdayKey = "BirthdayDays";
 constexpr const char* kMapKey = "MapAddress";
+constexpr const char* kUnstartedKey = "HideUnstarted";
 constexpr const char* kColoursKey = "Colours";
 // In the order of `Colours`, as --colours names them.
 constexpr std::array<const char*, 3> kColourNames{"desktop", "light", "dark"};
@@ -73,6 +74,14 @@ std::string LastFolder() {
 
 bool SetLastFolder(const std::string& folder) {
     return SetSettingText(kSection, kFolderKey, folder);
+}
+
+bool HidesUnstarted() {
+    return SettingText(kSection, kUnstartedKey) == "1";
+}
+
+bool SetHidesUnstarted(bool hides) {
+    return SetSettingText(kSection, kUnstartedKey, hides ? "1" : "");
 }
 
 Colours PreferredColours() {

@@ -31,6 +31,10 @@ bool SetMapAddress(const std::string& address);
 std::string LastFolder();
 bool SetLastFolder(const std::string& folder);
 
+// Whether the list leaves to-dos out that haven't begun.
+bool HidesUnstarted();
+bool SetHidesUnstarted(bool hides);
+
 // Where the window's colours come from; "Desktop" before the user has chosen.
 enum class Colours { Desktop, Light, Dark };
 Colours PreferredColours();

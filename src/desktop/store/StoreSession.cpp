@@ -166,10 +166,12 @@ void StoreSession::NoteDamage(const std::string& damage) {
 // The record of that id isn't as it was; without one, all of them.
 void StoreSession::Forget(TableKind kind, std::optional<std::int64_t> id) {
     id ? FindTexts(kind).Forget(*id) : FindTexts(kind).Clear();
-    if (kind != TableKind::Address) return;
-    id ? m_groups.Forget(*id) : m_groups.Clear();
-    id ? m_days.Forget(*id) : m_days.Clear();
-    if (m_addressListener) m_addressListener(id);
+    if (kind == TableKind::Address) {
+        id ? m_groups.Forget(*id) : m_groups.Clear();
+        id ? m_days.Forget(*id) : m_days.Clear();
+    }
+    const RowListener& listener = m_rowListeners[static_cast<std::size_t>(kind)];
+    if (listener) listener(id);
 }
 
 ForeignRows StoreSession::TakeForeignChanges() {

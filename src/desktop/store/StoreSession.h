@@ -69,9 +69,11 @@ public:
     // ended early.
     void SetFailureListener(const std::function<void(const std::string&)>& listener);
 
-    // Called after an address may have become another, or with no id all of them.
-    using AddressListener = std::function<void(std::optional<std::int64_t> id)>;
-    void SetAddressListener(AddressListener listener) { m_addressListener = std::move(listener); }
+    // Called after a row may have become another, or with no id all of the table.
+    using RowListener = std::function<void(std::optional<std::int64_t> id)>;
+    void SetRowListener(TableKind kind, RowListener listener) {
+        m_rowListeners[static_cast<std::size_t>(kind)] = std::move(listener);
+    }
 
     // The texts by which records are found, as far as they were asked for since they changed.
     FindIndex& FindTexts(TableKind kind) { return m_findTexts[static_cast<std::size_t>(kind)]; }
@@ -115,7 +117,7 @@ private:
     std::array<FindIndex, 2> m_findTexts;
     GroupIndex m_groups;
     DayIndex m_days;
-    AddressListener m_addressListener;
+    std::array<RowListener, 2> m_rowListeners;  // by their TableKind
     std::vector<std::string> m_damage;
 };
 

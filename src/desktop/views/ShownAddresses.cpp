@@ -49,7 +49,8 @@ bool ShownAddresses::Create(CWnd& parent, CLookupEdit& box, CCategoryCombo& cate
     if (m_list.ReadHeaderColumnInfo(kListSection, 0) == 0) m_list.ShowDefaultHeading();
     m_list.SetRowPictures(&m_faces);
     m_cards.SetCardPictures(&m_faces);
-    m_session.SetAddressListener([this](std::optional<std::int64_t> id) { m_faces.Forget(id); });
+    m_session.SetRowListener(TableKind::Address,
+                             [this](std::optional<std::int64_t> id) { m_faces.Forget(id); });
     m_list.DV_SetEdit(&box);
     m_cards.DV_SetEdit(&box);
     m_list.ShowWindow(0);

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QTimer>
 #include <memory>
+#include <vector>
 
 #include <desktop/views/HeadingSpread.h>
 #include <desktop/views/ShownRows.h>
@@ -18,7 +20,9 @@ inline CToDoRecord* ToDoOf(DWORD data) {
 
 class ShownToDos : public ShownRows {
 public:
-    using ShownRows::ShownRows;
+    ShownToDos(StoreSession& session, const COrvoDesktopOptions& options,
+               std::function<void()> changed);
+    ~ShownToDos() override { m_session.SetRowListener(TableKind::ToDo, nullptr); }
 
     // Makes the window of the list inside of the parent; the combo outlives it.
     // Returns:  false where that can't be done.
@@ -47,6 +51,7 @@ public:
     int RowCount() override { return m_list->GetItemCount(); }
     int SelectedCount() override { return m_list->GetSelectedCount(); }
     int HiddenCount() override;
+    void TakeChanges(const std::vector<std::int64_t>& ids) override;
     CToDoRecord* RecordOf(DWORD data) const override { return ToDoOf(data); }
 
 protected:
@@ -69,9 +74,17 @@ protected:
     void Lose(const CBaseRecord& record) override { m_list->ForgetMenuOf(&record); }
 
 private:
+    void NoteOwnChange(std::int64_t id);
+    void TakeOwnChanges();
+    void WaitForStart();
+
     eSortOrder m_order = eSortByPriorityDueDate;
     std::unique_ptr<CTodoListbox> m_list;  // it asks for the options as soon as it is there
     std::optional<HeadingSpread> m_spread;
+    // A change in the window can have changed or added other to-dos than the one it was made in.
+    std::vector<std::int64_t> m_ownChanges;
+    QTimer m_ownChangeTimer;
+    QTimer m_startTimer;  // until the next to-do begins
 };
 
 }  // namespace orvo::desktop

@@ -6,6 +6,7 @@
 
 #include <desktop/commands/PrintCommands.h>
 #include <desktop/help/HelpMenu.h>
+#include <desktop/options/DesktopPreferences.h>
 #include <desktop/plugins/PluginMenu.h>
 #include <desktop/texts/Texts.h>
 #include <desktop/window/MainMenus.h>
@@ -170,6 +171,13 @@ void MainMenus::MakeToDoMenu() {
             &COrvoDesktopOptions::SetTodoShowCompleted);
     AddFlag(toDos, Untranslated("Only what is d&ue"), &COrvoDesktopOptions::GetTodoShowDueItemsOnly,
             &COrvoDesktopOptions::SetTodoShowDueItemsOnly);
+    QAction* unstarted = toDos.addAction(Text("&Hide what hasn't begun"));
+    unstarted->setCheckable(true);
+    unstarted->setChecked(HidesUnstarted());
+    QObject::connect(unstarted, &QAction::triggered, unstarted, [this](bool hides) {
+        SetHidesUnstarted(hides);
+        m_context.Refresh();
+    });
     AddFlag(toDos, Untranslated("&Record the day of completion"),
             &COrvoDesktopOptions::GetTodoMarkCompletionDate,
             &COrvoDesktopOptions::SetTodoMarkCompletionDate);

@@ -5,6 +5,7 @@
 #include <contracts/Dates.h>
 #include <contracts/DayPicker.h>
 #include <contracts/IntlTime.h>
+#include <contracts/RecordStore.h>
 #include <orvoshare/todo/TodoDates.h>
 
 namespace orvo {
@@ -61,6 +62,13 @@ int IsDueYesterdayOrEarlier(long date) {
     // Not by the last second of the day before: where the calendar leaves that day out, it would
     // fall into today.
     return date < StartOfToday().GetTime();
+}
+
+bool IsUnstarted(const CToDoRecord& record) {
+    long start = kMaxDate;
+    record.GetStartDate(start);
+    return start != kMaxDate && record.IsCompleted() == 0 &&
+           start > CTime::GetCurrentTime().GetTime();
 }
 
 void DateText(long date, CString& text, int withYear) {

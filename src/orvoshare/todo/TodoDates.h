@@ -17,6 +17,11 @@ ORVO_API int IsDueToday(long date);
 // which day that is, also where a clock change makes a day shorter or longer.
 ORVO_API int IsDueYesterdayOrEarlier(long date);
 
+class CToDoRecord;
+
+// True for a to-do that isn't completed and whose start lies in the future.
+ORVO_API bool IsUnstarted(const CToDoRecord& record);
+
 // The date as text by the user's locale, without its year where `withYear` is 0; empty for no date.
 ORVO_API void DateText(long date, CString& text, int withYear);
 

@@ -10,6 +10,7 @@
 #include <orvoshare/text/CategoryText.h>
 #include <orvoshare/todo/TodoDates.h>
 #include <orvoshare/todo/TodoListbox.h>
+#include <platform/text/SystemText.h>
 #include <platform/time/TickCount.h>
 
 namespace orvo {
@@ -23,6 +24,15 @@ constexpr std::uint32_t kStrokeTicks = 10;  // a pause is longer than this
 constexpr int kTitleBytes = 80;  // of the description
 constexpr unsigned kPriorityString = 9124;
 constexpr unsigned kDueString = 9133;
+
+constexpr unsigned kPartsDoneString = 9192;
+constexpr unsigned kPartOfString = 9193;
+
+CString NumberText(int number) {
+    CString text;
+    text.Format("%d", number);
+    return text;
+}
 
 CString Description(const CToDoRecord& record) {
     CString text;
@@ -76,10 +86,41 @@ void CTodoListbox::DrawColumn(CDC* dc, int nColumn, DWORD dwItemData, CRect& rcC
     draw(dc, cell.text, &rcCell, ColourOf(cell, isSelected), 0, nTextFlags);
 }
 
+// A to-do that hasn't begun is as pale as a placeholder.
 bool CTodoListbox::IsPlaceholder(int nColumn, DWORD dwItemData) {
     const auto* record = reinterpret_cast<const CToDoRecord*>(dwItemData);
-    return record && m_pTable && SubItemFromIndex(nColumn) == TodoColumn::Category &&
-           IsUncategorized(*m_pTable, *record);
+    if (!record || !m_pTable) return false;
+    return IsUnstarted(*record) || (SubItemFromIndex(nColumn) == TodoColumn::Category &&
+                                    IsUncategorized(*m_pTable, *record));
+}
+
+// How many of its parts are done, or else whose part it is.
+CString CTodoListbox::PartsRemark(const CToDoRecord& record) {
+    RowIdentity identity;
+    if (!m_parts || m_parts->IsEmpty() || record.GetIdentity(identity) != 0) return {};
+    CString remark;
+    const PartCount count = m_parts->CountOf(identity.uid);
+    if (count.all > 0) {
+        remark = OrvoShareText(kPartsDoneString);
+        remark.Replace("%1", NumberText(count.done));
+        remark.Replace("%2", NumberText(count.all));
+        return remark;
+    }
+    const std::int64_t parent = m_parts->ParentOf(record.GetId());
+    CToDoRecord whole(*m_pTable);
+    if (parent == 0 || m_pTable->Find(parent, whole) != 0 || whole.IsPrivate() != 0) return {};
+    remark = OrvoShareText(kPartOfString);
+    remark.Replace("%1", Description(whole).SpanExcluding("\r\n"));
+    return remark;
+}
+
+// What stands behind the description: that it repeats, and its parts.
+CString CTodoListbox::Remark(const CToDoRecord& record) {
+    CString remark;
+    if (record.IsRepeating()) remark += SystemText("  \xE2\x86\xBB");  // U+21BB
+    const CString parts = PartsRemark(record);
+    if (!parts.IsEmpty()) remark += "  (" + parts + ")";
+    return remark;
 }
 
 TodoCell CTodoListbox::GetCell(CToDoRecord* record, int nId, bool isSelected) {
@@ -87,7 +128,7 @@ TodoCell CTodoListbox::GetCell(CToDoRecord* record, int nId, bool isSelected) {
     if (!record) return cell;
     switch (nId) {
         case TodoColumn::Description:
-            cell.text = Description(*record);
+            cell.text = Description(*record) + Remark(*record);
             break;
         case TodoColumn::Priority: {
             int priority = 0;

@@ -3,6 +3,7 @@
 #include <memory>
 #include <vector>
 
+#include <orvoshare/todo/TodoDates.h>
 #include <orvoshare/todo/TodoListbox.h>
 
 namespace orvo {
@@ -24,18 +25,29 @@ bool IsOfCategory(const CToDoRecord& record, int index) {
 void CTodoListbox::AddAllItemData(CToDoTable* table) {
     m_pTable = table;
     if (table == nullptr) return;
+    m_parts.emplace(*table);
+    m_nextStart = kMaxDate;
     CToDoIterator iterator(*table);
     int row = GetItemCount();
     auto record = std::make_unique<CToDoRecord>(*table, 1);
     long found = iterator.FindFirst(*record, 1);
     for (; found == 0 || iterator.IsAtDamage(); found = iterator.FindNext(*record, 1)) {
         const bool isWhole = found == 0;
+        if (isWhole) NoteChange(*record);
         if (!isWhole || PassThruFilter(record.get()) == 0) continue;
         InsertRecord(row, record.release(), 0);
         ++row;
         record = std::make_unique<CToDoRecord>(*table, 1);
     }
     Resort();
+}
+
+void CTodoListbox::NoteChange(const CToDoRecord& record) {
+    if (!m_parts) return;
+    m_parts->Note(record.GetId(), record.ParentUid(), record.IsCompleted() != 0);
+    long start = kMaxDate;
+    record.GetStartDate(start);
+    if (start < m_nextStart && IsUnstarted(record)) m_nextStart = start;
 }
 
 void CTodoListbox::AddByCategory(CToDoIterator& iterator, CToDoTable& table) {

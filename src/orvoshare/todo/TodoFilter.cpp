@@ -14,8 +14,9 @@ int CTodoListbox::PassThruFilter(CToDoRecord* record) {
     const bool isOfCategory = m_nCategoryShown == kAllCategories || m_nCategoryShown == category;
     const bool isHidden = (m_bHideCompleted != 0 && record->IsCompleted() != 0) ||
                           (m_bHidePrivate != 0 && record->IsPrivate() != 0);
+    const bool isUnstarted = m_bHideUnstarted != 0 && IsUnstarted(*record);
     const bool isTooEarly = m_bShowDueOnly != 0 && due != kMaxDate && IsDueTodayOrEarlier(due) == 0;
-    return isOfCategory && !isHidden && !isTooEarly && record->IsArchived() == 0;
+    return isOfCategory && !isHidden && !isUnstarted && !isTooEarly && record->IsArchived() == 0;
 }
 
 int CTodoListbox::IsDueTodayOrEarlier(long date) {

@@ -3,11 +3,14 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <utility>
 
+#include <contracts/Dates.h>
 #include <contracts/ListWidget.h>
 #include <contracts/RecordStore.h>
 #include <orvoshare/text/RecordIndex.h>
+#include <orvoshare/todo/TodoParts.h>
 #include <platform/Export.h>
 #include <platform/window/base/Cursor.h>
 
@@ -82,6 +85,9 @@ public:
     int IsHidingCompletedItems() const { return m_bHideCompleted; }
     void HidePrivateItems(int on) { m_bHidePrivate = on; }
     int IsHidingPrivateItems() const { return m_bHidePrivate; }
+    // To-dos whose start lies in the future are greyed, or left out.
+    void HideUnstartedItems(int on) { m_bHideUnstarted = on; }
+    int IsHidingUnstartedItems() const { return m_bHideUnstarted; }
     void SetCategoryShown(int category) { m_nCategoryShown = category; }
     int GetCategoryShown() const { return m_nCategoryShown; }
     void SetMarkCompletionDate(int on) { m_bMarkCompletionDate = on; }
@@ -97,6 +103,9 @@ public:
     // archived, else 0. A record without a date counts as due.
     int PassThruFilter(CToDoRecord* record);
     int IsDueTodayOrEarlier(long date);
+    // The next moment at which a to-do of the table begins, as of the last filling and of what was
+    // noted since; kMaxDate for none. Then its row looks different.
+    long NextStart() const { return m_nextStart; }
     int IsRecordPrivate(DWORD data) override;
     int IsPrivateRecordSelected();
 
@@ -131,6 +140,11 @@ public:
     // Returns:  the row; -1 for null or on failure.
     // Owner:    the view, from the call on, also where the row couldn't be added.
     int InsertRecord(int row, CToDoRecord* record, int sorted);
+
+    // Which of the table's to-dos are parts of which, as of the last filling. Who learns of other
+    // changes notes them with NoteChange, and of a record that is deleted or gone with Forget.
+    TodoParts* Parts() { return m_parts ? &*m_parts : nullptr; }
+    void NoteChange(const CToDoRecord& record);
 
     // The records of the rows. Who exchanges rows past the view does it here, too.
     RecordIndex& Records() { return m_records; }
@@ -185,6 +199,8 @@ protected:
 private:
     std::optional<bool> IsChecked(int row, int column) override;
     bool IsOverdue(int row, int column) override;
+    CString Remark(const CToDoRecord& record);
+    CString PartsRemark(const CToDoRecord& record);
     CToDoRecord* RecordAt(int row) const;
     void RemoveRow(int row);  // and frees its record
     int RemoveFiltered(int row);
@@ -200,6 +216,7 @@ private:
     int m_bShowDueOnly = 0;
     int m_bHideCompleted = 0;
     int m_bHidePrivate = 0;
+    int m_bHideUnstarted = 0;
     int m_bMarkCompletionDate = 0;
     int m_nCategoryShown = kAllCategories;
     eSortOrder m_eSortOrder = eSortByPriorityDueDate;
@@ -213,6 +230,8 @@ private:
     HCURSOR m_hHandCursor = nullptr;
     CToDoTable* m_pTable = nullptr;
     RecordIndex m_records;
+    std::optional<TodoParts> m_parts;  // of the table
+    long m_nextStart = kMaxDate;
     CCategoryCombo* m_pCategoryCombo = nullptr;
     const CToDoRecord* m_pMenuRecord = nullptr;  // that is asked about; null once it may be freed
     std::function<bool(const CToDoRecord&)> m_mayComplete;
