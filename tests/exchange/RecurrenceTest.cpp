@@ -1,6 +1,8 @@
 // Series of to-dos move to their next dates.
 // SPDX-License-Identifier: MIT
 #include <chrono>
+#include <fstream>
+#include <sstream>
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
@@ -83,6 +85,44 @@ TEST(Recurrence, AnInstanceOfItsOwnIsPassedOverOrCopied) {
     EXPECT_EQ(CompletedCopy({{}, series}).text, "BEGIN:VTODO\nDUE:20261126\nX-A:1\nEND:VTODO\n");
     EXPECT_EQ(OverridesOf(text).front().text, own);
     EXPECT_EQ(NextDates(text, 2).size(), 2u);
+}
+
+std::vector<std::string> Split(const std::string& text, char divider) {
+    std::vector<std::string> parts;
+    std::istringstream stream(text);
+    for (std::string part; std::getline(stream, part, divider);) parts.push_back(part);
+    return parts;
+}
+
+// dates.txt is made by the script beside it.
+TEST(Recurrence, TheDatesAreThoseOfAnotherProgram) {
+    std::ifstream file(ORVO_RECURRENCE "/dates.txt");
+    std::size_t lines = 0;
+    for (std::string line; std::getline(file, line); ++lines) {
+        std::vector<std::string> row = Split(line, '\t');
+        row.resize(6);
+        const std::string& parameters = row[0];
+        ToDoText text{{}, "BEGIN:VTODO\nDTSTART" + parameters + ":" + row[1] + "\n"};
+        text.text += "RRULE:" + row[2] + "\n";
+        if (!row[3].empty()) text.text += "EXDATE" + parameters + ":" + row[3] + "\n";
+        text.text += "END:VTODO\n";
+        const std::vector<std::string> dates = Split(row[4], ',');
+
+        std::string moments;
+        for (const CalendarDate& date : NextDates(text, dates.size())) {
+            moments += fmt::format("{}{}", moments.empty() ? "" : ",", date.moment);
+        }
+        if (!row[5].empty()) EXPECT_EQ(moments, row[5]) << line;
+        for (const std::string& date : dates) {
+            const std::optional<ToDoText> moved = MovedToNext(text);
+            ASSERT_TRUE(moved) << line;
+            text = *moved;
+            EXPECT_EQ(Split(text.text, '\n')[1], "DTSTART" + parameters + ":" + date) << line;
+        }
+        const bool isOver = dates.size() < 4;
+        if (isOver) EXPECT_FALSE(MovedToNext(text)) << line;
+    }
+    EXPECT_EQ(lines, 400u);
 }
 
 TEST(Recurrence, NoRuleTakesLong) {

@@ -1,7 +1,7 @@
-// The dates of one recurrence rule. libical reads the rule and walks over those that repeat within
-// a day. Over days it would search on to the year 2582 for a date that never comes, seconds long,
-// and it passes over BYSETPOS in weeks and days; so days are looked at here, each once.
-// SPDX-License-Identifier: MIT
+// The dates of one recurrence rule. libical reads the rule, but doesn't walk over its dates: for
+// one that never comes it would search on to the year 2582, seconds long, it passes over BYSETPOS
+// in weeks and days, and comes to a stop at hours that are listed. So each day is looked at here,
+// once. SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <string>
 #include <vector>
@@ -15,11 +15,10 @@
 namespace orvo {
 namespace {
 
-// Days that are looked at for one date, which are those of 40 years, and for all of them.
-constexpr int kDaysForOne = 15'000;
-constexpr int kDaysForAll = 400'000;
-// The longest walk of libical: each step takes microseconds.
-constexpr int kClockSteps = 10'000;
+// Days, or hours, minutes or seconds, that are looked at for one date, which are the days of 40
+// years, and for all of them.
+constexpr int kStepsForOne = 15'000;
+constexpr int kStepsForAll = 400'000;
 constexpr std::size_t kLongestRule = 4096;
 constexpr int kLastYear = 9999;
 
@@ -30,6 +29,11 @@ std::vector<int> ListOf(const short (&values)[kSize]) {
 
 bool Has(const std::vector<int>& list, int value) {
     return std::find(list.begin(), list.end(), value) != list.end();
+}
+
+// True where nothing is listed, or the value is.
+bool IsListed(const std::vector<int>& list, std::int64_t value) {
+    return list.empty() || Has(list, static_cast<int>(value));
 }
 
 // True where the list has the place, counted from 1, or from -1 backwards.
@@ -143,51 +147,65 @@ std::string_view RulePart(std::string_view rule, std::string_view name) {
     return {};
 }
 
+// Walks over periods, each as long as the unit of the rule.
 class RuleDates::Walk {
 public:
-    virtual ~Walk() = default;
-    virtual std::optional<WallSeconds> Next() = 0;
-};
-
-// Walks over periods of days, weeks, months or years.
-class RuleDates::DayWalk : public Walk {
-public:
-    DayWalk(const icalrecurrencetype& rule, const WallTime& start)
+    Walk(const icalrecurrencetype& rule, const WallTime& start)
         : m_rule(rule),
           m_start(start.seconds),
+          m_unit(UnitOf(rule.freq)),
+          m_now(m_unit == 0 ? 0 : m_start - (m_start % m_unit + m_unit) % m_unit),
           m_filter(rule, DayOf(start.seconds)),
           m_places(ListOf(rule.by_set_pos)),
-          m_period(FirstPeriod()) {
+          m_days(FirstDays()),
+          m_day(DayAt(DayOf(m_start))),
+          m_takesDay(m_filter.Takes(m_day)) {
         const std::int64_t rest = m_start - DayOf(m_start) * kSecondsOfDay;
         const bool isDay = start.form == WallTime::Form::Day;
-        const auto timesOf = [&](std::vector<int> list, std::int64_t own) {
-            if (isDay || list.empty()) return std::vector<int>{static_cast<int>(own)};
+        // What isn't listed is as in the start, unless the rule walks over it.
+        const auto timesOf = [&](std::vector<int> list, std::int64_t own, std::int64_t size) {
+            const bool isWalked = m_unit != 0 && m_unit <= size;
+            if (isDay || (list.empty() && !isWalked)) list.assign(1, static_cast<int>(own));
             std::sort(list.begin(), list.end());
             return list;
         };
-        m_hours = timesOf(ListOf(rule.by_hour), rest / 3600);
-        m_minutes = timesOf(ListOf(rule.by_minute), rest / 60 % 60);
-        m_seconds = timesOf(ListOf(rule.by_second), rest % 60);
+        m_hours = timesOf(ListOf(rule.by_hour), rest / 3600, 3600);
+        m_minutes = timesOf(ListOf(rule.by_minute), rest / 60 % 60, 60);
+        m_seconds = timesOf(ListOf(rule.by_second), rest % 60, 1);
     }
 
-    std::optional<WallSeconds> Next() override {
-        int looked = 0;
+    std::optional<WallSeconds> Next() {
+        int steps = 0;
         while (m_next == m_dates.size()) {
-            if (looked > kDaysForOne || m_looked > kDaysForAll || m_isOver) return std::nullopt;
-            const int before = m_looked;
+            if (steps > kStepsForOne || m_steps > kStepsForAll) return std::nullopt;
+            const int before = m_steps;
             TakePeriod();
-            looked += m_looked - before;
+            steps += m_steps - before;
         }
         return m_dates[m_next++];
     }
 
 private:
-    struct Period {
+    struct Days {
         std::int64_t first;
         std::int64_t end;
     };
 
-    Period FirstPeriod() const {
+    // In seconds; 0 where it is a day or longer.
+    static std::int64_t UnitOf(icalrecurrencetype_frequency frequency) {
+        switch (frequency) {
+            case ICAL_HOURLY_RECURRENCE:
+                return 3600;
+            case ICAL_MINUTELY_RECURRENCE:
+                return 60;
+            case ICAL_SECONDLY_RECURRENCE:
+                return 1;
+            default:
+                return 0;
+        }
+    }
+
+    Days FirstDays() const {
         const std::int64_t day = DayOf(m_start);
         const CivilTime civil = CivilOfDays(day);
         switch (m_rule.freq) {
@@ -196,47 +214,57 @@ private:
                 return {first, first + 7};
             }
             case ICAL_MONTHLY_RECURRENCE:
-                return {DaysOfCivil(civil.year, civil.month, 1),
-                        DaysOfCivil(civil.year, civil.month + 1, 1)};
+                return Months(civil.year, civil.month, 1);
             case ICAL_YEARLY_RECURRENCE:
-                return {DaysOfCivil(civil.year, 1, 1), DaysOfCivil(civil.year + 1, 1, 1)};
+                return Months(civil.year, 1, 12);
             default:
                 return {day, day + 1};
         }
     }
 
-    Period PeriodAfter(const Period& period) const {
+    Days NextDays() const {
         const int interval = m_rule.interval;
-        const CivilTime civil = CivilOfDays(period.first);
+        const CivilTime civil = CivilOfDays(m_days.first);
         switch (m_rule.freq) {
             case ICAL_WEEKLY_RECURRENCE:
-                return {period.first + 7 * interval, period.end + 7 * interval};
+                return {m_days.first + 7 * interval, m_days.end + 7 * interval};
             case ICAL_MONTHLY_RECURRENCE:
-                return {DaysOfCivil(civil.year, civil.month + interval, 1),
-                        DaysOfCivil(civil.year, civil.month + interval + 1, 1)};
+                return Months(civil.year, civil.month + interval, 1);
             case ICAL_YEARLY_RECURRENCE:
-                return {DaysOfCivil(civil.year + interval, 1, 1),
-                        DaysOfCivil(civil.year + interval + 1, 1, 1)};
+                return Months(civil.year + interval, 1, 12);
             default:
-                return {period.first + interval, period.end + interval};
+                return {m_days.first + interval, m_days.end + interval};
         }
+    }
+
+    static Days Months(int year, int month, int count) {
+        return {DaysOfCivil(year, month, 1), DaysOfCivil(year, month + count, 1)};
     }
 
     void TakePeriod() {
         std::vector<WallSeconds> dates;
-        for (std::int64_t number = m_period.first; number < m_period.end; ++number) {
-            ++m_looked;
-            if (m_filter.Takes(DayAt(number))) AppendTimes(number, dates);
+        if (m_unit == 0) {
+            TakeDays(dates);
+        } else {
+            TakeTime(dates);
         }
+        const auto size = static_cast<int>(dates.size());
         m_dates.clear();
         m_next = 0;
-        for (std::size_t i = 0; i < dates.size(); ++i) {
-            const bool isTaken = m_places.empty() || HasPlace(m_places, static_cast<int>(i) + 1,
-                                                              static_cast<int>(dates.size()));
-            if (isTaken && dates[i] >= m_start) m_dates.push_back(dates[i]);
+        for (int i = 0; i < size; ++i) {
+            const WallSeconds date = dates[static_cast<std::size_t>(i)];
+            const bool isTaken = m_places.empty() || HasPlace(m_places, i + 1, size);
+            if (isTaken && date >= m_start) m_dates.push_back(date);
         }
-        m_period = PeriodAfter(m_period);
-        m_isOver = CivilOfDays(m_period.first).year > kLastYear;
+    }
+
+    void TakeDays(std::vector<WallSeconds>& dates) {
+        for (std::int64_t number = m_days.first; number < m_days.end; ++number) {
+            ++m_steps;
+            if (m_filter.Takes(DayAt(number))) AppendTimes(number, dates);
+        }
+        m_days = NextDays();
+        if (CivilOfDays(m_days.first).year > kLastYear) m_steps = kStepsForAll + 1;
     }
 
     void AppendTimes(std::int64_t day, std::vector<WallSeconds>& dates) {
@@ -244,7 +272,7 @@ private:
         constexpr std::size_t kMost = 100'000;
         for (const int hour : m_hours) {
             for (const int minute : m_minutes) {
-                if (dates.size() > kMost) m_looked = kDaysForAll + 1;
+                if (dates.size() > kMost) m_steps = kStepsForAll + 1;
                 if (dates.size() > kMost) return;
                 for (const int second : m_seconds) {
                     dates.push_back(day * kSecondsOfDay + hour * 3600 + minute * 60 + second);
@@ -253,48 +281,47 @@ private:
         }
     }
 
+    void TakeTime(std::vector<WallSeconds>& dates) {
+        ++m_steps;
+        const std::int64_t day = DayOf(m_now);
+        if (day != m_day.number) {
+            m_day = DayAt(day);
+            m_takesDay = m_filter.Takes(m_day);
+        }
+        const std::int64_t rest = m_now - day * kSecondsOfDay;
+        const bool takesHour = IsListed(m_hours, rest / 3600);
+        if (m_takesDay && takesHour) AppendWithin(rest, dates);
+        const std::int64_t end = !m_takesDay  ? (day + 1) * kSecondsOfDay
+                                 : !takesHour ? (DayOf(m_now) * 24 + rest / 3600 + 1) * 3600
+                                              : m_now;
+        const std::int64_t step = m_unit * m_rule.interval;
+        m_now += std::max<std::int64_t>((end - m_now + step - 1) / step, 1) * step;
+    }
+
+    void AppendWithin(std::int64_t rest, std::vector<WallSeconds>& dates) const {
+        if (m_unit <= 60 && !IsListed(m_minutes, rest / 60 % 60)) return;
+        if (m_unit == 1 && IsListed(m_seconds, rest % 60)) dates.push_back(m_now);
+        if (m_unit == 1) return;
+        for (const int minute : m_unit == 60 ? std::vector<int>{0} : m_minutes) {
+            for (const int second : m_seconds) dates.push_back(m_now + minute * 60 + second);
+        }
+    }
+
     icalrecurrencetype m_rule;
     WallSeconds m_start;
+    std::int64_t m_unit;
+    WallSeconds m_now;  // where the walk is, where it goes by hours, minutes or seconds
     DayFilter m_filter;
     std::vector<int> m_places;
     std::vector<int> m_hours;
     std::vector<int> m_minutes;
     std::vector<int> m_seconds;
-    Period m_period;
-    std::vector<WallSeconds> m_dates;
+    Days m_days;  // where it is else
+    Day m_day;
+    bool m_takesDay;
+    std::vector<WallSeconds> m_dates;  // of the period
     std::size_t m_next = 0;
-    int m_looked = 0;
-    bool m_isOver = false;
-};
-
-// Walks over hours, minutes or seconds.
-class RuleDates::ClockWalk : public Walk {
-public:
-    ClockWalk(icalrecurrencetype rule, const WallTime& start) {
-        const std::int64_t unit = rule.freq == ICAL_HOURLY_RECURRENCE     ? 3600
-                                  : rule.freq == ICAL_MINUTELY_RECURRENCE ? 60
-                                                                          : 1;
-        rule.until = Time(start.seconds + unit * rule.interval * kClockSteps);
-        m_iterator.reset(icalrecur_iterator_new(rule, Time(start.seconds)));
-    }
-
-    std::optional<WallSeconds> Next() override {
-        if (!m_iterator) return std::nullopt;
-        const icaltimetype time = icalrecur_iterator_next(m_iterator.get());
-        if (icaltime_is_null_time(time)) return std::nullopt;
-        return icaltime_as_timet(time);
-    }
-
-private:
-    struct Free {
-        void operator()(icalrecur_iterator* iterator) const { icalrecur_iterator_free(iterator); }
-    };
-
-    static icaltimetype Time(WallSeconds seconds) {
-        return icaltime_from_timet_with_zone(seconds, 0, nullptr);
-    }
-
-    std::unique_ptr<icalrecur_iterator, Free> m_iterator;
+    int m_steps = 0;
 };
 
 RuleDates::RuleDates(std::string_view rule, const WallTime& start) {
@@ -306,11 +333,8 @@ RuleDates::RuleDates(std::string_view rule, const WallTime& start) {
     read.count = 0;
     read.until = icaltime_null_time();
     if (read.freq == ICAL_NO_RECURRENCE || read.interval <= 0) return;
-    if (read.freq >= ICAL_DAILY_RECURRENCE) {
-        m_walk = std::make_unique<DayWalk>(read, start);
-    } else if (start.form != WallTime::Form::Day && ListOf(read.by_set_pos).empty()) {
-        m_walk = std::make_unique<ClockWalk>(read, start);
-    }
+    if (read.freq < ICAL_DAILY_RECURRENCE && start.form == WallTime::Form::Day) return;
+    m_walk = std::make_unique<Walk>(read, start);
 }
 
 RuleDates::~RuleDates() = default;

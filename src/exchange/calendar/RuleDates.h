@@ -30,8 +30,6 @@ public:
 
 private:
     class Walk;
-    class DayWalk;
-    class ClockWalk;
     std::unique_ptr<Walk> m_walk;
 };
 
