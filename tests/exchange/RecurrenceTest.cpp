@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
+#include <exchange/calendar/OldRule.h>
 #include <exchange/calendar/Recurrence.h>
 #include <platform/time/TimeZone.h>
 
@@ -123,6 +124,30 @@ TEST(Recurrence, TheDatesAreThoseOfAnotherProgram) {
         if (isOver) EXPECT_FALSE(MovedToNext(text)) << line;
     }
     EXPECT_EQ(lines, 400u);
+}
+
+TEST(Recurrence, RulesOfVCalendarAreReadAndWritten) {
+    struct {
+        const char *old, *rule, *back;
+    } const rows[] = {
+        {"W2 MO FR #10", "FREQ=WEEKLY;INTERVAL=2;COUNT=20;BYDAY=MO,FR", "W2 MO FR #10"},
+        {"MP1 1+ MO 2- FR 19991224T000000Z", "FREQ=MONTHLY;UNTIL=19991224T000000Z;BYDAY=1MO,-2FR",
+         "MP1 1+ MO 2- FR 19991224T000000Z"},
+        {"MD1 15 LD #0", "FREQ=MONTHLY;BYMONTHDAY=15,-1", "MD1 15 1- #0"},
+        {"D3", "FREQ=DAILY;INTERVAL=3;COUNT=2", "D3 #2"},
+        {"YM1 12 #3", "FREQ=YEARLY;COUNT=3;BYMONTH=12", "YM1 12 #3"},
+        {"M5 #0", "FREQ=MINUTELY;INTERVAL=5", "M5 #0"},
+        {"YM1 6 W1 TU #0", "", ""},
+        {"D1 0900 #0", "", ""},
+        {"D99999999999", "", ""},
+        {"", "", ""},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(RuleOfOldRule(row.old).value_or(""), row.rule) << row.old;
+        EXPECT_EQ(OldRuleOfRule(row.rule).value_or(""), row.back) << row.rule;
+    }
+    EXPECT_FALSE(OldRuleOfRule("FREQ=WEEKLY;COUNT=3;BYDAY=MO,FR"));
+    EXPECT_FALSE(OldRuleOfRule("FREQ=MONTHLY;BYDAY=MO;BYSETPOS=1"));
 }
 
 TEST(Recurrence, NoRuleTakesLong) {

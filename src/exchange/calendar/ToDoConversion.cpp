@@ -3,23 +3,27 @@
 #include <algorithm>
 #include <optional>
 
+#include <exchange/calendar/OldRule.h>
 #include <exchange/calendar/ToDoConversion.h>
 #include <platform/time/TimeZone.h>
 
 namespace orvo {
 namespace {
 
-enum class Content { Text, List, Date, AsItIs };
+enum class Content { Text, List, Date, Dates, Rule, AsItIs };
 
 struct SharedRule {
     std::string_view oldName;  // of vCalendar
     std::string_view name;
     Content content;
 };
-constexpr std::array<SharedRule, 12> kShared{{{"UID", "UID", Content::Text},
+constexpr std::array<SharedRule, 15> kShared{{{"UID", "UID", Content::Text},
                                               {"DCREATED", "CREATED", Content::Date},
                                               {"LAST-MODIFIED", "LAST-MODIFIED", Content::Date},
                                               {"DTSTART", "DTSTART", Content::Date},
+                                              {"RRULE", "RRULE", Content::Rule},
+                                              {"RDATE", "RDATE", Content::Dates},
+                                              {"EXDATE", "EXDATE", Content::Dates},
                                               {"PRIORITY", "PRIORITY", Content::AsItIs},
                                               {"LOCATION", "LOCATION", Content::Text},
                                               {"URL", "URL", Content::AsItIs},
@@ -61,7 +65,8 @@ private:
     std::string Convert(const ContentLine& line, const SharedRule& rule) {
         const bool isOld = m_dialect == Dialect::Calendar10;
         const bool isBinary = EncodingOf(line.parameters) == TransferEncoding::Base64;
-        const bool isDate = rule.content == Content::Date;
+        const bool isDate = rule.content == Content::Date || rule.content == Content::Dates;
+        if (rule.content == Content::Rule) return ConvertRule(line);
         std::string head(isOld ? rule.oldName : rule.name);
         ParameterWalk walk(line.parameters);
         Parameter parameter;
@@ -79,7 +84,9 @@ private:
             std::erase_if(value, [](char c) { return c == ' ' || c == '\t'; });
             return FormatLine(head, value, m_dialect, "\r\n");
         }
-        const std::string value = isDate ? DateOf(line, head) : ValueOf(line, rule.content);
+        const std::string value = rule.content == Content::Dates ? DatesOf(line, head)
+                                  : isDate                       ? DateOf(line, head)
+                                                                 : ValueOf(line, rule.content);
         return FormatLine(head, value, m_dialect, "\r\n");
     }
 
@@ -101,6 +108,29 @@ private:
             Unescape(part, Dialect::Calendar20, text);
             if (!result.empty()) result += isOld ? ';' : ',';
             result += Escape(text, Dialect::Calendar20);
+        }
+        return result;
+    }
+
+    // A rule that the other format can't say is left out.
+    std::string ConvertRule(const ContentLine& line) {
+        const bool isOld = m_dialect == Dialect::Calendar10;
+        std::string storage;
+        const std::string_view value = m_decoder.Decode(line, storage);
+        const std::optional<std::string> rule = isOld ? OldRuleOfRule(value) : RuleOfOldRule(value);
+        return rule ? FormatLine("RRULE", *rule, m_dialect, "\r\n") : std::string();
+    }
+
+    std::string DatesOf(const ContentLine& line, std::string& head) {
+        const std::string plainHead = head;
+        std::string result;
+        std::string_view part;
+        for (PartWalk walk(line.value, CategoryDividers(m_source.dialect)); walk.Next(part);) {
+            ContentLine date = line;
+            date.value = part;
+            head = plainHead;
+            if (!result.empty()) result += m_dialect == Dialect::Calendar10 ? ';' : ',';
+            result += DateOf(date, head);
         }
         return result;
     }
