@@ -19,11 +19,6 @@ bool IsOneOf(const SeriesLine& line, std::initializer_list<std::string_view> nam
                        [&](std::string_view name) { return line.Is(name); });
 }
 
-const SeriesLine* AnchorOf(const SeriesPart& part) {
-    const SeriesLine* start = part.Find("DTSTART");
-    return start ? start : part.Find("DUE");
-}
-
 // A series whose lines are read, with the clock that it is counted by.
 struct ReadSeries {
     SeriesLines lines;

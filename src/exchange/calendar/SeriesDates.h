@@ -29,6 +29,7 @@ public:
                                          const std::vector<SharedText>& timeZones);
 
     const WallTime& Start() const { return m_start; }
+    bool IsZoned() const { return m_form.form == CalendarDate::Form::Zoned; }
 
     // What this clock shows at a time of a line with those parameters.
     WallSeconds WallOf(const WallTime& time, std::string_view parameters);

@@ -13,6 +13,11 @@ const SeriesLine* SeriesPart::Find(std::string_view name) const {
     return found == lines.end() ? nullptr : &*found;
 }
 
+const SeriesLine* AnchorOf(const SeriesPart& part) {
+    const SeriesLine* start = part.Find("DTSTART");
+    return start ? start : part.Find("DUE");
+}
+
 SeriesLines::SeriesLines(std::string_view text) : m_reader(text) {
     ContentLine line;
     std::size_t depth = 0;
@@ -51,6 +56,17 @@ void Replace(SeriesLine& line, std::string_view value) {
     const ContentLine& old = line.line;
     const std::string_view head = old.text.substr(0, old.text.size() - old.value.size() - 1);
     line.replacement = FormatLine(head, value, Dialect::Calendar20, LineEndOf(old.source));
+}
+
+void Add(SeriesPart& part, std::string_view head, std::string_view value) {
+    for (std::size_t i = part.lines.size(); i-- > 0;) {
+        SeriesLine& line = part.lines[i];
+        if (line.isNested || line.Is("END")) continue;
+        if (!line.replacement) line.replacement = std::string(line.line.source);
+        *line.replacement +=
+            FormatLine(head, value, Dialect::Calendar20, LineEndOf(line.line.source));
+        return;
+    }
 }
 
 void Remove(SeriesLine& line) {

@@ -32,6 +32,9 @@ struct SeriesPart {
     const SeriesLine* Find(std::string_view name) const;
 };
 
+// The line from which a series is counted: its DTSTART, else its DUE; null where it has neither.
+const SeriesLine* AnchorOf(const SeriesPart& part);
+
 class SeriesLines {
 public:
     // The text is of iCalendar 2.0 and must outlive it.
@@ -52,6 +55,8 @@ private:
 
 // Puts another value into a line; name and parameters stay.
 void Replace(SeriesLine& line, std::string_view value);
+// Adds a line behind those of the to-do itself. The head is name and parameters.
+void Add(SeriesPart& part, std::string_view head, std::string_view value);
 // Takes a line away.
 void Remove(SeriesLine& line);
 
