@@ -1,4 +1,4 @@
-// todo: add a to-do, and edit rows of the list as a click would.
+// todo: edit rows of the list as a click would.
 // SPDX-License-Identifier: MIT
 #include <array>
 #include <memory>
@@ -9,31 +9,22 @@
 #include <CLI/CLI.hpp>
 #include <cli/AddressFields.h>
 #include <cli/Commands.h>
+#include <cli/ListedTodos.h>
 #include <cli/LocalDate.h>
 #include <cli/Output.h>
+#include <cli/TodoEditCommands.h>
 #include <cli/TodoView.h>
 #include <contracts/Dates.h>
-#include <exchange/calendar/ToDoSeries.h>
 #include <orvoshare/todo/TodoDates.h>
 
 namespace orvo::cli {
 namespace {
-
-struct NewTodo {
-    std::string text;
-    int priority = 3;
-    std::optional<std::string> due;
-    std::optional<std::string> category;
-    std::string note;
-    bool isPrivate = false;
-};
 
 // What the commands that edit a row have in common.
 struct RowEdit {
     TodoOptions list;
     int row = 0;
     std::string value;
-    bool endsSeries = false;
 };
 // Whether the record now is as the edit wants it.
 using Outcome = std::function<bool(const CToDoRecord&)>;
@@ -42,27 +33,6 @@ using RowChange = std::function<Outcome(Store&, TodoView&, const RowEdit&)>;
 // The words of `due`, by the choices of the menu of dates.
 constexpr std::array<const char*, 4> kDays{"today", "tomorrow", "week", "none"};
 constexpr UINT kChooseDate = ID_TODO_DATE_LAST;
-
-int AddTodo(Store& store, const NewTodo& todo, bool json) {
-    Transaction transaction(store);
-    CToDoRecord record(store.ToDos(), 1);
-    store.Check(record.SetDescriptionUtf8(todo.text));
-    store.Check(record.SetPriority(todo.priority));
-    if (todo.due) store.Check(record.SetDueDate(DayOfText(*todo.due, "--due")));
-    if (todo.category) {
-        store.Check(record.SetCategoryId(CategoryIndexOrNew(store.ToDos(), *todo.category)));
-    }
-    store.Check(record.SetPrivate(todo.isPrivate));
-    if (!todo.note.empty()) store.Check(record.SetNoteUtf8(todo.note));
-    store.Check(store.ToDos().Add(record));
-    transaction.Commit();
-    if (json) {
-        PrintJson({{"added", record.GetId()}});
-    } else {
-        PrintLine(fmt::format("added {}", record.GetId()));
-    }
-    return kDone;
-}
 
 Outcome SetPriorityOfRow(Store&, TodoView& view, const RowEdit& edit) {
     const int priority = edit.value.front() - '0';
@@ -104,26 +74,13 @@ Outcome SetCategoryOfRow(Store& store, TodoView& view, const RowEdit& edit) {
     };
 }
 
-void RefuseEndOfSeries(Store& store, const CToDoRecord& record, const RowEdit& edit) {
-    bool isRepeating = false;
-    if (!edit.endsSeries) store.Check(ReadIsRepeating(record, isRepeating));
-    if (!isRepeating) return;
-    throw CommandError(kWrongUse,
-                       fmt::format("row {} repeats; to complete it ends the whole series, "
-                                   "which --end-series does",
-                                   edit.row));
-}
-
 // A row that has the state already is left alone.
 RowChange SetCompletedOfRow(bool completed) {
-    return [completed](Store& store, TodoView& view, const RowEdit& edit) {
+    return [completed](Store&, TodoView& view, const RowEdit& edit) {
         Outcome outcome = [completed](const CToDoRecord& record) {
             return (record.IsCompleted() != 0) == completed;
         };
-        const CToDoRecord& record = view.RecordAt(edit.row);
-        if (outcome(record)) return outcome;
-        if (completed) RefuseEndOfSeries(store, record, edit);
-        view.ClickCell(edit.row, TodoColumn::Completed, 0);
+        if (!outcome(view.RecordAt(edit.row))) view.ClickCell(edit.row, TodoColumn::Completed, 0);
         return outcome;
     };
 }
@@ -140,24 +97,60 @@ void RefuseMasked(TodoView& view, int row) {
     throw CommandError(kWrongUse, fmt::format("row {} is masked", row));
 }
 
-// The record is looked at again by its id, as its row may have moved.
-int EditRow(Store& store, const RowEdit& options, const RowChange& edit, bool json) {
-    const WriteClaim claim(store);
-    TodoView view(store, options.list);
+// Edits a row and reads its record again, by its id, as its row may have moved.
+void Edit(Store& store, TodoView& view, const RowEdit& options, const RowChange& edit,
+          CToDoRecord& record, const Outcome& isDone = {}) {
     RefuseMasked(view, options.row);
     const std::int64_t id = view.RecordAt(options.row).GetId();
     const Outcome outcome = edit(store, view, options);
-    CToDoRecord record(store.ToDos(), 1);
     const std::string hindrance = Hindrance(store, view);
     store.Check(store.ToDos().Find(id, record));
-    if (!outcome(record)) {
-        throw CommandError(kWrongUse,
-                           fmt::format("row {} can't be changed: {}", options.row, hindrance));
-    }
+    if (outcome(record) || (isDone && isDone(record))) return;
+    throw CommandError(kWrongUse,
+                       fmt::format("row {} can't be changed: {}", options.row, hindrance));
+}
+
+int EditRow(Store& store, const RowEdit& options, const RowChange& edit, bool json) {
+    const WriteClaim claim(store);
+    TodoView view(store, options.list);
+    CToDoRecord record(store.ToDos(), 1);
+    Edit(store, view, options, edit, record);
     if (json) {
-        PrintJson({{"edited", id}});
+        PrintJson({{"edited", record.GetId()}});
     } else {
-        PrintLine(fmt::format("edited {}: {}", id, record.DescriptionUtf8()));
+        PrintLine(fmt::format("edited {}: {}", record.GetId(), record.DescriptionUtf8()));
+    }
+    return view.Code();
+}
+
+// The day by which a series is seen to move: that on which it is due, else that of its start.
+long DayOf(const CToDoRecord& record) {
+    long day = kMaxDate;
+    if (record.GetDueDate(day) != 0 || day == kMaxDate) record.GetStartDate(day);
+    return day;
+}
+
+// A to-do that repeats isn't completed by that but moves to its next date.
+int CompleteRow(Store& store, const RowEdit& options, bool json) {
+    const WriteClaim claim(store);
+    TodoView view(store, options.list);
+    const CToDoRecord& row = view.RecordAt(options.row);
+    const bool isRepeating = row.IsRepeating() && row.IsCompleted() == 0;
+    const long day = DayOf(row);
+    CToDoRecord record(store.ToDos(), 1);
+    Edit(store, view, options, SetCompletedOfRow(true), record,
+         [&](const CToDoRecord& now) { return isRepeating && DayOf(now) != day; });
+    const Json next = record.IsCompleted() != 0 ? Json(nullptr) : DayAsJson(DayOf(record));
+    if (json) {
+        Json edited{{"edited", record.GetId()}};
+        if (isRepeating) edited["next"] = next;
+        PrintJson(edited);
+    } else if (!isRepeating) {
+        PrintLine(fmt::format("edited {}: {}", record.GetId(), record.DescriptionUtf8()));
+    } else {
+        PrintLine(fmt::format(
+            "completed {}: {}; {}", record.GetId(), record.DescriptionUtf8(),
+            next.is_null() ? "that was the last one" : "next on " + next.get<std::string>()));
     }
     return view.Code();
 }
@@ -188,23 +181,6 @@ int DeleteRow(Store& store, const RowEdit& options, bool json) {
     return view.Code();
 }
 
-void AddNew(CLI::App& todo, Invocation& invocation) {
-    auto options = std::make_shared<NewTodo>();
-    CLI::App* add = todo.add_subcommand("add", "Add a to-do");
-    add->add_option("TEXT", options->text, "What is to be done")->required();
-    add->add_option("--priority", options->priority, "1 (first) to 5; 3 where left out")
-        ->check(CLI::Range(1, 5));
-    add->add_option("--due", options->due, "The day, as 2026-12-24 or as the locale writes it");
-    add->add_option("--category", options->category, "A category; a new one is made");
-    add->add_option("--note", options->note, "A note");
-    add->add_flag("--private", options->isPrivate, "Mark it as private");
-    add->callback([options, &invocation] {
-        invocation.command = [options, &invocation](Store& store) {
-            return AddTodo(store, *options, invocation.json);
-        };
-    });
-}
-
 using RowCommand = std::function<int(Store&, const RowEdit&, bool json)>;
 
 CLI::App* AddRowCommand(CLI::App& todo, Invocation& invocation, const char* name, const char* help,
@@ -212,6 +188,7 @@ CLI::App* AddRowCommand(CLI::App& todo, Invocation& invocation, const char* name
     CLI::App* command = todo.add_subcommand(name, help);
     command->add_option("ROW", options->row, "A row number of `todos`")->required();
     AddTodoOptions(*command, options->list);
+    AddCategoryOption(*command, options->list);
     command->callback([options = std::move(options), run, &invocation] {
         invocation.command = [options, run, &invocation](Store& store) {
             return run(store, *options, invocation.json);
@@ -231,7 +208,7 @@ RowCommand Editing(RowChange edit) {
 void AddTodoCommands(CLI::App& app, Invocation& invocation) {
     CLI::App* todo = app.add_subcommand("todo", "Add a to-do, or edit a row of the list");
     todo->require_subcommand(1);
-    AddNew(*todo, invocation);
+    AddTodoEditCommands(*todo, invocation);
 
     const auto add = [&](const char* name, const char* help, const RowCommand& run) {
         auto options = std::make_shared<RowEdit>();
@@ -249,10 +226,7 @@ void AddTodoCommands(CLI::App& app, Invocation& invocation) {
     const auto [category, categoryOptions] =
         add("category", "Set the category of a row", Editing(SetCategoryOfRow));
     category->add_option("NAME", categoryOptions->value, "A category that is there")->required();
-    const auto [complete, completeOptions] =
-        add("complete", "Complete a row", Editing(SetCompletedOfRow(true)));
-    complete->add_flag("--end-series", completeOptions->endsSeries,
-                       "Complete one that repeats, too, which ends the whole series");
+    add("complete", "Complete a row; one that repeats moves to its next date", CompleteRow);
     add("undo", "Take the completion of a row back", Editing(SetCompletedOfRow(false)));
     add("note-title", "Print the title for the note of a row", PrintNoteTitle);
     add("delete", "Delete the to-do of a row", DeleteRow);

@@ -34,6 +34,9 @@ void AddTodoOptions(CLI::App& command, TodoOptions& options) {
     command.add_flag("--hide-unstarted", options.hideUnstarted,
                      "Leave to-dos out that haven't begun");
     command.add_flag("--hide-private", options.hidePrivate, "Leave private to-dos out");
+}
+
+void AddCategoryOption(CLI::App& command, TodoOptions& options) {
     command.add_option("--category", options.category, "Only the to-dos of this category");
 }
 

@@ -23,8 +23,10 @@ struct TodoOptions {
     bool maskPrivate = false;
 };
 
-// Adds the options that choose rows and their order, for every command that lists or names rows.
+// Add the options that choose rows and their order, for every command that lists or names rows.
 void AddTodoOptions(CLI::App& command, TodoOptions& options);
+// The one of them that chooses a category.
+void AddCategoryOption(CLI::App& command, TodoOptions& options);
 
 class TodoView : public ViewHost {
 public:

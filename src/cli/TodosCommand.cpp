@@ -40,6 +40,7 @@ void AddTodosCommand(CLI::App& app, Invocation& invocation) {
     auto options = std::make_shared<ListingOptions>();
     CLI::App* todos = app.add_subcommand("todos", "List the to-dos in order");
     AddTodoOptions(*todos, options->list);
+    AddCategoryOption(*todos, options->list);
     todos->add_flag("--mask-private", options->list.maskPrivate,
                     "Keep the rows of private to-dos, without their content");
     todos->add_option("--columns", options->columns,

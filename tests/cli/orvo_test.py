@@ -279,20 +279,33 @@ class OrvoTest(CommandTest):
         self.todo("priority 0 6", code=2)
         self.orvo("--now yesterday todos", code=2)
 
-    def test_a_series_ends_only_when_that_is_wanted(self):
-        repeating = {"Rule": "RRULE:FREQ=DAILY", "Dates": "rdate;VALUE=DATE:2026\r\n 0315", "Once": "EXDATE:20260315",
-                     "Alarm": "BEGIN:VALARM\r\nRRULE:FREQ=DAILY\r\nEND:VALARM"}
-        to_dos = [f"BEGIN:VTODO\r\nSUMMARY:{text}\r\n{lines}\r\nEND:VTODO\r\n" for text, lines in repeating.items()]
-        for version in ("1.0", "2.0"):
-            self.import_text(f"BEGIN:VCALENDAR\r\nVERSION:{version}\r\n{''.join(to_dos)}END:VCALENDAR\r\n", "a.ics")
-        for row, text in enumerate(self.todos("", "description")):
-            if text in ("Once", "Alarm"):
-                self.todo(f"complete {row}")
-                continue
-            self.assertRegex(self.refused(f"todo complete {row}"), f"^orvo: row {row} repeats; .*--end-series")
-            self.assertFalse(self.todos("", "completed")[row])
-            self.todo(f"complete {row} --end-series")
-        self.assertTrue(all(self.todos("", "completed")))
+    def test_a_series_moves_to_its_next_date_until_the_last_one(self):
+        self.todo("add Water --due 2026-11-27 --start 2026-11-25 --repeat 'every second week on fri, 2 times'")
+        self.assertEqual(self.todo("complete 0"), "completed 1: Water; next on 2026-12-11\n")
+        self.assertEqual(self.todo("complete 0 --hide-completed"), "completed 1: Water; that was the last one\n")
+        self.assertEqual(self.todos("", "completed"), [True, True])
+
+    def exported(self):
+        self.orvo("export", self.folder / "b.ics")
+        return (self.folder / "b.ics").read_text()
+
+    def test_what_repeats_is_read_in_words(self):
+        self.todo("add A --due 2026-11-30")
+        rules = {"daily": "FREQ=DAILY", "weekly on Mondays and fri until 2027-06-30": "FREQ=WEEKLY;BYDAY=MO,FR;"
+                 "UNTIL=20270630", "monthly on last fri, once": "FREQ=MONTHLY;BYDAY=-1FR;COUNT=1",
+                 "monthly on day 15": "FREQ=MONTHLY;BYMONTHDAY=15", "monthly on the 2nd tue": "FREQ=MONTHLY;BYDAY=2TU",
+                 "every other month on the last day": "FREQ=MONTHLY;INTERVAL=2;BYMONTHDAY=-1",
+                 "every 3 years 10 times": "FREQ=YEARLY;INTERVAL=3;COUNT=10", "every fri": "FREQ=WEEKLY;BYDAY=FR"}
+        for words, rule in rules.items():
+            self.todo(f"edit 0 --repeat '{words}'")
+            self.assertIn(f"\nRRULE:{rule}\n", self.exported())
+        for bad in ("hourly", "weekly on foo", "every", "daily 0 times", "yearly on day 3", "daily until 2027-02-30",
+                    "daily 3 times until 2027-06-30", "monthly on 6th fri", "every 0 days", ""):
+            self.assertIn("understood is: none, daily", self.refused(f"todo edit 0 --repeat '{bad}'"), bad)
+        self.todo("edit 0 --repeat none --text B --percent 30 --start today --parent none --due none")
+        self.assertNotIn("RRULE", self.exported())
+        self.assertIn("PERCENT-COMPLETE:30", self.exported())
+        self.assertIn("no date", self.refused("todo add C --repeat daily"))
 
     def test_labels_and_categories(self):
         self.assertEqual(self.values("label", "labels")[:8],

@@ -62,6 +62,9 @@ TEST(Recurrence, ASeriesMovesToItsNextDate) {
          "DUE;TZID=Mars:20261127T090000\nRRULE:FREQ=DAILY"},
         {"due before the start", "DTSTART:20261126\nDUE:20261120\nRRULE:FREQ=DAILY",
          "DTSTART:20261127\nDUE:20261121\nRRULE:FREQ=DAILY"},
+        {"counted from the due date, as only that is a Friday",
+         "DTSTART:20261125\nDUE:20261127\nRRULE:FREQ=WEEKLY;BYDAY=FR",
+         "DTSTART:20261202\nDUE:20261204\nRRULE:FREQ=WEEKLY;BYDAY=FR"},
         {"no date to count from", "RRULE:FREQ=DAILY", "over"},
         {"no rule", "DUE:20261126", "over"},
     };

@@ -6,7 +6,6 @@
 
 #include <contracts/Dates.h>
 #include <desktop/forms/DateField.h>
-#include <desktop/forms/EndOfSeries.h>
 #include <desktop/forms/FormDialog.h>
 #include <desktop/forms/SavedFields.h>
 #include <desktop/forms/ToDoForm.h>
@@ -77,10 +76,6 @@ public:
         AddPrivate(*grid);
         AddNote(*grid);
         dialog.Column().addLayout(grid);
-        dialog.SetQuestion([this, &dialog] {
-            const bool completes = m_isCompleted->isChecked() && m_record.IsCompleted() == 0;
-            return !completes || MayComplete(&dialog, m_record);
-        });
         return dialog.Run();
     }
 
@@ -95,7 +90,6 @@ private:
     CToDoTable& m_table;
     CToDoRecord& m_record;
     RecordSaver<CToDoTable, CToDoRecord> m_saver;
-    MarkField* m_isCompleted = nullptr;  // Qt's
 };
 
 void ToDoForm::AddDescription(QGridLayout& grid) {
@@ -159,7 +153,6 @@ void ToDoForm::AddCompleted(QGridLayout& grid) {
     const long given = CompletionOf(m_record);
     auto* isCompleted = new MarkField(Text("Comp&leted"), m_record.IsCompleted() != 0);
     isCompleted->setObjectName("completed");
-    m_isCompleted = isCompleted;
     auto* date = new DateField(Text("C&ompleted on"), given, Now(), true);
     date->setObjectName("completedOn");
     date->setEnabled(isCompleted->isChecked());

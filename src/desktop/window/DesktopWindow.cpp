@@ -7,7 +7,6 @@
 #include <QStatusBar>
 #include <utility>
 
-#include <desktop/forms/EndOfSeries.h>
 #include <desktop/forms/FormDialog.h>
 #include <desktop/reminder/Notification.h>
 #include <desktop/rescue/StoreTrouble.h>
@@ -115,8 +114,6 @@ void DesktopWindow::Listen() {
     listeners.dropped = [this](const std::vector<std::string>& files) { ImportLater(files); };
     listeners.opened = [this] { m_commands.forms.OpenSelected(); };
     listeners.closed = [this] { CloseUnlessAsking(); };
-    m_frame.ToDos().List().SetCompletionQuestion(
-        [this](const CToDoRecord& record) { return MayComplete(this, record); });
     m_commands.texts.Open();
     m_commands.groups.SetReadListener([this] {
         m_toolBar.Categories().Fill();

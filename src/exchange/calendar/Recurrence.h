@@ -12,8 +12,9 @@
 
 namespace orvo {
 
-// A series stands at its DTSTART, or at its DUE where it has no DTSTART; from there its rule is
-// counted. However its lines are made, each of these takes a bounded number of steps.
+// A series stands at its DTSTART, or at its DUE where it has no DTSTART or where only the due date
+// follows its rule; from there its rule is counted. However its lines are made, each of these takes
+// a bounded number of steps.
 
 // The series at its next date, and open again: start, due date and absolute alarms move by the
 // clock of the series; the dates passed are taken off COUNT, RDATE and EXDATE, and what was

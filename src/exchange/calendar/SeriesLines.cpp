@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 
+#include <exchange/calendar/RuleDates.h>
 #include <exchange/calendar/SeriesLines.h>
 #include <exchange/lines/LineEdits.h>
 
@@ -15,7 +16,14 @@ const SeriesLine* SeriesPart::Find(std::string_view name) const {
 
 const SeriesLine* AnchorOf(const SeriesPart& part) {
     const SeriesLine* start = part.Find("DTSTART");
-    return start ? start : part.Find("DUE");
+    const SeriesLine* due = part.Find("DUE");
+    const SeriesLine* rule = part.Find("RRULE");
+    if (!start || !due || !rule) return start ? start : due;
+    const auto follows = [&](const SeriesLine& line) {
+        const std::optional<WallTime> time = ParseWallTime(line.line.value);
+        return time && RuleDates(rule->line.value, *time).Next() == time->seconds;
+    };
+    return !follows(*start) && follows(*due) ? due : start;
 }
 
 SeriesLines::SeriesLines(std::string_view text) : m_reader(text) {

@@ -33,6 +33,8 @@ struct SeriesPart {
 };
 
 // The line from which a series is counted: its DTSTART, else its DUE; null where it has neither.
+// Where only the due date follows the rule it is that: calendars leave open what a start means then
+// (RFC 5545, 3.8.5.3).
 const SeriesLine* AnchorOf(const SeriesPart& part);
 
 class SeriesLines {
