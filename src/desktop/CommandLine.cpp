@@ -71,6 +71,10 @@ std::optional<CommandLine> ReadCommandLine(int count, char** arguments) {
     app.add_option("--picture", line.picture,
                    "Render the window into this file, such as window.png, and end");
     app.add_option("--pdf", line.pdf, "Print what the view shows into this PDF file, and end");
+    app.add_option("--todo", line.toDo, "Open the to-do of that id")->check(CLI::PositiveNumber);
+    app.add_flag("--reminders", line.isService,
+                 "Remind of to-dos and birthdays without a window, until the session ends");
+    app.add_flag("--own-notes", line.hasOwnNotes)->group("");
     app.add_option("FILE", line.files, "Card and calendar files to import");
     app.set_version_flag("--version", "orvo-desktop " ORVO_VERSION);
     try {

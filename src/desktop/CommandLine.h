@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QSize>
+#include <cstdint>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -24,6 +25,10 @@ struct CommandLine {
     std::optional<QSize> size;
     std::optional<Colours> colours;  // else those that the user prefers
     std::vector<std::string> files;  // to import
+
+    std::int64_t toDo = 0;     // to be opened
+    bool isService = false;    // reminds without a window
+    bool hasOwnNotes = false;  // the service shows reminders itself
 
     // Files are written, and no window is shown.
     bool IsOffScreen() const { return !picture.empty() || !pdf.empty(); }

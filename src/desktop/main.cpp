@@ -24,6 +24,7 @@
 #include <desktop/options/DesktopPreferences.h>
 #include <desktop/rescue/RescueOffer.h>
 #include <desktop/rescue/StoreTrouble.h>
+#include <desktop/service/RunReminders.h>
 #include <desktop/store/MigrationProgress.h>
 #include <desktop/texts/Problems.h>
 #include <desktop/texts/Texts.h>
@@ -140,12 +141,16 @@ std::string StorePathOf(const CommandLine& line) {
     return line.store.empty() ? UserStorePath() : line.store;
 }
 
+// Before the id of a to-do that is to be opened.
+constexpr const char* kToDoAction = "todo-";
+
 StartRequest RequestOf(const CommandLine& line) {
     StartRequest request;
     request.files = line.files;
     for (const ViewName& view : kViewNames) {
         if (line.view == view.kind) request.action = view.name;
     }
+    if (line.toDo != 0) request.action = kToDoAction + std::to_string(line.toDo);
     for (const char* variable : {"XDG_ACTIVATION_TOKEN", "DESKTOP_STARTUP_ID"}) {
         if (request.token.empty() && IsSet(variable)) request.token = std::getenv(variable);
     }
@@ -154,18 +159,14 @@ StartRequest RequestOf(const CommandLine& line) {
 
 // Does what a later start was asked for.
 void Answer(DesktopWindow& window, const StartRequest& request) {
-    // The platform takes it from there when the window asks to come to the front.
-    if (!request.token.empty()) {
-        qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(request.token));
-    }
     for (const ViewName& view : kViewNames) {
         if (request.action == view.name) window.ShowView(view.kind);
     }
-    if (window.isMinimized()) window.showNormal();
-    QWidget* asking = QApplication::activeModalWidget();
-    QWidget& front = asking == nullptr ? window : *asking;
-    front.raise();
-    front.activateWindow();
+    window.ComeToFront(request.token);
+    const QString action = FromUtf8(request.action);
+    if (action.startsWith(kToDoAction)) {
+        window.OpenToDoLater(action.mid(QString(kToDoAction).size()).toLongLong());
+    }
     if (!request.files.empty()) window.ImportLater(request.files);
 }
 
@@ -195,6 +196,7 @@ int ShowWindow(StoreSession& session, const CommandLine& line, Instance* instanc
     window.activateWindow();
     window.Frame().LookupBox().SetFocus();
     if (!line.files.empty()) window.ImportLater(line.files);
+    if (line.toDo != 0) window.OpenToDoLater(line.toDo);
     if (!session.Damage().empty()) {
         OfferRescueLater(window, session.Path(), session.Damage(),
                          [&window](const std::string& backup) { window.Restore(backup); });
@@ -301,6 +303,10 @@ int Main(int count, char** arguments) {
         if (!line) return kDone;
         SetLocale(*line);
         SetClock(*line);
+        if (line->isService) {
+            OrvoShareMain(OwnModule(), DLL_PROCESS_ATTACH);
+            return RunReminders(StorePathOf(*line), line->hasOwnNotes, count, arguments);
+        }
         if (!ChoosePlatform(*line)) {
             return Fail(
                 "there is no display: --picture FILE renders the window into a file, and --pdf "

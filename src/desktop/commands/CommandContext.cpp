@@ -1,5 +1,6 @@
 // What commands work with, and how they say what became of them.
 // SPDX-License-Identifier: MIT
+#include <QApplication>
 #include <QMessageBox>
 #include <QStatusBar>
 
@@ -42,6 +43,16 @@ void CommandContext::ReportProblem(const std::string& problem) const {
 bool CommandContext::IsFound(long status) const {
     if (status != 0) Refuse(Text("Another program has removed this entry."));
     return status == 0;
+}
+
+void CommandContext::ComeToFront(const std::string& token) const {
+    // The platform takes it from there when the window asks to come to the front.
+    if (!token.empty()) qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(token));
+    if (m_window.isMinimized()) m_window.showNormal();
+    QWidget* asking = QApplication::activeModalWidget();
+    QWidget& front = asking == nullptr ? m_window : *asking;
+    front.raise();
+    front.activateWindow();
 }
 
 void CommandContext::Refresh() const {

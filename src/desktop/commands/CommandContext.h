@@ -52,6 +52,10 @@ public:
     // Returns false for the status of a record that was looked for and is gone, and says so.
     bool IsFound(long status) const;
 
+    // Brings the window, or the one that asks in front of it, to the front. `token` is the
+    // desktop's leave for that; may be empty.
+    void ComeToFront(const std::string& token) const;
+
     // Shows categories and rows as they are in the store now.
     void Refresh() const;
     // Counts rows and what is selected at once, rather than when all is done.

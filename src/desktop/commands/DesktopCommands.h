@@ -11,6 +11,7 @@
 #include <desktop/commands/MailCommands.h>
 #include <desktop/commands/OptionCommands.h>
 #include <desktop/commands/PluginCommands.h>
+#include <desktop/commands/ReminderCommands.h>
 #include <desktop/commands/TextCommands.h>
 
 namespace orvo::desktop {
@@ -27,7 +28,8 @@ struct DesktopCommands {
           options(context),
           mail(context),
           groups(context),
-          plugins(context) {}
+          plugins(context),
+          reminders(context, forms) {}
 
     FormCommands forms;
     TextCommands texts;
@@ -39,6 +41,7 @@ struct DesktopCommands {
     MailCommands mail;
     GroupCommands groups;
     PluginCommands plugins;
+    ReminderCommands reminders;
 };
 
 }  // namespace orvo::desktop

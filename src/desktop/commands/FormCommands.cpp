@@ -1,5 +1,6 @@
 // The forms in which the user writes entries.
 // SPDX-License-Identifier: MIT
+#include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -7,6 +8,7 @@
 #include <desktop/forms/AddressForm.h>
 #include <desktop/forms/ToDoForm.h>
 #include <desktop/texts/Texts.h>
+#include <host/Disclosure.h>
 #include <platform/io/FileReplacement.h>
 #include <platform/settings/SettingsStore.h>
 
@@ -24,7 +26,10 @@ bool IsThere(Table& table, std::int64_t id) {
 FormCommands::FormCommands(CommandContext& context)
     : m_context(context),
       m_keeper(FolderOf(SettingsStore::Path()) + "/unsaved-" +
-               DataSetUser(context.Session().Path()) + ".json") {}
+               DataSetUser(context.Session().Path()) + ".json") {
+    m_openTimer.setSingleShot(true);
+    QObject::connect(&m_openTimer, &QTimer::timeout, [this] { OpenToDo(m_toOpen); });
+}
 
 void FormCommands::NewAddress() {
     StoreSession& session = m_context.Session();
@@ -89,6 +94,22 @@ void FormCommands::OpenEntry(std::int64_t id) {
     } else {
         m_context.Frame().Entries().Refill();
     }
+}
+
+void FormCommands::OpenToDoLater(std::int64_t id) {
+    m_toOpen = id;
+    m_openTimer.start(0);
+}
+
+void FormCommands::OpenToDo(std::int64_t id) {
+    if (QApplication::activeModalWidget()) return;
+    m_context.ShowView(ViewKind::ToDos);
+    CToDoRecord record(m_context.Session().ToDos());
+    if (id == 0 || !m_context.IsFound(m_context.Session().ToDos().Find(id, record))) return;
+    const Disclosure disclosure(m_context.Options());
+    if (record.IsDeleted() || disclosure.Of(WayOut::Change, record) != Told::Whole) return;
+    m_context.Frame().Entries().SelectRecord(id);
+    OpenEntry(id);
 }
 
 void FormCommands::ShowEdited(std::int64_t id) {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QTimer>
 #include <cstdint>
 
 #include <desktop/commands/CommandContext.h>
@@ -17,6 +18,9 @@ public:
     // A new entry begins with the category that is shown.
     void NewAddress();
     void NewToDo();
+    // Shows the to-dos and opens the form of that one, unless something is asked just then or the
+    // to-do may not be shown; with an id of 0 it only shows them. From the event loop.
+    void OpenToDoLater(std::int64_t id);
     // Does nothing where several are selected.
     void OpenSelected();
 
@@ -32,11 +36,14 @@ private:
     bool OpenForm(Table& table, bool (*edit)(QWidget*, Table&, Record&, FormKeeper*),
                   const QString& name, std::int64_t& id);
     void OpenEntry(std::int64_t id);
+    void OpenToDo(std::int64_t id);
     void OpenKept(const KeptForm& form);
     void ShowEdited(std::int64_t id);
 
     CommandContext& m_context;
     FormKeeper m_keeper;
+    QTimer m_openTimer;  // runs while a to-do is to be opened
+    std::int64_t m_toOpen = 0;
     bool m_hasOffered = false;
 };
 

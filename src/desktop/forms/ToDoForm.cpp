@@ -7,6 +7,7 @@
 #include <contracts/Dates.h>
 #include <desktop/forms/DateField.h>
 #include <desktop/forms/FormDialog.h>
+#include <desktop/forms/RemindersField.h>
 #include <desktop/forms/SavedFields.h>
 #include <desktop/forms/ToDoForm.h>
 #include <desktop/texts/Texts.h>
@@ -75,6 +76,7 @@ public:
         AddDates(*grid);
         AddPrivate(*grid);
         AddNote(*grid);
+        AddReminders(m_saver, m_record, *grid, 8);
         dialog.Column().addLayout(grid);
         return dialog.Run();
     }

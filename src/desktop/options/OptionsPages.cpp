@@ -17,6 +17,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include <desktop/instance/BackgroundReminders.h>
 #include <desktop/options/BackupPage.h>
 #include <desktop/options/DesktopPreferences.h>
 #include <desktop/options/OptionsPages.h>
@@ -249,7 +250,8 @@ public:
 
 class ReminderPage : public OptionsPage {
 public:
-    explicit ReminderPage(const COrvoDesktopOptions& options) : m_path(ReminderSound()) {
+    ReminderPage(const COrvoDesktopOptions& options, const std::string& store)
+        : m_path(ReminderSound()) {
         auto* column = new QVBoxLayout(this);
         auto* remind = new QCheckBox(Text("&Remind me of to-dos before they are due"));
         remind->setChecked(options.IsAlarmSet() != 0);
@@ -263,7 +265,13 @@ public:
         connect(remind, &QCheckBox::toggled, m_details, &QWidget::setEnabled);
         column->addWidget(m_details);
         AddBirthdays(*column);
+        auto* always = new QCheckBox(Text("Remind me also when no window is &open"));
+        always->setChecked(IsRemindingInBackground(store));
+        column->addWidget(always);
         column->addStretch();
+        OnSave([always, store](COrvoDesktopOptions&) {
+            return SetRemindingInBackground(store, always->isChecked());
+        });
         OnSave([this, remind](COrvoDesktopOptions& chosen) {
             chosen.SetAlarmSet(remind->isChecked() ? 1 : 0);
             return SetReminderSound(m_path);
@@ -374,7 +382,7 @@ std::vector<PageRow> MakeOptionsPages(const COrvoDesktopOptions& options,
     return {{Text("General"), new GeneralPage(options)},
             {Text("Private entries"), new PrivacyPage(options)},
             {Text("To-dos"), new ToDoPage(options)},
-            {Text("Reminders"), new ReminderPage(options)},
+            {Text("Reminders"), new ReminderPage(options, store)},
             {Text("Backups"), MakeBackupPage(store)}};
 }
 

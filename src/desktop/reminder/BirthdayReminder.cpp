@@ -1,4 +1,4 @@
-// Reminds the user of birthdays while the window is open.
+// Reminds the user of birthdays.
 // SPDX-License-Identifier: MIT
 #include <QStringList>
 #include <algorithm>
@@ -18,12 +18,12 @@
 #include <host/Disclosure.h>
 #include <host/SettingText.h>
 #include <orvoshare/shared/DataSetClaim.h>
+#include <platform/time/TimeZone.h>
 
 namespace orvo::desktop {
 namespace {
 
 constexpr std::chrono::milliseconds kFirstWait{500};
-constexpr std::chrono::seconds kInterval{20};
 // Between two moments in which cards are read.
 constexpr std::chrono::milliseconds kReadPause{30};
 constexpr std::chrono::milliseconds kReadInAMoment{10};
@@ -93,21 +93,41 @@ std::string Body(const std::vector<News>& news, std::chrono::sys_days today) {
 }  // namespace
 
 BirthdayReminder::BirthdayReminder(DayIndex& days, const COrvoDesktopOptions& options,
-                                   const std::string& store, Tell tell)
+                                   const std::string& store, WakeClock& clock, Tell tell)
     : m_days(days),
       m_options(options),
       m_section("Birthdays" + DataSetUser(store)),
+      m_clock(clock),
       m_tell(std::move(tell)) {
     m_timer.setSingleShot(true);
-    QObject::connect(&m_timer, &QTimer::timeout, [this] {
-        Look();
-        const bool mustRead = BirthdayAdvance() && !m_days.IsRead();
-        m_timer.start(mustRead ? kReadPause : std::chrono::milliseconds(kInterval));
-    });
+    QObject::connect(&m_timer, &QTimer::timeout, [this] { Work(); });
+    m_clock.SetListener([this] { Work(); });
 }
 
 void BirthdayReminder::Start() {
+    m_isOn = true;
     m_timer.start(kFirstWait);
+}
+
+void BirthdayReminder::Stop() {
+    m_isOn = false;
+    m_timer.stop();
+    m_clock.WakeAt(std::nullopt);
+}
+
+void BirthdayReminder::Forget() {
+    if (m_isOn && !m_timer.isActive()) m_timer.start(kFirstWait);
+}
+
+void BirthdayReminder::Work() {
+    if (!m_isOn) return;
+    Look();
+    const bool isAsked = BirthdayAdvance().has_value();
+    if (isAsked && !m_days.IsRead()) m_timer.start(kReadPause);
+    std::optional<std::int64_t> next;
+    const std::optional<CivilTime> now = CivilOfMoment(m_clock.Now());
+    if (isAsked && now) next = MomentOfCivil({now->year, now->month, now->day + 1});
+    m_clock.WakeAt(next);
 }
 
 void BirthdayReminder::Look() {
@@ -130,8 +150,8 @@ void BirthdayReminder::Look() {
     if (news.empty()) return;
     for (const auto& [day, ofDay] : told) ofDay.Keep();
     std::ranges::stable_sort(news, {}, &News::next);
-    m_tell(CountText("Reminder of %1 birthday", "Reminder of %1 birthdays", std::ssize(news)),
-           FromUtf8(Body(news, today)));
+    m_tell({CountText("Reminder of %1 birthday", "Reminder of %1 birthdays", std::ssize(news)),
+            FromUtf8(Body(news, today))});
 }
 
 }  // namespace orvo::desktop

@@ -1,12 +1,13 @@
-// Reminds the user of birthdays while the window is open.
+// Reminds the user of birthdays.
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QString>
 #include <QTimer>
 #include <functional>
 #include <string>
 
+#include <desktop/reminder/Note.h>
+#include <desktop/reminder/WakeClock.h>
 #include <orvoshare/options/DesktopOptions.h>
 #include <people/DayIndex.h>
 
@@ -17,26 +18,33 @@ namespace orvo::desktop {
 // it is private, it says nothing until it is.
 class BirthdayReminder {
 public:
-    using Tell = std::function<void(const QString& title, const QString& body)>;
+    using Tell = std::function<void(const Note&)>;
 
-    // Index and options outlive it; the options are looked at each time. `store` is the path by
-    // which stores are told apart.
+    // Index, options and clock outlive it; the options are looked at each time. `store` is the path
+    // by which stores are told apart.
     BirthdayReminder(DayIndex& days, const COrvoDesktopOptions& options, const std::string& store,
-                     Tell tell);
+                     WakeClock& clock, Tell tell);
 
-    // From now on it looks now and then, for the first time soon. Cards that aren't read yet are
-    // read meanwhile, bit by bit.
+    // From now on it looks at each midnight, for the first time soon. Cards that aren't read yet
+    // are read meanwhile, bit by bit.
     void Start();
-    void Stop() { m_timer.stop(); }
+    void Stop();
+
+    // People or options aren't as they were.
+    void Forget();
 
     void Look();
 
 private:
+    void Work();
+
     DayIndex& m_days;
     const COrvoDesktopOptions& m_options;
     std::string m_section;  // of the settings
+    WakeClock& m_clock;
     Tell m_tell;
-    QTimer m_timer;
+    QTimer m_timer;  // runs while cards are to be read
+    bool m_isOn = false;
 };
 
 }  // namespace orvo::desktop

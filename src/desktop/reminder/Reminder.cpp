@@ -1,22 +1,29 @@
-// Reminds the user of to-dos while the window is open.
+// Reminds the user of to-dos.
 // SPDX-License-Identifier: MIT
 #include <QDateTime>
 #include <QLocale>
 #include <QStringList>
-#include <chrono>
+#include <algorithm>
+#include <span>
 
 #include <desktop/options/DesktopPreferences.h>
 #include <desktop/reminder/Reminder.h>
 #include <desktop/texts/Texts.h>
+#include <orvoshare/shared/DataSetClaim.h>
 #include <platform/text/SystemText.h>
 #include <platform/window/base/PlaySound.h>
 
 namespace orvo::desktop {
 namespace {
 
-constexpr std::chrono::seconds kInterval{20};
+// Milliseconds after a change in which others may follow.
+constexpr int kSoon = 50;
 constexpr std::size_t kMostNamed = 10;
+// More that come at once are told together.
+constexpr std::size_t kMostNotes = 3;
 constexpr qsizetype kLongestName = 120;
+// An answer names them all, and not every service takes an answer of any length.
+constexpr std::size_t kMostAnswered = 100;
 
 QString TimeText(const CivilTime& due) {
     const QDate day(due.year, due.month, due.day);
@@ -32,7 +39,7 @@ QString Line(const DueReminder& reminder) {
         const bool isInsideOne = name.at(kLongestName - 1).isHighSurrogate();
         name = name.left(kLongestName - (isInsideOne ? 1 : 0)) + QChar(0x2026);
     }
-    return Text("%1 (due %2)").arg(name, TimeText(reminder.due));
+    return reminder.due ? Text("%1 (due %2)").arg(name, TimeText(*reminder.due)) : name;
 }
 
 QString Body(const std::vector<DueReminder>& reminders) {
@@ -50,32 +57,79 @@ QString Body(const std::vector<DueReminder>& reminders) {
 
 }  // namespace
 
-Reminder::Reminder(StoreEngine& engine, const COrvoDesktopOptions& options, Tell tell)
-    : m_engine(engine), m_options(options), m_tell(std::move(tell)) {
-    QObject::connect(&m_timer, &QTimer::timeout, [this] { Look(); });
+Reminder::Reminder(CToDoTable& toDos, const COrvoDesktopOptions& options, const std::string& store,
+                   WakeClock& clock, Tell tell)
+    : m_plan(toDos, options),
+      m_told(store),
+      m_store(DataSetUser(store)),
+      m_clock(clock),
+      m_tell(std::move(tell)) {
+    m_soon.setSingleShot(true);
+    QObject::connect(&m_soon, &QTimer::timeout, [this] { Look(); });
+    m_clock.SetListener([this] { Look(); });
 }
 
 void Reminder::Start() {
-    m_timer.start(kInterval);
+    m_isOn = true;
+    m_plan.Clear();
     Look();
 }
 
 void Reminder::Stop() {
-    m_timer.stop();
+    m_isOn = false;
+    m_soon.stop();
+    m_clock.WakeAt(std::nullopt);
 }
 
+void Reminder::Forget(std::optional<std::int64_t> id) {
+    id ? m_plan.Forget(*id) : m_plan.Clear();
+    if (m_isOn && !m_soon.isActive()) m_soon.start(kSoon);
+}
+
+// Kept before it is told: a program that ends in between has rather lost one than told it for ever.
 void Reminder::Look() {
-    if (m_options.IsAlarmSet() == 0) return;
-    std::vector<DueReminder> news;
-    for (DueReminder& reminder : DueReminders(m_engine, m_options)) {
-        if (m_told.insert({reminder.id, reminder.due}).second) news.push_back(std::move(reminder));
+    if (!m_isOn) return;
+    const std::vector<DueReminder> news = m_plan.Take(m_clock.Now(), m_told);
+    if (!news.empty()) {
+        m_told.Keep();
+        TellAll(news, m_isFirst || news.size() > kMostNotes);
+        const std::string sound = ReminderSound();
+        if (!sound.empty()) PlaySoundA(SystemText(sound), nullptr, SND_FILENAME | SND_ASYNC);
     }
-    if (news.empty()) return;
-    m_tell(CountText("Reminder of %1 to-do", "Reminder of %1 to-dos",
-                     static_cast<std::int64_t>(news.size())),
-           Body(news));
-    const std::string sound = ReminderSound();
-    if (!sound.empty()) PlaySoundA(SystemText(sound), nullptr, SND_FILENAME | SND_ASYNC);
+    m_isFirst = false;
+    m_clock.WakeAt(m_plan.Next());
+}
+
+void Reminder::TellAll(const std::vector<DueReminder>& reminders, bool isTogether) const {
+    if (isTogether) return m_tell(NoteOf(reminders));
+    for (const DueReminder& reminder : reminders) m_tell(NoteOf({reminder}));
+}
+
+Note Reminder::NoteOf(const std::vector<DueReminder>& reminders) const {
+    using Kind = ReminderAnswer::Kind;
+    ReminderAnswer answer{Kind::Seen, m_store, 0};
+    bool isWhole = true;
+    for (const DueReminder& reminder : reminders) {
+        answer.told = std::max(answer.told, reminder.moment);
+        if (answer.ids.size() < kMostAnswered) answer.ids.push_back(reminder.id);
+        isWhole = isWhole && reminder.isWhole;
+    }
+    const auto text = [&answer](Kind kind) {
+        answer.kind = kind;
+        return answer.Text();
+    };
+    Note note{CountText("Reminder of %1 to-do", "Reminder of %1 to-dos", std::ssize(reminders)),
+              Body(reminders)};
+    if (reminders.size() == 1 && isWhole) {
+        note.buttons.push_back({Text("Complete"), text(Kind::Complete)});
+    }
+    note.buttons.push_back({Text("In 10 minutes"), text(Kind::TenMinutes)});
+    note.buttons.push_back({Text("In 1 hour"), text(Kind::OneHour)});
+    note.buttons.push_back({Text("Tomorrow"), text(Kind::Tomorrow)});
+    note.buttons.push_back({Text("Open"), text(Kind::Open)});
+    note.opened = text(Kind::Open);
+    note.closed = text(Kind::Seen);
+    return note;
 }
 
 }  // namespace orvo::desktop

@@ -1,38 +1,51 @@
-// Reminds the user of to-dos while the window is open.
+// Reminds the user of to-dos.
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QString>
 #include <QTimer>
 #include <functional>
-#include <set>
-#include <utility>
+#include <optional>
+#include <string>
 
-#include <desktop/reminder/DueReminders.h>
+#include <desktop/reminder/Note.h>
+#include <desktop/reminder/ReminderPlan.h>
+#include <desktop/reminder/WakeClock.h>
 
 namespace orvo::desktop {
 
-// Reminds of each to-do once, and again when it gets another due time; of all for which it is time,
-// together. It plays the sound that the user has chosen.
+// Tells each reminder once on this machine: together what has come while nothing ran, then each
+// when it comes, unless many come at once. It plays the sound that the user has chosen. Between
+// reminders it sleeps.
 class Reminder {
 public:
-    using Tell = std::function<void(const QString& title, const QString& body)>;
+    using Tell = std::function<void(const Note&)>;
 
-    // Engine and options outlive it; the options are looked at each time.
-    Reminder(StoreEngine& engine, const COrvoDesktopOptions& options, Tell tell);
+    // All of it outlives it; the options are looked at each time. `store` is the path by which
+    // stores are told apart.
+    Reminder(CToDoTable& toDos, const COrvoDesktopOptions& options, const std::string& store,
+             WakeClock& clock, Tell tell);
 
-    // From now on it looks several times a minute, for the first time at once.
+    // From now on it tells, what has come already at once.
     void Start();
     void Stop();
+
+    // The to-do isn't as it was; without an id none is, or the options aren't.
+    void Forget(std::optional<std::int64_t> id);
 
     void Look();
 
 private:
-    StoreEngine& m_engine;
-    const COrvoDesktopOptions& m_options;
+    Note NoteOf(const std::vector<DueReminder>& reminders) const;
+    void TellAll(const std::vector<DueReminder>& reminders, bool isTogether) const;
+
+    ReminderPlan m_plan;
+    ToldReminders m_told;
+    std::string m_store;  // DataSetUser
+    WakeClock& m_clock;
     Tell m_tell;
-    std::set<std::pair<std::int64_t, CivilTime>> m_told;
-    QTimer m_timer;
+    QTimer m_soon;  // runs while something has changed since the last look
+    bool m_isOn = false;
+    bool m_isFirst = true;
 };
 
 }  // namespace orvo::desktop

@@ -172,6 +172,7 @@ void StoreSession::Forget(TableKind kind, std::optional<std::int64_t> id) {
     }
     const RowListener& listener = m_rowListeners[static_cast<std::size_t>(kind)];
     if (listener) listener(id);
+    if (m_recordListener) m_recordListener(kind, id);
 }
 
 ForeignRows StoreSession::TakeForeignChanges() {

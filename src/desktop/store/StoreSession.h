@@ -75,6 +75,10 @@ public:
         m_rowListeners[static_cast<std::size_t>(kind)] = std::move(listener);
     }
 
+    // Called after a record of either table may have become another, or with no id all of them.
+    using RecordListener = std::function<void(TableKind kind, std::optional<std::int64_t> id)>;
+    void SetRecordListener(RecordListener listener) { m_recordListener = std::move(listener); }
+
     // The texts by which records are found, as far as they were asked for since they changed.
     FindIndex& FindTexts(TableKind kind) { return m_findTexts[static_cast<std::size_t>(kind)]; }
 
@@ -118,6 +122,7 @@ private:
     GroupIndex m_groups;
     DayIndex m_days;
     std::array<RowListener, 2> m_rowListeners;  // by their TableKind
+    RecordListener m_recordListener;
     std::vector<std::string> m_damage;
 };
 

@@ -28,12 +28,14 @@ StoreWatch::StoreWatch(const std::string& path, std::function<void()> look)
     connect(&m_files, &QFileSystemWatcher::directoryChanged, this, [this] { Written(); });
 }
 
-void StoreWatch::Start() {
+void StoreWatch::Start(bool looksNowAndThen) {
+    m_isOn = true;
     Watch();
-    m_slow.start();
+    if (looksNowAndThen) m_slow.start();
 }
 
 void StoreWatch::Stop() {
+    m_isOn = false;
     m_slow.stop();
     m_soon.stop();
     const QStringList watched = m_files.files() + m_files.directories();
@@ -54,13 +56,13 @@ void StoreWatch::Watch() {
 void StoreWatch::Written() {
     Watch();
     m_looked = 0;
-    if (m_slow.isActive() && !m_soon.isActive()) m_soon.start(kLooks.front());
+    if (m_isOn && !m_soon.isActive()) m_soon.start(kLooks.front());
 }
 
 void StoreWatch::LookAgain() {
     m_look();
     ++m_looked;
-    if (m_slow.isActive() && m_looked < kLooks.size()) m_soon.start(kLooks[m_looked]);
+    if (m_isOn && m_looked < kLooks.size()) m_soon.start(kLooks[m_looked]);
 }
 
 }  // namespace orvo::desktop

@@ -17,8 +17,9 @@ public:
     // The path, UTF-8, is that of the store's file.
     StoreWatch(const std::string& path, std::function<void()> look);
 
-    // Between these it looks; at first it doesn't.
-    void Start();
+    // Between these it looks; at first it doesn't. With `looksNowAndThen` false it sleeps until it
+    // is told of a write.
+    void Start(bool looksNowAndThen = true);
     void Stop();
 
 private:
@@ -30,7 +31,8 @@ private:
     std::function<void()> m_look;
     QFileSystemWatcher m_files;
     QTimer m_slow;
-    QTimer m_soon;             // runs in the moment after a write
+    QTimer m_soon;  // runs in the moment after a write
+    bool m_isOn = false;
     std::size_t m_looked = 0;  // how often in that moment
 };
 

@@ -8,7 +8,6 @@
 #include <utility>
 
 #include <desktop/forms/FormDialog.h>
-#include <desktop/reminder/Notification.h>
 #include <desktop/rescue/StoreTrouble.h>
 #include <desktop/texts/Texts.h>
 #include <desktop/views/DragOut.h>
@@ -43,14 +42,6 @@ DesktopWindow::DesktopWindow(StoreSession& session, COrvoDesktopOptions& options
       m_kana(m_frame),
       m_details(m_context, m_commands.groups),
       m_watch(session.Path(), [this] { LookForForeignChange(); }),
-      m_reminder(session.History().Engine(), options,
-                 [this](const QString& title, const QString& body) {
-                     ShowNotification(*this, title, body);
-                 }),
-      m_birthdayReminder(session.Days(), options, session.Path(),
-                         [this](const QString& title, const QString& body) {
-                             ShowNotification(*this, title, body);
-                         }),
       m_dailyBackup(session.History().Engine(),
                     [this](const std::string& problem) { TellProblem(problem); }) {
     setWindowTitle(QApplication::applicationDisplayName());
@@ -61,7 +52,10 @@ DesktopWindow::DesktopWindow(StoreSession& session, COrvoDesktopOptions& options
     connect(&m_offerTimer, &QTimer::timeout, this, [this] { OfferKeptForm(); });
     session.SetFailureListener([this](const std::string& problem) { TellProblem(problem); });
     m_commands.options.SetPrivacyListener([this] { m_menus.ShowPrivacy(); });
-    m_commands.options.SetChangeListener([this] { OfferKeptForm(); });
+    m_commands.options.SetChangeListener([this] {
+        m_commands.reminders.TakeOptions();
+        OfferKeptForm();
+    });
 }
 
 // The views' widgets lie inside of this window, and must hear of its end while it stands.
@@ -127,8 +121,7 @@ void DesktopWindow::BeginSession() {
     m_context.SetInUse(true);
     m_day = Today();
     m_watch.Start();
-    m_reminder.Start();
-    m_birthdayReminder.Start();
+    m_commands.reminders.Start();
     if (m_session.Damage().empty()) m_dailyBackup.Start();
     m_offerTimer.start(0);
 }
@@ -242,8 +235,7 @@ void DesktopWindow::closeEvent(QCloseEvent* event) {
     if (!m_context.IsInUse()) return;
     m_context.SetInUse(false);
     m_watch.Stop();
-    m_reminder.Stop();
-    m_birthdayReminder.Stop();
+    m_commands.reminders.Stop();
     m_dailyBackup.Stop();
     Save();
     // Not quit(), which asks the windows: a menu or a question that is still open ends, too.

@@ -9,8 +9,6 @@
 
 #include <desktop/backup/DailyBackup.h>
 #include <desktop/commands/DesktopCommands.h>
-#include <desktop/reminder/BirthdayReminder.h>
-#include <desktop/reminder/Reminder.h>
 #include <desktop/store/StoreWatch.h>
 #include <desktop/views/ViewFrame.h>
 #include <desktop/window/ContextMenu.h>
@@ -52,6 +50,10 @@ public:
     ViewFrame& Frame() { return m_frame; }
     void ShowView(ViewKind kind);
 
+    // As the commands do.
+    void ComeToFront(const std::string& token) { m_context.ComeToFront(token); }
+    void OpenToDoLater(std::int64_t id) { m_commands.forms.OpenToDoLater(id); }
+
     // Restores the store from a backup.
     void Restore(const std::string& backup) { m_commands.backups.RestoreFrom(backup); }
 
@@ -92,8 +94,6 @@ private:
     QTimer m_countTimer;  // runs while the counts are out of date
     StoreWatch m_watch;   // looks in a session
     QTimer m_offerTimer;  // runs until a kept form can be offered
-    Reminder m_reminder;  // works in a session, as does the other one
-    BirthdayReminder m_birthdayReminder;
     DailyBackup m_dailyBackup;
     std::chrono::sys_days m_day{};  // for which the views were filled last
     bool m_isOpen = false;

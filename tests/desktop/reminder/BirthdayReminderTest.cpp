@@ -32,9 +32,9 @@ protected:
     // What a program says that was just started.
     std::string Told() {
         std::string told;
-        BirthdayReminder reminder(
-            days, store.options, "/orvo.db",
-            [&](const QString&, const QString& body) { told += body.toStdString(); });
+        SystemClock clock;
+        BirthdayReminder reminder(days, store.options, "/orvo.db", clock,
+                                  [&](const Note& note) { told += note.body.toStdString(); });
         reminder.Look();
         reminder.Look();
         return told;

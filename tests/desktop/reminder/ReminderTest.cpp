@@ -5,6 +5,8 @@
 #include <gmock/gmock.h>
 
 #include <desktop/reminder/Reminder.h>
+#include <exchange/calendar/ToDoText.h>
+#include <exchange/files/ImportFile.h>
 #include <platform/settings/SettingsFixture.h>
 
 #include "ToDoStore.h"
@@ -14,6 +16,37 @@ namespace {
 
 using testing::HasSubstr;
 
+// It goes on only where the test says so.
+class TestClock : public WakeClock {
+public:
+    std::int64_t Now() const override { return CTime::GetCurrentTime().GetTime(); }
+    void WakeAt(std::optional<std::int64_t> moment) override { m_wake = moment; }
+
+    // When the next call is; empty for never.
+    std::string Wake() const { return m_wake ? FormatIso(*CivilOfMoment(*m_wake)) : ""; }
+    // Sleeps until then, or until a moment before it.
+    void SleepUntil(const char* iso) {
+        const std::int64_t end = MomentOfCivil(*ParseIso(iso));
+        while (m_wake && *m_wake <= end) {
+            ToDoStore::SetNow(Wake().c_str());
+            m_wake.reset();
+            ++wakes;
+            m_listener();
+        }
+        ToDoStore::SetNow(iso);
+    }
+    // Somebody sets the clock, or the system was suspended.
+    void Set(const char* iso) {
+        ToDoStore::SetNow(iso);
+        m_listener();
+    }
+
+    int wakes = 0;
+
+private:
+    std::optional<std::int64_t> m_wake;
+};
+
 class ReminderTest : public SettingsFixture {
 protected:
     ReminderTest() { QLocale::setDefault(QLocale::c()); }
@@ -21,23 +54,42 @@ protected:
     // What the next look tells at once, title and body; empty for nothing.
     std::string Look() {
         told.clear();
-        reminder.Look();
+        reminder->Start();
         return told;
     }
 
+    // A program that was just started.
+    std::unique_ptr<Reminder> Make() {
+        return std::make_unique<Reminder>(store.toDos, store.options, "/orvo.db", clock,
+                                          [this](const Note& note) {
+                                              told += (note.title + "\n" + note.body).toStdString();
+                                              last = note;
+                                          });
+    }
+
+    // The calendar's to-do, from now on.
+    std::int64_t Import(const std::string& lines) {
+        CAddressTable addresses(store.engine);
+        ImportBytes("BEGIN:VCALENDAR\nVERSION:2.0\nBEGIN:VTODO\nSUMMARY:Call\n" + lines +
+                        "END:VTODO\nEND:VCALENDAR\n",
+                    addresses, store.toDos);
+        CToDoRecord record(store.toDos);
+        CToDoIterator(store.toDos).FindFirst(record);
+        reminder->Forget(record.GetId());
+        return record.GetId();
+    }
+
     ToDoStore store;
+    TestClock clock;
     std::string told;
-    Reminder reminder{store.engine, store.options,
-                      [this](const QString& title, const QString& body) {
-                          EXPECT_EQ(told, "");
-                          told = (title + "\n" + body).toStdString();
-                      }};
+    Note last;
+    std::unique_ptr<Reminder> reminder = Make();
 };
 
 TEST_F(ReminderTest, TellsOnceTogetherWhatHasPassed) {
     store.Add("Write", "2026-11-24T08:00:00");
     store.Add("Paint\nthe\tdoor", "2026-11-25");
-    reminder.Start();
+    reminder->Start();
     EXPECT_THAT(told, HasSubstr("Reminder of 2 to-dos\nWrite (due 24 Nov 2026 08:00:00)\n"
                                 "Paint the door (due 25 Nov 2026)"));
     EXPECT_EQ(Look(), "");
@@ -85,6 +137,77 @@ TEST_F(ReminderTest, NamesNoPrivateToDoThatIsHidden) {
     store.Add("Xanadu", "2026-11-25T10:00:00", true);
     store.options.SetShowingPrivate(0);
     EXPECT_THAT(Look(), HasSubstr("\nPrivate to-do (due"));
+}
+
+TEST_F(ReminderTest, WakesOnlyForReminders) {
+    store.options.SetAlarmSet(0);
+    reminder->Start();
+    EXPECT_EQ(clock.Wake(), "");
+    Import(
+        "DUE:20261125T120000\nBEGIN:VALARM\nACTION:DISPLAY\nTRIGGER:-PT1H\nREPEAT:1\n"
+        "DURATION:PT10M\nEND:VALARM\nBEGIN:VALARM\nACTION:DISPLAY\n"
+        "TRIGGER;RELATED=END:PT0S\nEND:VALARM\n");
+    reminder->Look();
+    EXPECT_EQ(clock.Wake(), "2026-11-25T11:00:00");
+    clock.SleepUntil("2026-11-25T11:05:00");
+    EXPECT_EQ(std::exchange(told, ""), "Reminder of 1 to-do\nCall (due 25 Nov 2026 12:00:00)");
+    clock.SleepUntil("2026-11-25T11:50:00");
+    EXPECT_NE(std::exchange(told, ""), "");
+    EXPECT_EQ(clock.wakes, 2);
+    // The last one is missed, and the next program tells it.
+    reminder.reset();
+    ToDoStore::SetNow("2026-11-26T09:00:00");
+    reminder = Make();
+    EXPECT_THAT(Look(), HasSubstr("Call"));
+    EXPECT_EQ(clock.Wake(), "");
+    reminder.reset();
+    reminder = Make();
+    EXPECT_EQ(Look(), "");
+}
+
+TEST_F(ReminderTest, HeedsAClockThatIsSetAndWhatOthersHaveAcknowledged) {
+    store.options.SetAlarmSet(0);
+    reminder->Start();
+    const std::int64_t id = Import(
+        "BEGIN:VALARM\nACTION:DISPLAY\nTRIGGER;VALUE=DATE-TIME:20261126T090000Z\n"
+        "END:VALARM\n");
+    reminder->Look();
+    clock.Set("2026-11-27T09:00:00");
+    EXPECT_EQ(std::exchange(told, ""), "Reminder of 1 to-do\nCall");
+    store.Change(id, [](CToDoRecord& record) {
+        EditToDoText(record, [](ToDoText& text) {
+            const std::int64_t now = CTime::GetCurrentTime().GetTime();
+            return SnoozeReminders(text, now, now, now + 600);
+        });
+    });
+    reminder->Forget(id);
+    reminder->Look();
+    EXPECT_EQ(clock.Wake(), "2026-11-27T09:10:00");
+    store.Change(id, [](CToDoRecord& record) {
+        EditToDoText(record, [](ToDoText& text) {
+            const std::int64_t later = CTime::GetCurrentTime().GetTime() + 600;
+            return AcknowledgeReminders(text, later, later);
+        });
+    });
+    reminder->Forget(id);
+    reminder->Look();
+    EXPECT_EQ(clock.Wake(), "");
+    EXPECT_EQ(told, "");
+}
+
+TEST_F(ReminderTest, OnlyWhatIsShownWholeCanBeCompletedFromANote) {
+    store.Add("Write", "2026-11-25T10:00:00");
+    Look();
+    EXPECT_EQ(last.buttons.size(), 5U);
+    const std::optional<ReminderAnswer> answer = ReminderAnswer::Of(last.buttons[0].answer);
+    ASSERT_TRUE(answer);
+    EXPECT_EQ(answer->kind, ReminderAnswer::Kind::Complete);
+    EXPECT_EQ(answer->ids, std::vector<std::int64_t>{1});
+    store.options.SetShowingPrivate(0);
+    store.Add("Xanadu", "2026-11-25T10:00:00", true);
+    Look();
+    EXPECT_EQ(last.buttons.size(), 4U);
+    EXPECT_FALSE(ReminderAnswer::Of("default"));
 }
 
 }  // namespace

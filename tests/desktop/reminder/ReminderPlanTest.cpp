@@ -3,7 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <desktop/reminder/DueReminders.h>
+#include <desktop/reminder/ReminderPlan.h>
+#include <platform/settings/SettingsFixture.h>
 
 #include "ToDoStore.h"
 
@@ -12,15 +13,19 @@ namespace {
 
 using testing::ElementsAre;
 
+using ReminderPlans = SettingsFixture;
+
 std::vector<std::string> Reminded(ToDoStore& store) {
     std::vector<std::string> texts;
-    for (const DueReminder& reminder : DueReminders(store.engine, store.options)) {
+    ReminderPlan plan(store.toDos, store.options);
+    ToldReminders told("/orvo.db");
+    for (const DueReminder& reminder : plan.Take(CTime::GetCurrentTime().GetTime(), told)) {
         texts.push_back(reminder.description);
     }
     return texts;
 }
 
-TEST(DueReminders, ComeTheAdvanceBeforeTheToDoIsDue) {
+TEST_F(ReminderPlans, ComeTheAdvanceBeforeTheToDoIsDue) {
     struct {
         const char* why;
         const char* due;
@@ -50,7 +55,7 @@ TEST(DueReminders, ComeTheAdvanceBeforeTheToDoIsDue) {
     }
 }
 
-TEST(DueReminders, AreForWhatIsOpenAndHasADate) {
+TEST_F(ReminderPlans, AreForWhatIsOpenAndHasADate) {
     ToDoStore store;
     store.Add("without a date", "");
     const std::int64_t done = store.Add("done", "2026-11-25");
@@ -62,7 +67,7 @@ TEST(DueReminders, AreForWhatIsOpenAndHasADate) {
     EXPECT_THAT(Reminded(store), ElementsAre("open"));
 }
 
-TEST(DueReminders, TheFirstDueComesFirst) {
+TEST_F(ReminderPlans, TheFirstDueComesFirst) {
     ToDoStore store;
     store.Add("at ten", "2026-11-25T10:00:00");
     store.Add("as work begins", "2026-11-25");
@@ -71,7 +76,7 @@ TEST(DueReminders, TheFirstDueComesFirst) {
     EXPECT_THAT(Reminded(store), ElementsAre("at eight", "as work begins", "at ten"));
 }
 
-TEST(DueReminders, KeepTheTextOfAPrivateToDoUnlessItIsShown) {
+TEST_F(ReminderPlans, KeepTheTextOfAPrivateToDoUnlessItIsShown) {
     ToDoStore store;
     store.Add("Xanadu", "2026-11-25", true);
     EXPECT_THAT(Reminded(store), ElementsAre("Xanadu"));
