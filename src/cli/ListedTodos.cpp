@@ -6,6 +6,7 @@
 #include <cli/IdentityView.h>
 #include <cli/ListColumns.h>
 #include <cli/ListedTodos.h>
+#include <cli/ToDoDetailsView.h>
 #include <contracts/Dates.h>
 #include <orvoshare/resources/StringTable.h>
 #include <orvoshare/todo/TodoDates.h>
@@ -17,25 +18,6 @@ Json DayAsJson(long date) {
     const CTime day(date);
     return fmt::format("{:04}-{:02}-{:02}", day.GetYear(), day.GetMonth(), day.GetDay());
 }
-
-namespace {
-
-// The start is a day where it has no time; the parent is named by its uid.
-void AddDetails(const CToDoRecord& record, Json& json) {
-    const ToDoDetails details = record.GetDetails();
-    const auto text = [](const std::string& value) { return value.empty() ? Json() : Json(value); };
-    json["recurrence"] = text(details.recurrence);
-    json["start"] = nullptr;
-    if (details.start) {
-        const bool isDay =
-            details.start->hour == 0 && details.start->minute == 0 && details.start->second == 0;
-        json["start"] = isDay ? FormatIsoDay(*details.start) : FormatIso(*details.start);
-    }
-    json["percent"] = details.percent;
-    json["parent"] = text(details.parent);
-}
-
-}  // namespace
 
 Json TodoAsJson(TodoView& view, int row) {
     CTodoListbox& list = view.List();
@@ -56,7 +38,7 @@ Json TodoAsJson(TodoView& view, int row) {
     json["due"] = DayAsJson(due);
     json["overdue"] = due != kMaxDate && !isCompleted && IsDueYesterdayOrEarlier(due) != 0;
     json["completed"] = isCompleted;
-    AddDetails(record, json);
+    AddToDoDetails(record, json);
     json["category"] = StoredCategoryName(record.GetTable(), record);
     json["private"] = record.IsPrivate() != 0;
     AddIdentity(record, json);

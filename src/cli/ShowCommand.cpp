@@ -14,6 +14,7 @@
 #include <cli/ListedTodos.h>
 #include <cli/Output.h>
 #include <cli/PersonView.h>
+#include <cli/ToDoDetailsView.h>
 #include <contracts/Dates.h>
 #include <orvoshare/resources/StringTable.h>
 #include <people/PersonReader.h>
@@ -122,6 +123,7 @@ Json AsJson(Store& store, const CToDoRecord& record, ExitCode& code) {
               {"category", StoredCategoryName(store.ToDos(), record)},
               {"private", record.IsPrivate() != 0},
               {"archived", record.IsArchived() != 0}};
+    AddToDoDetails(record, json);
     AddIdentity(record, json);
     return json;
 }
@@ -135,6 +137,7 @@ void PrintAsText(Store& store, const CToDoRecord& record, ExitCode& code) {
     PrintField("Description", json["description"]);
     PrintField("Priority", fmt::format("{}", json["priority"].get<int>()));
     printDay("Due", "due");
+    PrintToDoDetails(record);
     if (record.IsCompleted()) PrintField("Completed", "yes");
     printDay("Completed on", "completedOn");
     PrintField("Note", json["note"]);

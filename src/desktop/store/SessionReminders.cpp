@@ -56,14 +56,14 @@ SessionReminders::SessionReminders(StoreSession& session, const COrvoDesktopOpti
     : m_session(session),
       m_toDos(session.ToDos(), options, session.Path(), m_toDoClock, tell),
       m_birthdays(session.Days(), options, session.Path(), m_birthdayClock, tell) {
-    m_session.SetRecordListener([this](TableKind kind, std::optional<std::int64_t> id) {
+    m_session.SetRecordListener(this, [this](TableKind kind, std::optional<std::int64_t> id) {
         if (kind == TableKind::ToDo) return m_toDos.Forget(id);
         m_birthdays.Forget();
     });
 }
 
 SessionReminders::~SessionReminders() {
-    m_session.SetRecordListener(nullptr);
+    m_session.SetRecordListener(this, nullptr);
 }
 
 void SessionReminders::Start() {

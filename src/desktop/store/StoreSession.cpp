@@ -170,9 +170,9 @@ void StoreSession::Forget(TableKind kind, std::optional<std::int64_t> id) {
         id ? m_groups.Forget(*id) : m_groups.Clear();
         id ? m_days.Forget(*id) : m_days.Clear();
     }
-    const RowListener& listener = m_rowListeners[static_cast<std::size_t>(kind)];
-    if (listener) listener(id);
-    if (m_recordListener) m_recordListener(kind, id);
+    for (const auto& [owner, listener] : m_recordListeners) {
+        if (listener) listener(kind, id);
+    }
 }
 
 ForeignRows StoreSession::TakeForeignChanges() {

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -69,15 +70,12 @@ public:
     // ended early.
     void SetFailureListener(const std::function<void(const std::string&)>& listener);
 
-    // Called after a row may have become another, or with no id all of the table.
-    using RowListener = std::function<void(std::optional<std::int64_t> id)>;
-    void SetRowListener(TableKind kind, RowListener listener) {
-        m_rowListeners[static_cast<std::size_t>(kind)] = std::move(listener);
-    }
-
     // Called after a record of either table may have become another, or with no id all of them.
+    // Each owner has one; an empty function takes it away.
     using RecordListener = std::function<void(TableKind kind, std::optional<std::int64_t> id)>;
-    void SetRecordListener(RecordListener listener) { m_recordListener = std::move(listener); }
+    void SetRecordListener(const void* owner, RecordListener listener) {
+        m_recordListeners[owner] = std::move(listener);
+    }
 
     // The texts by which records are found, as far as they were asked for since they changed.
     FindIndex& FindTexts(TableKind kind) { return m_findTexts[static_cast<std::size_t>(kind)]; }
@@ -121,8 +119,7 @@ private:
     std::array<FindIndex, 2> m_findTexts;
     GroupIndex m_groups;
     DayIndex m_days;
-    std::array<RowListener, 2> m_rowListeners;  // by their TableKind
-    RecordListener m_recordListener;
+    std::map<const void*, RecordListener> m_recordListeners;  // by their owners
     std::vector<std::string> m_damage;
 };
 

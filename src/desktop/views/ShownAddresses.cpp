@@ -49,8 +49,9 @@ bool ShownAddresses::Create(CWnd& parent, CLookupEdit& box, CCategoryCombo& cate
     if (m_list.ReadHeaderColumnInfo(kListSection, 0) == 0) m_list.ShowDefaultHeading();
     m_list.SetRowPictures(&m_faces);
     m_cards.SetCardPictures(&m_faces);
-    m_session.SetRowListener(TableKind::Address,
-                             [this](std::optional<std::int64_t> id) { m_faces.Forget(id); });
+    m_session.SetRecordListener(this, [this](TableKind kind, std::optional<std::int64_t> id) {
+        if (kind == TableKind::Address) m_faces.Forget(id);
+    });
     m_list.DV_SetEdit(&box);
     m_cards.DV_SetEdit(&box);
     m_list.ShowWindow(0);

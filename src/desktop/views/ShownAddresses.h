@@ -15,7 +15,7 @@ namespace orvo::desktop {
 class ShownAddresses : public ShownRows {
 public:
     using ShownRows::ShownRows;
-    ~ShownAddresses() override { m_session.SetRowListener(TableKind::Address, nullptr); }
+    ~ShownAddresses() override { m_session.SetRecordListener(this, nullptr); }
     ShownAddresses(const ShownAddresses&) = delete;
     ShownAddresses& operator=(const ShownAddresses&) = delete;
 

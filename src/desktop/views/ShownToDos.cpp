@@ -41,8 +41,8 @@ eSortOrder OrderOfColumn(int column, eSortOrder present) {
 ShownToDos::ShownToDos(StoreSession& session, const COrvoDesktopOptions& options,
                        std::function<void()> changed)
     : ShownRows(session, options, std::move(changed)) {
-    m_session.SetRowListener(TableKind::ToDo, [this](std::optional<std::int64_t> id) {
-        if (id) NoteOwnChange(*id);
+    m_session.SetRecordListener(this, [this](TableKind kind, std::optional<std::int64_t> id) {
+        if (kind == TableKind::ToDo && id) NoteOwnChange(*id);
     });
     m_ownChangeTimer.setSingleShot(true);
     QObject::connect(&m_ownChangeTimer, &QTimer::timeout, [this] { TakeOwnChanges(); });

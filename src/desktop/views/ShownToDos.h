@@ -22,7 +22,7 @@ class ShownToDos : public ShownRows {
 public:
     ShownToDos(StoreSession& session, const COrvoDesktopOptions& options,
                std::function<void()> changed);
-    ~ShownToDos() override { m_session.SetRowListener(TableKind::ToDo, nullptr); }
+    ~ShownToDos() override { m_session.SetRecordListener(this, nullptr); }
 
     // Makes the window of the list inside of the parent; the combo outlives it.
     // Returns:  false where that can't be done.

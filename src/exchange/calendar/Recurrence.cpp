@@ -9,6 +9,8 @@
 #include <exchange/calendar/Recurrence.h>
 #include <exchange/calendar/SeriesDates.h>
 #include <exchange/calendar/SeriesLines.h>
+#include <exchange/calendar/ToDoFields.h>
+#include <exchange/lines/EntryReader.h>
 #include <platform/time/TimeZone.h>
 
 namespace orvo {
@@ -250,7 +252,15 @@ std::vector<Override> OverridesOf(const ToDoText& series) {
     std::vector<Override> overrides;
     for (const SeriesPart& part : lines.Parts()) {
         const SeriesLine* id = part.Find("RECURRENCE-ID");
-        if (id) overrides.push_back({clock.Read(id->line), SeriesLines::Text(part)});
+        if (!id) continue;
+        Override found{clock.Read(id->line), SeriesLines::Text(part), {}};
+        EntryReader reader(found.text);
+        if (Entry toDo; reader.Next(toDo)) {
+            const ToDoFields fields = DeriveToDo(toDo.lines, Dialect::Calendar20, {}, clock);
+            found.description = fields.description;
+            found.isCompleted = fields.isCompleted;
+        }
+        overrides.push_back(std::move(found));
     }
     std::stable_sort(overrides.begin(), overrides.end(),
                      [](const Override& left, const Override& right) {

@@ -35,6 +35,8 @@ std::vector<CalendarDate> NextDates(const ToDoText& series, std::size_t most);
 struct Override {
     std::optional<CalendarDate> date;  // its place in the series; nothing where it says none
     std::string text;                  // its VTODO
+    std::string description;           // UTF-8
+    bool isCompleted = false;
 };
 // Those of the series in the order of their dates.
 std::vector<Override> OverridesOf(const ToDoText& series);
