@@ -157,8 +157,11 @@ class ReminderTest(DesktopCase):
 
         with self.window():
             for is_on in (True, False):
-                options = self.dialog("Options", "ctrl+comma")
-                self.screen.keys("ctrl+shift+Tab", "ctrl+shift+Tab", "alt+o", "Return")
+                self.dialog("Options", "ctrl+comma")
+                self.screen.keys("ctrl+shift+Tab", "ctrl+shift+Tab")
+                self.screen.after("the box is pressed", lambda: self.screen.keys("alt+o"))
+                self.screen.at_rest()  # it is checked once it is released
+                self.screen.keys("Return")
                 self.until_alone("the dialog")
                 until("the service", lambda: (".Reminders" in names()) == is_on)
                 files = list(file.glob("*.desktop"))

@@ -82,8 +82,8 @@ void SessionBus::Serve() {
         while (m_connection->processPendingRequest()) {
         }
     } catch (const sdbus::Error&) {
-        // The bus has gone.
         m_notifier.setEnabled(false);
+        if (m_ended) m_ended();
     }
 }
 

@@ -29,11 +29,15 @@ public:
     void WatchName(const std::string& name, const std::function<void(bool hasOwner)>& changed);
     bool HasOwner(const std::string& name);
 
+    // Called once the bus has gone.
+    void SetEndListener(std::function<void()> listener) { m_ended = std::move(listener); }
+
 private:
     explicit SessionBus(std::unique_ptr<sdbus::IConnection> connection);
     void Serve();
 
     std::unique_ptr<sdbus::IConnection> m_connection;
+    std::function<void()> m_ended;
     Descriptor m_descriptor;
     QSocketNotifier m_notifier;
     QTimer m_soon;   // what has come while an answer was waited for isn't in the socket any more

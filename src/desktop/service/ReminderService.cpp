@@ -63,6 +63,7 @@ bool ReminderService::Start() {
     m_notifications = std::make_unique<Notifications>(
         [this](const std::string& answer, const std::string& token) { Answer(answer, token); },
         [this](const Note& note) { ShowOwn(note); });
+    m_bus->SetEndListener([this] { m_hooks.end(0); });
     const std::string window = InstanceName(m_store);
     m_bus->WatchName(window, [this](bool hasOwner) {
         m_hasWindow = hasOwner;
