@@ -111,6 +111,7 @@ class SoundTest(DesktopCase):
             until("the reminder", lambda: self.screen.window(REMINDER))
             self.ears.hear("the reminder")
         self.ears.hear_nothing_after("the end")
+        self.home.orvo("todo", "add", TO_DO, "--due", "2026-11-25")  # the first one was told
         with running(["dunst"], self.environment()):
             until("the notification service", lambda: self.ask_service("freedesktop.Notifications.GetServerInformation"))
             with self.remind():

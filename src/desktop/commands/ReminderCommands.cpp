@@ -2,8 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include <desktop/commands/ReminderCommands.h>
 #include <desktop/instance/BackgroundReminders.h>
+#include <desktop/options/DesktopPreferences.h>
 #include <desktop/reminder/NoteWindow.h>
 #include <desktop/texts/Problems.h>
+#include <platform/text/SystemText.h>
+#include <platform/window/base/PlaySound.h>
 
 namespace orvo::desktop {
 
@@ -17,9 +20,8 @@ void ReminderCommands::Start() {
             ShowNote(&m_context.Window(), note,
                      [this](const std::string& answer) { Answer(answer, {}); });
         });
-    m_reminders = std::make_unique<SessionReminders>(
-        m_context.Session(), m_context.Options(),
-        [this](const Note& note) { m_notifications->Show(note); });
+    m_reminders = std::make_unique<SessionReminders>(m_context.Session(), m_context.Options(),
+                                                     [this](const Note& note) { Tell(note); });
     m_reminders->Start();
     StartRemindersInBackground(m_context.Session().Path());
 }
@@ -32,6 +34,12 @@ void ReminderCommands::Stop() {
 
 void ReminderCommands::TakeOptions() {
     if (m_reminders) m_reminders->TakeOptions();
+}
+
+void ReminderCommands::Tell(const Note& note) {
+    m_notifications->Show(note);
+    const std::string sound = note.sounds ? ReminderSound() : std::string();
+    if (!sound.empty()) PlaySoundA(SystemText(sound), nullptr, SND_FILENAME | SND_ASYNC);
 }
 
 void ReminderCommands::Answer(const std::string& text, const std::string& token) {

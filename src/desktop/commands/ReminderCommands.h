@@ -22,6 +22,7 @@ public:
     void TakeOptions();
 
 private:
+    void Tell(const Note& note);
     void Answer(const std::string& text, const std::string& token);
 
     CommandContext& m_context;

@@ -32,6 +32,7 @@ struct Note {
     };
     QString title;
     QString body;
+    bool sounds = false;  // with the sound that the user has chosen
     std::vector<Button> buttons{};
     std::string opened{};  // the answer of a click on the message itself; empty for none
     std::string closed{};  // the answer where the user closes it; empty for none

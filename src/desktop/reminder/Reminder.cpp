@@ -4,20 +4,21 @@
 #include <QLocale>
 #include <QStringList>
 #include <algorithm>
-#include <span>
 
-#include <desktop/options/DesktopPreferences.h>
 #include <desktop/reminder/Reminder.h>
 #include <desktop/texts/Texts.h>
 #include <orvoshare/shared/DataSetClaim.h>
-#include <platform/text/SystemText.h>
-#include <platform/window/base/PlaySound.h>
 
 namespace orvo::desktop {
 namespace {
 
-// Milliseconds after a change in which others may follow.
-constexpr int kSoon = 50;
+// The window comes first.
+constexpr std::chrono::milliseconds kFirstWait{500};
+// After a change others may follow.
+constexpr std::chrono::milliseconds kSoon{50};
+// Between two moments in which to-dos are read.
+constexpr std::chrono::milliseconds kReadPause{30};
+constexpr std::chrono::milliseconds kReadInAMoment{10};
 constexpr std::size_t kMostNamed = 10;
 // More that come at once are told together.
 constexpr std::size_t kMostNotes = 3;
@@ -65,14 +66,14 @@ Reminder::Reminder(CToDoTable& toDos, const COrvoDesktopOptions& options, const 
       m_clock(clock),
       m_tell(std::move(tell)) {
     m_soon.setSingleShot(true);
-    QObject::connect(&m_soon, &QTimer::timeout, [this] { Look(); });
+    QObject::connect(&m_soon, &QTimer::timeout, [this] { Work(); });
     m_clock.SetListener([this] { Look(); });
 }
 
 void Reminder::Start() {
     m_isOn = true;
     m_plan.Clear();
-    Look();
+    m_soon.start(kFirstWait);
 }
 
 void Reminder::Stop() {
@@ -86,6 +87,11 @@ void Reminder::Forget(std::optional<std::int64_t> id) {
     if (m_isOn && !m_soon.isActive()) m_soon.start(kSoon);
 }
 
+void Reminder::Work() {
+    if (m_plan.Read(kReadInAMoment, m_told)) return Look();
+    m_soon.start(kReadPause);
+}
+
 // Kept before it is told: a program that ends in between has rather lost one than told it for ever.
 void Reminder::Look() {
     if (!m_isOn) return;
@@ -93,8 +99,6 @@ void Reminder::Look() {
     if (!news.empty()) {
         m_told.Keep();
         TellAll(news, m_isFirst || news.size() > kMostNotes);
-        const std::string sound = ReminderSound();
-        if (!sound.empty()) PlaySoundA(SystemText(sound), nullptr, SND_FILENAME | SND_ASYNC);
     }
     m_isFirst = false;
     m_clock.WakeAt(m_plan.Next());
@@ -102,7 +106,11 @@ void Reminder::Look() {
 
 void Reminder::TellAll(const std::vector<DueReminder>& reminders, bool isTogether) const {
     if (isTogether) return m_tell(NoteOf(reminders));
-    for (const DueReminder& reminder : reminders) m_tell(NoteOf({reminder}));
+    for (const DueReminder& reminder : reminders) {
+        Note note = NoteOf({reminder});
+        note.sounds = reminder.id == reminders.front().id;
+        m_tell(note);
+    }
 }
 
 Note Reminder::NoteOf(const std::vector<DueReminder>& reminders) const {
@@ -120,6 +128,7 @@ Note Reminder::NoteOf(const std::vector<DueReminder>& reminders) const {
     };
     Note note{CountText("Reminder of %1 to-do", "Reminder of %1 to-dos", std::ssize(reminders)),
               Body(reminders)};
+    note.sounds = true;
     if (reminders.size() == 1 && isWhole) {
         note.buttons.push_back({Text("Complete"), text(Kind::Complete)});
     }

@@ -14,8 +14,7 @@
 namespace orvo::desktop {
 
 // Tells each reminder once on this machine: together what has come while nothing ran, then each
-// when it comes, unless many come at once. It plays the sound that the user has chosen. Between
-// reminders it sleeps.
+// when it comes, unless many come at once. Between reminders it sleeps.
 class Reminder {
 public:
     using Tell = std::function<void(const Note&)>;
@@ -25,7 +24,8 @@ public:
     Reminder(CToDoTable& toDos, const COrvoDesktopOptions& options, const std::string& store,
              WakeClock& clock, Tell tell);
 
-    // From now on it tells, what has come already at once.
+    // From now on it tells, what has come already soon. To-dos that aren't read yet are read
+    // meanwhile, bit by bit.
     void Start();
     void Stop();
 
@@ -36,6 +36,7 @@ public:
 
 private:
     Note NoteOf(const std::vector<DueReminder>& reminders) const;
+    void Work();
     void TellAll(const std::vector<DueReminder>& reminders, bool isTogether) const;
 
     ReminderPlan m_plan;
@@ -43,7 +44,7 @@ private:
     std::string m_store;  // DataSetUser
     WakeClock& m_clock;
     Tell m_tell;
-    QTimer m_soon;  // runs while something has changed since the last look
+    QTimer m_soon;  // runs while something is to be read
     bool m_isOn = false;
     bool m_isFirst = true;
 };

@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <optional>
 #include <set>
 #include <string>
@@ -40,25 +42,36 @@ public:
 
     // The to-do isn't as it was; none is.
     void Forget(std::int64_t id) { m_forgotten.insert(id); }
-    void Clear() { m_isRead = false; }
+    void Clear();
 
-    // What has come up to the moment and wasn't told, by the time at which it is due; told from
-    // then on.
+    // Reads what isn't read yet, for about that time.
+    // Returns:  false where more is to be read.
+    bool Read(std::chrono::milliseconds time, const ToldReminders& told);
+
+    // Reads the rest. What has come up to the moment and wasn't told, by the time at which it is
+    // due; told from then on.
     std::vector<DueReminder> Take(std::int64_t now, ToldReminders& told);
-    // When the next one comes, as far as is known since the last Take; nothing where none does.
+    // When the next one comes, as far as to-dos are read; nothing where none does.
     std::optional<std::int64_t> Next() const;
 
 private:
     std::vector<ToDoReminder> RemindersOf(const CToDoRecord& record) const;
+    void AddGeneral(const std::optional<CivilTime>& due,
+                    std::vector<ToDoReminder>& reminders) const;
     void Plan(const CToDoRecord& record, const ToldReminders& told);
-    void Read(const ToldReminders& told);
-    std::optional<DueReminder> TakeOne(std::int64_t id, std::int64_t now, ToldReminders& told);
+    void PlanRow(const StoredRow& row, const ToldReminders& told);
+    void PlanNext(std::int64_t id, const std::vector<ToDoReminder>& reminders,
+                  const ToldReminders& told);
+    bool Step(const ToldReminders& told);
+    std::optional<DueReminder> TakeOne(std::int64_t id, std::int64_t before, std::int64_t now,
+                                       ToldReminders& told);
 
     CToDoTable& m_toDos;
     const COrvoDesktopOptions& m_options;
     std::map<std::int64_t, std::int64_t> m_next;  // by the ids
     std::set<std::int64_t> m_forgotten;
-    bool m_isRead = false;
+    std::unique_ptr<StoreCursor> m_walk;  // while the table is being read
+    bool m_isWalked = false;
 };
 
 }  // namespace orvo::desktop

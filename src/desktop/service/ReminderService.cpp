@@ -2,11 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include <QFileInfo>
 #include <QFileSystemWatcher>
+#include <tuple>
 #include <utility>
 
 #include <fmt/format.h>
 
 #include <desktop/instance/BackgroundReminders.h>
+#include <desktop/options/DesktopPreferences.h>
 #include <desktop/service/ReminderService.h>
 #include <desktop/texts/Problems.h>
 #include <desktop/texts/Texts.h>
@@ -26,6 +28,14 @@ COrvoDesktopOptions LoadLocked() {
     return options;
 }
 
+// What reminders depend on.
+using OptionsInUse = std::tuple<int, int, int, int, Privacy>;
+
+OptionsInUse InUse(const COrvoDesktopOptions& options) {
+    return {options.IsAlarmSet(), options.GetAlarmAdvance(), options.GetAlarmAdvUnit(),
+            options.GetWorkDayBegins(), PrivacyOf(options)};
+}
+
 }  // namespace
 
 // What is held while no window is open.
@@ -40,6 +50,7 @@ struct ReminderService::Work {
     std::unique_ptr<StoreSession> session;
     COrvoDesktopOptions options;
     SessionReminders reminders;
+    std::optional<int> birthdayAdvance = BirthdayAdvance();
     StoreWatch watch;
     QFileSystemWatcher settings;
 };
@@ -93,8 +104,7 @@ bool ReminderService::Begin() {
         return false;
     }
     m_work = std::make_unique<Work>(
-        std::move(session), [this](const Note& note) { m_notifications->Show(note); },
-        [this] { LookAtStore(); });
+        std::move(session), [this](const Note& note) { Tell(note); }, [this] { LookAtStore(); });
     m_work->watch.Start(false);
     m_work->settings.addPath(QFileInfo(FromUtf8(SettingsStore::Path())).path());
     QObject::connect(&m_work->settings, &QFileSystemWatcher::directoryChanged, &m_change,
@@ -112,10 +122,19 @@ void ReminderService::LookAtStore() {
     }
 }
 
+// Reminders that were told are kept among the settings, too.
 void ReminderService::LookAtOptions() {
-    COrvoDesktopOptions options = LoadLocked();
-    m_work->options = options;
+    const OptionsInUse before = InUse(m_work->options);
+    const std::optional<int> advance = std::exchange(m_work->birthdayAdvance, BirthdayAdvance());
+    m_work->options = LoadLocked();
+    if (InUse(m_work->options) == before && m_work->birthdayAdvance == advance) return;
     m_work->reminders.TakeOptions();
+}
+
+void ReminderService::Tell(const Note& note) {
+    m_notifications->Show(note);
+    const std::string sound = note.sounds ? ReminderSound() : std::string();
+    if (!sound.empty()) m_sound.Play(FromUtf8(sound));
 }
 
 void ReminderService::Take(const StartRequest& request) {

@@ -10,6 +10,7 @@
 #include <desktop/reminder/Notifications.h>
 #include <desktop/store/SessionReminders.h>
 #include <desktop/store/StoreWatch.h>
+#include <platform/qt/QtSound.h>
 
 namespace orvo::desktop {
 
@@ -48,6 +49,7 @@ private:
     bool Begin();
     void LookAtStore();
     void LookAtOptions();
+    void Tell(const Note& note);
     void ShowOwn(const Note& note);
     void Answer(const std::string& text, const std::string& token);
     void Open(const ReminderAnswer& answer, const std::string& token) const;
@@ -57,7 +59,8 @@ private:
     std::unique_ptr<SessionBus> m_bus;
     std::unique_ptr<Notifications> m_notifications;
     std::unique_ptr<Work> m_work;  // while no window is open
-    QTimer m_change;               // runs once a window has come or gone
+    QtSound m_sound;
+    QTimer m_change;  // runs once a window has come or gone
     bool m_hasWindow = false;
 };
 

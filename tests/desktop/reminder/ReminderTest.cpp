@@ -55,6 +55,7 @@ protected:
     std::string Look() {
         told.clear();
         reminder->Start();
+        reminder->Look();
         return told;
     }
 
@@ -89,7 +90,7 @@ protected:
 TEST_F(ReminderTest, TellsOnceTogetherWhatHasPassed) {
     store.Add("Write", "2026-11-24T08:00:00");
     store.Add("Paint\nthe\tdoor", "2026-11-25");
-    reminder->Start();
+    Look();
     EXPECT_THAT(told, HasSubstr("Reminder of 2 to-dos\nWrite (due 24 Nov 2026 08:00:00)\n"
                                 "Paint the door (due 25 Nov 2026)"));
     EXPECT_EQ(Look(), "");
@@ -119,6 +120,17 @@ TEST_F(ReminderTest, AsLongAsTheOptionIsOffNothingCountsAsTold) {
     EXPECT_NE(Look(), "");
 }
 
+TEST_F(ReminderTest, AnyNumberIsToldAndToldOnce) {
+    for (int i = 0; i < 450; ++i) store.Add("Write", "2026-11-25T10:00:00");
+    EXPECT_THAT(Look(), HasSubstr("Reminder of 450 to-dos"));
+    reminder.reset();
+    reminder = Make();
+    store.Add("Paint", "2026-11-25T10:05:01");
+    EXPECT_EQ(Look(), "");
+    store.SetNow("2026-11-25T10:00:01");
+    EXPECT_THAT(Look(), HasSubstr("Reminder of 1 to-do\nPaint"));
+}
+
 TEST_F(ReminderTest, OfManyTheFirstTenAreNamed) {
     for (int i = 0; i < 13; ++i) store.Add("Write", "2026-11-25T10:00:00");
     EXPECT_THAT(Look(), HasSubstr("and 3 other to-dos"));
@@ -141,7 +153,7 @@ TEST_F(ReminderTest, NamesNoPrivateToDoThatIsHidden) {
 
 TEST_F(ReminderTest, WakesOnlyForReminders) {
     store.options.SetAlarmSet(0);
-    reminder->Start();
+    Look();
     EXPECT_EQ(clock.Wake(), "");
     Import(
         "DUE:20261125T120000\nBEGIN:VALARM\nACTION:DISPLAY\nTRIGGER:-PT1H\nREPEAT:1\n"
