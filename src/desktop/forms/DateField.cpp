@@ -1,7 +1,6 @@
 // A date, or none, in a form.
 // SPDX-License-Identifier: MIT
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QLocale>
 #include <algorithm>
 
@@ -57,14 +56,22 @@ DateField::DateField(const QString& text, long date, const CivilTime& preset, bo
     row->addWidget(&m_box);
     row->addWidget(&m_day);
     if (m_hasTime) row->addWidget(&m_time);
+    row->addWidget(&m_remark);
+    m_remark.hide();
     row->addStretch();
     setFocusProxy(&m_box);
 }
 
 void DateField::SetRemark(const QString& remark) {
-    static_cast<QHBoxLayout*>(layout())->insertWidget(layout()->count() - 1, new QLabel(remark));
+    m_remark.setText(remark);
+    m_remark.show();
     m_box.setAccessibleDescription(remark);
     m_day.setAccessibleDescription(remark);
+}
+
+void DateField::SetListener(const std::function<void()>& listener) {
+    connect(&m_box, &QCheckBox::toggled, this, [listener] { listener(); });
+    connect(&m_day, &QDateEdit::dateChanged, this, [listener] { listener(); });
 }
 
 std::optional<CivilTime> DateField::Value() const {

@@ -4,8 +4,10 @@
 
 #include <QCheckBox>
 #include <QDateEdit>
+#include <QLabel>
 #include <QTimeEdit>
 #include <QWidget>
+#include <functional>
 #include <optional>
 
 #include <desktop/forms/StillWheel.h>
@@ -35,6 +37,9 @@ public:
     // Says in words behind the day what a colour says elsewhere, such as that it is overdue.
     void SetRemark(const QString& remark);
 
+    // Called when the user, or SetHasDate, has changed it.
+    void SetListener(const std::function<void()>& listener);
+
     void SetHasDate(bool hasDate) { m_box.setChecked(hasDate); }
     bool HasDate() const { return m_box.isChecked(); }
 
@@ -44,6 +49,7 @@ private:
     QCheckBox m_box;
     StillWheel<QDateEdit> m_day;
     StillWheel<QTimeEdit> m_time;
+    QLabel m_remark;
     bool m_hasTime;
 };
 

@@ -9,6 +9,7 @@
 #include <desktop/forms/FormDialog.h>
 #include <desktop/forms/RemindersField.h>
 #include <desktop/forms/SavedFields.h>
+#include <desktop/forms/ToDoDates.h>
 #include <desktop/forms/ToDoForm.h>
 #include <desktop/texts/Texts.h>
 #include <platform/time/CTime.h>
@@ -146,7 +147,7 @@ void ToDoForm::AddDates(QGridLayout& grid) {
          [=](CToDoRecord& record) { return DateField::TextOf(dateOf(record)); },
          [due] { return DateField::TextOf(due->Date()); },
          [=](CToDoRecord& record, bool keepsMine) { due->Give(dateOf(record), keepsMine); }});
-    grid.addWidget(due, 3, 1);
+    AddToDoDates(m_saver, m_record, *due, Today(), grid, 3);
     AddCompleted(grid);
 }
 

@@ -1,11 +1,15 @@
 // The form of a to-do.
 // SPDX-License-Identifier: MIT
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDateEdit>
+#include <QLabel>
+#include <QSpinBox>
 #include <QTimeEdit>
 
 #include <desktop/forms/FormFixture.h>
 #include <desktop/forms/ToDoForm.h>
+#include <exchange/calendar/SeriesEdits.h>
 #include <platform/time/CTime.h>
 #include <platform/time/ZonedTest.h>
 
@@ -104,17 +108,57 @@ TEST_F(ToDoFormTest, CompletingTakesTodayAndUndoingDropsIt) {
     EXPECT_EQ(CompletionDateOf(*Stored()), maxDate());
 }
 
-TEST_F(ToDoFormTest, CompletingASeriesIsAskedAboutAndLeavesTheFormWhereItIsNotWanted) {
-    record.SetSource("BEGIN:VTODO\r\nRRULE:FREQ=DAILY\r\nEND:VTODO\r\n", "");
+std::string RuleOf(const CToDoRecord& record) {
+    return std::string(record.Recurrence());
+}
+
+TEST_F(ToDoFormTest, HowAToDoRepeatsIsChosenAndCountedFromItsDueDate) {
+    const auto choose = [](int kind) {
+        return
+            [kind](QDialog& form) { Field<QComboBox>(form, "repeatKind").setCurrentIndex(kind); };
+    };
+    Save([&](QDialog& form) {
+        choose(2)(form);
+        EXPECT_TRUE(Field<QWidget>(form, "due").findChild<QCheckBox*>()->isChecked());
+        DayOf(form, "due").setDate(QDate(2026, 5, 8));
+        Field<QSpinBox>(form, "repeatEach").setValue(2);
+        Field<QComboBox>(form, "repeatEnd").setCurrentIndex(2);
+        EXPECT_EQ(Field<QLabel>(form, "repeatWords").text(), "every second Friday, 10 times");
+    });
+    EXPECT_EQ(RuleOf(*Stored()), "FREQ=WEEKLY;INTERVAL=2;BYDAY=FR;COUNT=10");
+
+    Save([&](QDialog& form) {
+        choose(3)(form);
+        Field<QComboBox>(form, "repeatPlace").setCurrentIndex(1);
+        Field<QComboBox>(form, "repeatEnd").setCurrentIndex(1);
+        Field<QDateEdit>(form, "repeatUntil").setDate(QDate(2027, 12, 31));
+        Check(form, "start");
+    });
+    EXPECT_EQ(RuleOf(*Stored()), "FREQ=MONTHLY;INTERVAL=2;BYDAY=2FR;UNTIL=20271231");
+    long start = 0;
+    Stored()->GetStartDate(start);
+    EXPECT_EQ(start, At(2026, 5, 3));
+
+    Save(choose(0));
+    EXPECT_EQ(RuleOf(*Stored()), "");
+}
+
+TEST_F(ToDoFormTest, ARuleOfItsOwnStaysUntilAnotherIsChosen) {
+    record.SetDueDate(At(2026, 5, 8));
+    ToDoText text;
+    ASSERT_EQ(ReadToDoText(record, text), 0);
+    ASSERT_TRUE(SetRule(text, "FREQ=DAILY;BYHOUR=9"));
+    ASSERT_EQ(WriteToDoText(record, text), 0);
     own.toDos.Add(record);
 
-    ASSERT_TRUE(Edit({Pressing("Completed"), Pressing("Save"), Pressing("Cancel"),
-                      [this](QDialog& form) {
-                          EXPECT_FALSE(record.IsCompleted());
-                          desktop::Save(form);
-                      },
-                      Pressing("Complete")}));
-    EXPECT_TRUE(record.IsCompleted());
+    Save([](QDialog& form) {
+        EXPECT_EQ(Field<QComboBox>(form, "repeatKind").currentIndex(), 5);
+        Type(form, "description", "a");
+    });
+    EXPECT_EQ(RuleOf(*Stored()), "FREQ=DAILY;BYHOUR=9");
+
+    Save([](QDialog& form) { Field<QComboBox>(form, "repeatKind").setCurrentIndex(4); });
+    EXPECT_EQ(RuleOf(*Stored()), "FREQ=YEARLY");
 }
 
 }  // namespace
