@@ -170,8 +170,9 @@ void ToDoForm::AddCompleted(QGridLayout& grid) {
                  [=] { return isCompleted->IsChanged() || date->IsChanged(); },
                  [=](CToDoRecord& record) {
                      if (!isCompleted->isChecked()) return record.SetCompleted(0, 0);
-                     const long status = record.SetCompleted(1, 0);
-                     return status == 0 ? record.SetCompletionDate(date->Date()) : status;
+                     // A series moves on; the day is that of the one that is done.
+                     return record.IsCompleted() != 0 ? record.SetCompletionDate(date->Date())
+                                                      : record.CompleteOn(date->Date());
                  },
                  [=](CToDoRecord& record) {
                      return textOf(record.IsCompleted() != 0, CompletionOf(record));

@@ -1,7 +1,5 @@
-// The dates of one recurrence rule. libical reads the rule, but doesn't walk over its dates: for
-// one that never comes it would search on to the year 2582, seconds long, it passes over BYSETPOS
-// in weeks and days, and comes to a stop at hours that are listed. So each day is looked at here,
-// once. SPDX-License-Identifier: MIT
+// The dates of one recurrence rule.
+// SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <string>
 #include <vector>
@@ -147,7 +145,9 @@ std::string_view RulePart(std::string_view rule, std::string_view name) {
     return {};
 }
 
-// Walks over periods, each as long as the unit of the rule.
+// Walks over periods, each as long as the unit of the rule. libical, which reads the rule, doesn't:
+// for a date that never comes it would search on to the year 2582, seconds long, it passes over
+// BYSETPOS in weeks and days, and comes to a stop at hours that are listed.
 class RuleDates::Walk {
 public:
     Walk(const icalrecurrencetype& rule, const WallTime& start)

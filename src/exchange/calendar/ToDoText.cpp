@@ -48,13 +48,7 @@ ToDoText Stamped(const ToDoText& text) {
     return {text.timeZones, edits.Text() + text.text.substr(toDo.source.size())};
 }
 
-bool IsSameDay(long left, long right) {
-    const std::optional<CivilTime> a = CivilOfRecordDate(left);
-    const std::optional<CivilTime> b = CivilOfRecordDate(right);
-    return a && b && a->year == b->year && a->month == b->month && a->day == b->day;
-}
-
-// The category and the due moment of a day are the record's own business.
+// The category and the time of day of a due day are the record's own business.
 void KeepOwn(const CToDoRecord& record, ToDoFields& fields, Origin& origin) {
     int category = kNoCategory;
     long due = kMaxDate;
@@ -63,7 +57,12 @@ void KeepOwn(const CToDoRecord& record, ToDoFields& fields, Origin& origin) {
     if (origin.category != category) origin.listed.reset();
     origin.category = category;
     const bool isDay = fields.due.form == CalendarDate::Form::Day;
-    if (isDay && IsSameDay(due, fields.dueDate)) fields.dueDate = due;
+    const std::optional<CivilTime> own = CivilOfRecordDate(due);
+    const std::optional<CivilTime> day = CivilOfRecordDate(fields.dueDate);
+    if (isDay && own && day) {
+        fields.dueDate = static_cast<long>(
+            MomentOfCivil({day->year, day->month, day->day, own->hour, own->minute, own->second}));
+    }
     origin.due = CivilOfRecordDate(fields.dueDate);
 }
 

@@ -9,6 +9,7 @@
 
 #include <desktop/forms/FormFixture.h>
 #include <desktop/forms/ToDoForm.h>
+#include <exchange/calendar/SeriesCompletion.h>
 #include <exchange/calendar/SeriesEdits.h>
 #include <platform/time/CTime.h>
 #include <platform/time/ZonedTest.h>
@@ -138,6 +139,12 @@ TEST_F(ToDoFormTest, HowAToDoRepeatsIsChosenAndCountedFromItsDueDate) {
     long start = 0;
     Stored()->GetStartDate(start);
     EXPECT_EQ(start, At(2026, 5, 3));
+
+    CompleteSeriesByDates(own.toDos);
+    Save(Pressing("Completed"));
+    EXPECT_FALSE(Stored()->IsCompleted());
+    EXPECT_EQ(DueDateOf(*Stored()), At(2026, 7, 10));
+    EXPECT_EQ(CompletionDateOf(*Stored()), maxDate());
 
     Save(choose(0));
     EXPECT_EQ(RuleOf(*Stored()), "");

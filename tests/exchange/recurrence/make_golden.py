@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
 # Writes dates.txt beside this file: random rules, each with the dates that dateutil gives for it.
+# SPDX-License-Identifier: MIT
+#
 # A line has, parted by tabs: parameters and value of DTSTART, RRULE, EXDATE, the values of
 # DTSTART after each move, and for a time in a zone those as seconds since 1970 in UTC.
-# SPDX-License-Identifier: MIT
 import datetime as dt
 import itertools
 import pathlib
