@@ -51,6 +51,7 @@ struct EditHistory::State {
         undo.push_back(std::move(step));
         if (undo.size() > kMostSteps) undo.pop_front();
         redo.clear();
+        ++count;
         Tell();
     }
 
@@ -77,6 +78,7 @@ struct EditHistory::State {
     StepChanges open;  // of the Step that lives
     std::string name;
     int depth = 0;
+    std::uint64_t count = 0;
     std::function<void()> listener;
     RowListener rowListener;
     Restorer restorer;
@@ -131,6 +133,10 @@ EditHistory::Step::Step(EditHistory& history, std::string name) : m_history(hist
 EditHistory::Step::~Step() {
     State& state = *m_history.m_state;
     if (--state.depth == 0 && !state.engine.InTransaction()) state.Close();
+}
+
+std::uint64_t EditHistory::Count() const {
+    return m_state->count;
 }
 
 bool EditHistory::CanUndo() const {

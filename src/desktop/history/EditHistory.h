@@ -50,6 +50,8 @@ public:
     using Restorer = std::function<std::string(const std::string& file, std::string& kept)>;
     void SetRestorer(Restorer restorer);
 
+    // How many steps were made so far.
+    std::uint64_t Count() const;
     bool CanUndo() const;
     bool CanRedo() const;
     // Of the step that would be undone or redone next; empty where there is none.

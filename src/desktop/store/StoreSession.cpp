@@ -53,7 +53,8 @@ StoreSession::StoreSession(std::unique_ptr<SqliteEngine> engine)
       m_addresses(m_history.Engine()),
       m_toDos(m_history.Engine()),
       m_groups(m_addresses),
-      m_days(m_addresses, NameOf) {
+      m_days(m_addresses, NameOf),
+      m_parts(m_toDos) {
     CompleteSeriesByDates(m_toDos);
     m_history.SetRowListener(
         [this](TableKind kind, std::optional<std::int64_t> id) { Forget(kind, id); });
@@ -170,9 +171,15 @@ void StoreSession::Forget(TableKind kind, std::optional<std::int64_t> id) {
         id ? m_groups.Forget(*id) : m_groups.Clear();
         id ? m_days.Forget(*id) : m_days.Clear();
     }
+    if (kind == TableKind::ToDo) m_parts.SetChanged(id);
     for (const auto& [owner, listener] : m_recordListeners) {
         if (listener) listener(kind, id);
     }
+}
+
+TodoParts& StoreSession::Parts() {
+    m_parts.Read();
+    return m_parts;
 }
 
 ForeignRows StoreSession::TakeForeignChanges() {

@@ -16,6 +16,7 @@
 #include <desktop/import/ImportResult.h>
 #include <libraries/quire/SqliteEngine.h>
 #include <orvoshare/shared/DataSetClaim.h>
+#include <orvoshare/todo/TodoParts.h>
 #include <people/DayIndex.h>
 #include <people/FindIndex.h>
 #include <people/GroupIndex.h>
@@ -87,6 +88,9 @@ public:
     DayIndex& Days() { return m_days; }
     const DayIndex& Days() const { return m_days; }
 
+    // Which to-dos are parts of which, as it is now.
+    TodoParts& Parts();
+
     // What of the store couldn't be read so far, a line each.
     const std::vector<std::string>& Damage() const { return m_damage; }
     std::string Path() const { return m_engine->Name(); }
@@ -119,6 +123,7 @@ private:
     std::array<FindIndex, 2> m_findTexts;
     GroupIndex m_groups;
     DayIndex m_days;
+    TodoParts m_parts;
     std::map<const void*, RecordListener> m_recordListeners;  // by their owners
     std::vector<std::string> m_damage;
 };

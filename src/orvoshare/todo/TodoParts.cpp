@@ -1,6 +1,7 @@
 // Which to-dos are parts of which.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
+#include <utility>
 
 #include <contracts/RowIdentity.h>
 #include <orvoshare/todo/TodoParts.h>
@@ -38,6 +39,32 @@ void TodoParts::Clear() {
     ++m_notes;
     m_parts.clear();
     m_wholes.clear();
+}
+
+void TodoParts::Read() {
+    CToDoRecord record(m_table);
+    if (m_isRead) {
+        for (const std::int64_t id : std::exchange(m_changed, {})) {
+            const bool isThere = m_table.Find(id, record) == 0 && record.IsDeleted() == 0;
+            isThere ? Note(id, record.ParentUid(), record.IsCompleted() != 0) : Forget(id);
+        }
+        return;
+    }
+    Clear();
+    CToDoIterator iterator(m_table);
+    long found = iterator.FindFirst(record);
+    for (; found == 0 || iterator.IsAtDamage(); found = iterator.FindNext(record)) {
+        if (found == 0) Note(record.GetId(), record.ParentUid(), record.IsCompleted() != 0);
+    }
+    m_isRead = true;
+}
+
+void TodoParts::SetChanged(std::optional<std::int64_t> id) {
+    // What nobody has asked for yet is read as it is then.
+    if (m_isRead && id) m_changed.insert(*id);
+    if (id) return;
+    m_isRead = false;
+    m_changed.clear();
 }
 
 std::int64_t TodoParts::IdOf(Whole& whole) {

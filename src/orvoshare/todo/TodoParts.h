@@ -34,6 +34,14 @@ public:
     void Note(std::int64_t id, std::string_view parentUid, bool isCompleted);
     void Forget(std::int64_t id);
     void Clear();
+
+    // Notes all to-dos of the table, or once that is done those that have changed since.
+    void Read();
+    // That one may have changed; without an id, all of them.
+    void SetChanged(std::optional<std::int64_t> id);
+    // Another one after each note.
+    std::uint64_t Version() const { return m_notes; }
+
     // True where no to-do names a whole.
     bool IsEmpty() const { return m_parts.empty(); }
 
@@ -66,6 +74,8 @@ private:
     std::unordered_map<std::string, Whole> m_wholes;  // by their PlainUid
     std::unordered_map<std::int64_t, Part> m_parts;
     std::uint64_t m_notes = 1;
+    bool m_isRead = false;
+    std::unordered_set<std::int64_t> m_changed;
 };
 
 }  // namespace orvo
