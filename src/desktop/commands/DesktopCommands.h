@@ -10,6 +10,7 @@
 #include <desktop/commands/ImportCommands.h>
 #include <desktop/commands/MailCommands.h>
 #include <desktop/commands/OptionCommands.h>
+#include <desktop/commands/PartCommands.h>
 #include <desktop/commands/PluginCommands.h>
 #include <desktop/commands/ReminderCommands.h>
 #include <desktop/commands/TextCommands.h>
@@ -28,6 +29,7 @@ struct DesktopCommands {
           options(context),
           mail(context),
           groups(context),
+          parts(context),
           plugins(context),
           reminders(context, forms) {}
 
@@ -40,6 +42,7 @@ struct DesktopCommands {
     OptionCommands options;
     MailCommands mail;
     GroupCommands groups;
+    PartCommands parts;
     PluginCommands plugins;
     ReminderCommands reminders;
 };

@@ -5,6 +5,7 @@
 #include <QPushButton>
 
 #include <desktop/commands/FormCommands.h>
+#include <desktop/commands/PartCommands.h>
 #include <desktop/forms/AddressForm.h>
 #include <desktop/forms/ToDoForm.h>
 #include <desktop/texts/Texts.h>
@@ -63,13 +64,13 @@ void FormCommands::NewToDo() {
 }
 
 // The form works on a record of its own, as the view may read its records anew meanwhile.
-template <class Table, class Record>
-bool FormCommands::OpenForm(Table& table, bool (*edit)(QWidget*, Table&, Record&, FormKeeper*),
+template <class Record, class Table>
+bool FormCommands::OpenForm(Table& table, const std::function<bool(Record&)>& edit,
                             const QString& name, std::int64_t& id) {
     Record record(table);
     if (!m_context.IsFound(table.Find(id, record))) return false;
     const EditHistory::Step step(m_context.Session().History(), name.toStdString());
-    if (!edit(&m_context.Window(), table, record, &m_keeper)) return false;
+    if (!edit(record)) return false;
     // Where the entry was gone, it may have been saved as a new one.
     id = record.GetId();
     return true;
@@ -83,13 +84,40 @@ void FormCommands::OpenSelected() {
     OpenEntry(records.front()->GetId());
 }
 
+bool FormCommands::OpenAddressForm(std::int64_t& id) {
+    CAddressTable& table = m_context.Session().Addresses();
+    return OpenForm<CAddressRecord>(
+        table,
+        [&](CAddressRecord& record) {
+            return EditAddress(&m_context.Window(), table, record, &m_keeper);
+        },
+        Text("Edit address"), id);
+}
+
+// Where the form is given up, what was done to the parts is, too.
+bool FormCommands::OpenToDoForm(std::int64_t& id) {
+    StoreSession& session = m_context.Session();
+    CToDoTable& table = session.ToDos();
+    const PartsContext parts = MakePartsContext(m_context);
+    const std::uint64_t steps = session.History().Count();
+    const bool isSaved = OpenForm<CToDoRecord>(
+        table,
+        [&](CToDoRecord& record) {
+            return EditToDoWithParts(&m_context.Window(), table, record, &m_keeper, parts);
+        },
+        Text("Edit to-do"), id);
+    if (!isSaved && session.History().Count() != steps) m_context.Refuse(FromUtf8(session.Undo()));
+    return isSaved;
+}
+
+void FormCommands::OpenToDo(std::int64_t id) {
+    OpenToDoForm(id);
+    m_context.Frame().Entries().Refill();
+}
+
 // An entry of the view that is shown.
 void FormCommands::OpenEntry(std::int64_t id) {
-    StoreSession& session = m_context.Session();
-    const bool isSaved = m_context.Frame().IsShowingToDos()
-                             ? OpenForm(session.ToDos(), EditToDo, Text("Edit to-do"), id)
-                             : OpenForm(session.Addresses(), EditAddress, Text("Edit address"), id);
-    if (isSaved) {
+    if (m_context.Frame().IsShowingToDos() ? OpenToDoForm(id) : OpenAddressForm(id)) {
         ShowEdited(id);
     } else {
         m_context.Frame().Entries().Refill();

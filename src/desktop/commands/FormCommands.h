@@ -4,6 +4,7 @@
 
 #include <QTimer>
 #include <cstdint>
+#include <functional>
 
 #include <desktop/commands/CommandContext.h>
 #include <desktop/forms/FormKeeper.h>
@@ -23,6 +24,8 @@ public:
     void OpenToDoLater(std::int64_t id);
     // Does nothing where several are selected.
     void OpenSelected();
+    // One that is shown elsewhere; what is selected stays so.
+    void OpenToDo(std::int64_t id);
 
     // A form that was open when the program ended.
     // Returns:  nothing where none is kept, or it was offered before.
@@ -32,9 +35,11 @@ public:
 
 private:
     // Returns:  true after the entry was saved, with the id that it has then.
-    template <class Table, class Record>
-    bool OpenForm(Table& table, bool (*edit)(QWidget*, Table&, Record&, FormKeeper*),
-                  const QString& name, std::int64_t& id);
+    template <class Record, class Table>
+    bool OpenForm(Table& table, const std::function<bool(Record&)>& edit, const QString& name,
+                  std::int64_t& id);
+    bool OpenAddressForm(std::int64_t& id);
+    bool OpenToDoForm(std::int64_t& id);
     void OpenEntry(std::int64_t id);
     void OpenToDo(std::int64_t id);
     void OpenKept(const KeptForm& form);

@@ -12,7 +12,7 @@ namespace orvo::desktop {
 namespace {
 
 void ShowEntry(const CommandContext& context, std::int64_t id) {
-    ShownEntries& entries = context.Frame().Addresses();
+    ShownEntries& entries = context.Frame().Entries();
     entries.SelectRecord(id);
     if (entries.SelectedCount() == 0) context.Say(Text("The entry isn't among those that show."));
 }

@@ -1,9 +1,7 @@
 // A to-do's text, edited in the list and saved from there.
 // SPDX-License-Identifier: MIT
-#include <QMessageBox>
-#include <QPushButton>
-
 #include <desktop/commands/TextCommands.h>
+#include <desktop/parts/PartQuestions.h>
 #include <desktop/texts/Problems.h>
 #include <desktop/texts/Texts.h>
 
@@ -17,25 +15,15 @@ void TextCommands::Open() {
         });
 }
 
-// Asks where somebody else has changed the text meanwhile.
-bool TextCommands::MayReplace(std::string_view theirs) const {
-    QMessageBox box(QMessageBox::Question, m_context.Window().windowTitle(),
-                    Text("Somebody else has changed this text, too: %1").arg(FromUtf8(theirs)),
-                    QMessageBox::NoButton, &m_context.Window());
-    box.setTextFormat(Qt::PlainText);
-    const QPushButton* mine = box.addButton(Text("&Keep mine"), QMessageBox::AcceptRole);
-    box.addButton(Text("&Take theirs"), QMessageBox::RejectRole);
-    box.exec();
-    return box.clickedButton() == mine;
-}
-
 bool TextCommands::Save(std::int64_t id, const std::string& was, const std::string& text) {
     StoreSession& session = m_context.Session();
     CToDoRecord record(session.ToDos());
     // There is nothing left that the text could be of.
     if (!m_context.IsFound(session.ToDos().Find(id, record))) return true;
     const std::string_view theirs = record.DescriptionUtf8();
-    if (theirs != was && theirs != text && !MayReplace(theirs)) return true;
+    if (theirs != was && theirs != text && !MayReplaceText(&m_context.Window(), theirs)) {
+        return true;
+    }
     const std::string failure = session.Change(Text("Edit to-do").toStdString(),
                                                [&] { return record.SetDescriptionUtf8(text); });
     m_context.Frame().Entries().Refill();

@@ -3,7 +3,7 @@
 #pragma once
 
 #include <memory>
-#include <string_view>
+#include <string>
 
 #include <desktop/commands/CommandContext.h>
 #include <desktop/views/TextInPlace.h>
@@ -30,7 +30,6 @@ public:
 
 private:
     bool Save(std::int64_t id, const std::string& was, const std::string& text);
-    bool MayReplace(std::string_view theirs) const;
 
     CommandContext& m_context;
     std::unique_ptr<TextInPlace> m_field;

@@ -1,4 +1,4 @@
-// A person as a page: a heading, and below it a line for each detail.
+// A person, or a to-do, as a page: a heading, and below it a line for each detail.
 // SPDX-License-Identifier: MIT
 #include <QRegularExpression>
 #include <QStringList>
@@ -67,6 +67,7 @@ public:
         if (shown < person.details.size()) AddLine({}, QChar(0x2026));
         for (const auto& [label, text] : m_content.ownFields) AddLine(label, Escaped(text));
         AddGroups();
+        if (m_content.whole) AddLine(Text("Part of"), LinkTo(*m_content.whole));
         if (!m_content.category.isEmpty()) AddLine(Text("Category"), Escaped(m_content.category));
         if (m_content.isPrivate) AddLine(Text("Private"), Escaped(Text("yes")));
         if (!person.note.empty()) AddLine(Text("Note"), NoteText(FromUtf8(person.note)));

@@ -1,4 +1,4 @@
-// A person as a page: a heading, and below it a line for each detail.
+// A person, or a to-do, as a page: a heading, and below it a line for each detail.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -30,6 +30,7 @@ struct PageOfPerson {
     std::vector<std::pair<QString, QString>> ownFields;  // labels and texts that aren't empty
     std::map<std::size_t, EntryLink> members;            // of a group, by the line of the detail
     std::vector<EntryLink> groups;                       // that the person is in
+    std::optional<EntryLink> whole;                      // of a to-do that is a part
     std::string mapAddress;  // for postal addresses without coordinates; empty for none
     QString category;
     bool isPrivate = false;

@@ -28,7 +28,9 @@ void DetailsPane::PutInto(QMainWindow& window, Follow follow) {
     m_dock->setAllowedAreas(Qt::RightDockWidgetArea | Qt::BottomDockWidgetArea |
                             Qt::LeftDockWidgetArea);
     m_dock->setFeatures(QDockWidget::DockWidgetClosable | QDockWidget::DockWidgetMovable);
-    m_browser = new QTextBrowser(m_dock);
+    m_column = new QSplitter(Qt::Vertical, m_dock);
+    m_column->setChildrenCollapsible(false);
+    m_browser = new QTextBrowser(m_column);
     m_browser->setAccessibleName(Text("Details"));
     m_browser->setOpenLinks(false);
     m_browser->setUndoRedoEnabled(false);
@@ -36,13 +38,18 @@ void DetailsPane::PutInto(QMainWindow& window, Follow follow) {
     m_browser->setFrameShape(QFrame::NoFrame);
     QObject::connect(m_browser, &QTextBrowser::anchorClicked, m_browser,
                      [follow = std::move(follow)](const QUrl& link) { follow(link); });
-    m_dock->setWidget(m_browser);
+    m_dock->setWidget(m_column);
     window.addDockWidget(Qt::RightDockWidgetArea, m_dock);
     QObject::connect(m_dock, &QDockWidget::visibilityChanged, m_dock, [this](bool isShown) {
         if (isShown) MoveAsWidthAsks();
         if (isShown && m_shown) m_shown();
     });
     m_dock->hide();
+}
+
+void DetailsPane::Add(QWidget* panel) {
+    panel->hide();
+    m_column->addWidget(panel);
 }
 
 void DetailsPane::PutBelow(bool isBelow) {

@@ -5,6 +5,7 @@
 #include <QDockWidget>
 #include <QImage>
 #include <QMainWindow>
+#include <QSplitter>
 #include <QTextBrowser>
 #include <QUrl>
 #include <functional>
@@ -34,6 +35,10 @@ public:
     // Called when it has become visible.
     void SetShownListener(std::function<void()> shown) { m_shown = std::move(shown); }
 
+    // Puts a widget below the page, hidden.
+    // Owner:    the pane's, from then on.
+    void Add(QWidget* panel);
+
     void Show(const PageOfPerson& page);
     // One line in place of a person.
     void Show(const QString& line);
@@ -43,8 +48,9 @@ private:
     void MoveAsWidthAsks();
 
     QMainWindow* m_window = nullptr;
-    QDockWidget* m_dock = nullptr;      // the window's
-    QTextBrowser* m_browser = nullptr;  // the dock's
+    QDockWidget* m_dock = nullptr;  // the window's
+    QSplitter* m_column = nullptr;  // the dock's, as is what lies in it
+    QTextBrowser* m_browser = nullptr;
     std::function<void()> m_shown;
     QString m_html;  // of the page that is shown, and its picture
     QImage m_picture;

@@ -97,6 +97,17 @@ QString ChoiceField::TextOf(int number) const {
     return row < 0 ? QString::number(number) : itemText(row);
 }
 
+NumberField::NumberField(int given, int most, int step) : m_given(given) {
+    setRange(0, most);
+    setSingleStep(step);
+    setValue(given);
+}
+
+void NumberField::Give(int given, bool keepsMine) {
+    m_given = given;
+    if (!keepsMine) setValue(given);
+}
+
 ChoiceField* MakeCategoryField(CBaseTable& table, const CBaseRecord& record) {
     auto* field = new ChoiceField;
     CCategoryMgr* categories = table.GetCategoryManager();

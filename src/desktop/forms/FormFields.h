@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QSpinBox>
 #include <string>
 #include <string_view>
 
@@ -71,6 +72,18 @@ public:
 
 private:
     int m_given = 0;
+};
+
+// A number from 0 on.
+class NumberField : public StillWheel<QSpinBox> {
+public:
+    NumberField(int given, int most, int step);
+
+    bool IsChanged() const { return value() != m_given; }
+    void Give(int given, bool keepsMine);
+
+private:
+    int m_given;
 };
 
 class MarkField : public QCheckBox {

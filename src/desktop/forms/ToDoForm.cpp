@@ -1,8 +1,11 @@
 // The form of a to-do.
 // SPDX-License-Identifier: MIT
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLocale>
 #include <tuple>
+#include <utility>
+#include <vector>
 
 #include <contracts/Dates.h>
 #include <desktop/forms/DateField.h>
@@ -11,7 +14,10 @@
 #include <desktop/forms/SavedFields.h>
 #include <desktop/forms/ToDoDates.h>
 #include <desktop/forms/ToDoForm.h>
+#include <desktop/parts/PartPanel.h>
+#include <desktop/parts/PartQuestions.h>
 #include <desktop/texts/Texts.h>
+#include <exchange/calendar/ToDoParent.h>
 #include <platform/time/CTime.h>
 
 namespace orvo::desktop {
@@ -59,8 +65,9 @@ long CompletionOf(CToDoRecord& record) {
 
 class ToDoForm {
 public:
-    ToDoForm(CToDoTable& table, CToDoRecord& record)
-        : m_table(table), m_record(record), m_saver(table, record) {}
+    // The parts may be null.
+    ToDoForm(CToDoTable& table, CToDoRecord& record, const PartsContext* parts)
+        : m_table(table), m_record(record), m_parts(parts), m_saver(table, record) {}
 
     bool Run(QWidget* parent, FormKeeper* keeper) {
         const QString title = m_record.GetId() == 0 ? Text("New to-do") : Text("Edit to-do");
@@ -79,6 +86,11 @@ public:
         AddNote(*grid);
         AddReminders(m_saver, m_record, *grid, 8);
         dialog.Column().addLayout(grid);
+        if (m_parts && m_record.GetId() != 0) AddParts(dialog);
+        dialog.SetQuestion([this, &dialog] {
+            const bool completes = m_isCompleted->isChecked() && m_record.IsCompleted() == 0;
+            return !completes || MayLeaveParts(dialog);
+        });
         return dialog.Run();
     }
 
@@ -89,10 +101,19 @@ private:
     void AddCompleted(QGridLayout& grid);
     void AddPrivate(QGridLayout& grid);
     void AddNote(QGridLayout& grid);
+    void AddPercent(QHBoxLayout& line);
+    void AddParts(FormDialog& dialog);
+    bool MayLeaveParts(FormDialog& dialog);
+    long CompleteParts() const { return m_parts ? PartEdits(*m_parts).Complete(m_toComplete) : 0; }
 
     CToDoTable& m_table;
     CToDoRecord& m_record;
+    const PartsContext* m_parts;
+    bool m_arePartsChanged = false;
+    std::vector<std::int64_t> m_toComplete;  // parts, when the form is saved
+    PartPanel* m_panel = nullptr;            // Qt's
     RecordSaver<CToDoTable, CToDoRecord> m_saver;
+    MarkField* m_isCompleted = nullptr;  // Qt's
 };
 
 void ToDoForm::AddDescription(QGridLayout& grid) {
@@ -168,8 +189,9 @@ void ToDoForm::AddCompleted(QGridLayout& grid) {
     };
     m_saver.Add({PlainLabel(Text("Comp&leted")), isCompleted,
                  [=] { return isCompleted->IsChanged() || date->IsChanged(); },
-                 [=](CToDoRecord& record) {
+                 [=, this](CToDoRecord& record) {
                      if (!isCompleted->isChecked()) return record.SetCompleted(0, 0);
+                     if (const long status = CompleteParts(); status != 0) return status;
                      // A series moves on; the day is that of the one that is done.
                      return record.IsCompleted() != 0 ? record.SetCompletionDate(date->Date())
                                                       : record.CompleteOn(date->Date());
@@ -182,7 +204,11 @@ void ToDoForm::AddCompleted(QGridLayout& grid) {
                      isCompleted->Give(record.IsCompleted() != 0, keepsMine);
                      date->Give(CompletionOf(record), keepsMine);
                  }});
-    grid.addWidget(isCompleted, 4, 1);
+    auto* line = new QHBoxLayout;
+    line->addWidget(isCompleted);
+    line->addStretch();
+    AddPercent(*line);
+    grid.addLayout(line, 4, 1);
     grid.addWidget(date, 5, 1);
 }
 
@@ -202,10 +228,67 @@ void ToDoForm::AddNote(QGridLayout& grid) {
     grid.setRowStretch(7, 1);
 }
 
+// What is completed is done as a whole.
+void ToDoForm::AddPercent(QHBoxLayout& line) {
+    constexpr int kMost = 100;
+    constexpr int kStep = 5;
+    auto* percent = new NumberField(m_record.GetPercent(), kMost, kStep);
+    percent->setObjectName("percent");
+    percent->setSuffix(Text(" %"));
+    percent->setDisabled(m_isCompleted->isChecked());
+    QObject::connect(m_isCompleted, &QCheckBox::toggled, percent, &QWidget::setDisabled);
+    line.addWidget(MakeLabel(Text("Done so &far:"), *percent));
+    line.addWidget(percent);
+    m_saver.Add({PlainLabel(Text("Done so &far:")), percent,
+                 [percent] { return percent->isEnabled() && percent->IsChanged(); },
+                 [percent](CToDoRecord& record) {
+                     return EditToDoText(record, [percent](ToDoText& toDo) {
+                         return WithPercent(toDo, percent->value());
+                     });
+                 },
+                 [](CToDoRecord& record) { return QLocale().toString(record.GetPercent()); },
+                 [percent] { return QLocale().toString(percent->value()); },
+                 [percent](CToDoRecord& record, bool keepsMine) {
+                     percent->Give(record.GetPercent(), keepsMine);
+                 }});
+}
+
+// They are in the store when anything is asked of the saver; it knows them only so that the form
+// asks before they would be lost.
+void ToDoForm::AddParts(FormDialog& dialog) {
+    const std::int64_t id = m_record.GetId();
+    m_panel = new PartPanel(*m_parts, {[this] { m_arePartsChanged = true; }, {}});
+    m_saver.Add({Text("Parts"), m_panel, [this] { return m_arePartsChanged; },
+                 [](CToDoRecord&) { return 0L; }, [](CToDoRecord&) { return QString(); },
+                 [] { return QString(); }, [](CToDoRecord&, bool) {}});
+    m_saver.SetReader([this, id](CToDoRecord&) {
+        m_panel->Show(id);
+        return 0L;
+    });
+    m_panel->Show(id);
+    dialog.Column().addWidget(m_panel);
+}
+
+// Asks about parts that are open where the to-do is completed.
+bool ToDoForm::MayLeaveParts(FormDialog& dialog) {
+    if (!m_parts || m_record.GetId() == 0) return true;
+    std::vector<std::int64_t> open = PartEdits(*m_parts).OpenPartsOf(m_record.GetId());
+    m_toComplete.clear();
+    if (open.empty()) return true;
+    const PartsAnswer answer = AskAboutOpenParts(&dialog, static_cast<int>(open.size()));
+    if (answer == PartsAnswer::All) m_toComplete = std::move(open);
+    return answer != PartsAnswer::Cancel;
+}
+
 }  // namespace
 
 bool EditToDo(QWidget* parent, CToDoTable& table, CToDoRecord& record, FormKeeper* keeper) {
-    return ToDoForm(table, record).Run(parent, keeper);
+    return ToDoForm(table, record, nullptr).Run(parent, keeper);
+}
+
+bool EditToDoWithParts(QWidget* parent, CToDoTable& table, CToDoRecord& record, FormKeeper* keeper,
+                       const PartsContext& parts) {
+    return ToDoForm(table, record, &parts).Run(parent, keeper);
 }
 
 }  // namespace orvo::desktop

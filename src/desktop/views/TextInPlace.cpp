@@ -5,9 +5,9 @@
 #include <QInputMethod>
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <algorithm>
 #include <utility>
 
+#include <desktop/parts/ShownLine.h>
 #include <desktop/texts/Texts.h>
 #include <desktop/views/ShownToDos.h>
 #include <desktop/views/TextInPlace.h>
@@ -72,10 +72,7 @@ void TextInPlace::Begin() {
     const auto& record = *ToDoOf(m_list.GetItemData(row));
     m_id = record.GetId();
     m_whole = record.DescriptionUtf8();
-    // The list shows one line: the first that isn't blank.
-    m_begin = std::min(m_whole.find_first_not_of(" \t\r\n"), m_whole.size());
-    m_end = std::min(m_whole.find_first_of("\r\n", m_begin), m_whole.size());
-    const std::string line = m_whole.substr(m_begin, m_end - m_begin);
+    const std::string line = ShownLine(m_whole).In(m_whole);
     m_field = new QLineEdit(FromUtf8(line), &m_widget);  // Qt's
     m_field->setAccessibleName(ToQt(m_list.GetColumns()[TodoColumn::Description].strName.View()));
     m_field->setGeometry(ToQt(*cell).intersected(m_widget.rect()));
@@ -101,8 +98,7 @@ bool TextInPlace::Finish() {
     if (!IsOpen() || m_isSaving) return true;
     m_isSaving = true;
     QGuiApplication::inputMethod()->commit();
-    std::string text = m_whole;
-    text.replace(m_begin, m_end - m_begin, m_field->text().toStdString());
+    const std::string text = ShownLine(m_whole).Replaced(m_whole, m_field->text().toStdString());
     const bool isSaved = text == m_whole || m_save(m_id, m_whole, text);
     m_isSaving = false;
     if (isSaved) {

@@ -57,9 +57,7 @@ private:
     bool m_isSaving = false;
     QPointer<QLineEdit> m_field;
     std::int64_t m_id = 0;
-    std::string m_whole;  // the text as it was, and where its line in the field begins and ends
-    std::size_t m_begin = 0;
-    std::size_t m_end = 0;
+    std::string m_whole;  // the text as it was
 };
 
 }  // namespace orvo::desktop

@@ -40,7 +40,7 @@ DesktopWindow::DesktopWindow(StoreSession& session, COrvoDesktopOptions& options
       m_contextMenu(m_context),
       m_emptyPage(m_context, m_commands),
       m_kana(m_frame),
-      m_details(m_context, m_commands.groups),
+      m_details(m_context, m_commands),
       m_watch(session.Path(), [this] { LookForForeignChange(); }),
       m_dailyBackup(session.History().Engine(),
                     [this](const std::string& problem) { TellProblem(problem); }) {
@@ -108,6 +108,9 @@ void DesktopWindow::Listen() {
     listeners.dropped = [this](const std::vector<std::string>& files) { ImportLater(files); };
     listeners.opened = [this] { m_commands.forms.OpenSelected(); };
     listeners.closed = [this] { CloseUnlessAsking(); };
+    m_frame.ToDos().List().SetCompletionQuestion([this](const CToDoRecord& record) {
+        return m_commands.parts.MayComplete(record);
+    });
     m_commands.texts.Open();
     m_commands.groups.SetReadListener([this] {
         m_toolBar.Categories().Fill();
@@ -147,6 +150,7 @@ void DesktopWindow::ShowCounts() {
     m_counts.Show(m_frame.Entries());
     m_emptyPage.Show();
     m_kana.Show();
+    m_commands.parts.LookAfterNarrowed();
     m_menus.EnableSelection();
     m_details.Show();
     m_findBar.ReadOn();
@@ -230,6 +234,7 @@ void DesktopWindow::CloseUnlessAsking() {
 }
 
 void DesktopWindow::closeEvent(QCloseEvent* event) {
+    m_details.Finish();
     event->setAccepted(m_commands.texts.Finish());
     if (!event->isAccepted()) return;
     if (!m_context.IsInUse()) return;

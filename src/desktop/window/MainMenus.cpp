@@ -167,6 +167,14 @@ void MainMenus::MakeToDoMenu() {
     AddChoices(m_toDoOrders, toDos, kOrders, frame.ToDos().Order(),
                [&frame](int value) { frame.ToDos().SetOrder(static_cast<eSortOrder>(value)); });
     toDos.addSeparator();
+    m_narrow = AddCommand(toDos, Text("Only this to-do and its par&ts"), "Ctrl+T",
+                          [this] { m_commands.parts.NarrowOrWiden(); });
+    m_narrow->setCheckable(true);
+    m_partActions = {AddCommand(toDos, Text("&Make part of another..."), "Ctrl+Shift+P",
+                                [this] { m_commands.parts.PutSelected(); }),
+                     AddCommand(toDos, Text("Take &out of its whole"), "",
+                                [this] { m_commands.parts.TakeSelectedOut(); })};
+    toDos.addSeparator();
     AddFlag(toDos, Untranslated("&Show completed"), &COrvoDesktopOptions::GetTodoShowCompleted,
             &COrvoDesktopOptions::SetTodoShowCompleted);
     AddFlag(toDos, Untranslated("Only what is d&ue"), &COrvoDesktopOptions::GetTodoShowDueItemsOnly,
@@ -251,6 +259,12 @@ void MainMenus::EnableSelection() {
     m_groups.Enable(selected > 0 && !frame.IsShowingToDos());
     // Counted a moment late; a key right behind a selection is looked at by the command itself.
     m_editText->setEnabled(frame.IsShowingToDos());
+    for (QAction* action : m_partActions) {
+        action->setEnabled(selected > 0 && frame.IsShowingToDos());
+    }
+    const bool isNarrowed = m_commands.parts.IsNarrowed();
+    m_narrow->setChecked(isNarrowed);
+    m_narrow->setEnabled(frame.IsShowingToDos() && (isNarrowed || selected == 1));
 }
 
 std::vector<QAction*> MainMenus::SelectionActions() const {
@@ -258,7 +272,10 @@ std::vector<QAction*> MainMenus::SelectionActions() const {
     if (m_context.Frame().Shown() == ViewKind::Birthdays) {
         actions.push_back(m_addressActions.front());
         actions.push_back(m_exportBirthdays);
-    } else if (!m_context.Frame().IsShowingToDos()) {
+    } else if (m_context.Frame().IsShowingToDos()) {
+        actions.push_back(m_narrow);
+        actions.insert(actions.end(), m_partActions.begin(), m_partActions.end());
+    } else {
         for (QAction* action : m_groups.Actions()) actions.push_back(action);
     }
     return actions;

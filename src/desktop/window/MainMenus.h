@@ -66,6 +66,8 @@ private:
     std::vector<QAction*> m_addressActions;    // Qt's; enabled where addresses are selected
     std::vector<QAction*> m_selectionActions;  // where anything is
     QAction* m_editText = nullptr;
+    QAction* m_narrow = nullptr;
+    std::vector<QAction*> m_partActions;
     QAction* m_exportBirthdays = nullptr;
     QAction* m_undo = nullptr;
     QAction* m_redo = nullptr;

@@ -1,20 +1,40 @@
 // What the details pane shows of the views.
 // SPDX-License-Identifier: MIT
+#include <QDateTime>
+#include <QLocale>
 #include <algorithm>
 
+#include <contracts/Dates.h>
 #include <desktop/commands/LinkCommands.h>
+#include <desktop/forms/DateField.h>
 #include <desktop/options/DesktopPreferences.h>
 #include <desktop/texts/Texts.h>
+#include <desktop/views/EntryTexts.h>
 #include <desktop/window/ShownDetails.h>
 #include <orvoshare/text/NameText.h>
 #include <people/PersonReader.h>
 #include <platform/qt/QtConvert.h>
 
 namespace orvo::desktop {
+namespace {
+
+// A day at its very start or end stands for the day.
+QString MomentText(long date) {
+    const QDateTime moment = QDateTime::fromSecsSinceEpoch(date);
+    const QTime time = moment.time();
+    const bool isDay = time == QTime(0, 0) || (time.hour() == 23 && time.minute() == 59);
+    return isDay ? QLocale().toString(moment.date(), QLocale::ShortFormat)
+                 : DateField::TextOf(date);
+}
+
+}  // namespace
 
 void ShownDetails::PutInto(QMainWindow& window) {
     m_pane.PutInto(window, [this](const QUrl& link) { FollowLink(m_context, link); });
     m_pane.SetShownListener([this] { Show(); });
+    m_panel = new PartPanel(m_parts.Parts(), {[this] { m_parts.Changed(); },
+                                              [this](std::int64_t id) { m_forms.OpenToDo(id); }});
+    m_pane.Add(m_panel);
 }
 
 QList<QAction*> ShownDetails::Actions() {
@@ -33,15 +53,19 @@ void ShownDetails::Show() {
     if (m_below) m_below->setChecked(m_pane.IsBelow());
     ShownEntries& entries = m_context.Frame().Entries();
     if (entries.SelectedCount() != 1) {
+        ShowParts(0);
         m_pane.Show(Text("Select one entry to see all that is known of it."));
         return;
     }
     const std::vector<CBaseRecord*> records = entries.SelectedRecords(WayOut::View);
+    const auto* toDo =
+        records.empty() ? nullptr : dynamic_cast<const CToDoRecord*>(records.front());
+    ShowParts(toDo ? toDo->GetId() : 0);
     if (records.empty()) {
         m_pane.Show(Text("Private entry"));
     } else if (auto* address = dynamic_cast<CAddressRecord*>(records.front())) {
         ShowAddress(*address);
-    } else if (const auto* toDo = dynamic_cast<CToDoRecord*>(records.front())) {
+    } else if (toDo) {
         ShowToDo(*toDo);
     }
 }
@@ -109,13 +133,54 @@ void ShownDetails::AddGroups(std::int64_t person, PageOfPerson& page) const {
     }
 }
 
+// Of none for 0.
+void ShownDetails::ShowParts(std::int64_t toDo) {
+    toDo == 0 ? m_panel->Leave() : m_panel->Show(toDo);
+    m_panel->setVisible(toDo != 0);
+}
+
 void ShownDetails::ShowToDo(const CToDoRecord& record) {
     PageOfPerson page;
     page.name = FromUtf8(record.DescriptionUtf8());
     record.GetNoteUtf8(page.person.note);
+    const auto add = [&page](const QString& label, const QString& text) {
+        page.ownFields.emplace_back(label, text);
+    };
+    const auto addDate = [&add](const char* label, long date) {
+        if (date != kMaxDate) add(Text(label), MomentText(date));
+    };
+    long date = kMaxDate;
+    record.GetStartDate(date);
+    addDate(Untranslated("Starts on"), date);
+    date = kMaxDate;
+    record.GetDueDate(date);
+    addDate(Untranslated("Due on"), date);
+    int priority = 0;
+    record.GetPriority(priority);
+    add(Text("Priority"), QLocale().toString(priority));
+    if (record.IsCompleted() != 0) {
+        date = kMaxDate;
+        record.GetCompletionDate(date);
+        add(Text("Completed"), date == kMaxDate ? Text("yes") : MomentText(date));
+    } else if (record.GetPercent() != 0) {
+        add(Text("Completed"), Text("%1 %").arg(QLocale().toString(record.GetPercent())));
+    }
+    page.whole = WholeOf(record);
     page.category = CategoryOf(record);
     page.isPrivate = record.IsPrivate() != 0;
     m_pane.Show(page);
+}
+
+// Nothing where there is none that may be seen.
+std::optional<EntryLink> ShownDetails::WholeOf(const CToDoRecord& record) const {
+    if (record.ParentUid().empty()) return std::nullopt;
+    CToDoTable& table = m_context.Session().ToDos();
+    const std::int64_t id = m_context.Session().Parts().ParentOf(record.GetId());
+    CToDoRecord whole(table);
+    if (id == 0 || table.Find(id, whole) != 0) return std::nullopt;
+    const Disclosure disclosure(m_context.Options());
+    if (disclosure.Of(WayOut::View, whole) != Told::Whole) return std::nullopt;
+    return EntryLink{EntryName(whole), id};
 }
 
 }  // namespace orvo::desktop

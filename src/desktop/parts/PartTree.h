@@ -1,0 +1,88 @@
+// The tree in which the parts of a to-do are seen and changed.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QAction>
+#include <QTreeWidget>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include <desktop/parts/PartEdits.h>
+
+namespace orvo::desktop {
+
+class PartTree : public QTreeWidget {
+public:
+    struct Listeners {
+        std::function<void()> changed;           // the store, by what was done here
+        std::function<void(std::int64_t)> open;  // shows the form of a part; there is none if empty
+    };
+
+    // The context outlives the tree.
+    PartTree(const PartsContext& context, Listeners listeners);
+
+    // Shows the parts of that to-do as the store has them now; what the user is typing stays until
+    // he is done with it.
+    void Show(std::int64_t whole);
+    // A new part in the place of the selected one's next, whose text is to be typed.
+    void AddPart();
+    // Shows nothing any more, and keeps what was typed.
+    void Leave();
+    bool IsTyping() const { return state() == EditingState; }
+
+    QSize sizeHint() const override;
+
+protected:
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    struct Command {
+        const char* text;
+        const char* keys;
+        void (PartTree::*run)();
+    };
+    static const std::vector<Command>& Commands();
+
+    void Read();
+    void Fill(QTreeWidgetItem& parent, const std::vector<ToDoPart>& parts);
+    QTreeWidgetItem* NewItem(QTreeWidgetItem& parent, const ToDoPart& part);
+    QAction* ActionOf(const QKeyEvent& event) const;
+    void EnableActions();
+
+    // By the user; each acts on the current part.
+    void EditText();
+    void Open();
+    void MoveUp();
+    void MoveDown();
+    void MoveIn();
+    void MoveOut();
+    void TakeOut();
+
+    void Move(std::int64_t id, std::int64_t whole, std::int64_t before);
+    void TakeChange(QTreeWidgetItem* item);
+    void Tick(std::int64_t id, bool isCompleted);
+    void SetText(std::int64_t id, const std::string& was, const std::string& line);
+    void EndNew();
+    void Later(std::function<void()> work);
+    void Done(const std::string& failure);
+
+    std::int64_t WholeOf(const QTreeWidgetItem* item) const;
+    QTreeWidgetItem* Sibling(int way) const;
+    QTreeWidgetItem* ItemOf(std::int64_t id) const;
+
+    const PartsContext& m_context;
+    PartEdits m_edits;
+    Listeners m_listeners;
+    std::vector<QAction*> m_actions;  // Qt's, one a command
+    std::int64_t m_whole = 0;
+    std::vector<ToDoPart> m_shown;
+    QTreeWidgetItem* m_new = nullptr;  // the tree's, while its text is typed
+    bool m_isFilling = false;
+};
+
+}  // namespace orvo::desktop
