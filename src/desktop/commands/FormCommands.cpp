@@ -29,7 +29,7 @@ FormCommands::FormCommands(CommandContext& context)
       m_keeper(FolderOf(SettingsStore::Path()) + "/unsaved-" +
                DataSetUser(context.Session().Path()) + ".json") {
     m_openTimer.setSingleShot(true);
-    QObject::connect(&m_openTimer, &QTimer::timeout, [this] { OpenToDo(m_toOpen); });
+    QObject::connect(&m_openTimer, &QTimer::timeout, [this] { ShowAndOpen(m_toOpen); });
 }
 
 void FormCommands::NewAddress() {
@@ -129,7 +129,7 @@ void FormCommands::OpenToDoLater(std::int64_t id) {
     m_openTimer.start(0);
 }
 
-void FormCommands::OpenToDo(std::int64_t id) {
+void FormCommands::ShowAndOpen(std::int64_t id) {
     if (QApplication::activeModalWidget()) return;
     m_context.ShowView(ViewKind::ToDos);
     CToDoRecord record(m_context.Session().ToDos());

@@ -41,7 +41,7 @@ private:
     bool OpenAddressForm(std::int64_t& id);
     bool OpenToDoForm(std::int64_t& id);
     void OpenEntry(std::int64_t id);
-    void OpenToDo(std::int64_t id);
+    void ShowAndOpen(std::int64_t id);
     void OpenKept(const KeptForm& form);
     void ShowEdited(std::int64_t id);
 
