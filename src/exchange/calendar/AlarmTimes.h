@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include <exchange/calendar/CalendarClock.h>
-#include <exchange/calendar/Reminders.h>
+#include <exchange/calendar/ReminderTime.h>
 
 namespace orvo {
 

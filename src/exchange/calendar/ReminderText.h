@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include <exchange/calendar/Reminders.h>
+#include <exchange/calendar/ReminderTime.h>
 
 namespace orvo {
 
