@@ -82,9 +82,9 @@ public:
         AddDescription(*grid);
         AddChoices(*grid);
         AddDates(*grid);
+        AddReminders(m_saver, m_record, *grid, 6);
         AddPrivate(*grid);
         AddNote(*grid);
-        AddReminders(m_saver, m_record, *grid, 8);
         dialog.Column().addLayout(grid);
         if (m_parts && m_record.GetId() != 0) AddParts(dialog);
         dialog.SetQuestion([this, &dialog] {
@@ -216,16 +216,16 @@ void ToDoForm::AddPrivate(QGridLayout& grid) {
     auto* isPrivate = new MarkField(Text("&Private"), m_record.IsPrivate() != 0);
     isPrivate->setObjectName("private");
     AddPrivateMark(m_saver, *isPrivate);
-    grid.addWidget(isPrivate, 6, 1);
+    grid.addWidget(isPrivate, 7, 1);
 }
 
 void ToDoForm::AddNote(QGridLayout& grid) {
     auto* note = new TextField(m_saver.Note(), kToDoNoteLines);
     note->setObjectName("note");
     AddNoteText(m_saver, PlainLabel(Text("&Note:")), *note);
-    grid.addWidget(MakeLabel(Text("&Note:"), *note), 7, 0, Qt::AlignTop);
-    grid.addWidget(note, 7, 1);
-    grid.setRowStretch(7, 1);
+    grid.addWidget(MakeLabel(Text("&Note:"), *note), 8, 0, Qt::AlignTop);
+    grid.addWidget(note, 8, 1);
+    grid.setRowStretch(8, 1);
 }
 
 // What is completed is done as a whole.
