@@ -10,6 +10,7 @@
 #include <unicode/unum.h>
 
 #include <contracts/ToDoDetails.h>
+#include <exchange/calendar/OldRule.h>
 #include <exchange/calendar/RepeatRule.h>
 #include <host/RepeatWords.h>
 #include <orvoshare/module/OrvoShareModule.h>
@@ -243,7 +244,8 @@ bool HasWords(const RepeatRule& rule) {
 std::string RepeatWords(std::string_view rule, const std::optional<CivilTime>& start) {
     if (rule.empty()) return {};
     if (rule == kOtherRecurrence) return Text(kOwnDates);
-    const std::optional<RepeatRule> read = ReadRepeatRule(rule);
+    const std::string ofOld = RuleOfOldRule(rule).value_or(std::string(rule));
+    const std::optional<RepeatRule> read = ReadRepeatRule(ofOld);
     if (!read || !HasWords(*read)) return Text(kOwnRule, {std::string(rule)});
     return Words(*read, start).All();
 }

@@ -10,10 +10,10 @@
 
 namespace orvo {
 
-// "every second Friday, 10 times": what a rule says (the value of an RRULE, or kOtherRecurrence),
-// in the language of the module's texts, and for one that says more than these words can, the rule
-// itself. `start` is the date from which the rule is counted, the start of the to-do or else its
-// due date; nothing where it has neither.
+// "every second Friday, 10 times": what a rule says (the value of an RRULE, also of vCalendar, or
+// kOtherRecurrence), in the language of the module's texts, and for one that says more than these
+// words can, the rule itself. `start` is the date from which the rule is counted, the start of the
+// to-do or else its due date; nothing where it has neither.
 // Returns:  UTF-8, the part of a sentence; empty for an empty rule.
 std::string RepeatWords(std::string_view rule, const std::optional<CivilTime>& start);
 

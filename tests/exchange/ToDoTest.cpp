@@ -216,6 +216,27 @@ TEST_F(ToDos, AToDoOfTheOtherFormatIsWrittenFreshWithItsUidAndItsOwnLines) {
         HasSubstr("\nPRIORITY:1\n"));
 }
 
+TEST_F(ToDos, ARuleIsWrittenInTheOtherFormatAsFarAsThatHasOne) {
+    const std::string due = "DUE:20250627T170000\nSUMMARY:a\n";
+    struct {
+        const char *lines, *want;
+        Dialect dialect;
+    } const rows[] = {
+        {"RRULE:W1 MO FR #2\nEXDATE:20250704T170000;20250707T170000",
+         "RRULE:FREQ=WEEKLY;COUNT=4;BYDAY=MO,FR\nEXDATE:20250704T170000,20250707T170000",
+         Dialect::Calendar20},
+        {"RRULE:FREQ=WEEKLY;COUNT=3;BYDAY=MO,FR", "RRULE:W1 MO FR 20250704T080000Z", kOld},
+        {"RRULE:FREQ=DAILY;BYSETPOS=1", "SUMMARY:a", kOld},
+    };
+    for (const auto& row : rows) {
+        const bool toOld = row.dialect == kOld;
+        const std::string written =
+            Written(Calendar(ToDo(due + row.lines), toOld ? "2.0" : "1.0"), row.dialect);
+        EXPECT_NE(written.find(row.want), std::string::npos) << written;
+        EXPECT_EQ(CountOf(written, "RRULE"), row.want[0] == 'R' ? 1 : 0) << written;
+    }
+}
+
 TEST_F(ToDos, ARecordKeepsTheUidOfItsFirstExportAndNoOtherStoreGivesIt) {
     const auto written = [](Tables& tables, Dialect dialect = Dialect::Calendar20) {
         return Plain(ToDoWriter(tables.toDos, dialect).Write(*tables.ToDo()).toDo);

@@ -4,11 +4,15 @@
 #include <optional>
 
 #include <exchange/calendar/OldRule.h>
+#include <exchange/calendar/Recurrence.h>
+#include <exchange/calendar/RuleDates.h>
 #include <exchange/calendar/ToDoConversion.h>
 #include <platform/time/TimeZone.h>
 
 namespace orvo {
 namespace {
+
+constexpr std::string_view kCount = "COUNT=";
 
 enum class Content { Text, List, Date, Dates, Rule, AsItIs };
 
@@ -117,8 +121,25 @@ private:
         const bool isOld = m_dialect == Dialect::Calendar10;
         std::string storage;
         const std::string_view value = m_decoder.Decode(line, storage);
-        const std::optional<std::string> rule = isOld ? OldRuleOfRule(value) : RuleOfOldRule(value);
+        std::optional<std::string> rule = isOld ? OldRuleOfRule(value) : RuleOfOldRule(value);
+        // vCalendar counts weeks and months, not dates; a last day is a last day.
+        if (isOld && !rule) rule = OldRuleOfRule(UntilLast(value));
         return rule ? FormatLine("RRULE", *rule, m_dialect, "\r\n") : std::string();
+    }
+
+    // The rule with the day of its last date in place of its COUNT.
+    std::string UntilLast(std::string_view rule) const {
+        constexpr std::size_t kMost = 1000;
+        const std::string_view count = RulePart(rule, "COUNT");
+        std::string text(rule);
+        const std::vector<CalendarDate> dates =
+            NextDates({m_source.timeZones, std::string(m_source.toDo.source)}, kMost);
+        if (count.empty() || dates.empty() || dates.size() == kMost) return text;
+        CalendarDate last = dates.back();
+        last.form = CalendarDate::Form::Utc;
+        const auto place = static_cast<std::size_t>(count.data() - rule.data()) - kCount.size();
+        return text.replace(place, kCount.size() + count.size(),
+                            "UNTIL=" + m_clock.Format(last.moment, last));
     }
 
     std::string DatesOf(const ContentLine& line, std::string& head) {

@@ -1,5 +1,6 @@
 // New to-do records of what calendars say.
 // SPDX-License-Identifier: MIT
+#include <exchange/calendar/OldRule.h>
 #include <exchange/calendar/ToDoEdits.h>
 #include <exchange/calendar/ToDoFill.h>
 
@@ -23,6 +24,7 @@ long FillToDo(const ToDoFields& fields, const Origin& origin, CToDoRecord& recor
 ToDoDetails DetailsOf(std::string_view text, const ToDoFields& fields) {
     ToDoDetails details = ReadToDoDetails(text);
     details.start = fields.start;
+    if (auto rule = RuleOfOldRule(details.recurrence)) details.recurrence = std::move(*rule);
     return details;
 }
 
