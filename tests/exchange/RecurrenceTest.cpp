@@ -9,6 +9,7 @@
 
 #include <exchange/calendar/OldRule.h>
 #include <exchange/calendar/Recurrence.h>
+#include <exchange/calendar/SeriesEdits.h>
 #include <platform/time/TimeZone.h>
 
 namespace orvo {
@@ -74,6 +75,55 @@ TEST(Recurrence, ASeriesMovesToItsNextDate) {
         EXPECT_EQ(Moved(ToDo(row.lines)), want) << row.why;
     }
     SetSystemTimeZone("");
+}
+
+std::string WithRule(const std::string& text, const char* rule) {
+    ToDoText toDo{{}, text};
+    return SetRule(toDo, rule) ? toDo.text : "no date";
+}
+
+TEST(Recurrence, ARuleReplacesAllThatWasOfTheKind) {
+    const std::string old = "RRULE:FREQ=DAILY\nRDATE:20261201\nEXDATE:20261202\n";
+    struct {
+        const char *why, *lines, *rule, *want;
+    } const rows[] = {
+        {"a day in a zone ends with it", "DUE;TZID=Asia/Tokyo:20261126T090000",
+         "FREQ=DAILY;UNTIL=20261130",
+         "DUE;TZID=Asia/Tokyo:20261126T090000\nRRULE:FREQ=DAILY;UNTIL=20261130T145959Z"},
+        {"and by any clock", "DUE:20261126T090000", "FREQ=DAILY;UNTIL=20261130",
+         "DUE:20261126T090000\nRRULE:FREQ=DAILY;UNTIL=20261130T235959"},
+        {"of days it is a day", "DUE:20261126", "FREQ=DAILY;UNTIL=20261130;COUNT=1",
+         "DUE:20261126\nRRULE:FREQ=DAILY;UNTIL=20261130;COUNT=1"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(WithRule(ToDo(row.lines), row.rule), ToDo(row.want)) << row.why;
+    }
+    EXPECT_EQ(WithRule(ToDo(old + "DUE:20261126"), "FREQ=YEARLY"),
+              ToDo("RRULE:FREQ=YEARLY\nDUE:20261126"));
+    EXPECT_EQ(WithRule(ToDo(old + "X-A:1") + ToDo("RECURRENCE-ID:20261127"), ""), ToDo("X-A:1"));
+    EXPECT_EQ(WithRule(ToDo("X-A:1"), "FREQ=DAILY"), "no date");
+}
+
+TEST(Recurrence, AStartIsOfTheFormOfTheDueDate) {
+    const CivilTime day{2026, 11, 25};
+    struct {
+        const char* lines;
+        std::optional<CivilTime> day;
+        const char* want;
+    } const rows[] = {
+        {"X-A:1", day, "X-A:1\nDTSTART;VALUE=DATE:20261125"},
+        {"DUE;TZID=Asia/Tokyo:20261126T090000", day,
+         "DUE;TZID=Asia/Tokyo:20261126T090000\nDTSTART;TZID=Asia/Tokyo:20261125T000000"},
+        {"DTSTART:20260101T083000Z\nX-A:1", day, "DTSTART:20261125T083000Z\nX-A:1"},
+        {"DTSTART:20260101\nX-A:1", std::nullopt, "X-A:1"},
+        {"DTSTART:20261125T100000\nDURATION:PT2H", std::nullopt, "DUE:20261125T120000"},
+        {"X-A:1", std::nullopt, "X-A:1"},
+    };
+    for (const auto& row : rows) {
+        ToDoText toDo{{}, ToDo(row.lines)};
+        SetStartDay(toDo, row.day);
+        EXPECT_EQ(toDo.text, ToDo(row.want)) << row.lines;
+    }
 }
 
 TEST(Recurrence, AnInstanceOfItsOwnIsPassedOverOrCopied) {

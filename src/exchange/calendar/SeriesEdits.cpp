@@ -38,18 +38,21 @@ void SetLine(SeriesPart& part, std::string_view name, std::string_view value) {
 }
 
 // A to-do has a duration only with a start; its due date takes that place.
-void EndByDue(SeriesPart& part, const ContentLine& start, const ToDoText& toDo) {
+void RemoveStart(SeriesPart& part, const ToDoText& toDo) {
+    const SeriesLine* start = part.Find("DTSTART");
     const SeriesLine* duration = part.Find("DURATION");
-    if (!duration) return;
+    if (!start) return;
+    const ContentLine line = start->line;
     CalendarClock clock;
     clock.SetZones(toDo.timeZones);
-    const std::optional<CalendarDate> end = clock.ReadEnd(start, duration->line);
-    if (end && !part.Find("DUE")) {
-        std::string head = "DUE";
-        if (!start.parameters.empty()) head.append(";").append(start.parameters);
-        Add(part, head, clock.Format(end->moment, *end));
-    }
+    std::optional<CalendarDate> end;
+    if (duration && !part.Find("DUE")) end = clock.ReadEnd(line, duration->line);
+    SetLine(part, "DTSTART", {});
     SetLine(part, "DURATION", {});
+    if (!end) return;
+    std::string head = "DUE";
+    if (!line.parameters.empty()) head.append(";").append(line.parameters);
+    Add(part, head, clock.Format(end->moment, *end));
 }
 
 }  // namespace
@@ -86,8 +89,7 @@ void SetStartDay(ToDoText& toDo, const std::optional<CivilTime>& day) {
     const SeriesLine* start = master->Find("DTSTART");
     const SeriesLine* due = master->Find("DUE");
     if (!day) {
-        if (start) EndByDue(*master, start->line, toDo);
-        SetLine(*master, "DTSTART", {});
+        RemoveStart(*master, toDo);
         toDo.text = lines.Text();
         return;
     }
