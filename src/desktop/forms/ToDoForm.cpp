@@ -177,6 +177,7 @@ void ToDoForm::AddCompleted(QGridLayout& grid) {
     const long given = CompletionOf(m_record);
     auto* isCompleted = new MarkField(Text("Comp&leted"), m_record.IsCompleted() != 0);
     isCompleted->setObjectName("completed");
+    m_isCompleted = isCompleted;
     auto* date = new DateField(Text("C&ompleted on"), given, Now(), true);
     date->setObjectName("completedOn");
     date->setEnabled(isCompleted->isChecked());
