@@ -11,10 +11,10 @@
 #include <string_view>
 #include <vector>
 
+#include <contracts/StoreEngine.h>
 #include <exchange/calendar/CalendarClock.h>
 #include <exchange/calendar/RuleDates.h>
 #include <exchange/calendar/SeriesLines.h>
-#include <exchange/calendar/ToDoText.h>
 #include <exchange/calendar/WallTime.h>
 
 namespace orvo {

@@ -4,8 +4,7 @@
 #include <optional>
 
 #include <exchange/calendar/OldRule.h>
-#include <exchange/calendar/Recurrence.h>
-#include <exchange/calendar/RuleDates.h>
+#include <exchange/calendar/SeriesDates.h>
 #include <exchange/calendar/ToDoConversion.h>
 #include <platform/time/TimeZone.h>
 
@@ -127,19 +126,34 @@ private:
         return rule ? FormatLine("RRULE", *rule, m_dialect, "\r\n") : std::string();
     }
 
-    // The rule with the day of its last date in place of its COUNT.
+    // The rule with its last date in place of its COUNT.
     std::string UntilLast(std::string_view rule) const {
-        constexpr std::size_t kMost = 1000;
         const std::string_view count = RulePart(rule, "COUNT");
+        const std::optional<std::int64_t> last = LastMoment();
         std::string text(rule);
-        const std::vector<CalendarDate> dates =
-            NextDates({m_source.timeZones, std::string(m_source.toDo.source)}, kMost);
-        if (count.empty() || dates.empty() || dates.size() == kMost) return text;
-        CalendarDate last = dates.back();
-        last.form = CalendarDate::Form::Utc;
+        if (count.empty() || !last) return text;
         const auto place = static_cast<std::size_t>(count.data() - rule.data()) - kCount.size();
         return text.replace(place, kCount.size() + count.size(),
-                            "UNTIL=" + m_clock.Format(last.moment, last));
+                            "UNTIL=" + FormatWallTime({*last, WallTime::Form::Utc}));
+    }
+
+    // Of the series, where that is near.
+    std::optional<std::int64_t> LastMoment() const {
+        constexpr int kMost = 1000;
+        SeriesLines lines(m_source.toDo.source);
+        const SeriesPart* master = lines.Master();
+        const SeriesLine* anchor = master ? AnchorOf(*master) : nullptr;
+        if (!anchor) return std::nullopt;
+        std::optional<SeriesClock> clock = SeriesClock::Of(anchor->line, m_source.timeZones);
+        if (!clock) return std::nullopt;
+        SeriesDates dates(lines, *master, *clock);
+        WallSeconds last = clock->Start().seconds;
+        for (int i = 0; i < kMost; ++i) {
+            const std::optional<SeriesDate> next = dates.Next();
+            if (!next) return clock->UtcAt(last);
+            last = next->wall;
+        }
+        return std::nullopt;
     }
 
     std::string DatesOf(const ContentLine& line, std::string& head) {
