@@ -24,10 +24,6 @@ PartsContext MakePartsContext(const CommandContext& context) {
 PartCommands::PartCommands(CommandContext& context)
     : m_context(context), m_parts(MakePartsContext(context)) {}
 
-void PartCommands::Changed() const {
-    m_context.Frame().Entries().Refill();
-}
-
 bool PartCommands::MayComplete(const CToDoRecord& record) const {
     const PartEdits edits(m_parts);
     const std::int64_t id = record.GetId();
@@ -37,7 +33,6 @@ bool PartCommands::MayComplete(const CToDoRecord& record) const {
         AskAboutOpenParts(&m_context.Window(), static_cast<int>(open.size()));
     if (answer != PartsAnswer::All) return answer == PartsAnswer::OnlyThis;
     const std::string failure = edits.SetCompleted(id, true, open);
-    Changed();
     if (!failure.empty()) {
         m_context.Refuse(Text("Nothing was changed.") + "\n\n" + ProblemText(failure));
     }
@@ -74,7 +69,6 @@ void PartCommands::Put(const QString& name, const std::vector<std::int64_t>& ids
         }
         return 0L;
     });
-    Changed();
     if (!failure.empty()) {
         m_context.Refuse(Text("Nothing was changed.") + "\n\n" + ProblemText(failure));
     }

@@ -20,8 +20,6 @@ public:
 
     // For trees of parts; it lives as long as the commands.
     const PartsContext& Parts() const { return m_parts; }
-    // A tree has changed the store.
-    void Changed() const;
 
     // Asks where the to-do, which is to be completed, has parts that are open.
     // Returns:  false where the user doesn't want that, or all of it has been done here.

@@ -53,6 +53,21 @@ QString LinesOfViews() {
            Line(Native("F10"), Text("The menus of the window"));
 }
 
+QString LinesOfParts() {
+    constexpr struct {
+        const char* keys;
+        const char* text;
+    } kLines[] = {{"Ins", Untranslated("Add part")},
+                  {"Alt+Up", Untranslated("Move &up")},
+                  {"Alt+Down", Untranslated("Move &down")},
+                  {"Ctrl+Shift+Right", Untranslated("Make part of the one &above")},
+                  {"Ctrl+Shift+Left", Untranslated("Move out by one &level")},
+                  {"Del", Untranslated("&Take out")}};
+    QString lines;
+    for (const auto& line : kLines) lines += Line(Native(line.keys), Plain(Text(line.text)));
+    return lines;
+}
+
 QString LinesOfForms() {
     return Line(Native("Ctrl+Return"), Text("Save from any field")) +
            Line(Native("Esc"), Text("Leave, and ask first where something would be lost"));
@@ -66,8 +81,8 @@ QString HtmlOfKeys(const QMenuBar& bar) {
         const QString lines = action->menu() ? LinesOf(*action->menu()) : QString();
         if (!lines.isEmpty()) html += Heading(Plain(action->text())) + Table(lines);
     }
-    return html + Heading(Text("In the views")) + Table(LinesOfViews()) +
-           Heading(Text("In forms")) + Table(LinesOfForms());
+    return html + Heading(Text("In the views")) + Table(LinesOfViews()) + Heading(Text("Parts")) +
+           Table(LinesOfParts()) + Heading(Text("In forms")) + Table(LinesOfForms());
 }
 
 }  // namespace orvo::desktop

@@ -11,6 +11,7 @@
 #include <desktop/texts/Texts.h>
 #include <desktop/views/EntryTexts.h>
 #include <desktop/window/ShownDetails.h>
+#include <host/RepeatWords.h>
 #include <orvoshare/text/NameText.h>
 #include <people/PersonReader.h>
 #include <platform/qt/QtConvert.h>
@@ -27,13 +28,22 @@ QString MomentText(long date) {
                  : DateField::TextOf(date);
 }
 
+// In words.
+std::string RepetitionOf(const CToDoRecord& record) {
+    std::optional<CivilTime> first = record.GetDetails().start;
+    long due = kMaxDate;
+    record.GetDueDate(due);
+    if (!first && due != kMaxDate) first = CivilOfMoment(due);
+    return RepeatWords(record.Recurrence(), first);
+}
+
 }  // namespace
 
 void ShownDetails::PutInto(QMainWindow& window) {
     m_pane.PutInto(window, [this](const QUrl& link) { FollowLink(m_context, link); });
     m_pane.SetShownListener([this] { Show(); });
-    m_panel = new PartPanel(m_parts.Parts(), {[this] { m_parts.Changed(); },
-                                              [this](std::int64_t id) { m_forms.OpenToDo(id); }});
+    m_panel =
+        new PartPanel(m_parts.Parts(), {[] {}, [this](std::int64_t id) { m_forms.OpenToDo(id); }});
     m_pane.Add(m_panel);
 }
 
@@ -155,6 +165,7 @@ void ShownDetails::ShowToDo(const CToDoRecord& record) {
     date = kMaxDate;
     record.GetDueDate(date);
     addDate(Untranslated("Due on"), date);
+    if (record.IsRepeating()) add(Text("Repeats"), FromUtf8(RepetitionOf(record)));
     int priority = 0;
     record.GetPriority(priority);
     add(Text("Priority"), QLocale().toString(priority));
