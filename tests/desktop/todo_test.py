@@ -79,28 +79,29 @@ class TodoTest(DesktopCase):
         self.screen.keys("Right", "Right", "Return")
         until("the day is stored", lambda: self.stored() == want)
 
-    def test_a_series_ends_only_where_the_user_agrees(self):
+    def test_a_to_do_with_open_parts_asks_for_them_once(self):
         self.home.orvo("import", self.file(
-            "series.ics", "BEGIN:VCALENDAR\nVERSION:2.0\nBEGIN:VTODO\nSUMMARY:Water\nPRIORITY:9\nDUE:20261224T080000\n"
-            "RRULE:FREQ=DAILY\nEND:VTODO\nEND:VCALENDAR\n"))
+            "trip.ics", "BEGIN:VCALENDAR\nVERSION:2.0\n"
+            "BEGIN:VTODO\nUID:1\nSUMMARY:Trip\nPRIORITY:9\nDUE:20261224T080000\nEND:VTODO\n"
+            "BEGIN:VTODO\nUID:2\nSUMMARY:Train\nPRIORITY:9\nRELATED-TO:1\nEND:VTODO\nEND:VCALENDAR\n"))
         self.start()
-        series = len(TO_DOS_BY_PRIORITY)
-        self.rows.select(series, DESCRIPTION)
-
-        def by_click():
-            for row in (0, series):  # two clicks at one place would be one double click
-                self.rows.select(row, DESCRIPTION)
-            self.screen.click(*self.rows.cell(series, COMPLETED))
-        for ask in (by_click, lambda: self.screen.keys("minus")):
-            for answer, is_completed in (("Escape", False), ("alt+c", True)):
-                ask()
-                self.screen.focus("Complete to-do")
-                until("the question is gone",
-                      lambda: self.screen.keys(answer) or not self.screen.window("Complete to-do"))
-                self.screen.focus(TITLE)
-                until("the answer is obeyed", lambda: self.stored()["Water"]["completed"] == is_completed)
+        trip = len(TO_DOS_BY_PRIORITY)
+        self.rows.select(trip, DESCRIPTION)
+        self.screen.keys("ctrl+t")
+        until("only the trip and its part show", lambda: self.rows.is_selected(0))
+        self.screen.keys("ctrl+t")
+        until("all show again", lambda: self.rows.is_selected(trip))
+        for answer, completed in (("Escape", []), ("alt+a", ["Trip", "Train"]), ("alt+o", ["Trip"])):
             self.screen.keys("minus")
-            until("it is open again", lambda: not self.stored()["Water"]["completed"])
+            self.screen.focus("Complete to-do")
+            until("the question is gone",
+                  lambda: self.screen.keys(answer) or not self.screen.window("Complete to-do"))
+            self.screen.focus(TITLE)
+            until("the answer is obeyed",
+                  lambda: [text for text, row in self.stored().items() if row["completed"]] == completed)
+            if completed:
+                self.screen.keys("ctrl+z")
+                until("both are open again", lambda: not any(row["completed"] for row in self.stored().values()))
 
     def begin_text(self, action):
         """Does what opens a field over the text of the row at LATER, which is selected."""

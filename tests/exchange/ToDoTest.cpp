@@ -7,6 +7,7 @@
 
 #include <fmt/format.h>
 
+#include <exchange/calendar/ToDoParent.h>
 #include <exchange/calendar/ToDoWriter.h>
 #include <platform/time/CTime.h>
 #include <platform/time/TimeZone.h>
@@ -152,7 +153,21 @@ TEST_F(ToDos, AnEditChangesItsLinesAlone) {
     };
     const auto complete = [](CToDoRecord& r) { r.SetCompleted(1, 1); };
     const auto reopen = [](CToDoRecord& r) { r.SetCompleted(0, 0); };
+    const auto parent = [](const char* uid) {
+        return [=](CToDoRecord& r) {
+            EditToDoText(r, [=](ToDoText& toDo) { return WithParent(toDo, uid); });
+        };
+    };
+    const auto percent = [](CToDoRecord& r) {
+        EditToDoText(r, [](ToDoText& toDo) { return WithPercent(toDo, 0); });
+    };
     const Row rows[] = {
+        {"another whole", "UID:1\nRELATED-TO;X-A=1:a\nRELATED-TO;RELTYPE=CHILD:b\nRELATED-TO:c",
+         parent("d,e"), "UID:1\nRELATED-TO;X-A=1:d\\,e\nRELATED-TO;RELTYPE=CHILD:b"},
+        {"none", "UID:1\nRELATED-TO;RELTYPE=parent:a", parent(""), "UID:1"},
+        {"a first one", "UID:1\nBEGIN:VALARM\nRELATED-TO:a\nEND:VALARM", parent("b"),
+         "UID:1\nRELATED-TO:b\nBEGIN:VALARM\nRELATED-TO:a\nEND:VALARM"},
+        {"no percent", "UID:1\nPERCENT-COMPLETE:40", percent, "UID:1"},
         {"description", "SUMMARY;LANGUAGE=de:a\nUID:1", text("b;é"),
          "SUMMARY;LANGUAGE=de:b\\;é\nUID:1"},
         {"description in an old one", "SUMMARY:a", text("é"),

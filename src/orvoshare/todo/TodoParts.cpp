@@ -44,6 +44,7 @@ void TodoParts::Clear() {
 void TodoParts::Read() {
     CToDoRecord record(m_table);
     if (m_isRead) {
+        if (m_changed.empty()) return;
         for (const std::int64_t id : std::exchange(m_changed, {})) {
             const bool isThere = m_table.Find(id, record) == 0 && record.IsDeleted() == 0;
             isThere ? Note(id, record.ParentUid(), record.IsCompleted() != 0) : Forget(id);
@@ -123,23 +124,31 @@ PartCount TodoParts::CountOf(std::string_view uid) {
     return count;
 }
 
-// Each part is looked at once, however deep they lie.
+// Only those below are asked for their UIDs, not all parts for their wholes.
 std::unordered_set<std::int64_t> TodoParts::AllBelow(std::int64_t id) {
-    std::unordered_map<std::int64_t, bool> isBelow{{0, false}, {id, false}};
-    for (const std::int64_t each : WholesAbove(id)) isBelow[each] = false;
     std::unordered_set<std::int64_t> below;
-    for (const auto& each : m_parts) {
-        std::vector<std::int64_t> way;
-        std::int64_t end = each.first;
-        for (; isBelow.emplace(end, false).second; end = NamedBy(end)) way.push_back(end);
-        bool isWithin = isBelow[end];
-        for (auto part = way.rbegin(); part != way.rend(); ++part) {
-            isWithin = isWithin || NamedBy(*part) == id;
-            isBelow[*part] = isWithin;
-            if (isWithin) below.insert(*part);
+    if (IsEmpty()) return below;
+    std::unordered_set<std::int64_t> above = WholesAbove(id);
+    above.insert(id);
+    std::vector<std::int64_t> open{id};
+    while (!open.empty()) {
+        const std::int64_t whole = open.back();
+        open.pop_back();
+        for (const std::int64_t part : NamingIt(whole)) {
+            if (above.count(part) == 0 && below.insert(part).second) open.push_back(part);
         }
     }
     return below;
+}
+
+// All that name it as their whole, those in a circle with it, too.
+std::vector<std::int64_t> TodoParts::NamingIt(std::int64_t id) {
+    CToDoRecord record(m_table);
+    RowIdentity identity;
+    if (m_table.Find(id, record) != 0 || record.GetIdentity(identity) != 0) return {};
+    const auto found = m_wholes.find(PlainUid(identity.uid));
+    if (found == m_wholes.end() || IdOf(found->second) != id) return {};
+    return found->second.parts;
 }
 
 }  // namespace orvo

@@ -69,6 +69,7 @@ private:
     std::int64_t IdOf(Whole& whole);
     std::int64_t NamedBy(std::int64_t id);  // 0 for nothing; also within a circle
     std::unordered_set<std::int64_t> WholesAbove(std::int64_t id);
+    std::vector<std::int64_t> NamingIt(std::int64_t id);
 
     CToDoTable& m_table;
     std::unordered_map<std::string, Whole> m_wholes;  // by their PlainUid
