@@ -6,7 +6,6 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QTimer>
-#include <QTreeWidgetItemIterator>
 #include <utility>
 
 #include <desktop/parts/PartQuestions.h>
@@ -18,17 +17,9 @@
 namespace orvo::desktop {
 namespace {
 
-// What an item knows of its part.
-enum Role { kId = Qt::UserRole, kLine, kIsCompleted };
-
-constexpr int kRoom = 6;  // pixels between the lines
-
-std::int64_t IdOf(const QTreeWidgetItem* item) {
-    return item ? item->data(0, kId).toLongLong() : 0;
-}
-
-QString LineOf(const std::string& text) {
-    return FromUtf8(ShownLine(text).In(text));
+// What changes items waits until the tree has told of them.
+void Later(PartTree* tree, std::function<void()> work) {
+    QTimer::singleShot(0, tree, std::move(work));
 }
 
 }  // namespace
@@ -48,11 +39,7 @@ const std::vector<PartTree::Command>& PartTree::Commands() {
 }
 
 PartTree::PartTree(const PartsContext& context, Listeners listeners)
-    : m_context(context), m_edits(context), m_listeners(std::move(listeners)) {
-    setObjectName("parts");
-    setAccessibleName(Text("Parts"));
-    setHeaderHidden(true);
-    setTabKeyNavigation(false);
+    : PartItems(context), m_context(context), m_listeners(std::move(listeners)) {
     setEditTriggers(NoEditTriggers);
     setDragDropMode(InternalMove);
     setExpandsOnDoubleClick(false);
@@ -68,12 +55,7 @@ PartTree::PartTree(const PartsContext& context, Listeners listeners)
     });
     connect(this, &QTreeWidget::itemDoubleClicked, this, [this] { Open(); });
     connect(itemDelegate(), &QAbstractItemDelegate::closeEditor, this,
-            [this] { Later([this] { EndNew(); }); });
-}
-
-QSize PartTree::sizeHint() const {
-    constexpr int kLines = 5;
-    return {QTreeWidget::sizeHint().width(), kLines * (fontMetrics().height() + kRoom)};
+            [this] { Later(this, [this] { EndNew(); }); });
 }
 
 void PartTree::Show(std::int64_t whole) {
@@ -88,71 +70,7 @@ void PartTree::Leave() {
     if (IsTyping()) setCurrentItem(nullptr);  // which ends the editor
     if (m_new) EndNew();
     m_whole = 0;
-    m_shown.clear();
-    const bool wasFilling = std::exchange(m_isFilling, true);
-    clear();
-    m_isFilling = wasFilling;
-}
-
-void PartTree::Read() {
-    std::vector<ToDoPart> parts = m_edits.PartsOf(m_whole);
-    if (parts == m_shown && topLevelItemCount() == static_cast<int>(parts.size())) return;
-    m_shown = std::move(parts);
-    const std::int64_t current = IdOf(currentItem());
-    m_isFilling = true;
-    setUpdatesEnabled(false);
-    clear();
-    Fill(*invisibleRootItem(), m_shown);
-    expandAll();
-    if (QTreeWidgetItem* item = ItemOf(current)) setCurrentItem(item);
-    setUpdatesEnabled(true);
-    m_isFilling = false;
-}
-
-void PartTree::Fill(QTreeWidgetItem& parent, const std::vector<ToDoPart>& parts) {
-    for (const ToDoPart& part : parts) Fill(*NewItem(parent, part), part.parts);
-}
-
-QTreeWidgetItem* PartTree::NewItem(QTreeWidgetItem& parent, const ToDoPart& part) {
-    auto* item = new QTreeWidgetItem(&parent);  // the parent's
-    item->setSizeHint(0, QSize(0, fontMetrics().height() + kRoom));
-    item->setData(0, kId, static_cast<qlonglong>(part.id));
-    if (part.isMasked || part.isCut) {
-        item->setText(0, part.isCut ? QString(QChar(0x2026)) : Text("Private entry"));
-        item->setFlags(Qt::ItemIsEnabled);
-        return item;
-    }
-    const QString line = LineOf(part.text);
-    item->setText(0, line);
-    item->setData(0, kLine, line);
-    item->setData(0, kIsCompleted, part.isCompleted);
-    item->setCheckState(0, part.isCompleted ? Qt::Checked : Qt::Unchecked);
-    item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsEditable |
-                   Qt::ItemIsUserCheckable | Qt::ItemIsDragEnabled | Qt::ItemIsDropEnabled);
-    QFont font = this->font();
-    font.setStrikeOut(part.isCompleted);
-    item->setFont(0, font);
-    return item;
-}
-
-std::int64_t PartTree::WholeOf(const QTreeWidgetItem* item) const {
-    return item && item->parent() ? IdOf(item->parent()) : m_whole;
-}
-
-// So far behind the current one among the parts of the same whole; null for none.
-QTreeWidgetItem* PartTree::Sibling(int way) const {
-    QTreeWidgetItem* item = currentItem();
-    if (!item) return nullptr;
-    const QTreeWidgetItem* parent = item->parent() ? item->parent() : invisibleRootItem();
-    return parent->child(parent->indexOfChild(item) + way);
-}
-
-QTreeWidgetItem* PartTree::ItemOf(std::int64_t id) const {
-    if (id == 0) return nullptr;
-    for (QTreeWidgetItemIterator each(const_cast<PartTree*>(this)); *each; ++each) {
-        if (IdOf(*each) == id) return *each;
-    }
-    return nullptr;
+    Empty();
 }
 
 // What the tree does with a key isn't what the window would do with it.
@@ -162,7 +80,7 @@ bool PartTree::event(QEvent* event) {
         event->accept();
         return true;
     }
-    return QTreeWidget::event(event);
+    return PartItems::event(event);
 }
 
 QAction* PartTree::ActionOf(const QKeyEvent& event) const {
@@ -178,19 +96,15 @@ QAction* PartTree::ActionOf(const QKeyEvent& event) const {
 void PartTree::keyPressEvent(QKeyEvent* event) {
     QAction* action = IsTyping() ? nullptr : ActionOf(*event);
     if (action) return action->trigger();
-    QTreeWidget::keyPressEvent(event);
-}
-
-void PartTree::EnableActions() {
-    for (QAction* action : m_actions) {
-        action->setEnabled(action == m_actions.front() || currentItem());
-    }
+    PartItems::keyPressEvent(event);
 }
 
 void PartTree::contextMenuEvent(QContextMenuEvent* event) {
-    EnableActions();
     QMenu menu(this);
-    for (QAction* action : m_actions) menu.addAction(action);
+    for (QAction* action : m_actions) {
+        action->setEnabled(action == m_actions.front() || currentItem());
+        menu.addAction(action);
+    }
     const bool isByMouse = event->reason() == QContextMenuEvent::Mouse;
     const QPoint below = visualItemRect(currentItem()).bottomLeft();
     menu.exec(isByMouse || !currentItem() ? event->globalPos() : viewport()->mapToGlobal(below));
@@ -225,7 +139,7 @@ void PartTree::dropEvent(QDropEvent* event) {
     event->accept();
     setState(NoState);
     if (event->source() == this && id != 0 && before != id) {
-        Later([=, this] { Move(id, whole, before); });
+        Later(this, [=, this] { Move(id, whole, before); });
     }
 }
 
@@ -269,7 +183,7 @@ void PartTree::EditText() {
 void PartTree::Open() {
     const std::int64_t id = IdOf(currentItem());
     if (m_listeners.open && id != 0 && currentItem()->flags().testFlag(Qt::ItemIsEditable)) {
-        Later([=, this] { m_listeners.open(id); });
+        Later(this, [=, this] { m_listeners.open(id); });
     }
 }
 
@@ -309,10 +223,10 @@ void PartTree::TakeChange(QTreeWidgetItem* item) {
     const bool isCompleted = item->checkState(0) == Qt::Checked;
     const QString line = item->text(0);
     if (isCompleted != item->data(0, kIsCompleted).toBool()) {
-        Later([=, this] { Tick(id, isCompleted); });
+        Later(this, [=, this] { Tick(id, isCompleted); });
     } else if (line != item->data(0, kLine).toString()) {
         const std::string was = item->data(0, kLine).toString().toStdString();
-        Later([=, this] { SetText(id, was, line.toStdString()); });
+        Later(this, [=, this] { SetText(id, was, line.toStdString()); });
     }
 }
 
@@ -322,7 +236,7 @@ void PartTree::Tick(std::int64_t id, bool isCompleted) {
     const PartsAnswer answer = open.empty()
                                    ? PartsAnswer::OnlyThis
                                    : AskAboutOpenParts(this, static_cast<int>(open.size()));
-    m_shown.clear();  // the mark shows what isn't so
+    Distrust();
     if (answer == PartsAnswer::Cancel) return Read();
     Done(m_edits.SetCompleted(id, isCompleted,
                               answer == PartsAnswer::All ? open : std::vector<std::int64_t>()));
@@ -330,17 +244,13 @@ void PartTree::Tick(std::int64_t id, bool isCompleted) {
 
 void PartTree::SetText(std::int64_t id, const std::string& was, const std::string& line) {
     CToDoRecord record(m_context.table);
-    m_shown.clear();
+    Distrust();
     if (m_context.table.Find(id, record) != 0) return Read();
     const std::string whole(record.DescriptionUtf8());
     const ShownLine place(whole);
     const bool isForeign = place.In(whole) != was && place.In(whole) != line;
     if (isForeign && !MayReplaceText(this, place.In(whole))) return Read();
     Done(m_edits.SetText(id, place.Replaced(whole, line)));
-}
-
-void PartTree::Later(std::function<void()> work) {
-    QTimer::singleShot(0, this, std::move(work));
 }
 
 void PartTree::Done(const std::string& failure) {

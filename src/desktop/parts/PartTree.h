@@ -3,17 +3,16 @@
 #pragma once
 
 #include <QAction>
-#include <QTreeWidget>
 #include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
 
-#include <desktop/parts/PartEdits.h>
+#include <desktop/parts/PartItems.h>
 
 namespace orvo::desktop {
 
-class PartTree : public QTreeWidget {
+class PartTree : public PartItems {
 public:
     struct Listeners {
         std::function<void()> changed;           // the store, by what was done here
@@ -32,8 +31,6 @@ public:
     void Leave();
     bool IsTyping() const { return state() == EditingState; }
 
-    QSize sizeHint() const override;
-
 protected:
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -48,11 +45,7 @@ private:
     };
     static const std::vector<Command>& Commands();
 
-    void Read();
-    void Fill(QTreeWidgetItem& parent, const std::vector<ToDoPart>& parts);
-    QTreeWidgetItem* NewItem(QTreeWidgetItem& parent, const ToDoPart& part);
     QAction* ActionOf(const QKeyEvent& event) const;
-    void EnableActions();
 
     // By the user; each acts on the current part.
     void EditText();
@@ -68,21 +61,12 @@ private:
     void Tick(std::int64_t id, bool isCompleted);
     void SetText(std::int64_t id, const std::string& was, const std::string& line);
     void EndNew();
-    void Later(std::function<void()> work);
     void Done(const std::string& failure);
 
-    std::int64_t WholeOf(const QTreeWidgetItem* item) const;
-    QTreeWidgetItem* Sibling(int way) const;
-    QTreeWidgetItem* ItemOf(std::int64_t id) const;
-
     const PartsContext& m_context;
-    PartEdits m_edits;
     Listeners m_listeners;
-    std::vector<QAction*> m_actions;  // Qt's, one a command
-    std::int64_t m_whole = 0;
-    std::vector<ToDoPart> m_shown;
+    std::vector<QAction*> m_actions;   // Qt's, one a command
     QTreeWidgetItem* m_new = nullptr;  // the tree's, while its text is typed
-    bool m_isFilling = false;
 };
 
 }  // namespace orvo::desktop

@@ -86,7 +86,6 @@ public:
 
     // The birthdays and anniversaries of all people, as far as they were read since they changed.
     DayIndex& Days() { return m_days; }
-    const DayIndex& Days() const { return m_days; }
 
     // Which to-dos are parts of which, as it is now.
     TodoParts& Parts();

@@ -167,28 +167,7 @@ void MainMenus::MakeToDoMenu() {
     AddChoices(m_toDoOrders, toDos, kOrders, frame.ToDos().Order(),
                [&frame](int value) { frame.ToDos().SetOrder(static_cast<eSortOrder>(value)); });
     toDos.addSeparator();
-    m_narrow = AddCommand(toDos, Text("Only this to-do and its par&ts"), "Ctrl+T",
-                          [this] { m_commands.parts.NarrowOrWiden(); });
-    m_narrow->setCheckable(true);
-    m_partActions = {AddCommand(toDos, Text("&Make part of another..."), "Ctrl+Shift+P",
-                                [this] { m_commands.parts.PutSelected(); }),
-                     AddCommand(toDos, Text("Take &out of its whole"), "",
-                                [this] { m_commands.parts.TakeSelectedOut(); })};
-    toDos.addSeparator();
-    AddFlag(toDos, Untranslated("&Show completed"), &COrvoDesktopOptions::GetTodoShowCompleted,
-            &COrvoDesktopOptions::SetTodoShowCompleted);
-    AddFlag(toDos, Untranslated("Only what is d&ue"), &COrvoDesktopOptions::GetTodoShowDueItemsOnly,
-            &COrvoDesktopOptions::SetTodoShowDueItemsOnly);
-    QAction* unstarted = toDos.addAction(Text("&Hide what hasn't begun"));
-    unstarted->setCheckable(true);
-    unstarted->setChecked(HidesUnstarted());
-    QObject::connect(unstarted, &QAction::triggered, unstarted, [this](bool hides) {
-        SetHidesUnstarted(hides);
-        m_context.Refresh();
-    });
-    AddFlag(toDos, Untranslated("&Record the day of completion"),
-            &COrvoDesktopOptions::GetTodoMarkCompletionDate,
-            &COrvoDesktopOptions::SetTodoMarkCompletionDate);
+    m_toDos.PutInto(toDos);
 }
 
 void MainMenus::AddChoices(QActionGroup& group, QMenu& menu, std::span<const Choice> choices,
@@ -201,17 +180,6 @@ void MainMenus::AddChoices(QActionGroup& group, QMenu& menu, std::span<const Cho
         QObject::connect(action, &QAction::triggered, action,
                          [choose, value = choice.value] { choose(value); });
     }
-}
-
-void MainMenus::AddFlag(QMenu& menu, const char* text, int (COrvoDesktopOptions::*get)() const,
-                        void (COrvoDesktopOptions::*set)(int)) {
-    QAction* action = menu.addAction(Text(text));
-    action->setCheckable(true);
-    action->setChecked((m_context.Options().*get)() != 0);
-    QObject::connect(action, &QAction::triggered, action, [this, set](bool isOn) {
-        m_commands.options.Change(
-            [set, isOn](COrvoDesktopOptions& options) { (options.*set)(isOn ? 1 : 0); });
-    });
 }
 
 void MainMenus::FillColumnMenu(QMenu& menu) {
@@ -259,12 +227,7 @@ void MainMenus::EnableSelection() {
     m_groups.Enable(selected > 0 && !frame.IsShowingToDos());
     // Counted a moment late; a key right behind a selection is looked at by the command itself.
     m_editText->setEnabled(frame.IsShowingToDos());
-    for (QAction* action : m_partActions) {
-        action->setEnabled(selected > 0 && frame.IsShowingToDos());
-    }
-    const bool isNarrowed = m_commands.parts.IsNarrowed();
-    m_narrow->setChecked(isNarrowed);
-    m_narrow->setEnabled(frame.IsShowingToDos() && (isNarrowed || selected == 1));
+    m_toDos.Enable(frame.IsShowingToDos() ? selected : 0);
 }
 
 std::vector<QAction*> MainMenus::SelectionActions() const {
@@ -273,8 +236,7 @@ std::vector<QAction*> MainMenus::SelectionActions() const {
         actions.push_back(m_addressActions.front());
         actions.push_back(m_exportBirthdays);
     } else if (m_context.Frame().IsShowingToDos()) {
-        actions.push_back(m_narrow);
-        actions.insert(actions.end(), m_partActions.begin(), m_partActions.end());
+        for (QAction* action : m_toDos.Actions()) actions.push_back(action);
     } else {
         for (QAction* action : m_groups.Actions()) actions.push_back(action);
     }

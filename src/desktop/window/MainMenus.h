@@ -10,6 +10,7 @@
 
 #include <desktop/commands/DesktopCommands.h>
 #include <desktop/window/GroupMenu.h>
+#include <desktop/window/ToDoMenu.h>
 
 namespace orvo::desktop {
 
@@ -17,7 +18,10 @@ class MainMenus {
 public:
     // Context and commands outlive the menus.
     MainMenus(const CommandContext& context, DesktopCommands& commands)
-        : m_context(context), m_commands(commands), m_groups(commands.groups) {}
+        : m_context(context),
+          m_commands(commands),
+          m_groups(commands.groups),
+          m_toDos(context, commands) {}
     ~MainMenus();
     MainMenus(const MainMenus&) = delete;
     MainMenus& operator=(const MainMenus&) = delete;
@@ -52,22 +56,19 @@ private:
                         const std::function<void()>& run);
     void AddChoices(QActionGroup& group, QMenu& menu, std::span<const Choice> choices, int present,
                     const std::function<void(int)>& choose);
-    void AddFlag(QMenu& menu, const char* text, int (COrvoDesktopOptions::*get)() const,
-                 void (COrvoDesktopOptions::*set)(int));
     void FillColumnMenu(QMenu& menu);
     void ShowSteps();
 
     const CommandContext& m_context;
     DesktopCommands& m_commands;
     GroupMenu m_groups;
+    ToDoMenu m_toDos;
     QActionGroup m_privacies{nullptr};
     QActionGroup m_addressOrders{nullptr};
     QActionGroup m_toDoOrders{nullptr};
     std::vector<QAction*> m_addressActions;    // Qt's; enabled where addresses are selected
     std::vector<QAction*> m_selectionActions;  // where anything is
     QAction* m_editText = nullptr;
-    QAction* m_narrow = nullptr;
-    std::vector<QAction*> m_partActions;
     QAction* m_exportBirthdays = nullptr;
     QAction* m_undo = nullptr;
     QAction* m_redo = nullptr;
