@@ -8,6 +8,8 @@
 #include <contracts/Dates.h>
 #include <exchange/calendar/Recurrence.h>
 #include <exchange/calendar/ReminderText.h>
+#include <exchange/calendar/Reminders.h>
+#include <exchange/calendar/ToDoText.h>
 #include <host/RepeatWords.h>
 
 namespace orvo::cli {
