@@ -66,6 +66,8 @@ TEST(Recurrence, ASeriesMovesToItsNextDate) {
         {"counted from the due date, as only that is a Friday",
          "DTSTART:20261125\nDUE:20261127\nRRULE:FREQ=WEEKLY;BYDAY=FR",
          "DTSTART:20261202\nDUE:20261204\nRRULE:FREQ=WEEKLY;BYDAY=FR"},
+        {"an hour that stands twice", "DUE:20261126T090000\nRRULE:FREQ=DAILY;BYHOUR=9,9",
+         "DUE:20261127T090000\nRRULE:FREQ=DAILY;BYHOUR=9,9"},
         {"no date to count from", "RRULE:FREQ=DAILY", "over"},
         {"no rule", "DUE:20261126", "over"},
     };

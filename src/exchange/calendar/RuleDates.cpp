@@ -167,6 +167,7 @@ public:
             const bool isWalked = m_unit != 0 && m_unit <= size;
             if (isDay || (list.empty() && !isWalked)) list.assign(1, static_cast<int>(own));
             std::sort(list.begin(), list.end());
+            list.erase(std::unique(list.begin(), list.end()), list.end());
             return list;
         };
         m_hours = timesOf(ListOf(rule.by_hour), rest / 3600, 3600);
