@@ -103,7 +103,7 @@ class ReminderTest(DesktopCase):
         self.notes.answer(number, "In 10 minutes")
         self.notes.wait("both are put off", lambda: self.source().count("RELTYPE=SNOOZE") == 2)
         self.assertEqual(self.source().count("ACKNOWLEDGED"), 2)
-        self.import_to_do("Now", 0)  # seen while the service waits
+        self.import_to_do("Now", 0.05)  # seen while the service waits
         number, title, body, _ = self.notes.note(2)
         self.assertIn("Now", body)
         self.notes.answer(number, "Complete")
@@ -119,10 +119,14 @@ class ReminderTest(DesktopCase):
     def test_a_repeating_one_is_completed_for_this_time(self):
         self.import_to_do("Daily", -5, "RRULE:FREQ=DAILY\n")
         self.service()
-        self.notes.answer(self.notes.note()[0], "Complete")
+        number = self.notes.note()[0]
+        self.notes.answer(number, "In 1 hour")
+        self.notes.wait("it is put off", lambda: "RELTYPE=SNOOZE" in self.source())
+        self.notes.answer(number, "Complete")  # as if it were of a program that has ended
         self.notes.wait("a completed one", lambda: "STATUS:COMPLETED" in self.source())
         self.assertEqual(len(self.home.rows("todos")), 2)
         self.assertIn("RRULE", self.source())
+        self.assertNotIn("RELTYPE=SNOOZE", self.source())
 
     def test_the_service_gives_way_to_a_window_and_takes_over_from_it(self):
         self.import_to_do("Later", 60)

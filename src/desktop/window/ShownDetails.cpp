@@ -2,15 +2,18 @@
 // SPDX-License-Identifier: MIT
 #include <QDateTime>
 #include <QLocale>
+#include <QStringList>
 #include <algorithm>
 
 #include <contracts/Dates.h>
 #include <desktop/commands/LinkCommands.h>
+#include <desktop/details/ReminderWords.h>
 #include <desktop/forms/DateField.h>
 #include <desktop/options/DesktopPreferences.h>
 #include <desktop/texts/Texts.h>
 #include <desktop/views/EntryTexts.h>
 #include <desktop/window/ShownDetails.h>
+#include <exchange/calendar/Reminders.h>
 #include <host/RepeatWords.h>
 #include <orvoshare/text/NameText.h>
 #include <people/PersonReader.h>
@@ -35,6 +38,15 @@ std::string RepetitionOf(const CToDoRecord& record) {
     record.GetDueDate(due);
     if (!first && due != kMaxDate) first = CivilOfMoment(due);
     return RepeatWords(record.Recurrence(), first);
+}
+
+// In words; none where they can't be read.
+QStringList RemindersOf(const CToDoRecord& record) {
+    QStringList words;
+    ToDoText text;
+    if (!record.HasReminders() || ReadToDoText(record, text) != 0) return words;
+    for (const ToDoReminder& reminder : ReadReminders(text)) words += ReminderWords(reminder.time);
+    return words;
 }
 
 }  // namespace
@@ -176,6 +188,7 @@ void ShownDetails::ShowToDo(const CToDoRecord& record) {
     } else if (record.GetPercent() != 0) {
         add(Text("Completed"), Text("%1 %").arg(QLocale().toString(record.GetPercent())));
     }
+    for (const QString& words : RemindersOf(record)) add(Text("Reminder"), words);
     page.whole = WholeOf(record);
     page.category = CategoryOf(record);
     page.isPrivate = record.IsPrivate() != 0;

@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 
 #include <exchange/calendar/Recurrence.h>
+#include <exchange/calendar/Reminders.h>
 #include <exchange/calendar/SeriesDates.h>
 #include <exchange/calendar/SeriesLines.h>
 #include <exchange/calendar/ToDoFields.h>
@@ -210,7 +211,9 @@ std::optional<ToDoText> MovedToNext(const ToDoText& series) {
         SeriesDates(read.lines, *read.master, *read.clock).Next();
     if (!next) return std::nullopt;
     Move(*read.master, *read.clock, *next).Run();
-    return ToDoText{series.timeZones, read.lines.Text()};
+    ToDoText moved{series.timeZones, read.lines.Text()};
+    RemoveSnoozes(moved);
+    return moved;
 }
 
 ToDoText CompletedCopy(const ToDoText& series) {

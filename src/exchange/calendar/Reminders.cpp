@@ -292,6 +292,14 @@ bool RemoveReminder(ToDoText& toDo, const ReminderTime& time) {
     return SetReminders(toDo, times);
 }
 
+bool RemoveSnoozes(ToDoText& toDo) {
+    std::vector<TextEdit> edits;
+    for (const Alarm& alarm : AlarmReader(toDo).Read().all) {
+        if (alarm.isUnderstood && alarm.reminder.isSnooze) edits.push_back({alarm.text, {}});
+    }
+    return Apply(edits, toDo.text);
+}
+
 bool AcknowledgeReminders(ToDoText& toDo, std::int64_t told, std::int64_t now) {
     const Alarms alarms = AlarmReader(toDo).Read();
     const Alarm* last = nullptr;

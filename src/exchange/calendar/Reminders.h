@@ -48,4 +48,7 @@ bool AcknowledgeReminders(ToDoText& toDo, std::int64_t told, std::int64_t now);
 // The same, and comes again at the moment `until`, also where the to-do has no reminder.
 bool SnoozeReminders(ToDoText& toDo, std::int64_t told, std::int64_t now, std::int64_t until);
 
+// Takes away what was put off, as where the date is over that it stands for.
+bool RemoveSnoozes(ToDoText& toDo);
+
 }  // namespace orvo
