@@ -5,7 +5,6 @@
 #include <cli/CommandError.h>
 #include <cli/PersonView.h>
 #include <cli/ToDoDetailsView.h>
-#include <contracts/Dates.h>
 #include <exchange/calendar/Recurrence.h>
 #include <exchange/calendar/ReminderText.h>
 #include <exchange/calendar/Reminders.h>
@@ -36,12 +35,6 @@ std::vector<std::string> ReminderTexts(const CToDoRecord& record) {
         texts.push_back(FormatReminder(reminder.time));
     }
     return texts;
-}
-
-std::optional<CivilTime> DueOf(const CToDoRecord& record) {
-    long due = kMaxDate;
-    record.GetDueDate(due);
-    return due == kMaxDate ? std::nullopt : CivilOfMoment(due);
 }
 
 // Where the UID is that of a to-do here, its description says more.
@@ -82,8 +75,7 @@ void AddToDoDetails(const CToDoRecord& record, Json& json) {
 void PrintToDoDetails(const CToDoRecord& record) {
     const ToDoDetails details = record.GetDetails();
     if (details.start) PrintField("Starts", MomentText(*details.start));
-    const std::optional<CivilTime> from = details.start ? details.start : DueOf(record);
-    PrintField("Repeats", RepeatWords(details.recurrence, from));
+    PrintField("Repeats", RepeatWordsOf(record));
     PrintOtherDates(record);
     if (details.percent != 0) PrintField("Done", fmt::format("{} %", details.percent));
     if (!details.parent.empty()) PrintField("Part of", ParentText(record));

@@ -9,6 +9,7 @@
 #include <unicode/uloc.h>
 #include <unicode/unum.h>
 
+#include <contracts/Dates.h>
 #include <contracts/ToDoDetails.h>
 #include <exchange/calendar/OldRule.h>
 #include <exchange/calendar/RepeatRule.h>
@@ -248,6 +249,14 @@ std::string RepeatWords(std::string_view rule, const std::optional<CivilTime>& s
     const std::optional<RepeatRule> read = ReadRepeatRule(ofOld);
     if (!read || !HasWords(*read)) return Text(kOwnRule, {std::string(rule)});
     return Words(*read, start).All();
+}
+
+std::string RepeatWordsOf(const CToDoRecord& record) {
+    std::optional<CivilTime> first = record.GetDetails().start;
+    long due = kMaxDate;
+    record.GetDueDate(due);
+    if (!first && due != kMaxDate) first = CivilOfMoment(due);
+    return RepeatWords(record.Recurrence(), first);
 }
 
 }  // namespace orvo

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include <contracts/RecordStore.h>
 #include <platform/time/TimeZone.h>
 
 namespace orvo {
@@ -16,5 +17,8 @@ namespace orvo {
 // to-do or else its due date; nothing where it has neither.
 // Returns:  UTF-8, the part of a sentence; empty for an empty rule.
 std::string RepeatWords(std::string_view rule, const std::optional<CivilTime>& start);
+
+// The same for the rule of a record, which is counted from its start or else its due date.
+std::string RepeatWordsOf(const CToDoRecord& record);
 
 }  // namespace orvo

@@ -9,8 +9,10 @@
 #include <desktop/options/DesktopPreferences.h>
 #include <desktop/texts/Texts.h>
 #include <desktop/views/ShownToDos.h>
+#include <host/RepeatWords.h>
 #include <host/ViewSections.h>
 #include <orvoshare/text/ListHeading.h>
+#include <platform/text/SystemText.h>
 #include <platform/time/CTime.h>
 
 namespace orvo::desktop {
@@ -58,6 +60,8 @@ bool ShownToDos::Create(CWnd& parent, CCategoryCombo& categories) {
     if (!m_list->Create(kStyle, {}, &parent, kToDosId)) return false;
     m_list->Initialize();
     m_list->SetCategoryCombo(&categories);
+    m_list->SetTipWriter(
+        [](const CToDoRecord& record) { return SystemText(RepeatWordsOf(record)); });
     m_list->ShowDefaultHeading();
     m_spread.emplace(*m_list);
     HideColumns(*m_list);

@@ -13,6 +13,7 @@
 #include <desktop/texts/Texts.h>
 #include <desktop/views/EntryTexts.h>
 #include <desktop/window/ShownDetails.h>
+#include <exchange/calendar/Recurrence.h>
 #include <exchange/calendar/Reminders.h>
 #include <host/RepeatWords.h>
 #include <orvoshare/text/NameText.h>
@@ -31,13 +32,19 @@ QString MomentText(long date) {
                  : DateField::TextOf(date);
 }
 
-// In words.
-std::string RepetitionOf(const CToDoRecord& record) {
-    std::optional<CivilTime> first = record.GetDetails().start;
-    long due = kMaxDate;
-    record.GetDueDate(due);
-    if (!first && due != kMaxDate) first = CivilOfMoment(due);
-    return RepeatWords(record.Recurrence(), first);
+// The dates of a series that differ from the others: each with what it says.
+std::vector<std::pair<QString, QString>> OtherDatesOf(const CToDoRecord& record) {
+    std::vector<std::pair<QString, QString>> dates;
+    ToDoText text;
+    if (!record.IsRepeating() || ReadToDoText(record, text) != 0) return dates;
+    for (const Override& other : OverridesOf(text)) {
+        if (!other.date) continue;
+        const QString description = FromUtf8(other.description);
+        dates.emplace_back(
+            MomentText(static_cast<long>(other.date->moment)),
+            other.isCompleted ? Text("%1 (completed)").arg(description) : description);
+    }
+    return dates;
 }
 
 // In words; none where they can't be read.
@@ -177,7 +184,8 @@ void ShownDetails::ShowToDo(const CToDoRecord& record) {
     date = kMaxDate;
     record.GetDueDate(date);
     addDate(Untranslated("Due on"), date);
-    if (record.IsRepeating()) add(Text("Repeats"), FromUtf8(RepetitionOf(record)));
+    if (record.IsRepeating()) add(Text("Repeats"), FromUtf8(RepeatWordsOf(record)));
+    for (const auto& [day, what] : OtherDatesOf(record)) add(day, what);
     int priority = 0;
     record.GetPriority(priority);
     add(Text("Priority"), QLocale().toString(priority));

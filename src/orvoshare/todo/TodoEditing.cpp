@@ -4,8 +4,10 @@
 
 #include <contracts/Dates.h>
 #include <contracts/ResourceScope.h>
+#include <contracts/TextServices.h>
 #include <orvoshare/module/OrvoShareModule.h>
 #include <orvoshare/todo/TodoListbox.h>
+#include <platform/text/MultiByte.h>
 #include <platform/window/base/CWnd.h>
 #include <platform/window/base/WindowSystem.h>
 
@@ -81,6 +83,7 @@ const MessageMap& CTodoListbox::ThisMap() {
         {On<WM_SETCURSOR>(&CTodoListbox::OnSetCursor), On<WM_DESTROY>(&CTodoListbox::OnDestroy),
          On<WM_SYSCOLORCHANGE>(&CTodoListbox::OnSysColorChange), On<WM_CHAR>(&CTodoListbox::OnChar),
          OnNotifyReflect<NM_CLICK>(&CTodoListbox::OnClick),
+         OnNotifyReflect<LVN_GETINFOTIP>(&CTodoListbox::OnGetInfoTip),
          OnCommandRange(ID_TODO_PRIORITY_FIRST, ID_TODO_PRIORITY_LAST,
                         &CTodoListbox::OnPriorityChange),
          OnCommandRange(ID_TODO_DATE_FIRST, ID_TODO_DATE_LAST, &CTodoListbox::OnDateChange),
@@ -116,6 +119,16 @@ BOOL CTodoListbox::OnSetCursor(CWnd* window, UINT hitCode, UINT message) {
 void CTodoListbox::OnDestroy() {
     DeleteAll();
     COrvoUIListViewCtrl::OnDestroy();
+}
+
+void CTodoListbox::OnGetInfoTip(NMHDR* header, LRESULT*) {
+    auto& request = *reinterpret_cast<NMLVGETINFOTIP*>(header);
+    const CToDoRecord* record = RecordAt(request.iItem);
+    if (!record || !m_tipOf || IsRowMasked(GetItemData(request.iItem))) return;
+    CString tip = m_tipOf(*record);
+    // Beforehand, as the copy splits the characters of a double-byte page.
+    LeftAndValidateDec(tip, request.cchTextMax - 1);
+    lstrcpyn(request.pszText, tip, request.cchTextMax);
 }
 
 void CTodoListbox::OnClick(NMHDR* header, LRESULT*) {

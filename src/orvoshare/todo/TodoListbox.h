@@ -97,6 +97,10 @@ public:
     void SetCompletionQuestion(std::function<bool(const CToDoRecord&)> question) {
         m_mayComplete = std::move(question);
     }
+    // Gives the tip of a row, which is empty for none; without it no row has one.
+    void SetTipWriter(std::function<CString(const CToDoRecord&)> writer) {
+        m_tipOf = std::move(writer);
+    }
     void SetCategoryCombo(CCategoryCombo* combo) { m_pCategoryCombo = combo; }
 
     // 1 where the record belongs into the view by its flags, its category and because it isn't
@@ -192,6 +196,7 @@ protected:
     void MakeSelectedCheck();
     void OnChar(UINT character, UINT repeat, UINT flags);
     void OnClick(NMHDR* header, LRESULT* result);
+    void OnGetInfoTip(NMHDR* header, LRESULT* result);
     void OnPriorityChange(UINT command);
     void OnDateChange(UINT command);
     void OnCategoryChange(UINT command);
@@ -235,6 +240,7 @@ private:
     CCategoryCombo* m_pCategoryCombo = nullptr;
     const CToDoRecord* m_pMenuRecord = nullptr;  // that is asked about; null once it may be freed
     std::function<bool(const CToDoRecord&)> m_mayComplete;
+    std::function<CString(const CToDoRecord&)> m_tipOf;
 };
 
 // The comparison behind the orders: -1, 0 or 1 for two records of a view; 0 where one is null.
