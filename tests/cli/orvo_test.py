@@ -226,7 +226,8 @@ class OrvoTest(CommandTest):
         self.todo("add Dream --priority 2 --category Alpha")
         self.assertEqual(self.without_identity(self.rows("--now 2026-03-14T12:00 todos")[0]), {
             "row": 0, "id": 1, "description": "Buy stamps", "priority": 1, "due": "2026-03-20", "overdue": False,
-            "completed": False, "category": "Work", "private": False,
+            "completed": False, "recurrence": None, "start": None, "percent": 0, "parent": None, "reminders": [],
+            "category": "Work", "private": False,
             "cells": {"6": False, "1": "1", "0": "Buy stamps", "2": "3/20/26", "3": "Work", "4": False, "5": False}})
         for options, ids in (("--sort priority-due", [1, 3, 2]), ("--sort due-priority", [2, 1, 3]),
                              ("--sort category-due", [3, 2, 1]), ("--sort category-priority", [3, 2, 1]),
