@@ -150,6 +150,19 @@ class ReminderTest(DesktopCase):
         self.until_alone("the form")
         self.screen.keys("ctrl+q")
 
+    def test_the_form_edits_reminders(self):
+        self.home.orvo("todo", "add", "Call", "--due", "2026-12-24")
+        with self.window("--view", "todos"):
+            self.screen.keys("Home", "Return")
+            self.screen.focus("Edit to-do")
+            self.screen.keys("alt+m")
+            self.screen.after("the menu", lambda: self.screen.keys("space"))
+            self.screen.keys("Down", "Down", "Return", "alt+s")
+            self.until_alone("the form")
+            until("the reminder", lambda: "TRIGGER;RELATED=END:-PT5M" in self.source())
+            self.screen.keys("ctrl+z")
+            until("it is taken back", lambda: "VALARM" not in self.source())
+
     def test_the_option_starts_and_ends_the_service(self):
         file = self.home.folder / "config" / "autostart"
 

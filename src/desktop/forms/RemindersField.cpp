@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>
+#include <QMenu>
 #include <QStringList>
 #include <QToolButton>
 #include <algorithm>
@@ -12,6 +13,7 @@
 #include <desktop/details/ReminderWords.h>
 #include <desktop/forms/FormFields.h>
 #include <desktop/forms/RemindersField.h>
+#include <desktop/forms/StillWheel.h>
 #include <desktop/texts/Texts.h>
 #include <exchange/calendar/ReminderText.h>
 #include <exchange/calendar/ToDoText.h>
@@ -60,9 +62,10 @@ RemindersField::RemindersField(const Times& given) : m_text(this) {
     column->setContentsMargins(0, 0, 0, 0);
     m_rows = new QVBoxLayout;
     column->addLayout(m_rows);
-    column->addWidget(&m_choice, 0, Qt::AlignLeading);
+    column->addWidget(&m_add, 0, Qt::AlignLeading);
     AddChoices();
-    setFocusProxy(&m_choice);
+    setFocusProxy(&m_add);
+    setFocusPolicy(Qt::StrongFocus);  // for its label
     connect(&m_text, &QLineEdit::textChanged, this, [this] {
         if (!m_isMoving) ShowRows();
     });
@@ -70,24 +73,25 @@ RemindersField::RemindersField(const Times& given) : m_text(this) {
 }
 
 void RemindersField::AddChoices() {
-    m_choice.addItem(Text("Add a reminder..."));
+    m_add.setText(Text("Add a reminder..."));
+    m_add.setAutoDefault(false);
+    auto* menu = new QMenu(&m_add);
     for (const std::int64_t seconds : kAdvances) {
-        m_choice.addItem(ReminderWords({ReminderTime::From::Due, seconds}));
+        const ReminderTime time{ReminderTime::From::Due, seconds};
+        connect(menu->addAction(ReminderWords(time)), &QAction::triggered, this,
+                [this, time] { Add(time); });
     }
-    m_choice.addItem(Text("at a day and time"));
-    connect(&m_choice, &QComboBox::activated, this, [this](int row) { Choose(row); });
+    connect(menu->addAction(Text("at a day and time")), &QAction::triggered, this, [this] {
+        Add({ReminderTime::From::Moment, NextHour()});
+    });
+    m_add.setMenu(menu);
 }
 
-void RemindersField::Choose(int row) {
-    if (row == 0) return;
-    m_choice.setCurrentIndex(0);
-    const auto place = static_cast<std::size_t>(row - 1);
+void RemindersField::Add(const ReminderTime& time) {
     Times times = Value();
-    times.push_back(place < kAdvances.size()
-                        ? ReminderTime{ReminderTime::From::Due, kAdvances.at(place)}
-                        : ReminderTime{ReminderTime::From::Moment, NextHour()});
-    const bool isKnown = std::find(times.begin(), times.end() - 1, times.back()) < times.end() - 1;
-    if (!isKnown) Set(times);
+    if (std::ranges::find(times, time) != times.end()) return;
+    times.push_back(time);
+    Set(times);
 }
 
 RemindersField::Times RemindersField::Value() const {
@@ -138,7 +142,7 @@ void RemindersField::ShowRows() {
         connect(remove, &QToolButton::clicked, this, [this, place] {
             Times left = Value();
             left.erase(left.begin() + static_cast<std::ptrdiff_t>(place));
-            m_choice.setFocus();
+            m_add.setFocus();
             Set(left);
         });
         row->addWidget(remove);

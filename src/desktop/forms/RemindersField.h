@@ -2,21 +2,20 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QComboBox>
 #include <QGridLayout>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QVBoxLayout>
 #include <QWidget>
 #include <vector>
 
 #include <desktop/forms/RecordSaver.h>
-#include <desktop/forms/StillWheel.h>
 #include <exchange/calendar/Reminders.h>
 
 namespace orvo::desktop {
 
-// A list of them, each with a button that removes it, and a box that adds one. Day and time of one
-// that comes at a moment can be changed.
+// A list of them, each with a button that removes it, and one with a menu that adds one. Day and
+// time of one that comes at a moment can be changed.
 class RemindersField : public QWidget {
 public:
     using Times = std::vector<ReminderTime>;
@@ -33,7 +32,7 @@ public:
 
 private:
     void AddChoices();
-    void Choose(int row);
+    void Add(const ReminderTime& time);
     void ShowRows();
     QWidget* MakeMoment(std::size_t place);
     void Set(const Times& times);
@@ -41,7 +40,7 @@ private:
     QLineEdit m_text;  // all of them, hidden, so that a form that is kept keeps them
     QString m_given;
     QVBoxLayout* m_rows = nullptr;  // Qt's
-    StillWheel<QComboBox> m_choice;
+    QPushButton m_add;
     bool m_isMoving = false;  // a moment is being changed in its row
 };
 
