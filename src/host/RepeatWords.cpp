@@ -1,5 +1,6 @@
 // How a to-do comes again, in words.
 // SPDX-License-Identifier: MIT
+#include <array>
 #include <memory>
 #include <vector>
 
@@ -233,7 +234,14 @@ private:
     Names m_names;
 };
 
+// A day that its month never has is no day to be told.
 bool HasWords(const RepeatRule& rule) {
+    constexpr std::array<int, 12> kLongest{31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    for (const int day : rule.monthDays) {
+        if (rule.month > 0 && day > kLongest.at(static_cast<std::size_t>(rule.month - 1))) {
+            return false;
+        }
+    }
     for (const RepeatRule::Place& place : rule.places) {
         if (place.ordinal < -2) return false;
     }

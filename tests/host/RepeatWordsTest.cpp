@@ -39,6 +39,11 @@ TEST(RepeatWords, TellARuleInTheLanguageOfTheUser) {
         {"FREQ=DAILY;BYHOUR=9", "by a rule of its own: FREQ=DAILY;BYHOUR=9",
          "nach einer eigenen Regel: FREQ=DAILY;BYHOUR=9",
          "selon une règle particulière : FREQ=DAILY;BYHOUR=9", "独自の規則: FREQ=DAILY;BYHOUR=9"},
+        {"FREQ=YEARLY;BYMONTH=2;BYMONTHDAY=30",
+         "by a rule of its own: FREQ=YEARLY;BYMONTH=2;BYMONTHDAY=30",
+         "nach einer eigenen Regel: FREQ=YEARLY;BYMONTH=2;BYMONTHDAY=30",
+         "selon une règle particulière : FREQ=YEARLY;BYMONTH=2;BYMONTHDAY=30",
+         "独自の規則: FREQ=YEARLY;BYMONTH=2;BYMONTHDAY=30"},
         {"OTHER", "on dates of its own", "an eigenen Terminen", "à des dates particulières",
          "個別の日付"},
     };
