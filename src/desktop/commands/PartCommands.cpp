@@ -14,7 +14,9 @@ namespace orvo::desktop {
 PartsContext MakePartsContext(const CommandContext& context) {
     return {context.Session().ToDos(),
             [&context]() -> TodoParts& { return context.Session().Parts(); },
-            [&context] { return Disclosure(context.Options()); },
+            [&context](WayOut way, const CToDoRecord& record) {
+                return Disclosure(context.Options()).Of(way, record);
+            },
             [&context] { return context.Options().GetTodoMarkCompletionDate() != 0; },
             [&context](const QString& name, const std::function<long()>& change) {
                 return context.Session().Change(name.toStdString(), change);

@@ -37,9 +37,8 @@ PartEdits::Children PartEdits::ChildrenOf(std::int64_t whole) const {
 }
 
 void PartEdits::Read(std::int64_t whole, int depth, int& room, std::vector<ToDoPart>& parts) const {
-    const Disclosure disclosure = m_context.disclosure();
     for (const auto& record : ChildrenOf(whole).records) {
-        const Told told = disclosure.Of(WayOut::View, *record);
+        const Told told = m_context.told(WayOut::View, *record);
         if (told == Told::Nothing) continue;
         ToDoPart& part = parts.emplace_back();
         if (--room < 0 || depth == kDeepest) {
@@ -63,12 +62,11 @@ std::vector<ToDoPart> PartEdits::PartsOf(std::int64_t whole) const {
 
 std::vector<std::int64_t> PartEdits::OpenPartsOf(std::int64_t whole) const {
     std::vector<std::int64_t> open;
-    const Disclosure disclosure = m_context.disclosure();
     CToDoRecord record(m_context.table);
     for (const std::int64_t id : m_context.index().AllBelow(whole)) {
         if (m_context.table.Find(id, record) != 0 || record.IsDeleted() != 0) continue;
         if (record.IsCompleted() != 0) continue;
-        if (disclosure.Of(WayOut::Change, record) == Told::Whole) open.push_back(id);
+        if (m_context.told(WayOut::Change, record) == Told::Whole) open.push_back(id);
     }
     std::sort(open.begin(), open.end());
     return open;

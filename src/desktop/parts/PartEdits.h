@@ -27,7 +27,7 @@ struct ToDoPart {
 struct PartsContext {
     CToDoTable& table;
     std::function<TodoParts&()> index;  // in which all to-dos are noted as they are now
-    std::function<Disclosure()> disclosure;
+    std::function<Told(WayOut way, const CToDoRecord&)> told;
     std::function<bool()> marksCompletion;  // records when a to-do was completed
     // Runs a change, which returns 0 on success, as one step of that name: all of it, or nothing.
     // Returns:  an empty text on success, else why not, in one line.

@@ -24,7 +24,6 @@ using Wholes = std::vector<std::pair<std::int64_t, QString>>;
 Wholes ReadWholes(const PartsContext& context, const std::vector<std::int64_t>& parts) {
     std::unordered_set<std::int64_t> leftOut(parts.begin(), parts.end());
     for (const std::int64_t part : parts) leftOut.merge(context.index().AllBelow(part));
-    const Disclosure disclosure = context.disclosure();
     Wholes wholes;
     CToDoRecord record(context.table);
     CToDoIterator iterator(context.table);
@@ -32,7 +31,7 @@ Wholes ReadWholes(const PartsContext& context, const std::vector<std::int64_t>& 
     for (; found == 0 || iterator.IsAtDamage(); found = iterator.FindNext(record)) {
         if (found != 0 || record.IsCompleted() != 0 || record.IsArchived() != 0) continue;
         if (leftOut.count(record.GetId()) != 0) continue;
-        if (disclosure.Of(WayOut::View, record) != Told::Whole) continue;
+        if (context.told(WayOut::View, record) != Told::Whole) continue;
         const std::string_view text = record.DescriptionUtf8();
         wholes.emplace_back(record.GetId(), FromUtf8(ShownLine(text).In(text)));
     }

@@ -62,14 +62,17 @@ protected:
     MemoryEngine engine;
     CToDoTable table{engine};
     TodoParts parts{table};
-    Privacy privacy = Privacy::Show;
+    Told ofPrivate = Told::Whole;
     PartsContext context{table,
                          [this]() -> TodoParts& {
                              parts.SetChanged({});
                              parts.Read();
                              return parts;
                          },
-                         [this] { return Disclosure(privacy); }, [] { return false; },
+                         [this](WayOut, const CToDoRecord& record) {
+                             return record.IsPrivate() != 0 ? ofPrivate : Told::Whole;
+                         },
+                         [] { return false; },
                          [this](const QString&, const std::function<long()>& change) {
                              return change() == 0 ? std::string() : engine.LastError();
                          }};
@@ -126,10 +129,10 @@ TEST_F(PartTreeTest, APartNeverGoesBelowItselfAndAMaskedOneTellsNothing) {
     const std::int64_t b = Add("b", "a");
     Add("secret", "whole", true);
     PartEdits(context).Move(a, b, 0);
-    privacy = Privacy::Mask;
+    ofPrivate = Told::Masked;
     EXPECT_EQ(Outline(whole), "a(b ) ? ");
     EXPECT_EQ(PartEdits(context).OpenPartsOf(whole), (std::vector<std::int64_t>{a, b}));
-    privacy = Privacy::Hide;
+    ofPrivate = Told::Nothing;
     EXPECT_EQ(Outline(whole), "a(b ) ");
 }
 
