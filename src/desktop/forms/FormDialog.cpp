@@ -107,7 +107,7 @@ bool FormDialog::eventFilter(QObject* watched, QEvent* event) {
 
 bool FormDialog::Run() {
     AddButtons();
-    FitScreen();
+    resize(WantedSize());
     if (m_keeper) {
         m_given = ChangedFields(*m_page, {});
         const QJsonObject kept = m_keeper->TakeFields();
@@ -151,7 +151,7 @@ void FormDialog::AddButtons() {
 }
 
 // As large as its fields ask for, where the screen has room; else it scrolls.
-void FormDialog::FitScreen() {
+QSize FormDialog::WantedSize() const {
     const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     const QMargins margins = layout()->contentsMargins();
     const QSize page = m_page->sizeHint();
@@ -161,7 +161,12 @@ void FormDialog::FitScreen() {
         page.height() + buttons.height() + layout()->spacing() + margins.top() + margins.bottom());
     constexpr int kPercentOfScreen = 92;  // leaves room for the frame
     const QSize room = screen()->availableSize() * kPercentOfScreen / 100;
-    resize(wanted.boundedTo(room));
+    return wanted.boundedTo(room);
+}
+
+void FormDialog::Grow() {
+    m_page->layout()->activate();
+    resize(size().expandedTo(WantedSize()));
 }
 
 // What is shown of somebody else isn't kept as typed by the user.

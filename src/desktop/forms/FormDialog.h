@@ -36,6 +36,9 @@ public:
     // Returns:  true after it was saved.
     bool Run();
 
+    // Makes it as large as its fields have become, as far as the screen has room.
+    void Grow();
+
     // Somebody else may have changed the record: the form shows it and says so.
     void TakeForeign();
 
@@ -57,7 +60,7 @@ private:
     SaveResult SaveDecided();
     void TellFailure(const SaveResult& result);
     void AddButtons();
-    void FitScreen();
+    QSize WantedSize() const;
     void ArrangeColumns();
 
     FormSaver& m_saver;

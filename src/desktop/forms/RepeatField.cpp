@@ -186,7 +186,6 @@ void RepeatField::ShowKind() {
     m_place.setVisible(kind == kMonthly || kind == kYearly);
     m_end.setVisible(isChosen);
     ShowWords();
-    if (!m_isShowing && m_listener) m_listener();
 }
 
 // The days that the date gives, and the one that is chosen.
@@ -225,9 +224,11 @@ void RepeatField::ShowWords() {
     if (m_isShowing) return;
     m_words.setVisible(Repeats());
     m_words.setText(Words());
+    if (m_listener) m_listener();
 }
 
 void RepeatField::SetDate(const CivilTime& date) {
+    if (date == m_date) return;
     const auto was = static_cast<std::size_t>(WeekdayOfDate());
     m_date = date;
     int checked = 0;

@@ -38,7 +38,7 @@ public:
     void Give(std::string_view rule, bool keepsMine);
     // The date from which it is counted; a day of the week or month that it had from that moves.
     void SetDate(const CivilTime& date);
-    // Called when another kind is chosen.
+    // Called after it was changed.
     void SetListener(std::function<void()> listener) { m_listener = std::move(listener); }
 
 private:

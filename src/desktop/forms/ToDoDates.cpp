@@ -3,6 +3,7 @@
 #include <QVBoxLayout>
 
 #include <contracts/Dates.h>
+#include <desktop/forms/FormDialog.h>
 #include <desktop/forms/FormFields.h>
 #include <desktop/forms/RepeatField.h>
 #include <desktop/forms/ToDoDates.h>
@@ -89,6 +90,7 @@ void AddToDoDates(Saver& saver, CToDoRecord& record, DateField& due, const Civil
         const std::optional<CivilTime> date =
             dueField->HasDate() ? dueField->Value() : start->Value();
         if (date) repeat->SetDate(*date);
+        if (auto* form = dynamic_cast<FormDialog*>(repeat->window())) form->Grow();
     };
     due.SetListener(follow);
     start->SetListener(follow);
