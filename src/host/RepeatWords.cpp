@@ -245,7 +245,11 @@ bool HasWords(const RepeatRule& rule) {
     for (const RepeatRule::Place& place : rule.places) {
         if (place.ordinal < -2) return false;
     }
-    return true;
+    // 30 February never comes.
+    constexpr int kLeapYear = 1972;
+    const bool hasDay = rule.month != 0 && !rule.monthDays.empty() && rule.monthDays[0] > 0;
+    return !hasDay ||
+           CivilOfDays(DaysOfCivil(kLeapYear, rule.month, rule.monthDays[0])).month == rule.month;
 }
 
 }  // namespace

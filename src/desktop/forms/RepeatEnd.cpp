@@ -1,7 +1,6 @@
 // When a to-do comes for the last time, in a form.
 // SPDX-License-Identifier: MIT
 #include <QHBoxLayout>
-#include <algorithm>
 
 #include <desktop/forms/DayPicture.h>
 #include <desktop/forms/RepeatEnd.h>
@@ -11,7 +10,6 @@
 namespace orvo::desktop {
 namespace {
 
-constexpr int kMostTimes = 9999;
 constexpr int kProposedTimes = 10;
 
 QDate DayOfCivil(const CivilTime& civil) {
@@ -64,9 +62,7 @@ void RepeatEnd::ShowParts() {
 void RepeatEnd::Give(const RepeatRule& rule, const QDate& date) {
     m_given = rule.until;
     m_day.setDate(m_given ? DayShown(*m_given) : date.addYears(1));
-    if (rule.count) {
-        m_times.setValue(static_cast<int>(std::min<std::int64_t>(*rule.count, kMostTimes)));
-    }
+    if (rule.count) m_times.setValue(static_cast<int>(*rule.count));
     m_kind.setCurrentIndex(rule.until ? kUntil : rule.count ? kTimes : kNever);
 }
 

@@ -14,6 +14,9 @@
 
 namespace orvo::desktop {
 
+// The largest number of times that it takes.
+constexpr int kMostTimes = 9999;
+
 // Never, after a day, or after a number of times.
 class RepeatEnd : public QWidget {
 public:

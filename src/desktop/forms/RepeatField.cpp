@@ -21,7 +21,8 @@ std::optional<RepeatRule> Choosable(std::string_view text) {
     if (!rule) return std::nullopt;
     const bool hasOnePlace = rule->monthDays.size() + rule->places.size() <= 1;
     const bool isKnown = rule->places.empty() || rule->places[0].ordinal >= -1;
-    return hasOnePlace && isKnown && rule->interval <= kLongestInterval ? rule : std::nullopt;
+    const bool fits = rule->interval <= kLongestInterval && rule->count.value_or(1) <= kMostTimes;
+    return hasOnePlace && isKnown && fits ? rule : std::nullopt;
 }
 
 // What a rule says of the day in a month or year, as a rule of one month or year.
