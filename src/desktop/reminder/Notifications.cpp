@@ -12,7 +12,8 @@ namespace {
 constexpr char kService[] = "org.freedesktop.Notifications";
 constexpr char kPath[] = "/org/freedesktop/Notifications";
 constexpr char kDefault[] = "default";  // the action of a click on the message
-constexpr std::chrono::seconds kTimeLimit{2};
+// One that the bus has to start first takes its time.
+constexpr std::chrono::seconds kTimeLimit{10};
 constexpr std::int32_t kAsTheServiceLikes = -1;  // how long it is shown
 constexpr std::int32_t kUntilClosed = 0;
 constexpr std::uint32_t kClosedByUser = 2;

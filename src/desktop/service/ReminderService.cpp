@@ -14,6 +14,7 @@
 #include <desktop/texts/Texts.h>
 #include <host/Disclosure.h>
 #include <host/HostOptions.h>
+#include <orvoshare/shared/DataSetClaim.h>
 #include <platform/settings/SettingsStore.h>
 
 namespace orvo::desktop {
@@ -154,7 +155,8 @@ void ReminderService::ShowOwn(const Note& note) {
 
 void ReminderService::Answer(const std::string& text, const std::string& token) {
     const std::optional<ReminderAnswer> answer = ReminderAnswer::Of(text);
-    if (!answer) return;
+    // Each service hears what the user answers to those of other stores.
+    if (!answer || answer->store != DataSetUser(m_store)) return;
     std::string error;
     std::unique_ptr<StoreSession> opened;
     if (!m_work) opened = StoreSession::Open(m_store, error);
