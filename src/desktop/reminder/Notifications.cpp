@@ -61,7 +61,10 @@ void Notifications::TakeAction(std::uint32_t id, const std::string& action) {
     if (!isOwn && !m_takesAll) return;
     const std::string answer = isOwn && action == kDefault ? found->second.opened : action;
     if (isOwn) m_shown.erase(found);
-    if (answer != kDefault) Pass(answer, token);
+    if (answer == kDefault) return;
+    Pass(answer, token);
+    // Not every service does so by itself.
+    if (isOwn) Close(id);
 }
 
 void Notifications::Pass(const std::string& answer, const std::string& token) {
@@ -114,16 +117,18 @@ void Notifications::Send(const Note& note) {
 
 void Notifications::CloseAll() {
     for (const auto& [id, note] : std::exchange(m_shown, {})) {
-        if (note.closed.empty()) continue;
-        try {
-            m_service->callMethod("CloseNotification")
-                .onInterface(kService)
-                .withTimeout(kTimeLimit)
-                .withArguments(id)
-                .dontExpectReply();
-        } catch (const sdbus::Error&) {
-            return;
-        }
+        if (!note.closed.empty()) Close(id);
+    }
+}
+
+void Notifications::Close(std::uint32_t id) {
+    try {
+        m_service->callMethod("CloseNotification")
+            .onInterface(kService)
+            .withArguments(id)
+            .dontExpectReply();
+    } catch (const sdbus::Error&) {
+        // The bus has gone, and what it showed with it.
     }
 }
 

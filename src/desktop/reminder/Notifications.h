@@ -44,6 +44,7 @@ private:
     void TakeAction(std::uint32_t id, const std::string& action);
     void Pass(const std::string& answer, const std::string& token);
     void Deliver();
+    void Close(std::uint32_t id);
 
     Answered m_answered;
     Unserved m_unserved;
