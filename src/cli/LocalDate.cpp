@@ -1,7 +1,7 @@
 // Days and times as they stand on a command line.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
-#include <string_view>
+#include <array>
 
 #include <fmt/format.h>
 
@@ -114,6 +114,13 @@ std::time_t DayOfText(const std::string& text, const char* option) {
                                                   option, text));
     }
     return day;
+}
+
+std::optional<int> DateChoiceOfText(std::string_view text) {
+    constexpr std::array<std::string_view, 4> kWords{"today", "tomorrow", "week", "none"};
+    const auto* const word = std::ranges::find(kWords, text);
+    return word == kWords.end() ? std::nullopt
+                                : std::optional(static_cast<int>(word - kWords.begin()));
 }
 
 std::time_t TimeOfText(const std::string& text, const char* option) {

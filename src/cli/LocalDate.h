@@ -3,7 +3,9 @@
 #pragma once
 
 #include <ctime>
+#include <optional>
 #include <string>
+#include <string_view>
 
 namespace orvo::cli {
 
@@ -12,6 +14,10 @@ namespace orvo::cli {
 // Fails:    CommandError, wrong use, naming the option, where the text is no date or lies outside
 //           of what a record holds.
 std::time_t DayOfText(const std::string& text, const char* option);
+
+// The place in the menu of dates (DateChoice) of "today", "tomorrow", "week" and "none"; nothing
+// for any other word.
+std::optional<int> DateChoiceOfText(std::string_view text);
 
 // A local time: an ISO date, alone or with "T" and hours, minutes, and seconds or not.
 // Fails:    CommandError, wrong use.

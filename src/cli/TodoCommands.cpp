@@ -1,6 +1,5 @@
 // todo: edit rows of the list as a click would.
 // SPDX-License-Identifier: MIT
-#include <array>
 #include <memory>
 #include <optional>
 
@@ -30,8 +29,6 @@ struct RowEdit {
 using Outcome = std::function<bool(const CToDoRecord&)>;
 using RowChange = std::function<Outcome(Store&, TodoView&, const RowEdit&)>;
 
-// The words of `due`, by the choices of the menu of dates.
-constexpr std::array<const char*, 4> kDays{"today", "tomorrow", "week", "none"};
 constexpr UINT kChooseDate = ID_TODO_DATE_LAST;
 
 Outcome SetPriorityOfRow(Store&, TodoView& view, const RowEdit& edit) {
@@ -52,11 +49,10 @@ Outcome HasDueDate(long due) {
 }
 
 Outcome SetDueOfRow(Store&, TodoView& view, const RowEdit& edit) {
-    for (std::size_t choice = 0; choice < kDays.size(); ++choice) {
-        if (edit.value != kDays[choice]) continue;
+    if (const std::optional<int> choice = DateChoiceOfText(edit.value)) {
         view.ClickCell(edit.row, TodoColumn::DueDate,
-                       ID_TODO_DATE_FIRST + static_cast<UINT>(choice));
-        return HasDueDate(ChosenDate(static_cast<int>(choice), kMaxDate));
+                       ID_TODO_DATE_FIRST + static_cast<UINT>(*choice));
+        return HasDueDate(ChosenDate(*choice, kMaxDate));
     }
     const std::time_t day = DayOfText(edit.value, "due");
     view.System().AnswerDay(CTime(day));

@@ -1,6 +1,5 @@
 // todo add, and todo edit: any fields of a to-do at once.
 // SPDX-License-Identifier: MIT
-#include <array>
 #include <memory>
 #include <optional>
 
@@ -42,14 +41,11 @@ struct RowOrder {
 };
 
 constexpr const char* kNone = "none";
-constexpr std::array<const char*, 4> kDays{"today", "tomorrow", "week", kNone};
 
 // kMaxDate for none.
 long DateOf(const std::string& text, const char* option) {
-    for (std::size_t choice = 0; choice < kDays.size(); ++choice) {
-        if (text == kDays[choice]) return ChosenDate(static_cast<int>(choice), kMaxDate);
-    }
-    return DayOfText(text, option);
+    const std::optional<int> choice = DateChoiceOfText(text);
+    return choice ? ChosenDate(*choice, kMaxDate) : DayOfText(text, option);
 }
 
 std::optional<CivilTime> StartOf(const std::string& text) {

@@ -123,6 +123,7 @@ public:
         std::vector<std::u16string> texts;
         std::vector<const char16_t*> starts;
         std::vector<int32_t> sizes;
+        texts.reserve(items.size());
         for (const std::string& item : items) texts.push_back(Utf8ToUtf16(item));
         for (const std::u16string& text : texts) {
             starts.push_back(text.data());

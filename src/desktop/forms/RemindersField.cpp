@@ -22,7 +22,7 @@
 namespace orvo::desktop {
 namespace {
 
-constexpr const char* kDivider = "; ";
+constexpr const char* kBetweenReminders = "; ";
 constexpr std::int64_t kMinute = 60;
 constexpr std::int64_t kHour = 60 * kMinute;
 constexpr std::int64_t kDay = 24 * kHour;
@@ -32,7 +32,7 @@ constexpr std::array<std::int64_t, 8> kAdvances{0,     5 * kMinute, 15 * kMinute
 QString FormOf(const RemindersField::Times& times) {
     QStringList texts;
     for (const ReminderTime& time : times) texts += FromUtf8(FormatReminder(time));
-    return texts.join(kDivider);
+    return texts.join(kBetweenReminders);
 }
 
 // In the order in which the form was given them; a snoozed one isn't the user's to edit.
@@ -96,7 +96,7 @@ void RemindersField::Add(const ReminderTime& time) {
 
 RemindersField::Times RemindersField::Value() const {
     Times times;
-    for (const QString& text : m_text.text().split(kDivider, Qt::SkipEmptyParts)) {
+    for (const QString& text : m_text.text().split(kBetweenReminders, Qt::SkipEmptyParts)) {
         const std::optional<ReminderTime> time = ReadReminder(text.toStdString());
         if (time) times.push_back(*time);
     }

@@ -233,6 +233,7 @@ std::vector<ReminderTime> TimesOf(const ToDoText& toDo) {
 
 bool ApplyAll(const std::map<std::size_t, TextEdit>& edits, std::string& text) {
     std::vector<TextEdit> list;
+    list.reserve(edits.size());
     for (const auto& [place, edit] : edits) list.push_back(edit);
     return Apply(list, text);
 }
