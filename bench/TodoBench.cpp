@@ -48,7 +48,7 @@ void AddToDos(CToDoTable& table, int count, Kind kind) {
     constexpr long kFirstDay = 1'767'225'600;  // 2026-01-01 00:00:00 UTC
     constexpr long kDay = 86'400;
     std::mt19937 random(1);
-    const auto number = [&random](unsigned count) { return static_cast<int>(random() % count); };
+    const auto number = [&random](unsigned most) { return static_cast<int>(random() % most); };
     DetailsMaker details;
     for (int i = 0; i < count; ++i) {
         CToDoRecord record(table, 1);

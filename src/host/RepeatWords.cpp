@@ -4,6 +4,7 @@
 #include <memory>
 #include <vector>
 
+#include <fmt/format.h>
 #include <unicode/udat.h>
 #include <unicode/udatpg.h>
 #include <unicode/ulistformatter.h>
@@ -47,7 +48,7 @@ constexpr unsigned kOwnDates = 33232;
 std::string Text(unsigned number, const std::vector<std::string>& values = {}) {
     std::string text = ToUtf8(OrvoShareText(number));
     for (std::size_t i = values.size(); i-- > 0;) {
-        const std::string mark = "%" + std::to_string(i + 1);
+        const std::string mark = fmt::format("%{}", i + 1);
         const std::size_t place = text.find(mark);
         if (place != std::string::npos) text.replace(place, mark.size(), values[i]);
     }
