@@ -103,7 +103,7 @@ class ReminderTest(DesktopCase):
         self.notes.answer(number, "In 10 minutes")
         self.notes.wait("both are put off", lambda: self.source().count("RELTYPE=SNOOZE") == 2)
         self.assertEqual(self.source().count("ACKNOWLEDGED"), 2)
-        self.assertEqual(self.notes.closed, [number])
+        self.notes.wait("the answered one is closed", lambda: self.notes.closed == [number])
         self.import_to_do("Now", 0.05)  # seen while the service waits
         number, title, body, _ = self.notes.note(2)
         self.assertIn("Now", body)
