@@ -33,7 +33,7 @@ void CTodoListbox::AddAllItemData(CToDoTable* table) {
     long found = iterator.FindFirst(*record, 1);
     for (; found == 0 || iterator.IsAtDamage(); found = iterator.FindNext(*record, 1)) {
         const bool isWhole = found == 0;
-        if (isWhole) NoteChange(*record);
+        if (isWhole) NoteNew(*record);
         if (!isWhole || PassThruFilter(record.get()) == 0) continue;
         InsertRecord(row, record.release(), 0);
         ++row;
@@ -42,9 +42,18 @@ void CTodoListbox::AddAllItemData(CToDoTable* table) {
     Resort();
 }
 
+void CTodoListbox::NoteNew(const CToDoRecord& record) {
+    m_parts->NoteNew(record.GetId(), record.ParentUid(), record.IsCompleted() != 0);
+    NoteStart(record);
+}
+
 void CTodoListbox::NoteChange(const CToDoRecord& record) {
     if (!m_parts) return;
     m_parts->Note(record.GetId(), record.ParentUid(), record.IsCompleted() != 0);
+    NoteStart(record);
+}
+
+void CTodoListbox::NoteStart(const CToDoRecord& record) {
     long start = kMaxDate;
     record.GetStartDate(start);
     if (start < m_nextStart && IsUnstarted(record)) m_nextStart = start;

@@ -204,6 +204,8 @@ protected:
 private:
     std::optional<bool> IsChecked(int row, int column) override;
     bool IsOverdue(int row, int column) override;
+    void NoteNew(const CToDoRecord& record);
+    void NoteStart(const CToDoRecord& record);
     CString Remark(const CToDoRecord& record);
     CString PartsRemark(const CToDoRecord& record);
     CToDoRecord* RecordAt(int row) const;

@@ -10,23 +10,41 @@ namespace orvo {
 
 void TodoParts::Note(std::int64_t id, std::string_view parentUid, bool isCompleted) {
     ++m_notes;
+    TakeWaiting();
     const auto known = m_parts.find(id);
     if (known == m_parts.end() && parentUid.empty()) return;
-    const std::string uid = PlainUid(parentUid);
-    if (known != m_parts.end() && known->second.whole->uid == uid) {
+    if (known != m_parts.end() && known->second.whole->uid == PlainUid(parentUid)) {
         known->second.isCompleted = isCompleted;
         return;
     }
     Forget(id);
-    if (uid.empty()) return;
-    Whole& whole = m_wholes[uid];
-    if (whole.parts.empty()) whole.uid = uid;
+    if (!parentUid.empty()) Add(id, parentUid, isCompleted);
+}
+
+void TodoParts::NoteNew(std::int64_t id, std::string_view parentUid, bool isCompleted) {
+    ++m_notes;
+    if (!parentUid.empty()) m_waiting.push_back({id, std::string(parentUid), isCompleted});
+}
+
+void TodoParts::TakeWaiting() {
+    if (m_waiting.empty()) return;
+    m_parts.reserve(m_parts.size() + m_waiting.size());
+    for (const WaitingPart& part : std::exchange(m_waiting, {})) {
+        Add(part.id, part.parentUid, part.isCompleted);
+    }
+}
+
+void TodoParts::Add(std::int64_t id, std::string_view parentUid, bool isCompleted) {
+    const auto place = m_wholes.try_emplace(PlainUid(parentUid)).first;
+    Whole& whole = place->second;
+    if (whole.parts.empty()) whole.uid = place->first;
     whole.parts.push_back(id);
     m_parts.emplace(id, Part{&whole, isCompleted});
 }
 
 void TodoParts::Forget(std::int64_t id) {
     ++m_notes;
+    TakeWaiting();
     const auto known = m_parts.find(id);
     if (known == m_parts.end()) return;
     Whole& whole = *known->second.whole;
@@ -37,6 +55,7 @@ void TodoParts::Forget(std::int64_t id) {
 
 void TodoParts::Clear() {
     ++m_notes;
+    m_waiting.clear();
     m_parts.clear();
     m_wholes.clear();
 }
@@ -55,7 +74,7 @@ void TodoParts::Read() {
     CToDoIterator iterator(m_table);
     long found = iterator.FindFirst(record);
     for (; found == 0 || iterator.IsAtDamage(); found = iterator.FindNext(record)) {
-        if (found == 0) Note(record.GetId(), record.ParentUid(), record.IsCompleted() != 0);
+        if (found == 0) NoteNew(record.GetId(), record.ParentUid(), record.IsCompleted() != 0);
     }
     m_isRead = true;
 }
@@ -96,10 +115,12 @@ std::unordered_set<std::int64_t> TodoParts::WholesAbove(std::int64_t id) {
 }
 
 std::int64_t TodoParts::ParentOf(std::int64_t id) {
+    TakeWaiting();
     return WholesAbove(id).count(id) != 0 ? 0 : NamedBy(id);
 }
 
 std::vector<std::int64_t> TodoParts::PartsOf(std::string_view uid) {
+    TakeWaiting();
     const auto found = m_wholes.find(PlainUid(uid));
     if (found == m_wholes.end()) return {};
     const std::int64_t id = IdOf(found->second);
@@ -116,6 +137,7 @@ std::vector<std::int64_t> TodoParts::PartsOf(std::string_view uid) {
 }
 
 PartCount TodoParts::CountOf(std::string_view uid) {
+    TakeWaiting();
     PartCount count;
     for (const std::int64_t id : PartsOf(uid)) {
         ++count.all;
@@ -126,6 +148,7 @@ PartCount TodoParts::CountOf(std::string_view uid) {
 
 // Only those below are asked for their UIDs, not all parts for their wholes.
 std::unordered_set<std::int64_t> TodoParts::AllBelow(std::int64_t id) {
+    TakeWaiting();
     std::unordered_set<std::int64_t> below;
     if (IsEmpty()) return below;
     std::unordered_set<std::int64_t> above = WholesAbove(id);

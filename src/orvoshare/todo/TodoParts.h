@@ -32,6 +32,8 @@ public:
     // The to-do of that id is there, new or changed; `parentUid` is empty where it names no whole.
     // All to-dos that aren't deleted are to be noted, shown or not.
     void Note(std::int64_t id, std::string_view parentUid, bool isCompleted);
+    // The same for one of which nothing was noted yet; it waits until somebody asks.
+    void NoteNew(std::int64_t id, std::string_view parentUid, bool isCompleted);
     void Forget(std::int64_t id);
     void Clear();
 
@@ -43,7 +45,7 @@ public:
     std::uint64_t Version() const { return m_notes; }
 
     // True where no to-do names a whole.
-    bool IsEmpty() const { return m_parts.empty(); }
+    bool IsEmpty() const { return m_parts.empty() && m_waiting.empty(); }
 
     // The whole that the to-do is directly part of; 0 for none.
     std::int64_t ParentOf(std::int64_t id);
@@ -66,6 +68,14 @@ private:
         bool isCompleted;
     };
 
+    struct WaitingPart {
+        std::int64_t id;
+        std::string parentUid;
+        bool isCompleted;
+    };
+
+    void TakeWaiting();
+    void Add(std::int64_t id, std::string_view parentUid, bool isCompleted);
     std::int64_t IdOf(Whole& whole);
     std::int64_t NamedBy(std::int64_t id);  // 0 for nothing; also within a circle
     std::unordered_set<std::int64_t> WholesAbove(std::int64_t id);
@@ -74,6 +84,7 @@ private:
     CToDoTable& m_table;
     std::unordered_map<std::string, Whole> m_wholes;  // by their PlainUid
     std::unordered_map<std::int64_t, Part> m_parts;
+    std::vector<WaitingPart> m_waiting;
     std::uint64_t m_notes = 1;
     bool m_isRead = false;
     std::unordered_set<std::int64_t> m_changed;
