@@ -96,6 +96,7 @@ long PartEdits::Arrange(std::int64_t whole, CToDoRecord& record, std::int64_t be
     }
     if (std::find(order.begin(), order.end(), &record) == order.end()) order.push_back(&record);
     std::vector<int> places;
+    places.reserve(order.size());
     for (const CToDoRecord* each : order) places.push_back(PlaceOf(*each));
     std::sort(places.begin(), places.end());
     for (std::size_t i = 0; i < order.size(); ++i) {

@@ -5,7 +5,6 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMessageBox>
-#include <QTimer>
 #include <utility>
 
 #include <desktop/parts/PartQuestions.h>
@@ -15,15 +14,6 @@
 #include <desktop/texts/Texts.h>
 
 namespace orvo::desktop {
-namespace {
-
-// What changes items waits until the tree has told of them.
-void Later(PartTree* tree, std::function<void()> work) {
-    QTimer::singleShot(0, tree, std::move(work));
-}
-
-}  // namespace
-
 const std::vector<PartTree::Command>& PartTree::Commands() {
     static const std::vector<Command> commands{
         {Untranslated("Add part"), "Ins", &PartTree::AddPart},
@@ -50,12 +40,21 @@ PartTree::PartTree(const PartsContext& context, Listeners listeners)
         connect(action, &QAction::triggered, this, [this, run = command.run] { (this->*run)(); });
         m_actions.push_back(action);
     }
+    m_laterTimer.setSingleShot(true);
+    connect(&m_laterTimer, &QTimer::timeout, this, [this] {
+        for (const auto& work : std::exchange(m_later, {})) work();
+    });
     connect(this, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem* item) {
         if (!m_isFilling) TakeChange(item);
     });
     connect(this, &QTreeWidget::itemDoubleClicked, this, [this] { Open(); });
     connect(itemDelegate(), &QAbstractItemDelegate::closeEditor, this,
-            [this] { Later(this, [this] { EndNew(); }); });
+            [this] { Later([this] { EndNew(); }); });
+}
+
+void PartTree::Later(std::function<void()> work) {
+    m_later.push_back(std::move(work));
+    m_laterTimer.start(0);
 }
 
 void PartTree::Show(std::int64_t whole) {
@@ -139,7 +138,7 @@ void PartTree::dropEvent(QDropEvent* event) {
     event->accept();
     setState(NoState);
     if (event->source() == this && id != 0 && before != id) {
-        Later(this, [=, this] { Move(id, whole, before); });
+        Later([=, this] { Move(id, whole, before); });
     }
 }
 
@@ -183,7 +182,7 @@ void PartTree::EditText() {
 void PartTree::Open() {
     const std::int64_t id = IdOf(currentItem());
     if (m_listeners.open && id != 0 && currentItem()->flags().testFlag(Qt::ItemIsEditable)) {
-        Later(this, [=, this] { m_listeners.open(id); });
+        Later([=, this] { m_listeners.open(id); });
     }
 }
 
@@ -223,10 +222,10 @@ void PartTree::TakeChange(QTreeWidgetItem* item) {
     const bool isCompleted = item->checkState(0) == Qt::Checked;
     const QString line = item->text(0);
     if (isCompleted != item->data(0, kIsCompleted).toBool()) {
-        Later(this, [=, this] { Tick(id, isCompleted); });
+        Later([=, this] { Tick(id, isCompleted); });
     } else if (line != item->data(0, kLine).toString()) {
         const std::string was = item->data(0, kLine).toString().toStdString();
-        Later(this, [=, this] { SetText(id, was, line.toStdString()); });
+        Later([=, this] { SetText(id, was, line.toStdString()); });
     }
 }
 

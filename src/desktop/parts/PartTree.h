@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QAction>
+#include <QTimer>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -62,10 +63,14 @@ private:
     void SetText(std::int64_t id, const std::string& was, const std::string& line);
     void EndNew();
     void Done(const std::string& failure);
+    // What changes items waits until the tree has told of them.
+    void Later(std::function<void()> work);
 
     const PartsContext& m_context;
     Listeners m_listeners;
-    std::vector<QAction*> m_actions;   // Qt's, one a command
+    std::vector<QAction*> m_actions;  // Qt's, one a command
+    std::vector<std::function<void()>> m_later;
+    QTimer m_laterTimer;
     QTreeWidgetItem* m_new = nullptr;  // the tree's, while its text is typed
 };
 
