@@ -70,7 +70,9 @@ QString QtListModel::TipAt(QPoint point) const {
     if (!m_peer) return {};
     const bool isReport = m_peer->Mode() == ListMode::Report;
     const CPoint place = FromQt(point);
-    return ToQt((isReport ? m_peer->CutText(place) : m_peer->ShownTip(place)).View());
+    const QString tip = ToQt(m_peer->ShownTip(place).View());
+    const QString cut = isReport ? ToQt(m_peer->CutText(place).View()) : QString();
+    return cut.isEmpty() || tip.isEmpty() ? cut + tip : cut + '\n' + tip;
 }
 
 QRect QtListModel::PlaceOf(const QModelIndex& index) const {

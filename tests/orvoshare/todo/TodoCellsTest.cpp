@@ -45,6 +45,44 @@ TEST_F(TodoCells, EachTextColumnShowsItsField) {
     EXPECT_TRUE(Draw(empty.get(), TodoColumn::Category).empty()) << "no table";
 }
 
+TEST_F(TodoCells, ARowTellsOfItsSeriesItsPartsAndItsStart) {
+    const auto add = [&](const char* name, const ToDoDetails& details, bool isCompleted = false) {
+        const auto record = Make({.name = name, .placement = 0, .isCompleted = isCompleted});
+        EXPECT_EQ(record->SetDetails(details), 0);
+        EXPECT_EQ(table.Add(*record), 0);
+        RowIdentity identity;
+        EXPECT_EQ(record->GetIdentity(identity), 0);
+        return identity.uid;
+    };
+    const std::string whole = add("Paint", {.recurrence = "FREQ=DAILY"});
+    add("Buy", {.parent = whole}, true);
+    add("Sand", {.parent = "urn:uuid:" + whole});
+    add("Later", {.start = CivilOfMoment(Day(1)), .parent = "gone"});
+    Fill();
+    const auto texts = [this] {
+        std::vector<std::string> all;
+        for (int row = 0; row < view->GetItemCount(); ++row) {
+            auto* record = reinterpret_cast<CToDoRecord*>(view->GetItemData(row));
+            all.push_back(ToUtf8(view->GetCell(record, TodoColumn::Description, false).text));
+        }
+        return all;
+    };
+    EXPECT_THAT(texts(),
+                testing::ElementsAre("Paint  \xE2\x86\xBB  (1 of 2)", "Buy  (part of Paint)",
+                                     "Sand  (part of Paint)", "Later"));
+    EXPECT_EQ(view->NextStart(), Day(1));
+    view->SetTipWriter([](const CToDoRecord& record) { return SystemText(record.Recurrence()); });
+    EXPECT_EQ(view->GetInfoTip(0), "FREQ=DAILY");
+    EXPECT_TRUE(view->GetInfoTip(1).IsEmpty());
+
+    view->HideUnstartedItems(1);
+    Fill();
+    EXPECT_EQ(view->GetItemCount(), 3);
+    CTime::SetClock(Day(1));
+    Fill();
+    EXPECT_EQ(view->GetItemCount(), 4);
+}
+
 TEST_F(TodoCells, AnOverdueDateHasItsOwnColourUnlessItIsCompleted) {
     const std::tuple<const char*, long, bool, bool> rows[] = {
         {"yesterday", Day(-1), false, true},
