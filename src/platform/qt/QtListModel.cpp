@@ -70,9 +70,9 @@ QString QtListModel::TipAt(QPoint point) const {
     if (!m_peer) return {};
     const bool isReport = m_peer->Mode() == ListMode::Report;
     const CPoint place = FromQt(point);
-    const QString tip = ToQt(m_peer->ShownTip(place).View());
-    const QString cut = isReport ? ToQt(m_peer->CutText(place).View()) : QString();
-    return cut.isEmpty() || tip.isEmpty() ? cut + tip : cut + '\n' + tip;
+    // What can't be read whole comes first.
+    const CString cut = isReport ? m_peer->CutText(place) : CString();
+    return ToQt((cut.IsEmpty() ? m_peer->ShownTip(place) : cut).View());
 }
 
 QRect QtListModel::PlaceOf(const QModelIndex& index) const {
