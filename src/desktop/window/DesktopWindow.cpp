@@ -108,9 +108,8 @@ void DesktopWindow::Listen() {
     listeners.dropped = [this](const std::vector<std::string>& files) { ImportLater(files); };
     listeners.opened = [this] { m_commands.forms.OpenSelected(); };
     listeners.closed = [this] { CloseUnlessAsking(); };
-    m_frame.ToDos().List().SetCompletionQuestion([this](const CToDoRecord& record) {
-        return m_commands.parts.MayComplete(record);
-    });
+    m_frame.ToDos().List().SetCompletionQuestion(
+        [this](const CToDoRecord& record) { return m_commands.parts.MayComplete(record); });
     m_commands.texts.Open();
     m_commands.groups.SetReadListener([this] {
         m_toolBar.Categories().Fill();
