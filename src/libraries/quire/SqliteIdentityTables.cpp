@@ -2,12 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "SqliteIdentityTables.h"
 
-#include <charconv>
-
 #include <fmt/format.h>
 
 #include <contracts/RowIdentity.h>
 
+#include "MigratedRows.h"
 #include "RowRules.h"
 #include "SqliteStatements.h"
 
@@ -52,7 +51,6 @@ INSERT INTO counter VALUES ('revision', 0), ('oldest', 0), ('address_texts', 0),
 )";
 
 constexpr std::array kKinds{TableKind::Address, TableKind::ToDo};
-constexpr std::int64_t kRowsBetweenReports = 1024;
 
 // Gives the rows of one table their identities.
 class IdentityFill {
@@ -73,25 +71,19 @@ public:
         return result;
     }
 
-    // `tell` is called after each row.
-    template <class Tell>
-    int Run(const Tell& tell) {
-        const SqliteRun rows(m_rows);
-        rows->Bind(1, 0);
-        int step = SQLITE_ROW;
-        while ((step = rows->Step()) == SQLITE_ROW) {
-            const RowIdentity identity = NewIdentity(rows->Bytes(1));
+    // What lies behind a damage gets its identity with its next change.
+    int Run(RowReports& reports) {
+        return ForEachRow(m_rows, reports, [this](const SqliteStatement& row) {
+            const RowIdentity identity = NewIdentity(row.Bytes(1));
             const SqliteRun write(m_write);
-            write->Bind(1, rows->Integer(0));
+            write->Bind(1, row.Integer(0));
             write->BindText(2, identity.uid);
             write->Bind(3, identity.created);
             write->Bind(4, identity.modified);
             write->Bind(5, UidKey(identity.uid));
-            if (const int result = write->Step(); result != SQLITE_DONE) return result;
-            if (!tell()) return SQLITE_INTERRUPT;
-        }
-        // What lies behind a damage gets its identity with its next change.
-        return step == SQLITE_DONE || (step & 0xFF) == SQLITE_CORRUPT ? SQLITE_OK : step;
+            const int result = write->Step();
+            return result == SQLITE_DONE ? SQLITE_OK : result;
+        });
     }
 
 private:
@@ -111,14 +103,6 @@ int RunForEach(SqliteFile& file, const char* pattern) {
     return result;
 }
 
-std::int64_t CountRows(SqliteFile& file) {
-    std::string count;
-    file.ReadText("SELECT (SELECT count(*) FROM address) + (SELECT count(*) FROM todo)", count);
-    std::int64_t total = 0;
-    std::from_chars(count.data(), count.data() + count.size(), total);
-    return total;
-}
-
 }  // namespace
 
 int MakeIdentityTables(SqliteFile& file) {
@@ -131,16 +115,13 @@ int MakeIdentityIndexes(SqliteFile& file) {
 }
 
 int FillIdentityTables(SqliteFile& file, const StoreProgress& progress) {
-    const std::int64_t total = progress ? CountRows(file) : 0;
-    std::int64_t done = 0;
-    const auto tell = [&] {
-        return ++done % kRowsBetweenReports != 0 || !progress || progress(done, total);
-    };
+    RowReports reports(file, "SELECT (SELECT count(*) FROM address) + (SELECT count(*) FROM todo)",
+                       progress);
     int result = SQLITE_OK;
     for (const TableKind kind : kKinds) {
         IdentityFill fill(file, kind);
         if (result == SQLITE_OK) result = fill.Prepare();
-        if (result == SQLITE_OK) result = fill.Run(tell);
+        if (result == SQLITE_OK) result = fill.Run(reports);
     }
     return result == SQLITE_OK ? file.Run("UPDATE counter SET value = 1 WHERE name = 'revision'")
                                : result;

@@ -6,6 +6,7 @@
 #include <charconv>
 #include <chrono>
 
+#include "MigratedRows.h"
 #include "RowRules.h"
 #include "SourceLines.h"
 #include "SqliteStatements.h"
@@ -16,7 +17,6 @@ namespace {
 
 // A longer rule isn't repeated in each row.
 constexpr std::size_t kLongestRule = 255;
-constexpr std::int64_t kRowsBetweenReports = 1024;
 
 // The time that a clock shows which is one of UTC.
 CivilTime CivilOfUtc(std::int64_t milliseconds) {
@@ -75,7 +75,7 @@ void SetField(PackedFields& fields, ToDoField field, std::string_view value) {
     fields.Set(static_cast<std::uint8_t>(field), value);
 }
 
-// Gives one row the fields that its source says.
+// Gives each row the fields that its source says.
 class DetailsFill {
 public:
     explicit DetailsFill(SqliteFile& file) : m_file(file) {}
@@ -91,25 +91,18 @@ public:
         return result;
     }
 
-    template <class Tell>
-    int Run(const Tell& tell) {
-        const SqliteRun rows(m_rows);
-        rows->Bind(1, 0);
-        int step = SQLITE_ROW;
-        while ((step = rows->Step()) == SQLITE_ROW) {
+    int Run(RowReports& reports) {
+        return ForEachRow(m_rows, reports, [this](const SqliteStatement& row) {
             PackedFields fields;
-            const ToDoDetails details = ReadToDoDetails(rows->Bytes(2));
-            if (details != ToDoDetails() && fields.Assign(rows->Bytes(1))) {
-                PackDetails(details, fields);
-                const SqliteRun write(m_write);
-                write->Bind(1, rows->Integer(0));
-                write->BindBytes(2, fields.Bytes());
-                if (const int result = write->Step(); result != SQLITE_DONE) return result;
-            }
-            if (!tell()) return SQLITE_INTERRUPT;
-        }
-        // What lies behind a damage stays as it is.
-        return step == SQLITE_DONE || (step & 0xFF) == SQLITE_CORRUPT ? SQLITE_OK : step;
+            const ToDoDetails details = ReadToDoDetails(row.Bytes(2));
+            if (details == ToDoDetails() || !fields.Assign(row.Bytes(1))) return SQLITE_OK;
+            PackDetails(details, fields);
+            const SqliteRun write(m_write);
+            write->Bind(1, row.Integer(0));
+            write->BindBytes(2, fields.Bytes());
+            const int result = write->Step();
+            return result == SQLITE_DONE ? SQLITE_OK : result;
+        });
     }
 
 private:
@@ -143,16 +136,10 @@ void PackDetails(const ToDoDetails& details, PackedFields& fields) {
 }
 
 int FillToDoDetails(SqliteFile& file, const StoreProgress& progress) {
-    std::string count;
-    std::int64_t total = 0;
-    std::int64_t done = 0;
-    if (progress) file.ReadText("SELECT count(*) FROM todo_extra", count);
-    std::from_chars(count.data(), count.data() + count.size(), total);
+    RowReports reports(file, "SELECT count(*) FROM todo_extra", progress);
     DetailsFill fill(file);
     const int result = fill.Prepare();
-    return result != SQLITE_OK ? result : fill.Run([&] {
-        return ++done % kRowsBetweenReports != 0 || !progress || progress(done, total);
-    });
+    return result == SQLITE_OK ? fill.Run(reports) : result;
 }
 
 }  // namespace orvo
