@@ -5,28 +5,18 @@
 #include <exchange/calendar/Recurrence.h>
 #include <exchange/calendar/SeriesCompletion.h>
 #include <exchange/calendar/ToDoText.h>
-#include <exchange/lines/EntryReader.h>
-#include <exchange/lines/LineEdits.h>
 
 namespace orvo {
 namespace {
 
-std::string WithNewUid(const std::string& text) {
-    EntryReader reader(text);
-    Entry toDo;
-    if (!reader.Next(toDo)) return text;
-    LineEdits edits(toDo.lines, Dialect::Calendar20);
-    edits.Add("UID").value = NewUid();
-    return edits.Text();
-}
-
 // Adds the to-do that is done, in the category of its series.
-long AddCompleted(CToDoTable& table, const CToDoRecord& series, const ToDoText& text, long date) {
+long AddCompleted(CToDoTable& table, const CToDoRecord& series, ToDoText text, long date) {
+    EditLines(text, [](const LineList&, LineEdits& edits) { edits.Add("UID").value = NewUid(); });
     CToDoRecord done(table);
     int category = kNoCategory;
     series.GetCategoryId(category);
     long status = done.SetCategoryId(category);
-    if (status == 0) status = WriteToDoText(done, {text.timeZones, WithNewUid(text.text)});
+    if (status == 0) status = WriteToDoText(done, text);
     if (status == 0) status = done.CompleteOn(date);
     return status == 0 ? table.Add(done) : status;
 }

@@ -3,8 +3,6 @@
 #include <string>
 
 #include <exchange/calendar/ToDoParent.h>
-#include <exchange/lines/EntryReader.h>
-#include <exchange/lines/LineEdits.h>
 
 namespace orvo {
 namespace {
@@ -24,26 +22,20 @@ bool IsPercent(const ContentLine& line) {
 // them for an empty value.
 bool SetLine(ToDoText& toDo, bool (*isOne)(const ContentLine&), std::string_view name,
              const std::string& value) {
-    EntryReader reader(toDo.text);
-    Entry entry;
-    if (!reader.Next(entry) || entry.kind != EntryKind::ToDo || !entry.complete) return false;
-    LineEdits edits(entry.lines, Dialect::Calendar20);
-    bool isSet = value.empty();
-    for (std::size_t i = 0; i < entry.lines.size(); ++i) {
-        if (!isOne(entry.lines[i])) continue;
-        const auto place = static_cast<std::ptrdiff_t>(i);
-        if (isSet) {
-            edits.At(place).isRemoved = true;
-        } else if (edits.ValueOf(place) != value) {
-            edits.At(place).value = value;
+    return EditLines(toDo, [&](const LineList& lines, LineEdits& edits) {
+        bool isSet = value.empty();
+        for (std::size_t i = 0; i < lines.size(); ++i) {
+            if (!isOne(lines[i])) continue;
+            const auto place = static_cast<std::ptrdiff_t>(i);
+            if (isSet) {
+                edits.At(place).isRemoved = true;
+            } else if (edits.ValueOf(place) != value) {
+                edits.At(place).value = value;
+            }
+            isSet = true;
         }
-        isSet = true;
-    }
-    if (!isSet) edits.Add(name).value = value;
-    if (edits.IsEmpty()) return false;
-    const std::string rest = toDo.text.substr(entry.source.size());
-    toDo.text = edits.Text() + rest;
-    return true;
+        if (!isSet) edits.Add(name).value = value;
+    });
 }
 
 }  // namespace

@@ -7,7 +7,6 @@
 #include <exchange/calendar/ToDoText.h>
 #include <exchange/calendar/ToDoWriter.h>
 #include <exchange/lines/ExchangeError.h>
-#include <exchange/lines/LineEdits.h>
 #include <exchange/lines/Stamps.h>
 #include <platform/time/CTime.h>
 
@@ -38,14 +37,13 @@ std::string InUtf8(const std::string& text, const std::string& charset) {
 
 // What was edited here says when, so that nobody takes it for what it came as.
 ToDoText Stamped(const ToDoText& text) {
-    EntryReader reader(text.text);
-    Entry toDo;
-    if (!reader.Next(toDo)) return text;
-    LineEdits edits(toDo.lines, Dialect::Calendar20);
+    ToDoText stamped = text;
     const std::int64_t now = CTime::GetCurrentMilliseconds();
-    SetStamp(edits, toDo.lines, "DTSTAMP", now);
-    SetStamp(edits, toDo.lines, "LAST-MODIFIED", now);
-    return {text.timeZones, edits.Text() + text.text.substr(toDo.source.size())};
+    EditLines(stamped, [now](const LineList& lines, LineEdits& edits) {
+        SetStamp(edits, lines, "DTSTAMP", now);
+        SetStamp(edits, lines, "LAST-MODIFIED", now);
+    });
+    return stamped;
 }
 
 // The category and the time of day of a due day are the record's own business.
@@ -146,6 +144,19 @@ long EditToDoText(CToDoRecord& record, const std::function<bool(ToDoText&)>& edi
     if (status != 0 || !edit(text)) return status;
     status = WriteToDoText(record, text);
     return status == 0 ? static_cast<long>(transaction.Commit()) : status;
+}
+
+bool EditLines(ToDoText& toDo,
+               const std::function<void(const LineList& lines, LineEdits& edits)>& edit) {
+    EntryReader reader(toDo.text);
+    Entry entry;
+    if (!reader.Next(entry) || entry.kind != EntryKind::ToDo || !entry.complete) return false;
+    LineEdits edits(entry.lines, Dialect::Calendar20);
+    edit(entry.lines, edits);
+    if (edits.IsEmpty()) return false;
+    const std::string others = toDo.text.substr(entry.source.size());
+    toDo.text = edits.Text() + others;
+    return true;
 }
 
 }  // namespace orvo

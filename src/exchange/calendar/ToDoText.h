@@ -7,6 +7,7 @@
 #include <vector>
 
 #include <contracts/RecordStore.h>
+#include <exchange/lines/LineEdits.h>
 
 namespace orvo {
 
@@ -30,5 +31,11 @@ long WriteToDoText(CToDoRecord& record, const ToDoText& edited);
 // Reads and writes a record in one transaction, as the store has it then; it stays as it is where
 // `edit` returns false.
 long EditToDoText(CToDoRecord& record, const std::function<bool(ToDoText&)>& edit);
+
+// Runs `edit` on the lines of the to-do itself, not of the others of its series; those that it
+// doesn't touch stay byte for byte.
+// Returns:  false where nothing was edited, as in a text that isn't a whole to-do.
+bool EditLines(ToDoText& toDo,
+               const std::function<void(const LineList& lines, LineEdits& edits)>& edit);
 
 }  // namespace orvo
